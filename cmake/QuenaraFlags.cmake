@@ -1,0 +1,14 @@
+# What every target of the project is compiled with.
+add_library(quenara_flags INTERFACE)
+target_compile_options(quenara_flags INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
+  -Wnull-dereference -Wimplicit-fallthrough
+  $<$<BOOL:${QUENARA_WARNINGS_AS_ERRORS}>:-Werror>)
+target_compile_definitions(quenara_flags INTERFACE
+  QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_FOREACH
+  QT_NO_NARROWING_CONVERSIONS_IN_CONNECT QT_DISABLE_DEPRECATED_BEFORE=0x060400)
+if(QUENARA_SANITIZE)
+  add_compile_options(-fsanitize=${QUENARA_SANITIZE} -fno-sanitize-recover=all
+                      -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=${QUENARA_SANITIZE})
+endif()

@@ -1,0 +1,148 @@
+#pragma once
+
+#include "RawEnum.h"
+#include "Record.h"
+#include "SlideDesignModels.h"
+#include "SlideMedia.h"
+
+#include <QDateTime>
+#include <QList>
+#include <QString>
+
+#include <cstdint>
+#include <optional>
+
+namespace quenara {
+
+enum class ProjectKind { blank, service, event, songSet, demo, custom };
+template<>
+inline constexpr auto rawCases<ProjectKind> = std::to_array<RawCase<ProjectKind>>({
+    {ProjectKind::blank, "blank"},
+    {ProjectKind::service, "service"},
+    {ProjectKind::event, "event"},
+    {ProjectKind::songSet, "songSet"},
+    {ProjectKind::demo, "demo"},
+    {ProjectKind::custom, "custom"},
+});
+static_assert(casesStandAtTheirValues<ProjectKind>);
+
+enum class ServiceItemType { welcome, song, scripture, message, announcement, closing, custom };
+template<>
+inline constexpr auto rawCases<ServiceItemType> = std::to_array<RawCase<ServiceItemType>>({
+    {ServiceItemType::welcome, "welcome", "Welcome"},
+    {ServiceItemType::song, "song", "Song"},
+    {ServiceItemType::scripture, "scripture", "Scripture"},
+    {ServiceItemType::message, "message", "Message"},
+    {ServiceItemType::announcement, "announcement", "Announcement"},
+    {ServiceItemType::closing, "closing", "Closing"},
+    {ServiceItemType::custom, "custom", "Custom"},
+});
+static_assert(casesStandAtTheirValues<ServiceItemType>);
+
+struct Slide
+{
+    QString id;
+    QString title; ///< the operator's label
+    QString body; ///< the main text, kept in step with the design's
+    std::int64_t orderIndex = 0; ///< mirrors the position in the item's list, 0-based
+    std::optional<QString> footer;
+    std::optional<SlideMedia> image;
+    std::optional<SlideMedia> audio;
+    /// Unless given, the centred lyric design of the body above.
+    SlideDesign design = SlideDesign::centeredLyric(body, QStringLiteral("centerLyric"));
+
+    bool operator==(const Slide &) const = default;
+    static constexpr auto fields()
+    {
+        return std::tuple{
+            field("id", &Slide::id),
+            field("title", &Slide::title),
+            field("body", &Slide::body),
+            field("orderIndex", &Slide::orderIndex),
+            field("footer", &Slide::footer),
+            field("image", &Slide::image),
+            field("audio", &Slide::audio),
+            field("design", &Slide::design),
+        };
+    }
+};
+static_assert(listsEveryMember<Slide>);
+
+struct ServiceItem
+{
+    QString id;
+    QString title;
+    ServiceItemType type = ServiceItemType::custom;
+    std::int64_t orderIndex = 0; ///< mirrors the position in the rundown, 0-based
+    std::optional<QString> subtitle;
+    QList<Slide> slides;
+
+    bool operator==(const ServiceItem &) const = default;
+    static constexpr auto fields()
+    {
+        return std::tuple{
+            field("id", &ServiceItem::id),
+            field("title", &ServiceItem::title),
+            field("type", &ServiceItem::type),
+            field("orderIndex", &ServiceItem::orderIndex),
+            field("subtitle", &ServiceItem::subtitle),
+            field("slides", &ServiceItem::slides),
+        };
+    }
+};
+static_assert(listsEveryMember<ServiceItem>);
+
+/// The document: a named rundown. Copies share storage until one is changed.
+struct ZelvoProject
+{
+    /// The format version of every project built or migrated by this program.
+    static constexpr std::int64_t currentSchemaVersion = 2;
+
+    QString id;
+    QString name;
+    std::int64_t schemaVersion = currentSchemaVersion;
+    ProjectKind kind = ProjectKind::blank;
+    QDateTime updatedAt; ///< UTC
+    QList<ServiceItem> serviceItems;
+
+    bool operator==(const ZelvoProject &) const = default;
+    static constexpr auto fields()
+    {
+        return std::tuple{
+            field("id", &ZelvoProject::id),
+            field("name", &ZelvoProject::name),
+            field("schemaVersion", &ZelvoProject::schemaVersion),
+            field("kind", &ZelvoProject::kind),
+            field("updatedAt", &ZelvoProject::updatedAt),
+            field("serviceItems", &ZelvoProject::serviceItems),
+        };
+    }
+};
+static_assert(listsEveryMember<ZelvoProject>);
+
+/// A slide with its place in the show: every slide of every item as one sequence. Not stored.
+struct FlattenedSlide
+{
+    QString serviceItemID;
+    QString serviceItemTitle;
+    ServiceItemType serviceItemType = ServiceItemType::custom;
+    Slide slide;
+    std::int64_t absoluteIndex = 0; ///< 0-based, counting through all items in order
+
+    QString id() const { return slide.id; }
+
+    bool operator==(const FlattenedSlide &) const = default;
+    static constexpr auto fields()
+    {
+        return std::tuple{
+            field("serviceItemID", &FlattenedSlide::serviceItemID),
+            field("serviceItemTitle", &FlattenedSlide::serviceItemTitle),
+            field("serviceItemType", &FlattenedSlide::serviceItemType),
+            field("slide", &FlattenedSlide::slide),
+            field("absoluteIndex", &FlattenedSlide::absoluteIndex),
+        };
+    }
+};
+static_assert(listsEveryMember<FlattenedSlide>);
+
+} // namespace quenara

@@ -1,0 +1,89 @@
+#pragma once
+
+#include <QString>
+
+#include <array>
+#include <cstddef>
+#include <optional>
+#include <string_view>
+#include <type_traits>
+
+namespace quenara {
+
+/// What a raw enumeration says of one of its cases.
+template<class E>
+struct RawCase
+{
+    E value;
+    std::string_view rawValue; ///< equals the case's name; what documents and preferences store
+    std::string_view title = {}; ///< shown to the operator; empty where the enumeration has none
+};
+
+/// The cases of \a E in order; specialised beside each enumeration, with one entry a case, so that
+/// the entry of a case stands at the index of its value.
+template<class E>
+inline constexpr std::array<RawCase<E>, 0> rawCases = {};
+
+/// An enumeration stored by raw string.
+template<class E>
+concept RawEnum = std::is_enum_v<E> && !rawCases<E>.empty();
+
+/// True when every case of \a E stands at the index of its value, as the lookups below rely on.
+template<RawEnum E>
+inline constexpr bool casesStandAtTheirValues = [] {
+    for (std::size_t i = 0; i < rawCases<E>.size(); ++i) {
+        if (rawCases<E>[i].value != static_cast<E>(i))
+            return false;
+    }
+    return true;
+}();
+
+template<RawEnum E>
+QString rawValue(E value)
+{
+    const std::string_view text = rawCases<E>[static_cast<std::size_t>(value)].rawValue;
+    return QString::fromUtf8(text.data(), qsizetype(text.size()));
+}
+
+/// The identity of a case in lists.
+template<RawEnum E>
+QString id(E value)
+{
+    return rawValue(value);
+}
+
+template<RawEnum E>
+QString title(E value)
+{
+    const std::string_view text = rawCases<E>[static_cast<std::size_t>(value)].title;
+    return QString::fromUtf8(text.data(), qsizetype(text.size()));
+}
+
+/// The case with exactly this raw value (case-sensitive); nothing for any other text.
+template<RawEnum E>
+constexpr std::optional<E> fromRawValue(std::string_view rawValue)
+{
+    for (const RawCase<E> &entry : rawCases<E>) {
+        if (entry.rawValue == rawValue)
+            return entry.value;
+    }
+    return std::nullopt;
+}
+
+template<RawEnum E>
+std::optional<E> fromRawValue(const QString &rawValue)
+{
+    const QByteArray utf8 = rawValue.toUtf8();
+    return fromRawValue<E>(std::string_view(utf8.constData(), std::size_t(utf8.size())));
+}
+
+template<RawEnum E>
+constexpr auto allCases()
+{
+    std::array<E, rawCases<E>.size()> cases{};
+    for (std::size_t i = 0; i < cases.size(); ++i)
+        cases[i] = rawCases<E>[i].value;
+    return cases;
+}
+
+} // namespace quenara

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "Record.h"
+
+#include <QDateTime>
+#include <QString>
+#include <QUrl>
+
+namespace quenara {
+
+/// A project file as it was when it was last opened or saved.
+struct RecentProject
+{
+    QString name; ///< the project's name at that time
+    QString path; ///< file-system path
+    QDateTime lastOpened;
+
+    QUrl url() const { return QUrl::fromLocalFile(path); }
+    /// The path, which is unique within the list.
+    QString id() const { return path; }
+
+    bool operator==(const RecentProject &) const = default;
+    static constexpr auto fields()
+    {
+        return std::tuple{field("name", &RecentProject::name), field("path", &RecentProject::path),
+                          field("lastOpened", &RecentProject::lastOpened)};
+    }
+};
+static_assert(listsEveryMember<RecentProject>);
+
+} // namespace quenara

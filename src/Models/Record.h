@@ -1,0 +1,107 @@
+#pragma once
+
+#include <QHashFunctions>
+#include <QList>
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+#include <tuple>
+#include <type_traits>
+#include <utility>
+
+namespace quenara {
+
+/// One stored member of a record: the key it has in a document and where it lives.
+template<class Owner, class Member>
+struct Field
+{
+    using Type = Member;
+
+    std::string_view name;
+    Member Owner::*member;
+};
+
+template<class Owner, class Member>
+constexpr Field<Owner, Member> field(std::string_view name, Member Owner::*member)
+{
+    return {name, member};
+}
+
+/// An aggregate that lists all its members, in declaration order, in a static fields(). Equality
+/// comes from the language; hashing, reading and writing are derived from the list.
+template<class T>
+concept Record = std::is_aggregate_v<T> && requires { T::fields(); };
+
+template<Record T>
+inline constexpr std::size_t fieldCount = std::tuple_size_v<decltype(T::fields())>;
+
+/// Calls \a visit with every Field of \a T in declaration order.
+template<Record T, class Visitor>
+constexpr void forEachField(Visitor &&visit)
+{
+    std::apply([&visit](const auto &...fields) { (visit(fields), ...); }, T::fields());
+}
+
+namespace detail {
+
+struct AnyValue
+{
+    template<class T>
+    operator T() const; // never defined: stands for a value of any type in unevaluated code
+};
+
+template<class T, class... Values>
+consteval std::size_t memberCount()
+{
+    if constexpr (requires { T{Values{}..., AnyValue{}}; })
+        return memberCount<T, Values..., AnyValue>();
+    else
+        return sizeof...(Values);
+}
+
+} // namespace detail
+
+/// True when the field list of \a T names as many members as the aggregate has. Each record
+/// asserts it, so that a member missing from the list does not compile.
+template<Record T>
+inline constexpr bool listsEveryMember = detail::memberCount<T>() == fieldCount<T>;
+
+namespace detail {
+
+template<class T>
+std::size_t hashOf(const T &value, std::size_t seed)
+{
+    if constexpr (std::is_enum_v<T>)
+        return ::qHash(static_cast<int>(value), seed);
+    else
+        return qHash(value, seed);
+}
+
+template<class T>
+std::size_t hashOf(const std::optional<T> &value, std::size_t seed)
+{
+    return value ? hashOf(*value, seed ^ 1U) : ::qHash(0, seed);
+}
+
+template<class T>
+std::size_t hashOf(const QList<T> &values, std::size_t seed)
+{
+    for (const T &value : values)
+        seed = hashOf(value, seed);
+    return ::qHash(values.size(), seed);
+}
+
+} // namespace detail
+
+/// Combines the hashes of all fields in field order.
+template<Record T>
+std::size_t qHash(const T &record, std::size_t seed = 0)
+{
+    forEachField<T>([&](const auto &f) {
+        seed ^= detail::hashOf(record.*f.member, seed) + 0x9e3779b9U + (seed << 6U) + (seed >> 2U);
+    });
+    return seed;
+}
+
+} // namespace quenara

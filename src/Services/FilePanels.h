@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+#include <QUrl>
+
+#include <optional>
+
+namespace quenara {
+
+/// A file panel as a value: what to ask for, not how it is shown.
+struct FilePanel
+{
+    enum class Kind { open, save };
+
+    struct Filter
+    {
+        QString title;
+        QStringList patterns; ///< file name patterns with wildcards
+
+        bool operator==(const Filter &) const = default;
+    };
+
+    Kind kind = Kind::open;
+    QString title;
+    QList<Filter> filters; ///< the first one is chosen at first
+    QString fileName; ///< what the name field of a save panel starts with
+    QString defaultSuffix; ///< added to a saved name that lacks it; empty for none
+
+    bool operator==(const FilePanel &) const = default;
+};
+
+FilePanel zelvoProjectOpenPanel();
+FilePanel zelvoImageOpenPanel();
+/// The name field starts with \a defaultName, with ".quenara" added unless it ends so already.
+FilePanel zelvoProjectSavePanel(const QString &defaultName);
+
+/// Shows file panels to the operator.
+class FilePanelRunner
+{
+public:
+    virtual ~FilePanelRunner() = default;
+
+    /// Runs the panel modally; one file, or nothing when the operator cancels.
+    virtual std::optional<QUrl> run(const FilePanel &panel) = 0;
+};
+
+} // namespace quenara

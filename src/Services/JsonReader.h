@@ -1,0 +1,173 @@
+#pragma once
+
+#include "JsonDates.h"
+#include "RawEnum.h"
+#include "Record.h"
+
+#include <QList>
+#include <QString>
+
+#include <simdjson.h>
+
+#include <bitset>
+#include <cmath>
+#include <cstdint>
+#include <optional>
+
+namespace quenara::json {
+
+using Element = simdjson::dom::element;
+
+/// Which fields of a record a document held, by field index.
+template<Record T>
+using PresentFields = std::bitset<fieldCount<T>>;
+
+/// What a record starts from before its fields are read.
+template<class T>
+T unread()
+{
+    return {};
+}
+
+/// Says whether \a record may stay as it was read. Required fields must be present unless a more
+/// special overload fills the gaps.
+template<Record T>
+bool complete(T & /*record*/, const PresentFields<T> &present)
+{
+    bool whole = true;
+    std::size_t index = 0;
+    forEachField<T>([&]<class Member>(const Field<T, Member> &) {
+        constexpr bool optional = requires(Member member) { member.reset(); };
+        whole = whole && (optional || present.test(index++));
+        index += optional ? 1 : 0;
+    });
+    return whole;
+}
+
+/// Reads records by their field lists: strict in type, unknown keys ignored, the last of several
+/// equal keys counts. Each read returns false when the element is not what the value needs; the
+/// value is then unspecified.
+template<DateForm dateForm>
+class Reader
+{
+public:
+    static bool read(Element element, QString &value)
+    {
+        std::string_view utf8;
+        if (element.get(utf8) != simdjson::SUCCESS)
+            return false;
+        value = QString::fromUtf8(utf8.data(), qsizetype(utf8.size()));
+        return true;
+    }
+
+    static bool read(Element element, QByteArray &value)
+    {
+        std::string_view utf8;
+        if (element.get(utf8) != simdjson::SUCCESS)
+            return false;
+        value = QByteArray(utf8.data(), qsizetype(utf8.size()));
+        return true;
+    }
+
+    static bool read(Element element, bool &value)
+    {
+        return element.get(value) == simdjson::SUCCESS;
+    }
+
+    static bool read(Element element, double &value)
+    {
+        return element.get(value) == simdjson::SUCCESS && std::isfinite(value);
+    }
+
+    /// A number without a fraction, however it is written.
+    static bool read(Element element, std::int64_t &value)
+    {
+        if (element.get(value) == simdjson::SUCCESS)
+            return true;
+        constexpr double exactLimit = 9007199254740992.0; // 2^53: beyond, a double skips integers
+        double real = 0;
+        if (!read(element, real) || std::trunc(real) != real || std::abs(real) > exactLimit)
+            return false;
+        value = std::int64_t(real);
+        return true;
+    }
+
+    static bool read(Element element, QDateTime &value)
+    {
+        std::optional<QDateTime> date;
+        if constexpr (dateForm == DateForm::internetDateTime) {
+            std::string_view text;
+            if (element.get(text) == simdjson::SUCCESS)
+                date = dateFromInternetText(text);
+        } else {
+            double seconds = 0;
+            if (read(element, seconds))
+                date = dateFromReferenceSeconds(seconds);
+        }
+        value = date.value_or(QDateTime());
+        return date.has_value();
+    }
+
+    template<RawEnum E>
+    static bool read(Element element, E &value)
+    {
+        std::string_view text;
+        if (element.get(text) != simdjson::SUCCESS)
+            return false;
+        const std::optional<E> found = fromRawValue<E>(text);
+        value = found.value_or(value);
+        return found.has_value();
+    }
+
+    template<class T>
+    static bool read(Element element, QList<T> &values)
+    {
+        simdjson::dom::array array;
+        if (element.get(array) != simdjson::SUCCESS)
+            return false;
+        values.clear();
+        values.reserve(qsizetype(array.size()));
+        for (const Element item : array) {
+            if (!read(item, values.emplaceBack(unread<T>())))
+                return false;
+        }
+        return true;
+    }
+
+    /// An empty optional may also be written as null.
+    template<class T>
+    static bool read(Element element, std::optional<T> &value)
+    {
+        if (element.is_null()) {
+            value.reset();
+            return true;
+        }
+        return read(element, value.emplace(unread<T>()));
+    }
+
+    template<Record T>
+    static bool read(Element element, T &record)
+    {
+        simdjson::dom::object object;
+        if (element.get(object) != simdjson::SUCCESS)
+            return false;
+        PresentFields<T> present;
+        for (const auto &entry : object) {
+            bool readable = true;
+            std::size_t index = 0;
+            forEachField<T>([&](const auto &f) {
+                // What needs a value takes a null for a missing key.
+                if (f.name == entry.key) {
+                    present.set(index, !entry.value.is_null());
+                    readable = read(entry.value, record.*f.member) || entry.value.is_null();
+                }
+                ++index;
+            });
+            if (!readable)
+                return false;
+        }
+        return complete(record, present);
+    }
+};
+
+} // namespace quenara::json

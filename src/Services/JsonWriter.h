@@ -1,0 +1,123 @@
+#pragma once
+
+#include "JsonDates.h"
+#include "RawEnum.h"
+#include "Record.h"
+
+#include <QList>
+#include <QString>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstdint>
+#include <optional>
+
+namespace quenara::json {
+
+/// In which order the keys of an object are written.
+enum class KeyOrder { declaration, sorted };
+
+/// The indexes of the fields of \a T in the order of their names.
+template<Record T>
+inline constexpr auto sortedFields = [] {
+    std::array<std::string_view, fieldCount<T>> names;
+    std::size_t count = 0;
+    forEachField<T>([&](const auto &f) { names[count++] = f.name; });
+    std::array<std::size_t, fieldCount<T>> order{};
+    for (std::size_t i = 0; i < order.size(); ++i)
+        order[i] = i;
+    std::sort(order.begin(), order.end(),
+              [&names](std::size_t a, std::size_t b) { return names[a] < names[b]; });
+    return order;
+}();
+
+/// Streams records by their field lists into a RapidJSON writer. Empty optionals are left out;
+/// reals are written in the shortest form that reads back the same, whatever the locale.
+template<class Output, DateForm dateForm, KeyOrder keyOrder>
+class Writer
+{
+public:
+    explicit Writer(Output &output) : m_output(output) {}
+
+    void write(const QString &value) { write(value.toUtf8()); }
+    void write(const QByteArray &utf8)
+    {
+        m_output.String(utf8.constData(), rapidjson::SizeType(utf8.size()));
+    }
+    void write(bool value) { m_output.Bool(value); }
+    void write(std::int64_t value) { m_output.Int64(value); }
+
+    void write(double value)
+    {
+        std::array<char, 32> text{};
+        const auto end = std::to_chars(text.begin(), text.end(), value).ptr;
+        m_output.RawValue(text.data(), std::size_t(end - text.data()), rapidjson::kNumberType);
+    }
+
+    void write(const QDateTime &value)
+    {
+        if constexpr (dateForm == DateForm::internetDateTime)
+            m_output.String(internetText(value).c_str());
+        else
+            write(referenceSeconds(value));
+    }
+
+    template<RawEnum E>
+    void write(E value)
+    {
+        const std::string_view text = rawCases<E>[std::size_t(value)].rawValue;
+        m_output.String(text.data(), rapidjson::SizeType(text.size()));
+    }
+
+    template<class T>
+    void write(const QList<T> &values)
+    {
+        m_output.StartArray();
+        for (const T &value : values)
+            write(value);
+        m_output.EndArray();
+    }
+
+    template<Record T>
+    void write(const T &record)
+    {
+        m_output.StartObject();
+        writeFields(record, std::make_index_sequence<fieldCount<T>>());
+        m_output.EndObject();
+    }
+
+private:
+    template<Record T, std::size_t... position>
+    void writeFields(const T &record, std::index_sequence<position...>)
+    {
+        constexpr auto fields = T::fields();
+        if constexpr (keyOrder == KeyOrder::sorted)
+            (writeField(record, std::get<sortedFields<T>[position]>(fields)), ...);
+        else
+            (writeField(record, std::get<position>(fields)), ...);
+    }
+
+    template<Record T, class Member>
+    void writeField(const T &record, const Field<T, Member> &f)
+    {
+        const Member &value = record.*f.member;
+        if constexpr (requires { value.has_value(); }) {
+            if (value)
+                writeKeyed(f.name, *value);
+        } else {
+            writeKeyed(f.name, value);
+        }
+    }
+
+    template<class T>
+    void writeKeyed(std::string_view key, const T &value)
+    {
+        m_output.Key(key.data(), rapidjson::SizeType(key.size()));
+        write(value);
+    }
+
+    Output &m_output;
+};
+
+} // namespace quenara::json

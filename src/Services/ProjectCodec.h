@@ -1,0 +1,34 @@
+#pragma once
+
+#include "LegacyDocument.h"
+#include "ProjectModels.h"
+#include "RecentProject.h"
+
+#include <QByteArray>
+#include <QList>
+
+#include <optional>
+#include <variant>
+
+namespace quenara {
+
+/// A document as its bytes held it, not yet normalized.
+using DecodedDocument = std::variant<ZelvoProject, LegacyQuenaraDocument>;
+
+/// Between bytes and records: the one place that knows JSON. UTF-8; keys are the records' fields.
+struct ProjectCodec
+{
+    /// The bytes as a current project with at least one item, else as a legacy document; nothing
+    /// if they are neither.
+    static std::optional<DecodedDocument> decode(const QByteArray &bytes);
+
+    /// Pretty-printed with sorted keys: the same project always gives the same bytes.
+    static QByteArray encode(const ZelvoProject &project);
+
+    /// The list as the preferences keep it: compact, keys in declaration order, dates as seconds
+    /// since 2001-01-01 UTC.
+    static QByteArray encode(const QList<RecentProject> &recentProjects);
+    static std::optional<QList<RecentProject>> decodeRecentProjects(const QByteArray &bytes);
+};
+
+} // namespace quenara

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QString>
+
+namespace quenara {
+
+/// A failure of a file operation. The files' edge throws it, the store catches it.
+class ProjectFileError
+{
+public:
+    enum Case { unableToRead, unableToWrite, unsupportedFormat };
+
+    constexpr ProjectFileError(Case value) : m_case(value) {}
+
+    /// The text shown to the operator.
+    QString description() const
+    {
+        switch (m_case) {
+        case unableToRead:
+            return QStringLiteral("Quenara could not read that file.");
+        case unableToWrite:
+            return QStringLiteral("Quenara could not save the project.");
+        case unsupportedFormat:
+            break;
+        }
+        return QStringLiteral("That file does not look like a Quenara project.");
+    }
+
+    bool operator==(const ProjectFileError &) const = default;
+
+private:
+    Case m_case;
+};
+
+} // namespace quenara

@@ -1,0 +1,45 @@
+#include "ProjectFileService.h"
+
+#include "ProjectCodec.h"
+#include "ProjectNormalizer.h"
+
+#include <QFile>
+#include <QSaveFile>
+
+namespace quenara {
+
+namespace {
+
+QByteArray contents(const QUrl &url)
+{
+    QFile file(url.toLocalFile());
+    if (!file.open(QIODevice::ReadOnly))
+        throw ProjectFileError(ProjectFileError::unableToRead);
+    QByteArray bytes = file.readAll();
+    if (file.error() != QFileDevice::NoError)
+        throw ProjectFileError(ProjectFileError::unableToRead);
+    return bytes;
+}
+
+} // namespace
+
+ZelvoProject ProjectFileService::load(const QUrl &url, const QDateTime &now)
+{
+    const std::optional<DecodedDocument> document = ProjectCodec::decode(contents(url));
+    if (!document)
+        throw ProjectFileError(ProjectFileError::unsupportedFormat);
+    if (const auto *legacy = std::get_if<LegacyQuenaraDocument>(&*document))
+        return ProjectNormalizer::project(*legacy, now);
+    return ProjectNormalizer::normalized(std::get<ZelvoProject>(*document));
+}
+
+void ProjectFileService::save(const ZelvoProject &project, const QUrl &url, const QDateTime &now)
+{
+    const QByteArray bytes
+        = ProjectCodec::encode(ProjectNormalizer::normalizedForSave(project, now));
+    QSaveFile file(url.toLocalFile());
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+        throw ProjectFileError(ProjectFileError::unableToWrite);
+}
+
+} // namespace quenara

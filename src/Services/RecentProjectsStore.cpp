@@ -1,0 +1,37 @@
+#include "RecentProjectsStore.h"
+
+#include "ProjectCodec.h"
+
+#include <QSettings>
+
+#include <algorithm>
+
+namespace quenara {
+
+QList<RecentProject> RecentProjectsStore::load(const QSettings &preferences)
+{
+    const QByteArray stored
+        = preferences.value(QLatin1String(preferencesKey)).toString().toUtf8();
+    QList<RecentProject> projects
+        = ProjectCodec::decodeRecentProjects(stored).value_or(QList<RecentProject>());
+    std::stable_sort(projects.begin(), projects.end(),
+                     [](const RecentProject &a, const RecentProject &b) {
+                         return a.lastOpened > b.lastOpened;
+                     });
+    return projects;
+}
+
+QList<RecentProject> RecentProjectsStore::add(QSettings &preferences, const QUrl &url,
+                                              const QString &projectName, const QDateTime &now)
+{
+    const QString path = url.toLocalFile();
+    QList<RecentProject> projects = load(preferences);
+    projects.removeIf([&path](const RecentProject &project) { return project.path == path; });
+    projects.prepend({.name = projectName, .path = path, .lastOpened = now});
+    projects = projects.first(std::min(projects.size(), limit));
+    preferences.setValue(QLatin1String(preferencesKey),
+                         QString::fromUtf8(ProjectCodec::encode(projects)));
+    return projects;
+}
+
+} // namespace quenara

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "WorkspaceState.h"
+
+#include <QString>
+
+#include <functional>
+#include <optional>
+
+/// Edits of items and slides as pure functions from one workspace value to the next, including the
+/// ids they select. Nothing comes back when there is nothing to work on; then no undo step is
+/// made. Order indexes are left to the store, which renumbers after every edit.
+namespace quenara::edits {
+
+using Edited = std::optional<WorkspaceState>;
+
+Edited renameProject(WorkspaceState state, const QString &name);
+
+/// Appends an item with one slide of the type's default template; both selected, the slide queued.
+Edited addServiceItem(WorkspaceState state, ServiceItemType type);
+
+/// Applies \a update to the first item with this id. An unknown id is an edit without a change.
+Edited updateServiceItem(WorkspaceState state, const QString &id,
+                         const std::function<void(ServiceItem &)> &update);
+
+/// Removes the selected item; the first remaining one and its first slide are selected and queued,
+/// and live if nothing was.
+Edited deleteSelectedServiceItem(WorkspaceState state);
+
+/// Swaps the selected item with the one \a delta places away; nothing if there is none.
+Edited moveSelectedServiceItem(WorkspaceState state, qsizetype delta);
+
+/// Appends a slide to the selected item (else to the first); without such an item, a custom item
+/// with its slide.
+Edited addSlide(WorkspaceState state);
+
+/// A copy under a new id, right after the selected slide; selected and queued. Layers keep their
+/// ids.
+Edited duplicateSelectedSlide(WorkspaceState state);
+
+/// Its successor in the item (else the predecessor, else the first slide of the show) is selected
+/// and queued, and live if the deleted one was. An emptied item stays.
+Edited deleteSelectedSlide(WorkspaceState state);
+
+/// Swaps the selected slide with the one \a delta places away in its item. Where there is none,
+/// this is an edit without a change.
+Edited moveSelectedSlide(WorkspaceState state, qsizetype delta);
+
+/// Applies \a update to the selected slide and brings its body in step with its design.
+Edited updateSelectedSlide(WorkspaceState state, const std::function<void(Slide &)> &update);
+
+/// Rebuilds the selected slide's design; the first text layer is selected.
+Edited applyTemplateToSelectedSlide(WorkspaceState state, const QString &templateID);
+
+} // namespace quenara::edits

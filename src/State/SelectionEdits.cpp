@@ -1,0 +1,129 @@
+#include "SelectionEdits.h"
+
+#include "Show.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace quenara::edits {
+
+namespace {
+
+std::optional<QString> itemIDOf(const ZelvoProject &project, const std::optional<QString> &slideID)
+{
+    const auto position = positionOf(project, slideID);
+    return position ? std::optional(project.serviceItems.at(position->item).id) : std::nullopt;
+}
+
+std::optional<QString> neighborSlideID(const ZelvoProject &project,
+                                       const std::optional<QString> &slideID, qsizetype offset)
+{
+    const auto position = positionOf(project, slideID);
+    if (!position)
+        return std::nullopt;
+    const auto target = positionAt(project, position->absolute + offset);
+    return target ? std::optional(slideAt(project, *target).id) : std::nullopt;
+}
+
+void repairElement(WorkspaceState &state)
+{
+    const auto position = positionOf(state.project, state.selectedSlideID);
+    if (!position || !state.selectedElementID)
+        return;
+    const QList<SlideElement> &elements = slideAt(state.project, *position).design.elements;
+    const bool exists = std::any_of(elements.cbegin(), elements.cend(), [&](const auto &element) {
+        return element.id == *state.selectedElementID;
+    });
+    if (!exists) {
+        state.selectedElementID
+            = elements.isEmpty() ? std::nullopt : std::optional(elements.first().id);
+    }
+}
+
+} // namespace
+
+WorkspaceState selectSlide(WorkspaceState state, const QString &id, bool queue)
+{
+    state.selectedSlideID = id;
+    state.selectedElementID.reset();
+    state.selectedServiceItemID = itemIDOf(state.project, id);
+    if (queue)
+        state.queuedSlideID = id;
+    return state;
+}
+
+WorkspaceState selectFirstSlide(WorkspaceState state)
+{
+    const auto first = positionAt(state.project, 0);
+    state.selectedSlideID = firstSlideID(state.project);
+    state.selectedServiceItemID = itemIDOf(state.project, state.selectedSlideID);
+    state.selectedElementID
+        = first ? slideAt(state.project, *first).design.firstTextElementID() : std::nullopt;
+    return state;
+}
+
+WorkspaceState startAtFirstSlide(WorkspaceState state)
+{
+    state = selectFirstSlide(std::move(state));
+    state.queuedSlideID = state.selectedSlideID;
+    state.liveSlideID = state.selectedSlideID;
+    return state;
+}
+
+WorkspaceState goLive(WorkspaceState state)
+{
+    if (!state.queuedSlideID)
+        state.queuedSlideID
+            = state.selectedSlideID ? state.selectedSlideID : firstSlideID(state.project);
+    state.liveSlideID = state.queuedSlideID;
+    state.outputMode = OutputMode::live;
+    return state;
+}
+
+WorkspaceState stepLive(WorkspaceState state, qsizetype offset)
+{
+    const auto base = state.liveSlideID ? state.liveSlideID : state.selectedSlideID;
+    auto target = neighborSlideID(state.project, base, offset);
+    if (!target)
+        target = firstSlideID(state.project);
+    if (!target)
+        return state;
+    state.selectedSlideID = target;
+    state.queuedSlideID = target;
+    state.liveSlideID = target;
+    state.outputMode = OutputMode::live;
+    return state;
+}
+
+WorkspaceState stepQueue(WorkspaceState state, qsizetype offset)
+{
+    auto base = state.queuedSlideID;
+    if (!base)
+        base = state.liveSlideID ? state.liveSlideID : state.selectedSlideID;
+    const auto target = neighborSlideID(state.project, base, offset);
+    return target ? selectSlide(std::move(state), *target, true) : state;
+}
+
+WorkspaceState toggleOutputMode(WorkspaceState state, OutputMode mode)
+{
+    state.outputMode = state.outputMode == mode ? OutputMode::live : mode;
+    return state;
+}
+
+WorkspaceState repairSelection(WorkspaceState state)
+{
+    const auto isUnknown = [&state](const std::optional<QString> &id) {
+        return id && !positionOf(state.project, id);
+    };
+    if (isUnknown(state.selectedSlideID))
+        state.selectedSlideID = firstSlideID(state.project);
+    if (isUnknown(state.queuedSlideID))
+        state.queuedSlideID = state.selectedSlideID;
+    if (isUnknown(state.liveSlideID))
+        state.liveSlideID = state.selectedSlideID;
+    repairElement(state);
+    state.selectedServiceItemID = itemIDOf(state.project, state.selectedSlideID);
+    return state;
+}
+
+} // namespace quenara::edits

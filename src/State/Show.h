@@ -1,0 +1,42 @@
+#pragma once
+
+#include "ProjectModels.h"
+
+#include <QList>
+#include <QString>
+
+#include <optional>
+
+namespace quenara {
+
+/// Every slide of every item as one list: items, and slides within each, by orderIndex, equal ones
+/// in stored order.
+QList<FlattenedSlide> flattenedSlides(const ZelvoProject &project);
+
+/// Where a slide stands in a project whose order indexes mirror its lists.
+struct SlidePosition
+{
+    qsizetype item = 0; ///< index into serviceItems
+    qsizetype slide = 0; ///< index into that item's slides
+    qsizetype absolute = 0; ///< index in the show
+
+    bool operator==(const SlidePosition &) const = default;
+};
+
+// The functions below walk the lists as they are stored, without building the flattened list.
+
+/// The first slide with this id; nothing for an absent or unknown one.
+std::optional<SlidePosition> positionOf(const ZelvoProject &project,
+                                        const std::optional<QString> &slideID);
+
+/// The slide at the 0-based place \a absolute of the show; nothing outside it.
+std::optional<SlidePosition> positionAt(const ZelvoProject &project, qsizetype absolute);
+
+/// The number of slides in the show.
+qsizetype slideCount(const ZelvoProject &project);
+
+const Slide &slideAt(const ZelvoProject &project, const SlidePosition &position);
+
+std::optional<QString> firstSlideID(const ZelvoProject &project);
+
+} // namespace quenara

@@ -1,0 +1,98 @@
+#include "WorkspaceStore.h"
+
+#include "ProjectNormalizer.h"
+#include "RecentProjectsStore.h"
+#include "SelectionEdits.h"
+#include "Show.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace quenara {
+
+WorkspaceStore::WorkspaceStore(ZelvoProject project, Surroundings surroundings, QObject *parent) :
+    QObject(parent),
+    m_surroundings(std::move(surroundings))
+{
+    m_state.project = ProjectNormalizer::withMirroredOrder(std::move(project));
+    m_state.recentProjects = RecentProjectsStore::load(m_surroundings.preferences);
+    m_state = edits::startAtFirstSlide(std::move(m_state));
+}
+
+QList<FlattenedSlide> WorkspaceStore::flattenedSlides() const
+{
+    return quenara::flattenedSlides(m_state.project);
+}
+
+std::optional<SlideElement> WorkspaceStore::selectedElement() const
+{
+    const auto position = positionOf(m_state.project, m_state.selectedSlideID);
+    if (!position || !m_state.selectedElementID)
+        return std::nullopt;
+    const QList<SlideElement> &elements = slideAt(m_state.project, *position).design.elements;
+    const auto found = std::find_if(elements.cbegin(), elements.cend(), [this](const auto &e) {
+        return e.id == *m_state.selectedElementID;
+    });
+    return found == elements.cend() ? std::nullopt : std::optional(*found);
+}
+
+std::optional<Slide> WorkspaceStore::nextSlide() const
+{
+    const auto live = positionOf(m_state.project, m_state.liveSlideID);
+    const auto next = positionAt(m_state.project, live ? live->absolute + 1 : 0);
+    return next ? std::optional(slideAt(m_state.project, *next)) : std::nullopt;
+}
+
+std::optional<Slide> WorkspaceStore::slideWithID(const std::optional<QString> &id) const
+{
+    const auto position = positionOf(m_state.project, id);
+    return position ? std::optional(slideAt(m_state.project, *position)) : std::nullopt;
+}
+
+void WorkspaceStore::publish(WorkspaceState state)
+{
+    publish(std::move(state), m_undoStore);
+}
+
+void WorkspaceStore::publish(WorkspaceState state, UndoRedoStore history)
+{
+    const bool couldUndo = canUndo();
+    const bool couldRedo = canRedo();
+    const WorkspaceState before = std::exchange(m_state, std::move(state));
+    m_undoStore = std::move(history);
+
+    // What differs is settled before the first signal: a slot may call another operation.
+    QList<void (WorkspaceStore::*)()> signalsToEmit;
+    const auto compare = [&](bool differs, void (WorkspaceStore::*signal)()) {
+        if (differs)
+            signalsToEmit.append(signal);
+    };
+    const auto compareField = [&](auto WorkspaceState::*field, void (WorkspaceStore::*signal)()) {
+        compare(before.*field != m_state.*field, signal);
+    };
+    compareField(&WorkspaceState::project, &WorkspaceStore::projectChanged);
+    compareField(&WorkspaceState::selectedServiceItemID,
+                 &WorkspaceStore::selectedServiceItemIDChanged);
+    compareField(&WorkspaceState::selectedSlideID, &WorkspaceStore::selectedSlideIDChanged);
+    compareField(&WorkspaceState::queuedSlideID, &WorkspaceStore::queuedSlideIDChanged);
+    compareField(&WorkspaceState::liveSlideID, &WorkspaceStore::liveSlideIDChanged);
+    compareField(&WorkspaceState::selectedElementID, &WorkspaceStore::selectedElementIDChanged);
+    compareField(&WorkspaceState::outputMode, &WorkspaceStore::outputModeChanged);
+    compareField(&WorkspaceState::currentFileURL, &WorkspaceStore::currentFileURLChanged);
+    compareField(&WorkspaceState::hasUnsavedChanges, &WorkspaceStore::hasUnsavedChangesChanged);
+    compareField(&WorkspaceState::recentProjects, &WorkspaceStore::recentProjectsChanged);
+    compareField(&WorkspaceState::isStartPanelPresented,
+                 &WorkspaceStore::isStartPanelPresentedChanged);
+    compareField(&WorkspaceState::isSongImportPresented,
+                 &WorkspaceStore::isSongImportPresentedChanged);
+    compareField(&WorkspaceState::errorMessage, &WorkspaceStore::errorMessageChanged);
+    compare(couldUndo != canUndo(), &WorkspaceStore::canUndoChanged);
+    compare(couldRedo != canRedo(), &WorkspaceStore::canRedoChanged);
+    if (!signalsToEmit.isEmpty())
+        signalsToEmit.append(&WorkspaceStore::changed);
+
+    for (const auto signal : std::as_const(signalsToEmit))
+        emit(this->*signal)();
+}
+
+} // namespace quenara

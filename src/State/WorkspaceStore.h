@@ -1,0 +1,172 @@
+#pragma once
+
+#include "FilePanels.h"
+#include "UndoRedoStore.h"
+#include "WorkspaceState.h"
+
+#include <QDateTime>
+#include <QList>
+#include <QObject>
+#include <QString>
+#include <QUrl>
+
+#include <functional>
+#include <optional>
+
+class QSettings;
+
+namespace quenara {
+
+/// The one observable state of the application: the open project, what is selected, queued and
+/// live, and the operations that change them. Views read it and call one operation for each thing
+/// the operator does.
+///
+/// Each operation first makes its whole change and then notifies: one signal for each field that
+/// differs, then changed(). Whatever a slot reads is the state after the operation.
+class WorkspaceStore : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(quenara::ZelvoProject project READ project NOTIFY projectChanged)
+    Q_PROPERTY(std::optional<QString> selectedServiceItemID READ selectedServiceItemID NOTIFY
+                   selectedServiceItemIDChanged)
+    Q_PROPERTY(
+        std::optional<QString> selectedSlideID READ selectedSlideID NOTIFY selectedSlideIDChanged)
+    Q_PROPERTY(std::optional<QString> queuedSlideID READ queuedSlideID NOTIFY queuedSlideIDChanged)
+    Q_PROPERTY(std::optional<QString> liveSlideID READ liveSlideID NOTIFY liveSlideIDChanged)
+    Q_PROPERTY(std::optional<QString> selectedElementID READ selectedElementID NOTIFY
+                   selectedElementIDChanged)
+    Q_PROPERTY(quenara::OutputMode outputMode READ outputMode NOTIFY outputModeChanged)
+    Q_PROPERTY(std::optional<QUrl> currentFileURL READ currentFileURL NOTIFY currentFileURLChanged)
+    Q_PROPERTY(bool hasUnsavedChanges READ hasUnsavedChanges NOTIFY hasUnsavedChangesChanged)
+    Q_PROPERTY(QList<quenara::RecentProject> recentProjects READ recentProjects NOTIFY
+                   recentProjectsChanged)
+    Q_PROPERTY(bool isStartPanelPresented READ isStartPanelPresented WRITE setStartPanelPresented
+                   NOTIFY isStartPanelPresentedChanged)
+    Q_PROPERTY(bool isSongImportPresented READ isSongImportPresented WRITE setSongImportPresented
+                   NOTIFY isSongImportPresentedChanged)
+    Q_PROPERTY(
+        std::optional<QString> errorMessage READ errorMessage NOTIFY errorMessageChanged)
+    Q_PROPERTY(bool canUndo READ canUndo NOTIFY canUndoChanged)
+    Q_PROPERTY(bool canRedo READ canRedo NOTIFY canRedoChanged)
+
+public:
+    /// The world outside, handed in. The references must outlive the store.
+    struct Surroundings
+    {
+        QSettings &preferences;
+        FilePanelRunner &panels;
+        std::function<QDateTime()> now = [] { return QDateTime::currentDateTimeUtc(); };
+    };
+
+    /// Starts on \a project with its order indexes renumbered, the first slide selected, queued
+    /// and live, and the recent projects of the preferences.
+    WorkspaceStore(ZelvoProject project, Surroundings surroundings, QObject *parent = nullptr);
+
+    // Published fields
+
+    const WorkspaceState &state() const { return m_state; }
+    const ZelvoProject &project() const { return m_state.project; }
+    std::optional<QString> selectedServiceItemID() const { return m_state.selectedServiceItemID; }
+    std::optional<QString> selectedSlideID() const { return m_state.selectedSlideID; }
+    std::optional<QString> queuedSlideID() const { return m_state.queuedSlideID; }
+    std::optional<QString> liveSlideID() const { return m_state.liveSlideID; }
+    std::optional<QString> selectedElementID() const { return m_state.selectedElementID; }
+    OutputMode outputMode() const { return m_state.outputMode; }
+    std::optional<QUrl> currentFileURL() const { return m_state.currentFileURL; }
+    bool hasUnsavedChanges() const { return m_state.hasUnsavedChanges; }
+    QList<RecentProject> recentProjects() const { return m_state.recentProjects; }
+    bool isStartPanelPresented() const { return m_state.isStartPanelPresented; }
+    bool isSongImportPresented() const { return m_state.isSongImportPresented; }
+    std::optional<QString> errorMessage() const { return m_state.errorMessage; }
+
+    // Derived values
+
+    QList<FlattenedSlide> flattenedSlides() const;
+    std::optional<SlideElement> selectedElement() const;
+    /// The slide after the live one, none after the last; the first slide when none is live.
+    std::optional<Slide> nextSlide() const;
+    std::optional<Slide> slideWithID(const std::optional<QString> &id) const;
+    const UndoRedoStore &undoStore() const { return m_undoStore; }
+    bool canUndo() const { return !m_undoStore.undoStack().isEmpty(); }
+    bool canRedo() const { return !m_undoStore.redoStack().isEmpty(); }
+
+    // Selection, queue and live (WorkspaceStoreSelection.cpp)
+
+    void selectSlide(const QString &id, bool queue);
+    void queueSlide(const std::optional<QString> &id);
+    void selectElement(const std::optional<QString> &id);
+    void goLive();
+    void nextLive();
+    void previousLive();
+    void queueNext();
+    void queuePrevious();
+    void toggleBlackout();
+    void toggleLogo();
+
+    // Editing (WorkspaceStoreEditing.cpp); see RundownEdits.h for what each does
+
+    void undo();
+    void redo();
+    void updateProjectName(const QString &name);
+    void addServiceItem(ServiceItemType type);
+    void updateServiceItem(const QString &id, const std::function<void(ServiceItem &)> &update);
+    void deleteSelectedServiceItem();
+    void moveSelectedServiceItem(qsizetype delta);
+    void addSlide();
+    void duplicateSelectedSlide();
+    void deleteSelectedSlide();
+    void moveSelectedSlide(qsizetype delta);
+    void updateSelectedSlide(const std::function<void(Slide &)> &update);
+    void applyTemplateToSelectedSlide(const QString &templateID);
+
+    // Documents (WorkspaceStoreDocuments.cpp); none asks before it drops unsaved changes
+
+    void newBlankProject();
+    void newSundayServiceProject();
+    void loadDemoProject();
+    void openProjectWithPanel();
+    /// A failure leaves everything as it is but for errorMessage.
+    void openProject(const QUrl &url);
+    /// Asks for a place first when the document has none.
+    void saveProject();
+    void saveProjectAs();
+    void showStartPanel();
+    void setStartPanelPresented(bool presented);
+    void setSongImportPresented(bool presented);
+    void dismissError();
+
+signals:
+    void projectChanged();
+    void selectedServiceItemIDChanged();
+    void selectedSlideIDChanged();
+    void queuedSlideIDChanged();
+    void liveSlideIDChanged();
+    void selectedElementIDChanged();
+    void outputModeChanged();
+    void currentFileURLChanged();
+    void hasUnsavedChangesChanged();
+    void recentProjectsChanged();
+    void isStartPanelPresentedChanged();
+    void isSongImportPresentedChanged();
+    void errorMessageChanged();
+    void canUndoChanged();
+    void canRedoChanged();
+    /// Once after every operation that changed anything.
+    void changed();
+
+private:
+    using Edit = std::function<std::optional<WorkspaceState>(const WorkspaceState &)>;
+
+    void editProject(const Edit &edit);
+    void restore(std::optional<ZelvoProject> project, UndoRedoStore history);
+    void load(ZelvoProject project, const std::optional<QUrl> &fileURL);
+    void fail(const QString &message);
+    void publish(WorkspaceState state);
+    void publish(WorkspaceState state, UndoRedoStore history);
+
+    Surroundings m_surroundings;
+    WorkspaceState m_state;
+    UndoRedoStore m_undoStore;
+};
+
+} // namespace quenara

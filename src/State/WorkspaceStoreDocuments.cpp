@@ -1,0 +1,127 @@
+#include "ProjectFileService.h"
+#include "ProjectNormalizer.h"
+#include "ProjectTemplates.h"
+#include "RecentProjectsStore.h"
+#include "SelectionEdits.h"
+#include "WorkspaceStore.h"
+
+#include <utility>
+
+namespace quenara {
+
+/// The one way a whole document is installed.
+void WorkspaceStore::load(ZelvoProject project, const std::optional<QUrl> &fileURL)
+{
+    WorkspaceState next = m_state;
+    next.project = ProjectNormalizer::withMirroredOrder(std::move(project));
+    next.currentFileURL = fileURL;
+    next.hasUnsavedChanges = false;
+    next.outputMode = OutputMode::live;
+    next.isStartPanelPresented = false;
+    if (fileURL) {
+        next.recentProjects = RecentProjectsStore::add(
+            m_surroundings.preferences, *fileURL, next.project.name, m_surroundings.now());
+    }
+    publish(edits::startAtFirstSlide(std::move(next)), UndoRedoStore());
+}
+
+void WorkspaceStore::fail(const QString &message)
+{
+    WorkspaceState next = m_state;
+    next.errorMessage = message;
+    publish(std::move(next));
+}
+
+void WorkspaceStore::newBlankProject()
+{
+    load(ProjectTemplates::blankProject(m_surroundings.now()), std::nullopt);
+}
+
+void WorkspaceStore::newSundayServiceProject()
+{
+    load(ProjectTemplates::newSundayServiceProject(m_surroundings.now()), std::nullopt);
+}
+
+void WorkspaceStore::loadDemoProject()
+{
+    load(ProjectTemplates::demoProject(m_surroundings.now()), std::nullopt);
+}
+
+void WorkspaceStore::openProjectWithPanel()
+{
+    if (const std::optional<QUrl> url = m_surroundings.panels.run(zelvoProjectOpenPanel()))
+        openProject(*url);
+}
+
+void WorkspaceStore::openProject(const QUrl &url)
+{
+    try {
+        load(ProjectFileService::load(url, m_surroundings.now()), url);
+    } catch (const ProjectFileError &error) {
+        fail(error.description());
+    }
+}
+
+void WorkspaceStore::saveProject()
+{
+    if (!m_state.currentFileURL) {
+        saveProjectAs();
+        return;
+    }
+    const QUrl url = *m_state.currentFileURL;
+    const QDateTime now = m_surroundings.now();
+    try {
+        ProjectFileService::save(m_state.project, url, now);
+    } catch (const ProjectFileError &error) {
+        fail(error.description());
+        return;
+    }
+    WorkspaceState next = m_state;
+    next.project = ProjectNormalizer::normalizedForSave(std::move(next.project), now);
+    next.hasUnsavedChanges = false;
+    next.recentProjects
+        = RecentProjectsStore::add(m_surroundings.preferences, url, next.project.name, now);
+    publish(std::move(next));
+}
+
+void WorkspaceStore::saveProjectAs()
+{
+    const QString &name = m_state.project.name;
+    const FilePanel panel
+        = zelvoProjectSavePanel(name.isEmpty() ? QStringLiteral("Quenara") : name);
+    const std::optional<QUrl> url = m_surroundings.panels.run(panel);
+    if (!url)
+        return;
+    WorkspaceState next = m_state;
+    next.currentFileURL = *url;
+    publish(std::move(next));
+    saveProject();
+}
+
+void WorkspaceStore::showStartPanel()
+{
+    setStartPanelPresented(true);
+}
+
+void WorkspaceStore::setStartPanelPresented(bool presented)
+{
+    WorkspaceState next = m_state;
+    next.isStartPanelPresented = presented;
+    publish(std::move(next));
+}
+
+void WorkspaceStore::setSongImportPresented(bool presented)
+{
+    WorkspaceState next = m_state;
+    next.isSongImportPresented = presented;
+    publish(std::move(next));
+}
+
+void WorkspaceStore::dismissError()
+{
+    WorkspaceState next = m_state;
+    next.errorMessage.reset();
+    publish(std::move(next));
+}
+
+} // namespace quenara

@@ -1,0 +1,60 @@
+#include "SelectionEdits.h"
+#include "WorkspaceStore.h"
+
+namespace quenara {
+
+void WorkspaceStore::selectSlide(const QString &id, bool queue)
+{
+    publish(edits::selectSlide(m_state, id, queue));
+}
+
+void WorkspaceStore::queueSlide(const std::optional<QString> &id)
+{
+    WorkspaceState next = m_state;
+    next.queuedSlideID = id;
+    publish(std::move(next));
+}
+
+void WorkspaceStore::selectElement(const std::optional<QString> &id)
+{
+    WorkspaceState next = m_state;
+    next.selectedElementID = id;
+    publish(std::move(next));
+}
+
+void WorkspaceStore::goLive()
+{
+    publish(edits::goLive(m_state));
+}
+
+void WorkspaceStore::nextLive()
+{
+    publish(edits::stepLive(m_state, +1));
+}
+
+void WorkspaceStore::previousLive()
+{
+    publish(edits::stepLive(m_state, -1));
+}
+
+void WorkspaceStore::queueNext()
+{
+    publish(edits::stepQueue(m_state, +1));
+}
+
+void WorkspaceStore::queuePrevious()
+{
+    publish(edits::stepQueue(m_state, -1));
+}
+
+void WorkspaceStore::toggleBlackout()
+{
+    publish(edits::toggleOutputMode(m_state, OutputMode::blackout));
+}
+
+void WorkspaceStore::toggleLogo()
+{
+    publish(edits::toggleOutputMode(m_state, OutputMode::logo));
+}
+
+} // namespace quenara
