@@ -94,9 +94,10 @@ std::size_t hashOf(const QList<T> &values, std::size_t seed)
 
 } // namespace detail
 
-/// Combines the hashes of all fields in field order.
+/// Combines the hashes of all fields in field order. The seed has no default: with one, Qt's own
+/// qHash() for any type that hashes without a seed would be an equally good match.
 template<Record T>
-std::size_t qHash(const T &record, std::size_t seed = 0)
+std::size_t qHash(const T &record, std::size_t seed)
 {
     forEachField<T>([&](const auto &f) {
         seed ^= detail::hashOf(record.*f.member, seed) + 0x9e3779b9U + (seed << 6U) + (seed >> 2U);

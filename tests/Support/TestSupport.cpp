@@ -2,6 +2,8 @@
 
 #include "ProjectTemplates.h"
 
+#include <QFile>
+
 namespace quenara::test {
 
 std::optional<QUrl> PreparedPanels::run(const FilePanel &panel)
@@ -15,21 +17,81 @@ QDateTime someTime()
     return QDateTime(QDate(2026, 3, 1), QTime(9, 30), Qt::UTC);
 }
 
-World::World() : World(ProjectTemplates::demoProject(someTime())) {}
+namespace {
 
-World::World(const ZelvoProject &project) :
-    store(project, {.preferences = preferences, .panels = panels, .now = [this] { return now; }})
+Slide namedSlide(const QString &id, std::int64_t orderIndex)
 {
+    Slide slide =
+        ProjectTemplates::slide(QStringLiteral("Title of ") + id, QStringLiteral("Words of ") + id,
+                                orderIndex, QStringLiteral("centerLyric"));
+    slide.id = id;
+    slide.design.elements[0].id = id + QStringLiteral(".lyric");
+    slide.design.elements[1].id = id + QStringLiteral(".line");
+    return slide;
 }
+
+} // namespace
+
+ZelvoProject showOf(const QList<int> &slideCounts)
+{
+    ZelvoProject project{.id = QStringLiteral("show"),
+                         .name = QStringLiteral("A Show"),
+                         .schemaVersion = ZelvoProject::currentSchemaVersion,
+                         .kind = ProjectKind::service,
+                         .updatedAt = someTime(),
+                         .serviceItems = {}};
+    for (const int count : slideCounts) {
+        const qsizetype index = project.serviceItems.size();
+        const QString name(QChar(u'A' + char16_t(index)));
+        ServiceItem item{.id = name,
+                         .title = QStringLiteral("Item ") + name,
+                         .type = ServiceItemType::song,
+                         .orderIndex = index,
+                         .subtitle = std::nullopt,
+                         .slides = {}};
+        for (int i = 0; i < count; ++i)
+            item.slides.append(namedSlide(name + QString::number(i + 1), i));
+        project.serviceItems.append(item);
+    }
+    return project;
+}
+
+World::World() : World(ProjectTemplates::demoProject(someTime())) { }
+
+World::World(const ZelvoProject &project)
+    : store(project, {.preferences = preferences, .panels = panels, .now = [this] { return now; }})
+{ }
 
 QUrl World::fileUrl(const QString &name) const
 {
     return QUrl::fromLocalFile(folder.filePath(name));
 }
 
+Selection selectionOf(const WorkspaceState &state)
+{
+    return {state.selectedServiceItemID, state.selectedSlideID, state.queuedSlideID,
+            state.liveSlideID, state.selectedElementID};
+}
+
+QStringList slideIDs(const ZelvoProject &project)
+{
+    QStringList ids;
+    for (const ServiceItem &item : project.serviceItems) {
+        for (const Slide &slide : item.slides)
+            ids.append(slide.id);
+    }
+    return ids;
+}
+
 QString dataPath(const QString &name)
 {
     return QStringLiteral(QUENARA_TEST_DATA "/") + name;
+}
+
+QByteArray dataBytes(const QString &name)
+{
+    QFile file(dataPath(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
 } // namespace quenara::test

@@ -7,8 +7,16 @@
 #include <QSettings>
 #include <QString>
 #include <QTemporaryDir>
+#include <QTest>
 
 #include <optional>
+
+/// Lets a failed comparison of identifiers print them.
+template<>
+inline char *QTest::toString(const std::optional<QString> &text)
+{
+    return text ? toString(*text) : qstrdup("(absent)");
+}
 
 namespace quenara::test {
 
@@ -25,12 +33,16 @@ public:
 /// A moment without a meaning, for what must not depend on the clock.
 QDateTime someTime();
 
+/// A show with as many slides an item as \a slideCounts says and names that tell the place: the
+/// items are "A", "B", ..., their slides "A1", "A2", ..., each with the layers "A1.lyric" (a text)
+/// and "A1.line" (a shape) of the centred lyric design.
+ZelvoProject showOf(const QList<int> &slideCounts);
+
 /// A fresh world around one store: its own preferences, prepared panels, a clock that stands.
 struct World
 {
     QTemporaryDir folder;
-    QSettings preferences{folder.filePath(QStringLiteral("preferences.ini")),
-                          QSettings::IniFormat};
+    QSettings preferences{folder.filePath(QStringLiteral("preferences.ini")), QSettings::IniFormat};
     PreparedPanels panels;
     QDateTime now = someTime();
     WorkspaceStore store;
@@ -41,7 +53,36 @@ struct World
     QUrl fileUrl(const QString &name) const;
 };
 
+/// The ids of a store that point into its project, as one comparable value.
+struct Selection
+{
+    std::optional<QString> item;
+    std::optional<QString> slide;
+    std::optional<QString> queued;
+    std::optional<QString> live;
+    std::optional<QString> element;
+
+    bool operator==(const Selection &) const = default;
+};
+Selection selectionOf(const WorkspaceState &state);
+
+/// The ids of all slides of the show in order, read off the stored lists.
+QStringList slideIDs(const ZelvoProject &project);
+
 /// The path of a file in tests/data.
 QString dataPath(const QString &name);
+/// Its bytes.
+QByteArray dataBytes(const QString &name);
 
 } // namespace quenara::test
+
+template<>
+inline char *QTest::toString(const quenara::test::Selection &selection)
+{
+    const auto text = [](const std::optional<QString> &id) {
+        return id.value_or(QStringLiteral("-"));
+    };
+    return toString(QStringLiteral("item %1, slide %2, queued %3, live %4, layer %5")
+                        .arg(text(selection.item), text(selection.slide), text(selection.queued),
+                             text(selection.live), text(selection.element)));
+}
