@@ -1,0 +1,38 @@
+# Compiles the faces of resources/fonts.list and the icons of resources/icons.list into a room,
+# from where the system's packages have put them.
+
+function(quenara_read_list path result)
+  file(STRINGS ${path} lines REGEX "^[^#]")
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${path})
+  set(${result} ${lines} PARENT_SCOPE)
+endfunction()
+
+# quenara_embed(<target> <resource> <files...>): each file as :/<resource>/<file name>.
+function(quenara_embed target resource)
+  foreach(file IN LISTS ARGN)
+    get_filename_component(name ${file} NAME)
+    set_source_files_properties(${file} PROPERTIES QT_RESOURCE_ALIAS ${name})
+  endforeach()
+  qt_add_resources(${target} ${target}_${resource} PREFIX /${resource} FILES ${ARGN})
+endfunction()
+
+function(quenara_embed_fonts target)
+  quenara_read_list(${CMAKE_SOURCE_DIR}/resources/fonts.list names)
+  foreach(name IN LISTS names)
+    find_file(QUENARA_FONT_${name} ${name} REQUIRED NO_CMAKE_FIND_ROOT_PATH
+      PATHS /usr/share/fonts /usr/local/share/fonts
+      PATH_SUFFIXES truetype/lato opentype/inter truetype/inter)
+    mark_as_advanced(QUENARA_FONT_${name})
+    list(APPEND files ${QUENARA_FONT_${name}})
+  endforeach()
+  quenara_embed(${target} fonts ${files})
+endfunction()
+
+function(quenara_embed_icons target)
+  quenara_read_list(${CMAKE_SOURCE_DIR}/resources/icons.list names)
+  find_path(QUENARA_BOOTSTRAP_ICONS play-fill.svg REQUIRED
+    PATHS /usr/share/bootstrap-icons/svg /usr/share/nodejs/bootstrap-icons/icons
+          /usr/share/bootstrap-icons/icons)
+  list(TRANSFORM names REPLACE "(.+)" "${QUENARA_BOOTSTRAP_ICONS}/\\1.svg" OUTPUT_VARIABLE files)
+  quenara_embed(${target} icons ${files})
+endfunction()

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "RawEnum.h"
+#include "ZelvoTheme.h"
+
+#include <QString>
+
+#include <optional>
+
+namespace quenara {
+
+/// The operator's choice of colour scheme, stored as a preference.
+enum class AppAppearance { system, light, dark };
+template<>
+inline constexpr auto rawCases<AppAppearance> = std::to_array<RawCase<AppAppearance>>({
+    {AppAppearance::system, "system", "System"},
+    {AppAppearance::light, "light", "Light"},
+    {AppAppearance::dark, "dark", "Dark"},
+});
+static_assert(casesStandAtTheirValues<AppAppearance>);
+
+/// The preference's key; its value is the raw value, "system" when the key is absent.
+inline constexpr const char *appAppearanceKey = "appAppearance";
+
+/// The scheme that views are given; nothing where the desktop's is followed.
+std::optional<ColorScheme> colorScheme(AppAppearance appearance);
+
+/// The stored text as a choice; any text that is none of the raw values counts as system.
+AppAppearance appearanceFromPreference(const QString &rawValue);
+
+} // namespace quenara

@@ -1,0 +1,96 @@
+#include "ZelvoTheme.h"
+
+#include "HexDigits.h"
+
+#include <QPalette>
+
+namespace quenara {
+
+namespace {
+
+QColor withOpacity(QColor color, float opacity)
+{
+    color.setAlphaF(opacity);
+    return color;
+}
+
+} // namespace
+
+ColorScheme colorSchemeOf(const QPalette &palette)
+{
+    const bool isDark = palette.color(QPalette::Window).lightnessF()
+        < palette.color(QPalette::WindowText).lightnessF();
+    return isDark ? ColorScheme::dark : ColorScheme::light;
+}
+
+QColor colorFromHex(QStringView hex)
+{
+    const HexDigits digits = HexDigits::scan(hex);
+    switch (digits.characterCount) {
+    case 3:
+        return {digits.bits(8, 4) * 17, digits.bits(4, 4) * 17, digits.bits(0, 4) * 17};
+    case 6:
+        return {digits.bits(16, 8), digits.bits(8, 8), digits.bits(0, 8)};
+    case 8:
+        return {digits.bits(24, 8), digits.bits(16, 8), digits.bits(8, 8), digits.bits(0, 8)};
+    default:
+        return {0, 0, 0};
+    }
+}
+
+const ZelvoTheme &ZelvoTheme::dark()
+{
+    static const ZelvoTheme theme{
+        .appBackground = colorFromHex(u"#080b10"),
+        .panelBackground = colorFromHex(u"#0d1119"),
+        .panelSecondaryBackground = colorFromHex(u"#111723"),
+        .panelHeaderBackground = colorFromHex(u"#151c29"),
+        .canvasBackground = colorFromHex(u"#05070a"),
+        .border = colorFromHex(u"#263143"),
+        .separator = colorFromHex(u"#1b2433"),
+        .primaryText = colorFromHex(u"#f3f6fb"),
+        .secondaryText = colorFromHex(u"#b6c0ce"),
+        .mutedText = colorFromHex(u"#758195"),
+        .accent = colorFromHex(u"#e0a134"),
+        .accentHover = colorFromHex(u"#f0b84a"),
+        .live = colorFromHex(u"#45c46b"),
+        .blackout = colorFromHex(u"#e34d4d"),
+        .warning = colorFromHex(u"#f2c94c"),
+        .selection = withOpacity(colorFromHex(u"#f0b84a"), 0.32F),
+        .controlBackground = colorFromHex(u"#151c29"),
+        .inputBackground = colorFromHex(u"#0a0f17"),
+    };
+    return theme;
+}
+
+const ZelvoTheme &ZelvoTheme::light()
+{
+    static const ZelvoTheme theme{
+        .appBackground = colorFromHex(u"#eceef2"),
+        .panelBackground = colorFromHex(u"#f7f7f5"),
+        .panelSecondaryBackground = colorFromHex(u"#eeeeea"),
+        .panelHeaderBackground = colorFromHex(u"#e4e6ea"),
+        .canvasBackground = colorFromHex(u"#d8dbe1"),
+        .border = colorFromHex(u"#c5c9d0"),
+        .separator = colorFromHex(u"#d7d9dd"),
+        .primaryText = colorFromHex(u"#20242b"),
+        .secondaryText = colorFromHex(u"#525a66"),
+        .mutedText = colorFromHex(u"#777f8c"),
+        .accent = colorFromHex(u"#b87812"),
+        .accentHover = colorFromHex(u"#d28d1d"),
+        .live = colorFromHex(u"#168743"),
+        .blackout = colorFromHex(u"#bd3131"),
+        .warning = colorFromHex(u"#9a6a10"),
+        .selection = withOpacity(colorFromHex(u"#d28d1d"), 0.24F),
+        .controlBackground = colorFromHex(u"#ffffff"),
+        .inputBackground = colorFromHex(u"#fbfbfa"),
+    };
+    return theme;
+}
+
+const ZelvoTheme &ZelvoTheme::current(ColorScheme scheme)
+{
+    return scheme == ColorScheme::dark ? dark() : light();
+}
+
+} // namespace quenara

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <QColor>
+#include <QStringView>
+
+#include <array>
+#include <string_view>
+#include <utility>
+
+class QPalette;
+
+namespace quenara {
+
+enum class ColorScheme { light, dark };
+
+/// The scheme that \a palette was made for, by the lightness of its windows.
+ColorScheme colorSchemeOf(const QPalette &palette);
+
+/// Colour of the interface from hex text: trimmed of what is not alphanumeric, then three digits
+/// (each doubled), six, or eight with alpha last; opaque black for any other length. sRGB.
+QColor colorFromHex(QStringView hex);
+
+/// The palette of the operator interface (not of slides): eighteen colour roles.
+struct ZelvoTheme
+{
+    QColor appBackground; ///< window background
+    QColor panelBackground; ///< side panels
+    QColor panelSecondaryBackground; ///< nested panel areas, cards
+    QColor panelHeaderBackground; ///< panel title bars
+    QColor canvasBackground; ///< area around the slide on the design canvas
+    QColor border; ///< outlines of panels and controls
+    QColor separator; ///< divider lines
+    QColor primaryText; ///< main text
+    QColor secondaryText; ///< labels
+    QColor mutedText; ///< hints, empty states
+    QColor accent; ///< accent colour, selection marks
+    QColor accentHover; ///< accent under the pointer
+    QColor live; ///< live state
+    QColor blackout; ///< blackout state
+    QColor warning; ///< warnings
+    QColor selection; ///< selected-row fill
+    QColor controlBackground; ///< buttons and similar controls
+    QColor inputBackground; ///< text fields and editors
+
+    static const ZelvoTheme &dark();
+    static const ZelvoTheme &light();
+
+    /// The dark palette for the dark scheme, the light one for any other.
+    static const ZelvoTheme &current(ColorScheme scheme);
+
+    bool operator==(const ZelvoTheme &) const = default;
+};
+
+/// The eighteen roles by name, in the order of the record; the style sheet refers to them so.
+inline constexpr auto themeRoles
+    = std::to_array<std::pair<std::string_view, QColor ZelvoTheme::*>>({
+        {"appBackground", &ZelvoTheme::appBackground},
+        {"panelBackground", &ZelvoTheme::panelBackground},
+        {"panelSecondaryBackground", &ZelvoTheme::panelSecondaryBackground},
+        {"panelHeaderBackground", &ZelvoTheme::panelHeaderBackground},
+        {"canvasBackground", &ZelvoTheme::canvasBackground},
+        {"border", &ZelvoTheme::border},
+        {"separator", &ZelvoTheme::separator},
+        {"primaryText", &ZelvoTheme::primaryText},
+        {"secondaryText", &ZelvoTheme::secondaryText},
+        {"mutedText", &ZelvoTheme::mutedText},
+        {"accent", &ZelvoTheme::accent},
+        {"accentHover", &ZelvoTheme::accentHover},
+        {"live", &ZelvoTheme::live},
+        {"blackout", &ZelvoTheme::blackout},
+        {"warning", &ZelvoTheme::warning},
+        {"selection", &ZelvoTheme::selection},
+        {"controlBackground", &ZelvoTheme::controlBackground},
+        {"inputBackground", &ZelvoTheme::inputBackground},
+    });
+
+} // namespace quenara

@@ -1,0 +1,40 @@
+#include "DisplayOutputView.h"
+
+#include "HoldingScreenView.h"
+#include "SlideRendererView.h"
+#include "WorkspaceStore.h"
+
+#include <QPainter>
+
+namespace quenara {
+
+DisplayOutputView::DisplayOutputView(const WorkspaceStore &store, QWidget *parent) :
+    QWidget(parent),
+    m_store(store)
+{
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setCursor(Qt::BlankCursor);
+    const auto redraw = qOverload<>(&QWidget::update);
+    connect(&store, &WorkspaceStore::liveSlideIDChanged, this, redraw);
+    connect(&store, &WorkspaceStore::outputModeChanged, this, redraw);
+    connect(&store, &WorkspaceStore::projectChanged, this, redraw);
+}
+
+void DisplayOutputView::paintEvent(QPaintEvent * /*event*/)
+{
+    QPainter painter(this);
+    painter.fillRect(rect(), Qt::black);
+    switch (m_store.outputMode()) {
+    case OutputMode::live:
+        SlideRendererView{.slide = m_store.slideWithID(m_store.liveSlideID())}.paint(painter,
+                                                                                     rect());
+        break;
+    case OutputMode::blackout:
+        break;
+    case OutputMode::logo:
+        HoldingScreenView().paint(painter, rect());
+        break;
+    }
+}
+
+} // namespace quenara

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QWidget>
+
+class QLabel;
+class QLineEdit;
+class QListView;
+
+namespace quenara {
+
+class ShowListModel;
+class SlideView;
+class WorkspaceStore;
+
+/// The content of the operator window: the project's name and state, the show as a list, and a
+/// picture of the live slide. A click on a slide selects and queues it.
+class OperatorView : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit OperatorView(WorkspaceStore &store, QWidget *parent = nullptr);
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    QWidget *makeProjectBar();
+    QWidget *makeShowList();
+    QWidget *makeLivePreview();
+    void commitProjectName();
+    void showStore();
+
+    WorkspaceStore &m_store;
+    QLineEdit *m_projectName = nullptr;
+    QLabel *m_edited = nullptr;
+    QLabel *m_fileName = nullptr;
+    QLabel *m_outputState = nullptr;
+    ShowListModel *m_showModel = nullptr;
+    QListView *m_showList = nullptr;
+    QLabel *m_liveTitle = nullptr;
+    SlideView *m_livePreview = nullptr;
+};
+
+} // namespace quenara

@@ -1,0 +1,61 @@
+#include "DeviceLayer.h"
+
+#include <QPaintDevice>
+
+#include <cmath>
+
+namespace quenara {
+
+namespace {
+
+QRectF visibleDeviceRect(const QPainter &painter)
+{
+    const QPaintDevice *device = painter.device();
+    const double ratio = device->devicePixelRatio();
+    const QRectF whole(0, 0, device->width() * ratio, device->height() * ratio);
+    if (!painter.hasClipping())
+        return whole;
+    return whole.intersected(painter.deviceTransform().mapRect(painter.clipBoundingRect()));
+}
+
+} // namespace
+
+DeviceLayer DeviceLayer::painted(const QPainter &painter, const QRectF &bounds, int margin,
+                                 const std::function<void(QPainter &)> &paint)
+{
+    const QTransform transform = painter.deviceTransform();
+    const QMarginsF around(margin, margin, margin, margin);
+    const QRect covered = transform.mapRect(bounds)
+                              .marginsAdded(around)
+                              .intersected(visibleDeviceRect(painter).marginsAdded(around))
+                              .toAlignedRect();
+    if (covered.isEmpty())
+        return {};
+    DeviceLayer layer{QImage(covered.size(), QImage::Format_ARGB32_Premultiplied),
+                      covered.topLeft()};
+    layer.image.fill(Qt::transparent);
+    QPainter layerPainter(&layer.image);
+    layerPainter.setRenderHints(painter.renderHints());
+    layerPainter.setTransform(transform
+                              * QTransform::fromTranslate(-covered.left(), -covered.top()));
+    paint(layerPainter);
+    return layer;
+}
+
+void DeviceLayer::draw(QPainter &painter, double opacity, const QPointF &offset) const
+{
+    if (image.isNull())
+        return;
+    painter.save();
+    painter.setWorldTransform(painter.deviceTransform().inverted() * painter.worldTransform());
+    painter.setOpacity(painter.opacity() * opacity);
+    painter.drawImage(QPointF(origin) + offset, image);
+    painter.restore();
+}
+
+double deviceScale(const QPainter &painter)
+{
+    return std::sqrt(std::abs(painter.deviceTransform().determinant()));
+}
+
+} // namespace quenara

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QImage>
+#include <QPainter>
+#include <QPoint>
+#include <QRectF>
+
+#include <functional>
+
+namespace quenara {
+
+/// A picture of a part of a paint device, pixel for pixel, on which content is prepared as a whole
+/// before it is laid over what is there.
+struct DeviceLayer
+{
+    QImage image; ///< ARGB32 premultiplied, transparent where nothing was painted
+    QPoint origin; ///< where its top left lies, in device pixels
+
+    /// What \a paint draws, seen through the painter's transform. Covers \a bounds (the painter's
+    /// coordinates) as far as it is visible, with \a margin device pixels around. The image is
+    /// null when nothing of it is.
+    static DeviceLayer painted(const QPainter &painter, const QRectF &bounds, int margin,
+                               const std::function<void(QPainter &)> &paint);
+
+    /// Lays the layer over \a painter's device, moved by \a offset device pixels.
+    void draw(QPainter &painter, double opacity, const QPointF &offset = {}) const;
+};
+
+/// The factor from the painter's coordinates to device pixels.
+double deviceScale(const QPainter &painter);
+
+} // namespace quenara

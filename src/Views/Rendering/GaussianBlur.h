@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QImage>
+
+namespace quenara {
+
+/// \a image blurred like a Gaussian of standard deviation \a sigma pixels, by three box passes
+/// each way. What lies outside the picture counts as transparent, so that its edges fade. Takes
+/// Format_Alpha8 and Format_ARGB32_Premultiplied and gives back the same; a sigma below a third of
+/// a pixel changes nothing.
+QImage gaussianBlurred(const QImage &image, double sigma);
+
+/// How far a blur of \a sigma reaches beyond what it blurs, in whole pixels.
+int blurReach(double sigma);
+
+} // namespace quenara

@@ -1,0 +1,54 @@
+#include "ImageElementRenderView.h"
+
+#include "SlideFonts.h"
+#include "ZelvoImageLoader.h"
+
+#include <algorithm>
+
+namespace quenara {
+
+namespace {
+
+// The placeholder's sizes are points of the screen, whatever the scale of the slide.
+constexpr double labelSize = 22;
+constexpr double borderWidth = 2;
+constexpr double dashLength = 8;
+constexpr double dashGap = 6;
+
+void paintPlaceholder(QPainter &painter, const QRectF &box)
+{
+    painter.save();
+    painter.setClipRect(box, Qt::IntersectClip);
+    painter.fillRect(box, QColor::fromRgbF(0, 0, 0, 0.32F));
+    QPen pen(QColor::fromRgbF(1, 1, 1, 0.35F), borderWidth, Qt::CustomDashLine, Qt::FlatCap,
+             Qt::MiterJoin);
+    pen.setDashPattern({dashLength / borderWidth, dashGap / borderWidth});
+    painter.setPen(pen);
+    painter.drawRect(box);
+    painter.setPen(QColor::fromRgbF(1, 1, 1, 0.62F));
+    painter.setFont(systemFont(labelSize, QFont::DemiBold));
+    painter.drawText(box, Qt::AlignCenter, QStringLiteral("Image"));
+    painter.restore();
+}
+
+} // namespace
+
+QRectF fillingPart(const QSizeF &size, const QRectF &box)
+{
+    const double ratio = std::max(box.width() / size.width(), box.height() / size.height());
+    const QSizeF part = box.size() / ratio;
+    return {QPointF((size.width() - part.width()) / 2, (size.height() - part.height()) / 2), part};
+}
+
+void ImageElementRenderView::paint(QPainter &painter, const QRectF &box) const
+{
+    if (box.isEmpty())
+        return;
+    const QImage image = media ? ZelvoImageLoader::image(*media) : QImage();
+    if (image.isNull())
+        paintPlaceholder(painter, box);
+    else
+        painter.drawImage(box, image, fillingPart(image.size(), box));
+}
+
+} // namespace quenara

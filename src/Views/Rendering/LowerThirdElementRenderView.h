@@ -1,0 +1,21 @@
+#pragma once
+
+#include "SlideDesignModels.h"
+
+#include <QPainter>
+#include <QRectF>
+
+#include <optional>
+
+namespace quenara {
+
+/// A name caption band: an accent bar and two lines over a fill. Nothing without properties.
+struct LowerThirdElementRenderView
+{
+    std::optional<LowerThirdProperties> lowerThird;
+    double scale; ///< points of the target for one canvas unit
+
+    void paint(QPainter &painter, const QRectF &box) const;
+};
+
+} // namespace quenara

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <QPainterPath>
+#include <QRectF>
+
+namespace quenara {
+
+/// A rectangle with continuous corners: the curvature grows smoothly from the straight edges and
+/// the corner's middle lies where a circle of \a radius has it. A radius larger than the half of
+/// the shorter side is cut to that.
+QPainterPath continuousRoundedRect(const QRectF &rect, double radius);
+
+} // namespace quenara

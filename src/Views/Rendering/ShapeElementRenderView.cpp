@@ -1,0 +1,40 @@
+#include "ShapeElementRenderView.h"
+
+#include "RoundedShapes.h"
+
+#include <algorithm>
+
+namespace quenara {
+
+namespace {
+
+constexpr double miterLimit = 10;
+
+QPainterPath outline(const ShapeProperties &shape, const QRectF &box)
+{
+    if (shape.kind == ShapeKind::capsule)
+        return continuousRoundedRect(box, std::min(box.width(), box.height()) / 2);
+    return continuousRoundedRect(box, shape.cornerRadius);
+}
+
+} // namespace
+
+void ShapeElementRenderView::paint(QPainter &painter, const QRectF &box) const
+{
+    if (!shape || box.isEmpty())
+        return;
+    if (shape->kind == ShapeKind::line) {
+        painter.fillRect(box, shape->fill.toColor());
+        return;
+    }
+    const QPainterPath path = outline(*shape, box);
+    painter.fillPath(path, shape->fill.toColor());
+    if (shape->stroke && shape->strokeWidth > 0) {
+        QPen pen(shape->stroke->toColor(), shape->strokeWidth, Qt::SolidLine, Qt::FlatCap,
+                 Qt::MiterJoin);
+        pen.setMiterLimit(miterLimit);
+        painter.strokePath(path, pen);
+    }
+}
+
+} // namespace quenara

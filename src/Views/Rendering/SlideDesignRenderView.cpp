@@ -1,0 +1,101 @@
+#include "SlideDesignRenderView.h"
+
+#include "DeviceLayer.h"
+#include "SlideBackgroundRenderView.h"
+#include "SlideElementRenderView.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace quenara {
+
+namespace {
+
+// Canvas units: what the guide leaves free on both sides together.
+constexpr double safeAreaInsetX = 180;
+constexpr double safeAreaInsetY = 150;
+
+constexpr double miterLimit = 10;
+
+/// A dashed rectangle; all lengths in points of the target.
+struct DashedOutline
+{
+    QColor color;
+    double width;
+    double dash;
+    double gap;
+};
+
+void strokeDashed(QPainter &painter, const QRectF &rect, const DashedOutline &outline)
+{
+    QPen pen(outline.color, outline.width, Qt::CustomDashLine, Qt::FlatCap, Qt::MiterJoin);
+    pen.setDashPattern({outline.dash / outline.width, outline.gap / outline.width});
+    pen.setMiterLimit(miterLimit);
+    painter.setPen(pen);
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(rect);
+}
+
+void paintContent(QPainter &painter, const SlideElementRenderView &content, const QRectF &box)
+{
+    const double opacity = std::clamp(content.element.opacity, 0.0, 1.0);
+    if (opacity == 1) {
+        content.paint(painter, box);
+    } else if (opacity > 0) {
+        // The layer fades as a whole, not part by part where its parts overlap.
+        const double around = content.overhang();
+        const QRectF bounds = box.adjusted(-around, -around, around, around);
+        DeviceLayer::painted(painter, bounds, 1, [&](QPainter &layer) {
+            content.paint(layer, box);
+        }).draw(painter, opacity);
+    }
+}
+
+} // namespace
+
+QRectF SlideDesignRenderView::safeArea() const
+{
+    const CanvasSize &canvas = slide.design.canvasSize;
+    QRectF guide(0, 0, (canvas.width - safeAreaInsetX) * scale,
+                 (canvas.height - safeAreaInsetY) * scale);
+    guide.moveCenter({canvas.width * scale / 2, canvas.height * scale / 2});
+    return guide;
+}
+
+QRectF SlideDesignRenderView::box(const SlideElement &element) const
+{
+    const CanvasFrame &frame = element.frame;
+    return {frame.x * scale, frame.y * scale, frame.width * scale, frame.height * scale};
+}
+
+void SlideDesignRenderView::paint(QPainter &painter) const
+{
+    const SlideDesign &design = slide.design;
+    const QRectF whole(0, 0, design.canvasSize.width * scale, design.canvasSize.height * scale);
+    painter.save();
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing
+                           | QPainter::SmoothPixmapTransform);
+    SlideBackgroundRenderView{design.background, scale}.paint(painter, whole);
+    for (const SlideElement &element : design.visibleElementsInDrawingOrder()) {
+        const QRectF elementBox = box(element);
+        painter.save();
+        painter.translate(elementBox.center());
+        painter.rotate(std::fmod(element.rotation, 360));
+        painter.translate(-elementBox.center());
+        paintContent(painter, {element, scale}, elementBox);
+        painter.restore();
+        // The outline runs along the slide's edges; the editor draws handles around the layer.
+        if (selectedElementID == element.id) {
+            strokeDashed(painter, whole,
+                         {.color = QColor(0xe0, 0xa1, 0x34), .width = 2, .dash = 7, .gap = 5});
+        }
+    }
+    if (showSafeArea && design.safeAreaEnabled) {
+        strokeDashed(
+            painter, safeArea(),
+            {.color = QColor::fromRgbF(1, 1, 1, 0.35F), .width = 1, .dash = 8, .gap = 8});
+    }
+    painter.restore();
+}
+
+} // namespace quenara

@@ -1,0 +1,82 @@
+#include "SlideFonts.h"
+
+#include <QDir>
+#include <QFontDatabase>
+
+#include <cmath>
+
+namespace quenara {
+
+namespace {
+
+/// What stands in for the families that documents name and that are not free to ship.
+QString standIn(const QString &family)
+{
+    if (family == u"Avenir Next")
+        return QStringLiteral("Lato");
+    if (family == u"Georgia")
+        return QFontDatabase::hasFamily(QStringLiteral("DejaVu Serif"))
+            ? QStringLiteral("DejaVu Serif")
+            : QFontInfo(QFont(QStringLiteral("serif"))).family();
+    if (family == u"Menlo")
+        return QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
+    return systemFontFamily();
+}
+
+} // namespace
+
+int loadBundledFonts()
+{
+    int faces = 0;
+    const QDir fonts(QStringLiteral(":/fonts"));
+    for (const QString &name : fonts.entryList(QDir::Files))
+        faces += QFontDatabase::addApplicationFont(fonts.filePath(name)) >= 0 ? 1 : 0;
+    return faces;
+}
+
+QString systemFontFamily()
+{
+    return QStringLiteral("Inter");
+}
+
+QFont::Weight fontWeight(TextFontWeight weight)
+{
+    switch (weight) {
+    case TextFontWeight::regular:
+        return QFont::Normal;
+    case TextFontWeight::medium:
+        return QFont::Medium;
+    case TextFontWeight::semibold:
+        return QFont::DemiBold;
+    case TextFontWeight::bold:
+        return QFont::Bold;
+    case TextFontWeight::heavy:
+        break;
+    }
+    return QFont::ExtraBold;
+}
+
+QString installedFamily(const QString &family)
+{
+    return !family.isEmpty() && QFontDatabase::hasFamily(family) ? family : standIn(family);
+}
+
+QFont slideFont(const QString &family, TextFontWeight weight, int pixelSize)
+{
+    QFont font(installedFamily(family));
+    font.setPixelSize(pixelSize);
+    font.setWeight(fontWeight(weight));
+    font.setHintingPreference(QFont::PreferNoHinting);
+    return font;
+}
+
+QFont systemFont(double pixelSize, QFont::Weight weight)
+{
+    QFont font(systemFontFamily());
+    font.setPixelSize(int(std::lround(pixelSize)));
+    font.setWeight(weight);
+    font.setHintingPreference(QFont::PreferNoHinting);
+    return font;
+}
+
+} // namespace quenara

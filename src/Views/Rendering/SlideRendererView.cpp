@@ -1,0 +1,42 @@
+#include "SlideRendererView.h"
+
+#include "SlideDesignRenderView.h"
+
+namespace quenara {
+
+QRectF SlideRendererView::fittedRect(const QSizeF &container, double aspectRatio)
+{
+    const double width = container.width();
+    const double height = container.height();
+    if (!(width > 0) || !(height > 0))
+        return {};
+    if (width / height > aspectRatio) {
+        const double fitted = height * aspectRatio;
+        return {(width - fitted) / 2, 0, fitted, height};
+    }
+    const double fitted = width / aspectRatio;
+    return {0, (height - fitted) / 2, width, fitted};
+}
+
+void SlideRendererView::paint(QPainter &painter, const QRectF &area) const
+{
+    const CanvasSize canvas = slide ? slide->design.canvasSize : CanvasSize();
+    if (!(canvas.width > 0) || !(canvas.height > 0))
+        return;
+    const QRectF fitted
+        = fittedRect(area.size(), canvas.width / canvas.height).translated(area.topLeft());
+    if (fitted.isEmpty())
+        return;
+    if (!slide) {
+        painter.fillRect(fitted, Qt::black);
+        return;
+    }
+    painter.save();
+    painter.setClipRect(fitted, Qt::IntersectClip);
+    painter.translate(fitted.topLeft());
+    SlideDesignRenderView{*slide, fitted.width() / canvas.width, showSafeArea, selectedElementID}
+        .paint(painter);
+    painter.restore();
+}
+
+} // namespace quenara

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "ProjectModels.h"
+
+#include <QPainter>
+#include <QRectF>
+#include <QSizeF>
+
+#include <optional>
+
+namespace quenara {
+
+/// The one renderer of slides: fitted and centred in the area it is given, clipped to the slide.
+/// Reads only its fields and leaves the painter as it found it; what lies around the slide is not
+/// painted.
+struct SlideRendererView
+{
+    /// Without a slide, a black picture of the standard aspect ratio.
+    std::optional<Slide> slide;
+    bool showSafeArea = false;
+    std::optional<QString> selectedElementID = std::nullopt;
+
+    void paint(QPainter &painter, const QRectF &area) const;
+
+    /// The largest rectangle of \a aspectRatio (width over height) centred in \a container; empty
+    /// at the origin when the container is.
+    static QRectF fittedRect(const QSizeF &container, double aspectRatio);
+};
+
+} // namespace quenara

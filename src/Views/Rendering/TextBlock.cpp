@@ -1,0 +1,138 @@
+#include "TextBlock.h"
+
+#include "SlideFonts.h"
+
+#include <QFontMetricsF>
+#include <QTextLayout>
+
+#include <algorithm>
+
+namespace quenara {
+
+namespace {
+
+/// The pixel size at which texts are laid out before they are scaled to their own: large enough
+/// that rounding inside the font engine does not show.
+constexpr int layoutPixelSize = 128;
+constexpr double fitTolerance = 0.002;
+constexpr double smallestFontSize = 0.1;
+constexpr char16_t ellipsis = u'\u2026';
+
+Qt::Alignment alignmentOf(TextAlignmentValue alignment)
+{
+    switch (alignment) {
+    case TextAlignmentValue::left:
+        return Qt::AlignLeft | Qt::AlignAbsolute;
+    case TextAlignmentValue::center:
+        return Qt::AlignHCenter;
+    case TextAlignmentValue::right:
+        break;
+    }
+    return Qt::AlignRight | Qt::AlignAbsolute;
+}
+
+QString withLineSeparators(QString text)
+{
+    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    text.replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    return text.replace(QLatin1Char('\n'), QChar::LineSeparator);
+}
+
+} // namespace
+
+TextBlock::TextBlock(const TextElementProperties &text, const QSizeF &box) :
+    m_text(text),
+    m_box(std::max(0.0, box.width()), std::max(0.0, box.height())),
+    m_string(withLineSeparators(text.displayText())),
+    m_layout(std::make_unique<QTextLayout>())
+{
+    layOut(1);
+    if (m_bounds.height() <= m_box.height())
+        return;
+    double fits = smallestFit;
+    double tooLarge = 1;
+    while (tooLarge - fits > fitTolerance) {
+        const double middle = (fits + tooLarge) / 2;
+        layOut(middle);
+        (m_bounds.height() <= m_box.height() ? fits : tooLarge) = middle;
+    }
+    layOut(fits);
+    if (m_bounds.height() > m_box.height())
+        truncate();
+}
+
+TextBlock::~TextBlock() = default;
+
+void TextBlock::layOut(double fit)
+{
+    m_fit = fit;
+    const double unit = std::max(smallestFontSize, m_text.fontSize * fit) / layoutPixelSize;
+    QFont font = slideFont(m_text.fontFamily, m_text.weight, layoutPixelSize);
+    font.setLetterSpacing(QFont::AbsoluteSpacing, m_text.characterSpacing / unit);
+    QTextOption option(alignmentOf(m_text.alignment));
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    option.setUseDesignMetrics(true);
+
+    const double width = m_box.width() / unit;
+    const double spacing = std::max(0.0, layoutPixelSize * (m_text.lineHeight - 1));
+    m_layout->setText(m_string);
+    m_layout->setFont(font);
+    m_layout->setTextOption(option);
+    m_layout->beginLayout();
+    double y = 0;
+    QRectF covered;
+    for (QTextLine line = m_layout->createLine(); line.isValid(); line = m_layout->createLine()) {
+        line.setLineWidth(width);
+        line.setPosition({0, y});
+        covered |= QRectF(line.naturalTextRect().left(), y, line.naturalTextWidth(), line.height());
+        y += line.height() + spacing;
+    }
+    m_layout->endLayout();
+    m_bounds = QRectF(covered.left() * unit, (m_box.height() - covered.height() * unit) / 2,
+                      covered.width() * unit, covered.height() * unit);
+}
+
+void TextBlock::truncate()
+{
+    const double unit = m_text.fontSize * m_fit / layoutPixelSize;
+    int fitting = 0;
+    while (fitting < m_layout->lineCount()
+           && m_layout->lineAt(fitting).rect().bottom() * unit <= m_box.height())
+        ++fitting;
+    const QTextLine last = m_layout->lineAt(std::max(0, fitting - 1));
+    QString rest = m_string.mid(last.textStart(), last.textLength());
+    while (!rest.isEmpty() && rest.back().isSpace())
+        rest.chop(1);
+    const QString elided = QFontMetricsF(m_layout->font())
+                               .elidedText(rest + QChar(ellipsis) + QChar(ellipsis),
+                                           Qt::ElideRight, m_box.width() / unit);
+    m_string = m_string.first(last.textStart()) + elided;
+    if (!m_string.endsWith(QChar(ellipsis)))
+        m_string += QChar(ellipsis);
+    while (m_string.endsWith(QStringLiteral("\u2026\u2026")))
+        m_string.chop(1);
+    layOut(m_fit);
+}
+
+QStringList TextBlock::lines() const
+{
+    QStringList lines;
+    for (int i = 0; i < m_layout->lineCount(); ++i) {
+        const QTextLine line = m_layout->lineAt(i);
+        QString text = m_layout->text().mid(line.textStart(), line.textLength());
+        lines.append(text.remove(QChar::LineSeparator));
+    }
+    return lines;
+}
+
+void TextBlock::draw(QPainter &painter) const
+{
+    const double unit = std::max(smallestFontSize, m_text.fontSize * m_fit) / layoutPixelSize;
+    painter.save();
+    painter.translate(0, m_bounds.top());
+    painter.scale(unit, unit);
+    m_layout->draw(&painter, {});
+    painter.restore();
+}
+
+} // namespace quenara

@@ -1,0 +1,83 @@
+#include "TextElementRenderView.h"
+
+#include "DeviceLayer.h"
+#include "GaussianBlur.h"
+#include "RoundedShapes.h"
+#include "TextBlock.h"
+
+#include <QColor>
+
+namespace quenara {
+
+namespace {
+
+constexpr double fillCornerRadius = 10; // canvas units
+
+/// A blurred copy of the text in one colour; lengths in canvas units.
+struct Glow
+{
+    RGBAColor color;
+    double radius = 0;
+    QPointF offset;
+};
+
+QImage tinted(const QImage &mask, const QColor &color)
+{
+    QImage picture(mask.size(), QImage::Format_ARGB32_Premultiplied);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.drawImage(0, 0, mask);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(picture.rect(), color);
+    painter.end();
+    return picture;
+}
+
+/// \a painter is in canvas units, the block's box at its origin.
+void paintGlow(QPainter &painter, const TextBlock &block, const Glow &glow)
+{
+    const double scale = deviceScale(painter);
+    // A blur radius is twice the standard deviation of the Gaussian.
+    const double sigma = std::max(0.0, glow.radius) / 2 * scale;
+    DeviceLayer layer
+        = DeviceLayer::painted(painter, block.bounds(), blurReach(sigma), [&](QPainter &mask) {
+              mask.setPen(Qt::black);
+              block.draw(mask);
+          });
+    if (layer.image.isNull())
+        return;
+    const QImage mask = gaussianBlurred(layer.image.convertToFormat(QImage::Format_Alpha8), sigma);
+    layer.image = tinted(mask, glow.color.toColor());
+    const QTransform toDevice = painter.deviceTransform();
+    layer.draw(painter, 1, toDevice.map(glow.offset) - toDevice.map(QPointF()));
+}
+
+} // namespace
+
+void TextElementRenderView::paint(QPainter &painter, const QRectF &box) const
+{
+    if (scale <= 0)
+        return;
+    painter.save();
+    if (text.backgroundFill) {
+        painter.fillPath(continuousRoundedRect(box, fillCornerRadius * scale),
+                         text.backgroundFill->toColor());
+    }
+    const QSizeF inner(box.width() / scale - 2 * text.padding,
+                       box.height() / scale - 2 * text.padding);
+    const TextBlock block(text, inner);
+    painter.translate(box.topLeft());
+    painter.scale(scale, scale);
+    painter.translate(text.padding, text.padding);
+    if (text.outline)
+        paintGlow(painter, block, {text.outline->color, text.outline->width, {}});
+    if (text.shadow) {
+        paintGlow(painter, block,
+                  {text.shadow->color, text.shadow->radius, {text.shadow->x, text.shadow->y}});
+    }
+    painter.setPen(text.textColor.toColor());
+    block.draw(painter);
+    painter.restore();
+}
+
+} // namespace quenara

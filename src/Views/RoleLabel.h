@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QLabel>
+#include <QString>
+
+namespace quenara {
+
+/// A plain-text label that the style sheet knows by its \a role.
+QLabel *makeRoleLabel(const QString &role, const QString &text = {});
+
+} // namespace quenara

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "ProjectModels.h"
+
+#include <QWidget>
+
+#include <optional>
+
+namespace quenara {
+
+/// A picture of a slide inside a window of the interface.
+class SlideView : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit SlideView(QWidget *parent = nullptr);
+
+    void setSlide(const std::optional<Slide> &slide);
+    const std::optional<Slide> &slide() const { return m_slide; }
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    std::optional<Slide> m_slide;
+};
+
+} // namespace quenara

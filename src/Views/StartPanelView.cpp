@@ -1,0 +1,135 @@
+#include "StartPanelView.h"
+
+#include "Icons.h"
+#include "RoleLabel.h"
+#include "WorkspaceStore.h"
+#include "ZelvoTheme.h"
+
+#include <QDir>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+namespace quenara {
+
+namespace {
+
+constexpr QSize panelSize{700, 430};
+constexpr int startColumnWidth = 270;
+constexpr int padding = 18;
+constexpr int spacing = 12;
+constexpr int startButtonHeight = 44;
+constexpr QSize startIconSize{18, 18};
+
+/// The path as people read it, below the home folder from "~" on.
+QString shownPath(const QString &path)
+{
+    const QString home = QDir::homePath();
+    return path.startsWith(home + QLatin1Char('/')) ? QLatin1Char('~') + path.mid(home.size())
+                                                    : path;
+}
+
+} // namespace
+
+StartPanelView::StartPanelView(WorkspaceStore &store, QWidget *parent) :
+    QDialog(parent),
+    m_store(store)
+{
+    setObjectName(QStringLiteral("startPanel"));
+    setWindowTitle(QStringLiteral("Quenara"));
+    setFixedSize(panelSize);
+    auto *separator = new QFrame;
+    separator->setFrameShape(QFrame::VLine);
+    auto *layout = new QHBoxLayout(this);
+    layout->setContentsMargins(padding, padding, padding, padding);
+    layout->setSpacing(spacing);
+    layout->addWidget(makeStartColumn());
+    layout->addWidget(separator);
+    layout->addWidget(makeRecentColumn(), 1);
+}
+
+template<class Action>
+QWidget *StartPanelView::makeStartButton(const QString &title, const QString &icon, Action action)
+{
+    auto *button = new QPushButton(
+        tintedIcon(icon, ZelvoTheme::current(colorSchemeOf(palette())).accent), title);
+    button->setProperty("role", QStringLiteral("start"));
+    button->setIconSize(startIconSize);
+    button->setFixedHeight(startButtonHeight);
+    connect(button, &QPushButton::clicked, this, [this, action] {
+        // The sheet goes first, so that a panel or an alert of the action stands on the window.
+        accept();
+        action(m_store);
+    });
+    return button;
+}
+
+QWidget *StartPanelView::makeStartColumn()
+{
+    auto *column = new QWidget;
+    column->setFixedWidth(startColumnWidth);
+    auto *layout = new QVBoxLayout(column);
+    layout->setContentsMargins(0, 0, spacing, 0);
+    layout->setSpacing(spacing);
+    layout->addWidget(makeRoleLabel(QStringLiteral("title"), QStringLiteral("Quenara")));
+    layout->addWidget(makeRoleLabel(QStringLiteral("caption"), QStringLiteral("Projects")));
+    layout->addWidget(makeStartButton(QStringLiteral("New Blank Project"),
+                                      QStringLiteral("file-earmark-plus"),
+                                      [](WorkspaceStore &store) { store.newBlankProject(); }));
+    layout->addWidget(
+        makeStartButton(QStringLiteral("New Sunday Service"), QStringLiteral("calendar-plus"),
+                        [](WorkspaceStore &store) { store.newSundayServiceProject(); }));
+    layout->addWidget(makeStartButton(QStringLiteral("Open Demo Service"),
+                                      QStringLiteral("collection-play"),
+                                      [](WorkspaceStore &store) { store.loadDemoProject(); }));
+    layout->addWidget(makeStartButton(QStringLiteral("Open File..."),
+                                      QStringLiteral("folder2-open"),
+                                      [](WorkspaceStore &store) { store.openProjectWithPanel(); }));
+    layout->addStretch();
+    return column;
+}
+
+QWidget *StartPanelView::makeRecentColumn()
+{
+    auto *rows = new QWidget;
+    auto *rowsLayout = new QVBoxLayout(rows);
+    rowsLayout->setContentsMargins(0, 0, 0, 0);
+    rowsLayout->setSpacing(spacing);
+    const QList<RecentProject> recentProjects = m_store.recentProjects();
+    if (recentProjects.isEmpty())
+        rowsLayout->addWidget(makeRoleLabel(QStringLiteral("muted"),
+                                        QStringLiteral("No recent projects yet.")));
+    for (const RecentProject &project : recentProjects) {
+        auto *row = new QPushButton;
+        row->setProperty("role", QStringLiteral("recent"));
+        row->setAccessibleName(project.name);
+        row->setAccessibleDescription(project.path);
+        auto *rowLayout = new QVBoxLayout(row);
+        rowLayout->addWidget(makeRoleLabel(QStringLiteral("rowTitle"), project.name));
+        rowLayout->addWidget(makeRoleLabel(QStringLiteral("muted"), shownPath(project.path)));
+        row->setFixedHeight(rowLayout->sizeHint().height());
+        connect(row, &QPushButton::clicked, this, [this, url = project.url()] {
+            accept();
+            m_store.openProject(url);
+        });
+        rowsLayout->addWidget(row);
+    }
+    rowsLayout->addStretch();
+
+    auto *scroll = new QScrollArea;
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    scroll->setWidget(rows);
+
+    auto *column = new QWidget;
+    auto *layout = new QVBoxLayout(column);
+    layout->setContentsMargins(spacing, 0, 0, 0);
+    layout->setSpacing(spacing);
+    layout->addWidget(makeRoleLabel(QStringLiteral("heading"), QStringLiteral("Recent")));
+    layout->addWidget(scroll, 1);
+    return column;
+}
+
+} // namespace quenara

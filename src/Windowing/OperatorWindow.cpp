@@ -1,0 +1,88 @@
+#include "OperatorWindow.h"
+
+#include "OperatorView.h"
+#include "StartPanelView.h"
+#include "WindowCoordinator.h"
+#include "WorkspaceStore.h"
+#include "ZelvoCommands.h"
+
+#include <QCloseEvent>
+#include <QMenuBar>
+#include <QMessageBox>
+
+namespace quenara {
+
+namespace {
+
+constexpr QSize minimumContentSize(1180, 760);
+constexpr QSize defaultSize(1480, 900);
+
+} // namespace
+
+OperatorWindow::OperatorWindow(WorkspaceStore &store, WindowCoordinator &windows,
+                               ZelvoCommands &commands) :
+    m_store(store),
+    m_windows(windows)
+{
+    setObjectName(QStringLiteral("operatorWindow"));
+    commands.fill(*menuBar());
+    auto *content = new OperatorView(store);
+    content->setMinimumSize(minimumContentSize);
+    setCentralWidget(content);
+    resize(defaultSize);
+
+    connect(&store, &WorkspaceStore::projectChanged, this, &OperatorWindow::showTitle);
+    connect(&store, &WorkspaceStore::isStartPanelPresentedChanged, this,
+            &OperatorWindow::showStartPanel);
+    connect(&store, &WorkspaceStore::errorMessageChanged, this, &OperatorWindow::showError);
+    showTitle();
+    showError();
+}
+
+void OperatorWindow::closeEvent(QCloseEvent *event)
+{
+    m_windows.closeDisplayWindow();
+    m_windows.closeStageWindow();
+    event->accept();
+}
+
+void OperatorWindow::showTitle()
+{
+    setWindowTitle(QStringLiteral("%1 \u2014 Quenara").arg(m_store.project().name));
+}
+
+void OperatorWindow::showStartPanel()
+{
+    if (!m_store.isStartPanelPresented()) {
+        if (m_startPanel)
+            m_startPanel->close();
+        return;
+    }
+    auto *panel = new StartPanelView(m_store, this);
+    panel->setAttribute(Qt::WA_DeleteOnClose);
+    connect(panel, &QDialog::finished, this, [this] { m_store.setStartPanelPresented(false); });
+    m_startPanel = panel;
+    panel->open();
+}
+
+void OperatorWindow::showError()
+{
+    const std::optional<QString> message = m_store.errorMessage();
+    if (!message) {
+        if (m_alert)
+            m_alert->close();
+        return;
+    }
+    if (m_alert) {
+        m_alert->setText(*message);
+        return;
+    }
+    auto *alert = new QMessageBox(QMessageBox::Warning, QStringLiteral("Quenara"), *message,
+                                  QMessageBox::Ok, this);
+    alert->setAttribute(Qt::WA_DeleteOnClose);
+    connect(alert, &QDialog::finished, this, [this] { m_store.dismissError(); });
+    m_alert = alert;
+    alert->open();
+}
+
+} // namespace quenara

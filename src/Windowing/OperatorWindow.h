@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QMainWindow>
+#include <QPointer>
+
+class QMessageBox;
+
+namespace quenara {
+
+class StartPanelView;
+class WindowCoordinator;
+class WorkspaceStore;
+class ZelvoCommands;
+
+/// The main window: menus, the operator view, the start panel as its sheet and errors as alerts.
+/// Closing it ends the program, the output windows with it.
+class OperatorWindow : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    OperatorWindow(WorkspaceStore &store, WindowCoordinator &windows, ZelvoCommands &commands);
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void showTitle();
+    void showStartPanel();
+    void showError();
+
+    WorkspaceStore &m_store;
+    WindowCoordinator &m_windows;
+    QPointer<StartPanelView> m_startPanel;
+    QPointer<QMessageBox> m_alert;
+};
+
+} // namespace quenara

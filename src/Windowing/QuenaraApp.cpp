@@ -1,0 +1,33 @@
+#include "QuenaraApp.h"
+
+#include "ProjectTemplates.h"
+
+#include <QApplication>
+#include <QFileInfo>
+
+namespace quenara {
+
+QuenaraApp::QuenaraApp(const QPalette &platformPalette) :
+    m_store(ProjectTemplates::blankProject(QDateTime::currentDateTimeUtc()),
+            {.preferences = m_preferences, .panels = m_panels}),
+    m_systemScheme(QDBusConnection::sessionBus(), platformPalette),
+    m_windows(m_systemScheme),
+    m_appearance(m_preferences),
+    m_commands(m_store, m_windows, m_appearance),
+    m_operatorWindow(m_store, m_windows, m_commands)
+{
+    qApp->installEventFilter(&m_textInputGuard);
+    QObject::connect(&m_appearance, &AppearancePreference::rawValueChanged, &m_windows,
+                     [this](const QString &, const QString &newValue) {
+                         m_windows.updateAppearance(appearanceFromPreference(newValue));
+                     });
+    m_windows.updateAppearance(m_appearance.appearance());
+    m_operatorWindow.show();
+}
+
+void QuenaraApp::openDocument(const QString &path)
+{
+    m_store.openProject(QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath()));
+}
+
+} // namespace quenara

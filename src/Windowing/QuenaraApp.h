@@ -1,0 +1,40 @@
+#pragma once
+
+#include "AppearancePreference.h"
+#include "FileDialogRunner.h"
+#include "OperatorWindow.h"
+#include "SystemColorScheme.h"
+#include "TextInputGuard.h"
+#include "WindowCoordinator.h"
+#include "WorkspaceStore.h"
+#include "ZelvoCommands.h"
+
+#include <QSettings>
+
+namespace quenara {
+
+/// The running application: the one store, the one coordinator, the operator window, and what
+/// keeps every window's appearance in step with the preference.
+class QuenaraApp
+{
+public:
+    /// Needs a QApplication. Shows the operator window on an empty project.
+    /// \a platformPalette tells the scheme of a desktop that has no portal.
+    explicit QuenaraApp(const QPalette &platformPalette);
+
+    /// Opens the document the program was started with.
+    void openDocument(const QString &path);
+
+private:
+    QSettings m_preferences;
+    FileDialogRunner m_panels;
+    WorkspaceStore m_store;
+    SystemColorScheme m_systemScheme;
+    WindowCoordinator m_windows;
+    AppearancePreference m_appearance;
+    TextInputGuard m_textInputGuard;
+    ZelvoCommands m_commands;
+    OperatorWindow m_operatorWindow;
+};
+
+} // namespace quenara

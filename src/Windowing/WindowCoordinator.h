@@ -1,0 +1,79 @@
+#pragma once
+
+#include "OutputWindow.h"
+#include "WindowCloseObserver.h"
+
+#include <QObject>
+
+#include <memory>
+
+namespace quenara {
+
+class SystemColorScheme;
+class WorkspaceStore;
+
+/// Opens, raises and closes the two output windows, says whether they are open, and applies the
+/// appearance to them and to the whole application. A closed window is released; opening again
+/// makes a new one and chooses its screen afresh.
+class WindowCoordinator : public QObject
+{
+    Q_OBJECT
+    Q_PROPERTY(bool isDisplayWindowOpen READ isDisplayWindowOpen NOTIFY isDisplayWindowOpenChanged)
+    Q_PROPERTY(bool isStageWindowOpen READ isStageWindowOpen NOTIFY isStageWindowOpenChanged)
+
+public:
+    explicit WindowCoordinator(const SystemColorScheme &systemScheme, QObject *parent = nullptr);
+    ~WindowCoordinator() override;
+
+    /// Covers the second screen, else the main one. An open window is only raised.
+    void openDisplayWindow(const WorkspaceStore &store, AppAppearance appearance);
+    void closeDisplayWindow();
+    void openStageWindow(const WorkspaceStore &store, AppAppearance appearance);
+    void closeStageWindow();
+
+    void toggleDisplayWindow(const WorkspaceStore &store, AppAppearance appearance);
+    void toggleStageWindow(const WorkspaceStore &store, AppAppearance appearance);
+
+    /// From here on the application follows \a appearance, and the desktop's scheme while that is
+    /// the choice.
+    void updateAppearance(AppAppearance appearance);
+
+    bool isDisplayWindowOpen() const { return m_display.isOpen; }
+    bool isStageWindowOpen() const { return m_stage.isOpen; }
+
+    /// Null while closed.
+    OutputWindow *displayWindow() const { return m_display.window.get(); }
+    OutputWindow *stageWindow() const { return m_stage.window.get(); }
+
+signals:
+    void isDisplayWindowOpenChanged();
+    void isStageWindowOpenChanged();
+
+private:
+    /// Closing happens inside the window's own event.
+    struct DeleteLater
+    {
+        void operator()(QObject *object) const { object->deleteLater(); }
+    };
+
+    /// An output window with what belongs to it; the three change together.
+    struct Output
+    {
+        std::unique_ptr<OutputWindow, DeleteLater> window;
+        std::unique_ptr<WindowCloseObserver, DeleteLater> closeObserver;
+        bool isOpen = false;
+    };
+
+    using Signal = void (WindowCoordinator::*)();
+
+    void adopt(Output &output, OutputWindow *window, Signal changed);
+    void release(Output &output, Signal changed);
+    void applyScheme();
+
+    const SystemColorScheme &m_systemScheme;
+    AppAppearance m_appearance = AppAppearance::system;
+    Output m_display;
+    Output m_stage;
+};
+
+} // namespace quenara

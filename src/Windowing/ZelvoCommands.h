@@ -1,0 +1,86 @@
+#pragma once
+
+#include <QHash>
+#include <QObject>
+
+#include <array>
+#include <cstdint>
+#include <span>
+
+class QAction;
+class QMenuBar;
+class QWidget;
+
+namespace quenara {
+
+class AppearancePreference;
+class WindowCoordinator;
+class WorkspaceStore;
+
+enum class Command : std::uint8_t {
+    newProject,
+    newBlankProject,
+    newSundayService,
+    open,
+    save,
+    saveAs,
+    quit,
+    undo,
+    redo,
+    goLiveBySpace,
+    goLiveByReturn,
+    nextLive,
+    previousLive,
+    queueNext,
+    queuePrevious,
+    toggleBlackout,
+    toggleLogo,
+    toggleDisplayWindow,
+    toggleStageWindow,
+};
+
+/// What the menus say of a command.
+struct CommandDescription
+{
+    Command command;
+    const char *title; ///< empty for those whose title follows a window
+    std::array<const char *, 2> shortcuts; ///< portable key sequences; null where there is none
+};
+
+/// A menu: its title and its commands in order, in groups between separators.
+struct MenuDescription
+{
+    const char *title;
+    std::span<const std::span<const CommandDescription>> groups;
+};
+
+/// The menus of the program, in order.
+std::span<const MenuDescription> menuDescriptions();
+
+/// The menu bar's commands. Each calls one operation of the store or the coordinator; shortcuts
+/// work in every window of the program, one press being one step.
+class ZelvoCommands : public QObject
+{
+    Q_OBJECT
+
+public:
+    ZelvoCommands(WorkspaceStore &store, WindowCoordinator &windows,
+                  const AppearancePreference &appearance, QObject *parent = nullptr);
+
+    void fill(QMenuBar &menuBar);
+
+    QAction *action(Command command) const { return m_actions.value(command); }
+
+private:
+    QAction *makeAction(const CommandDescription &description);
+    void perform(Command command);
+    void showHistory();
+    void showWindows();
+
+    WorkspaceStore &m_store;
+    WindowCoordinator &m_windows;
+    const AppearancePreference &m_appearance;
+    QHash<Command, QAction *> m_actions;
+};
+
+} // namespace quenara

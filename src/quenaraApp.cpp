@@ -1,0 +1,24 @@
+#include "QuenaraApp.h"
+#include "SlideFonts.h"
+
+#include <QApplication>
+#include <QStyleFactory>
+
+int main(int argc, char *argv[])
+{
+    QApplication application(argc, argv);
+    QApplication::setOrganizationName(QStringLiteral("Quenara"));
+    QApplication::setApplicationName(QStringLiteral("Quenara"));
+    QApplication::setDesktopFileName(QStringLiteral("quenara"));
+    // One style on every desktop, so that the style sheet meets what it was drawn for.
+    const QPalette platformPalette = QGuiApplication::palette();
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    quenara::loadBundledFonts();
+    QApplication::setFont(quenara::systemFont(13, QFont::Normal));
+
+    quenara::QuenaraApp app(platformPalette);
+    const QStringList arguments = QApplication::arguments();
+    if (arguments.size() > 1)
+        app.openDocument(arguments.at(1));
+    return QApplication::exec();
+}
