@@ -29,8 +29,8 @@ T unread()
     return {};
 }
 
-/// Says whether \a record may stay as it was read. Required fields must be present unless a more
-/// special overload fills the gaps.
+/// Says whether \a record may stay as it was read. Required fields must be present unless a
+/// specialisation fills the gaps.
 template<Record T>
 bool complete(T & /*record*/, const PresentFields<T> &present)
 {

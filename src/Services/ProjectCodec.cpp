@@ -22,6 +22,7 @@ Slide unread<Slide>()
 }
 
 /// A slide is the one record whose every key may be missing.
+template<>
 bool complete(Slide &slide, const PresentFields<Slide> &present)
 {
     const auto isMissing = [&present](std::string_view name) {

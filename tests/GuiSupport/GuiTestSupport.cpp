@@ -1,0 +1,94 @@
+#include "GuiTestSupport.h"
+
+#include "SlideFonts.h"
+
+#include <QBuffer>
+#include <QStyleFactory>
+
+#include <algorithm>
+#include <cstdlib>
+
+namespace quenara::test {
+
+void setUpApplication()
+{
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    loadBundledFonts();
+    QApplication::setFont(systemFont(13, QFont::Normal));
+}
+
+QImage rendered(const SlideRendererView &view, const QSize &size, double devicePixelRatio)
+{
+    QImage image(size * devicePixelRatio, QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(devicePixelRatio);
+    image.fill(magenta);
+    QPainter painter(&image);
+    view.paint(painter, QRectF(QPointF(), size));
+    painter.end();
+    return image.convertToFormat(QImage::Format_ARGB32);
+}
+
+int largestDifference(const QImage &a, const QImage &b)
+{
+    constexpr int worst = 255;
+    if (a.size() != b.size())
+        return worst;
+    int largest = 0;
+    for (int y = 0; y < a.height(); ++y) {
+        for (int x = 0; x < a.width(); ++x) {
+            const QRgb p = a.pixel(x, y);
+            const QRgb q = b.pixel(x, y);
+            largest = std::max({largest, std::abs(qRed(p) - qRed(q)),
+                                std::abs(qGreen(p) - qGreen(q)), std::abs(qBlue(p) - qBlue(q)),
+                                std::abs(qAlpha(p) - qAlpha(q))});
+        }
+    }
+    return largest;
+}
+
+SlideDesign designOver(const SlideBackground &background)
+{
+    SlideDesign design;
+    design.background = background;
+    return design;
+}
+
+Slide slideWith(const SlideDesign &design)
+{
+    return {.id = QStringLiteral("slide"), .title = {}, .body = {}, .orderIndex = 0, .footer = {},
+            .image = {}, .audio = {}, .design = design};
+}
+
+SlideBackground solidBackground(const RGBAColor &color)
+{
+    SlideBackground background;
+    background.solidColor = color;
+    return background;
+}
+
+SlideElement rectangleLayer(const QString &id, const CanvasFrame &frame, const RGBAColor &fill,
+                            int zIndex)
+{
+    SlideElement element;
+    element.id = id;
+    element.kind = SlideElementKind::shape;
+    element.frame = frame;
+    element.zIndex = zIndex;
+    element.shape = ShapeProperties{.kind = ShapeKind::rectangle, .fill = fill, .stroke = {},
+                                    .strokeWidth = 0, .cornerRadius = 0};
+    return element;
+}
+
+SlideMedia solidPicture(const QSize &size, const QColor &color)
+{
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(color);
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "PNG");
+    return {.dataUrl = "data:image/png;base64," + buffer.data().toBase64(),
+            .name = QStringLiteral("picture.png"),
+            .mimeType = QStringLiteral("image/png")};
+}
+
+} // namespace quenara::test

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "SlideRendererView.h"
+
+#include <QApplication>
+#include <QImage>
+#include <QTest>
+
+namespace quenara::test {
+
+/// Gives the application the program's fonts and style.
+void setUpApplication();
+
+/// What the view paints on magenta, which shows wherever it paints nothing.
+QImage rendered(const SlideRendererView &view, const QSize &size, double devicePixelRatio = 1);
+
+inline constexpr QRgb magenta = 0xffff00ff;
+
+/// The largest difference of any channel of any pixel; 255 for pictures of different sizes.
+int largestDifference(const QImage &a, const QImage &b);
+
+/// A design without elements over \a background.
+SlideDesign designOver(const SlideBackground &background);
+Slide slideWith(const SlideDesign &design);
+
+SlideBackground solidBackground(const RGBAColor &color);
+
+/// A rectangle layer without stroke.
+SlideElement rectangleLayer(const QString &id, const CanvasFrame &frame, const RGBAColor &fill,
+                            int zIndex);
+
+/// A PNG of one colour as media.
+SlideMedia solidPicture(const QSize &size, const QColor &color);
+
+} // namespace quenara::test
+
+/// A main that runs the test as the program runs.
+#define QUENARA_GUI_TEST_MAIN(TestClass)                                                           \
+    int main(int argc, char *argv[])                                                               \
+    {                                                                                              \
+        QApplication application(argc, argv);                                                      \
+        quenara::test::setUpApplication();                                                         \
+        TestClass test;                                                                            \
+        return QTest::qExec(&test, argc, argv);                                                    \
+    }

@@ -1,0 +1,81 @@
+#include "GaussianBlur.h"
+
+#include <QTest>
+
+#include <cmath>
+#include <vector>
+
+using namespace quenara;
+
+namespace {
+
+constexpr int side = 160;
+
+QImage square()
+{
+    QImage image(side, side, QImage::Format_Alpha8);
+    image.fill(0);
+    for (int y = 60; y < 100; ++y) {
+        for (int x = 50; x < 110; ++x)
+            image.scanLine(y)[x] = 255;
+    }
+    return image;
+}
+
+/// The share of a Gaussian of \a sigma that falls between two edges, seen from \a x.
+double share(double x, double from, double to, double sigma)
+{
+    const auto below = [&](double edge) {
+        return 0.5 * (1 + std::erf((edge - x) / (sigma * std::sqrt(2.0))));
+    };
+    return below(to) - below(from);
+}
+
+} // namespace
+
+class TestGaussianBlur : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void aBlurComesCloseToTheTrueGaussian_data()
+    {
+        QTest::addColumn<double>("sigma");
+        for (const double sigma : {1.0, 2.5, 4.5, 9.0, 18.0})
+            QTest::addRow("standard deviation %g", sigma) << sigma;
+    }
+
+    void aBlurComesCloseToTheTrueGaussian()
+    {
+        QFETCH(double, sigma);
+        const QImage blurred = gaussianBlurred(square(), sigma);
+        double sum = 0;
+        for (int y = 0; y < side; ++y) {
+            for (int x = 0; x < side; ++x) {
+                const double expected
+                    = 255 * share(x + 0.5, 50, 110, sigma) * share(y + 0.5, 60, 100, sigma);
+                sum += std::abs(blurred.constScanLine(y)[x] - expected);
+            }
+        }
+        constexpr double twoPercent = 255 * 0.02;
+        QVERIFY(sum / (side * side) <= twoPercent);
+    }
+
+    void edgesFadeTowardsWhatLiesOutside()
+    {
+        QImage image(side, side, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::white);
+        const QImage blurred = gaussianBlurred(image, 8);
+        QVERIFY(std::abs(qAlpha(blurred.pixel(0, side / 2)) - 128) < 12);
+        QVERIFY(qAlpha(blurred.pixel(side / 2, side / 2)) >= 252);
+    }
+
+    void aBlurOfNothingChangesNothing()
+    {
+        QCOMPARE(gaussianBlurred(square(), 0), square());
+        QVERIFY(gaussianBlurred(QImage(), 9).isNull());
+    }
+};
+
+QTEST_APPLESS_MAIN(TestGaussianBlur)
+#include "tst_gaussian_blur.moc"

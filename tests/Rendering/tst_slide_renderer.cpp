@@ -1,0 +1,287 @@
+#include "GuiTestSupport.h"
+#include "SlideDesignRenderView.h"
+
+using namespace quenara;
+using namespace quenara::test;
+
+namespace {
+
+const RGBAColor red{1, 0, 0, 1};
+const RGBAColor blue{0, 0, 1, 1};
+const RGBAColor gray{0.5, 0.5, 0.5, 1};
+constexpr QSize canvas(1920, 1080);
+
+Slide slideOver(const RGBAColor &color, const QList<SlideElement> &elements)
+{
+    SlideDesign design = designOver(solidBackground(color));
+    design.elements = elements;
+    return slideWith(design);
+}
+
+bool isAmber(QRgb pixel)
+{
+    return pixel == qRgb(0xe0, 0xa1, 0x34);
+}
+
+} // namespace
+
+class TestSlideRenderer : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void fitting_data()
+    {
+        QTest::addColumn<QSizeF>("container");
+        QTest::addColumn<QRectF>("expected");
+        QTest::newRow("a square is filled in width")
+            << QSizeF(1000, 1000) << QRectF(0, 218.75, 1000, 562.5);
+        QTest::newRow("a wide area is filled in height")
+            << QSizeF(4000, 1080) << QRectF(1040, 0, 1920, 1080);
+        QTest::newRow("the same aspect ratio is filled whole")
+            << QSizeF(960, 540) << QRectF(0, 0, 960, 540);
+        QTest::newRow("no width gives nothing") << QSizeF(0, 540) << QRectF();
+        QTest::newRow("a negative height gives nothing") << QSizeF(960, -1) << QRectF();
+    }
+
+    void fitting()
+    {
+        QFETCH(QSizeF, container);
+        QFETCH(QRectF, expected);
+        QCOMPARE(SlideRendererView::fittedRect(container, 1920.0 / 1080), expected);
+    }
+
+    void anAreaWithoutWidthDrawsNothing()
+    {
+        QImage image(8, 8, QImage::Format_ARGB32_Premultiplied);
+        image.fill(magenta);
+        QPainter painter(&image);
+        SlideRendererView{.slide = slideOver(red, {})}.paint(painter, QRectF(0, 0, 0, 8));
+        painter.end();
+        QImage untouched = image;
+        untouched.fill(magenta);
+        QCOMPARE(image, untouched);
+    }
+
+    void anAbsentSlideIsABlackPictureOfTheStandardShape()
+    {
+        const QImage image = rendered({}, {160, 160});
+        QCOMPARE(image.pixel(80, 34), magenta);
+        QCOMPARE(image.pixel(80, 36), qRgb(0, 0, 0));
+        QCOMPARE(image.pixel(0, 80), qRgb(0, 0, 0));
+        QCOMPARE(image.pixel(80, 126), magenta);
+    }
+
+    void nothingIsDrawnAroundTheSlideNorByLayersThatLeaveIt()
+    {
+        const Slide slide
+            = slideOver(gray, {rectangleLayer(QStringLiteral("wide"), {-500, -500, 3000, 3000}, red,
+                                              1)});
+        const QImage image = rendered({.slide = slide}, {160, 160});
+        QCOMPARE(image.pixel(80, 34), magenta);
+        QCOMPARE(image.pixel(80, 80), qRgb(255, 0, 0));
+        QCOMPARE(image.pixel(80, 126), magenta);
+    }
+
+    void layersArePaintedFromTheLowestZIndexUpAndEqualOnesInListOrder()
+    {
+        const CanvasFrame frame{400, 400, 400, 200};
+        const auto topColor = [&](int redZ, int blueZ) {
+            const Slide slide
+                = slideOver(gray, {rectangleLayer(QStringLiteral("red"), frame, red, redZ),
+                                   rectangleLayer(QStringLiteral("blue"), frame, blue, blueZ)});
+            return rendered({.slide = slide}, {192, 108}).pixel(60, 50);
+        };
+        QCOMPARE(topColor(5, 5), qRgb(0, 0, 255));
+        QCOMPARE(topColor(6, 5), qRgb(255, 0, 0));
+        QCOMPARE(topColor(-1, 0), qRgb(0, 0, 255));
+    }
+
+    void aHiddenLayerIsNeitherDrawnNorOutlinedEvenWhenSelected()
+    {
+        SlideElement hidden = rectangleLayer(QStringLiteral("hidden"), {0, 0, 1920, 1080}, red, 1);
+        hidden.visible = false;
+        const QImage image
+            = rendered({.slide = slideOver(gray, {hidden}),
+                        .selectedElementID = QStringLiteral("hidden")},
+                       {192, 108});
+        QImage plain = rendered({.slide = slideOver(gray, {})}, {192, 108});
+        QCOMPARE(image, plain);
+    }
+
+    void aSelectedLayersOutlineRunsDashedAlongTheSlidesEdges()
+    {
+        const SlideElement layer
+            = rectangleLayer(QStringLiteral("layer"), {800, 400, 300, 200}, red, 1);
+        const QImage image = rendered({.slide = slideOver(gray, {layer}),
+                                       .selectedElementID = QStringLiteral("layer")},
+                                      canvas);
+        // Width 2 on the edge leaves one pixel inside; dashes of 7 and gaps of 5.
+        QVERIFY(isAmber(image.pixel(3, 0)));
+        QCOMPARE(image.pixel(9, 0), qRgb(128, 128, 128));
+        QVERIFY(isAmber(image.pixel(15, 0)));
+        QCOMPARE(image.pixel(800, 395), qRgb(128, 128, 128));
+
+        const QImage other = rendered({.slide = slideOver(gray, {layer}),
+                                       .selectedElementID = QStringLiteral("none such")},
+                                      canvas);
+        QVERIFY(!isAmber(other.pixel(3, 0)));
+    }
+
+    void theSafeAreaGuideInsetsNinetyAndSeventyFiveUnits()
+    {
+        const Slide slide = slideOver(gray, {});
+        const SlideDesignRenderView view{slide, 1};
+        QCOMPARE(view.safeArea(), QRectF(QPointF(90, 75), QPointF(1830, 1005)));
+    }
+
+    void theSafeAreaGuideNeedsBothSwitches()
+    {
+        Slide slide = slideOver(gray, {});
+        const QImage plain = rendered({.slide = slide}, canvas);
+        const QImage guided = rendered({.slide = slide, .showSafeArea = true}, canvas);
+        QVERIFY(guided.pixel(93, 75) != plain.pixel(93, 75) || guided.pixel(93, 74) != plain.pixel(93, 74));
+        slide.design.safeAreaEnabled = false;
+        QCOMPARE(rendered({.slide = slide, .showSafeArea = true}, canvas), plain);
+    }
+
+    void aRectangleWithStrokeWidthZeroDrawsNoStroke()
+    {
+        SlideElement layer = rectangleLayer(QStringLiteral("layer"), {100, 100, 400, 300}, red, 1);
+        const QImage plain = rendered({.slide = slideOver(gray, {layer})}, canvas);
+        layer.shape->stroke = blue;
+        QCOMPARE(rendered({.slide = slideOver(gray, {layer})}, canvas), plain);
+        layer.shape->strokeWidth = 8;
+        QCOMPARE(rendered({.slide = slideOver(gray, {layer})}, canvas).pixel(100, 200),
+                 qRgb(0, 0, 255));
+    }
+
+    void aStrokeKeepsItsScreenWidthAtEveryScale()
+    {
+        SlideElement layer = rectangleLayer(QStringLiteral("layer"), {480, 270, 960, 540}, red, 1);
+        layer.shape->stroke = blue;
+        layer.shape->strokeWidth = 6;
+        for (const int divisor : {1, 4}) {
+            const QImage image
+                = rendered({.slide = slideOver(gray, {layer})}, canvas / divisor);
+            const int y = 540 / divisor;
+            const int edge = 480 / divisor;
+            int bluePixels = 0;
+            for (int x = edge - 10; x < edge + 10; ++x)
+                bluePixels += image.pixel(x, y) == qRgb(0, 0, 255) ? 1 : 0;
+            QCOMPARE(bluePixels, 6);
+        }
+    }
+
+    void aCapsuleIsRoundAtItsEndsAndALineFillsItsBox()
+    {
+        SlideElement layer = rectangleLayer(QStringLiteral("layer"), {100, 100, 400, 100}, red, 1);
+        layer.shape->kind = ShapeKind::capsule;
+        const QImage capsule = rendered({.slide = slideOver(gray, {layer})}, canvas);
+        QCOMPARE(capsule.pixel(102, 102), qRgb(128, 128, 128));
+        QCOMPARE(capsule.pixel(102, 150), qRgb(255, 0, 0));
+        layer.shape->kind = ShapeKind::line;
+        layer.shape->cornerRadius = 30;
+        const QImage line = rendered({.slide = slideOver(gray, {layer})}, canvas);
+        QCOMPARE(line.pixel(101, 101), qRgb(255, 0, 0));
+    }
+
+    void rotationIsClockwiseAboutTheMiddleOfTheBox()
+    {
+        SlideElement layer = rectangleLayer(QStringLiteral("layer"), {800, 500, 400, 100}, red, 1);
+        layer.rotation = 90;
+        const QImage image = rendered({.slide = slideOver(gray, {layer})}, canvas);
+        QCOMPARE(image.pixel(1000, 360), qRgb(255, 0, 0));
+        QCOMPARE(image.pixel(820, 550), qRgb(128, 128, 128));
+
+        // At an eighth of a turn the right end goes down.
+        layer.rotation = 45;
+        const QImage turned = rendered({.slide = slideOver(gray, {layer})}, canvas);
+        QCOMPARE(turned.pixel(1120, 670), qRgb(255, 0, 0));
+        QCOMPARE(turned.pixel(1120, 430), qRgb(128, 128, 128));
+    }
+
+    void opacityFadesALayerAsAWhole()
+    {
+        SlideElement layer = rectangleLayer(QStringLiteral("layer"), {480, 270, 960, 540},
+                                            {1, 1, 1, 1}, 1);
+        layer.shape->stroke = RGBAColor{1, 1, 1, 1};
+        layer.shape->strokeWidth = 40;
+        layer.opacity = 0.5;
+        const QImage image = rendered({.slide = slideOver({0, 0, 0, 1}, {layer})}, canvas);
+        // The stroke overlaps the fill; both together are no brighter than either.
+        QVERIFY(std::abs(qRed(image.pixel(490, 540)) - 128) <= 1);
+        QVERIFY(std::abs(qRed(image.pixel(960, 540)) - 128) <= 1);
+        layer.opacity = 0;
+        QCOMPARE(rendered({.slide = slideOver({0, 0, 0, 1}, {layer})}, canvas).pixel(960, 540),
+                 qRgb(0, 0, 0));
+    }
+
+    void anImageLayerFillsItsBoxAtItsAspectRatio()
+    {
+        SlideElement layer;
+        layer.id = QStringLiteral("image");
+        layer.kind = SlideElementKind::image;
+        layer.frame = {100, 100, 400, 400};
+        layer.image = solidPicture({200, 50}, Qt::green);
+        const QImage image = rendered({.slide = slideOver(gray, {layer})}, canvas);
+        QCOMPARE(image.pixel(102, 102), qRgb(0, 255, 0));
+        QCOMPARE(image.pixel(497, 497), qRgb(0, 255, 0));
+        QCOMPARE(image.pixel(98, 300), qRgb(128, 128, 128));
+    }
+
+    void anImageLayerWithoutAPictureShowsAPlaceholder()
+    {
+        SlideElement layer;
+        layer.id = QStringLiteral("image");
+        layer.kind = SlideElementKind::image;
+        layer.frame = {100, 100, 400, 400};
+        const QImage image = rendered({.slide = slideOver(gray, {layer})}, canvas);
+        const int dimmed = qRound(128 * (1 - 0.32));
+        QVERIFY(std::abs(qRed(image.pixel(200, 200)) - dimmed) <= 1);
+    }
+
+    void aLowerThirdHasItsBarBesideItsTextOverItsFill()
+    {
+        SlideElement layer;
+        layer.id = QStringLiteral("name");
+        layer.kind = SlideElementKind::lowerThird;
+        layer.frame = {100, 800, 900, 160};
+        layer.lowerThird = LowerThirdProperties{QStringLiteral("Ana"), QStringLiteral("Guest"),
+                                                blue, red};
+        const QImage image = rendered({.slide = slideOver(gray, {layer})}, canvas);
+        QCOMPARE(image.pixel(110, 810), qRgb(0, 0, 255));
+        QCOMPARE(image.pixel(132, 880), qRgb(255, 0, 0));
+        QCOMPARE(image.pixel(140, 880), qRgb(0, 0, 255));
+        layer.lowerThird.reset();
+        QCOMPARE(rendered({.slide = slideOver(gray, {layer})}, canvas).pixel(132, 880),
+                 qRgb(128, 128, 128));
+    }
+
+    void aSlideIsAsSharpAsTheScreenItIsDrawnOn()
+    {
+        const Slide slide = slideOver(
+            gray, {rectangleLayer(QStringLiteral("layer"), {0, 0, 961, 1080}, red, 1)});
+        const QImage image = rendered({.slide = slide}, canvas / 2, 2);
+        QCOMPARE(image.pixel(960, 540), qRgb(255, 0, 0));
+        QCOMPARE(image.pixel(961, 540), qRgb(128, 128, 128));
+    }
+
+    void thePainterIsLeftAsItWasFound()
+    {
+        QImage image(320, 180, QImage::Format_ARGB32_Premultiplied);
+        QPainter painter(&image);
+        painter.translate(3, 4);
+        painter.setPen(Qt::green);
+        const QTransform transform = painter.transform();
+        SlideRendererView{.slide = slideWith(SlideDesign::centeredLyric(QStringLiteral("a"), {}))}
+            .paint(painter, QRectF(0, 0, 160, 90));
+        QCOMPARE(painter.transform(), transform);
+        QCOMPARE(painter.pen().color(), QColor(Qt::green));
+        QCOMPARE(painter.opacity(), 1.0);
+        QVERIFY(!painter.hasClipping());
+    }
+};
+
+QUENARA_GUI_TEST_MAIN(TestSlideRenderer)
+#include "tst_slide_renderer.moc"

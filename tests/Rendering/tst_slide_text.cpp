@@ -1,0 +1,193 @@
+#include "GuiTestSupport.h"
+#include "ProjectTemplates.h"
+#include "SlideFonts.h"
+#include "TextBlock.h"
+
+#include <QFontInfo>
+#include <QRawFont>
+
+using namespace quenara;
+using namespace quenara::test;
+
+namespace {
+
+constexpr QSize canvas(1920, 1080);
+
+TextElementProperties plainText(const QString &text)
+{
+    TextElementProperties properties = TextElementProperties::lyric(text);
+    properties.shadow.reset();
+    properties.padding = 0;
+    return properties;
+}
+
+/// White text on black.
+QImage picture(const TextElementProperties &text, const CanvasFrame &frame)
+{
+    SlideElement element;
+    element.id = QStringLiteral("text");
+    element.frame = frame;
+    element.text = text;
+    element.text->textColor = {1, 1, 1, 1};
+    SlideDesign design = designOver(solidBackground({0, 0, 0, 1}));
+    design.elements = {element};
+    return rendered({.slide = slideWith(design)}, canvas);
+}
+
+/// The smallest rectangle around everything that is not black.
+QRect inkOf(const QImage &image)
+{
+    QRect ink;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (qGray(image.pixel(x, y)) > 40)
+                ink |= QRect(x, y, 1, 1);
+        }
+    }
+    return ink;
+}
+
+} // namespace
+
+class TestSlideText : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void allFiveWeightsOfBothBundledFamiliesAreFacesOfTheirOwn()
+    {
+        QSet<QByteArray> faces;
+        for (const QString &family : {QStringLiteral("Lato"), QStringLiteral("Inter")}) {
+            for (const TextFontWeight weight : allCases<TextFontWeight>()) {
+                const QRawFont raw = QRawFont::fromFont(slideFont(family, weight, 64));
+                QCOMPARE(raw.familyName(), family);
+                faces.insert(raw.fontTable("CFF ") + raw.fontTable("glyf"));
+            }
+        }
+        QCOMPARE(faces.size(), 10);
+    }
+
+    void familiesThatAreNotInstalledHaveTheirStandIns()
+    {
+        QCOMPARE(installedFamily(QStringLiteral("Avenir Next")), QStringLiteral("Lato"));
+        QCOMPARE(installedFamily(QStringLiteral("SF Pro Display")), QStringLiteral("Inter"));
+        QCOMPARE(installedFamily(QStringLiteral("No Such Family")), QStringLiteral("Inter"));
+        QCOMPARE(installedFamily(QString()), QStringLiteral("Inter"));
+        QCOMPARE(installedFamily(QStringLiteral("Lato")), QStringLiteral("Lato"));
+    }
+
+    void textIsCentredInItsBoxOrHugsAnEdge_data()
+    {
+        QTest::addColumn<TextAlignmentValue>("alignment");
+        for (const TextAlignmentValue alignment : allCases<TextAlignmentValue>())
+            QTest::newRow(qPrintable(rawValue(alignment))) << alignment;
+    }
+
+    void textIsCentredInItsBoxOrHugsAnEdge()
+    {
+        QFETCH(TextAlignmentValue, alignment);
+        TextElementProperties text = plainText(QStringLiteral("HHH"));
+        text.alignment = alignment;
+        text.padding = 40;
+        const QRect ink = inkOf(picture(text, {200, 300, 1000, 400}));
+        constexpr int tolerance = 12; // side bearings
+        if (alignment == TextAlignmentValue::left)
+            QVERIFY(std::abs(ink.left() - 240) <= tolerance);
+        else if (alignment == TextAlignmentValue::center)
+            QVERIFY(std::abs(ink.center().x() - 700) <= tolerance);
+        else
+            QVERIFY(std::abs(ink.right() - 1160) <= tolerance);
+        QVERIFY(std::abs(ink.center().y() - 500) <= tolerance);
+    }
+
+    void linesStandApartByTheirHeightAndTheExtraSpacing()
+    {
+        const auto pitch = [](double lineHeight) {
+            TextElementProperties text = plainText(QStringLiteral("H"));
+            text.lineHeight = lineHeight;
+            const TextBlock one(text, {1000, 800});
+            text.text = QStringLiteral("H\nH");
+            const TextBlock two(text, {1000, 800});
+            return two.bounds().height() - one.bounds().height();
+        };
+        QVERIFY(std::abs(pitch(1.5) - pitch(1) - 39) < 0.5);
+        QCOMPARE(pitch(0.8), pitch(1));
+    }
+
+    void upperCaseIsShownInCapitalsWhileTheModelKeepsItsCase()
+    {
+        TextElementProperties text = plainText(QStringLiteral("Straße"));
+        text.uppercase = true;
+        QCOMPARE(TextBlock(text, {1500, 400}).lines(), QStringList{QStringLiteral("STRASSE")});
+        QCOMPARE(text.text, QStringLiteral("Straße"));
+    }
+
+    void mandatoryBreaksAndBlankLinesAreKept()
+    {
+        const TextBlock block(plainText(QStringLiteral("one\r\n\ntwo\rthree")), {1500, 900});
+        QCOMPARE(block.lines(), (QStringList{QStringLiteral("one"), QString(),
+                                             QStringLiteral("two"), QStringLiteral("three")}));
+    }
+
+    void aTextThatFitsIsNotShrunk()
+    {
+        QCOMPARE(TextBlock(plainText(QStringLiteral("one\ntwo")), {1500, 400}).fit(), 1.0);
+    }
+
+    void aTextThatIsTooTallIsShrunkIntoItsBox()
+    {
+        const TextBlock block(plainText(QStringLiteral("one\ntwo\nthree\nfour")), {1500, 300});
+        QVERIFY(block.fit() < 1);
+        QVERIFY(block.fit() > TextBlock::smallestFit);
+        QVERIFY(block.bounds().height() <= 300);
+        QVERIFY(block.bounds().height() > 290);
+        QCOMPARE(block.lines().size(), 4);
+    }
+
+    void aTextThatCannotBeShrunkEnoughEndsInAnEllipsis()
+    {
+        const QString line = QStringLiteral("We lift our eyes to where our help comes from\n");
+        const TextBlock block(plainText(line.repeated(20)), {900, 200});
+        QCOMPARE(block.fit(), TextBlock::smallestFit);
+        QVERIFY(block.bounds().height() <= 200);
+        QVERIFY(block.lines().constLast().endsWith(QChar(0x2026)));
+    }
+
+    void aSlideBreaksItsLinesAlikeAtEverySize()
+    {
+        const Slide slide = ProjectTemplates::slide(
+            QStringLiteral("Romans"),
+            QStringLiteral("May the God of hope fill you with all joy and peace as you trust in "
+                           "him, so that you may overflow with hope by the power of the Spirit."),
+            0, QStringLiteral("scriptureReading"));
+        const QRect large = inkOf(rendered({.slide = slide}, canvas));
+        const QRect small = inkOf(rendered({.slide = slide}, canvas / 4));
+        QVERIFY(std::abs(large.width() - 4 * small.width()) <= 8);
+        QVERIFY(std::abs(large.height() - 4 * small.height()) <= 8);
+    }
+
+    void aShadowDarkensWhatLiesBelowTheText()
+    {
+        TextElementProperties text = plainText(QStringLiteral("HHHH"));
+        text.shadow = TextShadow{{1, 0, 0, 1}, 0, 0, 60};
+        const QImage image = picture(text, {200, 300, 1000, 400});
+        text.shadow.reset();
+        const QRect ink = inkOf(picture(text, {200, 300, 1000, 400}));
+        const QPoint insideStem(ink.left() + 4, ink.bottom() - 4);
+        QCOMPARE(image.pixel(insideStem), qRgb(255, 255, 255));
+        QCOMPARE(image.pixel(insideStem + QPoint(0, 60)), qRgb(255, 0, 0));
+    }
+
+    void aBackgroundFillCoversTheWholeBoxWithRoundCorners()
+    {
+        TextElementProperties text = plainText(QString());
+        text.backgroundFill = RGBAColor{0, 0, 1, 1};
+        const QImage image = picture(text, {200, 300, 1000, 400});
+        QCOMPARE(image.pixel(700, 301), qRgb(0, 0, 255));
+        QCOMPARE(image.pixel(201, 500), qRgb(0, 0, 255));
+        QCOMPARE(image.pixel(200, 300), qRgb(0, 0, 0));
+    }
+};
+
+QUENARA_GUI_TEST_MAIN(TestSlideText)
+#include "tst_slide_text.moc"

@@ -1,0 +1,79 @@
+#include "JsonDates.h"
+
+#include <QTest>
+
+#include <limits>
+
+using namespace quenara::json;
+using namespace Qt::StringLiterals;
+
+class TestJsonDates : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void internetTextIsReadInExactlyOneForm_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<bool>("readable");
+        QTest::newRow("whole seconds in UTC") << u"2026-03-01T09:30:00Z"_s << true;
+        QTest::newRow("a leap day") << u"2024-02-29T23:59:59Z"_s << true;
+        QTest::newRow("no leap day that year") << u"2026-02-29T00:00:00Z"_s << false;
+        QTest::newRow("fractional seconds") << u"2026-03-01T09:30:00.5Z"_s << false;
+        QTest::newRow("an offset") << u"2026-03-01T09:30:00+01:00"_s << false;
+        QTest::newRow("no zone") << u"2026-03-01T09:30:00"_s << false;
+        QTest::newRow("a date alone") << u"2026-03-01"_s << false;
+        QTest::newRow("a space for the T") << u"2026-03-01 09:30:00Z"_s << false;
+        QTest::newRow("small letters") << u"2026-03-01t09:30:00z"_s << false;
+        QTest::newRow("no such month") << u"2026-13-01T09:30:00Z"_s << false;
+        QTest::newRow("no such hour") << u"2026-03-01T24:00:00Z"_s << false;
+        QTest::newRow("a sign for a digit") << u"-026-03-01T09:30:00Z"_s << false;
+        QTest::newRow("a space after it") << u"2026-03-01T09:30:00Z "_s << false;
+        QTest::newRow("nothing") << QString() << false;
+    }
+
+    void internetTextIsReadInExactlyOneForm()
+    {
+        QFETCH(QString, text);
+        QFETCH(bool, readable);
+        const std::string bytes = text.toStdString();
+        const auto date = dateFromInternetText(bytes);
+        QCOMPARE(date.has_value(), readable);
+        if (readable)
+            QCOMPARE(internetText(*date), bytes);
+    }
+
+    void aDateIsWrittenInUtcWithoutItsFractionOfASecond()
+    {
+        const QDateTime east(QDate(2026, 3, 1), QTime(0, 30, 0, 999), Qt::OffsetFromUTC, 3600);
+        QCOMPARE(internetText(east), std::string("2026-02-28T23:30:00Z"));
+    }
+
+    void referenceSecondsCountFromTheBeginningOf2001()
+    {
+        QCOMPARE(dateFromReferenceSeconds(0), QDateTime(QDate(2001, 1, 1), QTime(0, 0), Qt::UTC));
+        QCOMPARE(dateFromReferenceSeconds(86400.25),
+                 QDateTime(QDate(2001, 1, 2), QTime(0, 0, 0, 250), Qt::UTC));
+        QCOMPARE(referenceSeconds(QDateTime(QDate(2000, 12, 31), QTime(23, 59, 58), Qt::UTC)),
+                 -2.0);
+        QCOMPARE(referenceSeconds(QDateTime(QDate(2001, 1, 1), QTime(0, 0, 0, 1), Qt::UTC)), 0.001);
+    }
+
+    void secondsBeyondTheCalendarAreNoDate_data()
+    {
+        QTest::addColumn<double>("seconds");
+        QTest::newRow("far ahead") << 1e300;
+        QTest::newRow("far back") << -1e300;
+        QTest::newRow("infinity") << std::numeric_limits<double>::infinity();
+        QTest::newRow("no number") << std::numeric_limits<double>::quiet_NaN();
+    }
+
+    void secondsBeyondTheCalendarAreNoDate()
+    {
+        QFETCH(double, seconds);
+        QVERIFY(!dateFromReferenceSeconds(seconds));
+    }
+};
+
+QTEST_APPLESS_MAIN(TestJsonDates)
+#include "tst_json_dates.moc"

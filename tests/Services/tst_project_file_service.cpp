@@ -1,0 +1,208 @@
+#include "ProjectFileService.h"
+#include "ProjectNormalizer.h"
+#include "ProjectTemplates.h"
+#include "TestSupport.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTest>
+
+using namespace quenara;
+using namespace quenara::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+template<class Operation>
+std::optional<ProjectFileError> errorOf(const Operation &operation)
+{
+    try {
+        operation();
+    } catch (const ProjectFileError &error) {
+        return error;
+    }
+    return std::nullopt;
+}
+
+ZelvoProject loadData(const QString &name)
+{
+    return ProjectFileService::load(QUrl::fromLocalFile(dataPath(name)), someTime());
+}
+
+QByteArray bytesOf(const QUrl &url)
+{
+    QFile file(url.toLocalFile());
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+} // namespace
+
+class TestProjectFileService : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void everyFailureHasItsTextForTheOperator()
+    {
+        QCOMPARE(ProjectFileError(ProjectFileError::unableToRead).description(),
+                 u"Quenara could not read that file."_s);
+        QCOMPARE(ProjectFileError(ProjectFileError::unableToWrite).description(),
+                 u"Quenara could not save the project."_s);
+        QCOMPARE(ProjectFileError(ProjectFileError::unsupportedFormat).description(),
+                 u"That file does not look like a Quenara project."_s);
+    }
+
+    void whatCannotBeLoadedFailsByItsReason_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<int>("expected");
+        const QString missing = m_folder.filePath(u"missing.quenara"_s);
+        QTest::newRow("a missing file") << missing << int(ProjectFileError::unableToRead);
+        QTest::newRow("a folder") << m_folder.path() << int(ProjectFileError::unableToRead);
+        QTest::newRow("broken JSON")
+            << dataPath(u"broken.json"_s) << int(ProjectFileError::unsupportedFormat);
+        QTest::newRow("a list") << dataPath(u"array.json"_s)
+                                << int(ProjectFileError::unsupportedFormat);
+    }
+
+    void whatCannotBeLoadedFailsByItsReason()
+    {
+        QFETCH(QString, path);
+        QFETCH(int, expected);
+        const auto error =
+            errorOf([&] { ProjectFileService::load(QUrl::fromLocalFile(path), someTime()); });
+        QCOMPARE(error, ProjectFileError(ProjectFileError::Case(expected)));
+    }
+
+    void aCurrentDocumentIsLoadedNormalized()
+    {
+        const ZelvoProject project = loadData(u"current.quenara"_s);
+        QCOMPARE(project, ProjectNormalizer::normalized(project));
+        QCOMPARE(project.serviceItems.first().slides.first().body, u"Come in"_s);
+        QCOMPARE(project.updatedAt, someTime());
+    }
+
+    void emptySlideObjectsAreLoadedInOrder()
+    {
+        const ZelvoProject project = loadData(u"empty-slides.quenara"_s);
+        const QList<Slide> &slides = project.serviceItems.first().slides;
+        QCOMPARE(slides.size(), 2);
+        QCOMPARE(slides.at(1).orderIndex, 1);
+        QCOMPARE(slides.at(1).title, u"Slide"_s);
+    }
+
+    void anEmptyObjectIsLoadedAsOneImportedSlide()
+    {
+        const ZelvoProject project = loadData(u"empty-object.json"_s);
+        QCOMPARE(project.name, u"Imported Quenara"_s);
+        QCOMPARE(project.updatedAt, someTime());
+        QCOMPARE(project.serviceItems.size(), 1);
+        QCOMPARE(project.serviceItems.first().type, ServiceItemType::custom);
+        QCOMPARE(project.serviceItems.first().slides.size(), 1);
+        QCOMPARE(project.serviceItems.first().slides.first().title, u"Imported Slide"_s);
+    }
+
+    void flatSlidesAreLoadedIntoOneItem()
+    {
+        const ZelvoProject project = loadData(u"legacy-flat.json"_s);
+        QCOMPARE(project.id, u"OLD-1"_s);
+        QCOMPARE(project.name, u"Harvest Festival"_s);
+        QCOMPARE(project.serviceItems.size(), 1);
+        const ServiceItem &item = project.serviceItems.first();
+        QCOMPARE(item.title, u"Harvest Festival"_s);
+        QStringList rows;
+        for (const Slide &slide : item.slides) {
+            rows.append(u"%1 %2 %3 %4"_s.arg(slide.orderIndex)
+                            .arg(slide.title, slide.body, slide.design.themeId.value_or(u"-"_s)));
+        }
+        QCOMPARE(rows,
+                 (QStringList{u"0 Opening We plough the fields centerLyric"_s,
+                              u"1 Slide 2 All good gifts imageBackgroundLyric"_s,
+                              u"2 Slide 3  centerLyric"_s}));
+    }
+
+    void emojiBecomePrefixesOfMissingTitles()
+    {
+        QStringList titles;
+        const ZelvoProject project = loadData(u"legacy-emoji.json"_s);
+        for (const Slide &slide : project.serviceItems.first().slides)
+            titles.append(slide.title);
+        QCOMPARE(titles, (QStringList{u"\u271d Slide 1"_s, u"Named"_s, u"Slide 3"_s}));
+    }
+
+    void aSavedProjectLoadsEqualButForItsTime()
+    {
+        const QUrl url = fileUrl(u"round.quenara"_s);
+        const ZelvoProject project =
+            ProjectNormalizer::normalized(ProjectTemplates::demoProject(someTime()));
+        const QDateTime later = someTime().addSecs(90);
+        ProjectFileService::save(project, url, later);
+        ZelvoProject expected = project;
+        expected.updatedAt = later;
+        QCOMPARE(ProjectFileService::load(url, someTime()), expected);
+    }
+
+    void savingNormalizesWhatItWrites()
+    {
+        const QUrl url = fileUrl(u"normalized.quenara"_s);
+        ZelvoProject project = showOf({2});
+        project.schemaVersion = 1;
+        project.serviceItems[0].slides[0].orderIndex = 5;
+        project.serviceItems[0].slides[0].body = u"stale"_s;
+        ProjectFileService::save(project, url, someTime());
+        QCOMPARE(ProjectFileService::load(url, someTime()), showOf({2}));
+    }
+
+    void theSameProjectIsWrittenAsTheSameBytes()
+    {
+        const ZelvoProject project = ProjectTemplates::demoProject(someTime());
+        ProjectFileService::save(project, fileUrl(u"one.quenara"_s), someTime());
+        ProjectFileService::save(project, fileUrl(u"two.quenara"_s), someTime());
+        const QByteArray bytes = bytesOf(fileUrl(u"one.quenara"_s));
+        QVERIFY(!bytes.isEmpty());
+        QCOMPARE(bytesOf(fileUrl(u"two.quenara"_s)), bytes);
+    }
+
+    void savingReplacesTheWholeFile()
+    {
+        const QUrl url = fileUrl(u"replaced.quenara"_s);
+        ProjectFileService::save(ProjectTemplates::demoProject(someTime()), url, someTime());
+        const qsizetype before = bytesOf(url).size();
+        ProjectFileService::save(showOf({1}), url, someTime());
+        QVERIFY(bytesOf(url).size() < before);
+        QCOMPARE(ProjectFileService::load(url, someTime()), showOf({1}));
+    }
+
+    void whatCannotBeWrittenFails_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::newRow("a missing folder") << m_folder.filePath(u"no/such/folder.quenara"_s);
+        QTest::newRow("a folder in its place") << m_folder.path();
+    }
+
+    void whatCannotBeWrittenFails()
+    {
+        QFETCH(QString, path);
+        const auto error = errorOf(
+            [&] { ProjectFileService::save(showOf({1}), QUrl::fromLocalFile(path), someTime()); });
+        QCOMPARE(error, ProjectFileError(ProjectFileError::unableToWrite));
+    }
+
+    void aFailedSaveLeavesTheFolderAsItWas()
+    {
+        QVERIFY(QDir(m_folder.path()).mkpath(u"kept/taken.quenara"_s));
+        const QUrl url = fileUrl(u"kept/taken.quenara"_s);
+        QVERIFY(errorOf([&] { ProjectFileService::save(showOf({1}), url, someTime()); }));
+        QCOMPARE(
+            QDir(m_folder.filePath(u"kept"_s)).entryList(QDir::AllEntries | QDir::NoDotAndDotDot),
+            QStringList{u"taken.quenara"_s});
+    }
+
+private:
+    QUrl fileUrl(const QString &name) const { return QUrl::fromLocalFile(m_folder.filePath(name)); }
+
+    QTemporaryDir m_folder;
+};
+
+QTEST_GUILESS_MAIN(TestProjectFileService)
+#include "tst_project_file_service.moc"

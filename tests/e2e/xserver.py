@@ -1,0 +1,141 @@
+"""X servers to run the program on: a real one with two screens, or a virtual one."""
+
+import os
+import shutil
+import subprocess
+import tempfile
+from pathlib import Path
+
+from processes import Process, wait_until
+
+SCREEN_WIDTH = 1920
+SCREEN_HEIGHT = 1080
+FIRST_SCREEN = (SCREEN_WIDTH, SCREEN_HEIGHT, 0, 0)
+SECOND_SCREEN = (SCREEN_WIDTH, SCREEN_HEIGHT, SCREEN_WIDTH, 0)
+
+DUMMY_CONFIGURATION = """
+Section "Device"
+ Identifier "device"
+ Driver "dummy"
+ VideoRam 256000
+EndSection
+Section "Monitor"
+ Identifier "monitor"
+ HorizSync 5-1000
+ VertRefresh 5-200
+ Modeline "1920x1080" 148.50 1920 2008 2052 2200 1080 1084 1089 1125
+EndSection
+Section "Screen"
+ Identifier "screen"
+ Device "device"
+ Monitor "monitor"
+ DefaultDepth 24
+ SubSection "Display"
+  Depth 24
+  Modes "1920x1080"
+  Virtual 5760 2160
+ EndSubSection
+EndSection
+"""
+
+
+class Unavailable(Exception):
+    """Says why this machine cannot run the X server that was asked for."""
+
+
+def can_have_two_screens():
+    """Whether a server whose screens come and go can be started."""
+    return os.geteuid() == 0 and shutil.which("Xorg") is not None
+
+
+class XServer:
+    """A running X server with a window manager; a context manager that ends both.
+
+    With root's rights it has two screens of 1920 by 1080 side by side; without, one screen as wide
+    as both.
+    """
+
+    def __init__(self, two_screens_required=False):
+        self.has_two_screens = can_have_two_screens()
+        if two_screens_required and not self.has_two_screens:
+            raise Unavailable("two screens need Xorg, and root's rights to start it")
+        self._folder = tempfile.TemporaryDirectory(prefix="quenara-x-")
+        self._processes = []
+        try:
+            self._start_server()
+            if self.has_two_screens:
+                self._xrandr("--addmode", "DUMMY1", "1920x1080")
+                self.plug_second_screen()
+            self._start_window_manager()
+        except BaseException:
+            self.close()
+            raise
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.close()
+
+    def close(self):
+        for process in reversed(self._processes):
+            process.end()
+        self._folder.cleanup()
+
+    @property
+    def environment(self):
+        """What a program needs to come up on this server, and on no other."""
+        variables = {key: value for key, value in os.environ.items()
+                     if not key.startswith("XDG_") and key != "WAYLAND_DISPLAY"}
+        return variables | {"DISPLAY": self.display, "QT_QPA_PLATFORM": "xcb",
+                            "LC_ALL": "C.UTF-8"}
+
+    def plug_second_screen(self):
+        self._xrandr("--output", "DUMMY1", "--mode", "1920x1080", "--right-of", "DUMMY0")
+
+    def unplug_second_screen(self):
+        self._xrandr("--output", "DUMMY1", "--off")
+
+    def run(self, *command):
+        """The bytes that a client of this server prints."""
+        return subprocess.run(command, env=self.environment, check=True, capture_output=True).stdout
+
+    def picture(self, area):
+        """The colours shown in a (width, height, x, y) of the root window, as RGB bytes."""
+        return self.run("import", "-window", "root", "-crop", "%dx%d+%d+%d" % area, "+repage",
+                        "-depth", "8", "rgb:-")
+
+    def save_picture(self, area, path):
+        self.run("import", "-window", "root", "-crop", "%dx%d+%d+%d" % area, "+repage", str(path))
+
+    def _start_server(self):
+        readable, writable = os.pipe()
+        arguments = ["-displayfd", str(writable), "-noreset", "-nolisten", "tcp"]
+        if self.has_two_screens:
+            configuration = Path(self._folder.name, "dummy.conf")
+            configuration.write_text(DUMMY_CONFIGURATION)
+            log = Path(self._folder.name, "server.log")
+            command = ["Xorg", "-novtswitch", "-sharevts", "-config", str(configuration),
+                       "-logfile", str(log)]
+        else:
+            command = ["Xvfb", "-screen", "0", f"{2 * SCREEN_WIDTH}x{SCREEN_HEIGHT}x24"]
+        self._processes.append(Process(command + arguments, pass_fds=(writable,)))
+        os.close(writable)
+        with os.fdopen(readable) as answer:
+            number = answer.readline().strip()
+        if not number:
+            raise Unavailable(f"{command[0]} did not start: {self._processes[0].output()}")
+        self.display = f":{number}"
+
+    def _start_window_manager(self):
+        environment = self.environment | {"HOME": self._folder.name}
+        self._processes.append(Process(["openbox"], env=environment))
+        wait_until(lambda: b"Name: Openbox" in self._window_manager(), "openbox to come up")
+
+    def _window_manager(self):
+        found = subprocess.run(["wmctrl", "-m"], env=self.environment, check=False,
+                               capture_output=True)
+        return found.stdout
+
+    def _xrandr(self, *arguments):
+        self.run("xrandr", *arguments)
