@@ -1,0 +1,20 @@
+#pragma once
+
+#include "ProjectModels.h"
+
+#include <QtGlobal>
+
+namespace quenara::bench {
+
+/// How big a generated project is.
+struct ProjectSize
+{
+    int slideCount = 10'000;
+    int itemCount = 200; ///< the slides are spread over them as evenly as they divide
+};
+
+/// A project of made-up texts with a template of the catalogue a slide. The same seed gives the
+/// same project but for its identifiers.
+ZelvoProject generateProject(const ProjectSize &size, quint32 seed = 1);
+
+} // namespace quenara::bench
