@@ -2,7 +2,7 @@
 add_library(quenara_flags INTERFACE)
 target_compile_options(quenara_flags INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
-  -Wnull-dereference -Wimplicit-fallthrough
+  -Wimplicit-fallthrough
   $<$<BOOL:${QUENARA_WARNINGS_AS_ERRORS}>:-Werror>)
 target_compile_definitions(quenara_flags INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_FOREACH

@@ -1,24 +1,33 @@
-# quenara_add_test(<name> ROOMS <room>... [QT <module>...] [SOURCES <file>...] [LABELS <label>...])
-# One Qt Test executable from <name>.cpp, run offscreen with a home of its own, in which every
-# warning of Qt is a failure.
+# quenara_add_test(<name> ROOMS <room>... [QT <module>...] [LINK <target>...] [SOURCES <file>...]
+#                  [TWO_SCREENS])
+# One Qt Test executable from <name>.cpp, run offscreen (on one screen or two of 1920 by 1080 side
+# by side) with a home of its own. Every warning of Qt is a failure: at once or, for tests with
+# windows, as GuiTest says.
 function(quenara_add_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 TEST "" "" "ROOMS;QT;SOURCES;LABELS")
+  cmake_parse_arguments(PARSE_ARGV 1 TEST "TWO_SCREENS" "" "ROOMS;QT;LINK;SOURCES")
   set(rooms ${TEST_ROOMS})
   list(TRANSFORM rooms PREPEND Quenara::)
   set(modules ${TEST_QT})
   list(TRANSFORM modules PREPEND Qt6::)
   add_executable(${name} ${name}.cpp ${TEST_SOURCES})
-  target_link_libraries(${name} PRIVATE ${rooms} ${modules} Qt6::Test quenara_test_support
-                                        quenara_flags)
+  target_link_libraries(${name} PRIVATE ${rooms} ${modules} ${TEST_LINK} Qt6::Test
+                                        quenara_test_support quenara_flags)
   set_target_properties(${name} PROPERTIES AUTOMOC ON)
   quenara_precompile_qt(${name} Gui Test)
 
+  set(platform offscreen)
+  if(TEST_TWO_SCREENS)
+    set(platform offscreen:configfile=${CMAKE_SOURCE_DIR}/tests/GuiSupport/two-screens.json)
+  endif()
+  set(fatalWarnings 1)
+  if("quenara_gui_test_support" IN_LIST TEST_LINK)
+    set(fatalWarnings 0)
+  endif()
   set(home ${CMAKE_CURRENT_BINARY_DIR}/${name}.home)
   file(MAKE_DIRECTORY ${home}/runtime)
   file(CHMOD ${home}/runtime PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES
     TIMEOUT 300
-    LABELS "${TEST_LABELS}"
-    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QT_FATAL_WARNINGS=1;QT_HASH_SEED=0;HOME=${home};XDG_CONFIG_HOME=${home}/config;XDG_RUNTIME_DIR=${home}/runtime;DBUS_SESSION_BUS_ADDRESS=disabled:;LC_ALL=C.UTF-8")
+    ENVIRONMENT "QT_QPA_PLATFORM=${platform};QT_FATAL_WARNINGS=${fatalWarnings};QT_HASH_SEED=0;HOME=${home};XDG_CONFIG_HOME=${home}/config;XDG_RUNTIME_DIR=${home}/runtime;DBUS_SESSION_BUS_ADDRESS=disabled:;LC_ALL=C.UTF-8")
 endfunction()

@@ -51,7 +51,7 @@ OperatorView::OperatorView(WorkspaceStore &store, QWidget *parent) : QWidget(par
 
     connect(&store, &WorkspaceStore::changed, this, &OperatorView::showStore);
     showStore();
-    m_showList->setFocus();
+    setFocusProxy(m_showList);
 }
 
 QWidget *OperatorView::makeProjectBar()
@@ -64,7 +64,7 @@ QWidget *OperatorView::makeProjectBar()
     m_projectName->setMaximumWidth(nameMaximumWidth);
     m_projectName->installEventFilter(this);
     connect(m_projectName, &QLineEdit::editingFinished, this, &OperatorView::commitProjectName);
-    connect(m_projectName, &QLineEdit::returnPressed, m_projectName, &QWidget::clearFocus);
+    connect(m_projectName, &QLineEdit::returnPressed, this, [this] { m_showList->setFocus(); });
 
     m_edited = makeRoleLabel(QStringLiteral("edited"), QStringLiteral("Edited"));
     m_fileName = makeRoleLabel(QStringLiteral("muted"));
@@ -81,7 +81,7 @@ QWidget *OperatorView::makeProjectBar()
     layout->addWidget(m_edited);
     layout->addWidget(m_fileName);
     layout->addStretch(1);
-    layout->addWidget(m_outputState);
+    layout->addWidget(m_outputState, 0, Qt::AlignVCenter);
     return bar;
 }
 
@@ -128,7 +128,7 @@ bool OperatorView::eventFilter(QObject *watched, QEvent *event)
     if (watched == m_projectName && event->type() == QEvent::KeyPress
         && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape) {
         m_projectName->setText(m_store.project().name);
-        m_projectName->clearFocus();
+        m_showList->setFocus();
         return true;
     }
     return QWidget::eventFilter(watched, event);

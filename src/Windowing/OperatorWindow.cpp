@@ -29,6 +29,7 @@ OperatorWindow::OperatorWindow(WorkspaceStore &store, WindowCoordinator &windows
     auto *content = new OperatorView(store);
     content->setMinimumSize(minimumContentSize);
     setCentralWidget(content);
+    content->setFocus();
     resize(defaultSize);
 
     connect(&store, &WorkspaceStore::projectChanged, this, &OperatorWindow::showTitle);
@@ -60,7 +61,10 @@ void OperatorWindow::showStartPanel()
     }
     auto *panel = new StartPanelView(m_store, this);
     panel->setAttribute(Qt::WA_DeleteOnClose);
-    connect(panel, &QDialog::finished, this, [this] { m_store.setStartPanelPresented(false); });
+    connect(panel, &QDialog::finished, this, [this] {
+        m_startPanel.clear();
+        m_store.setStartPanelPresented(false);
+    });
     m_startPanel = panel;
     panel->open();
 }
@@ -80,7 +84,10 @@ void OperatorWindow::showError()
     auto *alert = new QMessageBox(QMessageBox::Warning, QStringLiteral("Quenara"), *message,
                                   QMessageBox::Ok, this);
     alert->setAttribute(Qt::WA_DeleteOnClose);
-    connect(alert, &QDialog::finished, this, [this] { m_store.dismissError(); });
+    connect(alert, &QDialog::finished, this, [this] {
+        m_alert.clear();
+        m_store.dismissError();
+    });
     m_alert = alert;
     alert->open();
 }

@@ -1,5 +1,6 @@
 #include "TextInputGuard.h"
 
+#include <QAbstractItemView>
 #include <QKeyEvent>
 #include <QWidget>
 
@@ -14,8 +15,10 @@ bool isWithoutModifiers(const QKeyEvent &event)
 
 bool takesText(const QObject *object)
 {
+    // Item views ask for an input method too, for editors that have the focus themselves.
     const auto *widget = qobject_cast<const QWidget *>(object);
-    return widget && widget->testAttribute(Qt::WA_InputMethodEnabled);
+    return widget && widget->testAttribute(Qt::WA_InputMethodEnabled)
+        && !qobject_cast<const QAbstractItemView *>(widget);
 }
 
 } // namespace

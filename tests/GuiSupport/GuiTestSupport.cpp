@@ -3,12 +3,19 @@
 #include "SlideFonts.h"
 
 #include <QBuffer>
+#include <QRegularExpression>
 #include <QStyleFactory>
 
 #include <algorithm>
 #include <cstdlib>
 
 namespace quenara::test {
+
+void GuiTest::init()
+{
+    QTest::failOnWarning(QRegularExpression(
+        QStringLiteral("^(?!This plugin does not support (propagateSizeHints|raise)\\(\\)).*$")));
+}
 
 void setUpApplication()
 {

@@ -8,6 +8,16 @@
 
 namespace quenara::test {
 
+/// A test in which every warning is a failure, but for those that the offscreen platform itself
+/// gives of any window that is raised or has a minimum size.
+class GuiTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init();
+};
+
 /// Gives the application the program's fonts and style.
 void setUpApplication();
 

@@ -57,7 +57,7 @@ int difference(const QColor &a, const QColor &b)
 
 } // namespace
 
-class TestSlideBackground : public QObject
+class TestSlideBackground : public GuiTest
 {
     Q_OBJECT
 

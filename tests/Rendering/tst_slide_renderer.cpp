@@ -25,7 +25,7 @@ bool isAmber(QRgb pixel)
 
 } // namespace
 
-class TestSlideRenderer : public QObject
+class TestSlideRenderer : public GuiTest
 {
     Q_OBJECT
 

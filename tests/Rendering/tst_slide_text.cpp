@@ -49,7 +49,7 @@ QRect inkOf(const QImage &image)
 
 } // namespace
 
-class TestSlideText : public QObject
+class TestSlideText : public GuiTest
 {
     Q_OBJECT
 

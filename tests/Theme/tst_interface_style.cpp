@@ -7,7 +7,7 @@
 using namespace quenara;
 using namespace quenara::test;
 
-class TestInterfaceStyle : public QObject
+class TestInterfaceStyle : public GuiTest
 {
     Q_OBJECT
 

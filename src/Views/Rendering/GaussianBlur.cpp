@@ -38,31 +38,56 @@ struct Line
     int length;
 };
 
-/// One running-sum box pass of \a width over \a line; \a copy is room for a line's values.
-void boxPass(const Line &line, int width, std::vector<std::uint8_t> &copy)
+using Values = std::vector<std::uint8_t>;
+
+/// One running-sum box pass of \a width, nothing lying outside \a from.
+void boxPass(const Values &from, Values &to, int width)
 {
-    for (int i = 0; i < line.length; ++i)
-        copy[std::size_t(i)] = line.data[i * line.stride];
-    const int radius = width / 2;
+    const std::size_t radius = std::size_t(width) / 2;
     const unsigned reciprocal = (1U << 16U) / unsigned(width) + 1;
     unsigned sum = 0;
-    for (int i = 0; i < std::min(radius, line.length); ++i)
-        sum += copy[std::size_t(i)];
-    for (int i = 0; i < line.length; ++i) {
-        if (i + radius < line.length)
-            sum += copy[std::size_t(i + radius)];
-        line.data[i * line.stride] = uchar(std::min(255U, (sum * reciprocal) >> 16U));
-        if (i - radius >= 0)
-            sum -= copy[std::size_t(i - radius)];
+    for (std::size_t i = 0; i < radius; ++i)
+        sum += from[i];
+    for (std::size_t i = 0; i < from.size(); ++i) {
+        if (i + radius < from.size())
+            sum += from[i + radius];
+        to[i] = std::uint8_t(std::min(255U, (sum * reciprocal) >> 16U));
+        if (i >= radius)
+            sum -= from[i - radius];
     }
 }
 
-void blurLine(const Line &line, const std::array<int, passes> &widths,
-              std::vector<std::uint8_t> &copy)
+/// Blurs lines of one length, with room on both sides for what the passes spread beyond it.
+class LineBlur
 {
-    for (const int width : widths)
-        boxPass(line, width, copy);
-}
+public:
+    LineBlur(double sigma, int length) :
+        m_widths(boxWidths(sigma)),
+        m_margin(std::size_t(m_widths[0] / 2 + m_widths[1] / 2 + m_widths[2] / 2)),
+        m_values(std::size_t(length) + 2 * m_margin),
+        m_blurred(m_values.size())
+    {
+    }
+
+    void apply(const Line &line)
+    {
+        std::fill(m_values.begin(), m_values.end(), std::uint8_t(0));
+        for (int i = 0; i < line.length; ++i)
+            m_values[m_margin + std::size_t(i)] = line.data[i * line.stride];
+        for (const int width : m_widths) {
+            boxPass(m_values, m_blurred, width);
+            m_values.swap(m_blurred);
+        }
+        for (int i = 0; i < line.length; ++i)
+            line.data[i * line.stride] = m_values[m_margin + std::size_t(i)];
+    }
+
+private:
+    std::array<int, passes> m_widths;
+    std::size_t m_margin;
+    Values m_values;
+    Values m_blurred;
+};
 
 } // namespace
 
@@ -77,18 +102,16 @@ QImage gaussianBlurred(const QImage &image, double sigma)
         return image;
     QImage blurred = image;
     const int channels = blurred.depth() / 8;
-    const auto widths = boxWidths(sigma);
-    std::vector<std::uint8_t> copy(std::size_t(std::max(blurred.width(), blurred.height())));
+    LineBlur rows(sigma, blurred.width());
+    LineBlur columns(sigma, blurred.height());
     uchar *bits = blurred.bits();
+    const qsizetype rowStride = blurred.bytesPerLine();
     for (int channel = 0; channel < channels; ++channel) {
-        for (int y = 0; y < blurred.height(); ++y) {
-            blurLine({bits + y * blurred.bytesPerLine() + channel, channels, blurred.width()},
-                     widths, copy);
-        }
+        for (int y = 0; y < blurred.height(); ++y)
+            rows.apply({bits + y * rowStride + channel, channels, blurred.width()});
         for (int x = 0; x < blurred.width(); ++x) {
-            blurLine({bits + qsizetype(x) * channels + channel, blurred.bytesPerLine(),
-                      blurred.height()},
-                     widths, copy);
+            columns.apply({bits + qsizetype(x) * channels + channel, rowStride,
+                           blurred.height()});
         }
     }
     return blurred;

@@ -82,9 +82,11 @@ void TextBlock::layOut(double fit)
     double y = 0;
     QRectF covered;
     for (QTextLine line = m_layout->createLine(); line.isValid(); line = m_layout->createLine()) {
+        line.setLeadingIncluded(true);
         line.setLineWidth(width);
         line.setPosition({0, y});
-        covered |= QRectF(line.naturalTextRect().left(), y, line.naturalTextWidth(), line.height());
+        covered |= QRectF(line.naturalTextRect().left(), y, line.naturalTextWidth(),
+                          line.ascent() + line.descent());
         y += line.height() + spacing;
     }
     m_layout->endLayout();

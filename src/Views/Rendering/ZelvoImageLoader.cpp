@@ -19,6 +19,8 @@ QImage decoded(QIODevice &device)
 
 QImage imageFromFile(const QString &path)
 {
+    if (path.isEmpty())
+        return {};
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? decoded(file) : QImage();
 }

@@ -1,0 +1,171 @@
+#include "DisplayOutputView.h"
+#include "GuiTestSupport.h"
+#include "InterfaceStyle.h"
+#include "ProjectTemplates.h"
+#include "TestSupport.h"
+
+using namespace quenara;
+using namespace quenara::test;
+
+namespace {
+
+constexpr QSize screen(960, 540);
+
+/// A display view on a world of its own, at the size of a screen.
+struct AudienceScreen
+{
+    World world;
+    DisplayOutputView view{world.store};
+
+    AudienceScreen() { view.resize(screen); }
+    explicit AudienceScreen(const ZelvoProject &project) : world(project) { view.resize(screen); }
+
+    QImage picture() { return view.grab().toImage().convertToFormat(QImage::Format_RGB32); }
+};
+
+QImage black(const QSize &size = screen)
+{
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(Qt::black);
+    return image;
+}
+
+QImage pictureOf(const std::optional<Slide> &slide)
+{
+    QImage image = black();
+    QPainter painter(&image);
+    SlideRendererView{.slide = slide}.paint(painter, image.rect());
+    painter.end();
+    return image;
+}
+
+} // namespace
+
+class TestDisplayOutputView : public GuiTest
+{
+    Q_OBJECT
+
+private slots:
+    void liveShowsTheLiveSlide()
+    {
+        AudienceScreen display;
+        QCOMPARE(display.picture(),
+                 pictureOf(display.world.store.slideWithID(display.world.store.liveSlideID())));
+        display.world.store.nextLive();
+        QCOMPARE(display.picture(),
+                 pictureOf(display.world.store.slideWithID(display.world.store.liveSlideID())));
+    }
+
+    void selectingAndQueueingChangesNothing()
+    {
+        AudienceScreen display;
+        const QImage before = display.picture();
+        display.world.store.queueNext();
+        display.world.store.selectSlide(display.world.store.flattenedSlides().at(4).id(), true);
+        QCOMPARE(display.picture(), before);
+    }
+
+    void liveWithoutALiveSlideShowsTheRenderersEmptyState()
+    {
+        AudienceScreen display(ProjectTemplates::blankProject(someTime()));
+        QVERIFY(!display.world.store.liveSlideID());
+        QCOMPARE(display.picture(), black());
+    }
+
+    void blackoutIsPureBlackAndLiveShowsTheSameSlideAgain()
+    {
+        AudienceScreen display;
+        const QImage live = display.picture();
+        display.world.store.toggleBlackout();
+        QCOMPARE(display.picture(), black());
+        display.world.store.toggleBlackout();
+        QCOMPARE(display.picture(), live);
+    }
+
+    void logoIsTheHoldingScreenWhateverTheLiveSlideIs()
+    {
+        AudienceScreen display;
+        display.world.store.toggleLogo();
+        const QImage holding = display.picture();
+        QVERIFY(holding != black());
+        display.world.store.nextLive();
+        QVERIFY(display.picture() != holding);
+        display.world.store.toggleLogo();
+        QCOMPARE(display.picture(), holding);
+    }
+
+    void theHoldingScreenIsNotScaledWithTheWindow()
+    {
+        AudienceScreen display;
+        display.world.store.toggleLogo();
+        // The bar under the name: 360 points wide and 6 high at any size of the window.
+        for (const QSize &size : {QSize(960, 540), QSize(1920, 1080), QSize(1280, 1024)}) {
+            display.view.resize(size);
+            const QImage image = display.picture();
+            const QRgb amber = qRgb(0xf0, 0xb8, 0x4a);
+            int widest = 0;
+            int rows = 0;
+            for (int y = 0; y < image.height(); ++y) {
+                int run = 0;
+                for (int x = 0; x < image.width(); ++x)
+                    run += image.pixel(x, y) == amber ? 1 : 0;
+                widest = std::max(widest, run);
+                rows += run == 360 ? 1 : 0;
+            }
+            QCOMPARE(widest, 360);
+            QVERIFY(rows >= 5 && rows <= 6);
+            QCOMPARE(image.pixel(0, 0), qRgb(0, 0, 0));
+        }
+    }
+
+    void theSafeAreaGuideOfTheEditorIsNeverDrawn()
+    {
+        AudienceScreen display;
+        const std::optional<Slide> live
+            = display.world.store.slideWithID(display.world.store.liveSlideID());
+        QVERIFY(live->design.safeAreaEnabled);
+        QImage guided = black();
+        QPainter painter(&guided);
+        SlideRendererView{.slide = live, .showSafeArea = true}.paint(painter, guided.rect());
+        painter.end();
+        QVERIFY(display.picture() != guided);
+        QCOMPARE(display.picture(), pictureOf(live));
+    }
+
+    void theAppearanceChangesNothing()
+    {
+        AudienceScreen display;
+        for (const auto mode : {OutputMode::live, OutputMode::logo}) {
+            if (mode == OutputMode::logo)
+                display.world.store.toggleLogo();
+            display.view.setPalette(interfacePalette(ZelvoTheme::dark()));
+            display.view.setStyleSheet(interfaceStyleSheet(ZelvoTheme::dark()));
+            const QImage dark = display.picture();
+            display.view.setPalette(interfacePalette(ZelvoTheme::light()));
+            display.view.setStyleSheet(interfaceStyleSheet(ZelvoTheme::light()));
+            QCOMPARE(display.picture(), dark);
+        }
+    }
+
+    void everyPixelOfTheWindowIsPaintedWhateverItsShape()
+    {
+        AudienceScreen display;
+        display.view.resize(700, 700);
+        QImage image(700, 700, QImage::Format_ARGB32);
+        image.fill(magenta);
+        display.view.render(&image);
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x)
+                QVERIFY(image.pixel(x, y) != magenta);
+        }
+    }
+
+    void thePointerIsHiddenOverIt()
+    {
+        AudienceScreen display;
+        QCOMPARE(display.view.cursor().shape(), Qt::BlankCursor);
+    }
+};
+
+QUENARA_GUI_TEST_MAIN(TestDisplayOutputView)
+#include "tst_display_output_view.moc"

@@ -1,0 +1,100 @@
+#include "GuiTestSupport.h"
+#include "ProjectFileService.h"
+#include "ProjectTemplates.h"
+#include "StartPanelView.h"
+#include "TestSupport.h"
+
+#include <QLabel>
+#include <QPushButton>
+
+using namespace quenara;
+using namespace quenara::test;
+
+namespace {
+
+QPushButton *button(const StartPanelView &panel, const QString &name)
+{
+    for (auto *candidate : panel.findChildren<QPushButton *>()) {
+        if (candidate->text() == name || candidate->accessibleName() == name)
+            return candidate;
+    }
+    qFatal("no button %s", qPrintable(name));
+}
+
+} // namespace
+
+class TestStartPanelView : public GuiTest
+{
+    Q_OBJECT
+
+private slots:
+    void everyStartButtonGivesItsProjectAndDismissesThePanel_data()
+    {
+        QTest::addColumn<QString>("title");
+        QTest::addColumn<QString>("projectName");
+        QTest::newRow("blank") << "New Blank Project" << "Untitled Quenara";
+        QTest::newRow("service") << "New Sunday Service" << "Sunday Service";
+        QTest::newRow("demo") << "Open Demo Service" << "Quenara Demo Service";
+    }
+
+    void everyStartButtonGivesItsProjectAndDismissesThePanel()
+    {
+        QFETCH(QString, title);
+        QFETCH(QString, projectName);
+        World world(ZelvoProject{});
+        StartPanelView panel(world.store, nullptr);
+        panel.show();
+        QTest::mouseClick(button(panel, title), Qt::LeftButton);
+        QCOMPARE(world.store.project().name, projectName);
+        QVERIFY(!world.store.currentFileURL());
+        QVERIFY(!panel.isVisible());
+    }
+
+    void cancellingTheOpenPanelDismissesThePanelToo()
+    {
+        World world;
+        StartPanelView panel(world.store, nullptr);
+        panel.show();
+        QTest::mouseClick(button(panel, QStringLiteral("Open File...")), Qt::LeftButton);
+        QCOMPARE(world.panels.asked.size(), 1);
+        QVERIFY(!panel.isVisible());
+        QCOMPARE(world.store.project().name, QStringLiteral("Quenara Demo Service"));
+    }
+
+    void withoutRecentProjectsThePanelSaysSo()
+    {
+        World world;
+        const StartPanelView panel(world.store, nullptr);
+        const QList<QLabel *> labels = panel.findChildren<QLabel *>();
+        QVERIFY(std::any_of(labels.begin(), labels.end(), [](const QLabel *label) {
+            return label->text() == QStringLiteral("No recent projects yet.");
+        }));
+    }
+
+    void aRecentProjectOpensEvenWhenThatFails()
+    {
+        World world;
+        const QUrl url = world.fileUrl(QStringLiteral("Easter.quenara"));
+        ZelvoProject easter = ProjectTemplates::newSundayServiceProject(someTime());
+        easter.name = QStringLiteral("Easter");
+        ProjectFileService::save(easter, url, someTime());
+        world.store.openProject(url);
+        world.store.newBlankProject();
+        {
+            StartPanelView panel(world.store, nullptr);
+            panel.show();
+            QTest::mouseClick(button(panel, QStringLiteral("Easter")), Qt::LeftButton);
+            QCOMPARE(world.store.project().name, QStringLiteral("Easter"));
+            QVERIFY(!panel.isVisible());
+        }
+        QVERIFY(QFile::remove(url.toLocalFile()));
+        StartPanelView panel(world.store, nullptr);
+        panel.show();
+        QTest::mouseClick(button(panel, QStringLiteral("Easter")), Qt::LeftButton);
+        QVERIFY(!panel.isVisible());
+        QCOMPARE(world.store.errorMessage(), QStringLiteral("Quenara could not read that file."));
+    }
+};
+
+QUENARA_GUI_TEST_MAIN(TestStartPanelView)
+#include "tst_start_panel_view.moc"

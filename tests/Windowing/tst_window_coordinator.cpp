@@ -1,0 +1,154 @@
+#include "GuiTestSupport.h"
+#include "WindowingWorld.h"
+
+#include <QPointer>
+#include <QScreen>
+#include <QSignalSpy>
+
+using namespace quenara;
+using namespace quenara::test;
+
+class TestWindowCoordinator : public GuiTest
+{
+    Q_OBJECT
+
+private slots:
+    void theDisplayCoversTheSecondScreenWhateverScreenTheOperatorIsOn()
+    {
+        WindowingWorld world;
+        OperatorWindow operatorWindow(world.store, world.windows, world.commands);
+        operatorWindow.setScreen(QGuiApplication::screens().at(1));
+        operatorWindow.show();
+        world.openDisplay();
+        QVERIFY(QTest::qWaitForWindowExposed(world.windows.displayWindow()));
+        QCOMPARE(world.windows.displayWindow()->geometry(), QRect(1920, 0, 1920, 1080));
+        QCOMPARE(world.windows.displayWindow()->screen(), QGuiApplication::screens().at(1));
+        QVERIFY(world.windows.displayWindow()->windowFlags() & Qt::FramelessWindowHint);
+        QCOMPARE(world.windows.displayWindow()->windowTitle(), QStringLiteral("Quenara Display"));
+    }
+
+    void theStageWindowIsAnOrdinaryWindowOfItsOwnSize()
+    {
+        WindowingWorld world;
+        world.openStage();
+        const OutputWindow &stage = *world.windows.stageWindow();
+        QCOMPARE(stage.geometry(), QRect(180, 160, 1180, 720));
+        QCOMPARE(stage.minimumSize(), QSize(900, 540));
+        QCOMPARE(stage.windowTitle(), QStringLiteral("Quenara Stage"));
+        QVERIFY(!(stage.windowFlags() & Qt::FramelessWindowHint));
+    }
+
+    void openingAnOpenWindowNeitherMakesMovesNorRestylesOne()
+    {
+        WindowingWorld world;
+        world.openDisplay();
+        world.openStage();
+        const QPointer<OutputWindow> display = world.windows.displayWindow();
+        const QPointer<OutputWindow> stage = world.windows.stageWindow();
+        stage->setGeometry(300, 200, 1000, 600);
+        world.windows.openDisplayWindow(world.store, AppAppearance::dark);
+        world.windows.openStageWindow(world.store, AppAppearance::dark);
+        QCOMPARE(world.windows.displayWindow(), display.data());
+        QCOMPARE(world.windows.stageWindow(), stage.data());
+        QCOMPARE(stage->geometry(), QRect(300, 200, 1000, 600));
+        QCOMPARE(display->appearance(), AppAppearance::system);
+        QCOMPARE(stage->appearance(), AppAppearance::system);
+        QVERIFY(world.windows.isDisplayWindowOpen());
+        QVERIFY(world.windows.isStageWindowOpen());
+    }
+
+    void closingAWindowThatIsNotOpenIsNoError()
+    {
+        WindowingWorld world;
+        const QSignalSpy changed(&world.windows, &WindowCoordinator::isDisplayWindowOpenChanged);
+        world.windows.closeDisplayWindow();
+        world.windows.closeStageWindow();
+        QVERIFY(!world.windows.isDisplayWindowOpen());
+        QVERIFY(!world.windows.displayWindow());
+        QVERIFY(!world.windows.stageWindow());
+        QVERIFY(changed.isEmpty());
+    }
+
+    void closingTheStageWindowByHandDropsItsFlagAndTheNextToggleOpensAFreshOne()
+    {
+        WindowingWorld world;
+        world.openStage();
+        const QPointer<OutputWindow> first = world.windows.stageWindow();
+        const QSignalSpy changed(&world.windows, &WindowCoordinator::isStageWindowOpenChanged);
+        first->close();
+        QVERIFY(!world.windows.isStageWindowOpen());
+        QVERIFY(!world.windows.stageWindow());
+        QCOMPARE(changed.size(), 1);
+        QTRY_VERIFY(!first);
+        world.windows.toggleStageWindow(world.store, AppAppearance::system);
+        QVERIFY(world.windows.isStageWindowOpen());
+        QVERIFY(world.windows.stageWindow()->isVisible());
+    }
+
+    void closingTellsOnceAndReleasesTheWindow()
+    {
+        WindowingWorld world;
+        world.openDisplay();
+        const QPointer<OutputWindow> window = world.windows.displayWindow();
+        const QSignalSpy changed(&world.windows, &WindowCoordinator::isDisplayWindowOpenChanged);
+        world.windows.closeDisplayWindow();
+        QCOMPARE(changed.size(), 1);
+        QTRY_VERIFY(!window);
+    }
+
+    void anUnknownPreferenceIsNoExplicitAppearanceAnywhere()
+    {
+        WindowingWorld world;
+        world.appearance.setRawValue(QStringLiteral("midnight"));
+        world.openDisplay();
+        world.openStage();
+        world.windows.updateAppearance(world.appearance.appearance());
+        QCOMPARE(world.windows.displayWindow()->appearance(), AppAppearance::system);
+        QCOMPARE(world.windows.stageWindow()->appearance(), AppAppearance::system);
+        QCOMPARE(QApplication::palette().color(QPalette::Window),
+                 ZelvoTheme::light().appBackground);
+    }
+
+    void aChangeOfAppearanceReachesBothWindowsAndTheApplicationAtOnce()
+    {
+        WindowingWorld world;
+        world.openDisplay();
+        world.openStage();
+        for (const AppAppearance appearance : {AppAppearance::dark, AppAppearance::light}) {
+            world.windows.updateAppearance(appearance);
+            const ZelvoTheme &theme = ZelvoTheme::current(*colorScheme(appearance));
+            QCOMPARE(world.windows.displayWindow()->appearance(), appearance);
+            QCOMPARE(world.windows.stageWindow()->appearance(), appearance);
+            QCOMPARE(world.windows.stageWindow()->palette().color(QPalette::Window),
+                     theme.appBackground);
+            QCOMPARE(QApplication::palette().color(QPalette::Window), theme.appBackground);
+            QVERIFY(qApp->styleSheet().contains(QString::number(theme.accent.red())));
+        }
+    }
+
+    void theAudienceSeesTheLiveSlideInTheDisplayWindow()
+    {
+        WindowingWorld world;
+        world.openDisplay();
+        OutputWindow &display = *world.windows.displayWindow();
+        QVERIFY(QTest::qWaitForWindowExposed(&display));
+        world.store.nextLive();
+        const SlideRendererView live{.slide = world.store.slideWithID(world.store.liveSlideID())};
+        QCOMPARE(largestDifference(display.grab().toImage(), rendered(live, {1920, 1080})), 0);
+    }
+
+    void theObserverCallsBackOnceAWindowIsAboutToClose()
+    {
+        QWidget window;
+        int calls = 0;
+        const WindowCloseObserver observer(&window, [&calls] { ++calls; });
+        window.show();
+        window.hide();
+        QCOMPARE(calls, 0);
+        window.close();
+        QCOMPARE(calls, 1);
+    }
+};
+
+QUENARA_GUI_TEST_MAIN(TestWindowCoordinator)
+#include "tst_window_coordinator.moc"

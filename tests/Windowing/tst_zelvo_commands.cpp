@@ -1,0 +1,254 @@
+#include "GuiTestSupport.h"
+#include "TextInputGuard.h"
+#include "WindowingWorld.h"
+
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QPlainTextEdit>
+
+using namespace quenara;
+using namespace quenara::test;
+
+namespace {
+
+/// The program's windows on a demo service, its operator window active.
+struct Program : WindowingWorld
+{
+    TextInputGuard guard;
+    OperatorWindow operatorWindow{store, windows, commands};
+
+    Program()
+    {
+        qApp->installEventFilter(&guard);
+        operatorWindow.show();
+        activate(operatorWindow);
+    }
+
+    static void activate(QWidget &window)
+    {
+        window.activateWindow();
+        if (!QTest::qWaitForWindowActive(&window))
+            qFatal("the window does not become active");
+    }
+
+    static void press(QWidget &window, Qt::Key key)
+    {
+        QTest::keyClick(window.windowHandle(), key);
+    }
+
+    qsizetype place(const std::optional<QString> &id) const
+    {
+        const QList<FlattenedSlide> show = store.flattenedSlides();
+        for (const FlattenedSlide &slide : show) {
+            if (slide.id() == id)
+                return slide.absoluteIndex;
+        }
+        return -1;
+    }
+    qsizetype live() const { return place(store.liveSlideID()); }
+    qsizetype queued() const { return place(store.queuedSlideID()); }
+};
+
+QString menuText(const QMenu &menu)
+{
+    QStringList lines;
+    for (const QAction *action : menu.actions()) {
+        QStringList shortcuts;
+        for (const QKeySequence &shortcut : action->shortcuts())
+            shortcuts.append(shortcut.toString(QKeySequence::PortableText));
+        lines.append(action->isSeparator()
+                         ? QStringLiteral("-")
+                         : action->text() + QLatin1Char('|') + shortcuts.join(QLatin1Char(' ')));
+    }
+    return lines.join(QLatin1Char('\n'));
+}
+
+} // namespace
+
+class TestZelvoCommands : public GuiTest
+{
+    Q_OBJECT
+
+private slots:
+    void theMenusHoldTheirItemsInOrder()
+    {
+        Program program;
+        const QList<QAction *> menus = program.operatorWindow.menuBar()->actions();
+        QCOMPARE(menus.size(), 4);
+        QCOMPARE(menuText(*menus.at(0)->menu()),
+                 QStringLiteral("New Project...|Ctrl+N\nNew Blank Project|\nNew Sunday Service|\n-\n"
+                                "Open...|Ctrl+O\nSave|Ctrl+S\nSave As...|Ctrl+Shift+S\n-\n"
+                                "Quit|Ctrl+Q"));
+        QCOMPARE(menuText(*menus.at(1)->menu()),
+                 QStringLiteral("Undo|Ctrl+Z\nRedo|Ctrl+Shift+Z"));
+        QCOMPARE(menuText(*menus.at(2)->menu()),
+                 QStringLiteral("Go Live|Space\nGo Live|Return Enter\n-\n"
+                                "Next Live Slide|Right PgDown\nPrevious Live Slide|Left PgUp\n"
+                                "Queue Next|Down\nQueue Previous|Up\n-\n"
+                                "Toggle Blackout|B\nToggle Logo|L"));
+        QCOMPARE(menuText(*menus.at(3)->menu()),
+                 QStringLiteral("Open Display Window|\nOpen Monitor Window|"));
+    }
+
+    void undoAndRedoAreEnabledExactlyWhileThereIsSomethingToUndoOrRedo()
+    {
+        Program program;
+        const QAction *undo = program.commands.action(Command::undo);
+        const QAction *redo = program.commands.action(Command::redo);
+        QVERIFY(!undo->isEnabled());
+        QVERIFY(!redo->isEnabled());
+        program.store.addSlide();
+        QVERIFY(undo->isEnabled());
+        program.store.undo();
+        QVERIFY(!undo->isEnabled());
+        QVERIFY(redo->isEnabled());
+        program.store.newBlankProject();
+        QVERIFY(!redo->isEnabled());
+    }
+
+    void allOtherItemsAreAlwaysEnabled()
+    {
+        Program program;
+        program.store.newBlankProject();
+        for (const MenuDescription &menu : menuDescriptions()) {
+            for (const auto &group : menu.groups) {
+                for (const CommandDescription &item : group) {
+                    const bool isHistory
+                        = item.command == Command::undo || item.command == Command::redo;
+                    QCOMPARE(program.commands.action(item.command)->isEnabled(), !isHistory);
+                }
+            }
+        }
+    }
+
+    void theWindowItemsSayWhatTheyWillDo()
+    {
+        Program program;
+        QAction *display = program.commands.action(Command::toggleDisplayWindow);
+        QAction *stage = program.commands.action(Command::toggleStageWindow);
+        display->trigger();
+        stage->trigger();
+        QVERIFY(program.windows.isDisplayWindowOpen());
+        QCOMPARE(display->text(), QStringLiteral("Close Display Window"));
+        QCOMPARE(stage->text(), QStringLiteral("Close Monitor Window"));
+        // Closed by other means than the menu.
+        program.windows.toggleDisplayWindow(program.store, AppAppearance::system);
+        program.windows.stageWindow()->close();
+        QCOMPARE(display->text(), QStringLiteral("Open Display Window"));
+        QCOMPARE(stage->text(), QStringLiteral("Open Monitor Window"));
+    }
+
+    void transportKeysWorkInEveryWindow_data()
+    {
+        QTest::addColumn<QString>("window");
+        QTest::newRow("operator window") << "operator";
+        QTest::newRow("display window") << "display";
+        QTest::newRow("stage window") << "stage";
+    }
+
+    void transportKeysWorkInEveryWindow()
+    {
+        QFETCH(QString, window);
+        Program program;
+        program.openDisplay();
+        program.openStage();
+        QWidget *focused = &program.operatorWindow;
+        if (window == QStringLiteral("display"))
+            focused = program.windows.displayWindow();
+        else if (window == QStringLiteral("stage"))
+            focused = program.windows.stageWindow();
+        Program::activate(*focused);
+
+        Program::press(*focused, Qt::Key_Right);
+        QCOMPARE(program.live(), 1);
+        Program::press(*focused, Qt::Key_PageDown);
+        QCOMPARE(program.live(), 2);
+        Program::press(*focused, Qt::Key_Left);
+        QCOMPARE(program.live(), 1);
+        Program::press(*focused, Qt::Key_PageUp);
+        QCOMPARE(program.live(), 0);
+        Program::press(*focused, Qt::Key_Down);
+        Program::press(*focused, Qt::Key_Down);
+        QCOMPARE(program.queued(), 2);
+        QCOMPARE(program.live(), 0);
+        Program::press(*focused, Qt::Key_Space);
+        QCOMPARE(program.live(), 2);
+        Program::press(*focused, Qt::Key_Up);
+        QCOMPARE(program.queued(), 1);
+        Program::press(*focused, Qt::Key_Return);
+        QCOMPARE(program.live(), 1);
+        Program::press(*focused, Qt::Key_B);
+        QCOMPARE(program.store.outputMode(), OutputMode::blackout);
+        Program::press(*focused, Qt::Key_L);
+        QCOMPARE(program.store.outputMode(), OutputMode::logo);
+        Program::press(*focused, Qt::Key_L);
+        QCOMPARE(program.store.outputMode(), OutputMode::live);
+    }
+
+    void keysTypedIntoTextChangeNothingLive()
+    {
+        Program program;
+        auto *name = program.operatorWindow.findChild<QLineEdit *>(QStringLiteral("projectName"));
+        name->setFocus();
+        name->selectAll();
+        for (const Qt::Key key : {Qt::Key_B, Qt::Key_L, Qt::Key_Space, Qt::Key_Space, Qt::Key_B,
+                                  Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down,
+                                  Qt::Key_PageUp, Qt::Key_PageDown})
+            Program::press(program.operatorWindow, key);
+        QCOMPARE(name->text(), QStringLiteral("bl  b"));
+        QCOMPARE(program.live(), 0);
+        QCOMPARE(program.queued(), 0);
+        QCOMPARE(program.store.outputMode(), OutputMode::live);
+        Program::press(program.operatorWindow, Qt::Key_Down);
+        Program::press(program.operatorWindow, Qt::Key_Return);
+        QCOMPARE(program.store.project().name, QStringLiteral("bl  b"));
+        QCOMPARE(program.live(), 0);
+    }
+
+    void anEditorOfSeveralLinesKeepsItsKeys()
+    {
+        Program program;
+        QPlainTextEdit editor;
+        editor.show();
+        Program::activate(editor);
+        for (const Qt::Key key : {Qt::Key_B, Qt::Key_Return, Qt::Key_L, Qt::Key_Space,
+                                  Qt::Key_Enter, Qt::Key_Up})
+            Program::press(editor, key);
+        QCOMPARE(editor.toPlainText(), QStringLiteral("b\nl \n"));
+        QCOMPARE(program.store.outputMode(), OutputMode::live);
+    }
+
+    void holdingAKeyDownDoesNotRepeatIt()
+    {
+        for (const MenuDescription &menu : menuDescriptions()) {
+            for (const auto &group : menu.groups) {
+                for (const CommandDescription &item : group)
+                    QVERIFY(!Program().commands.action(item.command)->autoRepeat());
+            }
+        }
+    }
+
+    void commandsDoTheirWork()
+    {
+        Program program;
+        program.commands.action(Command::newSundayService)->trigger();
+        QCOMPARE(program.store.project().name, QStringLiteral("Sunday Service"));
+        program.commands.action(Command::newBlankProject)->trigger();
+        QCOMPARE(program.store.project().name, QStringLiteral("Untitled Quenara"));
+        program.commands.action(Command::newProject)->trigger();
+        QVERIFY(program.store.isStartPanelPresented());
+        program.store.setStartPanelPresented(false);
+        program.commands.action(Command::open)->trigger();
+        QCOMPARE(program.panels.asked.constLast().title, QStringLiteral("Open Quenara Project"));
+        program.commands.action(Command::saveAs)->trigger();
+        QCOMPARE(program.panels.asked.constLast().title, QStringLiteral("Save Quenara Project"));
+        program.store.addSlide();
+        program.commands.action(Command::undo)->trigger();
+        QVERIFY(program.store.project().serviceItems.isEmpty());
+        program.commands.action(Command::redo)->trigger();
+        QCOMPARE(program.store.project().serviceItems.size(), 1);
+    }
+};
+
+QUENARA_GUI_TEST_MAIN(TestZelvoCommands)
+#include "tst_zelvo_commands.moc"
