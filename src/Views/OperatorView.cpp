@@ -54,6 +54,12 @@ OperatorView::OperatorView(WorkspaceStore &store, QWidget *parent) : QWidget(par
     setFocusProxy(m_showList);
 }
 
+OperatorView::~OperatorView()
+{
+    // A field that is deleted while it has the focus still says that its editing has finished.
+    m_projectName->disconnect(this);
+}
+
 QWidget *OperatorView::makeProjectBar()
 {
     m_projectName = new QLineEdit;

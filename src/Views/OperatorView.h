@@ -20,6 +20,7 @@ class OperatorView : public QWidget
 
 public:
     explicit OperatorView(WorkspaceStore &store, QWidget *parent = nullptr);
+    ~OperatorView() override;
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
