@@ -1,0 +1,89 @@
+#include "Figures.h"
+
+#include <chrono>
+#include <cstdio>
+#include <malloc.h>
+#include <vector>
+
+namespace quenara::bench {
+
+namespace {
+
+/// Keeps what the benchmark library measures instead of printing it.
+class Collector : public benchmark::BenchmarkReporter
+{
+public:
+    double nanoseconds = 0;
+
+    bool ReportContext(const Context & /*context*/) override { return true; }
+    void ReportRuns(const std::vector<Run> &runs) override
+    {
+        for (const Run &run : runs)
+            nanoseconds = run.real_accumulated_time * 1e9 / double(run.iterations);
+    }
+};
+
+QString text(double value, Figure::Unit unit)
+{
+    if (unit == Figure::Unit::bytes)
+        return QStringLiteral("%1 MB").arg(value / (1024 * 1024), 0, 'f', 2);
+    if (value < 1e6)
+        return QStringLiteral("%1 us").arg(value / 1e3, 0, 'f', 1);
+    return QStringLiteral("%1 ms").arg(value / 1e6, 0, 'f', 1);
+}
+
+} // namespace
+
+double nanoseconds(const TimedLoop &loop, bool isManual)
+{
+    benchmark::ClearRegisteredBenchmarks();
+    auto *registered = benchmark::RegisterBenchmark("figure", loop);
+    if (isManual)
+        registered->UseManualTime();
+    Collector collector;
+    benchmark::RunSpecifiedBenchmarks(&collector);
+    return collector.nanoseconds;
+}
+
+double nanosecondsOf(const std::function<void()> &operation, const std::function<void()> &restore)
+{
+    using Clock = std::chrono::steady_clock;
+    return nanoseconds(
+        [&](benchmark::State &state) {
+            for ([[maybe_unused]] auto iteration : state) {
+                const Clock::time_point start = Clock::now();
+                operation();
+                const std::chrono::duration<double> taken = Clock::now() - start;
+                state.SetIterationTime(taken.count());
+                restore();
+            }
+        },
+        true);
+}
+
+double heapInUse()
+{
+    const struct mallinfo2 info = mallinfo2();
+    return double(info.uordblks + info.hblkhd);
+}
+
+void printTable(const QList<Figure> &figures)
+{
+    const auto print = [](const QString &name, const QString &value, const QString &yardstickName,
+                          const QString &yardstick, const QString &ratio, const QString &limit) {
+        std::printf("%-34s %12s   %-32s %12s %9s %10s\n", qPrintable(name), qPrintable(value),
+                    qPrintable(yardstickName), qPrintable(yardstick), qPrintable(ratio),
+                    qPrintable(limit));
+    };
+    const auto word = [](const char *latin1) { return QString::fromLatin1(latin1); };
+    print(word("figure"), word("measured"), word("yardstick"), word("measured"), word("ratio"),
+          word("limit"));
+    for (const Figure &figure : figures) {
+        print(figure.name, text(figure.value, figure.unit), figure.yardstickName,
+              text(figure.yardstick, figure.unit),
+              QString::number(figure.value / figure.yardstick, 'f', 3),
+              figure.limit ? text(*figure.limit, figure.unit) : word("-"));
+    }
+}
+
+} // namespace quenara::bench
