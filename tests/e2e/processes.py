@@ -4,7 +4,7 @@ import subprocess
 import tempfile
 import time
 
-DEADLINE = 60
+DEADLINE = 30
 POLL_INTERVAL = 0.05
 
 

@@ -1,0 +1,155 @@
+"""The program under test, used as a person uses it: windows, keys, the mouse and what is seen."""
+
+import contextlib
+import re
+import tempfile
+from pathlib import Path
+
+from processes import Process, wait_until
+
+OPERATOR = r".* — Quenara"
+START_PANEL = ALERT = "Quenara"
+DISPLAY = "Quenara Display"
+STAGE = "Quenara Stage"
+
+# A place inside the project name's field, in the operator window's content.
+PROJECT_NAME = (100, 54)
+
+# What the toolkit and the system's libraries keep until the end of the process is not ours to free.
+SANITIZER_OPTIONS = "detect_leaks=0"
+
+
+class Program:
+    """A running program with a home of its own; a context manager that ends it."""
+
+    def __init__(self, server, executable, *arguments, folder=None, preferences=""):
+        self.server = server
+        self._home = tempfile.TemporaryDirectory(prefix="quenara-home-")
+        home = Path(self._home.name)
+        configuration = home / "config/Quenara/Quenara.conf"
+        configuration.parent.mkdir(parents=True)
+        configuration.write_text(f"[General]\n{preferences}")
+        runtime = home / "runtime"
+        runtime.mkdir(mode=0o700)
+        self._environment = server.environment | {
+            "HOME": str(home),
+            "XDG_CONFIG_HOME": str(home / "config"),
+            "XDG_DATA_HOME": str(home / "data"),
+            "XDG_CACHE_HOME": str(home / "cache"),
+            "XDG_RUNTIME_DIR": str(runtime),
+            "DBUS_SESSION_BUS_ADDRESS": "disabled:",
+            "ASAN_OPTIONS": SANITIZER_OPTIONS,
+        }
+        self._process = Process([str(executable), *map(str, arguments)], cwd=folder or home,
+                                env=self._environment)
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self._process.end()
+        self._home.cleanup()
+
+    def status(self):
+        return self._process.status()
+
+    def output(self):
+        return self._process.output()
+
+    def wait_for_end(self):
+        """The exit status, once the program has ended by itself."""
+        wait_until(lambda: self.status() is not None, "the program to end")
+        return self.status()
+
+    def windows(self):
+        """The shown windows: title by X window id."""
+        lines = self.server.run("wmctrl", "-l").decode().splitlines()
+        found = {}
+        for line in lines:
+            window, _, _, *title = line.split(maxsplit=3)
+            found[window] = title[0] if title else ""
+        return found
+
+    def window(self, title):
+        """The id of the shown window whose whole title matches, None when there is none."""
+        for window, shown in self.windows().items():
+            if re.fullmatch(title, shown):
+                return window
+        return None
+
+    def wait_for_window(self, title):
+        def found():
+            if self.status() is not None:
+                raise AssertionError(f"the program ended: {self.output()}")
+            return self.window(title)
+
+        return wait_until(found, f"a window titled {title}")
+
+    def wait_for_no_window(self, title):
+        wait_until(lambda: not self.window(title), f"the window titled {title} to go")
+
+    def focused_title(self):
+        return self.server.run("xdotool", "getactivewindow", "getwindowname").decode().strip()
+
+    def focus(self, title):
+        """Puts a window in front, with the keyboard."""
+        self.server.run("xdotool", "windowactivate", "--sync", self.wait_for_window(title))
+        wait_until(lambda: re.fullmatch(title, self.focused_title()), f"{title} to have the focus")
+
+    def area(self, title):
+        """(width, height, x, y) of a window's content on the whole desktop."""
+        answer = self.server.run("xdotool", "getwindowgeometry", "--shell",
+                                 self.wait_for_window(title)).decode()
+        values = dict(line.split("=") for line in answer.split())
+        return tuple(int(values[key]) for key in ("WIDTH", "HEIGHT", "X", "Y"))
+
+    def press(self, *keys):
+        """Presses and releases keys one after the other in the window that has the focus."""
+        for key in keys:
+            self.server.run("xdotool", "key", key)
+
+    @contextlib.contextmanager
+    def held(self, key):
+        """Holds a key down meanwhile."""
+        self.server.run("xdotool", "keydown", key)
+        try:
+            yield
+        finally:
+            self.server.run("xdotool", "keyup", key)
+
+    def point_at(self, title, x=200, y=200):
+        """Moves the pointer to a place of a window's content."""
+        _, _, left, top = self.area(title)
+        self.server.run("xdotool", "mousemove", str(left + x), str(top + y))
+
+    def click_project_name(self):
+        self.point_at(OPERATOR, *PROJECT_NAME)
+        self.server.run("xdotool", "click", "1")
+
+    def move(self, title, x, y):
+        """Moves a window's content to a place of the desktop."""
+        self.server.run("xdotool", "windowmove", self.wait_for_window(title), str(x), str(y))
+        wait_until(lambda: self.area(title)[2] >= x, f"{title} to move")
+
+    def choose(self, menu_key, downs):
+        """Chooses an item of a menu of the operator window by its place below the first."""
+        self.focus(OPERATOR)
+        self.press(f"alt+{menu_key}", *["Down"] * downs, "Return")
+
+    def toggle_display(self):
+        self.choose("o", 0)
+
+    def toggle_stage(self):
+        self.choose("o", 1)
+
+    def open_display(self):
+        self.toggle_display()
+        return self.wait_for_window(DISPLAY)
+
+    def open_stage(self):
+        self.toggle_stage()
+        return self.wait_for_window(STAGE)
+
+    def close_window(self, title):
+        """Presses the close button of a window's frame."""
+        self.server.run("wmctrl", "-i", "-c", self.wait_for_window(title))

@@ -1,0 +1,58 @@
+"""The program's windows: opening, closing, and what ends with them."""
+
+from program import DISPLAY, OPERATOR, STAGE, START_PANEL
+from show_case import ShowCase, run
+
+
+class Windows(ShowCase):
+    def test_the_stage_window_closed_by_its_button_opens_again(self):
+        program = self.start_show()
+        for _ in range(2):
+            program.open_stage()
+            program.close_window(STAGE)
+            program.wait_for_no_window(STAGE)
+        self.assertIsNone(program.status())
+
+    def test_the_menu_item_that_opened_the_stage_window_closes_it(self):
+        program = self.start_show()
+        program.open_stage()
+        program.toggle_stage()
+        program.wait_for_no_window(STAGE)
+
+    def test_closing_the_operator_window_ends_the_program_and_its_windows(self):
+        program = self.start_show()
+        program.open_stage()
+        program.open_display()
+        program.close_window(OPERATOR)
+        self.assertEqual(program.wait_for_end(), 0, program.output())
+        self.assertEqual(program.windows(), {})
+
+    def test_the_quit_command_ends_the_program_and_its_windows(self):
+        program = self.start_show()
+        program.open_stage()
+        program.focus(STAGE)
+        program.press("ctrl+q")
+        self.assertEqual(program.wait_for_end(), 0, program.output())
+        self.assertEqual(program.windows(), {})
+
+    def test_closing_an_output_window_leaves_the_program_running(self):
+        program = self.start_show()
+        program.open_display()
+        program.close_window(DISPLAY)
+        program.wait_for_no_window(DISPLAY)
+        program.open_display()
+        self.assertIsNone(program.status())
+
+    def test_the_start_panel_opens_over_the_operator_window_and_escape_closes_it(self):
+        program = self.start_show()
+        program.focus(OPERATOR)
+        program.press("ctrl+n")
+        program.wait_for_window(START_PANEL)
+        program.focus(START_PANEL)
+        program.press("Escape")
+        program.wait_for_no_window(START_PANEL)
+        self.assertIsNotNone(program.window("Evening Show — Quenara"))
+
+
+if __name__ == "__main__":
+    run()
