@@ -26,7 +26,7 @@ double timeOf(const std::function<qsizetype()> &operation)
 QList<Figure> fileFigures()
 {
     const ZelvoProject project = ProjectNormalizer::normalized(generateProject({}));
-    const QByteArray bytes = ProjectCodec::encode(project);
+    const QByteArray bytes = ProjectCodec::encode(project).value();
     const QJsonDocument document = QJsonDocument::fromJson(bytes);
     const double parsing = timeOf([&] { return QJsonDocument::fromJson(bytes).object().size(); });
     const double writing = timeOf([&] { return document.toJson().size(); });
@@ -43,7 +43,7 @@ QList<Figure> fileFigures()
          .yardstickName = parser,
          .yardstick = parsing},
         {.name = QStringLiteral("a project encoded"),
-         .value = timeOf([&] { return ProjectCodec::encode(project).size(); }),
+         .value = timeOf([&] { return ProjectCodec::encode(project)->size(); }),
          .yardstickName = writer,
          .yardstick = writing},
     };

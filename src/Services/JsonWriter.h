@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <cstdint>
 #include <optional>
 
@@ -33,12 +34,15 @@ inline constexpr auto sortedFields = [] {
 }();
 
 /// Streams records by their field lists into a RapidJSON writer. Empty optionals are left out;
-/// reals are written in the shortest form that reads back the same, whatever the locale.
+/// reals are written in the shortest form that reads back the same, whatever the locale. JSON has
+/// no form for a real that is not finite: hasFailed() then says that the text is unfit for use.
 template<class Output, DateForm dateForm, KeyOrder keyOrder>
 class Writer
 {
 public:
     explicit Writer(Output &output) : m_output(output) {}
+
+    bool hasFailed() const { return m_hasFailed; }
 
     void write(const QString &value) { write(value.toUtf8()); }
     void write(const QByteArray &utf8)
@@ -50,6 +54,7 @@ public:
 
     void write(double value)
     {
+        m_hasFailed = m_hasFailed || !std::isfinite(value);
         std::array<char, 32> text{};
         const auto end = std::to_chars(text.begin(), text.end(), value).ptr;
         m_output.RawValue(text.data(), std::size_t(end - text.data()), rapidjson::kNumberType);
@@ -118,6 +123,7 @@ private:
     }
 
     Output &m_output;
+    bool m_hasFailed = false;
 };
 
 } // namespace quenara::json

@@ -78,14 +78,15 @@ std::optional<DecodedDocument> ProjectCodec::decode(const QByteArray &bytes)
     return std::nullopt;
 }
 
-QByteArray ProjectCodec::encode(const ZelvoProject &project)
+std::optional<QByteArray> ProjectCodec::encode(const ZelvoProject &project)
 {
     rapidjson::StringBuffer buffer;
     rapidjson::PrettyWriter output(buffer);
     output.SetIndent(' ', 2);
-    json::Writer<decltype(output), json::DateForm::internetDateTime, json::KeyOrder::sorted>(output)
-        .write(project);
-    return bytesOf(buffer);
+    json::Writer<decltype(output), json::DateForm::internetDateTime, json::KeyOrder::sorted> writer(
+        output);
+    writer.write(project);
+    return writer.hasFailed() ? std::nullopt : std::optional(bytesOf(buffer));
 }
 
 QByteArray ProjectCodec::encode(const QList<RecentProject> &recentProjects)

@@ -22,8 +22,9 @@ struct ProjectCodec
     /// if they are neither.
     static std::optional<DecodedDocument> decode(const QByteArray &bytes);
 
-    /// Pretty-printed with sorted keys: the same project always gives the same bytes.
-    static QByteArray encode(const ZelvoProject &project);
+    /// Pretty-printed with sorted keys: the same project always gives the same bytes. Nothing if a
+    /// number in it is not finite.
+    static std::optional<QByteArray> encode(const ZelvoProject &project);
 
     /// The list as the preferences keep it: compact, keys in declaration order, dates as seconds
     /// since 2001-01-01 UTC.

@@ -35,10 +35,11 @@ ZelvoProject ProjectFileService::load(const QUrl &url, const QDateTime &now)
 
 void ProjectFileService::save(const ZelvoProject &project, const QUrl &url, const QDateTime &now)
 {
-    const QByteArray bytes
+    const std::optional<QByteArray> bytes
         = ProjectCodec::encode(ProjectNormalizer::normalizedForSave(project, now));
     QSaveFile file(url.toLocalFile());
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+    if (!bytes || !file.open(QIODevice::WriteOnly) || file.write(*bytes) != bytes->size()
+        || !file.commit())
         throw ProjectFileError(ProjectFileError::unableToWrite);
 }
 

@@ -7,6 +7,8 @@
 #include <QFile>
 #include <QTest>
 
+#include <limits>
+
 using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
@@ -186,6 +188,20 @@ private slots:
         const auto error = errorOf(
             [&] { ProjectFileService::save(showOf({1}), QUrl::fromLocalFile(path), someTime()); });
         QCOMPARE(error, ProjectFileError(ProjectFileError::unableToWrite));
+    }
+
+    void aProjectThatCannotBeEncodedLeavesTheFileAsItWas()
+    {
+        const QUrl url = fileUrl(u"kept.quenara"_s);
+        ProjectFileService::save(showOf({1}), url, someTime());
+        const QByteArray before = bytesOf(url);
+        ZelvoProject project = showOf({1});
+        project.serviceItems[0].slides[0].design.elements[0].frame.x =
+            std::numeric_limits<double>::quiet_NaN();
+        const auto error = errorOf([&] { ProjectFileService::save(project, url, someTime()); });
+        QCOMPARE(error, ProjectFileError(ProjectFileError::unableToWrite));
+        QVERIFY(!before.isEmpty());
+        QCOMPARE(bytesOf(url), before);
     }
 
     void aFailedSaveLeavesTheFolderAsItWas()
