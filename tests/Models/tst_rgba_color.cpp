@@ -85,6 +85,8 @@ private slots:
         row("nothing", u"", 0, 0);
         row("marks only", u" #.# ", 0, 0);
         row("digits of both cases", u"aBcDeF", 0xabcdef, 6);
+        row("hyphens at the ends are trimmed", u"-12-", 0x12, 2);
+        row("a combining mark counts", u"12\u0301", 0x12, 3);
         row("a scan ends at the first other character", u"12x4", 0x12, 4);
         row("marks inside are kept", u"#1 2#", 0x1, 3);
         row("a character outside the first plane is one", u"f\U0001d7d8f", 0xf, 3);

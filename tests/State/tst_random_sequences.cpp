@@ -3,6 +3,7 @@
 #include "TestSupport.h"
 
 #include <QRandomGenerator>
+#include <QSet>
 #include <QTest>
 
 using namespace quenara;
@@ -325,6 +326,8 @@ void compareWholeness(const Run &run)
     const WorkspaceState &state = run.world.store.state();
     QCOMPARE(state.project, ProjectNormalizer::withMirroredOrder(state.project));
     QVERIFY(state.hasUnsavedChanges);
+    const QStringList ids = slideIDs(state.project) + run.model.items;
+    QCOMPARE(QSet<QString>(ids.cbegin(), ids.cend()).size(), ids.size());
     for (const Id &id : {state.selectedSlideID, state.queuedSlideID, state.liveSlideID})
         QVERIFY2(!id || run.model.knows(id), qPrintable(id.value_or(QString())));
     QCOMPARE(state.selectedServiceItemID, run.model.itemOf(state.selectedSlideID));

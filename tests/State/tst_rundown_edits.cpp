@@ -1,6 +1,7 @@
 #include "ProjectNormalizer.h"
 #include "ProjectTemplates.h"
 #include "Records.h"
+#include "RundownEdits.h"
 #include "Show.h"
 #include "TestSupport.h"
 
@@ -368,6 +369,18 @@ private slots:
         expected.title = u"Welcome Copy"_s;
         expected.orderIndex = 1;
         QCOMPARE(slides.at(1), expected);
+    }
+
+    void deletingTheLiveSlideLeavesNoUnknownIdToRepair()
+    {
+        WorkspaceState state;
+        state.project = showOf({2, 1});
+        state.selectedSlideID = state.queuedSlideID = state.liveSlideID = u"A1"_s;
+        const auto edited = edits::deleteSelectedSlide(state);
+        QVERIFY(edited);
+        QCOMPARE(edited->selectedSlideID, u"A2"_s);
+        QCOMPARE(edited->queuedSlideID, u"A2"_s);
+        QCOMPARE(edited->liveSlideID, u"A2"_s);
     }
 
     void deletingTheLastItemLeavesNothingSelected()
