@@ -13,7 +13,7 @@ namespace {
 QByteArray contents(const QUrl &url)
 {
     QFile file(url.toLocalFile());
-    if (!file.open(QIODevice::ReadOnly))
+    if (!url.isLocalFile() || !file.open(QIODevice::ReadOnly))
         throw ProjectFileError(ProjectFileError::unableToRead);
     QByteArray bytes = file.readAll();
     if (file.error() != QFileDevice::NoError)
@@ -38,8 +38,8 @@ void ProjectFileService::save(const ZelvoProject &project, const QUrl &url, cons
     const std::optional<QByteArray> bytes
         = ProjectCodec::encode(ProjectNormalizer::normalizedForSave(project, now));
     QSaveFile file(url.toLocalFile());
-    if (!bytes || !file.open(QIODevice::WriteOnly) || file.write(*bytes) != bytes->size()
-        || !file.commit())
+    if (!bytes || !url.isLocalFile() || !file.open(QIODevice::WriteOnly)
+        || file.write(*bytes) != bytes->size() || !file.commit())
         throw ProjectFileError(ProjectFileError::unableToWrite);
 }
 

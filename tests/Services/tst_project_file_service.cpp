@@ -15,6 +15,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+const QUrl notLocal(u"http://localhost/show.quenara"_s);
+
 template<class Operation>
 std::optional<ProjectFileError> errorOf(const Operation &operation)
 {
@@ -56,23 +58,25 @@ private slots:
 
     void whatCannotBeLoadedFailsByItsReason_data()
     {
-        QTest::addColumn<QString>("path");
+        QTest::addColumn<QUrl>("url");
         QTest::addColumn<int>("expected");
-        const QString missing = m_folder.filePath(u"missing.quenara"_s);
-        QTest::newRow("a missing file") << missing << int(ProjectFileError::unableToRead);
-        QTest::newRow("a folder") << m_folder.path() << int(ProjectFileError::unableToRead);
-        QTest::newRow("broken JSON")
-            << dataPath(u"broken.json"_s) << int(ProjectFileError::unsupportedFormat);
-        QTest::newRow("a list") << dataPath(u"array.json"_s)
-                                << int(ProjectFileError::unsupportedFormat);
+        const auto row = [](const char *name, const QUrl &url, ProjectFileError::Case expected) {
+            QTest::newRow(name) << url << int(expected);
+        };
+        const auto data = [](const QString &name) { return QUrl::fromLocalFile(dataPath(name)); };
+        row("a missing file", fileUrl(u"missing.quenara"_s), ProjectFileError::unableToRead);
+        row("a folder", fileUrl(QString()), ProjectFileError::unableToRead);
+        row("an address on the network", notLocal, ProjectFileError::unableToRead);
+        row("no address", QUrl(), ProjectFileError::unableToRead);
+        row("broken JSON", data(u"broken.json"_s), ProjectFileError::unsupportedFormat);
+        row("a list", data(u"array.json"_s), ProjectFileError::unsupportedFormat);
     }
 
     void whatCannotBeLoadedFailsByItsReason()
     {
-        QFETCH(QString, path);
+        QFETCH(QUrl, url);
         QFETCH(int, expected);
-        const auto error =
-            errorOf([&] { ProjectFileService::load(QUrl::fromLocalFile(path), someTime()); });
+        const auto error = errorOf([&] { ProjectFileService::load(url, someTime()); });
         QCOMPARE(error, ProjectFileError(ProjectFileError::Case(expected)));
     }
 
@@ -177,16 +181,17 @@ private slots:
 
     void whatCannotBeWrittenFails_data()
     {
-        QTest::addColumn<QString>("path");
-        QTest::newRow("a missing folder") << m_folder.filePath(u"no/such/folder.quenara"_s);
-        QTest::newRow("a folder in its place") << m_folder.path();
+        QTest::addColumn<QUrl>("url");
+        QTest::newRow("a missing folder") << fileUrl(u"no/such/folder.quenara"_s);
+        QTest::newRow("a folder in its place") << fileUrl(QString());
+        QTest::newRow("an address on the network") << notLocal;
+        QTest::newRow("no address") << QUrl();
     }
 
     void whatCannotBeWrittenFails()
     {
-        QFETCH(QString, path);
-        const auto error = errorOf(
-            [&] { ProjectFileService::save(showOf({1}), QUrl::fromLocalFile(path), someTime()); });
+        QFETCH(QUrl, url);
+        const auto error = errorOf([&] { ProjectFileService::save(showOf({1}), url, someTime()); });
         QCOMPARE(error, ProjectFileError(ProjectFileError::unableToWrite));
     }
 
