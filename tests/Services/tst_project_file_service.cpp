@@ -148,6 +148,20 @@ private slots:
         QCOMPARE(ProjectFileService::load(url, someTime()), expected);
     }
 
+    void aProjectSavedWithoutItemsLoadsWithAnImportedSlide()
+    {
+        const QUrl url = fileUrl(u"blank.quenara"_s);
+        const ZelvoProject blank = ProjectTemplates::blankProject(someTime());
+        ProjectFileService::save(blank, url, someTime());
+        const ZelvoProject loaded = ProjectFileService::load(url, someTime());
+        QCOMPARE(loaded.id, blank.id);
+        QCOMPARE(loaded.name, blank.name);
+        QCOMPARE(loaded.kind, ProjectKind::blank);
+        QCOMPARE(loaded.serviceItems.size(), 1);
+        QCOMPARE(loaded.serviceItems.first().title, blank.name);
+        QCOMPARE(slideIDs(loaded).size(), 1);
+    }
+
     void savingNormalizesWhatItWrites()
     {
         const QUrl url = fileUrl(u"normalized.quenara"_s);

@@ -344,6 +344,19 @@ private slots:
         QCOMPARE(world.store.selectedServiceItemID(), u"A"_s);
     }
 
+    void aSlideAddedToAnUnknownItemBringsItsOwn()
+    {
+        WorkspaceState state;
+        state.project = showOf({1});
+        state.selectedServiceItemID = u"nowhere"_s;
+        const auto edited = edits::addSlide(state);
+        QVERIFY(edited);
+        QCOMPARE(edited->project.serviceItems.size(), 2);
+        QCOMPARE(edited->project.serviceItems.last().title, u"New Section"_s);
+        QCOMPARE(edited->project.serviceItems.last().slides.size(), 1);
+        QCOMPARE(edited->selectedServiceItemID, edited->project.serviceItems.last().id);
+    }
+
     void aNewSlideHasTheDesignOfItsItemsType()
     {
         ZelvoProject project = showOf({2});
