@@ -13,18 +13,27 @@ OutputWindow::OutputWindow(QWidget *content, Qt::WindowFlags flags) : QWidget(nu
     layout->addWidget(content);
 }
 
+void OutputWindow::setBackground(const QColor &color)
+{
+    m_background = color;
+    applyPalette();
+}
+
 void OutputWindow::setAppearance(AppAppearance appearance)
 {
     m_appearance = appearance;
     const std::optional<ColorScheme> scheme = colorScheme(appearance);
-    if (scheme) {
-        const ZelvoTheme &theme = ZelvoTheme::current(*scheme);
-        setPalette(interfacePalette(theme));
-        setStyleSheet(interfaceStyleSheet(theme));
-    } else {
-        setPalette(QPalette());
-        setStyleSheet({});
-    }
+    setStyleSheet(scheme ? interfaceStyleSheet(ZelvoTheme::current(*scheme)) : QString());
+    applyPalette();
+}
+
+void OutputWindow::applyPalette()
+{
+    const std::optional<ColorScheme> scheme = colorScheme(m_appearance);
+    QPalette palette = scheme ? interfacePalette(ZelvoTheme::current(*scheme)) : QPalette();
+    if (m_background)
+        palette.setColor(QPalette::Window, *m_background);
+    setPalette(palette);
 }
 
 } // namespace quenara

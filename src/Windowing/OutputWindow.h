@@ -2,7 +2,10 @@
 
 #include "AppAppearance.h"
 
+#include <QColor>
 #include <QWidget>
+
+#include <optional>
 
 namespace quenara {
 
@@ -15,11 +18,17 @@ public:
     /// Takes \a content over and fills itself with it.
     OutputWindow(QWidget *content, Qt::WindowFlags flags);
 
+    /// What shows before and around the content, whatever the appearance; the theme's unless set.
+    void setBackground(const QColor &color);
+
     /// Light and dark are kept whatever the application has; system inherits it.
     void setAppearance(AppAppearance appearance);
     AppAppearance appearance() const { return m_appearance; }
 
 private:
+    void applyPalette();
+
+    std::optional<QColor> m_background;
     AppAppearance m_appearance = AppAppearance::system;
 };
 

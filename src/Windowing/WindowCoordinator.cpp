@@ -65,7 +65,12 @@ WindowCoordinator::WindowCoordinator(const SystemColorScheme &systemScheme, QObj
             &WindowCoordinator::applyScheme);
 }
 
-WindowCoordinator::~WindowCoordinator() = default;
+WindowCoordinator::~WindowCoordinator()
+{
+    // Not later: what the windows show may not outlive the coordinator.
+    for (Output *output : {&m_display, &m_stage})
+        delete output->window.release();
+}
 
 void WindowCoordinator::adopt(Output &output, OutputWindow *window, Signal changed)
 {
@@ -92,6 +97,7 @@ void WindowCoordinator::openDisplayWindow(const WorkspaceStore &store, AppAppear
     }
     auto *window = new OutputWindow(new DisplayOutputView(store),
                                     Qt::Window | Qt::FramelessWindowHint);
+    window->setBackground(Qt::black);
     window->setObjectName(QStringLiteral("displayWindow"));
     window->setWindowTitle(QStringLiteral("Quenara Display"));
     window->setAppearance(appearance);

@@ -121,9 +121,27 @@ private slots:
             QCOMPARE(world.windows.stageWindow()->appearance(), appearance);
             QCOMPARE(world.windows.stageWindow()->palette().color(QPalette::Window),
                      theme.appBackground);
+            QCOMPARE(world.windows.displayWindow()->palette().color(QPalette::Window),
+                     QColor(Qt::black));
             QCOMPARE(QApplication::palette().color(QPalette::Window), theme.appBackground);
             QVERIFY(qApp->styleSheet().contains(QString::number(theme.accent.red())));
         }
+    }
+
+    void theWindowsGoWithTheCoordinator()
+    {
+        QPointer<OutputWindow> display;
+        QPointer<OutputWindow> stage;
+        {
+            WindowingWorld world;
+            world.openDisplay();
+            world.openStage();
+            display = world.windows.displayWindow();
+            stage = world.windows.stageWindow();
+            QVERIFY(display && stage);
+        }
+        QVERIFY(!display);
+        QVERIFY(!stage);
     }
 
     void theAudienceSeesTheLiveSlideInTheDisplayWindow()
