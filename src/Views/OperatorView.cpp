@@ -24,6 +24,7 @@ constexpr int showListWidth = 286;
 constexpr int barMargin = 16;
 constexpr int barSpacing = 12;
 constexpr int previewMargin = 24;
+constexpr int captionSpacing = 8;
 
 /// Makes the style sheet look at a changed property.
 void setStyleProperty(QWidget *widget, const char *name, const QString &value)
@@ -118,13 +119,18 @@ QWidget *OperatorView::makeLivePreview()
     m_livePreview = new SlideView;
     m_livePreview->setAccessibleName(QStringLiteral("Live preview"));
 
+    auto *caption = new QHBoxLayout;
+    caption->setSpacing(captionSpacing);
+    caption->addWidget(makeRoleLabel(QStringLiteral("liveCaption"), QStringLiteral("Live")));
+    caption->addWidget(m_liveTitle, 1);
+
     auto *area = new QWidget;
     area->setObjectName(QStringLiteral("previewArea"));
     area->setAttribute(Qt::WA_StyledBackground);
     auto *layout = new QVBoxLayout(area);
     layout->setContentsMargins(previewMargin, previewMargin, previewMargin, previewMargin);
     layout->setSpacing(barSpacing);
-    layout->addWidget(m_liveTitle);
+    layout->addLayout(caption);
     layout->addWidget(m_livePreview, 1);
     return area;
 }

@@ -1,6 +1,7 @@
 #include "SlideView.h"
 
 #include "SlideRendererView.h"
+#include "ZelvoTheme.h"
 
 #include <QPainter>
 
@@ -20,6 +21,10 @@ void SlideView::paintEvent(QPaintEvent * /*event*/)
 {
     QPainter painter(this);
     SlideRendererView{.slide = m_slide}.paint(painter, rect());
+    const CanvasSize canvas = m_slide ? m_slide->design.canvasSize : CanvasSize();
+    painter.setPen(ZelvoTheme::current(colorSchemeOf(palette())).border);
+    painter.drawRect(SlideRendererView::fittedRect(size(), canvas.width / canvas.height)
+                         .adjusted(0.5, 0.5, -0.5, -0.5));
 }
 
 } // namespace quenara

@@ -8,7 +8,7 @@
 
 namespace quenara {
 
-/// A picture of a slide inside a window of the interface.
+/// A picture of a slide inside a window of the interface, outlined.
 class SlideView : public QWidget
 {
     Q_OBJECT
