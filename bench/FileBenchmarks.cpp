@@ -33,7 +33,7 @@ QList<Figure> fileFigures()
     const QString parser = QStringLiteral("QJsonDocument, parsing");
     const QString writer = QStringLiteral("QJsonDocument, writing");
     return {
-        {.name = QStringLiteral("a document decoded"),
+        {.name = QStringLiteral("a document of %1 MB decoded").arg(bytes.size() / 1'000'000),
          .value = timeOf([&] { return qsizetype(ProjectCodec::decode(bytes).has_value()); }),
          .yardstickName = parser,
          .yardstick = parsing},
