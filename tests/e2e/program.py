@@ -13,7 +13,7 @@ DISPLAY = "Quenara Display"
 STAGE = "Quenara Stage"
 
 # A place inside the project name's field, in the operator window's content.
-PROJECT_NAME = (100, 54)
+PROJECT_NAME = (100, 52)
 
 # What the toolkit and the system's libraries keep until the end of the process is not ours to free.
 SANITIZER_OPTIONS = "detect_leaks=0"
@@ -63,7 +63,8 @@ class Program:
 
     def windows(self):
         """The shown windows: title by X window id."""
-        lines = self.server.run("wmctrl", "-l").decode().splitlines()
+        # Before the first window there ever was, the list is missing, which is an error to wmctrl.
+        lines = self.server.run("wmctrl", "-l", check=False).decode().splitlines()
         found = {}
         for line in lines:
             window, _, _, *title = line.split(maxsplit=3)
@@ -97,7 +98,7 @@ class Program:
         wait_until(lambda: re.fullmatch(title, self.focused_title()), f"{title} to have the focus")
 
     def area(self, title):
-        """(width, height, x, y) of a window's content on the whole desktop."""
+        """(width, height, x, y) of a window without frame on the whole desktop."""
         answer = self.server.run("xdotool", "getwindowgeometry", "--shell",
                                  self.wait_for_window(title)).decode()
         values = dict(line.split("=") for line in answer.split())
@@ -119,8 +120,8 @@ class Program:
 
     def point_at(self, title, x=200, y=200):
         """Moves the pointer to a place of a window's content."""
-        _, _, left, top = self.area(title)
-        self.server.run("xdotool", "mousemove", str(left + x), str(top + y))
+        self.server.run("xdotool", "mousemove", "--window", self.wait_for_window(title), str(x),
+                        str(y))
 
     def click_project_name(self):
         self.point_at(OPERATOR, *PROJECT_NAME)

@@ -10,7 +10,7 @@ import unittest
 from pathlib import Path
 
 from processes import wait_until
-from program import OPERATOR, Program
+from program import OPERATOR, SANITIZER_OPTIONS, Program
 from xserver import FIRST_SCREEN, SECOND_SCREEN, Unavailable, XServer
 
 SHOW = Path(__file__).with_name("data") / "show.quenara"
@@ -30,8 +30,8 @@ def slide_picture(index):
         path = Path(folder, "slide.ppm")
         subprocess.run([RENDER_SLIDE, str(SHOW), str(index), str(width), str(height), str(path)],
                        env=os.environ | {"QT_QPA_PLATFORM": "offscreen",
-                                         "ASAN_OPTIONS": "detect_leaks=0"},
-                       check=True)
+                                         "ASAN_OPTIONS": SANITIZER_OPTIONS},
+                       check=True, stderr=subprocess.DEVNULL)
         header, size, depth, pixels = path.read_bytes().split(b"\n", 3)
     assert (header, size, depth) == (b"P6", b"%d %d" % (width, height), b"255")
     return pixels
@@ -66,7 +66,7 @@ class ShowCase(unittest.TestCase):
         try:
             wait_until(lambda: self.server.picture(screen) == expected, description, deadline=20)
         except AssertionError:
-            picture = Path(f"{self.id()}.png").absolute()
+            picture = Path(f"{self.id().removeprefix('__main__.')}.png").absolute()
             self.server.save_picture(screen, picture)
             self.fail(f"the {SCREEN_NAMES[screen]} does not show {description}: see {picture}; "
                       f"the program said: {self.program.output()}")

@@ -1,6 +1,7 @@
 """The audience display: which screen it covers, and with what."""
 
 from pointer import pointer_is_visible
+from processes import wait_until
 from program import DISPLAY, OPERATOR
 from show_case import TwoScreenCase, run
 from xserver import FIRST_SCREEN, SECOND_SCREEN
@@ -70,9 +71,9 @@ class Display(TwoScreenCase):
         program.open_display()
         self.see_slide(0)
         program.point_at(OPERATOR)
-        self.assertTrue(pointer_is_visible(self.server.display))
+        wait_until(lambda: pointer_is_visible(self.server.display), "a pointer to be seen")
         program.point_at(DISPLAY)
-        self.assertFalse(pointer_is_visible(self.server.display))
+        wait_until(lambda: not pointer_is_visible(self.server.display), "no pointer to be seen")
 
 
 if __name__ == "__main__":

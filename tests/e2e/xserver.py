@@ -96,9 +96,10 @@ class XServer:
     def unplug_second_screen(self):
         self._xrandr("--output", "DUMMY1", "--off")
 
-    def run(self, *command):
+    def run(self, *command, check=True):
         """The bytes that a client of this server prints."""
-        return subprocess.run(command, env=self.environment, check=True, capture_output=True).stdout
+        return subprocess.run(command, env=self.environment, check=check,
+                              capture_output=True).stdout
 
     def picture(self, area):
         """The colours shown in a (width, height, x, y) of the root window, as RGB bytes."""
@@ -130,12 +131,10 @@ class XServer:
     def _start_window_manager(self):
         environment = self.environment | {"HOME": self._folder.name}
         self._processes.append(Process(["openbox"], env=environment))
-        wait_until(lambda: b"Name: Openbox" in self._window_manager(), "openbox to come up")
-
-    def _window_manager(self):
-        found = subprocess.run(["wmctrl", "-m"], env=self.environment, check=False,
-                               capture_output=True)
-        return found.stdout
+        wait_until(lambda: b"Name: Openbox" in self.run("wmctrl", "-m", check=False),
+                   "openbox to come up")
+        # Windows are placed on the screen with the pointer.
+        self.run("xdotool", "mousemove", "100", "1000")
 
     def _xrandr(self, *arguments):
         self.run("xrandr", *arguments)
