@@ -1,4 +1,5 @@
 #include "QuenaraApp.h"
+
 #include "SlideFonts.h"
 
 #include <QApplication>

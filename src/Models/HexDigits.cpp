@@ -32,8 +32,8 @@ HexDigits HexDigits::scan(QStringView text)
 {
     const QList<uint> characters = text.toUcs4();
     const auto first = std::find_if(characters.begin(), characters.end(), isAlphanumeric);
-    const auto last
-        = std::find_if(characters.rbegin(), std::reverse_iterator(first), isAlphanumeric).base();
+    const auto last =
+        std::find_if(characters.rbegin(), std::reverse_iterator(first), isAlphanumeric).base();
 
     HexDigits digits;
     digits.characterCount = last - first;

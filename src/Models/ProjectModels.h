@@ -55,14 +55,10 @@ struct Slide
     static constexpr auto fields()
     {
         return std::tuple{
-            field("id", &Slide::id),
-            field("title", &Slide::title),
-            field("body", &Slide::body),
-            field("orderIndex", &Slide::orderIndex),
-            field("footer", &Slide::footer),
-            field("image", &Slide::image),
-            field("audio", &Slide::audio),
-            field("design", &Slide::design),
+            field("id", &Slide::id),         field("title", &Slide::title),
+            field("body", &Slide::body),     field("orderIndex", &Slide::orderIndex),
+            field("footer", &Slide::footer), field("image", &Slide::image),
+            field("audio", &Slide::audio),   field("design", &Slide::design),
         };
     }
 };

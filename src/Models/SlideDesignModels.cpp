@@ -77,10 +77,9 @@ QList<SlideElement> SlideDesign::visibleElementsInDrawingOrder() const
     QList<SlideElement> visible;
     std::copy_if(elements.cbegin(), elements.cend(), std::back_inserter(visible),
                  [](const SlideElement &element) { return element.visible; });
-    std::stable_sort(visible.begin(), visible.end(),
-                     [](const SlideElement &a, const SlideElement &b) {
-                         return a.zIndex < b.zIndex;
-                     });
+    std::stable_sort(
+        visible.begin(), visible.end(),
+        [](const SlideElement &a, const SlideElement &b) { return a.zIndex < b.zIndex; });
     return visible;
 }
 

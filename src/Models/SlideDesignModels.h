@@ -156,8 +156,8 @@ struct TextShadow
 };
 static_assert(listsEveryMember<TextShadow>);
 
-inline constexpr TextShadow TextShadow::soft
-    = {.color = {0, 0, 0, 0.55}, .radius = 18, .x = 0, .y = 8};
+inline constexpr TextShadow TextShadow::soft = {
+    .color = {0, 0, 0, 0.55}, .radius = 18, .x = 0, .y = 8};
 
 struct TextOutline
 {
@@ -167,8 +167,7 @@ struct TextOutline
     bool operator==(const TextOutline &) const = default;
     static constexpr auto fields()
     {
-        return std::tuple{field("color", &TextOutline::color),
-                          field("width", &TextOutline::width)};
+        return std::tuple{field("color", &TextOutline::color), field("width", &TextOutline::width)};
     }
 };
 static_assert(listsEveryMember<TextOutline>);

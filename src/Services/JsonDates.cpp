@@ -20,9 +20,9 @@ bool isDigit(char c)
 
 std::optional<QDateTime> dateFromInternetText(std::string_view text)
 {
-    const bool matches = std::equal(
-        text.begin(), text.end(), internetPattern.begin(), internetPattern.end(),
-        [](char c, char pattern) { return pattern == '0' ? isDigit(c) : c == pattern; });
+    const bool matches =
+        std::equal(text.begin(), text.end(), internetPattern.begin(), internetPattern.end(),
+                   [](char c, char pattern) { return pattern == '0' ? isDigit(c) : c == pattern; });
     if (!matches)
         return std::nullopt;
     const auto number = [text](std::size_t position, std::size_t digits) {

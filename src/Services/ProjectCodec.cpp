@@ -17,8 +17,14 @@ namespace json {
 template<>
 Slide unread<Slide>()
 {
-    return {.id = {}, .title = {}, .body = {}, .orderIndex = 0, .footer = {}, .image = {},
-            .audio = {}, .design = {}};
+    return {.id = {},
+            .title = {},
+            .body = {},
+            .orderIndex = 0,
+            .footer = {},
+            .image = {},
+            .audio = {},
+            .design = {}};
 }
 
 /// A slide is the one record whose every key may be missing.

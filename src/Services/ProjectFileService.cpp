@@ -35,8 +35,8 @@ ZelvoProject ProjectFileService::load(const QUrl &url, const QDateTime &now)
 
 void ProjectFileService::save(const ZelvoProject &project, const QUrl &url, const QDateTime &now)
 {
-    const std::optional<QByteArray> bytes
-        = ProjectCodec::encode(ProjectNormalizer::normalizedForSave(project, now));
+    const std::optional<QByteArray> bytes =
+        ProjectCodec::encode(ProjectNormalizer::normalizedForSave(project, now));
     QSaveFile file(url.toLocalFile());
     if (!bytes || !url.isLocalFile() || !file.open(QIODevice::WriteOnly)
         || file.write(*bytes) != bytes->size() || !file.commit())

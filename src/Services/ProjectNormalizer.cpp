@@ -23,9 +23,8 @@ bool isNormalized(const Slide &slide)
 void normalize(Slide &slide, ServiceItemType type)
 {
     if (slide.design.elements.isEmpty()) {
-        slide.design
-            = ProjectTemplates::design(ProjectTemplates::defaultTemplate(type), slide.title,
-                                       slide.body, slide.footer, slide.image);
+        slide.design = ProjectTemplates::design(ProjectTemplates::defaultTemplate(type),
+                                                slide.title, slide.body, slide.footer, slide.image);
     }
     slide.body = ProjectNormalizer::compatibilityBody(slide);
     if (!slide.image)
@@ -59,8 +58,9 @@ ServiceItem importedItem(const LegacyQuenaraDocument &document)
         slides.append(ProjectTemplates::slide(QStringLiteral("Imported Slide"), QString(), 0,
                                               QStringLiteral("centerLyric")));
     }
-    const QString title = document.title ? *document.title
-                                         : document.name.value_or(QStringLiteral("Imported Slides"));
+    const QString title = document.title
+        ? *document.title
+        : document.name.value_or(QStringLiteral("Imported Slides"));
     return {.id = newIdentifier(),
             .title = title,
             .type = ServiceItemType::custom,
@@ -108,8 +108,9 @@ ZelvoProject ProjectNormalizer::normalizedForSave(ZelvoProject project, const QD
 ZelvoProject ProjectNormalizer::project(const LegacyQuenaraDocument &document, const QDateTime &now)
 {
     const bool hasItems = document.serviceItems && !document.serviceItems->isEmpty();
-    const QString name = document.name ? *document.name
-                                       : document.title.value_or(QStringLiteral("Imported Quenara"));
+    const QString name = document.name
+        ? *document.name
+        : document.title.value_or(QStringLiteral("Imported Quenara"));
     return normalized({
         .id = document.id ? *document.id : newIdentifier(),
         .name = name,
@@ -125,8 +126,8 @@ Slide ProjectNormalizer::slide(const LegacySlide &legacy, std::int64_t orderInde
     const QString body = legacy.body ? *legacy.body : legacy.text.value_or(QString());
     const QString numbered = QStringLiteral("Slide %1").arg(orderIndex + 1);
     const QString prefix = legacy.emoji ? *legacy.emoji + QLatin1Char(' ') : QString();
-    const QString templateID = legacy.image ? QStringLiteral("imageBackgroundLyric")
-                                            : QStringLiteral("centerLyric");
+    const QString templateID =
+        legacy.image ? QStringLiteral("imageBackgroundLyric") : QStringLiteral("centerLyric");
     return {
         .id = legacy.id ? *legacy.id : newIdentifier(),
         .title = legacy.title.value_or(prefix + numbered),

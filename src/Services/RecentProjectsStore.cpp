@@ -10,14 +10,12 @@ namespace quenara {
 
 QList<RecentProject> RecentProjectsStore::load(const QSettings &preferences)
 {
-    const QByteArray stored
-        = preferences.value(QLatin1String(preferencesKey)).toString().toUtf8();
-    QList<RecentProject> projects
-        = ProjectCodec::decodeRecentProjects(stored).value_or(QList<RecentProject>());
-    std::stable_sort(projects.begin(), projects.end(),
-                     [](const RecentProject &a, const RecentProject &b) {
-                         return a.lastOpened > b.lastOpened;
-                     });
+    const QByteArray stored = preferences.value(QLatin1String(preferencesKey)).toString().toUtf8();
+    QList<RecentProject> projects =
+        ProjectCodec::decodeRecentProjects(stored).value_or(QList<RecentProject>());
+    std::stable_sort(
+        projects.begin(), projects.end(),
+        [](const RecentProject &a, const RecentProject &b) { return a.lastOpened > b.lastOpened; });
     return projects;
 }
 

@@ -89,8 +89,11 @@ SlideElement filledShape(const char16_t *name, const CanvasFrame &frame,
 SlideElement accentLine(double y, int z)
 {
     return filledShape(u"Amber Accent", {760, y, 400, 8},
-                       {.kind = ShapeKind::capsule, .fill = RGBAColor::amber, .stroke = {},
-                        .strokeWidth = 0, .cornerRadius = 4},
+                       {.kind = ShapeKind::capsule,
+                        .fill = RGBAColor::amber,
+                        .stroke = {},
+                        .strokeWidth = 0,
+                        .cornerRadius = 4},
                        0.92, z);
 }
 
@@ -98,15 +101,21 @@ SlideElement flatRectangle(const char16_t *name, const CanvasFrame &frame, const
                            double opacity)
 {
     return filledShape(name, frame,
-                       {.kind = ShapeKind::rectangle, .fill = fill, .stroke = {},
-                        .strokeWidth = 0, .cornerRadius = 0},
+                       {.kind = ShapeKind::rectangle,
+                        .fill = fill,
+                        .stroke = {},
+                        .strokeWidth = 0,
+                        .cornerRadius = 0},
                        opacity, 1);
 }
 
 SlideDesign composed(const SlideBackground &background, const QList<SlideElement> &elements)
 {
-    return {.canvasSize = {1920, 1080}, .background = background, .elements = elements,
-            .themeId = std::nullopt, .safeAreaEnabled = true};
+    return {.canvasSize = {1920, 1080},
+            .background = background,
+            .elements = elements,
+            .themeId = std::nullopt,
+            .safeAreaEnabled = true};
 }
 
 using enum SlideElementKind;
@@ -208,8 +217,8 @@ SlideDesign warmAmber(const SlideContents &contents)
 
 SlideDesign imageBackgroundLyric(const SlideContents &contents)
 {
-    SlideBackground background
-        = gradient(RGBAColor::darkCanvas, u"#05070b", u"#1d2530", GradientDirection::diagonal, 0.48);
+    SlideBackground background =
+        gradient(RGBAColor::darkCanvas, u"#05070b", u"#1d2530", GradientDirection::diagonal, 0.48);
     if (contents.image)
         background.kind = SlideBackgroundKind::image;
     background.image = contents.image;

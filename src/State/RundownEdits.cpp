@@ -83,8 +83,7 @@ Edited deleteSelectedServiceItem(WorkspaceState state)
     std::optional<QString> slideID;
     if (!items.isEmpty() && !items.first().slides.isEmpty())
         slideID = items.first().slides.first().id;
-    state.selectedServiceItemID
-        = items.isEmpty() ? std::nullopt : std::optional(items.first().id);
+    state.selectedServiceItemID = items.isEmpty() ? std::nullopt : std::optional(items.first().id);
     selectAndQueue(state, slideID);
     if (!state.liveSlideID)
         state.liveSlideID = slideID;
@@ -176,8 +175,8 @@ Edited applyTemplateToSelectedSlide(WorkspaceState state, const QString &templat
     if (!position)
         return std::nullopt;
     Slide &slide = slidesForWriting(state, *position)[position->slide];
-    slide.design = ProjectTemplates::design(templateID, slide.title, slide.body, slide.footer,
-                                            slide.image);
+    slide.design =
+        ProjectTemplates::design(templateID, slide.title, slide.body, slide.footer, slide.image);
     state.selectedElementID = slide.design.firstTextElementID();
     return state;
 }

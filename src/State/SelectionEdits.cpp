@@ -35,8 +35,8 @@ void repairElement(WorkspaceState &state)
         return element.id == *state.selectedElementID;
     });
     if (!exists) {
-        state.selectedElementID
-            = elements.isEmpty() ? std::nullopt : std::optional(elements.first().id);
+        state.selectedElementID =
+            elements.isEmpty() ? std::nullopt : std::optional(elements.first().id);
     }
 }
 
@@ -57,8 +57,8 @@ WorkspaceState selectFirstSlide(WorkspaceState state)
     const auto first = positionAt(state.project, 0);
     state.selectedSlideID = firstSlideID(state.project);
     state.selectedServiceItemID = itemIDOf(state.project, state.selectedSlideID);
-    state.selectedElementID
-        = first ? slideAt(state.project, *first).design.firstTextElementID() : std::nullopt;
+    state.selectedElementID =
+        first ? slideAt(state.project, *first).design.firstTextElementID() : std::nullopt;
     return state;
 }
 
@@ -73,8 +73,8 @@ WorkspaceState startAtFirstSlide(WorkspaceState state)
 WorkspaceState goLive(WorkspaceState state)
 {
     if (!state.queuedSlideID)
-        state.queuedSlideID
-            = state.selectedSlideID ? state.selectedSlideID : firstSlideID(state.project);
+        state.queuedSlideID =
+            state.selectedSlideID ? state.selectedSlideID : firstSlideID(state.project);
     state.liveSlideID = state.queuedSlideID;
     state.outputMode = OutputMode::live;
     return state;

@@ -10,9 +10,8 @@
 
 namespace quenara {
 
-WorkspaceStore::WorkspaceStore(ZelvoProject project, Surroundings surroundings, QObject *parent) :
-    QObject(parent),
-    m_surroundings(std::move(surroundings))
+WorkspaceStore::WorkspaceStore(ZelvoProject project, Surroundings surroundings, QObject *parent)
+    : QObject(parent), m_surroundings(std::move(surroundings))
 {
     m_state.project = ProjectNormalizer::withMirroredOrder(std::move(project));
     m_state.recentProjects = RecentProjectsStore::load(m_surroundings.preferences);

@@ -44,8 +44,7 @@ class WorkspaceStore : public QObject
                    NOTIFY isStartPanelPresentedChanged)
     Q_PROPERTY(bool isSongImportPresented READ isSongImportPresented WRITE setSongImportPresented
                    NOTIFY isSongImportPresentedChanged)
-    Q_PROPERTY(
-        std::optional<QString> errorMessage READ errorMessage NOTIFY errorMessageChanged)
+    Q_PROPERTY(std::optional<QString> errorMessage READ errorMessage NOTIFY errorMessageChanged)
     Q_PROPERTY(bool canUndo READ canUndo NOTIFY canUndoChanged)
     Q_PROPERTY(bool canRedo READ canRedo NOTIFY canRedoChanged)
 

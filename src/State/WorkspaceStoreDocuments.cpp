@@ -19,8 +19,8 @@ void WorkspaceStore::load(ZelvoProject project, const std::optional<QUrl> &fileU
     next.outputMode = OutputMode::live;
     next.isStartPanelPresented = false;
     if (fileURL) {
-        next.recentProjects = RecentProjectsStore::add(
-            m_surroundings.preferences, *fileURL, next.project.name, m_surroundings.now());
+        next.recentProjects = RecentProjectsStore::add(m_surroundings.preferences, *fileURL,
+                                                       next.project.name, m_surroundings.now());
     }
     publish(edits::startAtFirstSlide(std::move(next)), UndoRedoStore());
 }
@@ -79,16 +79,16 @@ void WorkspaceStore::saveProject()
     WorkspaceState next = m_state;
     next.project = ProjectNormalizer::normalizedForSave(std::move(next.project), now);
     next.hasUnsavedChanges = false;
-    next.recentProjects
-        = RecentProjectsStore::add(m_surroundings.preferences, url, next.project.name, now);
+    next.recentProjects =
+        RecentProjectsStore::add(m_surroundings.preferences, url, next.project.name, now);
     publish(std::move(next));
 }
 
 void WorkspaceStore::saveProjectAs()
 {
     const QString &name = m_state.project.name;
-    const FilePanel panel
-        = zelvoProjectSavePanel(name.isEmpty() ? QStringLiteral("Quenara") : name);
+    const FilePanel panel =
+        zelvoProjectSavePanel(name.isEmpty() ? QStringLiteral("Quenara") : name);
     const std::optional<QUrl> url = m_surroundings.panels.run(panel);
     if (!url)
         return;

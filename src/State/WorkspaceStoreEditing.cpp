@@ -59,9 +59,8 @@ void WorkspaceStore::addServiceItem(ServiceItemType type)
 void WorkspaceStore::updateServiceItem(const QString &id,
                                        const std::function<void(ServiceItem &)> &update)
 {
-    editProject([&](const WorkspaceState &state) {
-        return edits::updateServiceItem(state, id, update);
-    });
+    editProject(
+        [&](const WorkspaceState &state) { return edits::updateServiceItem(state, id, update); });
 }
 
 void WorkspaceStore::deleteSelectedServiceItem()
@@ -71,9 +70,8 @@ void WorkspaceStore::deleteSelectedServiceItem()
 
 void WorkspaceStore::moveSelectedServiceItem(qsizetype delta)
 {
-    editProject([&](const WorkspaceState &state) {
-        return edits::moveSelectedServiceItem(state, delta);
-    });
+    editProject(
+        [&](const WorkspaceState &state) { return edits::moveSelectedServiceItem(state, delta); });
 }
 
 void WorkspaceStore::addSlide()

@@ -52,8 +52,8 @@ struct ZelvoTheme
 };
 
 /// The eighteen roles by name, in the order of the record; the style sheet refers to them so.
-inline constexpr auto themeRoles
-    = std::to_array<std::pair<std::string_view, QColor ZelvoTheme::*>>({
+inline constexpr auto themeRoles =
+    std::to_array<std::pair<std::string_view, QColor ZelvoTheme::*>>({
         {"appBackground", &ZelvoTheme::appBackground},
         {"panelBackground", &ZelvoTheme::panelBackground},
         {"panelSecondaryBackground", &ZelvoTheme::panelSecondaryBackground},

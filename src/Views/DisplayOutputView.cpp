@@ -8,9 +8,8 @@
 
 namespace quenara {
 
-DisplayOutputView::DisplayOutputView(const WorkspaceStore &store, QWidget *parent) :
-    QWidget(parent),
-    m_store(store)
+DisplayOutputView::DisplayOutputView(const WorkspaceStore &store, QWidget *parent)
+    : QWidget(parent), m_store(store)
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setCursor(Qt::BlankCursor);

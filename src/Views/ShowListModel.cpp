@@ -6,9 +6,8 @@
 
 namespace quenara {
 
-ShowListModel::ShowListModel(const WorkspaceStore &store, QObject *parent) :
-    QAbstractListModel(parent),
-    m_store(store)
+ShowListModel::ShowListModel(const WorkspaceStore &store, QObject *parent)
+    : QAbstractListModel(parent), m_store(store)
 {
     connect(&store, &WorkspaceStore::projectChanged, this, &ShowListModel::rebuild);
     connect(&store, &WorkspaceStore::selectedSlideIDChanged, this, &ShowListModel::redrawStates);

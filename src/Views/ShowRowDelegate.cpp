@@ -36,8 +36,7 @@ void placeBadge(QPainter &painter, const Badge &badge, QRectF &free)
 {
     const QSizeF size = badge.size();
     painter.save();
-    badge.paint(painter,
-                {free.right() - size.width(), free.center().y() - size.height() / 2});
+    badge.paint(painter, {free.right() - size.width(), free.center().y() - size.height() / 2});
     painter.restore();
     free.setRight(free.right() - size.width() - gap);
 }
@@ -47,8 +46,8 @@ void paintSlideRow(QPainter &painter, const QRectF &row, const QModelIndex &inde
 {
     const bool isSelected = index.data(ShowListModel::isSelectedRole).toBool();
     const bool isQueued = index.data(ShowListModel::isQueuedRole).toBool();
-    const QPainterPath shape = continuousRoundedRect(row.adjusted(0.5, 1.5, -0.5, -1.5),
-                                                     cornerRadius);
+    const QPainterPath shape =
+        continuousRoundedRect(row.adjusted(0.5, 1.5, -0.5, -1.5), cornerRadius);
     if (isSelected)
         painter.fillPath(shape, theme.selection);
     if (isQueued)

@@ -32,9 +32,8 @@ QString shownPath(const QString &path)
 
 } // namespace
 
-StartPanelView::StartPanelView(WorkspaceStore &store, QWidget *parent) :
-    QDialog(parent),
-    m_store(store)
+StartPanelView::StartPanelView(WorkspaceStore &store, QWidget *parent)
+    : QDialog(parent), m_store(store)
 {
     setObjectName(QStringLiteral("startPanel"));
     setWindowTitle(QStringLiteral("Quenara"));
@@ -98,8 +97,8 @@ QWidget *StartPanelView::makeRecentColumn()
     rowsLayout->setSpacing(spacing);
     const QList<RecentProject> recentProjects = m_store.recentProjects();
     if (recentProjects.isEmpty())
-        rowsLayout->addWidget(makeRoleLabel(QStringLiteral("muted"),
-                                        QStringLiteral("No recent projects yet.")));
+        rowsLayout->addWidget(
+            makeRoleLabel(QStringLiteral("muted"), QStringLiteral("No recent projects yet.")));
     for (const RecentProject &project : recentProjects) {
         auto *row = new QPushButton;
         row->setProperty("role", QStringLiteral("recent"));

@@ -4,11 +4,9 @@
 
 namespace quenara {
 
-AppearancePreference::AppearancePreference(QSettings &preferences, QObject *parent) :
-    QObject(parent),
-    m_preferences(preferences)
-{
-}
+AppearancePreference::AppearancePreference(QSettings &preferences, QObject *parent)
+    : QObject(parent), m_preferences(preferences)
+{}
 
 QString AppearancePreference::rawValue() const
 {

@@ -11,8 +11,8 @@ QStringList nameFilters(const FilePanel &panel)
 {
     QStringList filters;
     for (const FilePanel::Filter &filter : panel.filters) {
-        filters.append(QStringLiteral("%1 (%2)").arg(filter.title,
-                                                     filter.patterns.join(QLatin1Char(' '))));
+        filters.append(
+            QStringLiteral("%1 (%2)").arg(filter.title, filter.patterns.join(QLatin1Char(' '))));
     }
     return filters;
 }

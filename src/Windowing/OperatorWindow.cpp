@@ -20,9 +20,8 @@ constexpr QSize defaultSize(1480, 900);
 } // namespace
 
 OperatorWindow::OperatorWindow(WorkspaceStore &store, WindowCoordinator &windows,
-                               ZelvoCommands &commands) :
-    m_store(store),
-    m_windows(windows)
+                               ZelvoCommands &commands)
+    : m_store(store), m_windows(windows)
 {
     setObjectName(QStringLiteral("operatorWindow"));
     commands.fill(*menuBar());

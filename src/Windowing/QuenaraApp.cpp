@@ -7,14 +7,12 @@
 
 namespace quenara {
 
-QuenaraApp::QuenaraApp(const QPalette &platformPalette) :
-    m_store(ProjectTemplates::blankProject(QDateTime::currentDateTimeUtc()),
-            {.preferences = m_preferences, .panels = m_panels}),
-    m_systemScheme(QDBusConnection::sessionBus(), platformPalette),
-    m_windows(m_systemScheme),
-    m_appearance(m_preferences),
-    m_commands(m_store, m_windows, m_appearance),
-    m_operatorWindow(m_store, m_windows, m_commands)
+QuenaraApp::QuenaraApp(const QPalette &platformPalette)
+    : m_store(ProjectTemplates::blankProject(QDateTime::currentDateTimeUtc()),
+              {.preferences = m_preferences, .panels = m_panels}),
+      m_systemScheme(QDBusConnection::sessionBus(), platformPalette), m_windows(m_systemScheme),
+      m_appearance(m_preferences), m_commands(m_store, m_windows, m_appearance),
+      m_operatorWindow(m_store, m_windows, m_commands)
 {
     qApp->installEventFilter(&m_textInputGuard);
     QObject::connect(&m_appearance, &AppearancePreference::rawValueChanged, &m_windows,

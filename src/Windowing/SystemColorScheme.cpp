@@ -28,9 +28,8 @@ QVariant unwrapped(QVariant value)
 } // namespace
 
 SystemColorScheme::SystemColorScheme(QDBusConnection bus, const QPalette &platformPalette,
-                                     QObject *parent) :
-    QObject(parent),
-    m_paletteScheme(colorSchemeOf(platformPalette))
+                                     QObject *parent)
+    : QObject(parent), m_paletteScheme(colorSchemeOf(platformPalette))
 {
     if (!bus.isConnected())
         return;
@@ -41,8 +40,8 @@ SystemColorScheme::SystemColorScheme(QDBusConnection bus, const QPalette &platfo
 
 void SystemColorScheme::readSetting(QDBusConnection bus)
 {
-    QDBusMessage request = QDBusMessage::createMethodCall(portalService, portalPath,
-                                                          settingsInterface, QStringLiteral("Read"));
+    QDBusMessage request = QDBusMessage::createMethodCall(
+        portalService, portalPath, settingsInterface, QStringLiteral("Read"));
     request << settingGroup << settingKey;
     // Answered before the first window shows, so that none is drawn in the other scheme first.
     const QDBusMessage answer = bus.call(request, QDBus::Block, answerMilliseconds);

@@ -6,8 +6,8 @@
 
 namespace quenara {
 
-WindowCloseObserver::WindowCloseObserver(QObject *window, std::function<void()> onClose) :
-    m_onClose(std::move(onClose))
+WindowCloseObserver::WindowCloseObserver(QObject *window, std::function<void()> onClose)
+    : m_onClose(std::move(onClose))
 {
     if (!m_onClose)
         qFatal("WindowCloseObserver needs a callback");

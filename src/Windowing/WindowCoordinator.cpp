@@ -34,8 +34,7 @@ void coverDisplayScreen(OutputWindow &window)
     for (const QScreen *screen : screens)
         frames.append(screen->geometry());
     const QScreen *main = mainScreen();
-    const QRect frame
-        = displayFrame(frames, main ? std::optional(main->geometry()) : std::nullopt);
+    const QRect frame = displayFrame(frames, main ? std::optional(main->geometry()) : std::nullopt);
     for (QScreen *screen : screens) {
         if (screen->geometry() == frame)
             window.setScreen(screen);
@@ -57,9 +56,8 @@ void raise(QWidget &window)
 
 } // namespace
 
-WindowCoordinator::WindowCoordinator(const SystemColorScheme &systemScheme, QObject *parent) :
-    QObject(parent),
-    m_systemScheme(systemScheme)
+WindowCoordinator::WindowCoordinator(const SystemColorScheme &systemScheme, QObject *parent)
+    : QObject(parent), m_systemScheme(systemScheme)
 {
     connect(&systemScheme, &SystemColorScheme::schemeChanged, this,
             &WindowCoordinator::applyScheme);
@@ -95,8 +93,8 @@ void WindowCoordinator::openDisplayWindow(const WorkspaceStore &store, AppAppear
         raise(*m_display.window);
         return;
     }
-    auto *window = new OutputWindow(new DisplayOutputView(store),
-                                    Qt::Window | Qt::FramelessWindowHint);
+    auto *window =
+        new OutputWindow(new DisplayOutputView(store), Qt::Window | Qt::FramelessWindowHint);
     window->setBackground(Qt::black);
     window->setObjectName(QStringLiteral("displayWindow"));
     window->setWindowTitle(QStringLiteral("Quenara Display"));
@@ -165,8 +163,8 @@ void WindowCoordinator::updateAppearance(AppAppearance appearance)
 
 void WindowCoordinator::applyScheme()
 {
-    const ZelvoTheme &theme
-        = ZelvoTheme::current(colorScheme(m_appearance).value_or(m_systemScheme.scheme()));
+    const ZelvoTheme &theme =
+        ZelvoTheme::current(colorScheme(m_appearance).value_or(m_systemScheme.scheme()));
     QApplication::setPalette(interfacePalette(theme));
     qApp->setStyleSheet(interfaceStyleSheet(theme));
 }

@@ -72,11 +72,8 @@ std::span<const MenuDescription> menuDescriptions()
 }
 
 ZelvoCommands::ZelvoCommands(WorkspaceStore &store, WindowCoordinator &windows,
-                             const AppearancePreference &appearance, QObject *parent) :
-    QObject(parent),
-    m_store(store),
-    m_windows(windows),
-    m_appearance(appearance)
+                             const AppearancePreference &appearance, QObject *parent)
+    : QObject(parent), m_store(store), m_windows(windows), m_appearance(appearance)
 {
     for (const MenuDescription &menu : menus) {
         for (const Commands &group : menu.groups) {

@@ -45,9 +45,9 @@ int largestDifference(const QImage &a, const QImage &b)
         for (int x = 0; x < a.width(); ++x) {
             const QRgb p = a.pixel(x, y);
             const QRgb q = b.pixel(x, y);
-            largest = std::max({largest, std::abs(qRed(p) - qRed(q)),
-                                std::abs(qGreen(p) - qGreen(q)), std::abs(qBlue(p) - qBlue(q)),
-                                std::abs(qAlpha(p) - qAlpha(q))});
+            largest =
+                std::max({largest, std::abs(qRed(p) - qRed(q)), std::abs(qGreen(p) - qGreen(q)),
+                          std::abs(qBlue(p) - qBlue(q)), std::abs(qAlpha(p) - qAlpha(q))});
         }
     }
     return largest;
@@ -62,8 +62,14 @@ SlideDesign designOver(const SlideBackground &background)
 
 Slide slideWith(const SlideDesign &design)
 {
-    return {.id = QStringLiteral("slide"), .title = {}, .body = {}, .orderIndex = 0, .footer = {},
-            .image = {}, .audio = {}, .design = design};
+    return {.id = QStringLiteral("slide"),
+            .title = {},
+            .body = {},
+            .orderIndex = 0,
+            .footer = {},
+            .image = {},
+            .audio = {},
+            .design = design};
 }
 
 SlideBackground solidBackground(const RGBAColor &color)
@@ -81,8 +87,11 @@ SlideElement rectangleLayer(const QString &id, const CanvasFrame &frame, const R
     element.kind = SlideElementKind::shape;
     element.frame = frame;
     element.zIndex = zIndex;
-    element.shape = ShapeProperties{.kind = ShapeKind::rectangle, .fill = fill, .stroke = {},
-                                    .strokeWidth = 0, .cornerRadius = 0};
+    element.shape = ShapeProperties{.kind = ShapeKind::rectangle,
+                                    .fill = fill,
+                                    .stroke = {},
+                                    .strokeWidth = 0,
+                                    .cornerRadius = 0};
     return element;
 }
 

@@ -52,8 +52,8 @@ private slots:
         double sum = 0;
         for (int y = 0; y < side; ++y) {
             for (int x = 0; x < side; ++x) {
-                const double expected
-                    = 255 * share(x + 0.5, 50, 110, sigma) * share(y + 0.5, 60, 100, sigma);
+                const double expected =
+                    255 * share(x + 0.5, 50, 110, sigma) * share(y + 0.5, 60, 100, sigma);
                 sum += std::abs(blurred.constScanLine(y)[x] - expected);
             }
         }

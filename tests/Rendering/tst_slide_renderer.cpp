@@ -74,9 +74,8 @@ private slots:
 
     void nothingIsDrawnAroundTheSlideNorByLayersThatLeaveIt()
     {
-        const Slide slide
-            = slideOver(gray, {rectangleLayer(QStringLiteral("wide"), {-500, -500, 3000, 3000}, red,
-                                              1)});
+        const Slide slide = slideOver(
+            gray, {rectangleLayer(QStringLiteral("wide"), {-500, -500, 3000, 3000}, red, 1)});
         const QImage image = rendered({.slide = slide}, {160, 160});
         QCOMPARE(image.pixel(80, 34), magenta);
         QCOMPARE(image.pixel(80, 80), qRgb(255, 0, 0));
@@ -87,9 +86,10 @@ private slots:
     {
         const CanvasFrame frame{400, 400, 400, 200};
         const auto topColor = [&](int redZ, int blueZ) {
-            const Slide slide
-                = slideOver(gray, {rectangleLayer(QStringLiteral("red"), frame, red, redZ),
-                                   rectangleLayer(QStringLiteral("blue"), frame, blue, blueZ)});
+            const Slide slide =
+                slideOver(gray,
+                          {rectangleLayer(QStringLiteral("red"), frame, red, redZ),
+                           rectangleLayer(QStringLiteral("blue"), frame, blue, blueZ)});
             return rendered({.slide = slide}, {192, 108}).pixel(60, 50);
         };
         QCOMPARE(topColor(5, 5), qRgb(0, 0, 255));
@@ -101,30 +101,29 @@ private slots:
     {
         SlideElement hidden = rectangleLayer(QStringLiteral("hidden"), {0, 0, 1920, 1080}, red, 1);
         hidden.visible = false;
-        const QImage image
-            = rendered({.slide = slideOver(gray, {hidden}),
-                        .selectedElementID = QStringLiteral("hidden")},
-                       {192, 108});
+        const QImage image = rendered(
+            {.slide = slideOver(gray, {hidden}), .selectedElementID = QStringLiteral("hidden")},
+            {192, 108});
         QImage plain = rendered({.slide = slideOver(gray, {})}, {192, 108});
         QCOMPARE(image, plain);
     }
 
     void aSelectedLayersOutlineRunsDashedAlongTheSlidesEdges()
     {
-        const SlideElement layer
-            = rectangleLayer(QStringLiteral("layer"), {800, 400, 300, 200}, red, 1);
-        const QImage image = rendered({.slide = slideOver(gray, {layer}),
-                                       .selectedElementID = QStringLiteral("layer")},
-                                      canvas);
+        const SlideElement layer =
+            rectangleLayer(QStringLiteral("layer"), {800, 400, 300, 200}, red, 1);
+        const QImage image = rendered(
+            {.slide = slideOver(gray, {layer}), .selectedElementID = QStringLiteral("layer")},
+            canvas);
         // Width 2 on the edge leaves one pixel inside; dashes of 7 and gaps of 5.
         QVERIFY(isAmber(image.pixel(3, 0)));
         QCOMPARE(image.pixel(9, 0), qRgb(128, 128, 128));
         QVERIFY(isAmber(image.pixel(15, 0)));
         QCOMPARE(image.pixel(800, 395), qRgb(128, 128, 128));
 
-        const QImage other = rendered({.slide = slideOver(gray, {layer}),
-                                       .selectedElementID = QStringLiteral("none such")},
-                                      canvas);
+        const QImage other = rendered(
+            {.slide = slideOver(gray, {layer}), .selectedElementID = QStringLiteral("none such")},
+            canvas);
         QVERIFY(!isAmber(other.pixel(3, 0)));
     }
 
@@ -140,7 +139,8 @@ private slots:
         Slide slide = slideOver(gray, {});
         const QImage plain = rendered({.slide = slide}, canvas);
         const QImage guided = rendered({.slide = slide, .showSafeArea = true}, canvas);
-        QVERIFY(guided.pixel(93, 75) != plain.pixel(93, 75) || guided.pixel(93, 74) != plain.pixel(93, 74));
+        QVERIFY(guided.pixel(93, 75) != plain.pixel(93, 75)
+                || guided.pixel(93, 74) != plain.pixel(93, 74));
         slide.design.safeAreaEnabled = false;
         QCOMPARE(rendered({.slide = slide, .showSafeArea = true}, canvas), plain);
     }
@@ -162,8 +162,7 @@ private slots:
         layer.shape->stroke = blue;
         layer.shape->strokeWidth = 6;
         for (const int divisor : {1, 4}) {
-            const QImage image
-                = rendered({.slide = slideOver(gray, {layer})}, canvas / divisor);
+            const QImage image = rendered({.slide = slideOver(gray, {layer})}, canvas / divisor);
             const int y = 540 / divisor;
             const int edge = 480 / divisor;
             int bluePixels = 0;
@@ -203,8 +202,8 @@ private slots:
 
     void opacityFadesALayerAsAWhole()
     {
-        SlideElement layer = rectangleLayer(QStringLiteral("layer"), {480, 270, 960, 540},
-                                            {1, 1, 1, 1}, 1);
+        SlideElement layer =
+            rectangleLayer(QStringLiteral("layer"), {480, 270, 960, 540}, {1, 1, 1, 1}, 1);
         layer.shape->stroke = RGBAColor{1, 1, 1, 1};
         layer.shape->strokeWidth = 40;
         layer.opacity = 0.5;
@@ -247,8 +246,8 @@ private slots:
         layer.id = QStringLiteral("name");
         layer.kind = SlideElementKind::lowerThird;
         layer.frame = {100, 800, 900, 160};
-        layer.lowerThird = LowerThirdProperties{QStringLiteral("Ana"), QStringLiteral("Guest"),
-                                                blue, red};
+        layer.lowerThird =
+            LowerThirdProperties{QStringLiteral("Ana"), QStringLiteral("Guest"), blue, red};
         const QImage image = rendered({.slide = slideOver(gray, {layer})}, canvas);
         QCOMPARE(image.pixel(110, 810), qRgb(0, 0, 255));
         QCOMPARE(image.pixel(132, 880), qRgb(255, 0, 0));
@@ -260,8 +259,8 @@ private slots:
 
     void aSlideIsAsSharpAsTheScreenItIsDrawnOn()
     {
-        const Slide slide = slideOver(
-            gray, {rectangleLayer(QStringLiteral("layer"), {0, 0, 961, 1080}, red, 1)});
+        const Slide slide =
+            slideOver(gray, {rectangleLayer(QStringLiteral("layer"), {0, 0, 961, 1080}, red, 1)});
         const QImage image = rendered({.slide = slide}, canvas / 2, 2);
         QCOMPARE(image.pixel(960, 540), qRgb(255, 0, 0));
         QCOMPARE(image.pixel(961, 540), qRgb(128, 128, 128));

@@ -125,8 +125,9 @@ private slots:
     void mandatoryBreaksAndBlankLinesAreKept()
     {
         const TextBlock block(plainText(QStringLiteral("one\r\n\ntwo\rthree")), {1500, 900});
-        QCOMPARE(block.lines(), (QStringList{QStringLiteral("one"), QString(),
-                                             QStringLiteral("two"), QStringLiteral("three")}));
+        QCOMPARE(block.lines(),
+                 (QStringList{QStringLiteral("one"), QString(), QStringLiteral("two"),
+                              QStringLiteral("three")}));
     }
 
     void aTextThatFitsIsNotShrunk()

@@ -15,7 +15,7 @@ using Operation = void (WorkspaceStore::*)();
 /// A world with the slides A1, A2, B1, D1 and D2.
 struct Show : World
 {
-    Show() : World(showOf({2, 1, 0, 2})) { }
+    Show() : World(showOf({2, 1, 0, 2})) {}
 
     Selection selection() const { return selectionOf(store.state()); }
 };

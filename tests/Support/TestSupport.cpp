@@ -56,11 +56,11 @@ ZelvoProject showOf(const QList<int> &slideCounts)
     return project;
 }
 
-World::World() : World(ProjectTemplates::demoProject(someTime())) { }
+World::World() : World(ProjectTemplates::demoProject(someTime())) {}
 
 World::World(const ZelvoProject &project)
     : store(project, {.preferences = preferences, .panels = panels, .now = [this] { return now; }})
-{ }
+{}
 
 QUrl World::fileUrl(const QString &name) const
 {

@@ -21,13 +21,13 @@ private slots:
         QTest::newRow("spaces around are trimmed") << "  #e0a134 " << amber;
         QTest::newRow("three digits are doubled") << "FFF" << QColor(255, 255, 255);
         QTest::newRow("each of three digits is doubled") << "1a8" << QColor(17, 170, 136);
-        QTest::newRow("the last pair of eight is the opacity") << "e0a13480"
-                                                               << QColor(224, 161, 52, 128);
+        QTest::newRow("the last pair of eight is the opacity")
+            << "e0a13480" << QColor(224, 161, 52, 128);
         QTest::newRow("five digits give opaque black") << "#12345" << QColor(0, 0, 0);
         QTest::newRow("the empty text gives opaque black") << "" << QColor(0, 0, 0);
         QTest::newRow("unreadable digits count as zero") << "zz0000" << QColor(0, 0, 0);
-        QTest::newRow("scanning stops at the first other character") << "12zz00"
-                                                                     << QColor(0, 0, 0x12);
+        QTest::newRow("scanning stops at the first other character")
+            << "12zz00" << QColor(0, 0, 0x12);
     }
 
     void hexText()
@@ -111,8 +111,8 @@ private slots:
 
     void aTextThatIsNoRawValueIsNoCaseAndCountsAsSystem()
     {
-        for (const QString &text : {QStringLiteral("Dark"), QStringLiteral(""),
-                                    QStringLiteral("night")}) {
+        for (const QString &text :
+             {QStringLiteral("Dark"), QStringLiteral(""), QStringLiteral("night")}) {
             QVERIFY(!fromRawValue<AppAppearance>(text));
             QCOMPARE(appearanceFromPreference(text), AppAppearance::system);
         }

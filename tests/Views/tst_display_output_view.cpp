@@ -121,8 +121,8 @@ private slots:
     void theSafeAreaGuideOfTheEditorIsNeverDrawn()
     {
         AudienceScreen display;
-        const std::optional<Slide> live
-            = display.world.store.slideWithID(display.world.store.liveSlideID());
+        const std::optional<Slide> live =
+            display.world.store.slideWithID(display.world.store.liveSlideID());
         QVERIFY(live->design.safeAreaEnabled);
         QImage guided = black();
         QPainter painter(&guided);

@@ -55,8 +55,8 @@ private slots:
     {
         World world;
         ShowListModel model(world.store);
-        const QAbstractItemModelTester tester(&model,
-                                              QAbstractItemModelTester::FailureReportingMode::Fatal);
+        const QAbstractItemModelTester tester(
+            &model, QAbstractItemModelTester::FailureReportingMode::Fatal);
         world.store.addSlide();
         world.store.deleteSelectedServiceItem();
         world.store.undo();

@@ -32,9 +32,12 @@ private slots:
     {
         QTest::addColumn<QString>("title");
         QTest::addColumn<QString>("projectName");
-        QTest::newRow("blank") << "New Blank Project" << "Untitled Quenara";
-        QTest::newRow("service") << "New Sunday Service" << "Sunday Service";
-        QTest::newRow("demo") << "Open Demo Service" << "Quenara Demo Service";
+        QTest::newRow("blank") << "New Blank Project"
+                               << "Untitled Quenara";
+        QTest::newRow("service") << "New Sunday Service"
+                                 << "Sunday Service";
+        QTest::newRow("demo") << "Open Demo Service"
+                              << "Quenara Demo Service";
     }
 
     void everyStartButtonGivesItsProjectAndDismissesThePanel()

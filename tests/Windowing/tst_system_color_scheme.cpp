@@ -113,8 +113,8 @@ private slots:
         QTest::addColumn<ColorScheme>("expected");
         QTest::newRow("dark") << prefersDark << ColorScheme::dark;
         QTest::newRow("light") << prefersLight << ColorScheme::light;
-        QTest::newRow("no preference leaves it to the palette") << noPreference
-                                                                << ColorScheme::light;
+        QTest::newRow("no preference leaves it to the palette")
+            << noPreference << ColorScheme::light;
     }
 
     void thePortalDecidesBeforeThePalette()

@@ -31,10 +31,7 @@ struct Program : WindowingWorld
             qFatal("the window does not become active");
     }
 
-    static void press(QWidget &window, Qt::Key key)
-    {
-        QTest::keyClick(window.windowHandle(), key);
-    }
+    static void press(QWidget &window, Qt::Key key) { QTest::keyClick(window.windowHandle(), key); }
 
     qsizetype place(const std::optional<QString> &id) const
     {
@@ -75,12 +72,12 @@ private slots:
         Program program;
         const QList<QAction *> menus = program.operatorWindow.menuBar()->actions();
         QCOMPARE(menus.size(), 4);
-        QCOMPARE(menuText(*menus.at(0)->menu()),
-                 QStringLiteral("New Project...|Ctrl+N\nNew Blank Project|\nNew Sunday Service|\n-\n"
-                                "Open...|Ctrl+O\nSave|Ctrl+S\nSave As...|Ctrl+Shift+S\n-\n"
-                                "Quit|Ctrl+Q"));
-        QCOMPARE(menuText(*menus.at(1)->menu()),
-                 QStringLiteral("Undo|Ctrl+Z\nRedo|Ctrl+Shift+Z"));
+        QCOMPARE(
+            menuText(*menus.at(0)->menu()),
+            QStringLiteral("New Project...|Ctrl+N\nNew Blank Project|\nNew Sunday Service|\n-\n"
+                           "Open...|Ctrl+O\nSave|Ctrl+S\nSave As...|Ctrl+Shift+S\n-\n"
+                           "Quit|Ctrl+Q"));
+        QCOMPARE(menuText(*menus.at(1)->menu()), QStringLiteral("Undo|Ctrl+Z\nRedo|Ctrl+Shift+Z"));
         QCOMPARE(menuText(*menus.at(2)->menu()),
                  QStringLiteral("Go Live|Space\nGo Live|Return Enter\n-\n"
                                 "Next Live Slide|Right PgDown\nPrevious Live Slide|Left PgUp\n"
@@ -113,8 +110,8 @@ private slots:
         for (const MenuDescription &menu : menuDescriptions()) {
             for (const auto &group : menu.groups) {
                 for (const CommandDescription &item : group) {
-                    const bool isHistory
-                        = item.command == Command::undo || item.command == Command::redo;
+                    const bool isHistory =
+                        item.command == Command::undo || item.command == Command::redo;
                     QCOMPARE(program.commands.action(item.command)->isEnabled(), !isHistory);
                 }
             }
@@ -191,9 +188,9 @@ private slots:
         auto *name = program.operatorWindow.findChild<QLineEdit *>(QStringLiteral("projectName"));
         name->setFocus();
         name->selectAll();
-        for (const Qt::Key key : {Qt::Key_B, Qt::Key_L, Qt::Key_Space, Qt::Key_Space, Qt::Key_B,
-                                  Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down,
-                                  Qt::Key_PageUp, Qt::Key_PageDown})
+        for (const Qt::Key key :
+             {Qt::Key_B, Qt::Key_L, Qt::Key_Space, Qt::Key_Space, Qt::Key_B, Qt::Key_Left,
+              Qt::Key_Right, Qt::Key_Up, Qt::Key_Down, Qt::Key_PageUp, Qt::Key_PageDown})
             Program::press(program.operatorWindow, key);
         QCOMPARE(name->text(), QStringLiteral("bl  b"));
         QCOMPARE(program.live(), 0);
@@ -211,8 +208,8 @@ private slots:
         QPlainTextEdit editor;
         editor.show();
         Program::activate(editor);
-        for (const Qt::Key key : {Qt::Key_B, Qt::Key_Return, Qt::Key_L, Qt::Key_Space,
-                                  Qt::Key_Enter, Qt::Key_Up})
+        for (const Qt::Key key :
+             {Qt::Key_B, Qt::Key_Return, Qt::Key_L, Qt::Key_Space, Qt::Key_Enter, Qt::Key_Up})
             Program::press(editor, key);
         QCOMPARE(editor.toPlainText(), QStringLiteral("b\nl \n"));
         QCOMPARE(program.store.outputMode(), OutputMode::live);

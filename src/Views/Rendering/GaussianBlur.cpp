@@ -21,8 +21,8 @@ std::array<int, passes> boxWidths(double sigma)
     const double ideal = std::sqrt(12 * sigma * sigma / passes + 1);
     int lower = int(ideal);
     lower -= lower % 2 == 0 ? 1 : 0;
-    const double lowerPasses
-        = (12 * sigma * sigma - passes * lower * lower - 4.0 * passes * lower - 3.0 * passes)
+    const double lowerPasses =
+        (12 * sigma * sigma - passes * lower * lower - 4.0 * passes * lower - 3.0 * passes)
         / (-4.0 * lower - 4);
     std::array<int, passes> widths{};
     for (int i = 0; i < passes; ++i)
@@ -61,13 +61,11 @@ void boxPass(const Values &from, Values &to, int width)
 class LineBlur
 {
 public:
-    LineBlur(double sigma, int length) :
-        m_widths(boxWidths(sigma)),
-        m_margin(std::size_t(m_widths[0] / 2 + m_widths[1] / 2 + m_widths[2] / 2)),
-        m_values(std::size_t(length) + 2 * m_margin),
-        m_blurred(m_values.size())
-    {
-    }
+    LineBlur(double sigma, int length)
+        : m_widths(boxWidths(sigma)),
+          m_margin(std::size_t(m_widths[0] / 2 + m_widths[1] / 2 + m_widths[2] / 2)),
+          m_values(std::size_t(length) + 2 * m_margin), m_blurred(m_values.size())
+    {}
 
     void apply(const Line &line)
     {
@@ -110,8 +108,7 @@ QImage gaussianBlurred(const QImage &image, double sigma)
         for (int y = 0; y < blurred.height(); ++y)
             rows.apply({bits + y * rowStride + channel, channels, blurred.width()});
         for (int x = 0; x < blurred.width(); ++x) {
-            columns.apply({bits + qsizetype(x) * channels + channel, rowStride,
-                           blurred.height()});
+            columns.apply({bits + qsizetype(x) * channels + channel, rowStride, blurred.height()});
         }
     }
     return blurred;

@@ -21,11 +21,9 @@ QGradient gradientOver(const QRectF &slide, GradientDirection direction, double 
 {
     switch (direction) {
     case GradientDirection::vertical:
-        return QLinearGradient(slide.center().x(), slide.top(), slide.center().x(),
-                               slide.bottom());
+        return QLinearGradient(slide.center().x(), slide.top(), slide.center().x(), slide.bottom());
     case GradientDirection::horizontal:
-        return QLinearGradient(slide.left(), slide.center().y(), slide.right(),
-                               slide.center().y());
+        return QLinearGradient(slide.left(), slide.center().y(), slide.right(), slide.center().y());
     case GradientDirection::diagonal:
         return QLinearGradient(slide.topLeft(), slide.bottomRight());
     case GradientDirection::radialHint:
@@ -64,8 +62,8 @@ void SlideBackgroundRenderView::paint(QPainter &painter, const QRectF &slide) co
     if (slide.isEmpty() || scale <= 0)
         return;
     const bool isImage = background.kind == SlideBackgroundKind::image;
-    const QImage image
-        = isImage && background.image ? ZelvoImageLoader::image(*background.image) : QImage();
+    const QImage image =
+        isImage && background.image ? ZelvoImageLoader::image(*background.image) : QImage();
     if (!image.isNull()) {
         const double sigma = std::max(0.0, background.blurAmount) * deviceScale(painter) * scale;
         DeviceLayer layer = DeviceLayer::painted(painter, slide, 0, [&](QPainter &picture) {

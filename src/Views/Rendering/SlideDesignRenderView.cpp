@@ -91,9 +91,8 @@ void SlideDesignRenderView::paint(QPainter &painter) const
         }
     }
     if (showSafeArea && design.safeAreaEnabled) {
-        strokeDashed(
-            painter, safeArea(),
-            {.color = QColor::fromRgbF(1, 1, 1, 0.35F), .width = 1, .dash = 8, .gap = 8});
+        strokeDashed(painter, safeArea(),
+                     {.color = QColor::fromRgbF(1, 1, 1, 0.35F), .width = 1, .dash = 8, .gap = 8});
     }
     painter.restore();
 }

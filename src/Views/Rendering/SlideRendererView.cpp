@@ -23,8 +23,8 @@ void SlideRendererView::paint(QPainter &painter, const QRectF &area) const
     const CanvasSize canvas = slide ? slide->design.canvasSize : CanvasSize();
     if (!(canvas.width > 0) || !(canvas.height > 0))
         return;
-    const QRectF fitted
-        = fittedRect(area.size(), canvas.width / canvas.height).translated(area.topLeft());
+    const QRectF fitted =
+        fittedRect(area.size(), canvas.width / canvas.height).translated(area.topLeft());
     if (fitted.isEmpty())
         return;
     if (!slide) {

@@ -40,11 +40,9 @@ QString withLineSeparators(QString text)
 
 } // namespace
 
-TextBlock::TextBlock(const TextElementProperties &text, const QSizeF &box) :
-    m_text(text),
-    m_box(std::max(0.0, box.width()), std::max(0.0, box.height())),
-    m_string(withLineSeparators(text.displayText())),
-    m_layout(std::make_unique<QTextLayout>())
+TextBlock::TextBlock(const TextElementProperties &text, const QSizeF &box)
+    : m_text(text), m_box(std::max(0.0, box.width()), std::max(0.0, box.height())),
+      m_string(withLineSeparators(text.displayText())), m_layout(std::make_unique<QTextLayout>())
 {
     layOut(1);
     if (m_bounds.height() <= m_box.height())
@@ -106,8 +104,8 @@ void TextBlock::truncate()
     while (!rest.isEmpty() && rest.back().isSpace())
         rest.chop(1);
     const QString elided = QFontMetricsF(m_layout->font())
-                               .elidedText(rest + QChar(ellipsis) + QChar(ellipsis),
-                                           Qt::ElideRight, m_box.width() / unit);
+                               .elidedText(rest + QChar(ellipsis) + QChar(ellipsis), Qt::ElideRight,
+                                           m_box.width() / unit);
     m_string = m_string.first(last.textStart()) + elided;
     if (!m_string.endsWith(QChar(ellipsis)))
         m_string += QChar(ellipsis);

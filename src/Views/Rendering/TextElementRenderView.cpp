@@ -39,11 +39,11 @@ void paintGlow(QPainter &painter, const TextBlock &block, const Glow &glow)
     const double scale = deviceScale(painter);
     // A blur radius is twice the standard deviation of the Gaussian.
     const double sigma = std::max(0.0, glow.radius) / 2 * scale;
-    DeviceLayer layer
-        = DeviceLayer::painted(painter, block.bounds(), blurReach(sigma), [&](QPainter &mask) {
-              mask.setPen(Qt::black);
-              block.draw(mask);
-          });
+    DeviceLayer layer =
+        DeviceLayer::painted(painter, block.bounds(), blurReach(sigma), [&](QPainter &mask) {
+            mask.setPen(Qt::black);
+            block.draw(mask);
+        });
     if (layer.image.isNull())
         return;
     const QImage mask = gaussianBlurred(layer.image.convertToFormat(QImage::Format_Alpha8), sigma);

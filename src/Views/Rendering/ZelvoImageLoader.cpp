@@ -33,8 +33,8 @@ QImage ZelvoImageLoader::image(const SlideMedia &media)
         const qsizetype comma = media.dataUrl.indexOf(',');
         if (comma < 0)
             return {};
-        const auto payload = QByteArray::fromBase64Encoding(media.dataUrl.mid(comma + 1),
-                                                            QByteArray::AbortOnBase64DecodingErrors);
+        const auto payload = QByteArray::fromBase64Encoding(
+            media.dataUrl.mid(comma + 1), QByteArray::AbortOnBase64DecodingErrors);
         if (!payload)
             return {};
         QByteArray bytes = *payload;
