@@ -1,0 +1,126 @@
+"""tour.py PROGRAM FOLDER [FILE]: takes the program through a short service on a virtual display.
+
+Leaves a screenshot of every window in the folder and prints their paths. Opens the demo service, or
+the file if one is given.
+"""
+
+import shutil
+import sys
+from pathlib import Path
+
+HERE = Path(__file__).resolve().parent
+sys.path.insert(0, str(HERE.parent / "tests" / "e2e"))
+sys.dont_write_bytecode = True
+
+from processes import wait_until  # noqa: E402
+from program import ALERT, DISPLAY, OPERATOR, STAGE, START_PANEL, Program  # noqa: E402
+from xserver import XServer  # noqa: E402
+
+# From the start panel's first button to its third, and that pressed.
+OPEN_DEMO = ["Tab", "Tab", "space"]
+EMPTY_TITLE = "Untitled Quenara — Quenara"
+
+
+class Tour:
+    """One run of the program, and the screenshots it leaves."""
+
+    def __init__(self, server, program, folder):
+        self._server = server
+        self._program = program
+        self._folder = folder
+
+    def shoot(self, title, name):
+        """Saves what a window shows, once it has stopped changing."""
+        window = self._program.wait_for_window(title)
+        self._settle(window)
+        path = self._folder / f"{name}.png"
+        self._server.run("import", "-window", window, str(path))
+        print(path, flush=True)
+
+    def _settle(self, window):
+        seen = [None]
+
+        def same_as_before():
+            picture = self._server.run("import", "-window", window, "rgb:-")
+            same = picture == seen[0]
+            seen[0] = picture
+            return same
+
+        wait_until(same_as_before, "a window to stop changing")
+
+    def wait_for_document(self, files):
+        """Fails when the program refuses the file it was started with."""
+        program = self._program
+        program.wait_for_window(OPERATOR)
+        if not files:
+            return
+        wait_until(lambda: program.window(ALERT) or not program.window(EMPTY_TITLE),
+                   f"{files[0]} to open")
+        if program.window(ALERT):
+            raise AssertionError(f"the program could not open {files[0]}")
+
+    def meet_start_panel(self, name, *keys):
+        """Shoots the start panel and leaves it with these keys."""
+        program = self._program
+        program.focus(OPERATOR)
+        program.press("ctrl+n")
+        program.focus(START_PANEL)
+        self.shoot(START_PANEL, name)
+        program.press(*keys)
+        program.wait_for_no_window(START_PANEL)
+        wait_until(lambda: not program.window(EMPTY_TITLE), "the service to open")
+
+    def hold_the_service(self):
+        program = self._program
+        program.focus(OPERATOR)
+        self.shoot(OPERATOR, "operator")
+        program.press("Down", "Return", "Right")
+        self.shoot(OPERATOR, "operator-live")
+        program.open_stage()
+        self.shoot(STAGE, "stage")
+        program.open_display()
+        self.shoot(DISPLAY, "display-live")
+        program.press("b")
+        self.shoot(DISPLAY, "display-blackout")
+        program.press("l")
+        self.shoot(DISPLAY, "display-logo")
+        program.close_window(DISPLAY)
+        program.wait_for_no_window(DISPLAY)
+        program.focus(OPERATOR)
+        program.close_window(OPERATOR)
+        if program.wait_for_end() != 0:
+            raise AssertionError(f"the program ended with status {program.status()}")
+
+
+def start(server, executable, folder, files, appearance):
+    """A tour of the program with an appearance, the program to be ended by the caller."""
+    program = Program(server, executable, *files, preferences=f"appAppearance={appearance}\n")
+    return program, Tour(server, program, folder)
+
+
+def show_around(server, executable, folder, files):
+    leave = ["Escape"] if files else OPEN_DEMO
+    program, tour = start(server, executable, folder, files, "light")
+    with program:
+        tour.wait_for_document(files)
+        tour.meet_start_panel("start-panel", *leave)
+        tour.hold_the_service()
+    program, tour = start(server, executable, folder, files, "dark")
+    with program:
+        tour.wait_for_document(files)
+        tour.meet_start_panel("start-panel-dark", *leave)
+        tour.shoot(OPERATOR, "operator-dark")
+        program.open_stage()
+        tour.shoot(STAGE, "stage-dark")
+
+
+def main():
+    executable, folder, *files = (Path(argument).resolve() for argument in sys.argv[1:])
+    shutil.rmtree(folder, ignore_errors=True)
+    folder.mkdir(parents=True)
+    with XServer() as server:
+        show_around(server, executable, folder, files)
+
+
+if __name__ == "__main__":
+    main()
