@@ -1,5 +1,6 @@
 #include "HexDigits.h"
 
+#include <QList>
 #include <QString>
 
 #include <algorithm>
@@ -41,10 +42,11 @@ HexDigits HexDigits::scan(QStringView text)
         const std::optional<unsigned> digit = hexDigit(*it);
         if (!digit)
             break;
-        if (digits.value > std::numeric_limits<std::uint64_t>::max() >> 4U)
+        if (digits.value > std::numeric_limits<std::uint64_t>::max() >> 4U) {
             digits.value = std::numeric_limits<std::uint64_t>::max();
-        else
+        } else {
             digits.value = (digits.value << 4U) | *digit;
+        }
     }
     return digits;
 }

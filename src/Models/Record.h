@@ -54,10 +54,11 @@ struct AnyValue
 template<class T, class... Values>
 consteval std::size_t memberCount()
 {
-    if constexpr (requires { T{Values{}..., AnyValue{}}; })
+    if constexpr (requires { T{Values{}..., AnyValue{}}; }) {
         return memberCount<T, Values..., AnyValue>();
-    else
+    } else {
         return sizeof...(Values);
+    }
 }
 
 } // namespace detail
@@ -72,10 +73,11 @@ namespace detail {
 template<class T>
 std::size_t hashOf(const T &value, std::size_t seed)
 {
-    if constexpr (std::is_enum_v<T>)
+    if constexpr (std::is_enum_v<T>) {
         return ::qHash(static_cast<int>(value), seed);
-    else
+    } else {
         return qHash(value, seed);
+    }
 }
 
 template<class T>

@@ -62,10 +62,11 @@ public:
 
     void write(const QDateTime &value)
     {
-        if constexpr (dateForm == DateForm::internetDateTime)
+        if constexpr (dateForm == DateForm::internetDateTime) {
             m_output.String(internetText(value).c_str());
-        else
+        } else {
             write(referenceSeconds(value));
+        }
     }
 
     template<RawEnum E>
@@ -97,10 +98,11 @@ private:
     void writeFields(const T &record, std::index_sequence<position...>)
     {
         constexpr auto fields = T::fields();
-        if constexpr (keyOrder == KeyOrder::sorted)
+        if constexpr (keyOrder == KeyOrder::sorted) {
             (writeField(record, std::get<sortedFields<T>[position]>(fields)), ...);
-        else
+        } else {
             (writeField(record, std::get<position>(fields)), ...);
+        }
     }
 
     template<Record T, class Member>

@@ -72,9 +72,10 @@ WorkspaceState startAtFirstSlide(WorkspaceState state)
 
 WorkspaceState goLive(WorkspaceState state)
 {
-    if (!state.queuedSlideID)
+    if (!state.queuedSlideID) {
         state.queuedSlideID =
             state.selectedSlideID ? state.selectedSlideID : firstSlideID(state.project);
+    }
     state.liveSlideID = state.queuedSlideID;
     state.outputMode = OutputMode::live;
     return state;

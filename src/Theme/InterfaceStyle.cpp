@@ -65,9 +65,10 @@ QString interfaceStyleSheet(const ZelvoTheme &theme)
     QString sheet = opened ? QString::fromUtf8(file.readAll()) : QString();
     static const QRegularExpression reference(QStringLiteral("@([A-Za-z]+)"));
     for (auto match = reference.match(sheet); match.hasMatch();
-         match = reference.match(sheet, match.capturedStart()))
+         match = reference.match(sheet, match.capturedStart())) {
         sheet.replace(match.capturedStart(), match.capturedLength(),
                       roleColor(theme, match.captured(1)));
+    }
     return sheet;
 }
 

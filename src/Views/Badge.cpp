@@ -27,11 +27,12 @@ void Badge::paint(QPainter &painter, const QPointF &topLeft) const
     const QRectF box(topLeft, size());
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    if (isFilled)
+    if (isFilled) {
         painter.fillPath(continuousRoundedRect(box, cornerRadius), color);
-    else
+    } else {
         painter.strokePath(continuousRoundedRect(box.adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius),
                            QPen(color, 1));
+    }
     painter.setPen(isFilled ? QColor(Qt::white) : color);
     painter.setFont(systemFont(pixelSize, QFont::ExtraBold));
     const double baseline = box.bottom() - verticalPadding;

@@ -96,9 +96,10 @@ QWidget *StartPanelView::makeRecentColumn()
     rowsLayout->setContentsMargins(0, 0, 0, 0);
     rowsLayout->setSpacing(spacing);
     const QList<RecentProject> recentProjects = m_store.recentProjects();
-    if (recentProjects.isEmpty())
+    if (recentProjects.isEmpty()) {
         rowsLayout->addWidget(
             makeRoleLabel(QStringLiteral("muted"), QStringLiteral("No recent projects yet.")));
+    }
     for (const RecentProject &project : recentProjects) {
         auto *row = new QPushButton;
         row->setProperty("role", QStringLiteral("recent"));

@@ -45,10 +45,11 @@ void ImageElementRenderView::paint(QPainter &painter, const QRectF &box) const
     if (box.isEmpty())
         return;
     const QImage image = media ? ZelvoImageLoader::image(*media) : QImage();
-    if (image.isNull())
+    if (image.isNull()) {
         paintPlaceholder(painter, box);
-    else
+    } else {
         painter.drawImage(box, image, fillingPart(image.size(), box));
+    }
 }
 
 } // namespace quenara

@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFontDatabase>
+#include <QFontInfo>
 
 #include <cmath>
 
@@ -14,10 +15,11 @@ QString standIn(const QString &family)
 {
     if (family == u"Avenir Next")
         return QStringLiteral("Lato");
-    if (family == u"Georgia")
+    if (family == u"Georgia") {
         return QFontDatabase::hasFamily(QStringLiteral("DejaVu Serif"))
             ? QStringLiteral("DejaVu Serif")
             : QFontInfo(QFont(QStringLiteral("serif"))).family();
+    }
     if (family == u"Menlo")
         return QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
     return systemFontFamily();
