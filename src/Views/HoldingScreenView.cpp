@@ -5,6 +5,8 @@
 
 #include <QFontMetricsF>
 
+#include <cmath>
+
 namespace quenara {
 
 namespace {
@@ -35,8 +37,9 @@ void HoldingScreenView::paint(QPainter &painter, const QRectF &area) const
     painter.setPen(color);
     painter.drawText(QRectF(area.left(), top, area.width(), nameHeight),
                      Qt::AlignCenter | Qt::TextDontClip, QStringLiteral("Quenara"));
-    painter.fillRect(QRectF(area.center().x() - barWidth / 2, top + nameHeight + rowSpacing,
-                            barWidth, barHeight),
+    // On whole points, so that its edges are sharp.
+    painter.fillRect(QRectF(std::round(area.center().x() - barWidth / 2),
+                            std::round(top + nameHeight + rowSpacing), barWidth, barHeight),
                      color);
     painter.restore();
 }
