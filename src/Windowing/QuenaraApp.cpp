@@ -14,7 +14,7 @@ QuenaraApp::QuenaraApp(const QPalette &platformPalette)
       m_appearance(m_preferences), m_commands(m_store, m_windows, m_appearance),
       m_operatorWindow(m_store, m_windows, m_commands)
 {
-    qApp->installEventFilter(&m_textInputGuard);
+    qApp->installEventFilter(&m_shortcutGuard);
     QObject::connect(&m_appearance, &AppearancePreference::rawValueChanged, &m_windows,
                      [this](const QString &, const QString &newValue) {
                          m_windows.updateAppearance(appearanceFromPreference(newValue));

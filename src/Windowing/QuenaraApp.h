@@ -3,8 +3,8 @@
 #include "AppearancePreference.h"
 #include "FileDialogRunner.h"
 #include "OperatorWindow.h"
+#include "ShortcutGuard.h"
 #include "SystemColorScheme.h"
-#include "TextInputGuard.h"
 #include "WindowCoordinator.h"
 #include "WorkspaceStore.h"
 #include "ZelvoCommands.h"
@@ -32,7 +32,7 @@ private:
     SystemColorScheme m_systemScheme;
     WindowCoordinator m_windows;
     AppearancePreference m_appearance;
-    TextInputGuard m_textInputGuard;
+    ShortcutGuard m_shortcutGuard;
     ZelvoCommands m_commands;
     OperatorWindow m_operatorWindow;
 };

@@ -1,5 +1,5 @@
 #include "GuiTestSupport.h"
-#include "TextInputGuard.h"
+#include "ShortcutGuard.h"
 #include "WindowingWorld.h"
 
 #include <QLineEdit>
@@ -14,7 +14,7 @@ namespace {
 /// The program's windows on a demo service, its operator window active.
 struct Program : WindowingWorld
 {
-    TextInputGuard guard;
+    ShortcutGuard guard;
     OperatorWindow operatorWindow{store, windows, commands};
 
     Program()

@@ -1,0 +1,59 @@
+#include "GuiTestSupport.h"
+#include "ShortcutGuard.h"
+
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QListView>
+
+using namespace quenara;
+using namespace quenara::test;
+
+namespace {
+
+/// Sends a key event of a moment and says whether it came back accepted.
+bool isAccepted(QObject &receiver, QEvent::Type type, Qt::Key key, quint64 timestamp,
+                Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+{
+    QKeyEvent event(type, key, modifiers);
+    event.setTimestamp(timestamp);
+    event.ignore();
+    QCoreApplication::sendEvent(&receiver, &event);
+    return event.isAccepted();
+}
+
+} // namespace
+
+class TestShortcutGuard : public GuiTest
+{
+    Q_OBJECT
+
+private slots:
+    void aPressAtTheMomentOfItsReleaseIsARepeatAndNoShortcut()
+    {
+        ShortcutGuard guard;
+        QListView list;
+        list.installEventFilter(&guard);
+        QVERIFY(!isAccepted(list, QEvent::ShortcutOverride, Qt::Key_Right, 1000));
+        isAccepted(list, QEvent::KeyRelease, Qt::Key_Right, 1500);
+        QVERIFY(isAccepted(list, QEvent::ShortcutOverride, Qt::Key_Right, 1500));
+        isAccepted(list, QEvent::KeyRelease, Qt::Key_Right, 1540);
+        QVERIFY(isAccepted(list, QEvent::ShortcutOverride, Qt::Key_Right, 1540));
+        QVERIFY(!isAccepted(list, QEvent::ShortcutOverride, Qt::Key_Left, 1540));
+        QVERIFY(!isAccepted(list, QEvent::ShortcutOverride, Qt::Key_Right, 1700));
+    }
+
+    void keysWithoutModifiersThatATextTakesAreNoShortcuts()
+    {
+        ShortcutGuard guard;
+        QLineEdit field;
+        field.installEventFilter(&guard);
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Up, Qt::Key_PageDown}) {
+            QVERIFY(isAccepted(field, QEvent::ShortcutOverride, key, 0));
+            QVERIFY(isAccepted(field, QEvent::ShortcutOverride, key, 0, Qt::KeypadModifier));
+        }
+        QVERIFY(!isAccepted(field, QEvent::ShortcutOverride, Qt::Key_S, 0, Qt::ControlModifier));
+    }
+};
+
+QUENARA_GUI_TEST_MAIN(TestShortcutGuard)
+#include "tst_shortcut_guard.moc"
