@@ -26,21 +26,29 @@ bool ShortcutGuard::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::KeyRelease) {
         const auto &key = static_cast<const QKeyEvent &>(*event);
-        m_releasedKey = key.key();
-        m_releaseTime = key.timestamp();
+        m_released = {key.key(), key.timestamp()};
     } else if (event->type() == QEvent::ShortcutOverride) {
         const auto &key = static_cast<const QKeyEvent &>(*event);
-        // X servers repeat a key as a release and a press at the same moment. The toolkit takes the
-        // press for a new one when it has not arrived yet as the release is handled.
-        const bool isRepeat = key.isAutoRepeat()
-            || (key.key() == m_releasedKey && key.timestamp() == m_releaseTime
-                && m_releaseTime != 0);
-        if (isRepeat || (takesText(watched) && isWithoutModifiers(key))) {
+        if (isRepeat(key) || (takesText(watched) && isWithoutModifiers(key))) {
             event->accept();
             return true;
         }
     }
     return QObject::eventFilter(watched, event);
+}
+
+/// X servers repeat a key that is held down as a release and a press at one moment, which the
+/// toolkit takes for a new press where it has not arrived yet as the release is handled.
+bool ShortcutGuard::isRepeat(const QKeyEvent &press)
+{
+    const Moment now{press.key(), press.timestamp()};
+    // A key that went down and up at one moment was not held.
+    const bool wasHeld = m_released != m_pressed;
+    if (now != m_pressed) {
+        m_pressed = now;
+        m_repeats = wasHeld && now == m_released;
+    }
+    return press.isAutoRepeat() || m_repeats;
 }
 
 } // namespace quenara

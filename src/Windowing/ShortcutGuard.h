@@ -2,6 +2,8 @@
 
 #include <QObject>
 
+class QKeyEvent;
+
 namespace quenara {
 
 /// Keeps key presses from being taken as shortcuts that are none: keys without modifiers typed into
@@ -18,8 +20,20 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    int m_releasedKey = 0;
-    quint64 m_releaseTime = 0; ///< milliseconds of the platform's clock
+    /// A key and when it moved, in milliseconds of the platform's clock.
+    struct Moment
+    {
+        int key = 0;
+        quint64 time = 0;
+
+        bool operator==(const Moment &) const = default;
+    };
+
+    bool isRepeat(const QKeyEvent &press);
+
+    Moment m_pressed;
+    Moment m_released;
+    bool m_repeats = false; ///< whether the last press was the repeat of a held key
 };
 
 } // namespace quenara

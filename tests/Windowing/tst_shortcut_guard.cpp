@@ -42,6 +42,17 @@ private slots:
         QVERIFY(!isAccepted(list, QEvent::ShortcutOverride, Qt::Key_Right, 1700));
     }
 
+    void aKeyTappedTwiceWithinOneMomentIsTwoPresses()
+    {
+        ShortcutGuard guard;
+        QListView list;
+        list.installEventFilter(&guard);
+        for (int tap = 0; tap < 3; ++tap) {
+            QVERIFY(!isAccepted(list, QEvent::ShortcutOverride, Qt::Key_Right, 1000));
+            isAccepted(list, QEvent::KeyRelease, Qt::Key_Right, 1000);
+        }
+    }
+
     void keysWithoutModifiersThatATextTakesAreNoShortcuts()
     {
         ShortcutGuard guard;
