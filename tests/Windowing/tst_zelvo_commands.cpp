@@ -31,7 +31,13 @@ struct Program : WindowingWorld
             qFatal("the window does not become active");
     }
 
-    static void press(QWidget &window, Qt::Key key) { QTest::keyClick(window.windowHandle(), key); }
+    static void press(QWidget &window, Qt::Key key)
+    {
+        // A press at the very moment of the last release would be the repeat of a held key.
+        constexpr int fingerMilliseconds = 2;
+        QTest::qWait(fingerMilliseconds);
+        QTest::keyClick(window.windowHandle(), key);
+    }
 
     qsizetype place(const std::optional<QString> &id) const
     {
