@@ -51,8 +51,10 @@ OperatorView::OperatorView(WorkspaceStore &store, QWidget *parent) : QWidget(par
     layout->addLayout(workArea, 1);
 
     connect(&store, &WorkspaceStore::changed, this, &OperatorView::showStore);
+    connect(&store, &WorkspaceStore::selectedSlideIDChanged, this, &OperatorView::showSelection);
     showStore();
-    setFocusProxy(m_showList);
+    showSelection();
+    setFocusPolicy(Qt::StrongFocus);
 }
 
 OperatorView::~OperatorView()
@@ -71,7 +73,7 @@ QWidget *OperatorView::makeProjectBar()
     m_projectName->setMaximumWidth(nameMaximumWidth);
     m_projectName->installEventFilter(this);
     connect(m_projectName, &QLineEdit::editingFinished, this, &OperatorView::commitProjectName);
-    connect(m_projectName, &QLineEdit::returnPressed, this, [this] { m_showList->setFocus(); });
+    connect(m_projectName, &QLineEdit::returnPressed, this, [this] { setFocus(); });
 
     m_edited = makeRoleLabel(QStringLiteral("edited"), QStringLiteral("Edited"));
     m_fileName = makeRoleLabel(QStringLiteral("muted"));
@@ -99,6 +101,8 @@ QWidget *OperatorView::makeShowList()
     m_showList->setObjectName(QStringLiteral("showList"));
     m_showList->setAccessibleName(QStringLiteral("Show"));
     m_showList->setFixedWidth(showListWidth);
+    // Keys are the transport's: the list would move a cursor of its own by them.
+    m_showList->setFocusPolicy(Qt::NoFocus);
     m_showList->setModel(m_showModel);
     m_showList->setItemDelegate(new ShowRowDelegate(m_showList));
     m_showList->setSelectionMode(QAbstractItemView::NoSelection);
@@ -115,13 +119,14 @@ QWidget *OperatorView::makeShowList()
 
 QWidget *OperatorView::makeLivePreview()
 {
+    m_liveCaption = makeRoleLabel(QStringLiteral("liveCaption"));
     m_liveTitle = makeRoleLabel(QStringLiteral("heading"));
     m_livePreview = new SlideView;
     m_livePreview->setAccessibleName(QStringLiteral("Live preview"));
 
     auto *caption = new QHBoxLayout;
     caption->setSpacing(captionSpacing);
-    caption->addWidget(makeRoleLabel(QStringLiteral("liveCaption"), QStringLiteral("Live")));
+    caption->addWidget(m_liveCaption);
     caption->addWidget(m_liveTitle, 1);
 
     auto *area = new QWidget;
@@ -140,7 +145,7 @@ bool OperatorView::eventFilter(QObject *watched, QEvent *event)
     if (watched == m_projectName && event->type() == QEvent::KeyPress
         && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Escape) {
         m_projectName->setText(m_store.project().name);
-        m_showList->setFocus();
+        setFocus();
         return true;
     }
     return QWidget::eventFilter(watched, event);
@@ -154,7 +159,10 @@ void OperatorView::commitProjectName()
 
 void OperatorView::showStore()
 {
-    if (!m_projectName->hasFocus() || !m_projectName->isModified()) {
+    const bool isBeingTyped = m_projectName->hasFocus() && m_projectName->isModified()
+        && m_namedProjectID == m_store.project().id;
+    if (!isBeingTyped) {
+        m_namedProjectID = m_store.project().id;
         m_projectName->setText(m_store.project().name);
         m_projectName->setCursorPosition(0);
     }
@@ -162,11 +170,17 @@ void OperatorView::showStore()
     const std::optional<QUrl> url = m_store.currentFileURL();
     m_fileName->setText(url ? url->fileName() : QStringLiteral("Unsaved project"));
     m_outputState->setText(title(m_store.outputMode()).toUpper());
-    setStyleProperty(m_outputState, "mode", rawValue(m_store.outputMode()));
+    m_liveCaption->setText(title(m_store.outputMode()));
+    for (QLabel *label : {m_outputState, m_liveCaption})
+        setStyleProperty(label, "mode", rawValue(m_store.outputMode()));
 
     const std::optional<Slide> live = m_store.slideWithID(m_store.liveSlideID());
     m_liveTitle->setText(live ? live->title : QStringLiteral("No live slide"));
     m_livePreview->setSlide(live);
+}
+
+void OperatorView::showSelection()
+{
     m_showList->scrollTo(m_showModel->indexOf(m_store.selectedSlideID()));
 }
 

@@ -31,14 +31,17 @@ private:
     QWidget *makeLivePreview();
     void commitProjectName();
     void showStore();
+    void showSelection();
 
     WorkspaceStore &m_store;
     QLineEdit *m_projectName = nullptr;
+    QString m_namedProjectID; ///< whose name the field holds
     QLabel *m_edited = nullptr;
     QLabel *m_fileName = nullptr;
     QLabel *m_outputState = nullptr;
     ShowListModel *m_showModel = nullptr;
     QListView *m_showList = nullptr;
+    QLabel *m_liveCaption = nullptr; ///< says so when the audience does not see the live slide
     QLabel *m_liveTitle = nullptr;
     SlideView *m_livePreview = nullptr;
 };

@@ -22,6 +22,8 @@ void SlideView::paintEvent(QPaintEvent * /*event*/)
     QPainter painter(this);
     SlideRendererView{.slide = m_slide}.paint(painter, rect());
     const CanvasSize canvas = m_slide ? m_slide->design.canvasSize : CanvasSize();
+    if (!(canvas.width > 0) || !(canvas.height > 0))
+        return;
     painter.setPen(ZelvoTheme::current(colorSchemeOf(palette())).border);
     painter.drawRect(SlideRendererView::fittedRect(size(), canvas.width / canvas.height)
                          .adjusted(0.5, 0.5, -0.5, -0.5));

@@ -69,7 +69,7 @@ QWidget *StartPanelView::makeStartColumn()
     auto *column = new QWidget;
     column->setFixedWidth(startColumnWidth);
     auto *layout = new QVBoxLayout(column);
-    layout->setContentsMargins(0, 0, spacing, 0);
+    layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(spacing);
     layout->addWidget(makeRoleLabel(QStringLiteral("title"), QStringLiteral("Quenara")));
     layout->addWidget(makeRoleLabel(QStringLiteral("caption"), QStringLiteral("Projects")));
@@ -98,7 +98,7 @@ QWidget *StartPanelView::makeRecentColumn()
     const QList<RecentProject> recentProjects = m_store.recentProjects();
     if (recentProjects.isEmpty()) {
         rowsLayout->addWidget(
-            makeRoleLabel(QStringLiteral("muted"), QStringLiteral("No recent projects yet.")));
+            makeRoleLabel(QStringLiteral("hint"), QStringLiteral("No recent projects yet.")));
     }
     for (const RecentProject &project : recentProjects) {
         auto *row = new QPushButton;

@@ -25,6 +25,8 @@ public:
     /// Opens the document the program was started with.
     void openDocument(const QString &path);
 
+    AppearancePreference &appearance() { return m_appearance; }
+
 private:
     QSettings m_preferences;
     FileDialogRunner m_panels;

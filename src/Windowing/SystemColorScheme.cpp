@@ -1,6 +1,5 @@
 #include "SystemColorScheme.h"
 
-#include <QDBusMessage>
 #include <QPalette>
 
 namespace quenara {
@@ -45,7 +44,15 @@ void SystemColorScheme::readSetting(QDBusConnection bus)
     request << settingGroup << settingKey;
     // Answered before the first window shows, so that none is drawn in the other scheme first.
     const QDBusMessage answer = bus.call(request, QDBus::Block, answerMilliseconds);
-    if (answer.type() == QDBusMessage::ReplyMessage && !answer.arguments().isEmpty())
+    if (answer.type() == QDBusMessage::ReplyMessage)
+        takeAnswer(answer);
+    else // A portal that is only starting answers later.
+        bus.callWithCallback(request, this, SLOT(takeAnswer(QDBusMessage)));
+}
+
+void SystemColorScheme::takeAnswer(const QDBusMessage &answer)
+{
+    if (!answer.arguments().isEmpty())
         takeSetting(settingGroup, settingKey, QDBusVariant(answer.arguments().constFirst()));
 }
 

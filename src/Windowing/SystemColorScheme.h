@@ -3,6 +3,7 @@
 #include "ZelvoTheme.h"
 
 #include <QDBusConnection>
+#include <QDBusMessage>
 #include <QDBusVariant>
 #include <QObject>
 
@@ -27,6 +28,7 @@ signals:
     void schemeChanged(quenara::ColorScheme scheme);
 
 private slots:
+    void takeAnswer(const QDBusMessage &answer);
     void takeSetting(const QString &group, const QString &key, const QDBusVariant &value);
 
 private:

@@ -50,6 +50,7 @@ void coverDisplayScreen(OutputWindow &window)
 
 void raise(QWidget &window)
 {
+    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
     window.raise();
     window.activateWindow();
 }
@@ -133,22 +134,6 @@ void WindowCoordinator::closeStageWindow()
     if (m_stage.window)
         m_stage.window->close();
     release(m_stage, &WindowCoordinator::isStageWindowOpenChanged);
-}
-
-void WindowCoordinator::toggleDisplayWindow(const WorkspaceStore &store, AppAppearance appearance)
-{
-    if (isDisplayWindowOpen())
-        closeDisplayWindow();
-    else
-        openDisplayWindow(store, appearance);
-}
-
-void WindowCoordinator::toggleStageWindow(const WorkspaceStore &store, AppAppearance appearance)
-{
-    if (isStageWindowOpen())
-        closeStageWindow();
-    else
-        openStageWindow(store, appearance);
 }
 
 void WindowCoordinator::updateAppearance(AppAppearance appearance)

@@ -31,9 +31,6 @@ public:
     void openStageWindow(const WorkspaceStore &store, AppAppearance appearance);
     void closeStageWindow();
 
-    void toggleDisplayWindow(const WorkspaceStore &store, AppAppearance appearance);
-    void toggleStageWindow(const WorkspaceStore &store, AppAppearance appearance);
-
     /// From here on the application follows \a appearance, and the desktop's scheme while that is
     /// the choice.
     void updateAppearance(AppAppearance appearance);

@@ -100,7 +100,9 @@ QAction *ZelvoCommands::makeAction(const CommandDescription &description)
             shortcuts.append(QKeySequence(QString::fromUtf8(shortcut), QKeySequence::PortableText));
     }
     action->setShortcuts(shortcuts);
-    action->setShortcutContext(Qt::ApplicationShortcut);
+    // Not of the application: a dialog on one window must neither take its keys for commands nor
+    // keep them from the other windows.
+    action->setShortcutContext(Qt::WindowShortcut);
     action->setAutoRepeat(false);
     action->setMenuRole(QAction::NoRole);
     connect(action, &QAction::triggered, this,
@@ -158,9 +160,13 @@ void ZelvoCommands::perform(Command command)
     case Command::toggleLogo:
         return m_store.toggleLogo();
     case Command::toggleDisplayWindow:
-        return m_windows.toggleDisplayWindow(m_store, m_appearance.appearance());
+        return m_windows.isDisplayWindowOpen()
+            ? m_windows.closeDisplayWindow()
+            : m_windows.openDisplayWindow(m_store, m_appearance.appearance());
     case Command::toggleStageWindow:
-        return m_windows.toggleStageWindow(m_store, m_appearance.appearance());
+        return m_windows.isStageWindowOpen()
+            ? m_windows.closeStageWindow()
+            : m_windows.openStageWindow(m_store, m_appearance.appearance());
     }
 }
 
@@ -172,6 +178,10 @@ void ZelvoCommands::showHistory()
 
 void ZelvoCommands::showWindows()
 {
+    for (OutputWindow *window : {m_windows.displayWindow(), m_windows.stageWindow()}) {
+        if (window)
+            window->addActions(m_actions.values());
+    }
     action(Command::toggleDisplayWindow)
         ->setText(m_windows.isDisplayWindowOpen() ? QStringLiteral("Close Display Window")
                                                   : QStringLiteral("Open Display Window"));

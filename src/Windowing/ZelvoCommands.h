@@ -58,7 +58,7 @@ struct MenuDescription
 std::span<const MenuDescription> menuDescriptions();
 
 /// The menu bar's commands. Each calls one operation of the store or the coordinator; shortcuts
-/// work in every window of the program, one press being one step.
+/// work in the operator window and the output windows alike, one press being one step.
 class ZelvoCommands : public QObject
 {
     Q_OBJECT

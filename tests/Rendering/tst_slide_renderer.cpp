@@ -266,6 +266,33 @@ private slots:
         QCOMPARE(image.pixel(961, 540), qRgb(128, 128, 128));
     }
 
+    void numbersBeyondAllMeasureDrawSomethingAndComeToAnEnd_data()
+    {
+        QTest::addColumn<double>("number");
+        for (const double number : {1e6, 1e12, 1e300, -1e12})
+            QTest::addRow("%g", number) << number;
+    }
+
+    void numbersBeyondAllMeasureDrawSomethingAndComeToAnEnd()
+    {
+        QFETCH(double, number);
+        Slide slide = slideWith(SlideDesign::centeredLyric(QStringLiteral("Sing"), {}));
+        slide.design.background.kind = SlideBackgroundKind::image;
+        slide.design.background.image = solidPicture({8, 8}, Qt::red);
+        slide.design.background.blurAmount = number;
+        SlideElement &element = slide.design.elements.first();
+        element.text->shadow = TextShadow{{0, 0, 0, 1}, number, number, number};
+        element.text->outline = TextOutline{{0, 0, 0, 1}, number};
+        element.opacity = 0.5;
+        element.rotation = number;
+        const QImage image = rendered({.slide = slide}, {192, 108});
+        QVERIFY(image.pixel(96, 54) != magenta);
+        element.text->fontSize = number;
+        element.text->padding = number;
+        element.frame = {number, number, number, number};
+        rendered({.slide = slide}, {192, 108});
+    }
+
     void thePainterIsLeftAsItWasFound()
     {
         QImage image(320, 180, QImage::Format_ARGB32_Premultiplied);

@@ -3,6 +3,7 @@
 #include "InterfaceStyle.h"
 
 #include <QPushButton>
+#include <QRegularExpression>
 
 using namespace quenara;
 using namespace quenara::test;
@@ -16,10 +17,24 @@ private slots:
     {
         const QString dark = interfaceStyleSheet(ZelvoTheme::dark());
         const QString light = interfaceStyleSheet(ZelvoTheme::light());
-        QVERIFY(!dark.contains(QLatin1Char('@')));
-        QVERIFY(dark != light);
-        QVERIFY(dark.contains(QStringLiteral("rgba(224, 161, 52, 255)")));
-        QVERIFY(light.contains(QStringLiteral("rgba(184, 120, 18, 255)")));
+        static const QRegularExpression color(QStringLiteral(
+            "rgba\\((\\d+), (\\d+), (\\d+), (\\d+)\\)|#[0-9a-fA-F]{3,8}\\b(?=[^{]*;)"));
+        for (const auto &[sheet, theme] :
+             {std::pair(dark, ZelvoTheme::dark()), std::pair(light, ZelvoTheme::light())}) {
+            QVERIFY(!sheet.contains(QLatin1Char('@')));
+            int colors = 0;
+            for (auto matches = color.globalMatch(sheet); matches.hasNext(); ++colors) {
+                const auto match = matches.next();
+                const QColor found(match.captured(1).toInt(), match.captured(2).toInt(),
+                                   match.captured(3).toInt(), match.captured(4).toInt());
+                QVERIFY2(std::any_of(themeRoles.begin(), themeRoles.end(),
+                                     [&](const auto &role) {
+                                         return (theme.*role.second).rgba() == found.rgba();
+                                     }),
+                         qPrintable(match.captured()));
+            }
+            QVERIFY(colors > 10);
+        }
     }
 
     void theStyleSheetPaintsButtonsInTheThemesControlColour()
@@ -35,12 +50,26 @@ private slots:
 
     void aPaletteTakesEveryColourFromTheThemesRoles()
     {
-        const QPalette palette = interfacePalette(ZelvoTheme::dark());
-        QCOMPARE(palette.color(QPalette::Window), ZelvoTheme::dark().appBackground);
-        QCOMPARE(palette.color(QPalette::Base), ZelvoTheme::dark().inputBackground);
-        QCOMPARE(palette.color(QPalette::WindowText), ZelvoTheme::dark().primaryText);
-        QCOMPARE(palette.color(QPalette::Disabled, QPalette::Text), ZelvoTheme::dark().mutedText);
-        QCOMPARE(palette.color(QPalette::PlaceholderText), ZelvoTheme::dark().mutedText);
+        for (const ZelvoTheme *theme : {&ZelvoTheme::dark(), &ZelvoTheme::light()}) {
+            const QPalette palette = interfacePalette(*theme);
+            QCOMPARE(palette.color(QPalette::Window), theme->appBackground);
+            QCOMPARE(palette.color(QPalette::Base), theme->inputBackground);
+            QCOMPARE(palette.color(QPalette::Button), theme->controlBackground);
+            QCOMPARE(palette.color(QPalette::WindowText), theme->primaryText);
+            QCOMPARE(palette.color(QPalette::Highlight), theme->accent);
+            QCOMPARE(palette.color(QPalette::Disabled, QPalette::Text), theme->mutedText);
+            for (int role = 0; role < QPalette::NColorRoles; ++role) {
+                if (role == QPalette::NoRole)
+                    continue;
+                const QRgb color =
+                    palette.color(QPalette::Active, QPalette::ColorRole(role)).rgba();
+                QVERIFY2(std::any_of(themeRoles.begin(), themeRoles.end(),
+                                     [&](const auto &entry) {
+                                         return (theme->*(entry.second)).rgba() == color;
+                                     }),
+                         qPrintable(QString::number(role)));
+            }
+        }
     }
 
     void anIconIsDrawnInItsColourAndSharpAtTwoPixelsAPoint()

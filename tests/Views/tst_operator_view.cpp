@@ -7,6 +7,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
+#include <QScrollBar>
 
 using namespace quenara;
 using namespace quenara::test;
@@ -144,12 +145,49 @@ private slots:
         QVERIFY(!op.world.store.canUndo());
     }
 
-    void theFocusIsOnTheListWhenTheViewIsGivenIt()
+    void theListHasNoCursorOfItsOwnForKeysToMove()
     {
         Operator op;
         op.view.setFocus();
-        QVERIFY(!op.name->hasFocus());
-        QVERIFY(op.list->hasFocus());
+        for (int i = 0; i < 60; ++i)
+            op.world.store.addSlide();
+        const int scrolled = op.list->verticalScrollBar()->value();
+        for (const Qt::Key key : {Qt::Key_Up, Qt::Key_PageUp, Qt::Key_Home, Qt::Key_W})
+            QTest::keyClick(op.view.windowHandle(), key);
+        QVERIFY(!op.list->currentIndex().isValid());
+        QCOMPARE(op.list->verticalScrollBar()->value(), scrolled);
+    }
+
+    void theNameOfAnotherProjectTakesThePlaceOfOneBeingTyped()
+    {
+        Operator op;
+        QTest::mouseClick(op.name, Qt::LeftButton);
+        QTest::keyClicks(op.name, QStringLiteral("xyz"));
+        op.world.store.newSundayServiceProject();
+        QCOMPARE(op.name->text(), QStringLiteral("Sunday Service"));
+        QTest::keyClick(op.name, Qt::Key_Return);
+        QCOMPARE(op.world.store.project().name, QStringLiteral("Sunday Service"));
+    }
+
+    void theCaptionOfTheLiveSlideSaysWhenTheAudienceDoesNotSeeIt()
+    {
+        Operator op;
+        QVERIFY(op.shows(QStringLiteral("Live")));
+        op.world.store.toggleBlackout();
+        QVERIFY(op.shows(QStringLiteral("Blackout")));
+        QVERIFY(!op.shows(QStringLiteral("Live")));
+    }
+
+    void theListStaysWhereItWasScrolledUntilTheSelectionChanges()
+    {
+        Operator op;
+        for (int i = 0; i < 60; ++i)
+            op.world.store.addSlide();
+        op.list->verticalScrollBar()->setValue(0);
+        op.world.store.toggleBlackout();
+        QCOMPARE(op.list->verticalScrollBar()->value(), 0);
+        op.world.store.queuePrevious();
+        QVERIFY(op.list->verticalScrollBar()->value() > 0);
     }
 
     void keyboardTransportScrollsTheListAlong()

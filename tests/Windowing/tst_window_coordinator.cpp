@@ -1,4 +1,5 @@
 #include "GuiTestSupport.h"
+#include "InterfaceStyle.h"
 #include "WindowingWorld.h"
 
 #include <QPointer>
@@ -80,7 +81,7 @@ private slots:
         QVERIFY(!world.windows.stageWindow());
         QCOMPARE(changed.size(), 1);
         QTRY_VERIFY(!first);
-        world.windows.toggleStageWindow(world.store, AppAppearance::system);
+        world.openStage();
         QVERIFY(world.windows.isStageWindowOpen());
         QVERIFY(world.windows.stageWindow()->isVisible());
     }
@@ -124,7 +125,7 @@ private slots:
             QCOMPARE(world.windows.displayWindow()->palette().color(QPalette::Window),
                      QColor(Qt::black));
             QCOMPARE(QApplication::palette().color(QPalette::Window), theme.appBackground);
-            QVERIFY(qApp->styleSheet().contains(QString::number(theme.accent.red())));
+            QCOMPARE(qApp->styleSheet(), interfaceStyleSheet(theme));
         }
     }
 

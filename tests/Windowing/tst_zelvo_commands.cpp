@@ -4,6 +4,7 @@
 
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QPlainTextEdit>
 
 using namespace quenara;
@@ -135,7 +136,7 @@ private slots:
         QCOMPARE(display->text(), QStringLiteral("Close Display Window"));
         QCOMPARE(stage->text(), QStringLiteral("Close Monitor Window"));
         // Closed by other means than the menu.
-        program.windows.toggleDisplayWindow(program.store, AppAppearance::system);
+        program.windows.closeDisplayWindow();
         program.windows.stageWindow()->close();
         QCOMPARE(display->text(), QStringLiteral("Open Display Window"));
         QCOMPARE(stage->text(), QStringLiteral("Open Monitor Window"));
@@ -188,6 +189,33 @@ private slots:
         QCOMPARE(program.store.outputMode(), OutputMode::live);
     }
 
+    void anAlertOnTheOperatorWindowLeavesTheKeysToTheOtherWindows()
+    {
+        Program program;
+        program.openDisplay();
+        program.store.toggleBlackout();
+        program.store.openProject(program.fileUrl(QStringLiteral("missing.quenara")));
+        OutputWindow &display = *program.windows.displayWindow();
+        Program::activate(display);
+        Program::press(display, Qt::Key_B);
+        QCOMPARE(program.store.outputMode(), OutputMode::live);
+        Program::press(display, Qt::Key_Right);
+        QCOMPARE(program.live(), 1);
+    }
+
+    void aKeyThatDismissesAnAlertSendsNothingLive()
+    {
+        Program program;
+        program.openDisplay();
+        program.store.queueNext();
+        program.store.openProject(program.fileUrl(QStringLiteral("missing.quenara")));
+        auto *alert = program.operatorWindow.findChild<QMessageBox *>();
+        Program::activate(*alert);
+        Program::press(*alert, Qt::Key_Return);
+        QVERIFY(!program.store.errorMessage());
+        QCOMPARE(program.live(), 0);
+    }
+
     void keysTypedIntoTextChangeNothingLive()
     {
         Program program;
@@ -221,7 +249,7 @@ private slots:
         QCOMPARE(program.store.outputMode(), OutputMode::live);
     }
 
-    void holdingAKeyDownDoesNotRepeatIt()
+    void noCommandRepeatsWhileItsKeyIsHeldDown()
     {
         for (const MenuDescription &menu : menuDescriptions()) {
             for (const auto &group : menu.groups) {

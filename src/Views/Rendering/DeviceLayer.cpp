@@ -33,6 +33,8 @@ DeviceLayer DeviceLayer::painted(const QPainter &painter, const QRectF &bounds, 
         return {};
     DeviceLayer layer{QImage(covered.size(), QImage::Format_ARGB32_Premultiplied),
                       covered.topLeft()};
+    if (layer.image.isNull())
+        return {};
     layer.image.fill(Qt::transparent);
     QPainter layerPainter(&layer.image);
     layerPainter.setRenderHints(painter.renderHints());

@@ -12,6 +12,7 @@ namespace {
 
 constexpr int passes = 3;
 constexpr double smallestSigma = 1.0 / 3;
+constexpr double sigmaAtReducedSize = 8;
 
 /// Odd box widths whose repeated passes have together the variance of the Gaussian. The variance
 /// of a box of width w is (w * w - 1) / 12; the passes are split between the two odd widths around
@@ -87,31 +88,47 @@ private:
     Values m_blurred;
 };
 
+/// Blurs \a image in place at its own size.
+void blur(QImage &image, double sigma)
+{
+    const int channels = image.depth() / 8;
+    LineBlur rows(sigma, image.width());
+    LineBlur columns(sigma, image.height());
+    uchar *bits = image.bits();
+    const qsizetype rowStride = image.bytesPerLine();
+    for (int channel = 0; channel < channels; ++channel) {
+        for (int y = 0; y < image.height(); ++y)
+            rows.apply({bits + y * rowStride + channel, channels, image.width()});
+        for (int x = 0; x < image.width(); ++x)
+            columns.apply({bits + qsizetype(x) * channels + channel, rowStride, image.height()});
+    }
+}
+
+QImage scaled(const QImage &image, const QSize &size)
+{
+    return image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+        .convertToFormat(image.format());
+}
+
 } // namespace
 
 int blurReach(double sigma)
 {
-    return sigma < smallestSigma ? 0 : int(std::ceil(3 * sigma));
+    return sigma < smallestSigma ? 0 : int(std::ceil(3 * std::min(sigma, largestSigma)));
 }
 
 QImage gaussianBlurred(const QImage &image, double sigma)
 {
-    if (sigma < smallestSigma || image.isNull())
+    if (!(sigma >= smallestSigma) || image.isNull())
         return image;
-    QImage blurred = image;
-    const int channels = blurred.depth() / 8;
-    LineBlur rows(sigma, blurred.width());
-    LineBlur columns(sigma, blurred.height());
-    uchar *bits = blurred.bits();
-    const qsizetype rowStride = blurred.bytesPerLine();
-    for (int channel = 0; channel < channels; ++channel) {
-        for (int y = 0; y < blurred.height(); ++y)
-            rows.apply({bits + y * rowStride + channel, channels, blurred.width()});
-        for (int x = 0; x < blurred.width(); ++x) {
-            columns.apply({bits + qsizetype(x) * channels + channel, rowStride, blurred.height()});
-        }
-    }
-    return blurred;
+    const double wanted = std::min(sigma, largestSigma);
+    // A blur this wide leaves no detail that a smaller picture would lose.
+    const int reduction = std::max(1, int(wanted / sigmaAtReducedSize));
+    const QSize reduced((image.width() + reduction - 1) / reduction,
+                        (image.height() + reduction - 1) / reduction);
+    QImage blurred = reduction > 1 ? scaled(image, reduced) : image;
+    blur(blurred, wanted / reduction);
+    return reduction > 1 ? scaled(blurred, image.size()) : blurred;
 }
 
 } // namespace quenara
