@@ -4,6 +4,8 @@
 #include "ZelvoTheme.h"
 
 #include <QFontMetricsF>
+#include <QPainterPath>
+#include <QRawFont>
 
 #include <cmath>
 
@@ -17,6 +19,23 @@ constexpr double barWidth = 360;
 constexpr double barHeight = 6;
 constexpr double emptyRowSize = 24;
 
+/// The outline of \a text from the left end of its baseline. \a font is not shared with other
+/// texts: a face rounds its outlines differently after it was used at another size, and the same
+/// screen must come out the same to the last pixel.
+QPainterPath outlineOf(const QString &text, const QRawFont &font)
+{
+    const QList<quint32> glyphs = font.glyphIndexesForString(text);
+    const QList<QPointF> advances =
+        font.advancesForGlyphIndexes(glyphs, QRawFont::SeparateAdvances | QRawFont::KernedAdvances);
+    QPainterPath outline;
+    QPointF pen;
+    for (qsizetype i = 0; i < glyphs.size(); ++i) {
+        outline.addPath(font.pathForGlyph(glyphs.at(i)).translated(pen));
+        pen += advances.at(i);
+    }
+    return outline;
+}
+
 } // namespace
 
 void HoldingScreenView::paint(QPainter &painter, const QRectF &area) const
@@ -24,19 +43,19 @@ void HoldingScreenView::paint(QPainter &painter, const QRectF &area) const
     painter.fillRect(area, Qt::black);
 
     // An empty line of text holds the third row open under the bar.
-    const QFont nameFont = systemFont(nameSize, QFont::Bold);
-    const double nameHeight = QFontMetricsF(nameFont).height();
+    const QRawFont nameFont(QStringLiteral(":/fonts/Inter-Bold.otf"), nameSize,
+                            QFont::PreferNoHinting);
+    const QPainterPath name = outlineOf(QStringLiteral("Quenara"), nameFont);
+    const double nameHeight = nameFont.ascent() + nameFont.descent();
     const double emptyRowHeight = QFontMetricsF(systemFont(emptyRowSize, QFont::Normal)).height();
     const double height = nameHeight + rowSpacing + barHeight + rowSpacing + emptyRowHeight;
     const double top = area.center().y() - height / 2;
+    const double nameLeft = area.center().x() - name.boundingRect().center().x();
 
     const QColor color = colorFromHex(u"#f0b84a");
     painter.save();
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
-    painter.setFont(nameFont);
-    painter.setPen(color);
-    painter.drawText(QRectF(area.left(), top, area.width(), nameHeight),
-                     Qt::AlignCenter | Qt::TextDontClip, QStringLiteral("Quenara"));
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillPath(name.translated(nameLeft, top + nameFont.ascent()), color);
     // On whole points, so that its edges are sharp.
     painter.fillRect(QRectF(std::round(area.center().x() - barWidth / 2),
                             std::round(top + nameHeight + rowSpacing), barWidth, barHeight),

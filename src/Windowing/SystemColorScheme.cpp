@@ -37,7 +37,7 @@ SystemColorScheme::SystemColorScheme(QDBusConnection bus, const QPalette &platfo
     readSetting(bus);
 }
 
-void SystemColorScheme::readSetting(QDBusConnection bus)
+void SystemColorScheme::readSetting(const QDBusConnection &bus)
 {
     QDBusMessage request = QDBusMessage::createMethodCall(
         portalService, portalPath, settingsInterface, QStringLiteral("Read"));

@@ -32,7 +32,7 @@ private slots:
     void takeSetting(const QString &group, const QString &key, const QDBusVariant &value);
 
 private:
-    void readSetting(QDBusConnection bus);
+    void readSetting(const QDBusConnection &bus);
 
     ColorScheme m_paletteScheme;
     std::optional<ColorScheme> m_portalScheme; ///< absent while the portal states no preference

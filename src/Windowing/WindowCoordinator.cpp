@@ -42,10 +42,11 @@ void coverDisplayScreen(OutputWindow &window)
     window.setGeometry(frame);
     // The full-screen state keeps panels of the desktop below, and is the only way to choose a
     // screen where windows cannot place themselves.
-    if (screens.isEmpty())
+    if (screens.isEmpty()) {
         window.show();
-    else
+    } else {
         window.showFullScreen();
+    }
 }
 
 void raise(QWidget &window)

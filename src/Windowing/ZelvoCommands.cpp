@@ -64,6 +64,15 @@ constexpr auto menus = std::to_array<MenuDescription>({
     {"&Output", outputGroups},
 });
 
+/// What is still being typed into a field becomes part of the document before a command works on
+/// it.
+void endTyping()
+{
+    QWidget *focused = QApplication::focusWidget();
+    if (focused && focused->testAttribute(Qt::WA_InputMethodEnabled))
+        focused->clearFocus();
+}
+
 } // namespace
 
 std::span<const MenuDescription> menuDescriptions()
@@ -110,7 +119,7 @@ QAction *ZelvoCommands::makeAction(const CommandDescription &description)
     return action;
 }
 
-void ZelvoCommands::fill(QMenuBar &menuBar)
+void ZelvoCommands::fill(QMenuBar &menuBar) const
 {
     for (const MenuDescription &description : menus) {
         QMenu *menu = menuBar.addMenu(QString::fromUtf8(description.title));
@@ -125,6 +134,7 @@ void ZelvoCommands::fill(QMenuBar &menuBar)
 
 void ZelvoCommands::perform(Command command)
 {
+    endTyping();
     switch (command) {
     case Command::newProject:
         return m_store.showStartPanel();

@@ -67,7 +67,7 @@ public:
     ZelvoCommands(WorkspaceStore &store, WindowCoordinator &windows,
                   const AppearancePreference &appearance, QObject *parent = nullptr);
 
-    void fill(QMenuBar &menuBar);
+    void fill(QMenuBar &menuBar) const;
 
     QAction *action(Command command) const { return m_actions.value(command); }
 

@@ -91,12 +91,13 @@ private slots:
         text.padding = 40;
         const QRect ink = inkOf(picture(text, {200, 300, 1000, 400}));
         constexpr int tolerance = 12; // side bearings
-        if (alignment == TextAlignmentValue::left)
+        if (alignment == TextAlignmentValue::left) {
             QVERIFY(std::abs(ink.left() - 240) <= tolerance);
-        else if (alignment == TextAlignmentValue::center)
+        } else if (alignment == TextAlignmentValue::center) {
             QVERIFY(std::abs(ink.center().x() - 700) <= tolerance);
-        else
+        } else {
             QVERIFY(std::abs(ink.right() - 1160) <= tolerance);
+        }
         QVERIFY(std::abs(ink.center().y() - 500) <= tolerance);
     }
 

@@ -317,9 +317,9 @@ private slots:
         const auto row = [](const char *name, const QByteArray &before, const QByteArray &after) {
             QTest::newRow(name) << before << after;
         };
-        row("the type of an item with a capital", "\"type\": \"song\"", "\"type\": \"Song\"");
-        row("an unknown kind of project", "\"kind\": \"event\"", "\"kind\": \"wedding\"");
-        row("an empty weight", "\"weight\": \"heavy\"", "\"weight\": \"\"");
+        row("the type of an item with a capital", R"("type": "song")", R"("type": "Song")");
+        row("an unknown kind of project", R"("kind": "event")", R"("kind": "wedding")");
+        row("an empty weight", R"("weight": "heavy")", R"("weight": "")");
         row("a fraction for an integer", "\"zIndex\": -2", "\"zIndex\": -2.5");
         row("an integer beyond 64 bits", "\"zIndex\": -2", "\"zIndex\": 18446744073709551615");
         row("a date with a fraction of a second", "09:30:00Z", "09:30:00.000Z");
@@ -415,7 +415,7 @@ private slots:
         QTest::newRow("a text") << QByteArray("\"{}\"");
         QTest::newRow("null") << QByteArray("null");
         QTest::newRow("two objects") << QByteArray("{} {}");
-        QTest::newRow("a comma too many") << QByteArray("{\"id\":\"P\",}");
+        QTest::newRow("a comma too many") << QByteArray(R"({"id":"P",})");
         QTest::newRow("a NUL byte in a text") << QByteArray("{\"id\":\"P\0\"}", 11);
         QTest::newRow("bytes that are no UTF-8") << QByteArray("{\"id\":\"\xff\"}");
         QTest::newRow("a legacy key of another type") << QByteArray("{\"name\":7}");

@@ -85,7 +85,7 @@ private slots:
         const auto rewritten =
             QJsonDocument::fromJson(m_preferences.value(key).toString().toUtf8()).array();
         QStringList names;
-        for (const QJsonValue &entry : rewritten)
+        for (const auto entry : rewritten)
             names.append(entry[u"name"_s].toString());
         QCOMPARE(names, (QStringList{u"Added"_s, u"New"_s, u"Old"_s, u"Equal"_s}));
     }

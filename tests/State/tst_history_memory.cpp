@@ -26,7 +26,7 @@ void rewriteSelectedText(WorkspaceStore &store, int number)
     });
 }
 
-constexpr std::size_t limit = 8 * 1024 * 1024;
+constexpr std::size_t limit = 8UL * 1024 * 1024;
 constexpr bench::ProjectSize size{.slideCount = 10'000, .itemCount = 200};
 
 } // namespace
@@ -53,7 +53,7 @@ private slots:
         rewriteSelectedText(world.store, 0);
         const std::size_t before = heapInUse();
         for (int i = 1; i <= 60; ++i) {
-            world.store.selectSlide(ids.at(i * stride), true);
+            world.store.selectSlide(ids.at(qsizetype(i) * stride), true);
             rewriteSelectedText(world.store, i);
         }
         const std::size_t after = heapInUse();

@@ -366,10 +366,11 @@ void travel(Run &run, bool back)
     QList<ZelvoProject> &from = back ? run.model.past : run.model.future;
     QList<ZelvoProject> &to = back ? run.model.future : run.model.past;
     const ZelvoProject before = run.store().project();
-    if (back)
+    if (back) {
         run.store().undo();
-    else
+    } else {
         run.store().redo();
+    }
     if (from.isEmpty()) {
         QCOMPARE(run.store().project(), before);
         return;
@@ -385,12 +386,13 @@ void travel(Run &run, bool back)
 void takeOperation(Run &run)
 {
     const int choice = run.random.bounded(10);
-    if (choice < 4)
+    if (choice < 4) {
         takeStep(run);
-    else if (choice < 8)
+    } else if (choice < 8) {
         takeEdit(run);
-    else
+    } else {
         travel(run, choice == 8);
+    }
     if (!QTest::currentTestFailed())
         compare(run);
 }

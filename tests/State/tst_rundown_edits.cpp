@@ -185,10 +185,11 @@ private slots:
 
         edit(store);
         QTEST(knownRundownOf(store), "rundown");
-        if (selectedAfter == u"new"_s)
+        if (selectedAfter == u"new"_s) {
             QVERIFY(!slideIDs(before).contains(*store.selectedSlideID()));
-        else
+        } else {
             QCOMPARE(store.selectedSlideID(), selectedAfter);
+        }
         QCOMPARE(store.queuedSlideID(), store.selectedSlideID());
         QCOMPARE(store.liveSlideID(), liveAfter);
         QCOMPARE(store.outputMode(), OutputMode::blackout);

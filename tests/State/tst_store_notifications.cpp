@@ -71,9 +71,10 @@ private slots:
         QCOMPARE(store.property("selectedSlideID").value<std::optional<QString>>(), u"A1"_s);
         QCOMPARE(store.property("outputMode").value<OutputMode>(), OutputMode::live);
         QCOMPARE(store.property("hasUnsavedChanges"), QVariant(false));
-        for (const Notification &notification : notifications())
+        for (const Notification &notification : notifications()) {
             QVERIFY2(store.property(notification.property.toLatin1()).isValid(),
                      qPrintable(notification.property));
+        }
     }
 
     void eachOperationAnnouncesJustWhatChanges_data() { addOperations(); }

@@ -65,12 +65,13 @@ struct Values
         T value = {};
         if constexpr (Record<T>) {
             forEachField<T>([&value]<class Member>(const Field<T, Member> &f) {
-                if constexpr (Record<Member>)
+                if constexpr (Record<Member>) {
                     value.*f.member = filled<Member>();
-                else if constexpr (requires { (value.*f.member).clear(); })
+                } else if constexpr (requires { (value.*f.member).clear(); }) {
                     value.*f.member = altered(Member());
-                else
+                } else {
                     value.*f.member = altered(value.*f.member);
+                }
             });
             return value;
         } else {

@@ -14,7 +14,7 @@ std::optional<QUrl> PreparedPanels::run(const FilePanel &panel)
 
 QDateTime someTime()
 {
-    return QDateTime(QDate(2026, 3, 1), QTime(9, 30), Qt::UTC);
+    return {QDate(2026, 3, 1), QTime(9, 30), Qt::UTC};
 }
 
 namespace {

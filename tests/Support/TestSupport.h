@@ -77,6 +77,7 @@ QByteArray dataBytes(const QString &name);
 } // namespace quenara::test
 
 template<>
+// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): the template's name is t
 inline char *QTest::toString(const quenara::test::Selection &selection)
 {
     const auto text = [](const std::optional<QString> &id) {

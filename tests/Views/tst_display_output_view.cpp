@@ -2,6 +2,7 @@
 #include "GuiTestSupport.h"
 #include "InterfaceStyle.h"
 #include "ProjectTemplates.h"
+#include "SlideFonts.h"
 #include "TestSupport.h"
 
 using namespace quenara;
@@ -116,6 +117,21 @@ private slots:
             QVERIFY(rows >= 5 && rows <= 6);
             QCOMPARE(image.pixel(0, 0), qRgb(0, 0, 0));
         }
+    }
+
+    void theHoldingScreenStaysTheSameToTheLastPixelWhateverElseIsDrawn()
+    {
+        AudienceScreen display;
+        display.world.store.toggleLogo();
+        const QImage holding = display.picture();
+        QImage elsewhere(400, 60, QImage::Format_RGB32);
+        QPainter painter(&elsewhere);
+        for (const double size : {10.0, 11.0, 13.0, 15.0, 24.0}) {
+            painter.setFont(systemFont(size, QFont::Bold));
+            painter.drawText(10, 40, QStringLiteral("Logo Live Queued"));
+        }
+        painter.end();
+        QCOMPARE(display.picture(), holding);
     }
 
     void theSafeAreaGuideOfTheEditorIsNeverDrawn()

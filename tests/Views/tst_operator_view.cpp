@@ -31,7 +31,7 @@ struct Operator
             qFatal("the view does not become active");
     }
 
-    void clickRow(int row)
+    void clickRow(int row) const
     {
         const QPoint middle = list->visualRect(list->model()->index(row, 0)).center();
         QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, middle);

@@ -27,7 +27,7 @@ public:
     explicit Portal(unsigned scheme) : m_scheme(scheme) {}
 
 public slots:
-    QDBusVariant Read(const QString &, const QString &) // NOLINT(readability-identifier-naming)
+    QDBusVariant Read(const QString &, const QString &) // NOLINT(readability-*): D-Bus calls it so
     {
         // The call has always wrapped its answer twice.
         return QDBusVariant(QVariant::fromValue(QDBusVariant(m_scheme)));

@@ -259,6 +259,19 @@ private slots:
         }
     }
 
+    void whatIsStillBeingTypedIsSavedToo()
+    {
+        Program program;
+        auto *name = program.operatorWindow.findChild<QLineEdit *>(QStringLiteral("projectName"));
+        name->setFocus();
+        name->selectAll();
+        QTest::keyClicks(name, QStringLiteral("Easter"));
+        program.panels.answer = program.fileUrl(QStringLiteral("easter.quenara"));
+        QTest::keyClick(name, Qt::Key_S, Qt::ControlModifier);
+        QCOMPARE(program.store.project().name, QStringLiteral("Easter"));
+        QVERIFY(!program.store.hasUnsavedChanges());
+    }
+
     void commandsDoTheirWork()
     {
         Program program;

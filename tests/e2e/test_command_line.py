@@ -17,7 +17,7 @@ class CommandLine(ShowCase):
         program.focus(ALERT)
         program.press("Return")
         program.wait_for_no_window(ALERT)
-        self.assertIsNotNone(program.window(EMPTY_TITLE))
+        program.wait_for_window(EMPTY_TITLE)
         self.assertIsNone(program.status())
 
     def test_a_document_opens_under_its_own_name(self):
