@@ -44,10 +44,12 @@ void SystemColorScheme::readSetting(const QDBusConnection &bus)
     request << settingGroup << settingKey;
     // Answered before the first window shows, so that none is drawn in the other scheme first.
     const QDBusMessage answer = bus.call(request, QDBus::Block, answerMilliseconds);
-    if (answer.type() == QDBusMessage::ReplyMessage)
+    if (answer.type() == QDBusMessage::ReplyMessage) {
         takeAnswer(answer);
-    else // A portal that is only starting answers later.
+    } else {
+        // A portal that is only starting answers later.
         bus.callWithCallback(request, this, SLOT(takeAnswer(QDBusMessage)));
+    }
 }
 
 void SystemColorScheme::takeAnswer(const QDBusMessage &answer)
