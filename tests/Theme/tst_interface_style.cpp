@@ -15,12 +15,10 @@ class TestInterfaceStyle : public GuiTest
 private slots:
     void theStyleSheetNamesColoursOfItsThemeOnly()
     {
-        const QString dark = interfaceStyleSheet(ZelvoTheme::dark());
-        const QString light = interfaceStyleSheet(ZelvoTheme::light());
         static const QRegularExpression color(QStringLiteral(
             "rgba\\((\\d+), (\\d+), (\\d+), (\\d+)\\)|#[0-9a-fA-F]{3,8}\\b(?=[^{]*;)"));
-        for (const auto &[sheet, theme] :
-             {std::pair(dark, ZelvoTheme::dark()), std::pair(light, ZelvoTheme::light())}) {
+        for (const ZelvoTheme *theme : {&ZelvoTheme::dark(), &ZelvoTheme::light()}) {
+            const QString sheet = interfaceStyleSheet(*theme);
             QVERIFY(!sheet.contains(QLatin1Char('@')));
             int colors = 0;
             for (auto matches = color.globalMatch(sheet); matches.hasNext(); ++colors) {
@@ -29,7 +27,7 @@ private slots:
                                    match.captured(3).toInt(), match.captured(4).toInt());
                 QVERIFY2(std::any_of(themeRoles.begin(), themeRoles.end(),
                                      [&](const auto &role) {
-                                         return (theme.*role.second).rgba() == found.rgba();
+                                         return (theme->*(role.second)).rgba() == found.rgba();
                                      }),
                          qPrintable(match.captured()));
             }

@@ -157,10 +157,11 @@ private slots:
         program.openDisplay();
         program.openStage();
         QWidget *focused = &program.operatorWindow;
-        if (window == QStringLiteral("display"))
+        if (window == QStringLiteral("display")) {
             focused = program.windows.displayWindow();
-        else if (window == QStringLiteral("stage"))
+        } else if (window == QStringLiteral("stage")) {
             focused = program.windows.stageWindow();
+        }
         Program::activate(*focused);
 
         Program::press(*focused, Qt::Key_Right);
