@@ -71,7 +71,7 @@ void printTable(const QList<Figure> &figures)
 {
     const auto print = [](const QString &name, const QString &value, const QString &yardstickName,
                           const QString &yardstick, const QString &ratio, const QString &limit) {
-        std::printf("%-34s %12s   %-32s %12s %9s %10s\n", qPrintable(name), qPrintable(value),
+        std::printf("%-42s %12s   %-28s %12s %9s %10s\n", qPrintable(name), qPrintable(value),
                     qPrintable(yardstickName), qPrintable(yardstick), qPrintable(ratio),
                     qPrintable(limit));
     };

@@ -34,6 +34,16 @@ QString stanza(Random &random)
     return lines.join(QLatin1Char('\n'));
 }
 
+SlideMedia noiseImage(Random &random, qsizetype byteCount)
+{
+    QByteArray bytes(byteCount, Qt::Uninitialized);
+    for (char &byte : bytes)
+        byte = char(random.generate());
+    return {.dataUrl = "data:image/jpeg;base64," + bytes.toBase64(),
+            .name = QStringLiteral("photo.jpg"),
+            .mimeType = QStringLiteral("image/jpeg")};
+}
+
 } // namespace
 
 ZelvoProject generateProject(const ProjectSize &size, quint32 seed)
@@ -60,6 +70,10 @@ ZelvoProject generateProject(const ProjectSize &size, quint32 seed)
             const qsizetype choice = random.bounded(int(templates.size()));
             item.slides.append(ProjectTemplates::slide(line(random), stanza(random), j - first,
                                                        templates.at(choice).id));
+            const bool hasImage = qint64(size.imageCount) * j / size.slideCount
+                != qint64(size.imageCount) * (j + 1) / size.slideCount;
+            if (hasImage)
+                item.slides.last().design.background.image = noiseImage(random, size.imageBytes);
         }
         project.serviceItems.append(item);
     }

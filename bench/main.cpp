@@ -1,12 +1,20 @@
 #include "EditingBenchmarks.h"
 #include "FileBenchmarks.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 
 /// Prints every figure; fails when one is beyond its limit.
 int main(int argc, char *argv[])
 {
     using namespace quenara::bench;
+    const QCoreApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.size() == 3 && arguments.at(1) == QLatin1String(memoryArgument)) {
+        reportMemoryOfLoading(arguments.at(2));
+        return 0;
+    }
     benchmark::Initialize(&argc, argv);
     const QList<Figure> figures = editingFigures() + fileFigures();
     printTable(figures);

@@ -4,7 +4,9 @@
 #include "RawEnum.h"
 #include "Record.h"
 
+#include <QByteArray>
 #include <QList>
+#include <QSet>
 #include <QString>
 
 #include <simdjson.h>
@@ -44,14 +46,15 @@ bool complete(T & /*record*/, const PresentFields<T> &present)
     return whole;
 }
 
-/// Reads records by their field lists: strict in type, unknown keys ignored, the last of several
-/// equal keys counts. Each read returns false when the element is not what the value needs; the
-/// value is then unspecified.
+/// Reads the records of one document by their field lists: strict in type, unknown keys ignored,
+/// the last of several equal keys counts. Each read returns false when the element is not what the
+/// value needs; the value is then unspecified. Equal byte strings, which is how the document holds
+/// its media, share their storage.
 template<DateForm dateForm>
 class Reader
 {
 public:
-    static bool read(Element element, QString &value)
+    bool read(Element element, QString &value)
     {
         std::string_view utf8;
         if (element.get(utf8) != simdjson::SUCCESS)
@@ -60,27 +63,24 @@ public:
         return true;
     }
 
-    static bool read(Element element, QByteArray &value)
+    bool read(Element element, QByteArray &value)
     {
         std::string_view utf8;
         if (element.get(utf8) != simdjson::SUCCESS)
             return false;
-        value = QByteArray(utf8.data(), qsizetype(utf8.size()));
+        value = shared(utf8);
         return true;
     }
 
-    static bool read(Element element, bool &value)
-    {
-        return element.get(value) == simdjson::SUCCESS;
-    }
+    bool read(Element element, bool &value) { return element.get(value) == simdjson::SUCCESS; }
 
-    static bool read(Element element, double &value)
+    bool read(Element element, double &value)
     {
         return element.get(value) == simdjson::SUCCESS && std::isfinite(value);
     }
 
     /// A number without a fraction, however it is written.
-    static bool read(Element element, std::int64_t &value)
+    bool read(Element element, std::int64_t &value)
     {
         if (element.get(value) == simdjson::SUCCESS)
             return true;
@@ -92,7 +92,7 @@ public:
         return true;
     }
 
-    static bool read(Element element, QDateTime &value)
+    bool read(Element element, QDateTime &value)
     {
         std::optional<QDateTime> date;
         if constexpr (dateForm == DateForm::internetDateTime) {
@@ -109,7 +109,7 @@ public:
     }
 
     template<RawEnum E>
-    static bool read(Element element, E &value)
+    bool read(Element element, E &value)
     {
         std::string_view text;
         if (element.get(text) != simdjson::SUCCESS)
@@ -120,7 +120,7 @@ public:
     }
 
     template<class T>
-    static bool read(Element element, QList<T> &values)
+    bool read(Element element, QList<T> &values)
     {
         simdjson::dom::array array;
         if (element.get(array) != simdjson::SUCCESS)
@@ -136,7 +136,7 @@ public:
 
     /// An empty optional may also be written as null.
     template<class T>
-    static bool read(Element element, std::optional<T> &value)
+    bool read(Element element, std::optional<T> &value)
     {
         if (element.is_null()) {
             value.reset();
@@ -146,7 +146,7 @@ public:
     }
 
     template<Record T>
-    static bool read(Element element, T &record)
+    bool read(Element element, T &record)
     {
         simdjson::dom::object object;
         if (element.get(object) != simdjson::SUCCESS)
@@ -168,6 +168,17 @@ public:
         }
         return complete(record, present);
     }
+
+private:
+    QByteArray shared(std::string_view utf8)
+    {
+        const auto size = qsizetype(utf8.size());
+        const auto found = m_byteStrings.constFind(QByteArray::fromRawData(utf8.data(), size));
+        return found != m_byteStrings.cend() ? *found
+                                             : *m_byteStrings.insert(QByteArray(utf8.data(), size));
+    }
+
+    QSet<QByteArray> m_byteStrings;
 };
 
 } // namespace quenara::json

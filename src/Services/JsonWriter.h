@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ByteSink.h"
 #include "JsonDates.h"
 #include "RawEnum.h"
 #include "Record.h"
@@ -33,21 +34,45 @@ inline constexpr auto sortedFields = [] {
     return order;
 }();
 
-/// Streams records by their field lists into a RapidJSON writer. Empty optionals are left out;
-/// reals are written in the shortest form that reads back the same, whatever the locale. JSON has
-/// no form for a real that is not finite: hasFailed() then says that the text is unfit for use.
-template<class Output, DateForm dateForm, KeyOrder keyOrder>
+/// True when \a utf8 can stand in a JSON string as it is.
+inline bool isPlain(QByteArrayView utf8)
+{
+    // Without an early end in the inner loop the compiler looks at many bytes at once.
+    constexpr qsizetype block = 1024;
+    bool plain = true;
+    for (qsizetype start = 0; plain && start < utf8.size(); start += block) {
+        for (const char byte : utf8.sliced(start, std::min(block, utf8.size() - start)))
+            plain =
+                plain & (static_cast<unsigned char>(byte) >= 0x20) & (byte != '"') & (byte != '\\');
+    }
+    return plain;
+}
+
+/// Streams records by their field lists through \a Format, a RapidJSON writer. Empty optionals
+/// are left out; reals are written in the shortest form that reads back the same, whatever the
+/// locale. JSON has no form for a real that is not finite: hasFailed() then says that the text is
+/// unfit for use.
+template<class Format, DateForm dateForm, KeyOrder keyOrder>
 class Writer
 {
 public:
-    explicit Writer(Output &output) : m_output(output) {}
-
     bool hasFailed() const { return m_hasFailed; }
+    QByteArray take() { return m_sink.take(); }
+    Format &format() { return m_output; }
 
     void write(const QString &value) { write(value.toUtf8()); }
     void write(const QByteArray &utf8)
     {
-        m_output.String(utf8.constData(), rapidjson::SizeType(utf8.size()));
+        if (!isPlain(utf8)) {
+            m_output.String(utf8.constData(), rapidjson::SizeType(utf8.size()));
+            return;
+        }
+        // The format sees to what stands between the values, and the string, which may be many
+        // megabytes of media, is copied whole.
+        m_output.RawValue("", 0, rapidjson::kStringType);
+        m_sink.Put('"');
+        m_sink.append(utf8);
+        m_sink.Put('"');
     }
     void write(bool value) { m_output.Bool(value); }
     void write(std::int64_t value) { m_output.Int64(value); }
@@ -124,7 +149,8 @@ private:
         write(value);
     }
 
-    Output &m_output;
+    ByteSink m_sink;
+    Format m_output{m_sink};
     bool m_hasFailed = false;
 };
 

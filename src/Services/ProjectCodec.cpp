@@ -3,7 +3,6 @@
 #include "Identifier.h"
 
 #include <rapidjson/prettywriter.h>
-#include <rapidjson/stringbuffer.h>
 #include <rapidjson/writer.h>
 
 // These two are templates over the JSON libraries, which only this file includes.
@@ -55,64 +54,67 @@ namespace {
 
 using DocumentReader = json::Reader<json::DateForm::internetDateTime>;
 using PreferencesReader = json::Reader<json::DateForm::referenceSeconds>;
+using DocumentWriter = json::Writer<rapidjson::PrettyWriter<json::ByteSink>,
+                                    json::DateForm::internetDateTime, json::KeyOrder::sorted>;
+using PreferencesWriter =
+    json::Writer<rapidjson::Writer<json::ByteSink>, json::DateForm::referenceSeconds,
+                 json::KeyOrder::declaration>;
 
-simdjson::padded_string padded(const QByteArray &bytes)
-{
-    return simdjson::padded_string(bytes.constData(), std::size_t(bytes.size()));
-}
+constexpr QByteArrayView byteOrderMark = "\xEF\xBB\xBF";
 
-QByteArray bytesOf(const rapidjson::StringBuffer &buffer)
+/// The root of the JSON text, which lives in the parser; nothing if it is not JSON.
+std::optional<json::Element> parsed(simdjson::dom::parser &parser, QByteArray bytes)
 {
-    return {buffer.GetString(), qsizetype(buffer.GetSize())};
+    const qsizetype start = bytes.startsWith(byteOrderMark) ? byteOrderMark.size() : 0;
+    // The parser reads a little beyond the end.
+    bytes.reserve(bytes.size() + qsizetype(simdjson::SIMDJSON_PADDING));
+    json::Element root;
+    const bool copies = false;
+    if (parser.parse(bytes.constData() + start, std::size_t(bytes.size() - start), copies).get(root)
+        != simdjson::SUCCESS)
+        return std::nullopt;
+    return root;
 }
 
 } // namespace
 
-std::optional<DecodedDocument> ProjectCodec::decode(const QByteArray &bytes)
+std::optional<DecodedDocument> ProjectCodec::decode(QByteArray bytes)
 {
     simdjson::dom::parser parser;
-    json::Element root;
-    const simdjson::padded_string text = padded(bytes);
-    if (parser.parse(text).get(root) != simdjson::SUCCESS)
+    const std::optional<json::Element> root = parsed(parser, std::move(bytes));
+    if (!root)
         return std::nullopt;
+    DocumentReader reader;
     ZelvoProject project;
-    if (DocumentReader::read(root, project) && !project.serviceItems.isEmpty())
+    if (reader.read(*root, project) && !project.serviceItems.isEmpty())
         return project;
     LegacyQuenaraDocument legacy;
-    if (DocumentReader::read(root, legacy))
+    if (reader.read(*root, legacy))
         return legacy;
     return std::nullopt;
 }
 
 std::optional<QByteArray> ProjectCodec::encode(const ZelvoProject &project)
 {
-    rapidjson::StringBuffer buffer;
-    rapidjson::PrettyWriter output(buffer);
-    output.SetIndent(' ', 2);
-    json::Writer<decltype(output), json::DateForm::internetDateTime, json::KeyOrder::sorted> writer(
-        output);
+    DocumentWriter writer;
+    writer.format().SetIndent(' ', 2);
     writer.write(project);
-    return writer.hasFailed() ? std::nullopt : std::optional(bytesOf(buffer));
+    return writer.hasFailed() ? std::nullopt : std::optional(writer.take());
 }
 
 QByteArray ProjectCodec::encode(const QList<RecentProject> &recentProjects)
 {
-    rapidjson::StringBuffer buffer;
-    rapidjson::Writer output(buffer);
-    json::Writer<decltype(output), json::DateForm::referenceSeconds, json::KeyOrder::declaration>(
-        output)
-        .write(recentProjects);
-    return bytesOf(buffer);
+    PreferencesWriter writer;
+    writer.write(recentProjects);
+    return writer.take();
 }
 
-std::optional<QList<RecentProject>> ProjectCodec::decodeRecentProjects(const QByteArray &bytes)
+std::optional<QList<RecentProject>> ProjectCodec::decodeRecentProjects(QByteArray bytes)
 {
     simdjson::dom::parser parser;
-    json::Element root;
+    const std::optional<json::Element> root = parsed(parser, std::move(bytes));
     QList<RecentProject> recentProjects;
-    const simdjson::padded_string text = padded(bytes);
-    if (parser.parse(text).get(root) != simdjson::SUCCESS
-        || !PreferencesReader::read(root, recentProjects))
+    if (!root || !PreferencesReader().read(*root, recentProjects))
         return std::nullopt;
     return recentProjects;
 }

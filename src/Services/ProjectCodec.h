@@ -19,8 +19,9 @@ using DecodedDocument = std::variant<ZelvoProject, LegacyQuenaraDocument>;
 struct ProjectCodec
 {
     /// The bytes as a current project with at least one item, else as a legacy document; nothing
-    /// if they are neither.
-    static std::optional<DecodedDocument> decode(const QByteArray &bytes);
+    /// if they are neither. Bytes that are moved in are given back to the heap as soon as they are
+    /// parsed, before the records are made.
+    static std::optional<DecodedDocument> decode(QByteArray bytes);
 
     /// Pretty-printed with sorted keys: the same project always gives the same bytes. Nothing if a
     /// number in it is not finite.
@@ -29,7 +30,7 @@ struct ProjectCodec
     /// The list as the preferences keep it: compact, keys in declaration order, dates as seconds
     /// since 2001-01-01 UTC.
     static QByteArray encode(const QList<RecentProject> &recentProjects);
-    static std::optional<QList<RecentProject>> decodeRecentProjects(const QByteArray &bytes);
+    static std::optional<QList<RecentProject>> decodeRecentProjects(QByteArray bytes);
 };
 
 } // namespace quenara

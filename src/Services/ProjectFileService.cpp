@@ -25,12 +25,12 @@ QByteArray contents(const QUrl &url)
 
 ZelvoProject ProjectFileService::load(const QUrl &url, const QDateTime &now)
 {
-    const std::optional<DecodedDocument> document = ProjectCodec::decode(contents(url));
+    std::optional<DecodedDocument> document = ProjectCodec::decode(contents(url));
     if (!document)
         throw ProjectFileError(ProjectFileError::unsupportedFormat);
     if (const auto *legacy = std::get_if<LegacyQuenaraDocument>(&*document))
         return ProjectNormalizer::project(*legacy, now);
-    return ProjectNormalizer::normalized(std::get<ZelvoProject>(*document));
+    return ProjectNormalizer::normalized(std::get<ZelvoProject>(std::move(*document)));
 }
 
 void ProjectFileService::save(const ZelvoProject &project, const QUrl &url, const QDateTime &now)
