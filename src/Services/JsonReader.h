@@ -3,6 +3,7 @@
 #include "JsonDates.h"
 #include "RawEnum.h"
 #include "Record.h"
+#include "SortedFields.h"
 
 #include <QByteArray>
 #include <QList>
@@ -11,10 +12,14 @@
 
 #include <simdjson.h>
 
+#include <array>
 #include <bitset>
 #include <cmath>
 #include <cstdint>
 #include <optional>
+#include <string_view>
+#include <tuple>
+#include <utility>
 
 namespace quenara::json {
 
@@ -152,24 +157,56 @@ public:
         if (element.get(object) != simdjson::SUCCESS)
             return false;
         PresentFields<T> present;
+        // Our own documents are sorted, so that the next key is nearly always the next field.
+        std::size_t expected = 0;
         for (const auto &entry : object) {
-            bool readable = true;
-            std::size_t index = 0;
-            forEachField<T>([&](const auto &f) {
-                // What needs a value takes a null for a missing key.
-                if (f.name == entry.key) {
-                    present.set(index, !entry.value.is_null());
-                    readable = read(entry.value, record.*f.member) || entry.value.is_null();
-                }
-                ++index;
-            });
-            if (!readable)
+            const std::size_t rank = rankOf<T>(entry.key, expected);
+            if (rank == fieldCount<T>)
+                continue;
+            expected = rank + 1;
+            const FieldReader<T> &f = fieldReaders<T>[rank];
+            // What needs a value takes a null for a missing key.
+            present.set(f.index, !entry.value.is_null());
+            if (!f.read(*this, entry.value, record) && !entry.value.is_null())
                 return false;
         }
         return complete(record, present);
     }
 
 private:
+    /// A field as the loop over a document's keys needs it.
+    template<Record T>
+    struct FieldReader
+    {
+        std::string_view name;
+        std::size_t index; ///< in declaration order
+        bool (*read)(Reader &reader, Element element, T &record);
+    };
+
+    /// In the order of their names.
+    template<Record T>
+    static constexpr auto fieldReaders = []<std::size_t... rank>(std::index_sequence<rank...>) {
+        return std::array<FieldReader<T>, sizeof...(rank)>{
+            FieldReader<T>{std::get<sortedFields<T>[rank]>(T::fields()).name, sortedFields<T>[rank],
+                           [](Reader &reader, Element element, T &record) {
+                               constexpr auto f = std::get<sortedFields<T>[rank]>(T::fields());
+                               return reader.read(element, record.*f.member);
+                           }}...};
+    }(std::make_index_sequence<fieldCount<T>>());
+
+    /// Where \a key is among the sorted fields, their count if nowhere. \a expected is looked at
+    /// first.
+    template<Record T>
+    static std::size_t rankOf(std::string_view key, std::size_t expected)
+    {
+        if (expected < fieldCount<T> && fieldReaders<T>[expected].name == key)
+            return expected;
+        std::size_t rank = 0;
+        while (rank < fieldCount<T> && fieldReaders<T>[rank].name != key)
+            ++rank;
+        return rank;
+    }
+
     QByteArray shared(std::string_view utf8)
     {
         const auto size = qsizetype(utf8.size());

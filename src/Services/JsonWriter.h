@@ -3,7 +3,7 @@
 #include "ByteSink.h"
 #include "JsonDates.h"
 #include "RawEnum.h"
-#include "Record.h"
+#include "SortedFields.h"
 
 #include <QList>
 #include <QString>
@@ -20,32 +20,20 @@ namespace quenara::json {
 /// In which order the keys of an object are written.
 enum class KeyOrder { declaration, sorted };
 
-/// The indexes of the fields of \a T in the order of their names.
-template<Record T>
-inline constexpr auto sortedFields = [] {
-    std::array<std::string_view, fieldCount<T>> names;
-    std::size_t count = 0;
-    forEachField<T>([&](const auto &f) { names[count++] = f.name; });
-    std::array<std::size_t, fieldCount<T>> order{};
-    for (std::size_t i = 0; i < order.size(); ++i)
-        order[i] = i;
-    std::sort(order.begin(), order.end(),
-              [&names](std::size_t a, std::size_t b) { return names[a] < names[b]; });
-    return order;
-}();
-
 /// True when \a utf8 can stand in a JSON string as it is.
 inline bool isPlain(QByteArrayView utf8)
 {
-    // Without an early end in the inner loop the compiler looks at many bytes at once.
-    constexpr qsizetype block = 1024;
-    bool plain = true;
-    for (qsizetype start = 0; plain && start < utf8.size(); start += block) {
-        for (const char byte : utf8.sliced(start, std::min(block, utf8.size() - start)))
-            plain =
-                plain & (static_cast<unsigned char>(byte) >= 0x20) & (byte != '"') & (byte != '\\');
+    // Without a way out of the inner loop the compiler looks at many bytes at once.
+    constexpr qsizetype block = 4096;
+    unsigned char special = 0;
+    for (qsizetype start = 0; special == 0 && start < utf8.size(); start += block) {
+        const QByteArrayView bytes = utf8.sliced(start, std::min(block, utf8.size() - start));
+        for (qsizetype i = 0; i < bytes.size(); ++i) {
+            const auto byte = static_cast<unsigned char>(bytes.data()[i]);
+            special = special | (byte < 0x20 || byte == '"' || byte == '\\' ? 1 : 0);
+        }
     }
-    return plain;
+    return special == 0;
 }
 
 /// Streams records by their field lists through \a Format, a RapidJSON writer. Empty optionals

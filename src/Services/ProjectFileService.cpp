@@ -4,7 +4,13 @@
 #include "ProjectNormalizer.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QSaveFile>
+
+#ifdef Q_OS_UNIX
+#include <fcntl.h>
+#include <unistd.h>
+#endif
 
 namespace quenara {
 
@@ -12,13 +18,30 @@ namespace {
 
 QByteArray contents(const QUrl &url)
 {
+    // A pipe or a device might never come to its end.
     QFile file(url.toLocalFile());
-    if (!url.isLocalFile() || !file.open(QIODevice::ReadOnly))
+    if (!url.isLocalFile() || !QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly))
         throw ProjectFileError(ProjectFileError::unableToRead);
     QByteArray bytes = file.readAll();
     if (file.error() != QFileDevice::NoError)
         throw ProjectFileError(ProjectFileError::unableToRead);
     return bytes;
+}
+
+/// Brings what was last renamed in \a folder to the disk, where the platform has a way to. The file
+/// itself is safe already; without this a loss of power might bring the old one back.
+void synchronize(const QString &folder)
+{
+#ifdef Q_OS_UNIX
+    const int descriptor =
+        ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor >= 0) {
+        ::fsync(descriptor);
+        ::close(descriptor);
+    }
+#else
+    Q_UNUSED(folder)
+#endif
 }
 
 } // namespace
@@ -41,6 +64,7 @@ void ProjectFileService::save(const ZelvoProject &project, const QUrl &url, cons
     if (!bytes || !url.isLocalFile() || !file.open(QIODevice::WriteOnly)
         || file.write(*bytes) != bytes->size() || !file.commit())
         throw ProjectFileError(ProjectFileError::unableToWrite);
+    synchronize(QFileInfo(url.toLocalFile()).canonicalPath());
 }
 
 } // namespace quenara

@@ -101,7 +101,7 @@ ZelvoProject ProjectNormalizer::normalized(ZelvoProject project)
 ZelvoProject ProjectNormalizer::normalizedForSave(ZelvoProject project, const QDateTime &now)
 {
     project = normalized(std::move(project));
-    project.updatedAt = now;
+    project.updatedAt = now.addMSecs(-now.time().msec());
     return project;
 }
 

@@ -16,7 +16,7 @@ struct ProjectNormalizer
     /// slide image taken from the design's background. Nothing else changes.
     static ZelvoProject normalized(ZelvoProject project);
 
-    /// normalized(), updated at \a now.
+    /// normalized(), updated at \a now to the second, as a document holds it.
     static ZelvoProject normalizedForSave(ZelvoProject project, const QDateTime &now);
 
     /// A current project out of a legacy one. \a now stands in for a missing time of update.

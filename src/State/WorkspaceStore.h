@@ -126,7 +126,8 @@ public:
     void openProjectWithPanel();
     /// A failure leaves everything as it is but for errorMessage.
     void openProject(const QUrl &url);
-    /// Asks for a place first when the document has none.
+    /// Asks for a place first when the document has none. A failure leaves everything as it is but
+    /// for errorMessage.
     void saveProject();
     void saveProjectAs();
     void showStartPanel();
@@ -159,6 +160,7 @@ private:
     void editProject(const Edit &edit);
     void restore(std::optional<ZelvoProject> project, UndoRedoStore history);
     void load(ZelvoProject project, const std::optional<QUrl> &fileURL);
+    void save(const QUrl &url);
     void fail(const QString &message);
     void publish(WorkspaceState state);
     void publish(WorkspaceState state, UndoRedoStore history);

@@ -68,7 +68,12 @@ void WorkspaceStore::saveProject()
         saveProjectAs();
         return;
     }
-    const QUrl url = *m_state.currentFileURL;
+    save(*m_state.currentFileURL);
+}
+
+/// The document moves to \a url only when it is written there.
+void WorkspaceStore::save(const QUrl &url)
+{
     const QDateTime now = m_surroundings.now();
     try {
         ProjectFileService::save(m_state.project, url, now);
@@ -78,6 +83,7 @@ void WorkspaceStore::saveProject()
     }
     WorkspaceState next = m_state;
     next.project = ProjectNormalizer::normalizedForSave(std::move(next.project), now);
+    next.currentFileURL = url;
     next.hasUnsavedChanges = false;
     next.recentProjects =
         RecentProjectsStore::add(m_surroundings.preferences, url, next.project.name, now);
@@ -89,13 +95,8 @@ void WorkspaceStore::saveProjectAs()
     const QString &name = m_state.project.name;
     const FilePanel panel =
         zelvoProjectSavePanel(name.isEmpty() ? QStringLiteral("Quenara") : name);
-    const std::optional<QUrl> url = m_surroundings.panels.run(panel);
-    if (!url)
-        return;
-    WorkspaceState next = m_state;
-    next.currentFileURL = *url;
-    publish(std::move(next));
-    saveProject();
+    if (const std::optional<QUrl> url = m_surroundings.panels.run(panel))
+        save(*url);
 }
 
 void WorkspaceStore::showStartPanel()

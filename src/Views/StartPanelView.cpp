@@ -2,14 +2,16 @@
 
 #include "Icons.h"
 #include "RoleLabel.h"
+#include "ShownPath.h"
 #include "WorkspaceStore.h"
 #include "ZelvoTheme.h"
 
-#include <QDir>
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QScrollArea>
 #include <QVBoxLayout>
+
+#include <utility>
 
 namespace quenara {
 
@@ -22,18 +24,11 @@ constexpr int spacing = 12;
 constexpr int startButtonHeight = 44;
 constexpr QSize startIconSize{18, 18};
 
-/// The path as people read it, below the home folder from "~" on.
-QString shownPath(const QString &path)
-{
-    const QString home = QDir::homePath();
-    return path.startsWith(home + QLatin1Char('/')) ? QLatin1Char('~') + path.mid(home.size())
-                                                    : path;
-}
-
 } // namespace
 
-StartPanelView::StartPanelView(WorkspaceStore &store, QWidget *parent)
-    : QDialog(parent), m_store(store)
+StartPanelView::StartPanelView(WorkspaceStore &store, MayReplaceDocument mayReplaceDocument,
+                               QWidget *parent)
+    : QDialog(parent), m_store(store), m_mayReplaceDocument(std::move(mayReplaceDocument))
 {
     setObjectName(QStringLiteral("startPanel"));
     setWindowTitle(QStringLiteral("Quenara"));
@@ -48,19 +43,24 @@ StartPanelView::StartPanelView(WorkspaceStore &store, QWidget *parent)
     layout->addWidget(makeRecentColumn(), 1);
 }
 
-template<class Action>
-QWidget *StartPanelView::makeStartButton(const QString &title, const QString &icon, Action action)
+void StartPanelView::choose(const Choice &choice)
+{
+    if (!m_mayReplaceDocument())
+        return;
+    // The sheet goes first, so that a panel or an alert of the choice stands on the window.
+    accept();
+    choice(m_store);
+}
+
+QWidget *StartPanelView::makeStartButton(const QString &title, const QString &icon,
+                                         const Choice &choice)
 {
     auto *button = new QPushButton(
         tintedIcon(icon, ZelvoTheme::current(colorSchemeOf(palette())).accent), title);
     button->setProperty("role", QStringLiteral("start"));
     button->setIconSize(startIconSize);
     button->setFixedHeight(startButtonHeight);
-    connect(button, &QPushButton::clicked, this, [this, action] {
-        // The sheet goes first, so that a panel or an alert of the action stands on the window.
-        accept();
-        action(m_store);
-    });
+    connect(button, &QPushButton::clicked, this, [this, choice] { choose(choice); });
     return button;
 }
 
@@ -75,16 +75,16 @@ QWidget *StartPanelView::makeStartColumn()
     layout->addWidget(makeRoleLabel(QStringLiteral("caption"), QStringLiteral("Projects")));
     layout->addWidget(makeStartButton(QStringLiteral("New Blank Project"),
                                       QStringLiteral("file-earmark-plus"),
-                                      [](WorkspaceStore &store) { store.newBlankProject(); }));
-    layout->addWidget(
-        makeStartButton(QStringLiteral("New Sunday Service"), QStringLiteral("calendar-plus"),
-                        [](WorkspaceStore &store) { store.newSundayServiceProject(); }));
+                                      &WorkspaceStore::newBlankProject));
+    layout->addWidget(makeStartButton(QStringLiteral("New Sunday Service"),
+                                      QStringLiteral("calendar-plus"),
+                                      &WorkspaceStore::newSundayServiceProject));
     layout->addWidget(makeStartButton(QStringLiteral("Open Demo Service"),
                                       QStringLiteral("collection-play"),
-                                      [](WorkspaceStore &store) { store.loadDemoProject(); }));
+                                      &WorkspaceStore::loadDemoProject));
     layout->addWidget(makeStartButton(QStringLiteral("Open File..."),
                                       QStringLiteral("folder2-open"),
-                                      [](WorkspaceStore &store) { store.openProjectWithPanel(); }));
+                                      &WorkspaceStore::openProjectWithPanel));
     layout->addStretch();
     return column;
 }
@@ -110,8 +110,7 @@ QWidget *StartPanelView::makeRecentColumn()
         rowLayout->addWidget(makeRoleLabel(QStringLiteral("muted"), shownPath(project.path)));
         row->setFixedHeight(rowLayout->sizeHint().height());
         connect(row, &QPushButton::clicked, this, [this, url = project.url()] {
-            accept();
-            m_store.openProject(url);
+            choose([url](WorkspaceStore &store) { store.openProject(url); });
         });
         rowsLayout->addWidget(row);
     }

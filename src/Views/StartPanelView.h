@@ -2,6 +2,8 @@
 
 #include <QDialog>
 
+#include <functional>
+
 class QVBoxLayout;
 
 namespace quenara {
@@ -9,21 +11,27 @@ namespace quenara {
 class WorkspaceStore;
 
 /// The sheet that offers new projects, the demo, a file, and the recent projects. Every choice
-/// dismisses it.
+/// dismisses it, unless the operator rather keeps the document there is.
 class StartPanelView : public QDialog
 {
     Q_OBJECT
 
 public:
-    StartPanelView(WorkspaceStore &store, QWidget *parent);
+    /// Asked before each choice; false keeps the document and the sheet.
+    using MayReplaceDocument = std::function<bool()>;
+
+    StartPanelView(WorkspaceStore &store, MayReplaceDocument mayReplaceDocument, QWidget *parent);
 
 private:
+    using Choice = std::function<void(WorkspaceStore &)>;
+
+    void choose(const Choice &choice);
     QWidget *makeStartColumn();
     QWidget *makeRecentColumn();
-    template<class Action>
-    QWidget *makeStartButton(const QString &title, const QString &icon, Action action);
+    QWidget *makeStartButton(const QString &title, const QString &icon, const Choice &choice);
 
     WorkspaceStore &m_store;
+    MayReplaceDocument m_mayReplaceDocument;
 };
 
 } // namespace quenara

@@ -1,7 +1,13 @@
 #include "FileDialogRunner.h"
 
-#include <QApplication>
 #include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QScopedValueRollback>
+#include <QStandardPaths>
+
+#include <utility>
 
 namespace quenara {
 
@@ -19,19 +25,71 @@ QStringList nameFilters(const FilePanel &panel)
 
 } // namespace
 
+FileDialogRunner::FileDialogRunner(DialogParent parent)
+    : m_parent(std::move(parent)),
+      m_folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation))
+{
+    if (!m_folder.exists())
+        m_folder = QDir::home();
+}
+
 std::optional<QUrl> FileDialogRunner::run(const FilePanel &panel)
 {
+    if (m_isRunning)
+        return std::nullopt;
+    const QScopedValueRollback running(m_isRunning, true);
+    FilePanel asked = panel;
+    while (const std::optional<QString> path = chosenPath(asked)) {
+        const QFileInfo file(*path);
+        m_folder = file.dir();
+        if (panel.kind == FilePanel::Kind::open || !file.exists() || mayReplace(*path))
+            return QUrl::fromLocalFile(*path);
+        asked.fileName = file.fileName();
+    }
+    return std::nullopt;
+}
+
+std::optional<QString> FileDialogRunner::chosenPath(const FilePanel &panel)
+{
     const bool saves = panel.kind == FilePanel::Kind::save;
-    QFileDialog dialog(QApplication::activeWindow(), panel.title);
+    QFileDialog dialog(m_parent(), panel.title, m_folder.path());
+    dialog.setWindowModality(Qt::WindowModal); // the audience window keeps its keys
     dialog.setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog.setFileMode(saves ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     dialog.setNameFilters(nameFilters(panel));
-    dialog.setDefaultSuffix(panel.defaultSuffix);
+    dialog.setSupportedSchemes({QStringLiteral("file")});
+    // The dialog would ask about the name before the suffix is added to it.
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
     if (!panel.fileName.isEmpty())
         dialog.selectFile(panel.fileName);
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedUrls().isEmpty())
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return std::nullopt;
-    return dialog.selectedUrls().constFirst();
+    const QString path = dialog.selectedFiles().constFirst();
+    return saves ? savedPath(panel, path) : path;
+}
+
+bool FileDialogRunner::mayReplace(const QString &path)
+{
+    const QFileInfo file(path);
+    QMessageBox box(QMessageBox::Warning, QStringLiteral("Quenara"),
+                    QStringLiteral("\u201c%1\u201d already exists. Do you want to replace it?")
+                        .arg(file.fileName()),
+                    QMessageBox::Cancel, m_parent());
+    box.setInformativeText(
+        QStringLiteral("What it holds now, in the folder \u201c%1\u201d, is lost then.")
+            .arg(file.dir().dirName()));
+    box.setWindowModality(Qt::WindowModal);
+    const auto *replace = box.addButton(QStringLiteral("Replace"), QMessageBox::DestructiveRole);
+    box.setDefaultButton(QMessageBox::Cancel);
+    box.setEscapeButton(QMessageBox::Cancel);
+    box.exec();
+    return box.clickedButton() == replace;
+}
+
+QString savedPath(const FilePanel &panel, const QString &path)
+{
+    const QString suffix = QLatin1Char('.') + panel.defaultSuffix;
+    return panel.defaultSuffix.isEmpty() || path.endsWith(suffix) ? path : path + suffix;
 }
 
 } // namespace quenara

@@ -1,5 +1,6 @@
 #include "OperatorWindow.h"
 
+#include "DocumentGuard.h"
 #include "OperatorView.h"
 #include "StartPanelView.h"
 #include "WindowCoordinator.h"
@@ -20,8 +21,8 @@ constexpr QSize defaultSize(1480, 900);
 } // namespace
 
 OperatorWindow::OperatorWindow(WorkspaceStore &store, WindowCoordinator &windows,
-                               ZelvoCommands &commands)
-    : m_store(store), m_windows(windows)
+                               DocumentGuard &guard, ZelvoCommands &commands)
+    : m_store(store), m_windows(windows), m_guard(guard)
 {
     setObjectName(QStringLiteral("operatorWindow"));
     commands.fill(*menuBar());
@@ -35,12 +36,17 @@ OperatorWindow::OperatorWindow(WorkspaceStore &store, WindowCoordinator &windows
     connect(&store, &WorkspaceStore::isStartPanelPresentedChanged, this,
             &OperatorWindow::showStartPanel);
     connect(&store, &WorkspaceStore::errorMessageChanged, this, &OperatorWindow::showError);
+    connect(&commands, &ZelvoCommands::quitRequested, this, &QWidget::close);
     showTitle();
     showError();
 }
 
 void OperatorWindow::closeEvent(QCloseEvent *event)
 {
+    if (!m_guard.mayQuit()) {
+        event->ignore();
+        return;
+    }
     m_windows.closeDisplayWindow();
     m_windows.closeStageWindow();
     event->accept();
@@ -58,7 +64,8 @@ void OperatorWindow::showStartPanel()
             m_startPanel->close();
         return;
     }
-    auto *panel = new StartPanelView(m_store, this);
+    auto *panel = new StartPanelView(
+        m_store, [this] { return m_guard.mayReplaceDocument(); }, this);
     panel->setAttribute(Qt::WA_DeleteOnClose);
     connect(panel, &QDialog::finished, this, [this] {
         m_startPanel.clear();

@@ -7,19 +7,21 @@ class QMessageBox;
 
 namespace quenara {
 
+class DocumentGuard;
 class StartPanelView;
 class WindowCoordinator;
 class WorkspaceStore;
 class ZelvoCommands;
 
 /// The main window: menus, the operator view, the start panel as its sheet and errors as alerts.
-/// Closing it ends the program, the output windows with it.
+/// Closing it ends the program, the output windows with it, once the guard agrees.
 class OperatorWindow : public QMainWindow
 {
     Q_OBJECT
 
 public:
-    OperatorWindow(WorkspaceStore &store, WindowCoordinator &windows, ZelvoCommands &commands);
+    OperatorWindow(WorkspaceStore &store, WindowCoordinator &windows, DocumentGuard &guard,
+                   ZelvoCommands &commands);
 
 protected:
     void closeEvent(QCloseEvent *event) override;
@@ -31,6 +33,7 @@ private:
 
     WorkspaceStore &m_store;
     WindowCoordinator &m_windows;
+    DocumentGuard &m_guard;
     QPointer<StartPanelView> m_startPanel;
     QPointer<QMessageBox> m_alert;
 };

@@ -8,11 +8,13 @@
 namespace quenara {
 
 QuenaraApp::QuenaraApp(const QPalette &platformPalette)
-    : m_store(ProjectTemplates::blankProject(QDateTime::currentDateTimeUtc()),
+    : m_panels([this] { return dialogParent(); }), m_questions([this] { return dialogParent(); }),
+      m_store(ProjectTemplates::blankProject(QDateTime::currentDateTimeUtc()),
               {.preferences = m_preferences, .panels = m_panels}),
       m_systemScheme(QDBusConnection::sessionBus(), platformPalette), m_windows(m_systemScheme),
-      m_appearance(m_preferences), m_commands(m_store, m_windows, m_appearance),
-      m_operatorWindow(m_store, m_windows, m_commands)
+      m_appearance(m_preferences), m_guard(m_store, m_windows, m_questions),
+      m_commands(m_store, m_windows, m_guard, m_appearance),
+      m_operatorWindow(m_store, m_windows, m_guard, m_commands)
 {
     qApp->installEventFilter(&m_shortcutGuard);
     QObject::connect(&m_appearance, &AppearancePreference::rawValueChanged, &m_windows,
@@ -21,6 +23,13 @@ QuenaraApp::QuenaraApp(const QPalette &platformPalette)
                      });
     m_windows.updateAppearance(m_appearance.appearance());
     m_operatorWindow.show();
+}
+
+/// The sheet or alert in front, if there is one: only the operator's windows have them.
+QWidget *QuenaraApp::dialogParent()
+{
+    QWidget *front = QApplication::activeModalWidget();
+    return front ? front : &m_operatorWindow;
 }
 
 void QuenaraApp::openDocument(const QString &path)

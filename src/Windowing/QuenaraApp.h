@@ -1,7 +1,9 @@
 #pragma once
 
 #include "AppearancePreference.h"
+#include "DocumentGuard.h"
 #include "FileDialogRunner.h"
+#include "LeaveQuestionBox.h"
 #include "OperatorWindow.h"
 #include "ShortcutGuard.h"
 #include "SystemColorScheme.h"
@@ -28,13 +30,17 @@ public:
     AppearancePreference &appearance() { return m_appearance; }
 
 private:
+    QWidget *dialogParent();
+
     QSettings m_preferences;
     FileDialogRunner m_panels;
+    LeaveQuestionBox m_questions;
     WorkspaceStore m_store;
     SystemColorScheme m_systemScheme;
     WindowCoordinator m_windows;
     AppearancePreference m_appearance;
     ShortcutGuard m_shortcutGuard;
+    DocumentGuard m_guard;
     ZelvoCommands m_commands;
     OperatorWindow m_operatorWindow;
 };

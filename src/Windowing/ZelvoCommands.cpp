@@ -1,11 +1,13 @@
 #include "ZelvoCommands.h"
 
 #include "AppearancePreference.h"
+#include "DocumentGuard.h"
+#include "EndTyping.h"
+#include "OpenRecentMenu.h"
 #include "WindowCoordinator.h"
 #include "WorkspaceStore.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QMenuBar>
 
 namespace quenara {
@@ -64,15 +66,6 @@ constexpr auto menus = std::to_array<MenuDescription>({
     {"&Output", outputGroups},
 });
 
-/// What is still being typed into a field becomes part of the document before a command works on
-/// it.
-void endTyping()
-{
-    QWidget *focused = QApplication::focusWidget();
-    if (focused && focused->testAttribute(Qt::WA_InputMethodEnabled))
-        focused->clearFocus();
-}
-
 } // namespace
 
 std::span<const MenuDescription> menuDescriptions()
@@ -81,8 +74,9 @@ std::span<const MenuDescription> menuDescriptions()
 }
 
 ZelvoCommands::ZelvoCommands(WorkspaceStore &store, WindowCoordinator &windows,
-                             const AppearancePreference &appearance, QObject *parent)
-    : QObject(parent), m_store(store), m_windows(windows), m_appearance(appearance)
+                             DocumentGuard &guard, const AppearancePreference &appearance,
+                             QObject *parent)
+    : QObject(parent), m_store(store), m_windows(windows), m_guard(guard), m_appearance(appearance)
 {
     for (const MenuDescription &menu : menus) {
         for (const Commands &group : menu.groups) {
@@ -126,8 +120,11 @@ void ZelvoCommands::fill(QMenuBar &menuBar) const
         for (const Commands &group : description.groups) {
             if (!menu->isEmpty())
                 menu->addSeparator();
-            for (const CommandDescription &item : group)
+            for (const CommandDescription &item : group) {
                 menu->addAction(action(item.command));
+                if (item.command == Command::open)
+                    menu->addMenu(new OpenRecentMenu(m_store, m_guard, menu));
+            }
         }
     }
 }
@@ -139,17 +136,18 @@ void ZelvoCommands::perform(Command command)
     case Command::newProject:
         return m_store.showStartPanel();
     case Command::newBlankProject:
-        return m_store.newBlankProject();
+        return replaceDocument(&WorkspaceStore::newBlankProject);
     case Command::newSundayService:
-        return m_store.newSundayServiceProject();
+        return replaceDocument(&WorkspaceStore::newSundayServiceProject);
     case Command::open:
-        return m_store.openProjectWithPanel();
+        return replaceDocument(&WorkspaceStore::openProjectWithPanel);
     case Command::save:
         return m_store.saveProject();
     case Command::saveAs:
         return m_store.saveProjectAs();
     case Command::quit:
-        return QApplication::closeAllWindows();
+        emit quitRequested();
+        return;
     case Command::undo:
         return m_store.undo();
     case Command::redo:
@@ -178,6 +176,12 @@ void ZelvoCommands::perform(Command command)
             ? m_windows.closeStageWindow()
             : m_windows.openStageWindow(m_store, m_appearance.appearance());
     }
+}
+
+void ZelvoCommands::replaceDocument(void (WorkspaceStore::*operation)())
+{
+    if (m_guard.mayReplaceDocument())
+        (m_store.*operation)();
 }
 
 void ZelvoCommands::showHistory()

@@ -14,6 +14,7 @@ class QWidget;
 namespace quenara {
 
 class AppearancePreference;
+class DocumentGuard;
 class WindowCoordinator;
 class WorkspaceStore;
 
@@ -57,28 +58,34 @@ struct MenuDescription
 /// The menus of the program, in order.
 std::span<const MenuDescription> menuDescriptions();
 
-/// The menu bar's commands. Each calls one operation of the store or the coordinator; shortcuts
-/// work in the operator window and the output windows alike, one press being one step.
+/// The menu bar's commands. Each calls one operation of the store or the coordinator, those that
+/// replace the document once the guard agrees; shortcuts work in the operator window and the output
+/// windows alike, one press being one step.
 class ZelvoCommands : public QObject
 {
     Q_OBJECT
 
 public:
-    ZelvoCommands(WorkspaceStore &store, WindowCoordinator &windows,
+    ZelvoCommands(WorkspaceStore &store, WindowCoordinator &windows, DocumentGuard &guard,
                   const AppearancePreference &appearance, QObject *parent = nullptr);
 
     void fill(QMenuBar &menuBar) const;
 
     QAction *action(Command command) const { return m_actions.value(command); }
 
+signals:
+    void quitRequested();
+
 private:
     QAction *makeAction(const CommandDescription &description);
     void perform(Command command);
+    void replaceDocument(void (WorkspaceStore::*operation)());
     void showHistory();
     void showWindows();
 
     WorkspaceStore &m_store;
     WindowCoordinator &m_windows;
+    DocumentGuard &m_guard;
     const AppearancePreference &m_appearance;
     QHash<Command, QAction *> m_actions;
 };

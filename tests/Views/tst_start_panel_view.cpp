@@ -21,6 +21,11 @@ QPushButton *button(const StartPanelView &panel, const QString &name)
     qFatal("no button %s", qPrintable(name));
 }
 
+bool always()
+{
+    return true;
+}
+
 } // namespace
 
 class TestStartPanelView : public GuiTest
@@ -45,7 +50,7 @@ private slots:
         QFETCH(QString, title);
         QFETCH(QString, projectName);
         World world(ZelvoProject{});
-        StartPanelView panel(world.store, nullptr);
+        StartPanelView panel(world.store, always, nullptr);
         panel.show();
         QTest::mouseClick(button(panel, title), Qt::LeftButton);
         QCOMPARE(world.store.project().name, projectName);
@@ -56,7 +61,7 @@ private slots:
     void cancellingTheOpenPanelDismissesThePanelToo()
     {
         World world;
-        StartPanelView panel(world.store, nullptr);
+        StartPanelView panel(world.store, always, nullptr);
         panel.show();
         QTest::mouseClick(button(panel, QStringLiteral("Open File...")), Qt::LeftButton);
         QCOMPARE(world.panels.asked.size(), 1);
@@ -64,10 +69,36 @@ private slots:
         QCOMPARE(world.store.project().name, QStringLiteral("Quenara Demo Service"));
     }
 
+    void aDocumentThatIsKeptKeepsThePanelToo()
+    {
+        World world;
+        const QUrl url = world.fileUrl(QStringLiteral("Easter.quenara"));
+        ProjectFileService::save(ProjectTemplates::demoProject(someTime()), url, someTime());
+        world.store.openProject(url);
+        const WorkspaceState before = world.store.state();
+        int asked = 0;
+        StartPanelView panel(
+            world.store,
+            [&asked] {
+                ++asked;
+                return false;
+            },
+            nullptr);
+        panel.show();
+        const auto buttons = panel.findChildren<QPushButton *>();
+        QCOMPARE(buttons.size(), 5);
+        for (QPushButton *button : buttons)
+            QTest::mouseClick(button, Qt::LeftButton);
+        QCOMPARE(asked, 5);
+        QCOMPARE(world.store.state(), before);
+        QVERIFY(world.panels.asked.isEmpty());
+        QVERIFY(panel.isVisible());
+    }
+
     void withoutRecentProjectsThePanelSaysSo()
     {
         World world;
-        const StartPanelView panel(world.store, nullptr);
+        const StartPanelView panel(world.store, always, nullptr);
         const QList<QLabel *> labels = panel.findChildren<QLabel *>();
         QVERIFY(std::any_of(labels.begin(), labels.end(), [](const QLabel *label) {
             return label->text() == QStringLiteral("No recent projects yet.");
@@ -84,14 +115,14 @@ private slots:
         world.store.openProject(url);
         world.store.newBlankProject();
         {
-            StartPanelView panel(world.store, nullptr);
+            StartPanelView panel(world.store, always, nullptr);
             panel.show();
             QTest::mouseClick(button(panel, QStringLiteral("Easter")), Qt::LeftButton);
             QCOMPARE(world.store.project().name, QStringLiteral("Easter"));
             QVERIFY(!panel.isVisible());
         }
         QVERIFY(QFile::remove(url.toLocalFile()));
-        StartPanelView panel(world.store, nullptr);
+        StartPanelView panel(world.store, always, nullptr);
         panel.show();
         QTest::mouseClick(button(panel, QStringLiteral("Easter")), Qt::LeftButton);
         QVERIFY(!panel.isVisible());

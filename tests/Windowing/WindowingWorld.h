@@ -1,6 +1,7 @@
 #pragma once
 
 #include "AppearancePreference.h"
+#include "DocumentGuard.h"
 #include "OperatorWindow.h"
 #include "SystemColorScheme.h"
 #include "TestSupport.h"
@@ -12,13 +13,31 @@
 
 namespace quenara::test {
 
+/// Answers questions before leaving as a test has prepared and keeps what was asked.
+class PreparedQuestions : public LeaveQuestionRunner
+{
+public:
+    LeaveAnswer answer = LeaveAnswer::cancel;
+    std::function<void()> meanwhile = [] {}; ///< happens while the question stands
+    QList<LeaveQuestion> asked;
+
+    LeaveAnswer ask(const LeaveQuestion &question) override
+    {
+        asked.append(question);
+        meanwhile();
+        return answer;
+    }
+};
+
 /// A world with windows around its store, on a desktop that is light and has no portal.
 struct WindowingWorld : World
 {
     SystemColorScheme systemScheme{QDBusConnection(QStringLiteral("none")), QPalette(Qt::white)};
     WindowCoordinator windows{systemScheme};
     AppearancePreference appearance{preferences};
-    ZelvoCommands commands{store, windows, appearance};
+    PreparedQuestions questions;
+    DocumentGuard guard{store, windows, questions};
+    ZelvoCommands commands{store, windows, guard, appearance};
 
     void openDisplay() { windows.openDisplayWindow(store, appearance.appearance()); }
     void openStage() { windows.openStageWindow(store, appearance.appearance()); }

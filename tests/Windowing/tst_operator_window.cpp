@@ -13,7 +13,7 @@ namespace {
 
 struct Window : WindowingWorld
 {
-    OperatorWindow window{store, windows, commands};
+    OperatorWindow window{store, windows, guard, commands};
 
     Window() { window.show(); }
 
@@ -106,6 +106,7 @@ private slots:
         Window w;
         w.openDisplay();
         w.openStage();
+        w.questions.answer = LeaveAnswer::proceed;
         w.window.close();
         QVERIFY(!w.windows.isDisplayWindowOpen());
         QVERIFY(!w.windows.isStageWindowOpen());

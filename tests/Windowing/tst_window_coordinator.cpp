@@ -17,7 +17,7 @@ private slots:
     void theDisplayCoversTheSecondScreenWhateverScreenTheOperatorIsOn()
     {
         WindowingWorld world;
-        OperatorWindow operatorWindow(world.store, world.windows, world.commands);
+        OperatorWindow operatorWindow(world.store, world.windows, world.guard, world.commands);
         operatorWindow.setScreen(QGuiApplication::screens().at(1));
         operatorWindow.show();
         world.openDisplay();

@@ -15,12 +15,12 @@ namespace {
 /// The program's windows on a demo service, its operator window active.
 struct Program : WindowingWorld
 {
-    ShortcutGuard guard;
-    OperatorWindow operatorWindow{store, windows, commands};
+    ShortcutGuard shortcutGuard;
+    OperatorWindow operatorWindow{store, windows, guard, commands};
 
     Program()
     {
-        qApp->installEventFilter(&guard);
+        qApp->installEventFilter(&shortcutGuard);
         operatorWindow.show();
         activate(operatorWindow);
     }
@@ -82,7 +82,7 @@ private slots:
         QCOMPARE(
             menuText(*menus.at(0)->menu()),
             QStringLiteral("New Project...|Ctrl+N\nNew Blank Project|\nNew Sunday Service|\n-\n"
-                           "Open...|Ctrl+O\nSave|Ctrl+S\nSave As...|Ctrl+Shift+S\n-\n"
+                           "Open...|Ctrl+O\nOpen Recent|\nSave|Ctrl+S\nSave As...|Ctrl+Shift+S\n-\n"
                            "Quit|Ctrl+Q"));
         QCOMPARE(menuText(*menus.at(1)->menu()), QStringLiteral("Undo|Ctrl+Z\nRedo|Ctrl+Shift+Z"));
         QCOMPARE(menuText(*menus.at(2)->menu()),

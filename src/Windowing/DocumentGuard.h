@@ -1,0 +1,56 @@
+#pragma once
+
+#include <QString>
+
+#include <cstdint>
+
+namespace quenara {
+
+class WindowCoordinator;
+class WorkspaceStore;
+
+/// What the operator is asked before something is left behind.
+struct LeaveQuestion
+{
+    QString text;
+    QString detail; ///< what happens otherwise; may have several lines
+    bool offersSave = false;
+    QString proceedTitle; ///< of the button that goes on all the same
+
+    bool operator==(const LeaveQuestion &) const = default;
+};
+
+enum class LeaveAnswer : std::uint8_t { save, proceed, cancel };
+
+/// Puts a question to the operator.
+class LeaveQuestionRunner
+{
+public:
+    virtual ~LeaveQuestionRunner() = default;
+
+    /// Returns once the operator has answered.
+    virtual LeaveAnswer ask(const LeaveQuestion &question) = 0;
+};
+
+/// Stands between the operator and whatever would drop unsaved changes or end the service: each
+/// function asks what there is to ask, in one question, saves if that is the answer, and says
+/// whether to go on. A cancelled or failed save is a no.
+class DocumentGuard
+{
+public:
+    DocumentGuard(WorkspaceStore &store, const WindowCoordinator &windows,
+                  LeaveQuestionRunner &questions);
+
+    bool mayReplaceDocument();
+    bool mayQuit();
+
+private:
+    bool mayLeave(bool endsShow);
+
+    WorkspaceStore &m_store;
+    const WindowCoordinator &m_windows;
+    LeaveQuestionRunner &m_questions;
+    bool m_isAsking = false;
+};
+
+} // namespace quenara

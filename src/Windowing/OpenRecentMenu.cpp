@@ -1,0 +1,43 @@
+#include "OpenRecentMenu.h"
+
+#include "DocumentGuard.h"
+#include "ShownPath.h"
+#include "WorkspaceStore.h"
+
+namespace quenara {
+
+namespace {
+
+constexpr int widestPath = 320;
+
+} // namespace
+
+OpenRecentMenu::OpenRecentMenu(WorkspaceStore &store, DocumentGuard &guard, QWidget *parent)
+    : QMenu(QStringLiteral("Open Recent"), parent), m_store(store), m_guard(guard)
+{
+    setToolTipsVisible(true);
+    // Later, as the menu may be in the middle of the choice that changed the list.
+    connect(&store, &WorkspaceStore::recentProjectsChanged, this, &OpenRecentMenu::showProjects,
+            Qt::QueuedConnection);
+    showProjects();
+}
+
+void OpenRecentMenu::showProjects()
+{
+    clear();
+    for (const RecentProject &project : m_store.recentProjects()) {
+        QString text = QStringLiteral("%1 \u2014 %2").arg(
+            project.name,
+            fontMetrics().elidedText(shownPath(project.path), Qt::ElideMiddle, widestPath));
+        // An ampersand alone would mark the next letter as the item's key.
+        QAction *action = addAction(text.replace(QLatin1Char('&'), QStringLiteral("&&")));
+        action->setToolTip(project.path);
+        connect(action, &QAction::triggered, this, [this, url = project.url()] {
+            if (m_guard.mayReplaceDocument())
+                m_store.openProject(url);
+        });
+    }
+    menuAction()->setEnabled(!isEmpty());
+}
+
+} // namespace quenara

@@ -1,0 +1,276 @@
+#include "FileDialogRunner.h"
+#include "GuiTestSupport.h"
+#include "LeaveQuestionBox.h"
+#include "TestSupport.h"
+
+#include <QDialogButtonBox>
+#include <QFile>
+#include <QFileDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <functional>
+#include <optional>
+
+using namespace quenara;
+using namespace quenara::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Does each step in the dialog that is open then, one after the other, as an operator does.
+class Operator
+{
+public:
+    using Step = std::function<void(QWidget &dialog)>;
+
+    explicit Operator(QList<Step> steps) : m_steps(std::move(steps))
+    {
+        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { step(); });
+        m_timer.start(50); // the dialog has come to rest then
+    }
+
+    bool isDone() const { return m_steps.isEmpty(); }
+
+private:
+    void step()
+    {
+        constexpr int patience = 100;
+        QWidget *dialog = QApplication::activeModalWidget();
+        if (dialog && !m_steps.isEmpty()) {
+            m_steps.takeFirst()(*dialog);
+        } else if (dialog && ++m_waited > patience) {
+            qFatal("a dialog stays: %s", qPrintable(dialog->windowTitle()));
+        }
+    }
+
+    QList<Step> m_steps;
+    QTimer m_timer;
+    int m_waited = 0;
+};
+
+Operator::Step press(const QString &button)
+{
+    return [button](QWidget &dialog) {
+        QStringList titles;
+        for (auto *candidate : dialog.findChildren<QPushButton *>()) {
+            const QString title = candidate->text().remove(u'&');
+            titles.append(title);
+            if (title == button)
+                return QTest::mouseClick(candidate, Qt::LeftButton);
+        }
+        qFatal("no button %s among %s", qPrintable(button), qPrintable(titles.join(u", "_s)));
+    };
+}
+
+void pressEscape(QWidget &dialog)
+{
+    QTest::keyClick(&dialog, Qt::Key_Escape);
+}
+
+void closeTheWindow(QWidget &dialog)
+{
+    dialog.close();
+}
+
+Operator::Step typeName(const QString &path)
+{
+    return [path](QWidget &dialog) {
+        auto *field = dialog.findChild<QLineEdit *>(u"fileNameEdit"_s);
+        field->setText(path); // typing opens a list that grabs the keyboard, which offscreen lacks
+        const auto *buttons = dialog.findChild<QDialogButtonBox *>();
+        QTest::mouseClick(buttons->buttons().constFirst(), Qt::LeftButton);
+    };
+}
+
+const LeaveQuestion unsaved{.text = u"Save?"_s,
+                            .detail = u"Lost otherwise."_s,
+                            .offersSave = true,
+                            .proceedTitle = u"Don't Save"_s};
+const LeaveQuestion quitting{
+    .text = u"Quit?"_s, .detail = u"Dark."_s, .offersSave = false, .proceedTitle = u"Quit"_s};
+
+} // namespace
+
+Q_DECLARE_METATYPE(Operator::Step)
+
+class TestDialogs : public GuiTest
+{
+    Q_OBJECT
+
+    QWidget m_window;
+    const DialogParent m_parent = [this] { return &m_window; };
+
+    std::optional<QUrl> save(const QString &name, const QList<Operator::Step> &steps)
+    {
+        FileDialogRunner runner(m_parent);
+        const Operator person(steps);
+        const auto answer = runner.run(zelvoProjectSavePanel(name));
+        if (!person.isDone())
+            qFatal("the operator had more to do");
+        return answer;
+    }
+
+    static void write(const QString &path)
+    {
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+    }
+
+private slots:
+    void initTestCase()
+    {
+        m_window.show();
+        QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    }
+
+    void theQuestionAnswersAsItsButtonsSay_data()
+    {
+        QTest::addColumn<LeaveQuestion>("question");
+        QTest::addColumn<Operator::Step>("step");
+        QTest::addColumn<LeaveAnswer>("expected");
+        QTest::newRow("Save") << unsaved << press(u"Save"_s) << LeaveAnswer::save;
+        QTest::newRow("Don't Save") << unsaved << press(u"Don't Save"_s) << LeaveAnswer::proceed;
+        QTest::newRow("Cancel") << unsaved << press(u"Cancel"_s) << LeaveAnswer::cancel;
+        QTest::newRow("Escape") << unsaved << Operator::Step(pressEscape) << LeaveAnswer::cancel;
+        QTest::newRow("closing it")
+            << unsaved << Operator::Step(closeTheWindow) << LeaveAnswer::cancel;
+        QTest::newRow("Return, as Save is the default")
+            << unsaved << Operator::Step([](QWidget &dialog) {
+                   QTest::keyClick(&dialog, Qt::Key_Return);
+               }) << LeaveAnswer::save;
+        QTest::newRow("Quit") << quitting << press(u"Quit"_s) << LeaveAnswer::proceed;
+        QTest::newRow("Return during a service, as Cancel is the default")
+            << quitting << Operator::Step([](QWidget &dialog) {
+                   QTest::keyClick(&dialog, Qt::Key_Return);
+               }) << LeaveAnswer::cancel;
+    }
+
+    void theQuestionAnswersAsItsButtonsSay()
+    {
+        QFETCH(LeaveQuestion, question);
+        QFETCH(Operator::Step, step);
+        QFETCH(LeaveAnswer, expected);
+        const Operator person({step});
+        QCOMPARE(LeaveQuestionBox(m_parent).ask(question), expected);
+    }
+
+    void theQuestionShowsItsTextsAndStandsOnTheOperatorsWindow()
+    {
+        const Operator person({[this](QWidget &dialog) {
+            const auto &box = dynamic_cast<QMessageBox &>(dialog);
+            QCOMPARE(box.text(), unsaved.text);
+            QCOMPARE(box.informativeText(), unsaved.detail);
+            QCOMPARE(box.parentWidget(), &m_window);
+            QCOMPARE(box.windowModality(), Qt::WindowModal);
+            dialog.close();
+        }});
+        LeaveQuestionBox(m_parent).ask(unsaved);
+        QVERIFY(person.isDone());
+    }
+
+    void aSavedNameGetsTheSuffixOnce_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<QString>("saved");
+        QTest::newRow("none") << u"Sunday"_s << u"Sunday.quenara"_s;
+        QTest::newRow("its own") << u"Sunday.quenara"_s << u"Sunday.quenara"_s;
+        QTest::newRow("another one") << u"Sunday.json"_s << u"Sunday.json.quenara"_s;
+        QTest::newRow("a date") << u"Sunday 1.11."_s << u"Sunday 1.11..quenara"_s;
+    }
+
+    void aSavedNameGetsTheSuffixOnce()
+    {
+        QFETCH(QString, typed);
+        QFETCH(QString, saved);
+        const QTemporaryDir folder;
+        const QUrl expected = QUrl::fromLocalFile(folder.filePath(saved));
+        QCOMPARE(save(u"Proposed"_s, {typeName(folder.filePath(typed))}), expected);
+    }
+
+    void theProposedNameIsTaken()
+    {
+        const auto answer = save(u"Proposed"_s, {press(u"Save"_s)});
+        QVERIFY(answer);
+        QCOMPARE(answer->fileName(), u"Proposed.quenara"_s);
+    }
+
+    void replacingIsAskedForUnderTheFinalName()
+    {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(u"Sunday.quenara"_s);
+        write(path);
+        QString question;
+        const auto readQuestion = [&question](QWidget &dialog) {
+            question = dynamic_cast<QMessageBox &>(dialog).text();
+            press(u"Replace"_s)(dialog);
+        };
+        QCOMPARE(save(u"Proposed"_s, {typeName(folder.filePath(u"Sunday"_s)), readQuestion}),
+                 QUrl::fromLocalFile(path));
+        QCOMPARE(question, u"\u201cSunday.quenara\u201d already exists. Do you want to replace it?"_s);
+    }
+
+    void notReplacingGoesBackToTheName()
+    {
+        const QTemporaryDir folder;
+        write(folder.filePath(u"Sunday.quenara"_s));
+        QString proposed;
+        const auto typeAnother = [&](QWidget &dialog) {
+            proposed = dialog.findChild<QLineEdit *>(u"fileNameEdit"_s)->text();
+            typeName(folder.filePath(u"Monday"_s))(dialog);
+        };
+        QCOMPARE(save(u"Proposed"_s,
+                      {typeName(folder.filePath(u"Sunday"_s)), press(u"Cancel"_s), typeAnother}),
+                 QUrl::fromLocalFile(folder.filePath(u"Monday.quenara"_s)));
+        QCOMPARE(proposed, u"Sunday.quenara"_s);
+    }
+
+    void aCancelledPanelGivesNoFile()
+    {
+        QVERIFY(!save(u"Proposed"_s, {Operator::Step(pressEscape)}));
+        QVERIFY(!save(u"Proposed"_s, {press(u"Cancel"_s)}));
+    }
+
+    void theNextPanelStartsWhereTheLastFileWas()
+    {
+        const QTemporaryDir folder;
+        FileDialogRunner runner(m_parent);
+        const Operator person({typeName(folder.filePath(u"Sunday"_s)), press(u"Save"_s)});
+        runner.run(zelvoProjectSavePanel(u"First"_s));
+        QCOMPARE(runner.run(zelvoProjectSavePanel(u"Second"_s)),
+                 QUrl::fromLocalFile(folder.filePath(u"Second.quenara"_s)));
+    }
+
+    void anOpenPanelTakesOneExistingFile()
+    {
+        FileDialogRunner runner(m_parent);
+        const QString path = dataPath(u"current.quenara"_s);
+        const Operator person({[this](QWidget &dialog) {
+                                   const auto &panel = dynamic_cast<QFileDialog &>(dialog);
+                                   QCOMPARE(panel.windowTitle(), u"Open Quenara Project"_s);
+                                   QCOMPARE(panel.fileMode(), QFileDialog::ExistingFile);
+                                   QCOMPARE(panel.parentWidget(), &m_window);
+                                   QCOMPARE(panel.windowModality(), Qt::WindowModal);
+                               },
+                               typeName(path)});
+        QCOMPARE(runner.run(zelvoProjectOpenPanel()), QUrl::fromLocalFile(path));
+    }
+
+    void aSecondPanelMeanwhileIsCancelled()
+    {
+        FileDialogRunner runner(m_parent);
+        std::optional<QUrl> second = QUrl();
+        const Operator person({[&](QWidget &dialog) {
+            second = runner.run(zelvoProjectOpenPanel());
+            dialog.close();
+        }});
+        runner.run(zelvoProjectSavePanel(u"First"_s));
+        QVERIFY(!second);
+    }
+};
+
+QUENARA_GUI_TEST_MAIN(TestDialogs)
+#include "tst_dialogs.moc"
