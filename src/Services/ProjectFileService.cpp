@@ -1,16 +1,11 @@
 #include "ProjectFileService.h"
 
+#include "FileReplacement.h"
 #include "ProjectCodec.h"
 #include "ProjectNormalizer.h"
 
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
-
-#ifdef Q_OS_UNIX
-#include <fcntl.h>
-#include <unistd.h>
-#endif
 
 namespace quenara {
 
@@ -26,22 +21,6 @@ QByteArray contents(const QUrl &url)
     if (file.error() != QFileDevice::NoError)
         throw ProjectFileError(ProjectFileError::unableToRead);
     return bytes;
-}
-
-/// Brings what was last renamed in \a folder to the disk, where the platform has a way to. The file
-/// itself is safe already; without this a loss of power might bring the old one back.
-void synchronize(const QString &folder)
-{
-#ifdef Q_OS_UNIX
-    const int descriptor =
-        ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (descriptor >= 0) {
-        ::fsync(descriptor);
-        ::close(descriptor);
-    }
-#else
-    Q_UNUSED(folder)
-#endif
 }
 
 } // namespace
@@ -60,11 +39,8 @@ void ProjectFileService::save(const ZelvoProject &project, const QUrl &url, cons
 {
     const std::optional<QByteArray> bytes =
         ProjectCodec::encode(ProjectNormalizer::normalizedForSave(project, now));
-    QSaveFile file(url.toLocalFile());
-    if (!bytes || !url.isLocalFile() || !file.open(QIODevice::WriteOnly)
-        || file.write(*bytes) != bytes->size() || !file.commit())
+    if (!bytes || !url.isLocalFile() || !replaceFile(url.toLocalFile(), *bytes))
         throw ProjectFileError(ProjectFileError::unableToWrite);
-    synchronize(QFileInfo(url.toLocalFile()).canonicalPath());
 }
 
 } // namespace quenara

@@ -21,9 +21,8 @@ struct ProjectFileService
     /// current nor a legacy document.
     static ZelvoProject load(const QUrl &url, const QDateTime &now);
 
-    /// Writes \a project, normalized and updated at \a now, as a complete new file that takes the
-    /// place of the old one, with its permissions, once it is on the disk. A symbolic link stays
-    /// and its target is written. Throws ProjectFileError: unableToWrite.
+    /// Writes \a project, normalized and updated at \a now, as replaceFile() does. Throws
+    /// ProjectFileError: unableToWrite.
     static void save(const ZelvoProject &project, const QUrl &url, const QDateTime &now);
 };
 

@@ -43,10 +43,9 @@ bool DocumentGuard::mayLeave(bool endsShow)
     }
     const QScopedValueRollback asking(m_isAsking, true);
     const LeaveAnswer answer = m_questions.ask({
-        .text = isUnsaved
-            ? QStringLiteral("Do you want to save the changes to \u201c%1\u201d?")
-                  .arg(m_store.project().name)
-            : QStringLiteral("Do you want to quit during the service?"),
+        .text = isUnsaved ? QStringLiteral("Do you want to save the changes to \u201c%1\u201d?")
+                                .arg(m_store.project().name)
+                          : QStringLiteral("Do you want to quit during the service?"),
         .detail = detail.join(QLatin1Char('\n')),
         .offersSave = isUnsaved,
         .proceedTitle = isUnsaved ? QStringLiteral("Don't Save") : QStringLiteral("Quit"),

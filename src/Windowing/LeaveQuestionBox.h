@@ -5,8 +5,8 @@
 
 namespace quenara {
 
-/// Asks in a message box: "Save", if offered, the button that goes on, and "Cancel", which Escape and
-/// closing the box are too.
+/// Asks in a message box: "Save", if offered, the button that goes on, and "Cancel", which Escape
+/// and closing the box are too.
 class LeaveQuestionBox : public LeaveQuestionRunner
 {
 public:

@@ -26,9 +26,10 @@ void OpenRecentMenu::showProjects()
 {
     clear();
     for (const RecentProject &project : m_store.recentProjects()) {
-        QString text = QStringLiteral("%1 \u2014 %2").arg(
-            project.name,
-            fontMetrics().elidedText(shownPath(project.path), Qt::ElideMiddle, widestPath));
+        QString text = QStringLiteral("%1 \u2014 %2")
+                           .arg(project.name,
+                                fontMetrics().elidedText(shownPath(project.path), Qt::ElideMiddle,
+                                                         widestPath));
         // An ampersand alone would mark the next letter as the item's key.
         QAction *action = addAction(text.replace(QLatin1Char('&'), QStringLiteral("&&")));
         action->setToolTip(project.path);

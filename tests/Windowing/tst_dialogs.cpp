@@ -139,14 +139,14 @@ private slots:
         QTest::newRow("closing it")
             << unsaved << Operator::Step(closeTheWindow) << LeaveAnswer::cancel;
         QTest::newRow("Return, as Save is the default")
-            << unsaved << Operator::Step([](QWidget &dialog) {
-                   QTest::keyClick(&dialog, Qt::Key_Return);
-               }) << LeaveAnswer::save;
+            << unsaved
+            << Operator::Step([](QWidget &dialog) { QTest::keyClick(&dialog, Qt::Key_Return); })
+            << LeaveAnswer::save;
         QTest::newRow("Quit") << quitting << press(u"Quit"_s) << LeaveAnswer::proceed;
         QTest::newRow("Return during a service, as Cancel is the default")
-            << quitting << Operator::Step([](QWidget &dialog) {
-                   QTest::keyClick(&dialog, Qt::Key_Return);
-               }) << LeaveAnswer::cancel;
+            << quitting
+            << Operator::Step([](QWidget &dialog) { QTest::keyClick(&dialog, Qt::Key_Return); })
+            << LeaveAnswer::cancel;
     }
 
     void theQuestionAnswersAsItsButtonsSay()
@@ -210,7 +210,8 @@ private slots:
         };
         QCOMPARE(save(u"Proposed"_s, {typeName(folder.filePath(u"Sunday"_s)), readQuestion}),
                  QUrl::fromLocalFile(path));
-        QCOMPARE(question, u"\u201cSunday.quenara\u201d already exists. Do you want to replace it?"_s);
+        QCOMPARE(question,
+                 u"\u201cSunday.quenara\u201d already exists. Do you want to replace it?"_s);
     }
 
     void notReplacingGoesBackToTheName()

@@ -249,8 +249,8 @@ private slots:
         QCOMPARE(paths,
                  (QStringList{dataPath(u"current.quenara"_s),
                               program.fileUrl(u"first.quenara"_s).toLocalFile()}));
-        QVERIFY(program.recentItems().constFirst()->text().startsWith(
-            program.store.project().name + u" \u2014 "_s));
+        QVERIFY(program.recentItems().constFirst()->text().startsWith(program.store.project().name
+                                                                      + u" \u2014 "_s));
         program.recentItems().at(1)->trigger();
         QCOMPARE(program.store.currentFileURL(), program.fileUrl(u"first.quenara"_s));
     }

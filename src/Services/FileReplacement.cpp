@@ -1,0 +1,138 @@
+#include "FileReplacement.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+#ifdef Q_OS_LINUX
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <fcntl.h>
+#include <optional>
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
+
+namespace quenara {
+
+namespace {
+
+/// The file behind a chain of symbolic links, which need not exist; a link if they go in a circle.
+QFileInfo linkTarget(const QString &path)
+{
+    constexpr int longestChain = 40;
+    QFileInfo file(path);
+    for (int length = 0; file.isSymLink() && length < longestChain; ++length)
+        file.setFile(file.symLinkTarget());
+    return file;
+}
+
+bool replaceByNamedFile(const QString &path, const QByteArray &bytes)
+{
+    QSaveFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+}
+
+#ifdef Q_OS_LINUX
+
+/// An open file or folder.
+class Descriptor
+{
+public:
+    Descriptor(const QString &path, int flags, mode_t mode = 0)
+        : m_number(::open(QFile::encodeName(path).constData(), flags | O_CLOEXEC, mode))
+    {}
+    ~Descriptor()
+    {
+        if (isOpen())
+            ::close(m_number);
+    }
+    Q_DISABLE_COPY_MOVE(Descriptor)
+
+    bool isOpen() const { return m_number >= 0; }
+    int number() const { return m_number; }
+
+    bool write(QByteArrayView bytes) const
+    {
+        while (!bytes.isEmpty()) {
+            const ssize_t written = ::write(m_number, bytes.data(), std::size_t(bytes.size()));
+            if (written < 0 && errno != EINTR)
+                return false;
+            bytes = bytes.sliced(std::max<ssize_t>(written, 0));
+        }
+        return true;
+    }
+
+    bool synchronize() const { return ::fsync(m_number) == 0; }
+
+    /// Best effort for the owner, which only some users may give away.
+    bool takeAttributes(const QString &path) const
+    {
+        struct stat attributes{};
+        if (::stat(QFile::encodeName(path).constData(), &attributes) != 0)
+            return false;
+        [[maybe_unused]] const int owner =
+            ::fchown(m_number, attributes.st_uid, attributes.st_gid);
+        constexpr mode_t permissions = 07777;
+        return ::fchmod(m_number, attributes.st_mode & permissions) == 0;
+    }
+
+    bool giveName(const QString &path) const
+    {
+        const QByteArray self = "/proc/self/fd/" + QByteArray::number(m_number);
+        return ::linkat(AT_FDCWD, self.constData(), AT_FDCWD, QFile::encodeName(path).constData(),
+                        AT_SYMLINK_FOLLOW)
+            == 0;
+    }
+
+private:
+    int m_number;
+};
+
+/// Nothing if the file system has no files without a name.
+std::optional<bool> replaceByUnnamedFile(const QFileInfo &target, const QByteArray &bytes)
+{
+    constexpr mode_t newFileMode = 0666; // less the user's mask
+    const Descriptor file(target.path(), O_TMPFILE | O_WRONLY, newFileMode);
+    if (!file.isOpen())
+        return std::nullopt;
+    const QString path = target.filePath();
+    if (!file.write(bytes) || (target.exists() && !file.takeAttributes(path))
+        || !file.synchronize())
+        return false;
+    // A name cannot be taken from another file, only be moved onto it. What a process that was
+    // killed in between has left goes with the next save.
+    const QString passing =
+        QStringLiteral("%1/.%2.saving").arg(target.path(), target.fileName());
+    QFile::remove(passing);
+    if (!file.giveName(passing))
+        return std::nullopt;
+    if (::rename(QFile::encodeName(passing).constData(), QFile::encodeName(path).constData()) != 0) {
+        QFile::remove(passing);
+        return false;
+    }
+    // The file is safe already; without this a loss of power might bring the old one back.
+    const Descriptor folder(target.path(), O_RDONLY | O_DIRECTORY);
+    if (folder.isOpen())
+        folder.synchronize();
+    return true;
+}
+
+#endif
+
+} // namespace
+
+bool replaceFile(const QString &path, const QByteArray &bytes)
+{
+    const QFileInfo target = linkTarget(path);
+    if (target.isSymLink() || target.isDir() || (target.exists() && !target.isWritable()))
+        return false;
+#ifdef Q_OS_LINUX
+    if (const std::optional<bool> replaced = replaceByUnnamedFile(target, bytes))
+        return *replaced;
+#endif
+    return replaceByNamedFile(target.filePath(), bytes);
+}
+
+} // namespace quenara

@@ -1,0 +1,293 @@
+#include "FileReplacement.h"
+#include "ProjectFileService.h"
+#include "ProjectTemplates.h"
+#include "TestSupport.h"
+
+#include <QDir>
+#include <QFile>
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <csignal>
+#include <functional>
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace quenara;
+using namespace quenara::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int usual = 0644;
+
+/// A folder with a project file in it.
+struct Folder
+{
+    QTemporaryDir folder;
+    ZelvoProject project = ProjectTemplates::demoProject(someTime());
+    QString path = folder.filePath(u"Sunday.quenara"_s);
+
+    Folder() { save(path); }
+
+    QUrl url() const { return QUrl::fromLocalFile(path); }
+    void save(const QString &to) const
+    {
+        ProjectFileService::save(project, QUrl::fromLocalFile(to), someTime());
+    }
+    bool savingFails(const QString &to) const
+    {
+        try {
+            save(to);
+        } catch (const ProjectFileError &error) {
+            return error == ProjectFileError(ProjectFileError::unableToWrite);
+        }
+        return false;
+    }
+    QStringList names() const
+    {
+        return QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::System
+                                             | QDir::NoDotAndDotDot);
+    }
+};
+
+QByteArray contents(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
+}
+
+int mode(const QString &path)
+{
+    struct stat attributes{};
+    ::stat(QFile::encodeName(path).constData(), &attributes);
+    return int(attributes.st_mode & 07777U);
+}
+
+/// Runs \a work in a process of its own; the status with which it ended.
+int statusOfProcess(const std::function<int()> &work)
+{
+    const pid_t process = ::fork();
+    if (process == 0)
+        ::_exit(work());
+    int status = 0;
+    ::waitpid(process, &status, 0);
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+bool hasUnnamedFiles(const QString &folder)
+{
+    const int file = ::open(QFile::encodeName(folder).constData(), O_TMPFILE | O_WRONLY, 0600);
+    if (file >= 0)
+        ::close(file);
+    return file >= 0;
+}
+
+} // namespace
+
+class TestSaving : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void aNewFileHasThePermissionsOfTheUsersMask()
+    {
+        const Folder f;
+        const mode_t before = ::umask(027);
+        f.save(f.folder.filePath(u"New.quenara"_s));
+        ::umask(before);
+        QCOMPARE(mode(f.folder.filePath(u"New.quenara"_s)), 0640);
+    }
+
+    void aReplacedFileKeepsItsPermissions_data()
+    {
+        QTest::addColumn<int>("permissions");
+        QTest::newRow("private") << 0600;
+        QTest::newRow("usual") << usual;
+        QTest::newRow("shared with the group") << 0664;
+        QTest::newRow("for all") << 0666;
+    }
+
+    void aReplacedFileKeepsItsPermissions()
+    {
+        QFETCH(int, permissions);
+        const Folder f;
+        QCOMPARE(::chmod(QFile::encodeName(f.path).constData(), mode_t(permissions)), 0);
+        f.save(f.path);
+        QCOMPARE(mode(f.path), permissions);
+    }
+
+    void aLinkStaysAndItsTargetIsWritten_data()
+    {
+        QTest::addColumn<QString>("target");
+        QTest::newRow("an absolute link") << u"%1/Sunday.quenara"_s;
+        QTest::newRow("a relative link") << u"Sunday.quenara"_s;
+        QTest::newRow("a link to nothing yet") << u"Monday.quenara"_s;
+    }
+
+    void aLinkStaysAndItsTargetIsWritten()
+    {
+        QFETCH(QString, target);
+        Folder f;
+        const QString link = f.folder.filePath(u"link.quenara"_s);
+        const QString linkToLink = f.folder.filePath(u"linkToLink.quenara"_s);
+        target = target.contains(u'%') ? target.arg(f.folder.path()) : target;
+        QCOMPARE(::symlink(QFile::encodeName(target).constData(),
+                           QFile::encodeName(link).constData()),
+                 0);
+        QCOMPARE(::symlink("link.quenara", QFile::encodeName(linkToLink).constData()), 0);
+        for (const QString &path : {link, linkToLink}) {
+            f.project.name += u"!"_s;
+            f.save(path);
+            QVERIFY(QFileInfo(path).isSymLink());
+            const QString written = QDir(f.folder.path()).filePath(target);
+            QVERIFY(!QFileInfo(written).isSymLink());
+            QCOMPARE(ProjectFileService::load(QUrl::fromLocalFile(written), someTime()).name,
+                     f.project.name);
+        }
+    }
+
+    void nothingIsLeftWhereSavingFails_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("a missing folder") << u"missing/Sunday.quenara"_s;
+        QTest::newRow("a folder of the name") << u"folder"_s;
+        QTest::newRow("a file where a folder should be") << u"Sunday.quenara/Monday.quenara"_s;
+        QTest::newRow("a link in a circle") << u"circle"_s;
+        QTest::newRow("a name that is too long") << QString(300, u'a');
+    }
+
+    void nothingIsLeftWhereSavingFails()
+    {
+        QFETCH(QString, name);
+        Folder f;
+        QVERIFY(QDir(f.folder.path()).mkdir(u"folder"_s));
+        const QString circle = f.folder.filePath(u"circle"_s);
+        QCOMPARE(::symlink("circle", QFile::encodeName(circle).constData()), 0);
+        const QStringList names = f.names();
+        const QByteArray before = contents(f.path);
+        f.project.name = u"Changed"_s;
+        QVERIFY(f.savingFails(f.folder.filePath(name)));
+        QCOMPARE(f.names(), names);
+        QCOMPARE(contents(f.path), before);
+    }
+
+    void aWriteProtectedFileOrFolderIsRespected()
+    {
+        Folder f;
+        const QByteArray before = contents(f.path);
+        f.project.name = u"Changed"_s;
+        // Root may write anywhere, so a process without privileges tries.
+        constexpr uid_t nobody = 65534;
+        const auto failsAsNobody = [&f] {
+            return statusOfProcess([&f] {
+                const bool isOther = ::geteuid() != 0 || ::setuid(nobody) == 0;
+                return isOther && f.savingFails(f.path) ? 0 : 1;
+            });
+        };
+        QFile::setPermissions(f.path, QFile::ReadOwner | QFile::ReadGroup | QFile::ReadOther);
+        QCOMPARE(::chmod(QFile::encodeName(f.folder.path()).constData(), 0777), 0);
+        QCOMPARE(failsAsNobody(), 0);
+        QCOMPARE(::chmod(QFile::encodeName(f.path).constData(), 0666), 0);
+        QCOMPARE(::chmod(QFile::encodeName(f.folder.path()).constData(), 0555), 0);
+        QCOMPARE(failsAsNobody(), 0);
+        QCOMPARE(::chmod(QFile::encodeName(f.folder.path()).constData(), 0700), 0);
+        QCOMPARE(f.names(), QStringList{u"Sunday.quenara"_s});
+        QCOMPARE(contents(f.path), before);
+    }
+
+    void aWriteThatFailsHalfWayLeavesTheOldFileAlone_data()
+    {
+        QTest::addColumn<int>("bytes");
+        QTest::newRow("at once") << 0;
+        QTest::newRow("after a byte") << 1;
+        QTest::newRow("half-way") << 20'000;
+    }
+
+    void aWriteThatFailsHalfWayLeavesTheOldFileAlone()
+    {
+        QFETCH(int, bytes);
+        Folder f;
+        const QByteArray before = contents(f.path);
+        QVERIFY(before.size() > bytes);
+        f.project.name = u"Changed"_s;
+        const int status = statusOfProcess([&f, bytes] {
+            std::signal(SIGXFSZ, SIG_IGN);
+            const rlimit limit{rlim_t(bytes), rlim_t(bytes)};
+            return ::setrlimit(RLIMIT_FSIZE, &limit) == 0 && f.savingFails(f.path) ? 0 : 1;
+        });
+        QCOMPARE(status, 0);
+        QCOMPARE(f.names(), QStringList{u"Sunday.quenara"_s});
+        QCOMPARE(contents(f.path), before);
+    }
+
+    void aKilledProcessLeavesTheOldFileOrTheNewOne()
+    {
+        constexpr int kills = 200;
+        constexpr int longestLifeMicroseconds = 20'000;
+        const Folder f;
+        const auto version = [&f](int number) {
+            ZelvoProject project = f.project;
+            project.name = QString::number(number);
+            return project;
+        };
+
+        QHash<QString, QByteArray> complete;
+        for (int number : {0, 1}) {
+            ProjectFileService::save(version(number), f.url(), someTime());
+            complete.insert(QString::number(number), contents(f.path));
+        }
+        QRandomGenerator random(1);
+        QSet<QByteArray> left;
+        for (int i = 0; i < kills; ++i) {
+            const pid_t process = ::fork();
+            if (process == 0) {
+                for (int number = 0;; number = 1 - number)
+                    ProjectFileService::save(version(number), f.url(), someTime());
+            }
+            ::usleep(useconds_t(random.bounded(longestLifeMicroseconds)));
+            ::kill(process, SIGKILL);
+            ::waitpid(process, nullptr, 0);
+            const QByteArray bytes = contents(f.path);
+            QVERIFY2(complete.values().contains(bytes),
+                     qPrintable(u"after %1 kills there are %2 bytes"_s.arg(i).arg(bytes.size())));
+            left.insert(bytes);
+        }
+        QCOMPARE(left.size(), 2); // else the processes did not come to save
+        if (!hasUnnamedFiles(f.folder.path()))
+            QSKIP("this file system has no files without a name: killed processes leave some");
+        QStringList others = f.names();
+        others.removeOne(u"Sunday.quenara"_s);
+        for (const QString &other : others) {
+            QCOMPARE(other, u".Sunday.quenara.saving"_s);
+            QVERIFY(complete.values().contains(contents(f.folder.filePath(other))));
+        }
+        f.save(f.path);
+        QCOMPARE(f.names(), QStringList{u"Sunday.quenara"_s});
+    }
+
+    void everyByteIsWritten_data()
+    {
+        QTest::addColumn<qsizetype>("size");
+        QTest::newRow("none") << qsizetype(0);
+        QTest::newRow("one") << qsizetype(1);
+        QTest::newRow("many") << qsizetype(5'000'001);
+    }
+
+    void everyByteIsWritten()
+    {
+        QFETCH(qsizetype, size);
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(u"bytes"_s);
+        QVERIFY(replaceFile(path, QByteArray(7'000'000, 'o')));
+        QVERIFY(replaceFile(path, QByteArray(size, 'n')));
+        QCOMPARE(contents(path), QByteArray(size, 'n'));
+    }
+};
+
+QTEST_GUILESS_MAIN(TestSaving)
+#include "tst_saving.moc"
