@@ -1,5 +1,5 @@
-# Compiles the faces of resources/fonts.list and the icons of resources/icons.list into a room,
-# from where the system's packages have put them.
+# Compiles files into a target. The faces of resources/fonts.list and the icons of
+# resources/icons.list are taken from where the system's packages have put them.
 
 function(quenara_read_list path result)
   file(STRINGS ${path} lines REGEX "^[^#]")

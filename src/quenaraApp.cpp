@@ -3,6 +3,7 @@
 #include "SlideFonts.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QStyleFactory>
 
 int main(int argc, char *argv[])
@@ -10,7 +11,9 @@ int main(int argc, char *argv[])
     QApplication application(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("Quenara"));
     QApplication::setApplicationName(QStringLiteral("Quenara"));
+    QApplication::setApplicationVersion(QStringLiteral(QUENARA_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("quenara"));
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/application/quenara.svg")));
     // One style on every desktop, so that the style sheet meets what it was drawn for.
     const QPalette platformPalette = QGuiApplication::palette();
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));

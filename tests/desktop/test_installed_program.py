@@ -17,6 +17,11 @@ class InstalledProgram(ShowCase):
         instance = read_entry()["StartupWMClass"]
         self.assertRegex(self.property_of(self.start(), "WM_CLASS"), f'= "{instance}", "')
 
+    def test_its_windows_carry_the_icon(self):
+        icons = self.property_of(self.start(), "_NET_WM_ICON")
+        for size in 16, 32, 64, 128:
+            self.assertIn(f"Icon ({size} x {size})", icons)
+
 
 if __name__ == "__main__":
     run()
