@@ -69,11 +69,11 @@ public:
     /// Best effort for the owner, which only some users may give away.
     bool takeAttributes(const QString &path) const
     {
-        struct stat attributes{};
+        struct stat attributes
+        {};
         if (::stat(QFile::encodeName(path).constData(), &attributes) != 0)
             return false;
-        [[maybe_unused]] const int owner =
-            ::fchown(m_number, attributes.st_uid, attributes.st_gid);
+        [[maybe_unused]] const int owner = ::fchown(m_number, attributes.st_uid, attributes.st_gid);
         constexpr mode_t permissions = 07777;
         return ::fchmod(m_number, attributes.st_mode & permissions) == 0;
     }
@@ -103,12 +103,12 @@ std::optional<bool> replaceByUnnamedFile(const QFileInfo &target, const QByteArr
         return false;
     // A name cannot be taken from another file, only be moved onto it. What a process that was
     // killed in between has left goes with the next save.
-    const QString passing =
-        QStringLiteral("%1/.%2.saving").arg(target.path(), target.fileName());
+    const QString passing = QStringLiteral("%1/.%2.saving").arg(target.path(), target.fileName());
     QFile::remove(passing);
     if (!file.giveName(passing))
         return std::nullopt;
-    if (::rename(QFile::encodeName(passing).constData(), QFile::encodeName(path).constData()) != 0) {
+    if (::rename(QFile::encodeName(passing).constData(), QFile::encodeName(path).constData())
+        != 0) {
         QFile::remove(passing);
         return false;
     }

@@ -39,7 +39,7 @@ bool DocumentGuard::mayLeave(bool endsShow)
         detail.append(QStringLiteral("Your changes are lost if you don't save them."));
     if (endsShow) {
         detail.append(QStringLiteral(
-            "The display window is open: the audience sees nothing any more once you quit."));
+            "The display window is open: quitting closes it in front of the audience."));
     }
     const QScopedValueRollback asking(m_isAsking, true);
     const LeaveAnswer answer = m_questions.ask({

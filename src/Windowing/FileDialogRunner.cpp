@@ -1,8 +1,9 @@
 #include "FileDialogRunner.h"
 
+#include "AlertBox.h"
+
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QStandardPaths>
@@ -12,6 +13,8 @@
 namespace quenara {
 
 namespace {
+
+constexpr QSize dialogSize{880, 560};
 
 QStringList nameFilters(const FilePanel &panel)
 {
@@ -53,6 +56,7 @@ std::optional<QString> FileDialogRunner::chosenPath(const FilePanel &panel)
 {
     const bool saves = panel.kind == FilePanel::Kind::save;
     QFileDialog dialog(m_parent(), panel.title, m_folder.path());
+    dialog.resize(dialogSize);
     dialog.setWindowModality(Qt::WindowModal); // the audience window keeps its keys
     dialog.setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog.setFileMode(saves ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
@@ -71,17 +75,14 @@ std::optional<QString> FileDialogRunner::chosenPath(const FilePanel &panel)
 bool FileDialogRunner::mayReplace(const QString &path)
 {
     const QFileInfo file(path);
-    QMessageBox box(QMessageBox::Warning, QStringLiteral("Quenara"),
-                    QStringLiteral("\u201c%1\u201d already exists. Do you want to replace it?")
-                        .arg(file.fileName()),
-                    QMessageBox::Cancel, m_parent());
-    box.setInformativeText(
-        QStringLiteral("What it holds now, in the folder \u201c%1\u201d, is lost then.")
-            .arg(file.dir().dirName()));
-    box.setWindowModality(Qt::WindowModal);
-    const auto *replace = box.addButton(QStringLiteral("Replace"), QMessageBox::DestructiveRole);
-    box.setDefaultButton(QMessageBox::Cancel);
-    box.setEscapeButton(QMessageBox::Cancel);
+    AlertBox box(QStringLiteral("\u201c%1\u201d already exists. Do you want to replace it?")
+                     .arg(file.fileName()),
+                 QStringLiteral("This overwrites the file in the folder \u201c%1\u201d.")
+                     .arg(file.dir().dirName()),
+                 AlertBox::Cancel, m_parent());
+    const auto *replace = box.addButton(QStringLiteral("Replace"), AlertBox::DestructiveRole);
+    box.setDefaultButton(AlertBox::Cancel);
+    box.setEscapeButton(AlertBox::Cancel);
     box.exec();
     return box.clickedButton() == replace;
 }

@@ -1,6 +1,7 @@
 #include "LeaveQuestionBox.h"
 
-#include <QMessageBox>
+#include "AlertBox.h"
+
 #include <QPushButton>
 
 #include <utility>
@@ -11,17 +12,13 @@ LeaveQuestionBox::LeaveQuestionBox(DialogParent parent) : m_parent(std::move(par
 
 LeaveAnswer LeaveQuestionBox::ask(const LeaveQuestion &question)
 {
-    QMessageBox box(QMessageBox::Question, QStringLiteral("Quenara"), question.text,
-                    QMessageBox::Cancel, m_parent());
-    box.setInformativeText(question.detail);
-    // The audience window keeps its keys.
-    box.setWindowModality(Qt::WindowModal);
-    const auto *proceed = box.addButton(question.proceedTitle, QMessageBox::DestructiveRole);
+    AlertBox box(question.text, question.detail, AlertBox::Cancel, m_parent());
+    const auto *proceed = box.addButton(question.proceedTitle, AlertBox::DestructiveRole);
     const QPushButton *save = nullptr;
     if (question.offersSave)
-        save = box.addButton(QMessageBox::Save);
-    box.setDefaultButton(question.offersSave ? QMessageBox::Save : QMessageBox::Cancel);
-    box.setEscapeButton(QMessageBox::Cancel);
+        save = box.addButton(AlertBox::Save);
+    box.setDefaultButton(question.offersSave ? AlertBox::Save : AlertBox::Cancel);
+    box.setEscapeButton(AlertBox::Cancel);
     box.exec();
     if (save && box.clickedButton() == save)
         return LeaveAnswer::save;

@@ -1,5 +1,6 @@
 #include "OperatorWindow.h"
 
+#include "AlertBox.h"
 #include "DocumentGuard.h"
 #include "OperatorView.h"
 #include "StartPanelView.h"
@@ -9,7 +10,6 @@
 
 #include <QCloseEvent>
 #include <QMenuBar>
-#include <QMessageBox>
 
 namespace quenara {
 
@@ -87,8 +87,7 @@ void OperatorWindow::showError()
         m_alert->setText(*message);
         return;
     }
-    auto *alert = new QMessageBox(QMessageBox::Warning, QStringLiteral("Quenara"), *message,
-                                  QMessageBox::Ok, this);
+    auto *alert = new AlertBox(*message, QString(), AlertBox::Ok, this);
     alert->setAttribute(Qt::WA_DeleteOnClose);
     connect(alert, &QDialog::finished, this, [this] {
         m_alert.clear();

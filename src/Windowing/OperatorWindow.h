@@ -3,10 +3,9 @@
 #include <QMainWindow>
 #include <QPointer>
 
-class QMessageBox;
-
 namespace quenara {
 
+class AlertBox;
 class DocumentGuard;
 class StartPanelView;
 class WindowCoordinator;
@@ -35,7 +34,7 @@ private:
     WindowCoordinator &m_windows;
     DocumentGuard &m_guard;
     QPointer<StartPanelView> m_startPanel;
-    QPointer<QMessageBox> m_alert;
+    QPointer<AlertBox> m_alert;
 };
 
 } // namespace quenara

@@ -10,8 +10,8 @@
 #include <QTest>
 
 #include <csignal>
-#include <functional>
 #include <fcntl.h>
+#include <functional>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -50,8 +50,8 @@ struct Folder
     }
     QStringList names() const
     {
-        return QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::System
-                                             | QDir::NoDotAndDotDot);
+        return QDir(folder.path())
+            .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
     }
 };
 
@@ -63,7 +63,8 @@ QByteArray contents(const QString &path)
 
 int mode(const QString &path)
 {
-    struct stat attributes{};
+    struct stat attributes
+    {};
     ::stat(QFile::encodeName(path).constData(), &attributes);
     return int(attributes.st_mode & 07777U);
 }
@@ -136,9 +137,9 @@ private slots:
         const QString link = f.folder.filePath(u"link.quenara"_s);
         const QString linkToLink = f.folder.filePath(u"linkToLink.quenara"_s);
         target = target.contains(u'%') ? target.arg(f.folder.path()) : target;
-        QCOMPARE(::symlink(QFile::encodeName(target).constData(),
-                           QFile::encodeName(link).constData()),
-                 0);
+        QCOMPARE(
+            ::symlink(QFile::encodeName(target).constData(), QFile::encodeName(link).constData()),
+            0);
         QCOMPARE(::symlink("link.quenara", QFile::encodeName(linkToLink).constData()), 0);
         for (const QString &path : {link, linkToLink}) {
             f.project.name += u"!"_s;

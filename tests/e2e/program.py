@@ -151,6 +151,15 @@ class Program:
         self.toggle_stage()
         return self.wait_for_window(STAGE)
 
+    def answer_question(self, *keys):
+        """Presses keys in the alert that stands or is about to."""
+        self.focus(ALERT)
+        self.press(*keys)
+
+    def type(self, text):
+        """Types text into the field that has the focus."""
+        self.server.run("xdotool", "type", text)
+
     def close_window(self, title):
         """Presses the close button of a window's frame."""
         self.server.run("wmctrl", "-i", "-c", self.wait_for_window(title))

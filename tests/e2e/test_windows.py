@@ -24,6 +24,7 @@ class Windows(ShowCase):
         program.open_stage()
         program.open_display()
         program.close_window(OPERATOR)
+        program.answer_question("shift+Tab", "space")
         self.assertEqual(program.wait_for_end(), 0, program.output())
         self.assertEqual(program.windows(), {})
 

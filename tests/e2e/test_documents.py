@@ -1,0 +1,147 @@
+"""Documents by the windows alone: opened, changed, saved, and never lost by a slip."""
+
+import json
+import shutil
+import tempfile
+from pathlib import Path
+
+from processes import wait_until
+from program import ALERT, DISPLAY, OPERATOR
+from show_case import SHOW, ShowCase, TwoScreenCase, run
+from xserver import FIRST_SCREEN
+
+SAVE_PANEL = "Save Quenara Project"
+OPEN_PANEL = "Open Quenara Project"
+# From the button that is the default to its neighbours; without a warning about the audience.
+DO_NOT_SAVE = ["Tab", "space"]
+
+
+def name_in(file):
+    return json.loads(file.read_text())["name"]
+
+
+class Documents:
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory(prefix="quenara-documents-")
+        self.addCleanup(folder.cleanup)
+        self.folder = Path(folder.name)
+        self.file = self.folder / "Evening.quenara"
+        shutil.copy(SHOW, self.file)
+        self.start(self.file)
+        self.program.wait_for_window("Evening Show — Quenara")
+
+    def rename(self, name):
+        self.program.focus(OPERATOR)
+        self.program.click_project_name()
+        self.program.press("ctrl+a")
+        self.program.type(name)
+
+    def save_as(self, path):
+        self.program.press("ctrl+shift+s")
+        self.program.focus(SAVE_PANEL)
+        self.program.press("ctrl+a")
+        self.program.type(str(path))
+        self.program.press("Return")
+
+
+class OneDocument(Documents, ShowCase):
+    def test_what_was_typed_last_is_saved_when_quitting(self):
+        self.rename("Late change")
+        self.program.press("ctrl+q")
+        self.program.answer_question("Return")
+        self.assertEqual(self.program.wait_for_end(), 0, self.program.output())
+        self.assertEqual(name_in(self.file), "Late change")
+
+    def test_a_document_is_dropped_only_when_told_so(self):
+        before = self.file.read_bytes()
+        self.rename("Dropped")
+        self.program.press("ctrl+q")
+        self.program.answer_question("Escape")
+        self.program.wait_for_no_window(ALERT)
+        self.assertIsNotNone(self.program.window("Dropped — Quenara"))
+        self.program.focus(OPERATOR)
+        self.program.press("ctrl+q")
+        self.program.answer_question(*DO_NOT_SAVE)
+        self.assertEqual(self.program.wait_for_end(), 0, self.program.output())
+        self.assertEqual(self.file.read_bytes(), before)
+
+    def test_open_recent_asks_first_and_then_opens(self):
+        other = self.folder / "Other.quenara"
+        self.rename("Other")
+        self.program.press("Return")
+        self.save_as(other)
+        self.program.wait_for_no_window(SAVE_PANEL)
+        self.rename("Changed")
+        self.program.press("Return", "alt+f", *["Down"] * 4, "Right", "Down", "Return")
+        self.program.answer_question("Return")
+        self.program.wait_for_window("Evening Show — Quenara")
+        self.assertEqual(name_in(other), "Changed")
+
+    def test_a_saved_name_gets_its_suffix_and_is_asked_about_before_it_is_replaced(self):
+        path = self.folder / "Copy"
+        self.program.focus(OPERATOR)
+        self.save_as(path)
+        written = self.folder / "Copy.quenara"
+        wait_until(written.exists, "the file to be saved")
+        before = written.read_bytes()
+        self.rename("Second")
+        self.program.press("Return")
+        self.save_as(path)
+        self.program.answer_question("Escape")
+        self.program.focus(SAVE_PANEL)
+        self.program.press("Escape")
+        self.program.wait_for_no_window(SAVE_PANEL)
+        self.assertEqual(written.read_bytes(), before)
+        self.program.focus(OPERATOR)
+        self.save_as(path)
+        self.program.answer_question("shift+Tab", "space")
+        wait_until(lambda: name_in(written) == "Second", "the file to be replaced")
+        self.assertFalse(path.exists())
+
+    def test_a_file_that_is_no_project_is_said_so_and_the_document_stays(self):
+        wrong = self.folder / "wrong.json"
+        wrong.write_text("[]")
+        self.program.focus(OPERATOR)
+        self.program.press("ctrl+o")
+        self.program.focus(OPEN_PANEL)
+        self.program.type(str(wrong))
+        self.program.press("Return")
+        self.program.answer_question("Return")
+        self.program.wait_for_no_window(ALERT)
+        self.assertIsNotNone(self.program.window("Evening Show — Quenara"))
+
+
+class DocumentsDuringTheService(Documents, TwoScreenCase):
+    def test_no_dialog_ever_comes_over_the_audience(self):
+        program = self.program
+        program.open_display()
+        program.focus(OPERATOR)
+        program.press("Right")
+        self.see_slide(1)
+        self.rename("Changed")
+        program.press("Return")
+        for key, title in (("ctrl+shift+s", SAVE_PANEL), ("ctrl+o", ALERT), ("ctrl+q", ALERT)):
+            program.focus(DISPLAY)
+            program.press(key)
+            program.focus(title)
+            width, height, x, y = program.area(title)
+            self.assertLessEqual(x + width, FIRST_SCREEN[0], f"{key} shows {title} at {x}")
+            self.see_slide(1)
+            program.press("Escape")
+            program.wait_for_no_window(title)
+        self.assertIsNone(program.status())
+
+    def test_quitting_asks_once_about_the_service_and_the_changes(self):
+        program = self.program
+        self.rename("Changed")
+        program.press("Return")
+        program.open_display()
+        program.focus(OPERATOR)
+        program.press("ctrl+q")
+        program.answer_question("Return")
+        self.assertEqual(program.wait_for_end(), 0, program.output())
+        self.assertEqual(name_in(self.file), "Changed")
+
+
+if __name__ == "__main__":
+    run()
