@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QPushButton>
 #include <QScopedValueRollback>
+#include <QSplitter>
 #include <QStandardPaths>
 
 #include <utility>
@@ -15,6 +16,7 @@ namespace quenara {
 namespace {
 
 constexpr QSize dialogSize{880, 560};
+constexpr int placesWidth = 180;
 
 QStringList nameFilters(const FilePanel &panel)
 {
@@ -57,6 +59,9 @@ std::optional<QString> FileDialogRunner::chosenPath(const FilePanel &panel)
     const bool saves = panel.kind == FilePanel::Kind::save;
     QFileDialog dialog(m_parent(), panel.title, m_folder.path());
     dialog.resize(dialogSize);
+    // The toolkit's own dialog has one, and leaves the places hardly any room in it.
+    if (auto *splitter = dialog.findChild<QSplitter *>())
+        splitter->setSizes({placesWidth, dialogSize.width() - placesWidth});
     dialog.setWindowModality(Qt::WindowModal); // the audience window keeps its keys
     dialog.setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog.setFileMode(saves ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
