@@ -24,8 +24,17 @@ private slots:
         QTest::newRow("no zone") << u"2026-03-01T09:30:00"_s << false;
         QTest::newRow("a date alone") << u"2026-03-01"_s << false;
         QTest::newRow("a space for the T") << u"2026-03-01 09:30:00Z"_s << false;
-        QTest::newRow("small letters") << u"2026-03-01t09:30:00z"_s << false;
+        QTest::newRow("a small t") << u"2026-03-01t09:30:00Z"_s << false;
         QTest::newRow("no such month") << u"2026-13-01T09:30:00Z"_s << false;
+        QTest::newRow("30 February") << u"2024-02-30T00:00:00Z"_s << false;
+        QTest::newRow("the first year") << u"0001-01-01T00:00:00Z"_s << true;
+        QTest::newRow("the last year of four digits") << u"9999-12-31T23:59:59Z"_s << true;
+        QTest::newRow("the year before the first") << u"0000-06-15T12:00:00Z"_s << false;
+        QTest::newRow("a leap second") << u"2016-12-31T23:59:60Z"_s << false;
+        QTest::newRow("no such minute") << u"2026-03-01T09:60:00Z"_s << false;
+        QTest::newRow("a small z") << u"2026-03-01T09:30:00z"_s << false;
+        QTest::newRow("an offset of nothing") << u"2026-03-01T09:30:00+00:00"_s << false;
+        QTest::newRow("digits of another script") << u"\u0662026-03-01T09:30:00Z"_s << false;
         QTest::newRow("no such hour") << u"2026-03-01T24:00:00Z"_s << false;
         QTest::newRow("a sign for a digit") << u"-026-03-01T09:30:00Z"_s << false;
         QTest::newRow("a space after it") << u"2026-03-01T09:30:00Z "_s << false;

@@ -1,141 +1,17 @@
-#include "ProjectCodec.h"
+#include "Documents.h"
 #include "ProjectTemplates.h"
 #include "Records.h"
 #include "TestSupport.h"
 
-#include <QHash>
-#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QTest>
 
-#include <functional>
 #include <limits>
 
 using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
-
-namespace {
-
-std::optional<ZelvoProject> currentProject(const QByteArray &bytes)
-{
-    const auto document = ProjectCodec::decode(bytes);
-    const auto *project = document ? std::get_if<ZelvoProject>(&*document) : nullptr;
-    return project ? std::optional(*project) : std::nullopt;
-}
-
-QByteArray encoded(const ZelvoProject &project)
-{
-    return ProjectCodec::encode(project).value_or(QByteArray());
-}
-
-std::optional<LegacyQuenaraDocument> legacyDocument(const QByteArray &bytes)
-{
-    const auto document = ProjectCodec::decode(bytes);
-    const auto *legacy = document ? std::get_if<LegacyQuenaraDocument>(&*document) : nullptr;
-    return legacy ? std::optional(*legacy) : std::nullopt;
-}
-
-QByteArray jsonOf(const QJsonValue &value)
-{
-    return QJsonDocument(value.toObject()).toJson();
-}
-
-/// The text of \a bytes with the one occurrence of \a before replaced.
-QByteArray replaced(QByteArray bytes, const QByteArray &before, const QByteArray &after)
-{
-    return bytes.count(before) == 1 ? bytes.replace(before, after) : QByteArray();
-}
-
-// The shape of a current document, apart from the records.
-
-/// The keys that a record may lack, by the key under which it stands in a document. A slide may
-/// lack them all.
-const QHash<QString, QStringList> &optionalKeys()
-{
-    static const QHash<QString, QStringList> keys = {
-        {u"serviceItems"_s, {u"subtitle"_s}},
-        {u"design"_s, {u"themeId"_s}},
-        {u"background"_s, {u"gradient"_s, u"image"_s, u"video"_s}},
-        {u"video"_s, {u"dataUrl"_s}},
-        {u"elements"_s, {u"text"_s, u"image"_s, u"shape"_s, u"lowerThird"_s}},
-        {u"text"_s, {u"shadow"_s, u"outline"_s, u"backgroundFill"_s}},
-        {u"shape"_s, {u"stroke"_s}},
-    };
-    return keys;
-}
-
-bool isOptional(const QString &record, const QString &key)
-{
-    return record == u"slides"_s || optionalKeys().value(record).contains(key);
-}
-
-/// What is done with one key of one object of a document: given the record's name and the key,
-/// the values to try in the place of the present one (undefined: the key is removed).
-struct Variant
-{
-    QJsonValue value;
-    bool staysReadable;
-};
-using Variants = std::function<QList<Variant>(const QString &record, const QString &key,
-                                              const QJsonValue &present)>;
-
-/// Calls \a visit with the whole document for every variant of every key in \a value, which
-/// stands under \a name and is put back into its document by \a rebuild.
-void forEachVariant(const QJsonValue &value, const QString &name, const QString &path,
-                    const std::function<QJsonValue(const QJsonValue &)> &rebuild,
-                    const Variants &variants,
-                    const std::function<void(const QString &, const QJsonValue &, bool)> &visit)
-{
-    if (value.isArray()) {
-        const QJsonArray array = value.toArray();
-        for (qsizetype i = 0; i < array.size(); ++i) {
-            const auto rebuildWith = [&](const QJsonValue &changed) {
-                QJsonArray copy = array;
-                copy[i] = changed;
-                return rebuild(copy);
-            };
-            forEachVariant(array[i], name, u"%1[%2]"_s.arg(path).arg(i), rebuildWith, variants,
-                           visit);
-        }
-    } else if (value.isObject()) {
-        const QJsonObject object = value.toObject();
-        for (const QString &key : object.keys()) {
-            if (key == u"somethingThatNobodyKnows"_s)
-                continue;
-            const QString keyPath = path + u'.' + key;
-            const auto rebuildWith = [&](const QJsonValue &changed) {
-                QJsonObject copy = object;
-                copy.remove(key);
-                if (!changed.isUndefined())
-                    copy.insert(key, changed);
-                return rebuild(copy);
-            };
-            for (const Variant &variant : variants(name, key, object[key]))
-                visit(keyPath, rebuildWith(variant.value), variant.staysReadable);
-            forEachVariant(object[key], key, keyPath, rebuildWith, variants, visit);
-        }
-    }
-}
-
-/// Verifies for every variant of every key of the sample that it reads as a current document just
-/// when it should; says how many there were.
-int compareVariants(const Variants &variants)
-{
-    const QJsonValue sample = QJsonDocument::fromJson(dataBytes(u"current.quenara"_s)).object();
-    int count = 0;
-    forEachVariant(
-        sample, u"project"_s, u""_s, [](const QJsonValue &value) { return value; }, variants,
-        [&count](const QString &path, const QJsonValue &document, bool staysReadable) {
-            ++count;
-            QVERIFY2(currentProject(jsonOf(document)).has_value() == staysReadable,
-                     qPrintable(path));
-        });
-    return count;
-}
-
-} // namespace
 
 class TestProjectCodec : public QObject
 {
@@ -284,73 +160,6 @@ private slots:
         QVERIFY(slides.at(0).id != slides.at(1).id);
     }
 
-    void aMissingKeyFailsJustWhereItIsRequired()
-    {
-        const int count = compareVariants(
-            [](const QString &record, const QString &key, const QJsonValue &) -> QList<Variant> {
-                return {{QJsonValue(QJsonValue::Undefined), isOptional(record, key)},
-                        {QJsonValue(QJsonValue::Null), isOptional(record, key)}};
-            });
-        QVERIFY(count > 300);
-    }
-
-    void aValueOfAnotherTypeFailsEverywhere()
-    {
-        const int count =
-            compareVariants([](const QString &, const QString &, const QJsonValue &present) {
-                QList<Variant> others;
-                for (const QJsonValue &other :
-                     {QJsonValue(u"no such word"_s), QJsonValue(1.5), QJsonValue(true),
-                      QJsonValue(QJsonArray{7}), QJsonValue(QJsonObject{{u"x"_s, 7}})}) {
-                    if (!present.isNull() && other.type() != present.type())
-                        others.append({other, false});
-                }
-                return others;
-            });
-        QVERIFY(count > 600);
-    }
-
-    void everythingThatIsNoCurrentDocumentFailsAsOne_data()
-    {
-        QTest::addColumn<QByteArray>("before");
-        QTest::addColumn<QByteArray>("after");
-        const auto row = [](const char *name, const QByteArray &before, const QByteArray &after) {
-            QTest::newRow(name) << before << after;
-        };
-        row("the type of an item with a capital", R"("type": "song")", R"("type": "Song")");
-        row("an unknown kind of project", R"("kind": "event")", R"("kind": "wedding")");
-        row("an empty weight", R"("weight": "heavy")", R"("weight": "")");
-        row("a fraction for an integer", "\"zIndex\": -2", "\"zIndex\": -2.5");
-        row("an integer beyond 64 bits", "\"zIndex\": -2", "\"zIndex\": 18446744073709551615");
-        row("a date with a fraction of a second", "09:30:00Z", "09:30:00.000Z");
-        row("a date with an offset", "09:30:00Z", "09:30:00+00:00");
-        row("a date that does not exist", "2026-03-01T", "2026-02-30T");
-        row("a null among the slides",
-            "\"slides\": [\n"
-            "                {\n"
-            "                    \"id\": \"SLIDE-3\",",
-            "\"slides\": [ null,\n"
-            "                {\n"
-            "                    \"id\": \"SLIDE-3\",");
-    }
-
-    void everythingThatIsNoCurrentDocumentFailsAsOne()
-    {
-        QFETCH(QByteArray, before);
-        QFETCH(QByteArray, after);
-        const QByteArray bytes = replaced(dataBytes(u"current.quenara"_s), before, after);
-        QVERIFY(!QJsonDocument::fromJson(bytes).isNull());
-        QVERIFY(!currentProject(bytes));
-    }
-
-    void aWholeNumberWrittenWithAFractionIsAnInteger()
-    {
-        const auto project = currentProject(
-            replaced(dataBytes(u"current.quenara"_s), "\"zIndex\": -2", "\"zIndex\": -2.0"));
-        QVERIFY(project);
-        QCOMPARE(project->serviceItems.first().slides.first().design.elements.first().zIndex, -2);
-    }
-
     void aCurrentDocumentWithoutItemsIsReadAsALegacyOne()
     {
         const auto legacy =
@@ -403,47 +212,6 @@ private slots:
     void anEmptyObjectIsALegacyDocument()
     {
         QCOMPARE(legacyDocument(dataBytes(u"empty-object.json"_s)), LegacyQuenaraDocument());
-    }
-
-    void whatIsNoDocumentAtAllGivesNothing_data()
-    {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::newRow("no bytes") << QByteArray();
-        QTest::newRow("white space") << QByteArray(" \n");
-        QTest::newRow("broken JSON") << dataBytes(u"broken.json"_s);
-        QTest::newRow("an array") << dataBytes(u"array.json"_s);
-        QTest::newRow("a text") << QByteArray("\"{}\"");
-        QTest::newRow("null") << QByteArray("null");
-        QTest::newRow("two objects") << QByteArray("{} {}");
-        QTest::newRow("a comma too many") << QByteArray(R"({"id":"P",})");
-        QTest::newRow("a NUL byte in a text") << QByteArray("{\"id\":\"P\0\"}", 11);
-        QTest::newRow("bytes that are no UTF-8") << QByteArray("{\"id\":\"\xff\"}");
-        QTest::newRow("a legacy key of another type") << QByteArray("{\"name\":7}");
-        QTest::newRow("a legacy slide of another type") << QByteArray("{\"slides\":[[]]}");
-        QTest::newRow("a number beyond all bounds") << QByteArray("{\"x\":1e999}");
-        QTest::newRow("too deep a nesting")
-            << QByteArray("{\"x\":") + QByteArray(100000, '[') + QByteArray(100000, ']') + "}";
-    }
-
-    void whatIsNoDocumentAtAllGivesNothing()
-    {
-        QFETCH(QByteArray, bytes);
-        QVERIFY(!ProjectCodec::decode(bytes));
-    }
-
-    void everyTruncationOfADocumentGivesNothing()
-    {
-        const QByteArray bytes = dataBytes(u"current.quenara"_s).trimmed();
-        QVERIFY(currentProject(bytes));
-        for (qsizetype length = 0; length < bytes.size(); ++length) {
-            QVERIFY2(!ProjectCodec::decode(bytes.first(length)),
-                     QByteArray::number(length).constData());
-        }
-    }
-
-    void theLastOfSeveralEqualKeysCounts()
-    {
-        QCOMPARE(legacyDocument("{\"name\":\"first\",\"name\":\"last\"}")->name, u"last"_s);
     }
 
     void aWrittenProjectReadsBackTheSame_data()
