@@ -293,6 +293,16 @@ private slots:
         QCOMPARE(readingOf(withName('a' + escape + 'b')), Reading::nothing);
     }
 
+    void aByteOrderMarkIsSkipped()
+    {
+        const QByteArray mark = "\xef\xbb\xbf";
+        const QByteArray current = dataBytes(u"current.quenara"_s);
+        QCOMPARE(currentProject(mark + current), currentProject(current));
+        const QByteArray legacy = dataBytes(u"legacy-flat.json"_s);
+        QVERIFY(legacyDocument(legacy));
+        QCOMPARE(legacyDocument(mark + legacy), legacyDocument(legacy));
+    }
+
     void escapesStandForTheirCharacters()
     {
         const auto project =
