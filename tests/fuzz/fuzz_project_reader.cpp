@@ -1,0 +1,50 @@
+// Whatever bytes the reader accepts must become a project that a save and a load give back whole.
+
+#include "ProjectCodec.h"
+#include "ProjectNormalizer.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+using namespace quenara;
+
+namespace {
+
+void demand(bool holds, const char *what)
+{
+    if (!holds) {
+        std::fprintf(stderr, "not so: %s\n", what);
+        std::abort();
+    }
+}
+
+ZelvoProject normalized(const DecodedDocument &document)
+{
+    const QDateTime now(QDate(2026, 3, 1), QTime(9, 30), Qt::UTC);
+    if (const auto *legacy = std::get_if<LegacyQuenaraDocument>(&document))
+        return ProjectNormalizer::project(*legacy, now);
+    return ProjectNormalizer::normalized(std::get<ZelvoProject>(document));
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+{
+    const std::optional<DecodedDocument> document =
+        ProjectCodec::decode(QByteArray(reinterpret_cast<const char *>(data), qsizetype(size)));
+    if (!document)
+        return 0;
+    const ZelvoProject project = normalized(*document);
+    demand(!project.serviceItems.isEmpty(), "a project that was read has an item");
+    demand(ProjectNormalizer::normalized(project) == project, "normalizing twice changes nothing");
+
+    const std::optional<QByteArray> written = ProjectCodec::encode(project);
+    demand(written.has_value(), "what was read can be written");
+    const std::optional<DecodedDocument> reread = ProjectCodec::decode(*written);
+    demand(reread.has_value(), "what was written can be read");
+    const auto *again = std::get_if<ZelvoProject>(&*reread);
+    demand(again, "what was written is a current document");
+    demand(*again == project, "what was written reads back the same");
+    demand(ProjectCodec::encode(*again) == written, "it is written as the same bytes again");
+    return 0;
+}
