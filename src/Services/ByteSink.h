@@ -4,7 +4,6 @@
 #include <QByteArrayView>
 
 #include <algorithm>
-#include <cstring>
 
 namespace quenara::json {
 
@@ -25,7 +24,7 @@ public:
     void append(QByteArrayView bytes)
     {
         makeRoom(bytes.size());
-        std::memcpy(m_bytes.data() + m_size, bytes.data(), std::size_t(bytes.size()));
+        std::copy(bytes.begin(), bytes.end(), m_bytes.data() + m_size);
         m_size += bytes.size();
     }
 

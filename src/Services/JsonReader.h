@@ -65,6 +65,9 @@ public:
         if (element.get(utf8) != simdjson::SUCCESS)
             return false;
         value = QString::fromUtf8(utf8.data(), qsizetype(utf8.size()));
+        // Qt takes a byte-order mark off that begins a text.
+        if (utf8.starts_with("\xef\xbb\xbf"))
+            value.prepend(QChar::ByteOrderMark);
         return true;
     }
 
