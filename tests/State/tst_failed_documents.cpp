@@ -1,0 +1,221 @@
+#include "Documents.h"
+#include "ProjectFileError.h"
+#include "TestSupport.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTest>
+
+#include <sys/stat.h>
+
+using namespace quenara;
+using namespace quenara::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Operation = void (WorkspaceStore::*)();
+
+QByteArray bytesOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QStringList entriesOf(const QString &path)
+{
+    return QDir(path).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+}
+
+/// Everything that a failure must leave alone, the preferences' bytes included.
+struct Everything
+{
+    WorkspaceState state;
+    QList<ZelvoProject> undoStack;
+    QList<ZelvoProject> redoStack;
+    QByteArray preferences;
+
+    bool operator==(const Everything &) const = default;
+};
+
+Everything everythingOf(World &world)
+{
+    world.preferences.sync();
+    return {world.store.state(), world.store.undoStore().undoStack(),
+            world.store.undoStore().redoStack(), bytesOf(world.preferences.fileName())};
+}
+
+/// A world in the midst of work: a saved document with edits since, both stacks filled, an output
+/// that is not at rest.
+struct BusyWorld : World
+{
+    QUrl saved = fileUrl(u"saved/show.quenara"_s);
+
+    BusyWorld() : World(showOf({2, 1}))
+    {
+        QDir(folder.path()).mkpath(u"saved"_s);
+        panels.answer = saved;
+        store.saveProject();
+        store.updateProjectName(u"Worked on"_s);
+        store.duplicateSelectedSlide();
+        store.addServiceItem(ServiceItemType::message);
+        store.undo();
+        store.goLive();
+        store.toggleBlackout();
+        store.setStartPanelPresented(true);
+        panels.asked.clear();
+    }
+};
+
+/// Compares \a world with what it was \a before but for the message that it failed with.
+void compareButForTheMessage(World &world, Everything before, ProjectFileError::Case error)
+{
+    before.state.errorMessage = ProjectFileError(error).description();
+    const Everything after = everythingOf(world);
+    QCOMPARE(after.state.errorMessage, before.state.errorMessage);
+    QVERIFY(after.state == before.state);
+    QVERIFY(after == before);
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Operation)
+
+class TestFailedDocuments : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void aBadFileChangesNothingButTheMessage_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        const QByteArray whole = dataBytes(u"current.quenara"_s);
+        QTest::newRow("an empty file") << QByteArray();
+        QTest::newRow("white space") << QByteArray(" \n\t");
+        QTest::newRow("half a document") << whole.first(whole.size() / 2);
+        QTest::newRow("all but the last brace") << whole.trimmed().chopped(1);
+        QTest::newRow("an array") << dataBytes(u"array.json"_s);
+        QTest::newRow("a document that is not UTF-8")
+            << replaced(whole, "\"Doors at six\"", "\"Doors at \xff\"");
+        QTest::newRow("NUL bytes") << QByteArray(4096, '\0');
+        QTest::newRow("a picture") << QByteArray("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16);
+        QTest::newRow("an item of an unknown type")
+            << replaced(whole, R"("type": "song")", R"("type": "Song")");
+        QTest::newRow("a name that is a number")
+            << replaced(dataBytes(u"empty-slides.quenara"_s), R"("name": "Bare")", R"("name": 7)");
+        QTest::newRow("a nesting without end") << QByteArray("{\"x\":") + QByteArray(100000, '[');
+    }
+
+    void aBadFileChangesNothingButTheMessage()
+    {
+        QFETCH(QByteArray, bytes);
+        BusyWorld world;
+        QFile file(world.folder.filePath(u"bad.quenara"_s));
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());
+        file.close();
+        const Everything before = everythingOf(world);
+        world.store.openProject(world.fileUrl(u"bad.quenara"_s));
+        compareButForTheMessage(world, before, ProjectFileError::unsupportedFormat);
+        QCOMPARE(bytesOf(file.fileName()), bytes);
+    }
+
+    void whatCannotBeReadChangesNothingButTheMessage_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::newRow("a missing file") << u"missing.quenara"_s;
+        QTest::newRow("a missing folder") << u"missing/show.quenara"_s;
+        QTest::newRow("a folder") << u"saved"_s;
+        QTest::newRow("a link to nothing") << u"link.quenara"_s;
+        QTest::newRow("a file taken for a folder") << u"saved/show.quenara/show.quenara"_s;
+        QTest::newRow("a name beyond all lengths") << QString(5000, u'x');
+        QTest::newRow("a pipe that nobody writes to") << u"pipe.quenara"_s;
+        QTest::newRow("a device without an end") << u"/dev/zero"_s;
+        QTest::newRow("a device without a byte") << u"/dev/null"_s;
+    }
+
+    void whatCannotBeReadChangesNothingButTheMessage()
+    {
+        QFETCH(QString, path);
+        BusyWorld world;
+        const QDir folder(world.folder.path());
+        QVERIFY(QFile::link(u"nowhere"_s, folder.filePath(u"link.quenara"_s)));
+        const QByteArray pipe = QFile::encodeName(folder.filePath(u"pipe.quenara"_s));
+        QCOMPARE(mkfifo(pipe.constData(), S_IRUSR | S_IWUSR), 0);
+        const Everything before = everythingOf(world);
+        world.store.openProject(QUrl::fromLocalFile(folder.absoluteFilePath(path)));
+        compareButForTheMessage(world, before, ProjectFileError::unableToRead);
+    }
+
+    void aFileWithoutLeaveToReadChangesNothingButTheMessage()
+    {
+        BusyWorld world;
+        QFile file(world.saved.toLocalFile());
+        QVERIFY(file.setPermissions({}));
+        if (file.open(QIODevice::ReadOnly))
+            QSKIP("this user may read every file");
+        const Everything before = everythingOf(world);
+        world.store.openProject(world.saved);
+        compareButForTheMessage(world, before, ProjectFileError::unableToRead);
+    }
+
+    void aFailedSaveChangesNothingButTheMessage_data()
+    {
+        QTest::addColumn<Operation>("operation");
+        QTest::addColumn<QString>("path");
+        const auto row = [](const char *name, const QString &path) {
+            QTest::addRow("save: %s", name) << &WorkspaceStore::saveProject << path;
+            QTest::addRow("save as: %s", name) << &WorkspaceStore::saveProjectAs << path;
+        };
+        row("a folder in the file's place", u"taken.quenara"_s);
+        row("a missing folder", u"missing/show.quenara"_s);
+        row("a file taken for a folder", u"file/show.quenara"_s);
+        row("a name beyond all lengths", QString(5000, u'x'));
+        row("a place where nobody may write", u"/proc/show.quenara"_s);
+    }
+
+    void aFailedSaveChangesNothingButTheMessage()
+    {
+        QFETCH(Operation, operation);
+        QFETCH(QString, path);
+        BusyWorld world;
+        const QDir folder(world.folder.path());
+        const QUrl url = QUrl::fromLocalFile(folder.absoluteFilePath(path));
+        QFile file(folder.filePath(u"file"_s));
+        QVERIFY(folder.mkpath(u"taken.quenara"_s) && file.open(QIODevice::WriteOnly));
+        world.panels.answer = url;
+        if (operation == &WorkspaceStore::saveProject)
+            world.store.newBlankProject();
+        const Everything before = everythingOf(world);
+        const QByteArray savedBytes = bytesOf(world.saved.toLocalFile());
+        const QStringList entries = entriesOf(world.folder.path());
+        (world.store.*operation)();
+        QCOMPARE(world.panels.asked.size(), 1);
+        compareButForTheMessage(world, before, ProjectFileError::unableToWrite);
+        QCOMPARE(bytesOf(world.saved.toLocalFile()), savedBytes);
+        QCOMPARE(entriesOf(world.folder.path()), entries);
+    }
+
+    void aSaveToAFolderThatIsGoneChangesNothingButTheMessage()
+    {
+        BusyWorld world;
+        QVERIFY(QDir(world.folder.filePath(u"saved"_s)).removeRecursively());
+        const Everything before = everythingOf(world);
+        world.store.saveProject();
+        QVERIFY(world.panels.asked.isEmpty());
+        compareButForTheMessage(world, before, ProjectFileError::unableToWrite);
+    }
+
+    void aFileThatCannotBeReplacedIsKept()
+    {
+        BusyWorld world;
+        const QString path = world.saved.toLocalFile();
+        QVERIFY(QFile::remove(path) && QDir().mkpath(path + u"/inside"_s));
+        const Everything before = everythingOf(world);
+        world.store.saveProject();
+        compareButForTheMessage(world, before, ProjectFileError::unableToWrite);
+        QCOMPARE(entriesOf(path), QStringList{u"inside"_s});
+    }
+};
+
+QTEST_GUILESS_MAIN(TestFailedDocuments)
+#include "tst_failed_documents.moc"
