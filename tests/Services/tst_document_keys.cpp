@@ -264,7 +264,7 @@ private slots:
 
     void whatASlideLacksIsFilledIn()
     {
-        const ZelvoProject sample = Values::filled<ZelvoProject>();
+        const auto sample = Values::filled<ZelvoProject>();
         const Slide whole = sample.serviceItems.first().slides.first();
         const Slide defaults{
             .id = QString(),

@@ -44,8 +44,8 @@ QByteArray withMember(const QByteArray &member)
 
 QByteArray withName(const QByteArray &name)
 {
-    return replaced(dataBytes(u"empty-slides.quenara"_s), "\"name\": \"Bare\"",
-                    "\"name\": \"" + name + '"');
+    return replaced(dataBytes(u"empty-slides.quenara"_s), R"("name": "Bare")",
+                    QByteArray(R"("name": "#")").replace('#', name));
 }
 
 QByteArray utf16Of(const QByteArray &bytes)

@@ -120,7 +120,7 @@ private:
         value = oneOf(reals);
         if (below(2) == 0)
             return;
-        const double anything = std::bit_cast<double>(m_engine());
+        const auto anything = std::bit_cast<double>(m_engine());
         value = std::isfinite(anything) ? anything : value;
     }
 

@@ -28,6 +28,8 @@ ZelvoProject normalized(const DecodedDocument &document)
 
 } // namespace
 
+// libFuzzer calls it by this name.
+// NOLINTNEXTLINE(readability-identifier-naming)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     const std::optional<DecodedDocument> document =
