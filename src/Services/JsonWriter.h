@@ -70,7 +70,8 @@ public:
         m_hasFailed = m_hasFailed || !std::isfinite(value);
         // A zero loses its sign without a fraction, and beyond 64 bits no reader takes an integer.
         constexpr double integersEnd = 9007199254740992.0; // 2^53
-        const bool needsFraction = value == 0 ? std::signbit(value) : std::abs(value) >= integersEnd;
+        const bool needsFraction =
+            value == 0 ? std::signbit(value) : std::abs(value) >= integersEnd;
         std::array<char, 32> text{};
         const auto end = needsFraction
             ? std::to_chars(text.begin(), text.end(), value, std::chars_format::scientific).ptr
