@@ -27,7 +27,7 @@ constexpr ProjectSize manyPictures{.slideCount = 400, .itemCount = 10, .imageCou
 
 QDateTime now()
 {
-    return QDateTime(QDate(2026, 3, 1), QTime(9, 30), Qt::UTC);
+    return {QDate(2026, 3, 1), QTime(9, 30), Qt::UTC};
 }
 
 double timeOf(const std::function<qsizetype()> &operation)

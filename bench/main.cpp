@@ -1,7 +1,8 @@
 #include "EditingBenchmarks.h"
 #include "FileBenchmarks.h"
+#include "RenderingBenchmarks.h"
 
-#include <QCoreApplication>
+#include <QGuiApplication>
 
 #include <algorithm>
 
@@ -9,14 +10,16 @@
 int main(int argc, char *argv[])
 {
     using namespace quenara::bench;
-    const QCoreApplication application(argc, argv);
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QGuiApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
     if (arguments.size() == 3 && arguments.at(1) == QLatin1String(memoryArgument)) {
         reportMemoryOfLoading(arguments.at(2));
         return 0;
     }
     benchmark::Initialize(&argc, argv);
-    const QList<Figure> figures = editingFigures() + fileFigures();
+    const QList<Figure> figures = editingFigures() + fileFigures() + renderingFigures();
     printTable(figures);
     return std::all_of(figures.cbegin(), figures.cend(),
                        [](const Figure &figure) { return figure.keepsItsLimit(); })

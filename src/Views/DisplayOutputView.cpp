@@ -8,8 +8,9 @@
 
 namespace quenara {
 
-DisplayOutputView::DisplayOutputView(const WorkspaceStore &store, QWidget *parent)
-    : QWidget(parent), m_store(store)
+DisplayOutputView::DisplayOutputView(const WorkspaceStore &store, PictureCache &pictures,
+                                     QWidget *parent)
+    : QWidget(parent), m_store(store), m_pictures(pictures)
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setCursor(Qt::BlankCursor);
@@ -25,8 +26,9 @@ void DisplayOutputView::paintEvent(QPaintEvent * /*event*/)
     painter.fillRect(rect(), Qt::black);
     switch (m_store.outputMode()) {
     case OutputMode::live:
-        SlideRendererView{.slide = m_store.slideWithID(m_store.liveSlideID())}.paint(painter,
-                                                                                     rect());
+        SlideRendererView{.slide = m_store.slideWithID(m_store.liveSlideID()),
+                          .pictures = &m_pictures}
+            .paint(painter, rect());
         break;
     case OutputMode::blackout:
         break;

@@ -4,6 +4,7 @@
 
 namespace quenara {
 
+class PictureCache;
 class WorkspaceStore;
 
 /// What the audience sees: the live slide, black, or the holding screen, as the output mode says.
@@ -13,13 +14,15 @@ class DisplayOutputView : public QWidget
     Q_OBJECT
 
 public:
-    explicit DisplayOutputView(const WorkspaceStore &store, QWidget *parent = nullptr);
+    DisplayOutputView(const WorkspaceStore &store, PictureCache &pictures,
+                      QWidget *parent = nullptr);
 
 protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
     const WorkspaceStore &m_store;
+    PictureCache &m_pictures;
 };
 
 } // namespace quenara

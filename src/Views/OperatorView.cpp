@@ -38,7 +38,8 @@ void setStyleProperty(QWidget *widget, const char *name, const QString &value)
 
 } // namespace
 
-OperatorView::OperatorView(WorkspaceStore &store, QWidget *parent) : QWidget(parent), m_store(store)
+OperatorView::OperatorView(WorkspaceStore &store, PictureCache &pictures, QWidget *parent)
+    : QWidget(parent), m_store(store), m_pictures(pictures)
 {
     auto *workArea = new QHBoxLayout;
     workArea->setSpacing(0);
@@ -121,7 +122,7 @@ QWidget *OperatorView::makeLivePreview()
 {
     m_liveCaption = makeRoleLabel(QStringLiteral("liveCaption"));
     m_liveTitle = makeRoleLabel(QStringLiteral("heading"));
-    m_livePreview = new SlideView;
+    m_livePreview = new SlideView(m_pictures);
     m_livePreview->setAccessibleName(QStringLiteral("Live preview"));
 
     auto *caption = new QHBoxLayout;

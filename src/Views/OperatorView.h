@@ -8,6 +8,7 @@ class QListView;
 
 namespace quenara {
 
+class PictureCache;
 class ShowListModel;
 class SlideView;
 class WorkspaceStore;
@@ -19,7 +20,7 @@ class OperatorView : public QWidget
     Q_OBJECT
 
 public:
-    explicit OperatorView(WorkspaceStore &store, QWidget *parent = nullptr);
+    OperatorView(WorkspaceStore &store, PictureCache &pictures, QWidget *parent = nullptr);
     ~OperatorView() override;
 
 protected:
@@ -34,6 +35,7 @@ private:
     void showSelection();
 
     WorkspaceStore &m_store;
+    PictureCache &m_pictures;
     QLineEdit *m_projectName = nullptr;
     QString m_namedProjectID; ///< whose name the field holds
     QLabel *m_edited = nullptr;

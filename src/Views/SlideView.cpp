@@ -7,7 +7,9 @@
 
 namespace quenara {
 
-SlideView::SlideView(QWidget *parent) : QWidget(parent) {}
+SlideView::SlideView(PictureCache &pictures, QWidget *parent)
+    : QWidget(parent), m_pictures(pictures)
+{}
 
 void SlideView::setSlide(const std::optional<Slide> &slide)
 {
@@ -20,7 +22,7 @@ void SlideView::setSlide(const std::optional<Slide> &slide)
 void SlideView::paintEvent(QPaintEvent * /*event*/)
 {
     QPainter painter(this);
-    SlideRendererView{.slide = m_slide}.paint(painter, rect());
+    SlideRendererView{.slide = m_slide, .pictures = &m_pictures}.paint(painter, rect());
     const CanvasSize canvas = m_slide ? m_slide->design.canvasSize : CanvasSize();
     if (!(canvas.width > 0) || !(canvas.height > 0))
         return;

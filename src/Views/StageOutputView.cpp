@@ -15,9 +15,10 @@ constexpr int spacing = 14;
 
 } // namespace
 
-StageOutputView::StageOutputView(const WorkspaceStore &store, QWidget *parent)
+StageOutputView::StageOutputView(const WorkspaceStore &store, PictureCache &pictures,
+                                 QWidget *parent)
     : QWidget(parent), m_store(store), m_currentTitle(makeRoleLabel(QStringLiteral("heading"))),
-      m_currentSlide(new SlideView), m_nextTitle(makeRoleLabel(QStringLiteral("heading")))
+      m_currentSlide(new SlideView(pictures)), m_nextTitle(makeRoleLabel(QStringLiteral("heading")))
 {
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(margin, margin, margin, margin);

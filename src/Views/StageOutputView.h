@@ -6,6 +6,7 @@ class QLabel;
 
 namespace quenara {
 
+class PictureCache;
 class SlideView;
 class WorkspaceStore;
 
@@ -15,7 +16,7 @@ class StageOutputView : public QWidget
     Q_OBJECT
 
 public:
-    explicit StageOutputView(const WorkspaceStore &store, QWidget *parent = nullptr);
+    StageOutputView(const WorkspaceStore &store, PictureCache &pictures, QWidget *parent = nullptr);
 
 private:
     void showStore();

@@ -21,12 +21,13 @@ constexpr QSize defaultSize(1480, 900);
 } // namespace
 
 OperatorWindow::OperatorWindow(WorkspaceStore &store, WindowCoordinator &windows,
-                               DocumentGuard &guard, ZelvoCommands &commands)
+                               DocumentGuard &guard, ZelvoCommands &commands,
+                               PictureCache &pictures)
     : m_store(store), m_windows(windows), m_guard(guard)
 {
     setObjectName(QStringLiteral("operatorWindow"));
     commands.fill(*menuBar());
-    auto *content = new OperatorView(store);
+    auto *content = new OperatorView(store, pictures);
     content->setMinimumSize(minimumContentSize);
     setCentralWidget(content);
     content->setFocus();

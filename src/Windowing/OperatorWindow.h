@@ -7,6 +7,7 @@ namespace quenara {
 
 class AlertBox;
 class DocumentGuard;
+class PictureCache;
 class StartPanelView;
 class WindowCoordinator;
 class WorkspaceStore;
@@ -20,7 +21,7 @@ class OperatorWindow : public QMainWindow
 
 public:
     OperatorWindow(WorkspaceStore &store, WindowCoordinator &windows, DocumentGuard &guard,
-                   ZelvoCommands &commands);
+                   ZelvoCommands &commands, PictureCache &pictures);
 
 protected:
     void closeEvent(QCloseEvent *event) override;

@@ -11,10 +11,11 @@ QuenaraApp::QuenaraApp(const QPalette &platformPalette)
     : m_panels([this] { return dialogParent(); }), m_questions([this] { return dialogParent(); }),
       m_store(ProjectTemplates::blankProject(QDateTime::currentDateTimeUtc()),
               {.preferences = m_preferences, .panels = m_panels}),
-      m_systemScheme(QDBusConnection::sessionBus(), platformPalette), m_windows(m_systemScheme),
-      m_appearance(m_preferences), m_guard(m_store, m_windows, m_questions),
+      m_systemScheme(QDBusConnection::sessionBus(), platformPalette),
+      m_windows(m_systemScheme, m_pictures), m_appearance(m_preferences),
+      m_guard(m_store, m_windows, m_questions),
       m_commands(m_store, m_windows, m_guard, m_appearance),
-      m_operatorWindow(m_store, m_windows, m_guard, m_commands)
+      m_operatorWindow(m_store, m_windows, m_guard, m_commands, m_pictures)
 {
     qApp->installEventFilter(&m_shortcutGuard);
     QObject::connect(&m_appearance, &AppearancePreference::rawValueChanged, &m_windows,

@@ -5,6 +5,7 @@
 #include "FileDialogRunner.h"
 #include "LeaveQuestionBox.h"
 #include "OperatorWindow.h"
+#include "PictureCache.h"
 #include "ShortcutGuard.h"
 #include "SystemColorScheme.h"
 #include "WindowCoordinator.h"
@@ -37,6 +38,7 @@ private:
     LeaveQuestionBox m_questions;
     WorkspaceStore m_store;
     SystemColorScheme m_systemScheme;
+    PictureCache m_pictures;
     WindowCoordinator m_windows;
     AppearancePreference m_appearance;
     ShortcutGuard m_shortcutGuard;

@@ -58,8 +58,9 @@ void raise(QWidget &window)
 
 } // namespace
 
-WindowCoordinator::WindowCoordinator(const SystemColorScheme &systemScheme, QObject *parent)
-    : QObject(parent), m_systemScheme(systemScheme)
+WindowCoordinator::WindowCoordinator(const SystemColorScheme &systemScheme, PictureCache &pictures,
+                                     QObject *parent)
+    : QObject(parent), m_systemScheme(systemScheme), m_pictures(pictures)
 {
     connect(&systemScheme, &SystemColorScheme::schemeChanged, this,
             &WindowCoordinator::applyScheme);
@@ -95,8 +96,8 @@ void WindowCoordinator::openDisplayWindow(const WorkspaceStore &store, AppAppear
         raise(*m_display.window);
         return;
     }
-    auto *window =
-        new OutputWindow(new DisplayOutputView(store), Qt::Window | Qt::FramelessWindowHint);
+    auto *window = new OutputWindow(new DisplayOutputView(store, m_pictures),
+                                    Qt::Window | Qt::FramelessWindowHint);
     window->setBackground(Qt::black);
     window->setObjectName(QStringLiteral("displayWindow"));
     window->setWindowTitle(QStringLiteral("Quenara Display"));
@@ -112,7 +113,7 @@ void WindowCoordinator::openStageWindow(const WorkspaceStore &store, AppAppearan
         raise(*m_stage.window);
         return;
     }
-    auto *window = new OutputWindow(new StageOutputView(store), Qt::Window);
+    auto *window = new OutputWindow(new StageOutputView(store, m_pictures), Qt::Window);
     window->setObjectName(QStringLiteral("stageWindow"));
     window->setWindowTitle(QStringLiteral("Quenara Stage"));
     window->setMinimumSize(stageMinimumSize);

@@ -9,6 +9,7 @@
 
 namespace quenara {
 
+class PictureCache;
 class SystemColorScheme;
 class WorkspaceStore;
 
@@ -22,7 +23,8 @@ class WindowCoordinator : public QObject
     Q_PROPERTY(bool isStageWindowOpen READ isStageWindowOpen NOTIFY isStageWindowOpenChanged)
 
 public:
-    explicit WindowCoordinator(const SystemColorScheme &systemScheme, QObject *parent = nullptr);
+    WindowCoordinator(const SystemColorScheme &systemScheme, PictureCache &pictures,
+                      QObject *parent = nullptr);
     ~WindowCoordinator() override;
 
     /// Covers the second screen, else the main one. An open window is only raised.
@@ -68,6 +70,7 @@ private:
     void applyScheme();
 
     const SystemColorScheme &m_systemScheme;
+    PictureCache &m_pictures;
     AppAppearance m_appearance = AppAppearance::system;
     Output m_display;
     Output m_stage;

@@ -1,6 +1,7 @@
 #include "DisplayOutputView.h"
 #include "GuiTestSupport.h"
 #include "InterfaceStyle.h"
+#include "PictureCache.h"
 #include "ProjectTemplates.h"
 #include "SlideFonts.h"
 #include "TestSupport.h"
@@ -16,7 +17,8 @@ constexpr QSize screen(960, 540);
 struct AudienceScreen
 {
     World world;
-    DisplayOutputView view{world.store};
+    PictureCache pictures;
+    DisplayOutputView view{world.store, pictures};
 
     AudienceScreen() { view.resize(screen); }
     explicit AudienceScreen(const ZelvoProject &project) : world(project) { view.resize(screen); }

@@ -1,5 +1,6 @@
 #include "GuiTestSupport.h"
 #include "OperatorView.h"
+#include "PictureCache.h"
 #include "ShowListModel.h"
 #include "SlideView.h"
 #include "TestSupport.h"
@@ -18,7 +19,8 @@ namespace {
 struct Operator
 {
     World world;
-    OperatorView view{world.store};
+    PictureCache pictures;
+    OperatorView view{world.store, pictures};
     QLineEdit *name = view.findChild<QLineEdit *>(QStringLiteral("projectName"));
     QListView *list = view.findChild<QListView *>(QStringLiteral("showList"));
 

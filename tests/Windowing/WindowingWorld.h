@@ -3,6 +3,7 @@
 #include "AppearancePreference.h"
 #include "DocumentGuard.h"
 #include "OperatorWindow.h"
+#include "PictureCache.h"
 #include "SystemColorScheme.h"
 #include "TestSupport.h"
 #include "WindowCoordinator.h"
@@ -33,7 +34,8 @@ public:
 struct WindowingWorld : World
 {
     SystemColorScheme systemScheme{QDBusConnection(QStringLiteral("none")), QPalette(Qt::white)};
-    WindowCoordinator windows{systemScheme};
+    PictureCache pictures;
+    WindowCoordinator windows{systemScheme, pictures};
     AppearancePreference appearance{preferences};
     PreparedQuestions questions;
     DocumentGuard guard{store, windows, questions};

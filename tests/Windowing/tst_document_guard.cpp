@@ -25,7 +25,7 @@ const QMenu &openRecentMenu(const OperatorWindow &window)
 /// The program's window over a document that is saved at first.
 struct Program : WindowingWorld
 {
-    OperatorWindow window{store, windows, guard, commands};
+    OperatorWindow window{store, windows, guard, commands, pictures};
 
     Program()
     {
@@ -266,7 +266,8 @@ private slots:
     void openRecentIsOutOfReachWithoutProjects()
     {
         WindowingWorld world;
-        const OperatorWindow window(world.store, world.windows, world.guard, world.commands);
+        const OperatorWindow window(world.store, world.windows, world.guard, world.commands,
+                                    world.pictures);
         const QAction *item = openRecentMenu(window).menuAction();
         QVERIFY(!item->isEnabled());
         world.panels.answer = world.fileUrl(u"first.quenara"_s);

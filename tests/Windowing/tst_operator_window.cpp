@@ -13,7 +13,7 @@ namespace {
 
 struct Window : WindowingWorld
 {
-    OperatorWindow window{store, windows, guard, commands};
+    OperatorWindow window{store, windows, guard, commands, pictures};
 
     Window() { window.show(); }
 

@@ -132,7 +132,8 @@ private slots:
         const Desktop desktop(prefersLight);
         SystemColorScheme system(desktop.connection(QStringLiteral("program")),
                                  QPalette(Qt::white));
-        WindowCoordinator windows(system);
+        PictureCache pictures;
+        WindowCoordinator windows(system, pictures);
         windows.updateAppearance(AppAppearance::system);
         const auto background = [] { return QApplication::palette().color(QPalette::Window); };
         QCOMPARE(background(), ZelvoTheme::light().appBackground);

@@ -16,7 +16,7 @@ namespace {
 struct Program : WindowingWorld
 {
     ShortcutGuard shortcutGuard;
-    OperatorWindow operatorWindow{store, windows, guard, commands};
+    OperatorWindow operatorWindow{store, windows, guard, commands, pictures};
 
     Program()
     {

@@ -21,7 +21,7 @@ QRectF visibleDeviceRect(const QPainter &painter)
 } // namespace
 
 DeviceLayer DeviceLayer::painted(const QPainter &painter, const QRectF &bounds, int margin,
-                                 const std::function<void(QPainter &)> &paint)
+                                 const std::function<void(QPainter &)> &paint, int reduction)
 {
     const QTransform transform = painter.deviceTransform();
     const QMarginsF around(margin, margin, margin, margin);
@@ -31,15 +31,17 @@ DeviceLayer DeviceLayer::painted(const QPainter &painter, const QRectF &bounds, 
                               .toAlignedRect();
     if (covered.isEmpty())
         return {};
-    DeviceLayer layer{QImage(covered.size(), QImage::Format_ARGB32_Premultiplied),
-                      covered.topLeft()};
+    const QSize size((covered.width() + reduction - 1) / reduction,
+                     (covered.height() + reduction - 1) / reduction);
+    DeviceLayer layer{QImage(size, QImage::Format_ARGB32_Premultiplied), covered.topLeft(),
+                      reduction};
     if (layer.image.isNull())
         return {};
     layer.image.fill(Qt::transparent);
     QPainter layerPainter(&layer.image);
     layerPainter.setRenderHints(painter.renderHints());
-    layerPainter.setTransform(transform
-                              * QTransform::fromTranslate(-covered.left(), -covered.top()));
+    layerPainter.setTransform(transform * QTransform::fromTranslate(-covered.left(), -covered.top())
+                              * QTransform::fromScale(1.0 / reduction, 1.0 / reduction));
     paint(layerPainter);
     return layer;
 }
@@ -51,7 +53,7 @@ void DeviceLayer::draw(QPainter &painter, double opacity, const QPointF &offset)
     painter.save();
     painter.setWorldTransform(painter.deviceTransform().inverted() * painter.worldTransform());
     painter.setOpacity(painter.opacity() * opacity);
-    painter.drawImage(QPointF(origin) + offset, image);
+    painter.drawImage(QRectF(QPointF(origin) + offset, image.size() * reduction), image);
     painter.restore();
 }
 

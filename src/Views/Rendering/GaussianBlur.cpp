@@ -12,7 +12,7 @@ namespace {
 
 constexpr int passes = 3;
 constexpr double smallestSigma = 1.0 / 3;
-constexpr double sigmaAtReducedSize = 8;
+constexpr double sigmaAtReducedSize = 4;
 
 /// Odd box widths whose repeated passes have together the variance of the Gaussian. The variance
 /// of a box of width w is (w * w - 1) / 12; the passes are split between the two odd widths around
@@ -117,13 +117,17 @@ int blurReach(double sigma)
     return sigma < smallestSigma ? 0 : int(std::ceil(3 * std::min(sigma, largestSigma)));
 }
 
+int blurReduction(double sigma)
+{
+    return std::max(1, int(std::min(sigma, largestSigma) / sigmaAtReducedSize));
+}
+
 QImage gaussianBlurred(const QImage &image, double sigma)
 {
     if (!(sigma >= smallestSigma) || image.isNull())
         return image;
     const double wanted = std::min(sigma, largestSigma);
-    // A blur this wide leaves no detail that a smaller picture would lose.
-    const int reduction = std::max(1, int(wanted / sigmaAtReducedSize));
+    const int reduction = blurReduction(sigma);
     const QSize reduced((image.width() + reduction - 1) / reduction,
                         (image.height() + reduction - 1) / reduction);
     QImage blurred = reduction > 1 ? scaled(image, reduced) : image;

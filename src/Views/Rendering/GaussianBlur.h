@@ -16,4 +16,8 @@ QImage gaussianBlurred(const QImage &image, double sigma);
 /// How far a blur of \a sigma reaches beyond what it blurs, in whole pixels.
 int blurReach(double sigma);
 
+/// By how much a picture can be smaller than it is shown when a blur of \a sigma is to follow: what
+/// is left of it needs no more pixels.
+int blurReduction(double sigma);
+
 } // namespace quenara

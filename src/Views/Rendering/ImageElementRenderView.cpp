@@ -1,7 +1,8 @@
 #include "ImageElementRenderView.h"
 
+#include "DeviceLayer.h"
+#include "PictureCache.h"
 #include "SlideFonts.h"
-#include "ZelvoImageLoader.h"
 
 #include <algorithm>
 
@@ -44,7 +45,8 @@ void ImageElementRenderView::paint(QPainter &painter, const QRectF &box) const
 {
     if (box.isEmpty())
         return;
-    const QImage image = media ? ZelvoImageLoader::image(*media) : QImage();
+    const QSize needed = (box.size() * deviceScale(painter)).toSize();
+    const QImage image = media ? pictureOf(*media, needed, pictures) : QImage();
     if (image.isNull()) {
         paintPlaceholder(painter, box);
     } else {

@@ -9,10 +9,13 @@
 
 namespace quenara {
 
+class PictureCache;
+
 /// An image layer, or its placeholder while there is no picture to show.
 struct ImageElementRenderView
 {
     std::optional<SlideMedia> media;
+    PictureCache *pictures = nullptr; ///< decodes afresh without one
 
     void paint(QPainter &painter, const QRectF &box) const;
 };

@@ -3,8 +3,8 @@
 #include "DeviceLayer.h"
 #include "GaussianBlur.h"
 #include "ImageElementRenderView.h"
+#include "PictureCache.h"
 #include "SlideFonts.h"
-#include "ZelvoImageLoader.h"
 
 #include <QLinearGradient>
 #include <QRadialGradient>
@@ -57,20 +57,37 @@ QBrush SlideBackgroundRenderView::gradientFill(const QRectF &slide) const
     return gradient;
 }
 
+bool SlideBackgroundRenderView::paintPicture(QPainter &painter, const QRectF &slide) const
+{
+    const double device = deviceScale(painter);
+    const double sigma = std::max(0.0, background.blurAmount) * device * scale;
+    const int reduction = blurReduction(sigma);
+    const QSizeF size = slide.size() * device / reduction;
+    const QImage image = pictureOf(*background.image, size.toSize(), pictures);
+    if (image.isNull())
+        return false;
+    if (blurReach(sigma) == 0) {
+        painter.drawImage(slide, image, fillingPart(image.size(), slide));
+        return true;
+    }
+    const QRectF part(QPointF(), size);
+    QImage reduced(part.toAlignedRect().size(), QImage::Format_ARGB32_Premultiplied);
+    reduced.fill(Qt::transparent);
+    QPainter reducedPainter(&reduced);
+    reducedPainter.setRenderHint(QPainter::SmoothPixmapTransform);
+    reducedPainter.drawImage(part, image, fillingPart(image.size(), part));
+    reducedPainter.end();
+    painter.drawImage(slide, gaussianBlurred(reduced, sigma / reduction), part);
+    return true;
+}
+
 void SlideBackgroundRenderView::paint(QPainter &painter, const QRectF &slide) const
 {
     if (slide.isEmpty() || scale <= 0)
         return;
     const bool isImage = background.kind == SlideBackgroundKind::image;
-    const QImage image =
-        isImage && background.image ? ZelvoImageLoader::image(*background.image) : QImage();
-    if (!image.isNull()) {
-        const double sigma = std::max(0.0, background.blurAmount) * deviceScale(painter) * scale;
-        DeviceLayer layer = DeviceLayer::painted(painter, slide, 0, [&](QPainter &picture) {
-            picture.drawImage(slide, image, fillingPart(image.size(), slide));
-        });
-        layer.image = gaussianBlurred(layer.image, sigma);
-        layer.draw(painter, 1);
+    if (isImage && background.image && paintPicture(painter, slide)) {
+        // It covers the slide.
     } else if (isImage || background.kind == SlideBackgroundKind::gradient) {
         painter.fillRect(slide, gradientFill(slide));
     } else {

@@ -75,14 +75,14 @@ void SlideDesignRenderView::paint(QPainter &painter) const
     painter.save();
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing
                            | QPainter::SmoothPixmapTransform);
-    SlideBackgroundRenderView{design.background, scale}.paint(painter, whole);
+    SlideBackgroundRenderView{design.background, scale, pictures}.paint(painter, whole);
     for (const SlideElement &element : design.visibleElementsInDrawingOrder()) {
         const QRectF elementBox = box(element);
         painter.save();
         painter.translate(elementBox.center());
         painter.rotate(std::fmod(element.rotation, 360));
         painter.translate(-elementBox.center());
-        paintContent(painter, {element, scale}, elementBox);
+        paintContent(painter, {element, scale, pictures}, elementBox);
         painter.restore();
         // The outline runs along the slide's edges; the editor draws handles around the layer.
         if (selectedElementID == element.id) {

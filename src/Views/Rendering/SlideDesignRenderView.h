@@ -9,6 +9,8 @@
 
 namespace quenara {
 
+class PictureCache;
+
 /// A slide at exactly its canvas size times the scale: background, layers, editing aids.
 struct SlideDesignRenderView
 {
@@ -16,6 +18,7 @@ struct SlideDesignRenderView
     double scale; ///< points of the target for one canvas unit
     bool showSafeArea = false;
     std::optional<QString> selectedElementID = std::nullopt;
+    PictureCache *pictures = nullptr; ///< decodes afresh without one
 
     /// Paints with the slide's top left at the origin of the painter's coordinates.
     void paint(QPainter &painter) const;

@@ -20,7 +20,7 @@ void SlideElementRenderView::paint(QPainter &painter, const QRectF &box) const
             TextElementRenderView{*element.text, scale}.paint(painter, box);
         break;
     case SlideElementKind::image:
-        ImageElementRenderView{element.image}.paint(painter, box);
+        ImageElementRenderView{element.image, pictures}.paint(painter, box);
         break;
     case SlideElementKind::shape:
         ShapeElementRenderView{element.shape}.paint(painter, box);

@@ -7,11 +7,14 @@
 
 namespace quenara {
 
+class PictureCache;
+
 /// One layer's content, chosen by its kind.
 struct SlideElementRenderView
 {
     SlideElement element;
     double scale; ///< points of the target for one canvas unit
+    PictureCache *pictures = nullptr; ///< decodes afresh without one
 
     void paint(QPainter &painter, const QRectF &box) const;
 

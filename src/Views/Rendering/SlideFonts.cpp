@@ -2,7 +2,7 @@
 
 #include <QDir>
 #include <QFontDatabase>
-#include <QFontInfo>
+#include <QSet>
 
 #include <cmath>
 
@@ -15,14 +15,22 @@ QString standIn(const QString &family)
 {
     if (family == u"Avenir Next")
         return QStringLiteral("Lato");
-    if (family == u"Georgia") {
-        return QFontDatabase::hasFamily(QStringLiteral("DejaVu Serif"))
-            ? QStringLiteral("DejaVu Serif")
-            : QFontInfo(QFont(QStringLiteral("serif"))).family();
-    }
+    if (family == u"Georgia")
+        return QStringLiteral("serif");
     if (family == u"Menlo")
-        return QFontDatabase::systemFont(QFontDatabase::FixedFont).family();
+        return QStringLiteral("monospace");
     return systemFontFamily();
+}
+
+/// As they are when the first slide is painted. Asked for one by one, the platform takes its time
+/// and names families that are merely alike.
+const QSet<QString> &installedFamilies()
+{
+    static const QSet<QString> families = [] {
+        const QStringList names = QFontDatabase::families();
+        return QSet<QString>(names.begin(), names.end());
+    }();
+    return families;
 }
 
 } // namespace
@@ -58,14 +66,9 @@ QFont::Weight fontWeight(TextFontWeight weight)
     return QFont::ExtraBold;
 }
 
-QString installedFamily(const QString &family)
-{
-    return !family.isEmpty() && QFontDatabase::hasFamily(family) ? family : standIn(family);
-}
-
 QFont slideFont(const QString &family, TextFontWeight weight, int pixelSize)
 {
-    QFont font(installedFamily(family));
+    QFont font(installedFamilies().contains(family) ? family : standIn(family));
     font.setPixelSize(pixelSize);
     font.setWeight(fontWeight(weight));
     font.setHintingPreference(QFont::PreferNoHinting);

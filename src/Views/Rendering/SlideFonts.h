@@ -16,11 +16,8 @@ QString systemFontFamily();
 
 QFont::Weight fontWeight(TextFontWeight weight);
 
-/// The family that \a family is drawn with: itself where it is installed, else its stand-in, else
-/// the system font.
-QString installedFamily(const QString &family);
-
-/// An unhinted font, whose advances scale with its size.
+/// An unhinted font, whose advances scale with its size, of \a family where that is installed, else
+/// of its stand-in, else of the system font.
 QFont slideFont(const QString &family, TextFontWeight weight, int pixelSize);
 
 /// The font of a screen text at a fixed size in points of the window.

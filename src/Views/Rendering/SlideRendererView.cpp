@@ -34,7 +34,8 @@ void SlideRendererView::paint(QPainter &painter, const QRectF &area) const
     painter.save();
     painter.setClipRect(fitted, Qt::IntersectClip);
     painter.translate(fitted.topLeft());
-    SlideDesignRenderView{*slide, fitted.width() / canvas.width, showSafeArea, selectedElementID}
+    SlideDesignRenderView{*slide, fitted.width() / canvas.width, showSafeArea, selectedElementID,
+                          pictures}
         .paint(painter);
     painter.restore();
 }

@@ -10,6 +10,8 @@
 
 namespace quenara {
 
+class PictureCache;
+
 /// The one renderer of slides: fitted and centred in the area it is given, clipped to the slide.
 /// Reads only its fields and leaves the painter as it found it; what lies around the slide is not
 /// painted.
@@ -19,6 +21,7 @@ struct SlideRendererView
     std::optional<Slide> slide;
     bool showSafeArea = false;
     std::optional<QString> selectedElementID = std::nullopt;
+    PictureCache *pictures = nullptr; ///< decodes afresh without one
 
     void paint(QPainter &painter, const QRectF &area) const;
 

@@ -7,6 +7,9 @@
 
 #include <QColor>
 
+#include <algorithm>
+#include <array>
+
 namespace quenara {
 
 namespace {
@@ -21,15 +24,20 @@ struct Glow
     QPointF offset;
 };
 
+/// \a color as strong as \a mask is.
 QImage tinted(const QImage &mask, const QColor &color)
 {
+    std::array<QRgb, 256> shades{};
+    for (unsigned alpha = 0; alpha < shades.size(); ++alpha) {
+        shades[alpha] = qPremultiply(
+            qRgba(color.red(), color.green(), color.blue(), int(color.alphaF() * float(alpha))));
+    }
     QImage picture(mask.size(), QImage::Format_ARGB32_Premultiplied);
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
-    painter.drawImage(0, 0, mask);
-    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
-    painter.fillRect(picture.rect(), color);
-    painter.end();
+    for (int y = 0; y < mask.height(); ++y) {
+        const uchar *from = mask.constScanLine(y);
+        auto *to = reinterpret_cast<QRgb *>(picture.scanLine(y));
+        std::transform(from, from + mask.width(), to, [&](uchar alpha) { return shades[alpha]; });
+    }
     return picture;
 }
 
@@ -39,14 +47,18 @@ void paintGlow(QPainter &painter, const TextBlock &block, const Glow &glow)
     const double scale = deviceScale(painter);
     // A blur radius is twice the standard deviation of the Gaussian.
     const double sigma = std::max(0.0, glow.radius) / 2 * scale;
-    DeviceLayer layer =
-        DeviceLayer::painted(painter, block.bounds(), blurReach(sigma), [&](QPainter &mask) {
+    const int reduction = blurReduction(sigma);
+    DeviceLayer layer = DeviceLayer::painted(
+        painter, block.bounds(), blurReach(sigma),
+        [&](QPainter &mask) {
             mask.setPen(Qt::black);
             block.draw(mask);
-        });
+        },
+        reduction);
     if (layer.image.isNull())
         return;
-    const QImage mask = gaussianBlurred(layer.image.convertToFormat(QImage::Format_Alpha8), sigma);
+    const QImage mask =
+        gaussianBlurred(layer.image.convertToFormat(QImage::Format_Alpha8), sigma / reduction);
     layer.image = tinted(mask, glow.color.toColor());
     const QTransform toDevice = painter.deviceTransform();
     layer.draw(painter, 1, toDevice.map(glow.offset) - toDevice.map(QPointF()));

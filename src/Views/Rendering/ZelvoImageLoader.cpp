@@ -2,48 +2,95 @@
 
 #include <QBuffer>
 #include <QFile>
+#include <QFileInfo>
 #include <QImageReader>
 #include <QUrl>
+
+#include <limits>
 
 namespace quenara {
 
 namespace {
 
-QImage decoded(QIODevice &device)
+constexpr QByteArrayView dataScheme = "data:";
+
+/// As painters draw it fastest.
+QImage paintable(const QImage &image)
+{
+    return image.convertToFormat(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied
+                                                         : QImage::Format_RGB32);
+}
+
+ZelvoImageLoader::Decoded decoded(QIODevice &device, const QSize &needed)
 {
     QImageReader reader(&device);
     reader.setAutoTransform(true);
     reader.setDecideFormatFromContent(true);
-    return reader.read();
+    const QSize stored = reader.size(); // before it is turned
+    const bool isTurned = reader.transformation().testFlag(QImageIOHandler::TransformationRotate90);
+    const auto turned = [isTurned](const QSize &size) {
+        return isTurned ? size.transposed() : size;
+    };
+    const int reduction = ZelvoImageLoader::reduction(turned(stored), needed);
+    if (reduction > 1) {
+        reader.setScaledSize({(stored.width() + reduction - 1) / reduction,
+                              (stored.height() + reduction - 1) / reduction});
+    }
+    const QImage image = paintable(reader.read());
+    return {image, stored.isValid() ? turned(stored) : image.size(), reduction};
 }
 
-QImage imageFromFile(const QString &path)
+/// The bytes of a data URL; nothing without a comma or with anything but base64 after it.
+std::optional<QByteArray> payload(const QByteArray &dataUrl)
 {
-    if (path.isEmpty())
-        return {};
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? decoded(file) : QImage();
+    const qsizetype comma = dataUrl.indexOf(',');
+    if (comma < 0)
+        return std::nullopt;
+    auto decoding = QByteArray::fromBase64Encoding(dataUrl.mid(comma + 1),
+                                                   QByteArray::AbortOnBase64DecodingErrors);
+    return decoding ? std::optional(std::move(*decoding)) : std::nullopt;
 }
 
 } // namespace
 
 QImage ZelvoImageLoader::image(const SlideMedia &media)
 {
-    if (media.dataUrl.startsWith("data:")) {
-        const qsizetype comma = media.dataUrl.indexOf(',');
-        if (comma < 0)
+    constexpr int all = std::numeric_limits<int>::max();
+    return image(media, {all, all}).image;
+}
+
+ZelvoImageLoader::Decoded ZelvoImageLoader::image(const SlideMedia &media, const QSize &needed)
+{
+    if (media.dataUrl.startsWith(dataScheme)) {
+        std::optional<QByteArray> bytes = payload(media.dataUrl);
+        QBuffer buffer;
+        if (!bytes)
             return {};
-        const auto payload = QByteArray::fromBase64Encoding(
-            media.dataUrl.mid(comma + 1), QByteArray::AbortOnBase64DecodingErrors);
-        if (!payload)
-            return {};
-        QByteArray bytes = *payload;
-        QBuffer buffer(&bytes);
-        return buffer.open(QIODevice::ReadOnly) ? decoded(buffer) : QImage();
+        buffer.setBuffer(&*bytes);
+        return buffer.open(QIODevice::ReadOnly) ? decoded(buffer, needed) : Decoded();
     }
+    // A pipe or a device might never come to its end.
+    QFile file(fileName(media));
+    return QFileInfo(file).isFile() && file.open(QIODevice::ReadOnly) ? decoded(file, needed)
+                                                                      : Decoded();
+}
+
+int ZelvoImageLoader::reduction(const QSize &fullSize, const QSize &needed)
+{
+    int reduction = 1;
+    while (fullSize.width() / (2 * reduction) >= std::max(1, needed.width())
+           && fullSize.height() / (2 * reduction) >= std::max(1, needed.height()))
+        reduction *= 2;
+    return reduction;
+}
+
+QString ZelvoImageLoader::fileName(const SlideMedia &media)
+{
+    if (media.dataUrl.startsWith(dataScheme))
+        return {};
     const QString text = QString::fromUtf8(media.dataUrl);
     const QUrl url(text, QUrl::StrictMode);
-    return imageFromFile(url.isLocalFile() ? url.toLocalFile() : text);
+    return url.isLocalFile() ? url.toLocalFile() : text;
 }
 
 } // namespace quenara
