@@ -44,19 +44,18 @@ public:
 
     Figure figure(const QString &name, const Slide &slide, double limit)
     {
-        return {.name = QStringLiteral("%1, %2 x %3")
-                            .arg(name)
-                            .arg(m_size.width())
-                            .arg(m_size.height()),
-                .value = timeOfPainting(m_size,
-                                        [&](QPainter &painter) {
-                                            SlideRendererView{.slide = slide,
-                                                              .pictures = &m_pictures}
-                                                .paint(painter, QRectF(QPointF(), m_size));
-                                        }),
-                .yardstickName = QStringLiteral("a solid fill"),
-                .yardstick = m_fill,
-                .limit = limit * millisecond};
+        return {
+            .name =
+                QStringLiteral("%1, %2 x %3").arg(name).arg(m_size.width()).arg(m_size.height()),
+            .value =
+                timeOfPainting(m_size,
+                               [&](QPainter &painter) {
+                                   SlideRendererView{.slide = slide, .pictures = &m_pictures}.paint(
+                                       painter, QRectF(QPointF(), m_size));
+                               }),
+            .yardstickName = QStringLiteral("a solid fill"),
+            .yardstick = m_fill,
+            .limit = limit * millisecond};
     }
 
 private:
@@ -142,9 +141,8 @@ QList<Figure> renderingFigures()
                 largeFrames.figure(QStringLiteral("blurred photograph"), onPhotograph, 40),
                 frames.figure(QStringLiteral("200 layers"), slideOfLayers(200), 60),
                 frames.figure(QStringLiteral("100 layers"), slideOfLayers(100), 60)};
-    std::stable_sort(figures.begin(), figures.end(), [](const Figure &a, const Figure &b) {
-        return a.yardstick > b.yardstick;
-    });
+    std::stable_sort(figures.begin(), figures.end(),
+                     [](const Figure &a, const Figure &b) { return a.yardstick > b.yardstick; });
     return figures;
 }
 

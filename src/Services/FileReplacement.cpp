@@ -5,6 +5,8 @@
 #include <QSaveFile>
 
 #ifdef Q_OS_LINUX
+#include <QCryptographicHash>
+
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
@@ -64,18 +66,24 @@ public:
         return true;
     }
 
-    bool synchronize() const { return ::fsync(m_number) == 0; }
+    /// EINVAL: the file system has nothing to synchronize.
+    bool synchronize() const { return ::fsync(m_number) == 0 || errno == EINVAL; }
 
-    /// Best effort for the owner, which only some users may give away.
+    /// The permissions of the file at \a path and, as far as this user may give them away, its
+    /// owner and its group. What its group was allowed to is not allowed to another.
     bool takeAttributes(const QString &path) const
     {
         struct stat attributes
         {};
         if (::stat(QFile::encodeName(path).constData(), &attributes) != 0)
             return false;
-        [[maybe_unused]] const int owner = ::fchown(m_number, attributes.st_uid, attributes.st_gid);
+        constexpr auto same = uid_t(-1);
         constexpr mode_t permissions = 07777;
-        return ::fchmod(m_number, attributes.st_mode & permissions) == 0;
+        mode_t mode = attributes.st_mode & permissions;
+        if (::fchown(m_number, same, attributes.st_gid) != 0)
+            mode &= ~mode_t(S_IRWXG);
+        [[maybe_unused]] const int owner = ::fchown(m_number, attributes.st_uid, gid_t(same));
+        return ::fchmod(m_number, mode) == 0;
     }
 
     bool giveName(const QString &path) const
@@ -90,6 +98,14 @@ private:
     int m_number;
 };
 
+/// As short for the longest name.
+QString passingPath(const QFileInfo &target)
+{
+    const QByteArray name =
+        QCryptographicHash::hash(QFile::encodeName(target.fileName()), QCryptographicHash::Sha1);
+    return QStringLiteral("%1/.saving-%2").arg(target.path(), QLatin1String(name.toHex()));
+}
+
 /// Nothing if the file system has no files without a name.
 std::optional<bool> replaceByUnnamedFile(const QFileInfo &target, const QByteArray &bytes)
 {
@@ -103,7 +119,7 @@ std::optional<bool> replaceByUnnamedFile(const QFileInfo &target, const QByteArr
         return false;
     // A name cannot be taken from another file, only be moved onto it. What a process that was
     // killed in between has left goes with the next save.
-    const QString passing = QStringLiteral("%1/.%2.saving").arg(target.path(), target.fileName());
+    const QString passing = passingPath(target);
     QFile::remove(passing);
     if (!file.giveName(passing))
         return std::nullopt;

@@ -12,6 +12,7 @@
 
 #include <simdjson.h>
 
+#include <algorithm>
 #include <array>
 #include <bitset>
 #include <cmath>
@@ -133,8 +134,10 @@ public:
         simdjson::dom::array array;
         if (element.get(array) != simdjson::SUCCESS)
             return false;
+        // What the list says of its length is not trusted with memory.
+        constexpr std::size_t mostReserved = 4096;
         values.clear();
-        values.reserve(qsizetype(array.size()));
+        values.reserve(qsizetype(std::min(array.size(), mostReserved)));
         for (const Element item : array) {
             if (!read(item, values.emplaceBack(unread<T>())))
                 return false;

@@ -7,15 +7,21 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <new>
+
 namespace quenara {
 
 namespace {
+
+/// More than this the parser does not take.
+constexpr qint64 largestFile = 4'000'000'000;
 
 QByteArray contents(const QUrl &url)
 {
     // A pipe or a device might never come to its end.
     QFile file(url.toLocalFile());
-    if (!url.isLocalFile() || !QFileInfo(file).isFile() || !file.open(QIODevice::ReadOnly))
+    if (!url.isLocalFile() || !QFileInfo(file).isFile() || file.size() > largestFile
+        || !file.open(QIODevice::ReadOnly))
         throw ProjectFileError(ProjectFileError::unableToRead);
     QByteArray bytes = file.readAll();
     if (file.error() != QFileDevice::NoError)
@@ -23,9 +29,7 @@ QByteArray contents(const QUrl &url)
     return bytes;
 }
 
-} // namespace
-
-ZelvoProject ProjectFileService::load(const QUrl &url, const QDateTime &now)
+ZelvoProject loaded(const QUrl &url, const QDateTime &now)
 {
     std::optional<DecodedDocument> document = ProjectCodec::decode(contents(url));
     if (!document)
@@ -35,12 +39,36 @@ ZelvoProject ProjectFileService::load(const QUrl &url, const QDateTime &now)
     return ProjectNormalizer::normalized(std::get<ZelvoProject>(std::move(*document)));
 }
 
-void ProjectFileService::save(const ZelvoProject &project, const QUrl &url, const QDateTime &now)
+bool isSaved(const ZelvoProject &project, const QUrl &url, const QDateTime &now)
 {
     const std::optional<QByteArray> bytes =
         ProjectCodec::encode(ProjectNormalizer::normalizedForSave(project, now));
-    if (!bytes || !url.isLocalFile() || !replaceFile(url.toLocalFile(), *bytes))
-        throw ProjectFileError(ProjectFileError::unableToWrite);
+    return bytes && bytes->size() <= largestFile && url.isLocalFile()
+        && replaceFile(url.toLocalFile(), *bytes);
+}
+
+} // namespace
+
+// A document may need more memory than there is; the service goes on all the same.
+
+ZelvoProject ProjectFileService::load(const QUrl &url, const QDateTime &now)
+{
+    try {
+        return loaded(url, now);
+    } catch (const std::bad_alloc &) {
+        throw ProjectFileError(ProjectFileError::unableToRead);
+    }
+}
+
+void ProjectFileService::save(const ZelvoProject &project, const QUrl &url, const QDateTime &now)
+{
+    try {
+        if (isSaved(project, url, now))
+            return;
+    } catch (const std::bad_alloc &) {
+        // Like any other reason.
+    }
+    throw ProjectFileError(ProjectFileError::unableToWrite);
 }
 
 } // namespace quenara

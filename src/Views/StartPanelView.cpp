@@ -49,6 +49,10 @@ void StartPanelView::choose(const Choice &choice)
         return;
     // The sheet goes first, so that a panel or an alert of the choice stands on the window.
     accept();
+    // A question that stood on the sheet may have gone with it just now, and the keyboard with
+    // both.
+    if (parentWidget())
+        parentWidget()->window()->activateWindow();
     choice(m_store);
 }
 

@@ -1,6 +1,7 @@
 #include "AlertBox.h"
 
 #include <QApplication>
+#include <QLabel>
 
 namespace quenara {
 
@@ -15,6 +16,9 @@ AlertBox::AlertBox(const QString &text, const QString &detail, StandardButtons b
     : QMessageBox(NoIcon, QStringLiteral("Quenara"), text, buttons, parent)
 {
     setInformativeText(detail);
+    // Names come from documents, which shall not set the type of the program's questions.
+    for (QLabel *label : findChildren<QLabel *>())
+        label->setTextFormat(Qt::PlainText);
     setIconPixmap(QApplication::windowIcon().pixmap(iconSize));
     setWindowModality(Qt::WindowModal);
 }

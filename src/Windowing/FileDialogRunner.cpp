@@ -4,11 +4,14 @@
 
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QLineEdit>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QScopedValueRollback>
 #include <QSplitter>
 #include <QStandardPaths>
 
+#include <algorithm>
 #include <utility>
 
 namespace quenara {
@@ -28,6 +31,15 @@ QStringList nameFilters(const FilePanel &panel)
     return filters;
 }
 
+/// The toolkit's own dialog takes quotes for those of a list of names; one file is meant.
+QString chosenFile(const QFileDialog &dialog)
+{
+    const auto *field = dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+    return field && field->text().contains(QLatin1Char('"'))
+        ? dialog.directory().filePath(field->text())
+        : dialog.selectedFiles().constFirst();
+}
+
 } // namespace
 
 FileDialogRunner::FileDialogRunner(DialogParent parent)
@@ -44,14 +56,14 @@ std::optional<QUrl> FileDialogRunner::run(const FilePanel &panel)
         return std::nullopt;
     const QScopedValueRollback running(m_isRunning, true);
     FilePanel asked = panel;
-    while (const std::optional<QString> path = chosenPath(asked)) {
-        const QFileInfo file(*path);
-        m_folder = file.dir();
-        if (panel.kind == FilePanel::Kind::open || !file.exists() || mayReplace(*path))
-            return QUrl::fromLocalFile(*path);
-        asked.fileName = file.fileName();
+    std::optional<QString> path = chosenPath(asked);
+    while (path && panel.kind == FilePanel::Kind::save && QFileInfo::exists(*path)
+           && !mayReplace(*path)) {
+        asked.fileName = QFileInfo(*path).fileName();
+        path = chosenPath(asked);
     }
-    return std::nullopt;
+    m_parent()->activateWindow();
+    return path ? std::optional(QUrl::fromLocalFile(*path)) : std::nullopt;
 }
 
 std::optional<QString> FileDialogRunner::chosenPath(const FilePanel &panel)
@@ -70,10 +82,11 @@ std::optional<QString> FileDialogRunner::chosenPath(const FilePanel &panel)
     // The dialog would ask about the name before the suffix is added to it.
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     if (!panel.fileName.isEmpty())
-        dialog.selectFile(panel.fileName);
+        dialog.selectFile(fileNameFrom(panel.fileName));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return std::nullopt;
-    const QString path = dialog.selectedFiles().constFirst();
+    const QString path = chosenFile(dialog);
+    m_folder = QFileInfo(path).dir();
     return saves ? savedPath(panel, path) : path;
 }
 
@@ -90,6 +103,21 @@ bool FileDialogRunner::mayReplace(const QString &path)
     box.setEscapeButton(AlertBox::Cancel);
     box.exec();
     return box.clickedButton() == replace;
+}
+
+QString fileNameFrom(const QString &name)
+{
+    constexpr qsizetype longest = 255; // bytes, on every file system that is in use
+    static const QRegularExpression unfit(QStringLiteral(R"([/\\"\x{00}-\x{1f}\x{7f}]+)"));
+    static const QRegularExpression hiding(QStringLiteral(R"(^[\s.]+)"));
+    QString fit = name;
+    fit.replace(unfit, QStringLiteral("-")).remove(hiding);
+    const qsizetype dot = std::max<qsizetype>(0, fit.lastIndexOf(QLatin1Char('.')));
+    const QString suffix = fit.mid(dot);
+    QString stem = fit.first(dot).trimmed();
+    while (!stem.isEmpty() && QFile::encodeName(stem + suffix).size() > longest)
+        stem.chop(stem.back().isLowSurrogate() ? 2 : 1);
+    return stem + suffix;
 }
 
 QString savedPath(const FilePanel &panel, const QString &path)

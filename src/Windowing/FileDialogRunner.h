@@ -27,6 +27,10 @@ private:
     bool m_isRunning = false;
 };
 
+/// \a name, which has a suffix, as the name of a file that is not hidden in a folder: without
+/// separators, quotes and control characters, and no longer than file systems take.
+QString fileNameFrom(const QString &name);
+
 /// \a path as \a panel saves it: with the panel's suffix unless it ends so already.
 QString savedPath(const FilePanel &panel, const QString &path);
 

@@ -20,6 +20,7 @@ LeaveAnswer LeaveQuestionBox::ask(const LeaveQuestion &question)
     box.setDefaultButton(question.offersSave ? AlertBox::Save : AlertBox::Cancel);
     box.setEscapeButton(AlertBox::Cancel);
     box.exec();
+    m_parent()->activateWindow();
     if (save && box.clickedButton() == save)
         return LeaveAnswer::save;
     return box.clickedButton() == proceed ? LeaveAnswer::proceed : LeaveAnswer::cancel;

@@ -4,10 +4,13 @@
 #include "ShownPath.h"
 #include "WorkspaceStore.h"
 
+#include <QTextDocument>
+
 namespace quenara {
 
 namespace {
 
+constexpr int widestName = 240;
 constexpr int widestPath = 320;
 
 } // namespace
@@ -26,13 +29,16 @@ void OpenRecentMenu::showProjects()
 {
     clear();
     for (const RecentProject &project : m_store.recentProjects()) {
-        QString text = QStringLiteral("%1 \u2014 %2")
-                           .arg(project.name,
-                                fontMetrics().elidedText(shownPath(project.path), Qt::ElideMiddle,
-                                                         widestPath));
+        const QFontMetrics metrics = fontMetrics();
+        QString text =
+            QStringLiteral("%1 \u2014 %2")
+                .arg(metrics.elidedText(project.name.simplified(), Qt::ElideRight, widestName),
+                     metrics.elidedText(shownPath(project.path), Qt::ElideMiddle, widestPath));
         // An ampersand alone would mark the next letter as the item's key.
         QAction *action = addAction(text.replace(QLatin1Char('&'), QStringLiteral("&&")));
-        action->setToolTip(project.path);
+        action->setToolTip(Qt::mightBeRichText(project.path)
+                               ? Qt::convertFromPlainText(project.path)
+                               : project.path);
         connect(action, &QAction::triggered, this, [this, url = project.url()] {
             if (m_guard.mayReplaceDocument())
                 m_store.openProject(url);

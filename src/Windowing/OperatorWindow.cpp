@@ -55,7 +55,10 @@ void OperatorWindow::closeEvent(QCloseEvent *event)
 
 void OperatorWindow::showTitle()
 {
-    setWindowTitle(QStringLiteral("%1 \u2014 Quenara").arg(m_store.project().name));
+    // Alone, this mark would stand for whether the window is modified.
+    const QString mark = QStringLiteral("[*]");
+    QString name = m_store.project().name.simplified();
+    setWindowTitle(QStringLiteral("%1 \u2014 Quenara").arg(name.replace(mark, mark + mark)));
 }
 
 void OperatorWindow::showStartPanel()

@@ -8,6 +8,7 @@
 #include "WorkspaceStore.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QMenuBar>
 
 namespace quenara {
@@ -65,6 +66,11 @@ constexpr auto menus = std::to_array<MenuDescription>({
     {"&Transport", transportGroups},
     {"&Output", outputGroups},
 });
+
+bool worksOnDocument(Command command)
+{
+    return command <= Command::redo;
+}
 
 } // namespace
 
@@ -131,6 +137,10 @@ void ZelvoCommands::fill(QMenuBar &menuBar) const
 
 void ZelvoCommands::perform(Command command)
 {
+    // Those come from an output window, which takes part in the service meanwhile, not in the
+    // operator's dialog.
+    if (worksOnDocument(command) && QApplication::activeModalWidget())
+        return;
     endTyping();
     switch (command) {
     case Command::newProject:

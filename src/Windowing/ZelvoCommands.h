@@ -27,7 +27,7 @@ enum class Command : std::uint8_t {
     saveAs,
     quit,
     undo,
-    redo,
+    redo, // up to here they work on the document, from here on for the service
     goLiveBySpace,
     goLiveByReturn,
     nextLive,

@@ -185,6 +185,7 @@ private slots:
         ZelvoProject expected = ProjectNormalizer::normalized(project);
         expected.updatedAt = later;
         QCOMPARE(ProjectNormalizer::normalizedForSave(project, later), expected);
+        QCOMPARE(ProjectNormalizer::normalizedForSave(project, later.addMSecs(789)), expected);
     }
 
     void theBodyIsTheLowestVisibleText_data()

@@ -1,3 +1,4 @@
+#include "ChildProcess.h"
 #include "Documents.h"
 #include "ProjectFileError.h"
 #include "TestSupport.h"
@@ -6,6 +7,7 @@
 #include <QFile>
 #include <QTest>
 
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 using namespace quenara;
@@ -129,6 +131,7 @@ private slots:
         QTest::newRow("a file taken for a folder") << u"saved/show.quenara/show.quenara"_s;
         QTest::newRow("a name beyond all lengths") << QString(5000, u'x');
         QTest::newRow("a pipe that nobody writes to") << u"pipe.quenara"_s;
+        QTest::newRow("a hundred gigabytes") << u"large.quenara"_s;
         QTest::newRow("a device without an end") << u"/dev/zero"_s;
         QTest::newRow("a device without a byte") << u"/dev/null"_s;
     }
@@ -141,9 +144,35 @@ private slots:
         QVERIFY(QFile::link(u"nowhere"_s, folder.filePath(u"link.quenara"_s)));
         const QByteArray pipe = QFile::encodeName(folder.filePath(u"pipe.quenara"_s));
         QCOMPARE(mkfifo(pipe.constData(), S_IRUSR | S_IWUSR), 0);
+        QFile large(folder.filePath(u"large.quenara"_s));
+        QVERIFY(large.open(QIODevice::WriteOnly) && large.resize(100'000'000'000));
         const Everything before = everythingOf(world);
         world.store.openProject(QUrl::fromLocalFile(folder.absoluteFilePath(path)));
         compareButForTheMessage(world, before, ProjectFileError::unableToRead);
+    }
+
+    void whatTheMemoryDoesNotHoldChangesNothingButTheMessage()
+    {
+#ifdef __SANITIZE_ADDRESS__
+        QSKIP("the sanitizer needs more address space than any limit leaves");
+#endif
+        BusyWorld world;
+        QFile file(world.fileUrl(u"large.quenara"_s).toLocalFile());
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write("{\"slides\":[{}" + QByteArray(",{}").repeated(5'000'000) + "]}");
+        file.close();
+        const Everything before = everythingOf(world);
+        const int status = statusOfProcess([&] {
+            constexpr rlim_t someMemory = 600'000'000;
+            const rlimit limit{someMemory, someMemory};
+            if (::setrlimit(RLIMIT_AS, &limit) != 0)
+                return 1;
+            world.store.openProject(QUrl::fromLocalFile(file.fileName()));
+            const QString message = ProjectFileError(ProjectFileError::unableToRead).description();
+            return world.store.errorMessage() == message ? 0 : 2;
+        });
+        QCOMPARE(status, 0);
+        QVERIFY(everythingOf(world) == before); // the child process had a copy
     }
 
     void aFileWithoutLeaveToReadChangesNothingButTheMessage()

@@ -58,6 +58,29 @@ private slots:
         QVERIFY(!panel.isVisible());
     }
 
+    void thePanelIsGoneBeforeAFileIsAskedFor()
+    {
+        struct Observer : FilePanelRunner
+        {
+            const StartPanelView *panel = nullptr;
+            bool sawThePanel = true;
+
+            std::optional<QUrl> run(const FilePanel & /*panel*/) override
+            {
+                sawThePanel = panel->isVisible();
+                return std::nullopt;
+            }
+        };
+        World world;
+        Observer observer;
+        WorkspaceStore store(showOf({1}), {.preferences = world.preferences, .panels = observer});
+        StartPanelView panel(store, always, nullptr);
+        observer.panel = &panel;
+        panel.show();
+        QTest::mouseClick(button(panel, QStringLiteral("Open File...")), Qt::LeftButton);
+        QVERIFY(!observer.sawThePanel);
+    }
+
     void cancellingTheOpenPanelDismissesThePanelToo()
     {
         World world;

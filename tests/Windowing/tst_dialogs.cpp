@@ -6,6 +6,7 @@
 #include <QDialogButtonBox>
 #include <QFile>
 #include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
@@ -166,6 +167,8 @@ private slots:
             QCOMPARE(box.informativeText(), unsaved.detail);
             QCOMPARE(box.parentWidget(), &m_window);
             QCOMPARE(box.windowModality(), Qt::WindowModal);
+            for (const QLabel *label : box.findChildren<QLabel *>())
+                QCOMPARE(label->textFormat(), Qt::PlainText);
             dialog.close();
         }});
         LeaveQuestionBox(m_parent).ask(unsaved);
@@ -212,6 +215,52 @@ private slots:
                  QUrl::fromLocalFile(path));
         QCOMPARE(question,
                  u"\u201cSunday.quenara\u201d already exists. Do you want to replace it?"_s);
+    }
+
+    void returnDoesNotReplace()
+    {
+        const QTemporaryDir folder;
+        write(folder.filePath(u"Sunday.quenara"_s));
+        const auto pressReturn = [](QWidget &dialog) { QTest::keyClick(&dialog, Qt::Key_Return); };
+        QVERIFY(!save(
+            u"Proposed"_s,
+            {typeName(folder.filePath(u"Sunday"_s)), pressReturn, Operator::Step(pressEscape)}));
+    }
+
+    void aProposedNameIsTheNameOfAFile_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("proposed");
+        QTest::newRow("quotes and an ampersand")
+            << u"Grüße \"q\" & Söhne"_s << u"Grüße -q- & Söhne.quenara"_s;
+        QTest::newRow("a path") << u"/etc/passwd"_s << u"-etc-passwd.quenara"_s;
+        QTest::newRow("the way up") << u"../../x"_s << u"-..-x.quenara"_s;
+        QTest::newRow("a separator at the end") << u"w/"_s << u"w-.quenara"_s;
+        QTest::newRow("hidden") << u".hidden"_s << u"hidden.quenara"_s;
+        QTest::newRow("lines") << u"one\ntwo\tthree"_s << u"one-two-three.quenara"_s;
+        QTest::newRow("letters") << QString(300, u'a') << QString(247, u'a') + u".quenara"_s;
+        QTest::newRow("pairs") << u"\U0001F3B5"_s.repeated(80)
+                               << u"\U0001F3B5"_s.repeated(61) + u".quenara"_s;
+    }
+
+    void aProposedNameIsTheNameOfAFile()
+    {
+        QFETCH(QString, name);
+        QFETCH(QString, proposed);
+        QString shown;
+        const auto readName = [&shown](QWidget &dialog) {
+            shown = dialog.findChild<QLineEdit *>(u"fileNameEdit"_s)->text();
+            dialog.close();
+        };
+        save(name, {readName});
+        QCOMPARE(shown, proposed);
+    }
+
+    void aTypedNameWithQuotesIsOneName()
+    {
+        const QTemporaryDir folder;
+        QCOMPARE(save(u"Proposed"_s, {typeName(folder.filePath(u"the \"new\" one"_s))}),
+                 QUrl::fromLocalFile(folder.filePath(u"the \"new\" one.quenara"_s)));
     }
 
     void notReplacingGoesBackToTheName()

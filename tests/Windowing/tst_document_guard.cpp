@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QLineEdit>
 #include <QMenu>
 #include <QScopedValueRollback>
 
@@ -177,6 +178,40 @@ private slots:
         QCOMPARE(program.store.state(), expected);
         QVERIFY(program.window.isVisible());
         QVERIFY(program.panels.asked.isEmpty());
+    }
+
+    void whatIsStillBeingTypedIsAskedAboutToo()
+    {
+        Program program;
+        program.window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&program.window));
+        auto *field = program.window.findChild<QLineEdit *>(u"projectName"_s);
+        field->setFocus();
+        field->selectAll();
+        QTest::keyClicks(field, u"Easter"_s);
+        program.window.close();
+        QCOMPARE(program.questions.asked, QList{unsavedQuestion});
+        QVERIFY(program.window.isVisible());
+    }
+
+    void commandsOnTheDocumentWaitWhileADialogStands()
+    {
+        Program program;
+        program.store.updateProjectName(u"Easter"_s);
+        program.openDisplay();
+        program.store.showStartPanel();
+        QVERIFY(QApplication::activeModalWidget());
+        const WorkspaceState before = program.store.state();
+        for (const MenuDescription &menu : menuDescriptions().first(2)) {
+            for (const auto &group : menu.groups) {
+                for (const CommandDescription &item : group)
+                    program.commands.action(item.command)->trigger();
+            }
+        }
+        QCOMPARE(program.store.state(), before);
+        QVERIFY(program.panels.asked.isEmpty() && program.questions.asked.isEmpty());
+        program.commands.action(Command::toggleBlackout)->trigger();
+        QCOMPARE(program.store.outputMode(), OutputMode::blackout);
     }
 
     void quittingDuringTheServiceAsksEvenWhenAllIsSaved()

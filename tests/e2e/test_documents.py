@@ -6,7 +6,7 @@ import tempfile
 from pathlib import Path
 
 from processes import wait_until
-from program import ALERT, DISPLAY, OPERATOR
+from program import ALERT, DISPLAY, OPERATOR, START_PANEL
 from show_case import SHOW, ShowCase, TwoScreenCase, run
 from xserver import FIRST_SCREEN
 
@@ -76,6 +76,18 @@ class OneDocument(Documents, ShowCase):
         self.program.answer_question("Return")
         self.program.wait_for_window("Evening Show — Quenara")
         self.assertEqual(name_in(other), "Changed")
+
+    def test_the_keyboard_is_the_operators_after_a_question_over_the_start_panel(self):
+        for number in range(5):
+            self.rename(f"Changed {number}")
+            self.program.press("Return", "ctrl+n")
+            self.program.focus(START_PANEL)
+            self.program.press("Tab", "space")
+            wait_until(lambda: self.program.focused_title() == ALERT, "the question")
+            self.program.press(*DO_NOT_SAVE)
+            self.program.wait_for_window("Sunday Service — Quenara")
+            wait_until(lambda: self.program.focused_title() == "Sunday Service — Quenara",
+                       "the operator window to have the keyboard")
 
     def test_a_saved_name_gets_its_suffix_and_is_asked_about_before_it_is_replaced(self):
         path = self.folder / "Copy"

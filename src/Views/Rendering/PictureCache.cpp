@@ -49,8 +49,7 @@ QImage PictureCache::added(Entry entry)
 
 QImage pictureOf(const SlideMedia &media, const QSize &needed, PictureCache *pictures)
 {
-    return pictures ? pictures->image(media, needed)
-                    : ZelvoImageLoader::image(media, needed).image;
+    return pictures ? pictures->image(media, needed) : ZelvoImageLoader::image(media, needed).image;
 }
 
 } // namespace quenara
