@@ -1,7 +1,7 @@
-#include "GuiTestSupport.h"
 #include "ProjectTemplates.h"
 #include "SlideFonts.h"
 #include "TextBlock.h"
+#include "TextPictures.h"
 
 #include <QFontDatabase>
 #include <QFontInfo>
@@ -9,46 +9,6 @@
 
 using namespace quenara;
 using namespace quenara::test;
-
-namespace {
-
-constexpr QSize canvas(1920, 1080);
-
-TextElementProperties plainText(const QString &text)
-{
-    TextElementProperties properties = TextElementProperties::lyric(text);
-    properties.shadow.reset();
-    properties.padding = 0;
-    return properties;
-}
-
-/// White text on black.
-QImage picture(const TextElementProperties &text, const CanvasFrame &frame)
-{
-    SlideElement element;
-    element.id = QStringLiteral("text");
-    element.frame = frame;
-    element.text = text;
-    element.text->textColor = {1, 1, 1, 1};
-    SlideDesign design = designOver(solidBackground({0, 0, 0, 1}));
-    design.elements = {element};
-    return rendered({.slide = slideWith(design)}, canvas);
-}
-
-/// The smallest rectangle around everything that is not black.
-QRect inkOf(const QImage &image)
-{
-    QRect ink;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            if (qGray(image.pixel(x, y)) > 40)
-                ink |= QRect(x, y, 1, 1);
-        }
-    }
-    return ink;
-}
-
-} // namespace
 
 class TestSlideText : public GuiTest
 {
@@ -111,7 +71,7 @@ private slots:
         TextElementProperties text = plainText(QStringLiteral("HHH"));
         text.alignment = alignment;
         text.padding = 40;
-        const QRect ink = inkOf(picture(text, {200, 300, 1000, 400}));
+        const QRect ink = inkOf(textPicture(text, {200, 300, 1000, 400}));
         constexpr int tolerance = 12; // side bearings
         if (alignment == TextAlignmentValue::left) {
             QVERIFY(std::abs(ink.left() - 240) <= tolerance);
@@ -194,9 +154,9 @@ private slots:
     {
         TextElementProperties text = plainText(QStringLiteral("HHHH"));
         text.shadow = TextShadow{{1, 0, 0, 1}, 0, 0, 60};
-        const QImage image = picture(text, {200, 300, 1000, 400});
+        const QImage image = textPicture(text, {200, 300, 1000, 400});
         text.shadow.reset();
-        const QRect ink = inkOf(picture(text, {200, 300, 1000, 400}));
+        const QRect ink = inkOf(textPicture(text, {200, 300, 1000, 400}));
         const QPoint insideStem(ink.left() + 4, ink.bottom() - 4);
         QCOMPARE(image.pixel(insideStem), qRgb(255, 255, 255));
         QCOMPARE(image.pixel(insideStem + QPoint(0, 60)), qRgb(255, 0, 0));
@@ -206,7 +166,7 @@ private slots:
     {
         TextElementProperties text = plainText(QString());
         text.backgroundFill = RGBAColor{0, 0, 1, 1};
-        const QImage image = picture(text, {200, 300, 1000, 400});
+        const QImage image = textPicture(text, {200, 300, 1000, 400});
         QCOMPARE(image.pixel(700, 301), qRgb(0, 0, 255));
         QCOMPARE(image.pixel(201, 500), qRgb(0, 0, 255));
         QCOMPARE(image.pixel(200, 300), qRgb(0, 0, 0));

@@ -14,7 +14,8 @@ namespace {
 /// The pixel size at which texts are laid out before they are scaled to their own: large enough
 /// that rounding inside the font engine does not show.
 constexpr int layoutPixelSize = 128;
-constexpr double fitTolerance = 0.002;
+constexpr double fitTolerance = 0.25; // canvas units of the font size
+constexpr double finestFit = 1e-9; // for sizes beyond all measure
 constexpr double smallestFontSize = 0.1;
 constexpr char16_t ellipsis = u'\u2026';
 
@@ -49,7 +50,8 @@ TextBlock::TextBlock(const TextElementProperties &text, const QSizeF &box)
         return;
     double fits = smallestFit;
     double tooLarge = 1;
-    while (tooLarge - fits > fitTolerance) {
+    const double closeEnough = std::max(finestFit, fitTolerance / text.fontSize);
+    while (tooLarge - fits > closeEnough) {
         const double middle = (fits + tooLarge) / 2;
         layOut(middle);
         (m_bounds.height() <= m_box.height() ? fits : tooLarge) = middle;

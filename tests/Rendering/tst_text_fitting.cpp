@@ -1,0 +1,186 @@
+#include "TextBlock.h"
+#include "TextPictures.h"
+
+using namespace quenara;
+using namespace quenara::test;
+
+namespace {
+
+constexpr QChar ellipsis(0x2026);
+
+TextElementProperties sized(const QString &text, double fontSize)
+{
+    TextElementProperties properties = plainText(text);
+    properties.fontSize = fontSize;
+    return properties;
+}
+
+QString longText()
+{
+    return QStringLiteral("We lift our eyes to where our help comes from, and every valley hears. ")
+        .repeated(6)
+        .trimmed();
+}
+
+/// The lines of a text set small from the start, in a box with room for all of them.
+QStringList linesAtTheFloor(TextElementProperties text, double width)
+{
+    text.fontSize *= TextBlock::smallestFit;
+    return TextBlock(text, {width, 1e5}).lines();
+}
+
+} // namespace
+
+class TestTextFitting : public GuiTest
+{
+    Q_OBJECT
+
+private slots:
+    void aTextIsShrunkToWithinHalfAUnitOfTheLargestSizeThatFits_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<double>("fontSize");
+        QTest::addColumn<QSizeF>("box");
+        QTest::addColumn<double>("characterSpacing");
+        const QString lines = QStringLiteral("one\ntwo\nthree\nfour");
+        QTest::newRow("four short lines") << lines << 78.0 << QSizeF(1500, 300) << 0.0;
+        QTest::newRow("small print") << lines << 20.0 << QSizeF(1500, 70) << 0.0;
+        QTest::newRow("a wrapped text") << longText() << 78.0 << QSizeF(1480, 360) << 0.0;
+        QTest::newRow("a wrapped text, spaced") << longText() << 78.0 << QSizeF(1480, 400) << 3.0;
+        QTest::newRow("a wrapped text, set tight")
+            << longText() << 78.0 << QSizeF(1480, 360) << -2.0;
+        QTest::newRow("one large word")
+            << QStringLiteral("Hallelujah") << 400.0 << QSizeF(1400, 400) << 0.0;
+        QTest::newRow("large lines")
+            << QStringLiteral("Holy\nholy") << 400.0 << QSizeF(1800, 700) << 0.0;
+        for (int height = 1400; height < 1500; height += 10) {
+            QTest::addRow("huge lines in a height of %d", height)
+                << QStringLiteral("Holy\nholy") << 900.0 << QSizeF(3000, height) << 0.0;
+        }
+        QTest::newRow("a word that is broken inside")
+            << QStringLiteral("Hallelujah").repeated(8) << 100.0 << QSizeF(900, 420) << 0.0;
+    }
+
+    void aTextIsShrunkToWithinHalfAUnitOfTheLargestSizeThatFits()
+    {
+        QFETCH(QString, text);
+        QFETCH(double, fontSize);
+        QFETCH(QSizeF, box);
+        QFETCH(double, characterSpacing);
+        TextElementProperties properties = sized(text, fontSize);
+        properties.characterSpacing = characterSpacing;
+        const TextBlock block(properties, box);
+        QVERIFY2(block.fit() < 1 && block.fit() > TextBlock::smallestFit,
+                 QByteArray::number(block.fit()).constData());
+        QVERIFY(block.bounds().height() <= box.height());
+        QVERIFY(!block.lines().constLast().endsWith(ellipsis));
+
+        constexpr double halfAUnit = 0.5;
+        properties.fontSize = fontSize * block.fit();
+        QCOMPARE(TextBlock(properties, box).fit(), 1.0);
+        properties.fontSize += halfAUnit;
+        QVERIFY(TextBlock(properties, box).fit() < 1);
+    }
+
+    void aTextThatFillsItsBoxToTheBrimIsNotShrunk_data()
+    {
+        QTest::addColumn<double>("fontSize");
+        for (const double fontSize : {9.0, 78.0, 400.0})
+            QTest::addRow("size %g", fontSize) << fontSize;
+    }
+
+    void aTextThatFillsItsBoxToTheBrimIsNotShrunk()
+    {
+        QFETCH(double, fontSize);
+        const TextElementProperties text = sized(QStringLiteral("Sing\nwith joy"), fontSize);
+        constexpr double width = 5000;
+        const double height = TextBlock(text, {width, 5000}).bounds().height();
+        QCOMPARE(TextBlock(text, {width, height}).fit(), 1.0);
+        QVERIFY(TextBlock(text, {width, height - 1}).fit() < 1);
+    }
+
+    void aShrunkTextIsPaintedInsideItsBox()
+    {
+        const CanvasFrame frame{300, 200, 1200, 300};
+        const QRect ink = inkOf(textPicture(sized(longText(), 78), frame));
+        QVERIFY(QRect(300, 200, 1200, 300).contains(ink));
+        QVERIFY(ink.height() > 230);
+    }
+
+    void whatDoesNotFitAtTheSmallestSizeEndsWithTheLastLineThatFits_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<double>("width");
+        QTest::addColumn<double>("height");
+        QTest::addColumn<double>("fontSize");
+        for (const double width : {300.0, 411.0, 523.5, 777.7, 900.0}) {
+            QTest::addRow("words in a box of %g", width) << longText() << width << 130.0 << 78.0;
+            QTest::addRow("one word in a box of %g", width)
+                << QString(300, QLatin1Char('w')) << width << 130.0 << 78.0;
+            QTest::addRow("short lines in a box of %g", width)
+                << QStringLiteral("We sing\nwith joy\n").repeated(20) << width << 130.0 << 78.0;
+            QTest::addRow("right-to-left words in a box of %g", width)
+                << (QChar(0x202e) + longText()) << width << 130.0 << 78.0;
+            QTest::addRow("large words in a box of %g", width)
+                << longText() << 2 * width << 400.0 << 400.0;
+        }
+        QTest::newRow("only one line fits") << longText() << 900.0 << 50.0 << 78.0;
+        QTest::newRow("the last line that fits is blank")
+            << QStringLiteral("one\n\nthree\nfour\nfive") << 900.0 << 80.0 << 78.0;
+    }
+
+    void whatDoesNotFitAtTheSmallestSizeEndsWithTheLastLineThatFits()
+    {
+        QFETCH(QString, text);
+        QFETCH(double, width);
+        QFETCH(double, height);
+        QFETCH(double, fontSize);
+        const TextElementProperties properties = sized(text, fontSize);
+        const TextBlock block(properties, {width, height});
+        QCOMPARE(block.fit(), TextBlock::smallestFit);
+        QVERIFY(block.bounds().height() <= height);
+        QVERIFY(block.bounds().width() <= width);
+
+        const QStringList all = linesAtTheFloor(properties, width);
+        const QStringList shown = block.lines();
+        QVERIFY(shown.size() < all.size());
+        const double pitch = fontSize * TextBlock::smallestFit * 1.4;
+        QVERIFY(block.bounds().height() + pitch > height); // one more would not have fitted
+        QCOMPARE(shown.first(shown.size() - 1), all.first(shown.size() - 1));
+
+        QVERIFY(shown.constLast().endsWith(ellipsis));
+        const QString kept = shown.constLast().chopped(1);
+        QVERIFY(all.at(shown.size() - 1).startsWith(kept));
+        QVERIFY(!kept.endsWith(ellipsis) && !kept.endsWith(QLatin1Char(' ')));
+    }
+
+    void aBoxTooLowForOneLineShowsItsStart()
+    {
+        for (const double height : {0.0, 10.0}) {
+            const TextBlock block(sized(longText(), 78), {900, height});
+            QCOMPARE(block.lines().size(), 1);
+            QVERIFY(block.lines().constFirst().startsWith(QStringLiteral("We lift")));
+            QVERIFY(block.lines().constFirst().endsWith(ellipsis));
+        }
+    }
+
+    void theEllipsisIsPaintedAtTheEndOfTheLastLine()
+    {
+        TextElementProperties text = sized(QStringLiteral("xxxx\n").repeated(30), 78);
+        text.alignment = TextAlignmentValue::left;
+        const CanvasFrame frame{200, 200, 900, 130};
+        const QImage picture = textPicture(text, frame);
+        const auto inkBetween = [&](int top, int bottom) {
+            return inkOf(picture.copy(0, top, canvas.width(), bottom - top));
+        };
+        const QRect whole = inkOf(picture);
+        const int lastLine = whole.bottom() - 20;
+        const QRect first = inkBetween(0, lastLine);
+        const QRect last = inkBetween(lastLine, canvas.height());
+        QCOMPARE(last.left(), first.left());
+        QVERIFY(last.right() > first.right() + 10);
+    }
+};
+
+QUENARA_GUI_TEST_MAIN(TestTextFitting)
+#include "tst_text_fitting.moc"
