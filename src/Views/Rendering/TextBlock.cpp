@@ -35,8 +35,11 @@ Qt::Alignment alignmentOf(TextAlignmentValue alignment)
 QString withLineSeparators(QString text)
 {
     text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-    text.replace(QLatin1Char('\r'), QLatin1Char('\n'));
-    return text.replace(QLatin1Char('\n'), QChar::LineSeparator);
+    for (QChar &character : text) {
+        if (QStringView(u"\n\v\f\r\u0085\u2029").contains(character))
+            character = QChar::LineSeparator;
+    }
+    return text;
 }
 
 } // namespace

@@ -1,0 +1,187 @@
+#include "TextBlock.h"
+#include "TextPictures.h"
+
+using namespace quenara;
+using namespace quenara::test;
+
+namespace {
+
+constexpr CanvasFrame frame{200, 200, 1500, 600};
+
+TextElementProperties leftAligned(const QString &text)
+{
+    TextElementProperties properties = plainText(text);
+    properties.alignment = TextAlignmentValue::left;
+    return properties;
+}
+
+/// Where lines of ink begin, each divided from the next by at least one black row.
+QList<int> topsOfInk(const QImage &image)
+{
+    QList<int> tops;
+    bool wasBlack = true;
+    for (int y = 0; y < image.height(); ++y) {
+        const bool isBlack = inkOf(image.copy(0, y, image.width(), 1)).isNull();
+        if (wasBlack && !isBlack)
+            tops.append(y);
+        wasBlack = isBlack;
+    }
+    return tops;
+}
+
+} // namespace
+
+class TestTextSetting : public GuiTest
+{
+    Q_OBJECT
+
+private slots:
+    void characterSpacingFollowsEveryCharacter_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("characters");
+        QTest::newRow("letters") << QStringLiteral("HHHH") << 4;
+        QTest::newRow("words") << QStringLiteral("HH HH") << 5;
+        QTest::newRow("a letter and its combining mark are one")
+            << QStringLiteral("HE\u0301H") << 3;
+    }
+
+    void characterSpacingFollowsEveryCharacter()
+    {
+        QFETCH(QString, text);
+        QFETCH(int, characters);
+        constexpr double spacing = 20;
+        TextElementProperties properties = leftAligned(text);
+        const double plainWidth = TextBlock(properties, {1500, 600}).bounds().width();
+        const QRect plainInk = inkOf(textPicture(properties, frame));
+        properties.characterSpacing = spacing;
+        const double spacedWidth = TextBlock(properties, {1500, 600}).bounds().width();
+        const QRect spacedInk = inkOf(textPicture(properties, frame));
+        QVERIFY(std::abs(spacedWidth - plainWidth - characters * spacing) < 0.1);
+        // What follows the last character is not seen, but counts for the alignment.
+        QVERIFY(std::abs(spacedInk.width() - plainInk.width() - (characters - 1) * spacing) <= 1);
+        QCOMPARE(spacedInk.left(), plainInk.left());
+        properties.alignment = TextAlignmentValue::right;
+        const int rightMargin = 1700 - inkOf(textPicture(properties, frame)).right();
+        QVERIFY(rightMargin >= spacing);
+    }
+
+    void linesArePaintedAsFarApartAsTheirSpacingSays()
+    {
+        const auto pitch = [](double lineHeight) {
+            TextElementProperties text = plainText(QStringLiteral("HH\nHH\nHH"));
+            text.lineHeight = lineHeight;
+            const QList<int> tops = topsOfInk(textPicture(text, frame));
+            return tops.size() == 3 ? (tops.at(2) - tops.at(0)) / 2.0 : 0;
+        };
+        const double set = pitch(1);
+        QVERIFY(set > 78);
+        QVERIFY(std::abs(pitch(1.5) - set - 39) <= 0.5);
+        QVERIFY(std::abs(pitch(2) - set - 78) <= 0.5);
+        QCOMPARE(pitch(0.8), set);
+        QCOMPARE(pitch(-3), set);
+    }
+
+    void blankLinesArePaintedAsTheRoomOfALine()
+    {
+        const QList<int> closed = topsOfInk(textPicture(plainText(QStringLiteral("H\nH")), frame));
+        const QList<int> open = topsOfInk(textPicture(plainText(QStringLiteral("H\n\nH")), frame));
+        QCOMPARE(closed.size(), 2);
+        QCOMPARE(open.size(), 2);
+        const int pitch = closed.at(1) - closed.at(0);
+        QVERIFY(std::abs(open.at(1) - open.at(0) - 2 * pitch) <= 1);
+    }
+
+    void blankLinesAtTheStartAndTheEndCountForTheCentring()
+    {
+        const auto top = [](const QString &text) {
+            return inkOf(textPicture(plainText(text), frame)).top();
+        };
+        const int alone = top(QStringLiteral("H"));
+        QVERIFY(top(QStringLiteral("\nH")) > alone + 30);
+        QVERIFY(top(QStringLiteral("H\n")) < alone - 30);
+    }
+
+    void everyKindOfLineBreakBreaks_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("line feed") << QStringLiteral("one\ntwo");
+        QTest::newRow("carriage return") << QStringLiteral("one\rtwo");
+        QTest::newRow("both") << QStringLiteral("one\r\ntwo");
+        QTest::newRow("line separator") << QStringLiteral("one\u2028two");
+        QTest::newRow("paragraph separator") << QStringLiteral("one\u2029two");
+        QTest::newRow("line tabulation") << QStringLiteral("one\u000btwo");
+        QTest::newRow("form feed") << QStringLiteral("one\u000ctwo");
+        QTest::newRow("next line") << QStringLiteral("one\u0085two");
+    }
+
+    void everyKindOfLineBreakBreaks()
+    {
+        QFETCH(QString, text);
+        QCOMPARE(TextBlock(plainText(text), {1500, 900}).lines(),
+                 (QStringList{QStringLiteral("one"), QStringLiteral("two")}));
+        QCOMPARE(textPicture(plainText(text), frame),
+                 textPicture(plainText(QStringLiteral("one\ntwo")), frame));
+    }
+
+    void linesBreakBetweenWordsAndInsideThoseThatAloneAreTooLong()
+    {
+        const QStringList lines =
+            TextBlock(plainText(QStringLiteral("a Hallelujahhallelujah b")), {500, 900}).lines();
+        QVERIFY(lines.size() >= 3);
+        QCOMPARE(lines.constFirst(), QStringLiteral("a "));
+        QCOMPARE(lines.join(QString()), QStringLiteral("a Hallelujahhallelujah b"));
+    }
+
+    void aSharpSIsPaintedInCapitalsAsTwo()
+    {
+        TextElementProperties text = plainText(QStringLiteral("straße"));
+        text.uppercase = true;
+        QCOMPARE(textPicture(text, frame),
+                 textPicture(plainText(QStringLiteral("STRASSE")), frame));
+        QCOMPARE(text.text, QStringLiteral("straße"));
+    }
+
+    void aLetterWithItsCombiningMarkIsPaintedLikeTheOneCharacter()
+    {
+        QCOMPARE(textPicture(plainText(QStringLiteral("caf\u0065\u0301")), frame),
+                 textPicture(plainText(QStringLiteral("caf\u00e9")), frame));
+    }
+
+    void rightToLeftTextRunsFromTheRight_data()
+    {
+        QTest::addColumn<QString>("first");
+        QTest::addColumn<QString>("both");
+        QTest::newRow("Hebrew") << QStringLiteral("\u05e9\u05dc\u05d5\u05dd")
+                                << QStringLiteral("\u05e9\u05dc\u05d5\u05dd "
+                                                  "\u05e2\u05d5\u05dc\u05dd");
+        QTest::newRow("letters told to run that way")
+            << QStringLiteral("\u202eSing") << QStringLiteral("\u202eSing with");
+    }
+
+    void rightToLeftTextRunsFromTheRight()
+    {
+        QFETCH(QString, first);
+        QFETCH(QString, both);
+        const auto flushRight = [](const QString &text) {
+            TextElementProperties properties = plainText(text);
+            properties.alignment = TextAlignmentValue::right;
+            return textPicture(properties, frame);
+        };
+        const QImage one = flushRight(first);
+        const QImage two = flushRight(both);
+        const QRect ink = inkOf(one);
+        QVERIFY(!ink.isEmpty());
+        QVERIFY(inkOf(two).left() < ink.left() - 40);
+        QVERIFY(largestDifference(one.copy(ink), two.copy(ink)) <= 1);
+    }
+
+    void leftIsTheLeftEdgeForRightToLeftTextToo()
+    {
+        const QRect ink = inkOf(textPicture(leftAligned(QStringLiteral("\u05e9\u05dc")), frame));
+        QVERIFY(std::abs(ink.left() - 200) <= 12);
+    }
+};
+
+QUENARA_GUI_TEST_MAIN(TestTextSetting)
+#include "tst_text_setting.moc"
