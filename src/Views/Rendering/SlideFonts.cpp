@@ -49,6 +49,16 @@ QString systemFontFamily()
     return QStringLiteral("Inter");
 }
 
+QString emojiFontFamily()
+{
+    for (const char16_t *family : {u"Noto Color Emoji", u"Apple Color Emoji", u"Segoe UI Emoji"}) {
+        const QString name = QString::fromUtf16(family);
+        if (installedFamilies().contains(name))
+            return name;
+    }
+    return {};
+}
+
 QFont::Weight fontWeight(TextFontWeight weight)
 {
     switch (weight) {

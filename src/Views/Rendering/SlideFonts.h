@@ -14,6 +14,9 @@ int loadBundledFonts();
 /// The family of the interface, the holding screen and what a slide leaves to the system.
 QString systemFontFamily();
 
+/// The installed family of emoji in colour; empty without one.
+QString emojiFontFamily();
+
 QFont::Weight fontWeight(TextFontWeight weight);
 
 /// An unhinted font, whose advances scale with its size, of \a family where that is installed, else

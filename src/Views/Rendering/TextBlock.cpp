@@ -1,5 +1,6 @@
 #include "TextBlock.h"
 
+#include "EmojiText.h"
 #include "SlideFonts.h"
 
 #include <QFontMetricsF>
@@ -80,6 +81,7 @@ void TextBlock::layOut(double fit)
     const double spacing = std::max(0.0, layoutPixelSize * (m_text.lineHeight - 1));
     m_layout->setText(m_string);
     m_layout->setFont(font);
+    m_layout->setFormats(emojiFormats(m_string));
     m_layout->setTextOption(option);
     m_layout->beginLayout();
     double y = 0;

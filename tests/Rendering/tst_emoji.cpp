@@ -1,0 +1,107 @@
+#include "SlideFonts.h"
+#include "TextBlock.h"
+#include "TextPictures.h"
+
+using namespace quenara;
+using namespace quenara::test;
+
+namespace {
+
+constexpr CanvasFrame frame{200, 200, 1500, 600};
+
+/// How many pixels are neither black, grey nor white.
+int colouredPixels(const QImage &image)
+{
+    constexpr int clearlyColoured = 100;
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            count += QColor(image.pixel(x, y)).hsvSaturation() > clearlyColoured ? 1 : 0;
+    }
+    return count;
+}
+
+} // namespace
+
+class TestEmoji : public GuiTest
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase()
+    {
+        QVERIFY2(!emojiFontFamily().isEmpty(), "scripts/setup test installs a face with emoji");
+    }
+
+    void emojiArePaintedInColourAtEverySize_data()
+    {
+        QTest::addColumn<double>("fontSize");
+        QTest::addColumn<double>("opacity");
+        for (const double fontSize : {24.0, 78.0, 150.0, 400.0}) {
+            QTest::addRow("size %g", fontSize) << fontSize << 1.0;
+            QTest::addRow("size %g, faded", fontSize) << fontSize << 0.7;
+        }
+    }
+
+    void emojiArePaintedInColourAtEverySize()
+    {
+        QFETCH(double, fontSize);
+        QFETCH(double, opacity);
+        TextElementProperties text = plainText(QStringLiteral("\U0001F600"));
+        text.fontSize = fontSize;
+        text.shadow = TextShadow::soft;
+        Slide slide = textSlide(text, frame);
+        slide.design.elements.first().opacity = opacity;
+        const QImage picture = rendered({.slide = slide}, canvas);
+        const QRect ink = inkOf(picture);
+        QVERIFY(ink.height() > 0.8 * fontSize);
+        QVERIFY(ink.height() < 1.4 * fontSize);
+        QVERIFY(colouredPixels(picture) > ink.width() * ink.height() / 2);
+    }
+
+    void whatIsAnEmojiHasColourAndTheOtherSymbolsThatOfTheText_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<bool>("isColoured");
+        QTest::newRow("a star") << QStringLiteral("\u2b50") << true;
+        QTest::newRow("praying hands of a skin tone")
+            << QStringLiteral("\U0001F64F\U0001F3FE") << true;
+        QTest::newRow("a heart told to be an emoji") << QStringLiteral("\u2764\ufe0f") << true;
+        QTest::newRow("a heart") << QStringLiteral("\u2665") << false;
+        QTest::newRow("a cross") << QStringLiteral("\u271d") << false;
+        QTest::newRow("digits and signs") << QStringLiteral("1 # * \u00a9 \u2192") << false;
+    }
+
+    void whatIsAnEmojiHasColourAndTheOtherSymbolsThatOfTheText()
+    {
+        QFETCH(QString, text);
+        QFETCH(bool, isColoured);
+        const QImage picture = textPicture(plainText(text), frame);
+        QVERIFY(!inkOf(picture).isEmpty());
+        QCOMPARE(colouredPixels(picture) > 200, isColoured);
+    }
+
+    void joinedEmojiAreOnePicture()
+    {
+        const auto width = [](const QString &text) {
+            return TextBlock(plainText(text), {1500, 600}).bounds().width();
+        };
+        const double one = width(QStringLiteral("\U0001F468"));
+        QCOMPARE(width(QStringLiteral("\U0001F468\u200d\U0001F469\u200d\U0001F467")), one);
+        QCOMPARE(width(QStringLiteral("\U0001F1FA\U0001F1E6")), one);
+    }
+
+    void emojiStandOnTheLineOfTheLettersBesideThem()
+    {
+        const QString letters = QStringLiteral("HH");
+        const QString both = QStringLiteral("HH \U0001F600");
+        QCOMPARE(TextBlock(plainText(both), {1500, 600}).lines(), QStringList{both});
+        const QImage picture = textPicture(plainText(both), frame);
+        QVERIFY(inkOf(picture).width()
+                > inkOf(textPicture(plainText(letters), frame)).width() + 60);
+        QVERIFY(colouredPixels(picture) > 2000);
+    }
+};
+
+QUENARA_GUI_TEST_MAIN(TestEmoji)
+#include "tst_emoji.moc"
