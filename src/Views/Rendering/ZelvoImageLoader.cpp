@@ -40,14 +40,15 @@ ZelvoImageLoader::Decoded decoded(QIODevice &device, const QSize &needed)
     return {image, stored.isValid() ? turned(stored) : image.size(), reduction};
 }
 
-/// The bytes of a data URL; nothing without a comma or with anything but base64 after it.
+/// The bytes of a data URL; nothing without a comma or with anything but padded base64 after it.
 std::optional<QByteArray> payload(const QByteArray &dataUrl)
 {
-    const qsizetype comma = dataUrl.indexOf(',');
-    if (comma < 0)
+    constexpr qsizetype group = 4;
+    const qsizetype start = dataUrl.indexOf(',') + 1;
+    if (start == 0 || (dataUrl.size() - start) % group != 0)
         return std::nullopt;
-    auto decoding = QByteArray::fromBase64Encoding(dataUrl.mid(comma + 1),
-                                                   QByteArray::AbortOnBase64DecodingErrors);
+    auto decoding =
+        QByteArray::fromBase64Encoding(dataUrl.mid(start), QByteArray::AbortOnBase64DecodingErrors);
     return decoding ? std::optional(std::move(*decoding)) : std::nullopt;
 }
 

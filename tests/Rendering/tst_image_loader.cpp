@@ -1,0 +1,308 @@
+#include "Pictures.h"
+#include "ZelvoImageLoader.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QUrl>
+#include <QtEndian>
+
+#include <array>
+#include <sys/stat.h>
+
+using namespace quenara;
+using namespace quenara::test;
+
+namespace {
+
+constexpr QSize size(640, 480);
+
+SlideMedia mediaAt(const QByteArray &place)
+{
+    return {.dataUrl = place, .name = {}, .mimeType = {}};
+}
+
+/// A GIF of these quarters, which Qt reads but does not write: uncompressed as far as GIF can be,
+/// with a clear code before every pixel pair so that codes stay three bits wide.
+QByteArray gif()
+{
+    constexpr int side = 8;
+    QByteArray codes;
+    for (int y = 0; y < side; ++y) {
+        for (int x = 0; x < side; ++x) {
+            constexpr char clear = 4;
+            if (x % 2 == 0)
+                codes.append(clear);
+            codes.append(char((y >= side / 2 ? 2 : 0) + (x >= side / 2 ? 1 : 0)));
+        }
+    }
+    constexpr char end = 5;
+    codes.append(end);
+    constexpr unsigned codeBits = 3;
+    QByteArray packed((codes.size() * codeBits + 7) / 8, '\0');
+    for (unsigned i = 0; i < unsigned(codes.size()) * codeBits; ++i) {
+        const unsigned bit = (unsigned(codes.at(i / codeBits)) >> (i % codeBits)) & 1U;
+        packed[i / 8] = char(quint8(packed.at(i / 8)) | (bit << (i % 8)));
+    }
+    const QByteArray screen("\x08\0\x08\0\xa1\0\0", 7);
+    const QByteArray palette("\xff\0\0\0\xff\0\0\0\xff\xff\xff\xff", 12);
+    const QByteArray frame(",\0\0\0\0\x08\0\x08\0\0\x02", 11);
+    return "GIF89a" + screen + palette + frame + char(packed.size()) + packed
+        + QByteArray("\0;", 2);
+}
+
+/// How a camera stores an upright picture by its EXIF orientation, from the definition: on which
+/// side of the upright picture its first row and its first column lie.
+QImage asStored(const QImage &upright, int orientation)
+{
+    const int right = upright.width() - 1;
+    const int bottom = upright.height() - 1;
+    const bool isTurned = orientation >= 5;
+    QImage stored(isTurned ? upright.size().transposed() : upright.size(), upright.format());
+    for (int y = 0; y <= bottom; ++y) {
+        for (int x = 0; x <= right; ++x) {
+            const std::array<QPoint, 8> columnAndRow = {{
+                {x, y}, // top, left
+                {right - x, y}, // top, right
+                {right - x, bottom - y}, // bottom, right
+                {x, bottom - y}, // bottom, left
+                {y, x}, // left, top
+                {y, right - x}, // right, top
+                {bottom - y, right - x}, // right, bottom
+                {bottom - y, x}, // left, bottom
+            }};
+            stored.setPixel(columnAndRow.at(std::size_t(orientation - 1)), upright.pixel(x, y));
+        }
+    }
+    return stored;
+}
+
+/// A JPEG of quarters that says in an APP1 segment how it is to be turned.
+QByteArray photograph(int orientation)
+{
+    QByteArray jpeg = encoded(asStored(quarters(size), orientation), "JPG");
+    const QByteArray tiff = QByteArray("MM\0*\0\0\0\x08"
+                                       "\0\x01"
+                                       "\x01\x12\0\x03\0\0\0\x01\0",
+                                       19)
+        + char(orientation) + QByteArray(6, '\0');
+    const QByteArray exif = QByteArray("Exif\0\0", 6) + tiff;
+    return jpeg.insert(2, QByteArray("\xff\xe1\0", 3) + char(exif.size() + 2) + exif);
+}
+
+} // namespace
+
+/// No GuiTest: the picture readers may warn of what they refuse.
+class TestImageLoader : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void init() { QVERIFY(m_folder.isValid()); }
+
+    void everyUsualFormatIsRead_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        for (const char *format : {"PNG", "JPG", "BMP", "WEBP"})
+            QTest::newRow(format) << encoded(quarters(size), format);
+        QTest::newRow("GIF") << gif();
+    }
+
+    void everyUsualFormatIsRead()
+    {
+        QFETCH(QByteArray, bytes);
+        const QImage image = ZelvoImageLoader::image(mediaOf(bytes));
+        QVERIFY(showsQuarters(image));
+        const ZelvoImageLoader::Decoded reduced =
+            ZelvoImageLoader::image(mediaOf(bytes), image.size() / 4);
+        QCOMPARE(reduced.reduction, 4);
+        QCOMPARE(reduced.fullSize, image.size());
+        QCOMPARE(reduced.image.size(), image.size() / 4);
+        if (image.width() > 8)
+            QVERIFY(showsQuarters(reduced.image));
+    }
+
+    void aPictureKeepsItsTransparency()
+    {
+        QImage image(4, 4, QImage::Format_ARGB32);
+        image.fill(QColor(255, 0, 0, 128));
+        const QImage read = ZelvoImageLoader::image(mediaOf(encoded(image, "PNG")));
+        QVERIFY(std::abs(qAlpha(read.pixel(1, 1)) - 128) <= 1);
+    }
+
+    void aPhotographIsTurnedUpright_data()
+    {
+        QTest::addColumn<int>("orientation");
+        for (int orientation = 1; orientation <= 8; ++orientation)
+            QTest::addRow("orientation %d", orientation) << orientation;
+    }
+
+    void aPhotographIsTurnedUpright()
+    {
+        QFETCH(int, orientation);
+        const SlideMedia media = mediaOf(photograph(orientation));
+        const QImage whole = ZelvoImageLoader::image(media);
+        QCOMPARE(whole.size(), size);
+        QVERIFY(showsQuarters(whole));
+
+        const ZelvoImageLoader::Decoded reduced = ZelvoImageLoader::image(media, {150, 100});
+        QCOMPARE(reduced.reduction, 4);
+        QCOMPARE(reduced.fullSize, size);
+        QCOMPARE(reduced.image.size(), size / 4);
+        QVERIFY(showsQuarters(reduced.image));
+    }
+
+    void aPictureIsReducedAsFarAsItKeepsWhatIsNeeded_data()
+    {
+        QTest::addColumn<QSize>("needed");
+        QTest::addColumn<int>("reduction");
+        QTest::newRow("more than there is") << QSize(1000, 1000) << 1;
+        QTest::newRow("all there is") << QSize(640, 480) << 1;
+        QTest::newRow("half") << QSize(320, 240) << 2;
+        QTest::newRow("a little more than half of one side") << QSize(321, 10) << 1;
+        QTest::newRow("an eighth") << QSize(80, 60) << 8;
+        QTest::newRow("a pixel") << QSize(1, 1) << 256;
+        QTest::newRow("nothing") << QSize(0, 0) << 256;
+        QTest::newRow("less than nothing") << QSize(-5, -5) << 256;
+    }
+
+    void aPictureIsReducedAsFarAsItKeepsWhatIsNeeded()
+    {
+        QFETCH(QSize, needed);
+        QFETCH(int, reduction);
+        const ZelvoImageLoader::Decoded decoded =
+            ZelvoImageLoader::image(mediaOf(encoded(quarters(size), "PNG")), needed);
+        QCOMPARE(decoded.reduction, reduction);
+        QVERIFY(decoded.image.width() >= std::min(needed.width(), size.width()));
+        QVERIFY(decoded.image.height() >= std::min(needed.height(), size.height()));
+    }
+
+    void onlyStrictBase64AfterTheFirstCommaIsDecoded_data()
+    {
+        QTest::addColumn<QByteArray>("dataUrl");
+        QTest::addColumn<bool>("isPicture");
+        // Padded, so that there is a padding to do without.
+        QByteArray bytes = encoded(quarters({8, 8}), "PNG");
+        bytes.append(QByteArray(4 - bytes.size() % 3, '\0'));
+        const QByteArray payload = bytes.toBase64();
+        QVERIFY(payload.endsWith("==") && bytes.size() % 3 == 1);
+        const QByteArray head = "data:image/png;base64,";
+        const auto row = [&](const char *name, const QByteArray &dataUrl, bool isPicture) {
+            QTest::newRow(name) << dataUrl << isPicture;
+        };
+        row("as it should be", head + payload, true);
+        row("with a media type that lies", "data:text/plain;base64," + payload, true);
+        row("with nothing before the comma", "data:," + payload, true);
+        row("without a comma", "data:image/png;base64" + payload, false);
+        row("with nothing after the comma", head, false);
+        row("with a second comma", head + ',' + payload, false);
+        row("with a line break", head + QByteArray(payload).insert(20, '\n'), false);
+        row("with a line break at the end", head + payload + '\n', false);
+        row("with line breaks as mail has them", head + QByteArray(payload).insert(20, "\r\n"),
+            false);
+        row("with a space", head + QByteArray(payload).insert(20, ' '), false);
+        row("with a space before it", head + ' ' + payload, false);
+        row("without its padding", head + payload.chopped(2), false);
+        row("with half of its padding", head + payload.chopped(1), false);
+        row("with too much padding", head + payload + '=', false);
+        row("with padding inside", head + QByteArray(payload).insert(20, "===="), false);
+        row("with a character that is not base64", head + QByteArray(payload).replace(20, 1, "*"),
+            false);
+        row("with the letters of URLs", head + QByteArray(payload).replace(20, 2, "-_"), false);
+        row("with bytes that are no picture", head + QByteArray("no picture").toBase64(), false);
+        row("with half of a picture's header",
+            head + encoded(quarters({8, 8}), "PNG").first(20).toBase64(), false);
+    }
+
+    void onlyStrictBase64AfterTheFirstCommaIsDecoded()
+    {
+        QFETCH(QByteArray, dataUrl);
+        QFETCH(bool, isPicture);
+        QCOMPARE(!ZelvoImageLoader::image(mediaAt(dataUrl)).isNull(), isPicture);
+    }
+
+    void aFileIsFoundByItsUrlAndByItsPath_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::newRow("a plain name") << QStringLiteral("picture.png");
+        QTest::newRow("spaces") << QStringLiteral("a picture of us.png");
+        QTest::newRow("umlauts") << QStringLiteral("Übermäßig schön.png");
+        QTest::newRow("a percent sign") << QStringLiteral("100% sure.png");
+        QTest::newRow("what looks percent-encoded") << QStringLiteral("a%20b%C3%BC.png");
+        QTest::newRow("signs that divide URLs") << QStringLiteral("why? #1 & more.png");
+        QTest::newRow("an emoji") << QStringLiteral("\U0001F600.png");
+        QTest::newRow("an extension that lies") << QStringLiteral("picture.txt");
+        QTest::newRow("no extension") << QStringLiteral("picture");
+    }
+
+    void aFileIsFoundByItsUrlAndByItsPath()
+    {
+        QFETCH(QString, name);
+        const QString path = m_folder.filePath(name);
+        write(path, encoded(quarters(size), "PNG"));
+        QVERIFY(showsQuarters(ZelvoImageLoader::image(mediaAt(path.toUtf8()))));
+        const QByteArray url = QUrl::fromLocalFile(path).toEncoded();
+        QVERIFY(showsQuarters(ZelvoImageLoader::image(mediaAt(url))));
+        const QByteArray relative = QDir().relativeFilePath(path).toUtf8();
+        QVERIFY(showsQuarters(ZelvoImageLoader::image(mediaAt(relative))));
+    }
+
+    void whatIsNoRegularFileIsNotRead_data()
+    {
+        QTest::addColumn<QByteArray>("place");
+        const QByteArray pipe = m_folder.filePath(QStringLiteral("pipe")).toUtf8();
+        QCOMPARE(mkfifo(pipe.constData(), S_IRUSR | S_IWUSR), 0);
+        QTest::newRow("a pipe that nobody writes to") << pipe;
+        QTest::newRow("its URL") << "file://" + pipe;
+        QTest::newRow("a device without end") << QByteArray("/dev/zero");
+        QTest::newRow("its URL, too") << QByteArray("file:///dev/zero");
+        QTest::newRow("a folder") << m_folder.path().toUtf8();
+        QTest::newRow("nothing") << QByteArray("/nonexistent/picture.png");
+        QTest::newRow("an empty text") << QByteArray();
+        QTest::newRow("a file URL without a path") << QByteArray("file://");
+        QTest::newRow("a NUL") << QByteArray("/tmp/a\0b", 8);
+    }
+
+    void whatIsNoRegularFileIsNotRead()
+    {
+        QFETCH(QByteArray, place);
+        QVERIFY(ZelvoImageLoader::image(mediaAt(place)).isNull());
+    }
+
+    void anAddressOnTheNetIsNoFile_data()
+    {
+        QTest::addColumn<QByteArray>("place");
+        for (const char *place : {"http://127.0.0.1/picture.png", "https://localhost/picture.png",
+                                  "ftp://127.0.0.1/picture.png"})
+            QTest::newRow(place) << QByteArray(place);
+    }
+
+    void anAddressOnTheNetIsNoFile()
+    {
+        QFETCH(QByteArray, place);
+        QVERIFY(ZelvoImageLoader::image(mediaAt(place)).isNull());
+    }
+
+    void whatIsNotAPictureIsNone()
+    {
+        const QString path = m_folder.filePath(QStringLiteral("text.png"));
+        write(path, "no picture");
+        QVERIFY(ZelvoImageLoader::image(mediaAt(path.toUtf8())).isNull());
+        write(path, {});
+        QVERIFY(ZelvoImageLoader::image(mediaAt(path.toUtf8())).isNull());
+    }
+
+private:
+    static void write(const QString &path, const QByteArray &bytes)
+    {
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QCOMPARE(file.write(bytes), bytes.size());
+    }
+
+    QTemporaryDir m_folder;
+};
+
+QTEST_GUILESS_MAIN(TestImageLoader)
+#include "tst_image_loader.moc"
