@@ -52,7 +52,7 @@ void boxPass(const Values &from, Values &to, int width)
     for (std::size_t i = 0; i < from.size(); ++i) {
         if (i + radius < from.size())
             sum += from[i + radius];
-        to[i] = std::uint8_t(std::min(255U, (sum * reciprocal) >> 16U));
+        to[i] = std::uint8_t(std::min(255U, (sum * reciprocal + (1U << 15U)) >> 16U));
         if (i >= radius)
             sum -= from[i - radius];
     }
