@@ -46,14 +46,14 @@ DeviceLayer DeviceLayer::painted(const QPainter &painter, const QRectF &bounds, 
     return layer;
 }
 
-void DeviceLayer::draw(QPainter &painter, double opacity, const QPointF &offset) const
+void DeviceLayer::draw(QPainter &painter, double opacity) const
 {
     if (image.isNull())
         return;
     painter.save();
     painter.setWorldTransform(painter.deviceTransform().inverted() * painter.worldTransform());
     painter.setOpacity(painter.opacity() * opacity);
-    painter.drawImage(QRectF(QPointF(origin) + offset, image.size() * reduction), image);
+    painter.drawImage(QRectF(origin, image.size() * reduction), image);
     painter.restore();
 }
 

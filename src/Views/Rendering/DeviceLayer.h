@@ -23,8 +23,8 @@ struct DeviceLayer
     static DeviceLayer painted(const QPainter &painter, const QRectF &bounds, int margin,
                                const std::function<void(QPainter &)> &paint, int reduction = 1);
 
-    /// Lays the layer over \a painter's device, moved by \a offset device pixels.
-    void draw(QPainter &painter, double opacity, const QPointF &offset = {}) const;
+    /// Lays the layer over \a painter's device.
+    void draw(QPainter &painter, double opacity) const;
 };
 
 /// The factor from the painter's coordinates to device pixels.

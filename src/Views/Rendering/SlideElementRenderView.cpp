@@ -10,6 +10,26 @@
 
 namespace quenara {
 
+namespace {
+
+/// In canvas units.
+double overhangOf(const TextElementProperties &text)
+{
+    // A line may be higher than the box that it cannot be shrunk into.
+    constexpr double lineOverhang = 0.5;
+    // A blur of radius r is spent after three standard deviations of r / 2.
+    constexpr double reach = 1.5;
+    double glow = text.outline ? reach * text.outline->width : 0;
+    if (text.shadow) {
+        const double blur = reach * std::max(0.0, text.shadow->radius);
+        glow = std::max(glow, blur + std::hypot(text.shadow->x, text.shadow->y));
+    }
+    return std::max(0.0, glow) + std::max(0.0, -text.padding)
+        + lineOverhang * std::max(0.0, text.fontSize);
+}
+
+} // namespace
+
 void SlideElementRenderView::paint(QPainter &painter, const QRectF &box) const
 {
     switch (element.kind) {
@@ -33,17 +53,18 @@ void SlideElementRenderView::paint(QPainter &painter, const QRectF &box) const
 
 double SlideElementRenderView::overhang() const
 {
-    double overhang = element.shape ? std::max(0.0, element.shape->strokeWidth) : 0;
-    // A blur of radius r is spent after three standard deviations of r / 2.
-    constexpr double reach = 1.5;
-    if (element.text && element.text->shadow) {
-        const TextShadow &shadow = *element.text->shadow;
-        const double offset = std::hypot(shadow.x, shadow.y);
-        overhang = std::max(overhang, (reach * shadow.radius + offset) * scale);
+    switch (element.kind) {
+    case SlideElementKind::text:
+    case SlideElementKind::scriptureText:
+    case SlideElementKind::songLyricText:
+        return element.text ? overhangOf(*element.text) * scale : 0;
+    case SlideElementKind::shape:
+        return element.shape ? std::max(0.0, element.shape->strokeWidth) : 0;
+    case SlideElementKind::image:
+    case SlideElementKind::lowerThird:
+        break;
     }
-    if (element.text && element.text->outline)
-        overhang = std::max(overhang, reach * element.text->outline->width * scale);
-    return overhang;
+    return 0;
 }
 
 } // namespace quenara

@@ -48,6 +48,8 @@ void paintGlow(QPainter &painter, const TextBlock &block, const Glow &glow)
     // A blur radius is twice the standard deviation of the Gaussian.
     const double sigma = std::max(0.0, glow.radius) / 2 * scale;
     const int reduction = blurReduction(sigma);
+    painter.save();
+    painter.translate(glow.offset);
     DeviceLayer layer = DeviceLayer::painted(
         painter, block.bounds(), blurReach(sigma),
         [&](QPainter &mask) {
@@ -55,13 +57,13 @@ void paintGlow(QPainter &painter, const TextBlock &block, const Glow &glow)
             block.draw(mask);
         },
         reduction);
-    if (layer.image.isNull())
-        return;
-    const QImage mask =
-        gaussianBlurred(layer.image.convertToFormat(QImage::Format_Alpha8), sigma / reduction);
-    layer.image = tinted(mask, glow.color.toColor());
-    const QTransform toDevice = painter.deviceTransform();
-    layer.draw(painter, 1, toDevice.map(glow.offset) - toDevice.map(QPointF()));
+    if (!layer.image.isNull()) {
+        const QImage mask =
+            gaussianBlurred(layer.image.convertToFormat(QImage::Format_Alpha8), sigma / reduction);
+        layer.image = tinted(mask, glow.color.toColor());
+        layer.draw(painter, 1);
+    }
+    painter.restore();
 }
 
 } // namespace

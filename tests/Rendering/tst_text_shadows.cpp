@@ -1,0 +1,103 @@
+#include "Pictures.h"
+#include "TextPictures.h"
+
+using namespace quenara;
+using namespace quenara::test;
+
+namespace {
+
+const RGBAColor red{1, 0, 0, 1};
+
+QImage picture(const TextElementProperties &text, const CanvasFrame &frame, double opacity)
+{
+    Slide slide = textSlide(text, frame);
+    slide.design.elements.first().opacity = opacity;
+    return rendered({.slide = slide}, canvas);
+}
+
+void addOpacities()
+{
+    QTest::addColumn<double>("opacity");
+    QTest::newRow("opaque") << 1.0;
+    QTest::newRow("faded") << 0.9;
+}
+
+} // namespace
+
+class TestTextShadows : public GuiTest
+{
+    Q_OBJECT
+
+private slots:
+    void aShadowFallsOntoTheSlideFromTextOutsideIt_data() { addOpacities(); }
+
+    void aShadowFallsOntoTheSlideFromTextOutsideIt()
+    {
+        QFETCH(double, opacity);
+        TextElementProperties text = plainText(QStringLiteral("HHH"));
+        const QRect inside = inkOf(picture(text, {300, 200, 1200, 200}, opacity));
+        text.shadow = TextShadow{text.textColor, 0, 0, 600};
+        const QRect shadow = inkOf(picture(text, {300, -400, 1200, 200}, opacity));
+        QCOMPARE(shadow, inside);
+    }
+
+    void aShadowOfANegativeRadiusIsHardAndWhole_data() { addOpacities(); }
+
+    void aShadowOfANegativeRadiusIsHardAndWhole()
+    {
+        QFETCH(double, opacity);
+        TextElementProperties text = plainText(QStringLiteral("HHH"));
+        text.shadow = TextShadow{red, 0, 0, 300};
+        const CanvasFrame frame{300, 200, 1200, 120};
+        const QImage hard = picture(text, frame, opacity);
+        text.shadow->radius = -50;
+        QCOMPARE(picture(text, frame, opacity), hard);
+    }
+
+    void aTextThatLeavesItsBoxFadesWhole()
+    {
+        TextElementProperties text = plainText(QStringLiteral("one\ntwo\nthree"));
+        text.shadow = TextShadow::soft;
+        const CanvasFrame tooLow{300, 500, 1200, 12};
+        QCOMPARE(inkOf(picture(text, tooLow, 0.9)), inkOf(picture(text, tooLow, 1)));
+        text.padding = -300;
+        const CanvasFrame low{300, 500, 1200, 60};
+        QCOMPARE(inkOf(picture(text, low, 0.9)), inkOf(picture(text, low, 1)));
+    }
+
+    void pixelsAreTheSameWhateverTheirRatio_data()
+    {
+        QTest::addColumn<double>("opacity");
+        QTest::addColumn<double>("rotation");
+        QTest::addColumn<double>("blurAmount");
+        QTest::newRow("upright") << 1.0 << 0.0 << 0.0;
+        QTest::newRow("faded") << 0.6 << 0.0 << 0.0;
+        QTest::newRow("turned") << 1.0 << 21.0 << 0.0;
+        QTest::newRow("turned and faded") << 0.6 << 21.0 << 0.0;
+        QTest::newRow("before a blurred picture") << 0.6 << 0.0 << 20.0;
+    }
+
+    void pixelsAreTheSameWhateverTheirRatio()
+    {
+        QFETCH(double, opacity);
+        QFETCH(double, rotation);
+        QFETCH(double, blurAmount);
+        TextElementProperties text = plainText(QStringLiteral("Sing\nwith joy"));
+        text.shadow = TextShadow::soft;
+        text.outline = TextOutline{red, 6};
+        text.backgroundFill = RGBAColor{0, 0, 1, 0.5};
+        Slide slide = textSlide(text, {300, 300, 1200, 400});
+        slide.design.elements.first().opacity = opacity;
+        slide.design.elements.first().rotation = rotation;
+        slide.design.background.kind = SlideBackgroundKind::image;
+        slide.design.background.image = mediaOf(encoded(quarters({640, 480}), "PNG"));
+        slide.design.background.blurAmount = blurAmount;
+        const QImage large = rendered({.slide = slide}, {960, 540}, 1);
+        const QImage dense = rendered({.slide = slide}, {480, 270}, 2);
+        constexpr int rounding = 8;
+        QVERIFY(largestDifference(dense, large) <= rounding);
+    }
+};
+
+QUENARA_GUI_TEST_MAIN(TestTextShadows)
+#include "tst_text_shadows.moc"
