@@ -93,6 +93,8 @@ void TextBlock::layOut(double fit)
         covered |= QRectF(line.naturalTextRect().left(), y, line.naturalTextWidth(),
                           line.ascent() + line.descent());
         y += line.height() + spacing;
+        if (covered.height() * unit > m_box.height())
+            break; // it does not fit, whatever follows
     }
     m_layout->endLayout();
     m_bounds = QRectF(covered.left() * unit, (m_box.height() - covered.height() * unit) / 2,
