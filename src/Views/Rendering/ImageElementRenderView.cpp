@@ -16,16 +16,20 @@ constexpr double borderWidth = 2;
 constexpr double dashLength = 8;
 constexpr double dashGap = 6;
 
+/// Further than any screen reaches. Dashes are made one by one, seen or not.
+constexpr double farthest = 20'000;
+
 void paintPlaceholder(QPainter &painter, const QRectF &box)
 {
+    const QRectF seen = box.intersected({-farthest, -farthest, 2 * farthest, 2 * farthest});
     painter.save();
-    painter.setClipRect(box, Qt::IntersectClip);
-    painter.fillRect(box, QColor::fromRgbF(0, 0, 0, 0.32F));
+    painter.setClipRect(seen, Qt::IntersectClip);
+    painter.fillRect(seen, QColor::fromRgbF(0, 0, 0, 0.32F));
     QPen pen(QColor::fromRgbF(1, 1, 1, 0.35F), borderWidth, Qt::CustomDashLine, Qt::FlatCap,
              Qt::MiterJoin);
     pen.setDashPattern({dashLength / borderWidth, dashGap / borderWidth});
     painter.setPen(pen);
-    painter.drawRect(box);
+    painter.drawRect(seen);
     painter.setPen(QColor::fromRgbF(1, 1, 1, 0.62F));
     painter.setFont(systemFont(labelSize, QFont::DemiBold));
     painter.drawText(box, Qt::AlignCenter, QStringLiteral("Image"));
@@ -37,7 +41,7 @@ void paintPlaceholder(QPainter &painter, const QRectF &box)
 QRectF fillingPart(const QSizeF &size, const QRectF &box)
 {
     const double ratio = std::max(box.width() / size.width(), box.height() / size.height());
-    const QSizeF part = box.size() / ratio;
+    const QSizeF part(box.width() / ratio, box.height() / ratio);
     return {QPointF((size.width() - part.width()) / 2, (size.height() - part.height()) / 2), part};
 }
 
