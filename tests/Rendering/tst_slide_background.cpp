@@ -1,4 +1,5 @@
 #include "GuiTestSupport.h"
+#include "SlideBackgroundRenderView.h"
 
 #include <cmath>
 
@@ -79,6 +80,47 @@ private slots:
                 QVERIFY2(difference(image.pixelColor(x, y), expected) <= 2,
                          qPrintable(QStringLiteral("at %1, %2").arg(x).arg(y)));
             }
+        }
+    }
+
+    void gradientsEndWhereTheirDirectionSays_data()
+    {
+        QTest::addColumn<GradientDirection>("direction");
+        QTest::addColumn<QPointF>("start");
+        QTest::addColumn<QPointF>("end");
+        QTest::newRow("vertical") << GradientDirection::vertical << QPointF(500, 20)
+                                  << QPointF(500, 560);
+        QTest::newRow("horizontal")
+            << GradientDirection::horizontal << QPointF(20, 290) << QPointF(980, 290);
+        QTest::newRow("diagonal") << GradientDirection::diagonal << QPointF(20, 20)
+                                  << QPointF(980, 560);
+    }
+
+    void gradientsEndWhereTheirDirectionSays()
+    {
+        QFETCH(GradientDirection, direction);
+        QFETCH(QPointF, start);
+        QFETCH(QPointF, end);
+        const SlideBackgroundRenderView view{gradient(direction), 0.5};
+        const QBrush brush = view.gradientFill({20, 20, 960, 540});
+        QCOMPARE(brush.style(), Qt::LinearGradientPattern);
+        const auto *linear = static_cast<const QLinearGradient *>(brush.gradient());
+        QCOMPARE(linear->start(), start);
+        QCOMPARE(linear->finalStop(), end);
+        QCOMPARE(linear->spread(), QGradient::PadSpread);
+    }
+
+    void aSoftCentreReachesAsFarAsTheScaleSays()
+    {
+        for (const double scale : {0.25, 0.5, 2.0}) {
+            const SlideBackgroundRenderView view{gradient(GradientDirection::radialHint), scale};
+            const QBrush brush = view.gradientFill({20, 20, 960, 540});
+            QCOMPARE(brush.style(), Qt::RadialGradientPattern);
+            const auto *radial = static_cast<const QRadialGradient *>(brush.gradient());
+            QCOMPARE(radial->center(), QPointF(500, 290));
+            QCOMPARE(radial->focalPoint(), radial->center());
+            QCOMPARE(radial->centerRadius(), 760 * scale);
+            QCOMPARE(radial->focalRadius(), 0.0);
         }
     }
 

@@ -51,6 +51,33 @@ private slots:
         QCOMPARE(SlideRendererView::fittedRect(container, 1920.0 / 1080), expected);
     }
 
+    void theScaleIsTheFittedWidthOverThatOfTheCanvas_data()
+    {
+        QTest::addColumn<QSize>("container");
+        QTest::addColumn<QRectF>("layer");
+        QTest::newRow("a square") << QSize(1000, 1000) << QRectF(250, 359.375, 500, 281.25);
+        QTest::newRow("a wide area") << QSize(4000, 1080) << QRectF(1520, 270, 960, 540);
+        QTest::newRow("a thumbnail") << QSize(64, 36) << QRectF(16, 9, 32, 18);
+    }
+
+    void theScaleIsTheFittedWidthOverThatOfTheCanvas()
+    {
+        QFETCH(QSize, container);
+        QFETCH(QRectF, layer);
+        const Slide slide = slideOver(
+            gray, {rectangleLayer(QStringLiteral("layer"), {480, 270, 960, 540}, red, 1)});
+        const QImage image = rendered({.slide = slide}, container);
+        QRect painted;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                if (image.pixel(x, y) == qRgb(255, 0, 0))
+                    painted |= QRect(x, y, 1, 1);
+            }
+        }
+        QVERIFY(layer.toAlignedRect().contains(painted));
+        QVERIFY(painted.contains(layer.adjusted(1, 1, -1, -1).toAlignedRect()));
+    }
+
     void anAreaWithoutWidthDrawsNothing()
     {
         QImage image(8, 8, QImage::Format_ARGB32_Premultiplied);
@@ -127,11 +154,68 @@ private slots:
         QVERIFY(!isAmber(other.pixel(3, 0)));
     }
 
+    void aSelectedLayersOutlineNeitherTurnsNorFadesWithIt()
+    {
+        SlideElement layer = rectangleLayer(QStringLiteral("layer"), {800, 400, 300, 200}, red, 1);
+        layer.rotation = 45;
+        layer.opacity = 0;
+        const QImage image = rendered(
+            {.slide = slideOver(gray, {layer}), .selectedElementID = QStringLiteral("layer")},
+            canvas);
+        const auto amberPixels = [&](const QPoint &start, const QPoint &step) {
+            int count = 0;
+            for (QPoint place = start; image.rect().contains(place); place += step)
+                count += isAmber(image.pixel(place)) ? 1 : 0;
+            return count;
+        };
+        // Seven in twelve of every edge.
+        QVERIFY(std::abs(amberPixels({0, 0}, {1, 0}) - 1920 * 7 / 12) <= 12);
+        QVERIFY(std::abs(amberPixels({0, 1079}, {1, 0}) - 1920 * 7 / 12) <= 12);
+        QVERIFY(std::abs(amberPixels({0, 0}, {0, 1}) - 1080 * 7 / 12) <= 12);
+        QVERIFY(std::abs(amberPixels({1919, 0}, {0, 1}) - 1080 * 7 / 12) <= 12);
+    }
+
+    void theSafeAreaGuideInsetsNinetyAndSeventyFiveUnits_data()
+    {
+        QTest::addColumn<CanvasSize>("size");
+        QTest::addColumn<double>("scale");
+        QTest::addColumn<QRectF>("guide");
+        QTest::newRow("at scale 1")
+            << CanvasSize{1920, 1080} << 1.0 << QRectF(QPointF(90, 75), QPointF(1830, 1005));
+        QTest::newRow("halved") << CanvasSize{1920, 1080} << 0.5
+                                << QRectF(QPointF(45, 37.5), QPointF(915, 502.5));
+        QTest::newRow("at 4K") << CanvasSize{1920, 1080} << 2.0
+                               << QRectF(QPointF(180, 150), QPointF(3660, 2010));
+        QTest::newRow("on a square canvas")
+            << CanvasSize{1000, 1000} << 1.0 << QRectF(QPointF(90, 75), QPointF(910, 925));
+    }
+
     void theSafeAreaGuideInsetsNinetyAndSeventyFiveUnits()
     {
-        const Slide slide = slideOver(gray, {});
-        const SlideDesignRenderView view{slide, 1};
-        QCOMPARE(view.safeArea(), QRectF(QPointF(90, 75), QPointF(1830, 1005)));
+        QFETCH(CanvasSize, size);
+        QFETCH(double, scale);
+        QFETCH(QRectF, guide);
+        Slide slide = slideOver(gray, {});
+        slide.design.canvasSize = size;
+        QCOMPARE((SlideDesignRenderView{slide, scale}.safeArea()), guide);
+    }
+
+    void theSafeAreaGuideIsDashedInWhiteOverItsEdges()
+    {
+        const Slide slide = slideOver({0, 0, 0, 1}, {});
+        const QImage image = rendered({.slide = slide, .showSafeArea = true}, canvas);
+        // A line of width 1 over an edge between two pixels gives half of itself to each.
+        const int half = qRound(255 * 0.35 / 2);
+        int lit = 0;
+        for (int x = 90; x < 1830; ++x) {
+            const int above = qRed(image.pixel(x, 74));
+            const int below = qRed(image.pixel(x, 75));
+            QVERIFY(above <= half + 1);
+            lit += above >= half - 2 && below >= half - 2 ? 1 : 0;
+        }
+        QVERIFY(std::abs(lit - 1740 / 2) <= 8);
+        QCOMPARE(image.pixel(960, 72), qRgb(0, 0, 0));
+        QCOMPARE(image.pixel(960, 77), qRgb(0, 0, 0));
     }
 
     void theSafeAreaGuideNeedsBothSwitches()
@@ -170,6 +254,19 @@ private slots:
                 bluePixels += image.pixel(x, y) == qRgb(0, 0, 255) ? 1 : 0;
             QCOMPARE(bluePixels, 6);
         }
+    }
+
+    void aCornerRadiusKeepsItsScreenSizeAtEveryScale()
+    {
+        SlideElement layer = rectangleLayer(QStringLiteral("layer"), {0, 0, 1920, 1080}, red, 1);
+        layer.shape->cornerRadius = 30;
+        const QRect corner(0, 0, 60, 60);
+        const Slide slide = slideOver(gray, {layer});
+        const QImage large = rendered({.slide = slide}, canvas).copy(corner);
+        const QImage small = rendered({.slide = slide}, canvas / 4).copy(corner);
+        QCOMPARE(small, large);
+        QCOMPARE(large.pixel(2, 2), qRgb(128, 128, 128));
+        QCOMPARE(large.pixel(50, 50), qRgb(255, 0, 0));
     }
 
     void aCapsuleIsRoundAtItsEndsAndALineFillsItsBox()
