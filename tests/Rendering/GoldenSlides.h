@@ -1,0 +1,32 @@
+#pragma once
+
+#include "SlideRendererView.h"
+
+#include <QList>
+#include <QSize>
+#include <QString>
+
+#include <array>
+
+namespace quenara::test {
+
+/// Something the renderer shows, under the name of its picture.
+struct GoldenSlide
+{
+    QString name;
+    SlideRendererView view;
+};
+
+/// What there is a golden picture of. All text is in the faces that are compiled in, so that it
+/// looks alike on every machine.
+QList<GoldenSlide> goldenSlides();
+
+/// What is drawn in the faces of the machine and can only be looked at.
+QList<GoldenSlide> machineSlides();
+
+inline constexpr std::array goldenSizes = {QSize(480, 270), QSize(960, 540)};
+
+/// The file name of a slide's picture of \a size.
+QString goldenFileName(const GoldenSlide &slide, const QSize &size);
+
+} // namespace quenara::test

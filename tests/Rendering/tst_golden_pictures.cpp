@@ -1,0 +1,69 @@
+#include "GoldenSlides.h"
+#include "GuiTestSupport.h"
+
+#include <QDir>
+
+using namespace quenara;
+using namespace quenara::test;
+
+namespace {
+
+/// The largest difference of any channel of any pixel. The faces are compiled in and not hinted, so
+/// that only the last bits of anti-aliasing, gradients and blurs may differ from one processor or
+/// version of Qt to the next. Two percent more or less of any opacity over its opposite is more.
+constexpr int tolerance = 4;
+
+const QDir &goldenFolder()
+{
+    static const QDir folder(QStringLiteral(QUENARA_GOLDEN_PICTURES));
+    return folder;
+}
+
+} // namespace
+
+class TestGoldenPictures : public GuiTest
+{
+    Q_OBJECT
+
+private slots:
+    void slidesLookAsTheyDid_data()
+    {
+        QTest::addColumn<GoldenSlide>("slide");
+        QTest::addColumn<QSize>("size");
+        for (const GoldenSlide &slide : goldenSlides()) {
+            for (const QSize &size : goldenSizes)
+                QTest::newRow(qPrintable(goldenFileName(slide, size))) << slide << size;
+        }
+    }
+
+    void slidesLookAsTheyDid()
+    {
+        QFETCH(GoldenSlide, slide);
+        QFETCH(QSize, size);
+        const QString fileName = goldenFileName(slide, size);
+        const QImage golden(goldenFolder().filePath(fileName));
+        const QImage painted = rendered(slide.view, size);
+        const int difference = largestDifference(painted, golden);
+        if (difference > tolerance) {
+            QVERIFY(QDir().mkpath(QStringLiteral("painted")));
+            QVERIFY(painted.save(QStringLiteral("painted/") + fileName));
+            QFAIL(qPrintable(QStringLiteral("differs by %1; see painted/%2 in the build folder")
+                                 .arg(difference)
+                                 .arg(fileName)));
+        }
+    }
+
+    void everyGoldenPictureIsOfASlide()
+    {
+        QStringList expected;
+        for (const GoldenSlide &slide : goldenSlides()) {
+            for (const QSize &size : goldenSizes)
+                expected.append(goldenFileName(slide, size));
+        }
+        expected.sort();
+        QCOMPARE(goldenFolder().entryList(QDir::Files, QDir::Name), expected);
+    }
+};
+
+QUENARA_GUI_TEST_MAIN(TestGoldenPictures)
+#include "tst_golden_pictures.moc"
