@@ -44,7 +44,7 @@ Plane planeOf(const QImage &image, Channel channel)
 Plane gaussian(const Plane &plane, double sigma)
 {
     const int reach = int(std::ceil(5 * sigma));
-    std::vector<double> kernel;
+    std::vector<double> kernel; // from -reach on
     double sum = 0;
     for (int i = -reach; i <= reach; ++i) {
         kernel.push_back(std::exp(-i * i / (2 * sigma * sigma)));
@@ -54,10 +54,11 @@ Plane gaussian(const Plane &plane, double sigma)
         Plane to{from.width, from.height};
         for (int y = 0; y < from.height; ++y) {
             for (int x = 0; x < from.width; ++x) {
-                for (int i = -reach; i <= reach; ++i) {
-                    const QPoint p = QPoint(x, y) + i * step;
+                QPoint p = QPoint(x, y) - reach * step;
+                for (const double weight : kernel) {
                     if (QRect(0, 0, from.width, from.height).contains(p))
-                        to.at(x, y) += kernel[std::size_t(i + reach)] / sum * from.at(p.x(), p.y());
+                        to.at(x, y) += weight / sum * from.at(p.x(), p.y());
+                    p += step;
                 }
             }
         }

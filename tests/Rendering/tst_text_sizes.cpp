@@ -78,7 +78,7 @@ void addTexts()
                                                item.id, QStringLiteral("Public domain")));
     }
     const CanvasFrame frame{160, 90, 1600, 900};
-    const auto row = [&](const char *name, TextElementProperties text) {
+    const auto row = [&](const char *name, const TextElementProperties &text) {
         QTest::newRow(name) << textSlide(text, frame);
     };
     TextElementProperties text = plainText(hymn());

@@ -371,8 +371,9 @@ private slots:
     {
         QList<SlideElement> layers;
         for (int i = 0; i < 500; ++i) {
-            SlideElement layer = textSlide(plainText(QStringLiteral("H%1").arg(i)),
-                                           {double(i % 25) * 76, double(i / 25) * 54, 76, 54})
+            const int row = i / 25;
+            const CanvasFrame cell{double(i % 25) * 76, double(row) * 54, 76, 54};
+            SlideElement layer = textSlide(plainText(QStringLiteral("H%1").arg(i)), cell)
                                      .design.elements.constFirst();
             layer.text->shadow = TextShadow::soft;
             layer.opacity = i % 2 == 0 ? 1 : 0.8;

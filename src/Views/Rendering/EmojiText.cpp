@@ -66,11 +66,10 @@ QList<QTextLayout::FormatRange> emojiFormats(const QString &text)
         const bool isTold = i + 1 < characters.size() && characters.at(i + 1) == colourSelector;
         isInside = isTold || isIn(emoji, character) || (isInside && isIn(continuation, character));
         if (isInside) {
-            if (!formats.isEmpty()
-                && formats.constLast().start + formats.constLast().length == position)
-                formats.last().length += length;
-            else
-                formats.append({position, length, {}});
+            if (formats.isEmpty()
+                || formats.constLast().start + formats.constLast().length != position)
+                formats.append({position, 0, {}});
+            formats.last().length += length;
         }
         position += length;
     }

@@ -13,7 +13,7 @@ namespace quenara {
 class PictureCache
 {
 public:
-    static constexpr qsizetype usualByteLimit = 256 * 1024 * 1024;
+    static constexpr qsizetype usualByteLimit = qsizetype(256) * 1024 * 1024;
 
     explicit PictureCache(qsizetype byteLimit = usualByteLimit) : m_byteLimit(byteLimit) {}
 
