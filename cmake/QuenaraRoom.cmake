@@ -19,22 +19,32 @@ function(quenara_add_room name)
   quenara_precompile_qt(${target} ${ROOM_QT})
 endfunction()
 
-# The Qt headers that nearly every file of a module's users includes, parsed once a target. Off in
-# the tidy preset, so that a file that misses an include shows.
+# The Qt headers that nearly every file of a module's users includes, parsed once for all of them:
+# a precompiled header a target fills a disk. Off in the tidy preset, so that a file that misses an
+# include shows.
 function(quenara_precompile_qt target)
   if(NOT QUENARA_PRECOMPILE)
     return()
   endif()
+  set(module Core)
   set(headers <QByteArray> <QDateTime> <QList> <QObject> <QString> <QUrl> <algorithm> <optional>
               <tuple>)
   if("Gui" IN_LIST ARGN OR "Widgets" IN_LIST ARGN)
+    set(module Gui)
     list(APPEND headers <QColor> <QFont> <QImage> <QPainter>)
   endif()
   if("Widgets" IN_LIST ARGN)
+    set(module Widgets)
     list(APPEND headers <QWidget>)
   endif()
-  if("Test" IN_LIST ARGN)
-    list(APPEND headers <QTest>)
+
+  set(owner quenara_precompiled_${module})
+  if(NOT TARGET ${owner})
+    set(source ${PROJECT_BINARY_DIR}/precompiled.cpp)
+    file(CONFIGURE OUTPUT ${source} CONTENT "")
+    add_library(${owner} OBJECT ${source})
+    target_link_libraries(${owner} PRIVATE Qt6::${module} quenara_flags)
+    target_precompile_headers(${owner} PRIVATE ${headers})
   endif()
-  target_precompile_headers(${target} PRIVATE ${headers})
+  target_precompile_headers(${target} REUSE_FROM ${owner})
 endfunction()

@@ -13,7 +13,7 @@ function(quenara_add_test name)
   target_link_libraries(${name} PRIVATE ${rooms} ${modules} ${TEST_LINK} Qt6::Test
                                         quenara_test_support quenara_flags)
   set_target_properties(${name} PROPERTIES AUTOMOC ON)
-  quenara_precompile_qt(${name} Gui Test)
+  quenara_precompile_qt(${name} Gui)
 
   set(platform offscreen)
   if(TEST_TWO_SCREENS)
