@@ -90,7 +90,9 @@ class Program:
         wait_until(lambda: not self.window(title), f"the window titled {title} to go")
 
     def focused_title(self):
-        return self.server.run("xdotool", "getactivewindow", "getwindowname").decode().strip()
+        """Empty while the keyboard passes from one window to the next."""
+        title = self.server.run("xdotool", "getactivewindow", "getwindowname", check=False)
+        return title.decode().strip()
 
     def focus(self, title):
         """Puts a window in front, with the keyboard."""

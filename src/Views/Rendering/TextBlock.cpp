@@ -1,9 +1,12 @@
 #include "TextBlock.h"
 
+#include "DeviceLayer.h"
 #include "EmojiText.h"
 #include "SlideFonts.h"
 
 #include <QFontMetricsF>
+#include <QHash>
+#include <QRawFont>
 #include <QTextLayout>
 
 #include <algorithm>
@@ -18,6 +21,7 @@ constexpr int layoutPixelSize = 128;
 constexpr double fitTolerance = 0.25; // canvas units of the font size
 constexpr double finestFit = 1e-9; // for sizes beyond all measure
 constexpr double smallestFontSize = 0.1;
+constexpr double largestCachedGlyph = 64; // device pixels; Qt keeps pictures of glyphs up to here
 constexpr char16_t ellipsis = u'\u2026';
 
 Qt::Alignment alignmentOf(TextAlignmentValue alignment)
@@ -134,13 +138,59 @@ QStringList TextBlock::lines() const
     return lines;
 }
 
-void TextBlock::draw(QPainter &painter) const
+void TextBlock::draw(QPainter &painter)
 {
     const double unit = std::max(smallestFontSize, m_text.fontSize * m_fit) / layoutPixelSize;
     painter.save();
     painter.translate(0, m_bounds.top());
     painter.scale(unit, unit);
-    m_layout->draw(&painter, {});
+    if (deviceScale(painter) * layoutPixelSize < largestCachedGlyph) {
+        m_layout->draw(&painter, {});
+    } else {
+        traceGlyphs();
+        drawOutlines(painter);
+    }
+    painter.restore();
+}
+
+/// Qt would ask the font for the outline of every glyph of the text anew each time it is drawn.
+void TextBlock::traceGlyphs()
+{
+    if (m_isTraced)
+        return;
+    m_isTraced = true;
+    for (const QGlyphRun &run : m_layout->glyphRuns()) {
+        const QRawFont font = run.rawFont();
+        if (font.familyName() == emojiFontFamily()) {
+            m_colourRuns.append(run);
+            continue;
+        }
+        const QList<quint32> glyphs = run.glyphIndexes();
+        const QList<QPointF> positions = run.positions();
+        QHash<quint32, QPainterPath> paths;
+        for (qsizetype i = 0; i < glyphs.size(); ++i) {
+            auto path = paths.constFind(glyphs.at(i));
+            if (path == paths.cend())
+                path = paths.insert(glyphs.at(i), font.pathForGlyph(glyphs.at(i)));
+            m_outlines.append({*path, positions.at(i)});
+        }
+    }
+}
+
+/// Glyph by glyph: one path of them all takes the rasterizer longer.
+void TextBlock::drawOutlines(QPainter &painter) const
+{
+    for (const QGlyphRun &run : m_colourRuns)
+        painter.drawGlyphRun({}, run);
+    painter.save();
+    painter.setBrush(painter.pen().color());
+    painter.setPen(Qt::NoPen);
+    const QTransform origin = painter.worldTransform();
+    for (const GlyphOutline &glyph : m_outlines) {
+        painter.setWorldTransform(
+            QTransform::fromTranslate(glyph.position.x(), glyph.position.y()) * origin);
+        painter.drawPath(glyph.path);
+    }
     painter.restore();
 }
 

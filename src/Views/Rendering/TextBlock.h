@@ -2,7 +2,10 @@
 
 #include "SlideDesignModels.h"
 
+#include <QGlyphRun>
+#include <QList>
 #include <QPainter>
+#include <QPainterPath>
 #include <QRectF>
 #include <QSizeF>
 #include <QStringList>
@@ -37,11 +40,19 @@ public:
     QRectF bounds() const { return m_bounds; }
 
     /// Draws in the painter's pen, the box's top left at the origin of its coordinates.
-    void draw(QPainter &painter) const;
+    void draw(QPainter &painter);
 
 private:
+    struct GlyphOutline
+    {
+        QPainterPath path;
+        QPointF position;
+    };
+
     void layOut(double fit);
     void truncate();
+    void traceGlyphs();
+    void drawOutlines(QPainter &painter) const;
 
     const TextElementProperties &m_text;
     QSizeF m_box;
@@ -49,6 +60,9 @@ private:
     std::unique_ptr<QTextLayout> m_layout;
     double m_fit = 1;
     QRectF m_bounds;
+    bool m_isTraced = false;
+    QList<GlyphOutline> m_outlines;
+    QList<QGlyphRun> m_colourRuns; ///< drawn as the pictures they are
 };
 
 } // namespace quenara

@@ -42,7 +42,7 @@ QImage tinted(const QImage &mask, const QColor &color)
 }
 
 /// \a painter is in canvas units, the block's box at its origin.
-void paintGlow(QPainter &painter, const TextBlock &block, const Glow &glow)
+void paintGlow(QPainter &painter, TextBlock &block, const Glow &glow)
 {
     const double scale = deviceScale(painter);
     // A blur radius is twice the standard deviation of the Gaussian.
@@ -79,7 +79,7 @@ void TextElementRenderView::paint(QPainter &painter, const QRectF &box) const
     }
     const QSizeF inner(box.width() / scale - 2 * text.padding,
                        box.height() / scale - 2 * text.padding);
-    const TextBlock block(text, inner);
+    TextBlock block(text, inner);
     painter.translate(box.topLeft());
     painter.scale(scale, scale);
     painter.translate(text.padding, text.padding);
