@@ -66,6 +66,29 @@ private slots:
         QVERIFY(rightMargin >= spacing);
     }
 
+    void lettersThatOverlapShowNoSeamsInATranslucentColour_data()
+    {
+        QTest::addColumn<double>("fontSize");
+        QTest::newRow("large") << 120.0;
+        QTest::newRow("small") << 40.0;
+    }
+
+    void lettersThatOverlapShowNoSeamsInATranslucentColour()
+    {
+        QFETCH(double, fontSize);
+        TextElementProperties text = plainText(QStringLiteral("OOOOOOOO"));
+        text.fontSize = fontSize;
+        text.characterSpacing = -fontSize / 3;
+        text.textColor.alpha = 0.5;
+        const QImage picture = textPicture(text, frame);
+        int brightest = 0;
+        for (int y = 0; y < picture.height(); ++y) {
+            for (int x = 0; x < picture.width(); ++x)
+                brightest = std::max(brightest, qGray(picture.pixel(x, y)));
+        }
+        QVERIFY(brightest >= 126 && brightest <= 129);
+    }
+
     void linesArePaintedAsFarApartAsTheirSpacingSays()
     {
         const auto pitch = [](double lineHeight) {

@@ -107,6 +107,11 @@ void addTexts()
     row("blank lines",
         plainText(QStringLiteral("one\n\nand three together\n\n\nsix and the rest")));
     row("right-to-left", plainText(QChar(0x202e) + hymn()));
+    row("emoji among letters",
+        plainText(QStringLiteral("light \U0001f331 and water \u2b50 and bread ").repeated(6)));
+    row("Hebrew",
+        plainText(
+            QStringLiteral("\u05d0\u05d5\u05e8 \u05d1\u05d1\u05d5\u05e7\u05e8 ").repeated(12)));
     row("many small words", plainText(QStringLiteral("a bb ccc i j l ").repeated(22)));
 }
 

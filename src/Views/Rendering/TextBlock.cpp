@@ -138,13 +138,20 @@ QStringList TextBlock::lines() const
     return lines;
 }
 
-void TextBlock::draw(QPainter &painter)
+QRectF TextBlock::inkBounds() const
+{
+    const double overhang = std::max(smallestFontSize, m_text.fontSize * m_fit) / 4;
+    return m_bounds.adjusted(-overhang, -overhang, overhang, overhang);
+}
+
+void TextBlock::draw(QPainter &painter, Placement placement)
 {
     const double unit = std::max(smallestFontSize, m_text.fontSize * m_fit) / layoutPixelSize;
     painter.save();
     painter.translate(0, m_bounds.top());
     painter.scale(unit, unit);
-    if (deviceScale(painter) * layoutPixelSize < largestCachedGlyph) {
+    const bool isSmall = deviceScale(painter) * layoutPixelSize < largestCachedGlyph;
+    if (isSmall && placement == Placement::onWholeRows) {
         m_layout->draw(&painter, {});
     } else {
         traceGlyphs();
@@ -187,8 +194,8 @@ void TextBlock::drawOutlines(QPainter &painter) const
     painter.setPen(Qt::NoPen);
     const QTransform origin = painter.worldTransform();
     for (const GlyphOutline &glyph : m_outlines) {
-        painter.setWorldTransform(
-            QTransform::fromTranslate(glyph.position.x(), glyph.position.y()) * origin);
+        painter.setWorldTransform(QTransform::fromTranslate(glyph.position.x(), glyph.position.y())
+                                  * origin);
         painter.drawPath(glyph.path);
     }
     painter.restore();

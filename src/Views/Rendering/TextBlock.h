@@ -39,8 +39,14 @@ public:
     /// What the lines cover, in the box's coordinates; vertically centred in it.
     QRectF bounds() const { return m_bounds; }
 
+    /// The bounds with room for what letters reach beyond their line.
+    QRectF inkBounds() const;
+
+    /// How letters of less than 64 device pixels are placed; larger ones are always exact.
+    enum class Placement { onWholeRows, exact };
+
     /// Draws in the painter's pen, the box's top left at the origin of its coordinates.
-    void draw(QPainter &painter);
+    void draw(QPainter &painter, Placement placement = Placement::onWholeRows);
 
 private:
     struct GlyphOutline

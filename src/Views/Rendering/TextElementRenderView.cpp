@@ -51,10 +51,12 @@ void paintGlow(QPainter &painter, TextBlock &block, const Glow &glow)
     painter.save();
     painter.translate(glow.offset);
     DeviceLayer layer = DeviceLayer::painted(
-        painter, block.bounds(), blurReach(sigma),
+        painter, block.inkBounds(), blurReach(sigma),
         [&](QPainter &mask) {
             mask.setPen(Qt::black);
-            block.draw(mask);
+            block.draw(mask,
+                       reduction > 1 ? TextBlock::Placement::exact
+                                     : TextBlock::Placement::onWholeRows);
         },
         reduction);
     if (!layer.image.isNull()) {
@@ -64,6 +66,22 @@ void paintGlow(QPainter &painter, TextBlock &block, const Glow &glow)
         layer.draw(painter, 1);
     }
     painter.restore();
+}
+
+/// Letters that overlap or join, as those of Arabic do, show no seams where the colour is
+/// translucent.
+void paintText(QPainter &painter, TextBlock &block, QColor color)
+{
+    const double opacity = color.alphaF();
+    color.setAlphaF(1);
+    const auto paint = [&](QPainter &target) {
+        target.setPen(color);
+        block.draw(target);
+    };
+    if (opacity < 1)
+        DeviceLayer::painted(painter, block.inkBounds(), 1, paint).draw(painter, opacity);
+    else
+        paint(painter);
 }
 
 } // namespace
@@ -89,8 +107,7 @@ void TextElementRenderView::paint(QPainter &painter, const QRectF &box) const
         paintGlow(painter, block,
                   {text.shadow->color, text.shadow->radius, {text.shadow->x, text.shadow->y}});
     }
-    painter.setPen(text.textColor.toColor());
-    block.draw(painter);
+    paintText(painter, block, text.textColor.toColor());
     painter.restore();
 }
 
