@@ -41,7 +41,7 @@ private slots:
     void aBlurComesCloseToTheTrueGaussian_data()
     {
         QTest::addColumn<double>("sigma");
-        for (const double sigma : {1.0, 2.5, 4.5, 9.0, 18.0, 30.0})
+        for (const double sigma : {0.5, 0.75, 1.0, 1.5, 2.5, 4.5, 9.0, 18.0, 30.0})
             QTest::addRow("standard deviation %g", sigma) << sigma;
     }
 
@@ -50,15 +50,20 @@ private slots:
         QFETCH(double, sigma);
         const QImage blurred = gaussianBlurred(square(), sigma);
         double sum = 0;
+        int pixels = 0; // that are neither as before nor out of reach
         for (int y = 0; y < side; ++y) {
             for (int x = 0; x < side; ++x) {
                 const double expected =
                     255 * share(x + 0.5, 50, 110, sigma) * share(y + 0.5, 60, 100, sigma);
-                sum += std::abs(blurred.constScanLine(y)[x] - expected);
+                if (expected > 1 && expected < 254) {
+                    sum += std::abs(blurred.constScanLine(y)[x] - expected);
+                    ++pixels;
+                }
             }
         }
         constexpr double twoPercent = 255 * 0.02;
-        QVERIFY(sum / (side * side) <= twoPercent);
+        QVERIFY(pixels > 0);
+        QVERIFY(sum / pixels <= twoPercent);
     }
 
     void edgesFadeTowardsWhatLiesOutside()
@@ -73,7 +78,7 @@ private slots:
     void anEvenPictureStaysAsItIsAwayFromItsEdges_data()
     {
         QTest::addColumn<double>("sigma");
-        for (const double sigma : {1.0, 2.5, 4.5, 9.0, 18.0})
+        for (const double sigma : {0.5, 1.0, 2.5, 4.5, 9.0, 18.0})
             QTest::addRow("standard deviation %g", sigma) << sigma;
     }
 

@@ -1,7 +1,6 @@
 #include "GaussianBlur.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 #include <cstdint>
 #include <vector>
@@ -13,23 +12,29 @@ namespace {
 constexpr int passes = 3;
 constexpr double smallestSigma = 1.0 / 3;
 constexpr double sigmaAtReducedSize = 4;
+constexpr double varianceOfPixel = 1.0 / 12; // of the square that a value stands for
 
-/// Odd box widths whose repeated passes have together the variance of the Gaussian. The variance
-/// of a box of width w is (w * w - 1) / 12; the passes are split between the two odd widths around
-/// the ideal one.
-std::array<int, passes> boxWidths(double sigma)
+/// A box whose outermost two weights are a fraction of the inner ones, so that repeated passes have
+/// the variance of any Gaussian. A box of 2 r + 1 weights of one between two weights of a fraction
+/// f has the variance (r (r + 1) (2 r + 1) / 3 + 2 f (r + 1)^2) / (2 r + 1 + 2 f).
+struct Box
 {
-    const double ideal = std::sqrt(12 * sigma * sigma / passes + 1);
-    int lower = int(ideal);
-    lower -= lower % 2 == 0 ? 1 : 0;
-    const double lowerPasses =
-        (12 * sigma * sigma - passes * lower * lower - 4.0 * passes * lower - 3.0 * passes)
-        / (-4.0 * lower - 4);
-    std::array<int, passes> widths{};
-    for (int i = 0; i < passes; ++i)
-        widths[std::size_t(i)] = i < std::lround(lowerPasses) ? lower : lower + 2;
-    return widths;
-}
+    static constexpr unsigned shift = 16;
+
+    explicit Box(double variance) : radius(std::size_t((std::sqrt(12 * variance + 1) - 1) / 2))
+    {
+        const auto r = double(radius);
+        const double fraction =
+            (2 * r + 1) * (r * (r + 1) - 3 * variance) / (6 * (variance - (r + 1) * (r + 1)));
+        const double whole = double(1U << shift);
+        outerWeight = unsigned(std::lround(whole * fraction / (2 * r + 1 + 2 * fraction)));
+        innerWeight = unsigned(std::ceil((whole - 2 * double(outerWeight)) / (2 * r + 1)));
+    }
+
+    std::size_t radius; ///< of the inner weights
+    unsigned innerWeight;
+    unsigned outerWeight;
+};
 
 /// A row or a column of one channel.
 struct Line
@@ -41,20 +46,20 @@ struct Line
 
 using Values = std::vector<std::uint8_t>;
 
-/// One running-sum box pass of \a width, nothing lying outside \a from.
-void boxPass(const Values &from, Values &to, int width)
+/// One pass over \a from, which holds room for the box at both its ends.
+void boxPass(const Values &from, Values &to, const Box &box)
 {
-    const std::size_t radius = std::size_t(width) / 2;
-    const unsigned reciprocal = (1U << 16U) / unsigned(width) + 1;
+    const std::size_t reach = box.radius + 1;
+    constexpr unsigned half = 1U << (Box::shift - 1);
     unsigned sum = 0;
-    for (std::size_t i = 0; i < radius; ++i)
+    for (std::size_t i = 1; i < 2 * reach; ++i)
         sum += from[i];
-    for (std::size_t i = 0; i < from.size(); ++i) {
-        if (i + radius < from.size())
-            sum += from[i + radius];
-        to[i] = std::uint8_t(std::min(255U, (sum * reciprocal + (1U << 15U)) >> 16U));
-        if (i >= radius)
-            sum -= from[i - radius];
+    for (std::size_t i = reach; i + reach < from.size(); ++i) {
+        const unsigned ends = unsigned(from[i - reach]) + from[i + reach];
+        const unsigned weighted = sum * box.innerWeight + ends * box.outerWeight;
+        to[i] = std::uint8_t(std::min(255U, (weighted + half) >> Box::shift));
+        sum += from[i + reach];
+        sum -= from[i - reach + 1];
     }
 }
 
@@ -63,9 +68,9 @@ class LineBlur
 {
 public:
     LineBlur(double sigma, int length)
-        : m_widths(boxWidths(sigma)),
-          m_margin(std::size_t(m_widths[0] / 2 + m_widths[1] / 2 + m_widths[2] / 2)),
-          m_values(std::size_t(length) + 2 * m_margin), m_blurred(m_values.size())
+        : m_box((sigma * sigma + varianceOfPixel) / passes),
+          m_margin((passes + 1) * (m_box.radius + 1)), m_values(std::size_t(length) + 2 * m_margin),
+          m_blurred(m_values.size())
     {}
 
     void apply(const Line &line)
@@ -73,8 +78,8 @@ public:
         std::fill(m_values.begin(), m_values.end(), std::uint8_t(0));
         for (int i = 0; i < line.length; ++i)
             m_values[m_margin + std::size_t(i)] = line.data[i * line.stride];
-        for (const int width : m_widths) {
-            boxPass(m_values, m_blurred, width);
+        for (int pass = 0; pass < passes; ++pass) {
+            boxPass(m_values, m_blurred, m_box);
             m_values.swap(m_blurred);
         }
         for (int i = 0; i < line.length; ++i)
@@ -82,7 +87,7 @@ public:
     }
 
 private:
-    std::array<int, passes> m_widths;
+    Box m_box;
     std::size_t m_margin;
     Values m_values;
     Values m_blurred;
