@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QScreen>
 
+#include <algorithm>
 #include <utility>
 
 namespace quenara {
@@ -26,27 +27,47 @@ QScreen *mainScreen()
     return active ? active->screen() : QGuiApplication::primaryScreen();
 }
 
-/// Shows \a window without frame over the whole screen that displayFrame() chooses.
-void coverDisplayScreen(OutputWindow &window)
+QList<QRect> framesOf(const QList<QScreen *> &screens)
 {
-    const QList<QScreen *> screens = QGuiApplication::screens();
     QList<QRect> frames;
     for (const QScreen *screen : screens)
         frames.append(screen->geometry());
+    return frames;
+}
+
+/// The screen that an audience display opened by command covers; null without screens.
+QScreen *displayScreen()
+{
+    const QList<QScreen *> screens = QGuiApplication::screens();
     const QScreen *main = mainScreen();
-    const QRect frame = displayFrame(frames, main ? std::optional(main->geometry()) : std::nullopt);
-    for (QScreen *screen : screens) {
-        if (screen->geometry() == frame)
-            window.setScreen(screen);
-    }
-    window.setGeometry(frame);
-    // The full-screen state keeps panels of the desktop below, and is the only way to choose a
-    // screen where windows cannot place themselves.
-    if (screens.isEmpty()) {
+    const QRect frame =
+        displayFrame(framesOf(screens), main ? std::optional(main->geometry()) : std::nullopt);
+    // Of two that show the same, the later is not the operator's.
+    const auto found = std::find_if(screens.crbegin(), screens.crend(), [&](const QScreen *screen) {
+        return screen->geometry() == frame;
+    });
+    return found == screens.crend() ? nullptr : *found;
+}
+
+/// Shows \a window without frame over the whole of \a screen.
+void cover(QWidget &window, QScreen *screen)
+{
+    if (!screen) {
+        window.setGeometry(displayFrame({}, std::nullopt));
         window.show();
-    } else {
-        window.showFullScreen();
+        return;
     }
+    if (window.isVisible() && window.geometry() == screen->geometry())
+        return;
+    // A window over the whole screen is not moved to another one while it is shown.
+    if (window.isVisible() && window.screen() != screen)
+        window.hide();
+    window.setScreen(screen);
+    window.setGeometry(screen->geometry());
+    // The full-screen state keeps panels of the desktop below, and is the only way to choose a
+    // screen where windows cannot place themselves. showFullScreen() would take the keyboard.
+    window.setWindowState(window.windowState() | Qt::WindowFullScreen);
+    window.show();
 }
 
 void raise(QWidget &window)
@@ -64,6 +85,14 @@ WindowCoordinator::WindowCoordinator(const SystemColorScheme &systemScheme, Pict
 {
     connect(&systemScheme, &SystemColorScheme::schemeChanged, this,
             &WindowCoordinator::applyScheme);
+    const QList<QScreen *> screens = QGuiApplication::screens();
+    std::for_each(screens.cbegin(), screens.cend(),
+                  [this](QScreen *screen) { followScreen(screen); });
+    connect(qApp, &QGuiApplication::screenAdded, this, [this](const QScreen *screen) {
+        followScreen(screen);
+        followScreens();
+    });
+    connect(qApp, &QGuiApplication::screenRemoved, this, &WindowCoordinator::followScreens);
 }
 
 WindowCoordinator::~WindowCoordinator()
@@ -96,14 +125,25 @@ void WindowCoordinator::openDisplayWindow(const WorkspaceStore &store, AppAppear
         raise(*m_display.window);
         return;
     }
+    openDisplay(store, appearance, displayScreen());
+    raise(*m_display.window);
+}
+
+void WindowCoordinator::openDisplay(const WorkspaceStore &store, AppAppearance appearance,
+                                    QScreen *screen)
+{
     auto *window = new OutputWindow(new DisplayOutputView(store, m_pictures),
                                     Qt::Window | Qt::FramelessWindowHint);
     window->setBackground(Qt::black);
     window->setObjectName(QStringLiteral("displayWindow"));
     window->setWindowTitle(QStringLiteral("Quenara Display"));
     window->setAppearance(appearance);
-    coverDisplayScreen(*window);
-    raise(*window);
+    // It comes by itself, too, while somebody types elsewhere.
+    window->setAttribute(Qt::WA_ShowWithoutActivating);
+    cover(*window, screen);
+    m_displayScreen = screen;
+    m_displayStore = &store;
+    m_isDisplayWaiting = false;
     adopt(m_display, window, &WindowCoordinator::isDisplayWindowOpenChanged);
 }
 
@@ -126,9 +166,37 @@ void WindowCoordinator::openStageWindow(const WorkspaceStore &store, AppAppearan
 
 void WindowCoordinator::closeDisplayWindow()
 {
+    m_isDisplayWaiting = false;
     if (m_display.window)
         m_display.window->close();
     release(m_display, &WindowCoordinator::isDisplayWindowOpenChanged);
+}
+
+void WindowCoordinator::followScreen(const QScreen *screen)
+{
+    connect(screen, &QScreen::geometryChanged, this, &WindowCoordinator::followScreens);
+}
+
+void WindowCoordinator::followScreens()
+{
+    const QList<QScreen *> screens = QGuiApplication::screens();
+    if (screens.isEmpty())
+        return; // there is nothing to see them on, and nobody
+    const QList<QRect> frames = framesOf(screens);
+    if (m_display.window) {
+        const qsizetype covered = screens.indexOf(m_displayScreen);
+        const auto next =
+            screenToFollow(frames, covered < 0 ? std::nullopt : std::optional(covered));
+        if (next) {
+            m_displayScreen = screens.at(*next);
+            cover(*m_display.window, m_displayScreen);
+        } else {
+            closeDisplayWindow();
+            m_isDisplayWaiting = true;
+        }
+    } else if (const auto free = freeScreen(frames); free && m_isDisplayWaiting && m_displayStore) {
+        openDisplay(*m_displayStore, m_appearance, screens.at(*free));
+    }
 }
 
 void WindowCoordinator::closeStageWindow()

@@ -4,6 +4,8 @@
 #include "WindowCloseObserver.h"
 
 #include <QObject>
+#include <QPointer>
+#include <QScreen>
 
 #include <memory>
 
@@ -16,6 +18,11 @@ class WorkspaceStore;
 /// Opens, raises and closes the two output windows, says whether they are open, and applies the
 /// appearance to them and to the whole application. A closed window is released; opening again
 /// makes a new one and chooses its screen afresh.
+///
+/// The display follows the screens: it goes on covering its screen when that changes, moves to
+/// another when it disappears, and closes when there is none but the operator's. It then waits:
+/// when a screen of its own comes back, it opens there without taking the keyboard. Opening or
+/// closing it by command ends the waiting.
 class WindowCoordinator : public QObject
 {
     Q_OBJECT
@@ -65,14 +72,20 @@ private:
 
     using Signal = void (WindowCoordinator::*)();
 
+    void openDisplay(const WorkspaceStore &store, AppAppearance appearance, QScreen *screen);
     void adopt(Output &output, OutputWindow *window, Signal changed);
     void release(Output &output, Signal changed);
+    void followScreens();
+    void followScreen(const QScreen *screen);
     void applyScheme();
 
     const SystemColorScheme &m_systemScheme;
     PictureCache &m_pictures;
     AppAppearance m_appearance = AppAppearance::system;
     Output m_display;
+    QPointer<QScreen> m_displayScreen; ///< the one the display covers; null without screens
+    QPointer<const WorkspaceStore> m_displayStore; ///< what it shows or last showed
+    bool m_isDisplayWaiting = false;
     Output m_stage;
 };
 

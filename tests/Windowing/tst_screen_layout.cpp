@@ -20,6 +20,52 @@ private slots:
         QCOMPARE(displayFrame({}, first), first);
         QCOMPARE(displayFrame({}, std::nullopt), QRect(120, 120, 1280, 720));
     }
+
+    void anOpenDisplayKeepsItsScreenElseFindsAnotherThatIsNotTheOperators_data()
+    {
+        using Screens = QList<QRect>;
+        using Index = std::optional<qsizetype>;
+        QTest::addColumn<Screens>("screens");
+        QTest::addColumn<Index>("current");
+        QTest::addColumn<Index>("next");
+        const QRect operators(0, 0, 1366, 768);
+        const QRect beside(1366, 0, 1920, 1080);
+        const QRect left(-1024, 0, 1024, 768);
+        const Index none;
+        const auto row = [](const char *name, const Screens &screens, const Index &current,
+                            const Index &next) {
+            QTest::newRow(name) << screens << current << next;
+        };
+        row("its screen stays", {operators, beside}, 1, 1);
+        row("its screen stays, whatever comes", {operators, left, beside}, 2, 2);
+        row("its screen goes and another is left", {operators, left}, none, 1);
+        row("its screen goes and none is left", {operators}, none, none);
+        row("its screen becomes a mirror of the operator's", {operators, operators}, 1, none);
+        row("its screen becomes a larger mirror", {operators, {0, 0, 1920, 1080}}, 1, none);
+        row("a mirror beside which there is another", {operators, operators, beside}, 1, 2);
+        row("its screen has no size", {operators, {}}, 1, none);
+        row("opened on the operator's screen it stays", {operators, beside}, 0, 0);
+        row("its screen becomes the primary one", {beside}, 0, 0);
+    }
+
+    void anOpenDisplayKeepsItsScreenElseFindsAnotherThatIsNotTheOperators()
+    {
+        QFETCH(QList<QRect>, screens);
+        QFETCH(std::optional<qsizetype>, current);
+        QFETCH(std::optional<qsizetype>, next);
+        QCOMPARE(screenToFollow(screens, current), next);
+    }
+
+    void aScreenThatShowsWhatThePrimaryOneShowsIsNotFree()
+    {
+        const QRect operators(0, 0, 1366, 768);
+        const QRect beside(1366, 0, 1920, 1080);
+        const std::optional<qsizetype> none;
+        QCOMPARE(freeScreen({operators, operators}), none);
+        QCOMPARE(freeScreen({operators}), none);
+        QCOMPARE(freeScreen({}), none);
+        QCOMPARE(freeScreen({operators, operators, beside}), std::optional<qsizetype>(2));
+    }
 };
 
 QTEST_APPLESS_MAIN(TestScreenLayout)

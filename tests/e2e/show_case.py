@@ -23,9 +23,8 @@ BLACK = bytes(3 * SECOND_SCREEN[0] * SECOND_SCREEN[1])
 
 
 @functools.cache
-def slide_picture(index):
+def slide_picture(index, width=SECOND_SCREEN[0], height=SECOND_SCREEN[1]):
     """The RGB bytes of a whole screen that shows a slide of the show, by its 0-based place."""
-    width, height, _, _ = SECOND_SCREEN
     with tempfile.TemporaryDirectory() as folder:
         path = Path(folder, "slide.ppm")
         subprocess.run([RENDER_SLIDE, str(SHOW), str(index), str(width), str(height), str(path)],
@@ -68,11 +67,11 @@ class ShowCase(unittest.TestCase):
         except AssertionError:
             picture = Path(f"{self.id().removeprefix('__main__.')}.png").absolute()
             self.server.save_picture(screen, picture)
-            self.fail(f"the {SCREEN_NAMES[screen]} does not show {description}: see {picture}; "
+            self.fail(f"the {SCREEN_NAMES.get(screen, screen)} does not show {description}: see {picture}; "
                       f"the program said: {self.program.output()}")
 
     def see_slide(self, index, screen=SECOND_SCREEN):
-        self.see(slide_picture(index), f"slide {index}", screen)
+        self.see(slide_picture(index, *screen[:2]), f"slide {index}", screen)
 
     def see_black(self):
         self.see(BLACK, "black")

@@ -12,6 +12,7 @@ SCREEN_WIDTH = 1920
 SCREEN_HEIGHT = 1080
 FIRST_SCREEN = (SCREEN_WIDTH, SCREEN_HEIGHT, 0, 0)
 SECOND_SCREEN = (SCREEN_WIDTH, SCREEN_HEIGHT, SCREEN_WIDTH, 0)
+THIRD_SCREEN = (SCREEN_WIDTH, SCREEN_HEIGHT, 2 * SCREEN_WIDTH, 0)
 
 DUMMY_CONFIGURATION = """
 Section "Device"
@@ -64,7 +65,7 @@ class XServer:
         try:
             self._start_server()
             if self.has_two_screens:
-                self._xrandr("--addmode", "DUMMY1", "1920x1080")
+                self._modes = set()
                 self.plug_second_screen()
             self._start_window_manager()
         except BaseException:
@@ -90,11 +91,22 @@ class XServer:
         return variables | {"DISPLAY": self.display, "QT_QPA_PLATFORM": "xcb",
                             "LC_ALL": "C.UTF-8"}
 
-    def plug_second_screen(self):
-        self._xrandr("--output", "DUMMY1", "--mode", "1920x1080", "--right-of", "DUMMY0")
+    def plug_second_screen(self, size=(SCREEN_WIDTH, SCREEN_HEIGHT)):
+        """Turns the second screen on beside the first, or changes its resolution."""
+        self._plug("DUMMY1", size, "--right-of", "DUMMY0")
 
     def unplug_second_screen(self):
         self._xrandr("--output", "DUMMY1", "--off")
+
+    def mirror_first_screen(self):
+        """Has the second screen show what the first shows."""
+        self._plug("DUMMY1", (SCREEN_WIDTH, SCREEN_HEIGHT), "--same-as", "DUMMY0")
+
+    def plug_third_screen(self):
+        self._plug("DUMMY2", (SCREEN_WIDTH, SCREEN_HEIGHT), "--pos", f"{THIRD_SCREEN[2]}x0")
+
+    def unplug_third_screen(self):
+        self._xrandr("--output", "DUMMY2", "--off")
 
     def run(self, *command, check=True):
         """The bytes that a client of this server prints."""
@@ -135,6 +147,20 @@ class XServer:
                    "openbox to come up")
         # Windows are placed on the screen with the pointer.
         self.run("xdotool", "mousemove", "100", "1000")
+
+    def _plug(self, output, size, *place):
+        width, height = size
+        is_standard = size == (SCREEN_WIDTH, SCREEN_HEIGHT)
+        mode = f"{width}x{height}" if is_standard else f"test-{width}x{height}"
+        if (output, mode) not in self._modes:
+            if not is_standard and mode not in {known for _, known in self._modes}:
+                # A clock in MHz, then where each row and column begins and ends its pauses.
+                timings = [100, *(width + n for n in (0, 20, 40, 80)),
+                           *(height + n for n in (0, 4, 8, 40))]
+                self._xrandr("--newmode", mode, *map(str, timings))
+            self._xrandr("--addmode", output, mode)
+            self._modes.add((output, mode))
+        self._xrandr("--output", output, "--mode", mode, *place)
 
     def _xrandr(self, *arguments):
         self.run("xrandr", *arguments)

@@ -1,0 +1,130 @@
+"""Screens that come, go and change under the audience display during a show."""
+
+import random
+import time
+
+from processes import wait_until
+from program import DISPLAY, OPERATOR
+from show_case import TwoScreenCase, run
+from xserver import FIRST_SCREEN, SCREEN_HEIGHT, SCREEN_WIDTH, SECOND_SCREEN, THIRD_SCREEN
+
+SLIDES = 4
+CYCLES = 100
+
+
+class Screens(TwoScreenCase):
+    def setUp(self):
+        super().setUp()
+        self.addCleanup(self.server.plug_second_screen)
+
+    def start_showing(self):
+        program = self.start_show()
+        program.open_display()
+        self.see_slide(0)
+        program.focus(OPERATOR)
+        return program
+
+    def see_the_operator_window(self, program):
+        """That it has the keyboard, and that no display lies over it."""
+        self.assertIsNone(program.window(DISPLAY))
+        wait_until(lambda: "Evening Show" in program.focused_title(), "the operator window")
+
+    def test_a_display_whose_screen_is_unplugged_closes_and_comes_back_with_it(self):
+        program = self.start_showing()
+        self.server.unplug_second_screen()
+        program.wait_for_no_window(DISPLAY)
+        self.see_the_operator_window(program)
+        program.press("Right", "Right")
+        self.server.plug_second_screen()
+        self.see_slide(2)
+        self.assertEqual(program.area(DISPLAY), SECOND_SCREEN)
+
+    def test_a_display_that_comes_back_leaves_the_keyboard_where_it_is(self):
+        program = self.start_showing()
+        self.server.unplug_second_screen()
+        program.wait_for_no_window(DISPLAY)
+        program.click_project_name()
+        program.press("ctrl+a")
+        program.type("Morning ")
+        self.server.plug_second_screen()
+        program.wait_for_window(DISPLAY)
+        self.see_slide(0)
+        program.type("show")
+        program.press("Return")
+        program.wait_for_window("Morning show — Quenara")
+        self.see_slide(0)
+
+    def test_a_display_closed_by_command_does_not_come_back_with_a_screen(self):
+        program = self.start_showing()
+        self.server.unplug_second_screen()
+        program.wait_for_no_window(DISPLAY)
+        program.open_display()
+        self.assertEqual(program.area(DISPLAY), FIRST_SCREEN)
+        program.toggle_display()
+        program.wait_for_no_window(DISPLAY)
+        self.server.plug_second_screen()
+        time.sleep(1)
+        self.see_the_operator_window(program)
+
+    def test_a_display_opened_on_the_only_screen_stays_there_when_another_comes(self):
+        self.server.unplug_second_screen()
+        program = self.start_show()
+        program.open_display()
+        self.see_slide(0, FIRST_SCREEN)
+        self.server.plug_second_screen()
+        time.sleep(1)
+        self.assertEqual(program.area(DISPLAY), FIRST_SCREEN)
+
+    def test_a_display_whose_screen_is_unplugged_goes_to_a_third_one(self):
+        self.server.plug_third_screen()
+        self.addCleanup(self.server.unplug_third_screen)
+        program = self.start_showing()
+        self.server.unplug_second_screen()
+        self.see_slide(0, THIRD_SCREEN)
+        self.assertEqual(program.area(DISPLAY), THIRD_SCREEN)
+
+    def test_a_display_covers_its_screen_at_every_resolution(self):
+        program = self.start_showing()
+        for size in ((1280, 720), (1024, 768), (SCREEN_WIDTH, SCREEN_HEIGHT)):
+            self.server.plug_second_screen(size)
+            area = (*size, SCREEN_WIDTH, 0)
+            self.see_slide(0, area)
+            wait_until(lambda area=area: program.area(DISPLAY) == area, f"the display on {area}")
+
+    def test_a_display_does_not_come_back_on_a_mirror_of_the_operators_screen(self):
+        program = self.start_showing()
+        self.server.unplug_second_screen()
+        program.wait_for_no_window(DISPLAY)
+        self.server.mirror_first_screen()
+        time.sleep(1)
+        self.see_the_operator_window(program)
+        self.server.plug_second_screen()
+        self.see_slide(0)
+        self.assertEqual(program.area(DISPLAY), SECOND_SCREEN)
+
+    def test_a_screen_unplugged_and_plugged_a_hundred_times_changes_nothing_of_the_show(self):
+        program = self.start_showing()
+        self.see_slide(0)
+        chance = random.Random(1)
+        live = 0
+        operator_area = program.area(OPERATOR)
+        for cycle in range(CYCLES):
+            self.server.unplug_second_screen()
+            time.sleep(chance.uniform(0, 0.15))
+            if chance.random() < 0.5:
+                program.press("Right")
+                live = (live + 1) % SLIDES
+            self.server.plug_second_screen()
+            time.sleep(chance.uniform(0, 0.15))
+            if cycle % 10 == 0:
+                self.see_slide(live)
+            self.assertIsNone(program.status(), program.output())
+        self.see_slide(live)
+        self.assertEqual(program.area(DISPLAY), SECOND_SCREEN)
+        self.assertEqual(program.area(OPERATOR), operator_area)
+        self.assertEqual(sorted(program.windows().values()),
+                         ["Evening Show — Quenara", "Quenara Display"])
+
+
+if __name__ == "__main__":
+    run()
