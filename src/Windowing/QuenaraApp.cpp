@@ -12,8 +12,8 @@ QuenaraApp::QuenaraApp(const QPalette &platformPalette)
       m_store(ProjectTemplates::blankProject(QDateTime::currentDateTimeUtc()),
               {.preferences = m_preferences, .panels = m_panels}),
       m_systemScheme(QDBusConnection::sessionBus(), platformPalette),
-      m_windows(m_systemScheme, m_pictures), m_appearance(m_preferences),
-      m_guard(m_store, m_windows, m_questions),
+      m_sleepInhibitor(QDBusConnection::sessionBus()), m_windows(m_systemScheme, m_pictures),
+      m_appearance(m_preferences), m_guard(m_store, m_windows, m_questions),
       m_commands(m_store, m_windows, m_guard, m_appearance),
       m_operatorWindow(m_store, m_windows, m_guard, m_commands, m_pictures)
 {
@@ -22,6 +22,8 @@ QuenaraApp::QuenaraApp(const QPalette &platformPalette)
                      [this](const QString &, const QString &newValue) {
                          m_windows.updateAppearance(appearanceFromPreference(newValue));
                      });
+    QObject::connect(&m_windows, &WindowCoordinator::isDisplayWindowOpenChanged, &m_windows,
+                     [this] { m_sleepInhibitor.setActive(m_windows.isDisplayWindowOpen()); });
     m_windows.updateAppearance(m_appearance.appearance());
     m_operatorWindow.show();
 }

@@ -7,6 +7,7 @@
 #include "OperatorWindow.h"
 #include "PictureCache.h"
 #include "ShortcutGuard.h"
+#include "SleepInhibitor.h"
 #include "SystemColorScheme.h"
 #include "WindowCoordinator.h"
 #include "WorkspaceStore.h"
@@ -39,6 +40,7 @@ private:
     WorkspaceStore m_store;
     SystemColorScheme m_systemScheme;
     PictureCache m_pictures;
+    SleepInhibitor m_sleepInhibitor;
     WindowCoordinator m_windows;
     AppearancePreference m_appearance;
     ShortcutGuard m_shortcutGuard;

@@ -1,11 +1,10 @@
 #include "GuiTestSupport.h"
+#include "SessionBus.h"
 #include "SystemColorScheme.h"
 #include "WindowingWorld.h"
 
 #include <QDBusMessage>
-#include <QProcess>
 #include <QSignalSpy>
-#include <QThread>
 
 using namespace quenara;
 using namespace quenara::test;
@@ -15,6 +14,7 @@ namespace {
 constexpr unsigned noPreference = 0;
 constexpr unsigned prefersDark = 1;
 constexpr unsigned prefersLight = 2;
+const auto portalService = QStringLiteral("org.freedesktop.portal.Desktop");
 const auto portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
 
 /// The settings of a desktop portal.
@@ -37,58 +37,30 @@ private:
     unsigned m_scheme;
 };
 
-/// A session bus with a portal that answers from a thread of its own.
+/// A session bus with a portal.
 class Desktop
 {
 public:
     explicit Desktop(unsigned scheme) : m_portal(scheme)
     {
-        m_daemon.start(QStringLiteral("dbus-daemon"),
-                       {QStringLiteral("--session"), QStringLiteral("--nofork"),
-                        QStringLiteral("--print-address")});
-        if (!m_daemon.waitForReadyRead())
-            qFatal("no dbus-daemon");
-        m_address = QString::fromUtf8(m_daemon.readLine().trimmed());
-        m_portal.moveToThread(&m_thread);
-        m_thread.start();
-        QDBusConnection bus = connection(QStringLiteral("portal"));
-        bus.registerService(QStringLiteral("org.freedesktop.portal.Desktop"));
-        bus.registerObject(portalPath, &m_portal, QDBusConnection::ExportAllSlots);
+        m_bus.offer(portalService, portalPath, m_portal);
     }
 
-    ~Desktop()
-    {
-        QDBusConnection::disconnectFromBus(QStringLiteral("portal"));
-        QDBusConnection::disconnectFromBus(QStringLiteral("program"));
-        m_thread.quit();
-        m_thread.wait();
-        m_daemon.terminate();
-        m_daemon.waitForFinished();
-    }
+    QDBusConnection connection(const QString &name) { return m_bus.connection(name); }
 
-    Desktop(const Desktop &) = delete;
-    Desktop &operator=(const Desktop &) = delete;
-
-    QDBusConnection connection(const QString &name) const
-    {
-        return QDBusConnection::connectToBus(m_address, name);
-    }
-
-    void change(const QString &group, unsigned scheme) const
+    void change(const QString &group, unsigned scheme)
     {
         QDBusMessage signal = QDBusMessage::createSignal(
             portalPath, QStringLiteral("org.freedesktop.portal.Settings"),
             QStringLiteral("SettingChanged"));
         signal << group << QStringLiteral("color-scheme")
                << QVariant::fromValue(QDBusVariant(scheme));
-        connection(QStringLiteral("portal")).send(signal);
+        connection(portalService).send(signal);
     }
 
 private:
-    QProcess m_daemon;
-    QString m_address;
-    QThread m_thread;
     Portal m_portal;
+    SessionBus m_bus;
 };
 
 const auto appearanceGroup = QStringLiteral("org.freedesktop.appearance");
@@ -121,7 +93,7 @@ private slots:
     {
         QFETCH(unsigned, setting);
         QFETCH(ColorScheme, expected);
-        const Desktop desktop(setting);
+        Desktop desktop(setting);
         const SystemColorScheme system(desktop.connection(QStringLiteral("program")),
                                        QPalette(Qt::white));
         QCOMPARE(system.scheme(), expected);
@@ -129,7 +101,7 @@ private slots:
 
     void aChangeOnTheDesktopSwitchesTheApplicationWhileItFollowsTheSystem()
     {
-        const Desktop desktop(prefersLight);
+        Desktop desktop(prefersLight);
         SystemColorScheme system(desktop.connection(QStringLiteral("program")),
                                  QPalette(Qt::white));
         PictureCache pictures;
@@ -150,7 +122,7 @@ private slots:
 
     void otherSettingsOfThePortalChangeNothing()
     {
-        const Desktop desktop(prefersLight);
+        Desktop desktop(prefersLight);
         const SystemColorScheme system(desktop.connection(QStringLiteral("program")),
                                        QPalette(Qt::white));
         const QSignalSpy changed(&system, &SystemColorScheme::schemeChanged);

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <QObject>
+#include <QProcess>
+#include <QStringList>
+#include <QThread>
+
+namespace quenara::test {
+
+/// A session bus of its own, whose services answer from another thread than the program's.
+class SessionBus
+{
+public:
+    SessionBus()
+    {
+        m_daemon.start(QStringLiteral("dbus-daemon"),
+                       {QStringLiteral("--session"), QStringLiteral("--nofork"),
+                        QStringLiteral("--print-address")});
+        if (!m_daemon.waitForReadyRead())
+            qFatal("no dbus-daemon");
+        m_address = QString::fromUtf8(m_daemon.readLine().trimmed());
+        m_thread.start();
+    }
+
+    ~SessionBus()
+    {
+        for (const QString &name : m_connections)
+            QDBusConnection::disconnectFromBus(name);
+        m_thread.quit();
+        m_thread.wait();
+        m_daemon.terminate();
+        m_daemon.waitForFinished();
+    }
+
+    SessionBus(const SessionBus &) = delete;
+    SessionBus &operator=(const SessionBus &) = delete;
+
+    /// The connection of this name, one for each of those who meet on the bus.
+    QDBusConnection connection(const QString &name)
+    {
+        if (!m_connections.contains(name))
+            m_connections.append(name);
+        return QDBusConnection::connectToBus(m_address, name);
+    }
+
+    /// Offers \a object's slots as a service. It must outlive the bus.
+    void offer(const QString &service, const QString &path, QObject &object)
+    {
+        object.moveToThread(&m_thread);
+        QDBusConnection bus = connection(service);
+        bus.registerService(service);
+        bus.registerObject(path, &object, QDBusConnection::ExportAllSlots);
+    }
+
+private:
+    QProcess m_daemon;
+    QString m_address;
+    QThread m_thread;
+    QStringList m_connections;
+};
+
+} // namespace quenara::test

@@ -1,0 +1,180 @@
+#include "SessionBus.h"
+#include "SleepInhibitor.h"
+
+#include <QMutex>
+#include <QSet>
+#include <QTest>
+
+using namespace quenara;
+using namespace quenara::test;
+
+namespace {
+
+/// What a service of the desktop was asked, from whichever thread.
+class Requests
+{
+public:
+    unsigned inhibit(const QString &application)
+    {
+        const QMutexLocker lock(&m_mutex);
+        m_application = application;
+        m_held.insert(++m_lastCookie);
+        return m_lastCookie;
+    }
+
+    void release(unsigned cookie)
+    {
+        const QMutexLocker lock(&m_mutex);
+        m_held.remove(cookie);
+    }
+
+    qsizetype held() const
+    {
+        const QMutexLocker lock(&m_mutex);
+        return m_held.size();
+    }
+
+    unsigned made() const
+    {
+        const QMutexLocker lock(&m_mutex);
+        return m_lastCookie;
+    }
+
+    QString application() const
+    {
+        const QMutexLocker lock(&m_mutex);
+        return m_application;
+    }
+
+private:
+    mutable QMutex m_mutex;
+    QString m_application;
+    QSet<unsigned> m_held;
+    unsigned m_lastCookie = 0;
+};
+
+// NOLINTBEGIN(readability-identifier-naming): D-Bus calls them so
+
+class ScreenSaver : public QObject, public Requests
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.ScreenSaver")
+
+public slots:
+    unsigned Inhibit(const QString &application, const QString & /*reason*/)
+    {
+        return inhibit(application);
+    }
+    void UnInhibit(unsigned cookie) { release(cookie); }
+};
+
+class PowerManagement : public QObject, public Requests
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.PowerManagement.Inhibit")
+
+public slots:
+    unsigned Inhibit(const QString &application, const QString & /*reason*/)
+    {
+        return inhibit(application);
+    }
+    void UnInhibit(unsigned cookie) { release(cookie); }
+};
+
+// NOLINTEND(readability-identifier-naming)
+
+void offer(SessionBus &bus, ScreenSaver &service)
+{
+    bus.offer(QStringLiteral("org.freedesktop.ScreenSaver"),
+              QStringLiteral("/org/freedesktop/ScreenSaver"), service);
+}
+
+} // namespace
+
+class TestSleepInhibitor : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void theDesktopIsAskedWhileActiveAndNotBeforeOrAfter()
+    {
+        ScreenSaver screenSaver;
+        PowerManagement powerManagement;
+        SessionBus bus;
+        offer(bus, screenSaver);
+        bus.offer(QStringLiteral("org.freedesktop.PowerManagement"),
+                  QStringLiteral("/org/freedesktop/PowerManagement/Inhibit"), powerManagement);
+        SleepInhibitor inhibitor(bus.connection(QStringLiteral("program")));
+        for (unsigned time = 1; time <= 3; ++time) {
+            inhibitor.setActive(true);
+            QTRY_COMPARE(screenSaver.held(), 1);
+            QTRY_COMPARE(powerManagement.held(), 1);
+            QCOMPARE(screenSaver.made(), time);
+            inhibitor.setActive(false);
+            QTRY_COMPARE(screenSaver.held(), 0);
+            QTRY_COMPARE(powerManagement.held(), 0);
+        }
+        QCOMPARE(screenSaver.application(), QStringLiteral("Quenara"));
+    }
+
+    void askedTwiceTheDesktopHoldsOnce()
+    {
+        ScreenSaver screenSaver;
+        SessionBus bus;
+        offer(bus, screenSaver);
+        SleepInhibitor inhibitor(bus.connection(QStringLiteral("program")));
+        inhibitor.setActive(true);
+        inhibitor.setActive(true);
+        QTRY_COMPARE(screenSaver.held(), 1);
+        inhibitor.setActive(true);
+        inhibitor.setActive(false);
+        QTRY_COMPARE(screenSaver.held(), 0);
+        QCOMPARE(screenSaver.made(), 1U);
+    }
+
+    void whatIsGivenUpBeforeTheAnswerCameIsReleasedWhenItComes()
+    {
+        ScreenSaver screenSaver;
+        SessionBus bus;
+        offer(bus, screenSaver);
+        SleepInhibitor inhibitor(bus.connection(QStringLiteral("program")));
+        inhibitor.setActive(true);
+        inhibitor.setActive(false);
+        QTRY_COMPARE(screenSaver.made(), 1U);
+        QTRY_COMPARE(screenSaver.held(), 0);
+    }
+
+    void theEndOfTheProgramReleasesIt()
+    {
+        ScreenSaver screenSaver;
+        SessionBus bus;
+        offer(bus, screenSaver);
+        {
+            SleepInhibitor inhibitor(bus.connection(QStringLiteral("program")));
+            inhibitor.setActive(true);
+            QTRY_COMPARE(screenSaver.held(), 1);
+            // The answer is on its way still; released is only what has a cookie.
+            QTest::qWait(100);
+        }
+        QTRY_COMPARE(screenSaver.held(), 0);
+    }
+
+    void aDesktopWithoutTheServicesIsLeftAlone()
+    {
+        ScreenSaver screenSaver;
+        SessionBus bus;
+        SleepInhibitor onABus(bus.connection(QStringLiteral("program")));
+        SleepInhibitor onNone(QDBusConnection(QStringLiteral("none")));
+        for (SleepInhibitor *inhibitor : {&onABus, &onNone}) {
+            inhibitor->setActive(true);
+            QTest::qWait(50);
+            inhibitor->setActive(false);
+        }
+        offer(bus, screenSaver);
+        onABus.setActive(true);
+        QTRY_COMPARE(screenSaver.held(), 1); // one that comes up later is asked the next time
+    }
+};
+
+QTEST_GUILESS_MAIN(TestSleepInhibitor)
+#include "tst_sleep_inhibitor.moc"
