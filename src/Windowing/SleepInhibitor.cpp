@@ -26,8 +26,8 @@ void InhibitLock::settle()
     if (m_isWanted && !m_cookie) {
         QDBusMessage request = call(QStringLiteral("Inhibit"));
         request << QStringLiteral("Quenara") << QStringLiteral("The audience display is open");
-        m_isAsking = m_bus.callWithCallback(request, this, SLOT(takeCookie(QDBusMessage)),
-                                            SLOT(giveUp()));
+        m_isAsking =
+            m_bus.callWithCallback(request, this, SLOT(takeCookie(QDBusMessage)), SLOT(giveUp()));
     } else if (!m_isWanted && m_cookie) {
         QDBusMessage request = call(QStringLiteral("UnInhibit"));
         request << *std::exchange(m_cookie, std::nullopt);

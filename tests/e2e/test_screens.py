@@ -5,10 +5,12 @@ import time
 
 from processes import wait_until
 from program import DISPLAY, OPERATOR
+from screen_watch import ScreenWatch
 from show_case import TwoScreenCase, run
 from xserver import FIRST_SCREEN, SCREEN_HEIGHT, SCREEN_WIDTH, SECOND_SCREEN, THIRD_SCREEN
 
 SLIDES = 4
+CORNER_OF_FIRST_SCREEN = (64, 64, 0, 0)  # beside the operator window
 CYCLES = 100
 
 
@@ -108,17 +110,19 @@ class Screens(TwoScreenCase):
         chance = random.Random(1)
         live = 0
         operator_area = program.area(OPERATOR)
-        for cycle in range(CYCLES):
-            self.server.unplug_second_screen()
-            time.sleep(chance.uniform(0, 0.15))
-            if chance.random() < 0.5:
-                program.press("Right")
-                live = (live + 1) % SLIDES
-            self.server.plug_second_screen()
-            time.sleep(chance.uniform(0, 0.15))
-            if cycle % 10 == 0:
-                self.see_slide(live)
-            self.assertIsNone(program.status(), program.output())
+        with ScreenWatch(self.server, CORNER_OF_FIRST_SCREEN) as corner:
+            for cycle in range(CYCLES):
+                self.server.unplug_second_screen()
+                time.sleep(chance.uniform(0, 0.15))
+                if chance.random() < 0.5:
+                    program.press("Right")
+                    live = (live + 1) % SLIDES
+                self.server.plug_second_screen()
+                time.sleep(chance.uniform(0, 0.15))
+                if cycle % 10 == 0:
+                    self.see_slide(live)
+                self.assertIsNone(program.status(), program.output())
+            self.assertEqual(len(corner.frames()), 1, "something covered the operator's screen")
         self.see_slide(live)
         self.assertEqual(program.area(DISPLAY), SECOND_SCREEN)
         self.assertEqual(program.area(OPERATOR), operator_area)

@@ -1,0 +1,225 @@
+// screen_watch X Y WIDTH HEIGHT: looks at a part of the root window as often as the server allows
+// and prints "frame TIME HASH" for the first picture and for every one that differs from the one
+// before; HASH is the SHA-1 of its RGB bytes. Keys are pressed for those who write "press KEYSYM",
+// KEYSYM being a hexadecimal number, to it; it prints "press TIME" then. Times are nanoseconds of
+// one clock. Ends with its input.
+
+#include <QByteArray>
+#include <QCryptographicHash>
+
+#include <sys/ipc.h>
+#include <sys/shm.h>
+#include <xcb/shm.h>
+#include <xcb/xtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <condition_variable>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <deque>
+#include <iostream>
+#include <memory>
+#include <mutex>
+#include <poll.h>
+#include <span>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace {
+
+using Pixels = std::vector<std::uint32_t>;
+
+std::int64_t now()
+{
+    return std::chrono::duration_cast<std::chrono::nanoseconds>(
+               std::chrono::steady_clock::now().time_since_epoch())
+        .count();
+}
+
+[[noreturn]] void fail(const char *message)
+{
+    std::fprintf(stderr, "screen_watch: %s\n", message);
+    std::exit(1);
+}
+
+void say(const std::string &line)
+{
+    static std::mutex mutex;
+    const std::lock_guard lock(mutex);
+    std::puts(line.c_str());
+    std::fflush(stdout);
+}
+
+/// Answers of the server are freed as C allocated them.
+struct Free
+{
+    void operator()(void *answer) const { std::free(answer); }
+};
+template<typename Answer>
+using Owned = std::unique_ptr<Answer, Free>;
+
+/// Hashes frames while the next ones are taken.
+class Frames
+{
+public:
+    Frames() : m_thread([this] { work(); }) {}
+
+    ~Frames()
+    {
+        add(0, {});
+        m_thread.join();
+    }
+
+    /// A frame without pixels is the last.
+    void add(std::int64_t time, Pixels pixels)
+    {
+        const std::lock_guard lock(m_mutex);
+        m_frames.emplace_back(time, std::move(pixels));
+        m_filled.notify_one();
+    }
+
+private:
+    void work()
+    {
+        for (;;) {
+            std::unique_lock lock(m_mutex);
+            m_filled.wait(lock, [this] { return !m_frames.empty(); });
+            const auto [time, pixels] = std::move(m_frames.front());
+            m_frames.pop_front();
+            lock.unlock();
+            if (pixels.empty())
+                return;
+            say("frame " + std::to_string(time) + ' ' + hashOf(pixels));
+        }
+    }
+
+    static std::string hashOf(const Pixels &pixels)
+    {
+        QByteArray colors(qsizetype(3 * pixels.size()), Qt::Uninitialized);
+        char *color = colors.data();
+        for (const std::uint32_t pixel : pixels) {
+            for (const unsigned shift : {16U, 8U, 0U})
+                *color++ = char(pixel >> shift & 0xffU);
+        }
+        return QCryptographicHash::hash(colors, QCryptographicHash::Sha1).toHex().toStdString();
+    }
+
+    std::mutex m_mutex;
+    std::condition_variable m_filled;
+    std::deque<std::pair<std::int64_t, Pixels>> m_frames;
+    std::thread m_thread;
+};
+
+class Screen
+{
+public:
+    explicit Screen(std::span<const int> area) : m_area(area.begin(), area.end())
+    {
+        if (xcb_connection_has_error(m_server))
+            fail("no X server");
+        const std::size_t size = std::size_t(area[2]) * std::size_t(area[3]);
+        const int memory = shmget(IPC_PRIVATE, 4 * size, IPC_CREAT | 0600);
+        if (memory < 0)
+            fail("no shared memory");
+        m_pixels = {static_cast<std::uint32_t *>(shmat(memory, nullptr, 0)), size};
+        m_segment = xcb_generate_id(m_server);
+        xcb_shm_attach(m_server, m_segment, std::uint32_t(memory), 0);
+        Owned<xcb_get_input_focus_reply_t>(
+            xcb_get_input_focus_reply(m_server, xcb_get_input_focus(m_server), nullptr));
+        shmctl(memory, IPC_RMID, nullptr);
+    }
+
+    /// What is shown now; false while the area is no part of the root window.
+    bool look()
+    {
+        const auto request = xcb_shm_get_image(
+            m_server, m_root->root, std::int16_t(m_area[0]), std::int16_t(m_area[1]),
+            std::uint16_t(m_area[2]), std::uint16_t(m_area[3]), ~0U, XCB_IMAGE_FORMAT_Z_PIXMAP,
+            m_segment, 0);
+        xcb_generic_error_t *error = nullptr;
+        const Owned<xcb_shm_get_image_reply_t> answer(
+            xcb_shm_get_image_reply(m_server, request, &error));
+        const Owned<xcb_generic_error_t> ownedError(error);
+        return answer != nullptr;
+    }
+
+    std::span<const std::uint32_t> pixels() const { return m_pixels; }
+
+    void press(xcb_keysym_t symbol)
+    {
+        const std::uint8_t key = keyOf(symbol);
+        for (const int event : {XCB_KEY_PRESS, XCB_KEY_RELEASE})
+            xcb_test_fake_input(m_server, std::uint8_t(event), key, 0, m_root->root, 0, 0, 0);
+        xcb_flush(m_server);
+    }
+
+private:
+    std::uint8_t keyOf(xcb_keysym_t symbol) const
+    {
+        const xcb_setup_t *setup = xcb_get_setup(m_server);
+        const auto request = xcb_get_keyboard_mapping(
+            m_server, setup->min_keycode,
+            std::uint8_t(setup->max_keycode - setup->min_keycode + 1));
+        const Owned<xcb_get_keyboard_mapping_reply_t> answer(
+            xcb_get_keyboard_mapping_reply(m_server, request, nullptr));
+        if (!answer)
+            fail("no keyboard");
+        const std::span symbols(xcb_get_keyboard_mapping_keysyms(answer.get()),
+                                std::size_t(xcb_get_keyboard_mapping_keysyms_length(answer.get())));
+        const auto found = std::find(symbols.begin(), symbols.end(), symbol);
+        if (found == symbols.end())
+            fail("no such key");
+        return std::uint8_t(setup->min_keycode
+                            + (found - symbols.begin()) / answer->keysyms_per_keycode);
+    }
+
+    xcb_connection_t *m_server = xcb_connect(nullptr, nullptr);
+    const xcb_screen_t *m_root = xcb_setup_roots_iterator(xcb_get_setup(m_server)).data;
+    std::vector<int> m_area;
+    xcb_shm_seg_t m_segment = 0;
+    std::span<std::uint32_t> m_pixels;
+};
+
+/// Does what the input asks for, without waiting for it; false at its end.
+bool obey(Screen &screen)
+{
+    pollfd input{.fd = 0, .events = POLLIN, .revents = 0};
+    while (poll(&input, 1, 0) > 0) {
+        std::string word;
+        std::string symbol;
+        if (!(std::cin >> word >> symbol))
+            return false;
+        say("press " + std::to_string(now()));
+        screen.press(xcb_keysym_t(std::stoul(symbol, nullptr, 16)));
+        if (std::cin.rdbuf()->in_avail() <= 0)
+            break;
+    }
+    return true;
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    if (argc != 5)
+        fail("usage: screen_watch X Y WIDTH HEIGHT");
+    std::vector<int> area;
+    for (int i = 1; i < argc; ++i)
+        area.push_back(std::atoi(argv[i]));
+    Screen screen(area);
+    Frames frames;
+    Pixels before;
+    while (obey(screen)) {
+        if (!screen.look())
+            continue;
+        const auto pixels = screen.pixels();
+        if (!std::equal(pixels.begin(), pixels.end(), before.begin(), before.end())) {
+            before.assign(pixels.begin(), pixels.end());
+            frames.add(now(), before);
+        }
+    }
+    return 0;
+}

@@ -1,0 +1,126 @@
+"""Every picture that the audience sees, one after the other: none that was not sent."""
+
+import functools
+import hashlib
+import random
+
+from program import DISPLAY
+from screen_watch import ScreenWatch
+from show_case import BLACK, TwoScreenCase, run, slide_picture
+from xserver import SECOND_SCREEN
+
+SLIDES = 4
+CHANGES = 500
+LONGEST_BURST = 5
+KEYS = ("Right", "Right", "Left", "b", "l")
+
+
+def hash_of(picture):
+    return hashlib.sha1(picture).hexdigest()
+
+
+@functools.cache
+def slide_hash(index):
+    return hash_of(slide_picture(index))
+
+
+class Audience:
+    """What is to be seen: the live slide and the mode, changed as the keys say."""
+
+    def __init__(self, holding):
+        self._pictures = {"b": hash_of(BLACK), "l": holding}
+        self._slide = 0
+        self._mode = "live"
+
+    def press(self, key):
+        if key == "Right":
+            self._slide = (self._slide + 1) % SLIDES
+            self._mode = "live"
+        elif key == "Left":
+            self._slide = max(0, self._slide - 1)
+            self._mode = "live"
+        else:
+            self._mode = "live" if self._mode == key else key
+
+    def picture(self):
+        return slide_hash(self._slide) if self._mode == "live" else self._pictures[self._mode]
+
+
+class OpeningAndClosing(TwoScreenCase):
+    def test_the_display_shows_the_live_slide_or_black_and_nothing_else(self):
+        program = self.start_show()
+        desktop = hash_of(self.settled_picture())
+        with ScreenWatch(self.server, SECOND_SCREEN) as watch:
+            for _ in range(5):
+                count = len(watch.frames())
+                program.open_display()
+                watch.wait_for(lambda frames: frames[-1].picture == slide_hash(0), "the slide")
+                program.toggle_display()
+                watch.wait_for(lambda frames: frames[-1].picture == desktop, "the desktop")
+                shown = [frame.picture for frame in watch.frames()[count:]]
+                if shown[0] == hash_of(BLACK):
+                    del shown[0]
+                self.assertEqual(shown, [slide_hash(0), desktop])
+
+
+class Frames(TwoScreenCase):
+    def setUp(self):
+        super().setUp()
+        self.program = self.start_show()
+        self.program.open_display()
+        self.see_slide(0)
+        self.program.focus(DISPLAY)
+        self.watch = self.enterContext(ScreenWatch(self.server, SECOND_SCREEN))
+
+    def holding_screen(self):
+        """The hash of the holding screen, shown for it and taken away again."""
+        self.watch.press("l")
+        self.watch.wait_for(lambda frames: len(frames) > 1, "the holding screen")
+        self.watch.settle()
+        holding = self.watch.frames()[-1].picture
+        self.watch.press("l")
+        self.watch.wait_for(lambda frames: frames[-1].picture == slide_hash(0), "the slide")
+        return holding
+
+    def see_after(self, keys, audience):
+        """Presses keys and sees what they ask for, in order; pictures of an instant may be
+        missed."""
+        count = len(self.watch.frames())
+        allowed = [audience.picture()]
+        for key in keys:
+            audience.press(key)
+            allowed.append(audience.picture())
+            self.watch.press(key)
+        # What the last key leads to may stand there before the first is answered.
+        self.watch.settle()
+        self.watch.wait_for(lambda frames: frames[-1].picture == allowed[-1],
+                            f"what {keys} lead to")
+        self.watch.settle()
+        place = 0
+        for frame in self.watch.frames()[count:]:
+            self.assertIn(frame.picture, allowed[place:], f"a picture nobody sent, after {keys}")
+            place += allowed[place:].index(frame.picture)
+
+    def test_no_picture_is_seen_that_was_not_sent(self):
+        audience = Audience(self.holding_screen())
+        chance = random.Random(1)
+        changes = 0
+        while changes < CHANGES:
+            keys = chance.choices(KEYS, k=chance.randint(1, LONGEST_BURST))
+            self.see_after(keys, audience)
+            changes += len(keys)
+
+    def test_every_mode_follows_every_other_in_one_step_with_nothing_in_between(self):
+        audience = Audience(self.holding_screen())
+        # From live to black, back, to the holding screen, back, there again, to black, to the
+        # holding screen, to black, and live with the slide's key.
+        for key in ("b", "b", "l", "l", "l", "b", "l", "b", "Right"):
+            count = len(self.watch.frames())
+            self.see_after([key], audience)
+            self.watch.settle()
+            self.assertEqual([frame.picture for frame in self.watch.frames()[count:]],
+                             [audience.picture()])
+
+
+if __name__ == "__main__":
+    run()
