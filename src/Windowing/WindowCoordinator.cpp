@@ -11,6 +11,7 @@
 #include <QScreen>
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
 namespace quenara {
@@ -19,6 +20,9 @@ namespace {
 
 constexpr QRect stageFrame(180, 160, 1180, 720);
 constexpr QSize stageMinimumSize(900, 540);
+/// How long screens stay as they are before a display comes back: a loose plug comes and goes, and
+/// the desktop takes its time to arrange them.
+constexpr std::chrono::milliseconds screensSettleIn(300);
 
 /// The screen with the window that has the focus, else the primary one; null without screens.
 QScreen *mainScreen()
@@ -93,6 +97,9 @@ WindowCoordinator::WindowCoordinator(const SystemColorScheme &systemScheme, Pict
         followScreens();
     });
     connect(qApp, &QGuiApplication::screenRemoved, this, &WindowCoordinator::followScreens);
+    m_screensSettled.setSingleShot(true);
+    m_screensSettled.setInterval(screensSettleIn);
+    connect(&m_screensSettled, &QTimer::timeout, this, &WindowCoordinator::reopenDisplay);
 }
 
 WindowCoordinator::~WindowCoordinator()
@@ -194,9 +201,17 @@ void WindowCoordinator::followScreens()
             closeDisplayWindow();
             m_isDisplayWaiting = true;
         }
-    } else if (const auto free = freeScreen(frames); free && m_isDisplayWaiting && m_displayStore) {
-        openDisplay(*m_displayStore, m_appearance, screens.at(*free));
+    } else if (m_isDisplayWaiting) {
+        m_screensSettled.start();
     }
+}
+
+void WindowCoordinator::reopenDisplay()
+{
+    const QList<QScreen *> screens = QGuiApplication::screens();
+    const auto free = freeScreen(framesOf(screens));
+    if (free && m_isDisplayWaiting && m_displayStore)
+        openDisplay(*m_displayStore, m_appearance, screens.at(*free));
 }
 
 void WindowCoordinator::closeStageWindow()

@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QPointer>
 #include <QScreen>
+#include <QTimer>
 
 #include <memory>
 
@@ -77,6 +78,7 @@ private:
     void release(Output &output, Signal changed);
     void followScreens();
     void followScreen(const QScreen *screen);
+    void reopenDisplay();
     void applyScheme();
 
     const SystemColorScheme &m_systemScheme;
@@ -86,6 +88,7 @@ private:
     QPointer<QScreen> m_displayScreen; ///< the one the display covers; null without screens
     QPointer<const WorkspaceStore> m_displayStore; ///< what it shows or last showed
     bool m_isDisplayWaiting = false;
+    QTimer m_screensSettled;
     Output m_stage;
 };
 

@@ -7,11 +7,6 @@
 #include <QByteArray>
 #include <QCryptographicHash>
 
-#include <sys/ipc.h>
-#include <sys/shm.h>
-#include <xcb/shm.h>
-#include <xcb/xtest.h>
-
 #include <algorithm>
 #include <chrono>
 #include <condition_variable>
@@ -25,8 +20,12 @@
 #include <poll.h>
 #include <span>
 #include <string>
+#include <sys/ipc.h>
+#include <sys/shm.h>
 #include <thread>
 #include <vector>
+#include <xcb/shm.h>
+#include <xcb/xtest.h>
 
 namespace {
 
@@ -135,10 +134,10 @@ public:
     /// What is shown now; false while the area is no part of the root window.
     bool look()
     {
-        const auto request = xcb_shm_get_image(
-            m_server, m_root->root, std::int16_t(m_area[0]), std::int16_t(m_area[1]),
-            std::uint16_t(m_area[2]), std::uint16_t(m_area[3]), ~0U, XCB_IMAGE_FORMAT_Z_PIXMAP,
-            m_segment, 0);
+        const auto request = xcb_shm_get_image(m_server, m_root->root, std::int16_t(m_area[0]),
+                                               std::int16_t(m_area[1]), std::uint16_t(m_area[2]),
+                                               std::uint16_t(m_area[3]), ~0U,
+                                               XCB_IMAGE_FORMAT_Z_PIXMAP, m_segment, 0);
         xcb_generic_error_t *error = nullptr;
         const Owned<xcb_shm_get_image_reply_t> answer(
             xcb_shm_get_image_reply(m_server, request, &error));
@@ -160,9 +159,9 @@ private:
     std::uint8_t keyOf(xcb_keysym_t symbol) const
     {
         const xcb_setup_t *setup = xcb_get_setup(m_server);
-        const auto request = xcb_get_keyboard_mapping(
-            m_server, setup->min_keycode,
-            std::uint8_t(setup->max_keycode - setup->min_keycode + 1));
+        const auto request =
+            xcb_get_keyboard_mapping(m_server, setup->min_keycode,
+                                     std::uint8_t(setup->max_keycode - setup->min_keycode + 1));
         const Owned<xcb_get_keyboard_mapping_reply_t> answer(
             xcb_get_keyboard_mapping_reply(m_server, request, nullptr));
         if (!answer)
