@@ -49,23 +49,24 @@ QString withLineSeparators(QString text)
 
 } // namespace
 
-TextBlock::TextBlock(const TextElementProperties &text, const QSizeF &box)
+TextBlock::TextBlock(const TextElementProperties &text, const QSizeF &box, const TextLimits &limits)
     : m_text(text), m_box(std::max(0.0, box.width()), std::max(0.0, box.height())),
-      m_string(withLineSeparators(text.displayText())), m_layout(std::make_unique<QTextLayout>())
+      m_limits(limits), m_string(withLineSeparators(text.displayText())),
+      m_layout(std::make_unique<QTextLayout>())
 {
     layOut(1);
-    if (m_bounds.height() <= m_box.height())
+    if (doesFit())
         return;
-    double fits = smallestFit;
+    double fits = m_limits.smallestFit;
     double tooLarge = 1;
     const double closeEnough = std::max(finestFit, fitTolerance / text.fontSize);
     while (tooLarge - fits > closeEnough) {
         const double middle = (fits + tooLarge) / 2;
         layOut(middle);
-        (m_bounds.height() <= m_box.height() ? fits : tooLarge) = middle;
+        (doesFit() ? fits : tooLarge) = middle;
     }
     layOut(fits);
-    if (m_bounds.height() > m_box.height())
+    if (!doesFit())
         truncate();
 }
 
@@ -97,7 +98,8 @@ void TextBlock::layOut(double fit)
         covered |= QRectF(line.naturalTextRect().left(), y, line.naturalTextWidth(),
                           line.ascent() + line.descent());
         y += line.height() + spacing;
-        if (covered.height() * unit > m_box.height())
+        if (covered.height() * unit > m_box.height()
+            || m_layout->lineCount() > m_limits.lineMaximum)
             break; // it does not fit, whatever follows
     }
     m_layout->endLayout();
@@ -105,11 +107,16 @@ void TextBlock::layOut(double fit)
                       covered.width() * unit, covered.height() * unit);
 }
 
+bool TextBlock::doesFit() const
+{
+    return m_bounds.height() <= m_box.height() && m_layout->lineCount() <= m_limits.lineMaximum;
+}
+
 void TextBlock::truncate()
 {
     const double unit = m_text.fontSize * m_fit / layoutPixelSize;
     int fitting = 0;
-    while (fitting < m_layout->lineCount()
+    while (fitting < std::min(m_layout->lineCount(), m_limits.lineMaximum)
            && m_layout->lineAt(fitting).rect().bottom() * unit <= m_box.height())
         ++fitting;
     const QTextLine last = m_layout->lineAt(std::max(0, fitting - 1));

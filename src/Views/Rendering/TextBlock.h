@@ -10,28 +10,36 @@
 #include <QSizeF>
 #include <QStringList>
 
+#include <limits>
 #include <memory>
 
 class QTextLayout;
 
 namespace quenara {
 
+/// How far a text may be shrunk to fit, and in how many lines it may be set.
+struct TextLimits
+{
+    double smallestFit = 0.45;
+    int lineMaximum = std::numeric_limits<int>::max();
+};
+
 /// A text laid out in a box. Everything is in canvas units and independent of any device, so that
 /// a slide breaks its lines alike at every size it is drawn at.
 class TextBlock
 {
 public:
-    /// The smallest factor that a text is shrunk by to fit; below it, it is truncated.
-    static constexpr double smallestFit = 0.45;
+    /// The smallest factor that a slide's text is shrunk by to fit.
+    static constexpr double smallestFit = TextLimits().smallestFit;
 
     /// Wraps \a text at words, then inside a word that alone is too long, and shrinks it as far as
-    /// it must to fit into \a box.
-    TextBlock(const TextElementProperties &text, const QSizeF &box);
+    /// it must to fit into \a box and the \a limits; what still does not fit is truncated.
+    TextBlock(const TextElementProperties &text, const QSizeF &box, const TextLimits &limits = {});
     ~TextBlock();
     TextBlock(const TextBlock &) = delete;
     TextBlock &operator=(const TextBlock &) = delete;
 
-    /// The factor the font is shrunk by: smallestFit to 1.
+    /// The factor the font is shrunk by: the limits' smallestFit to 1.
     double fit() const { return m_fit; }
 
     QStringList lines() const;
@@ -56,12 +64,14 @@ private:
     };
 
     void layOut(double fit);
+    bool doesFit() const;
     void truncate();
     void traceGlyphs();
     void drawOutlines(QPainter &painter) const;
 
     const TextElementProperties &m_text;
     QSizeF m_box;
+    TextLimits m_limits;
     QString m_string;
     std::unique_ptr<QTextLayout> m_layout;
     double m_fit = 1;
