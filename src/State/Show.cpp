@@ -75,6 +75,13 @@ const Slide &slideAt(const ZelvoProject &project, const SlidePosition &position)
     return project.serviceItems.at(position.item).slides.at(position.slide);
 }
 
+std::optional<SlidePosition> positionAfter(const ZelvoProject &project,
+                                           const std::optional<QString> &slideID)
+{
+    const auto position = positionOf(project, slideID);
+    return positionAt(project, position ? position->absolute + 1 : 0);
+}
+
 std::optional<QString> firstSlideID(const ZelvoProject &project)
 {
     const auto first = positionAt(project, 0);

@@ -37,6 +37,11 @@ qsizetype slideCount(const ZelvoProject &project);
 
 const Slide &slideAt(const ZelvoProject &project, const SlidePosition &position);
 
+/// The slide after the one with this id: nothing after the last, the first one for an absent or
+/// unknown id.
+std::optional<SlidePosition> positionAfter(const ZelvoProject &project,
+                                           const std::optional<QString> &slideID);
+
 std::optional<QString> firstSlideID(const ZelvoProject &project);
 
 } // namespace quenara

@@ -37,8 +37,7 @@ std::optional<SlideElement> WorkspaceStore::selectedElement() const
 
 std::optional<Slide> WorkspaceStore::nextSlide() const
 {
-    const auto live = positionOf(m_state.project, m_state.liveSlideID);
-    const auto next = positionAt(m_state.project, live ? live->absolute + 1 : 0);
+    const auto next = positionAfter(m_state.project, m_state.liveSlideID);
     return next ? std::optional(slideAt(m_state.project, *next)) : std::nullopt;
 }
 
