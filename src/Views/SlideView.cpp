@@ -1,11 +1,20 @@
 #include "SlideView.h"
 
+#include "RoundedShapes.h"
 #include "SlideRendererView.h"
 #include "ZelvoTheme.h"
 
 #include <QPainter>
+#include <QPainterPath>
+#include <QStyle>
 
 namespace quenara {
+
+namespace {
+
+constexpr double lineWidth = 1;
+
+} // namespace
 
 SlideView::SlideView(PictureCache &pictures, QWidget *parent)
     : QWidget(parent), m_pictures(pictures)
@@ -19,16 +28,47 @@ void SlideView::setSlide(const std::optional<Slide> &slide)
     update();
 }
 
-void SlideView::paintEvent(QPaintEvent * /*event*/)
+void SlideView::setAlignment(Qt::Alignment alignment)
 {
-    QPainter painter(this);
-    SlideRendererView{.slide = m_slide, .pictures = &m_pictures}.paint(painter, rect());
+    m_alignment = alignment;
+    update();
+}
+
+void SlideView::setCornerRadius(double radius)
+{
+    m_cornerRadius = radius;
+    update();
+}
+
+QRect SlideView::pictureRect() const
+{
     const CanvasSize canvas = m_slide ? m_slide->design.canvasSize : CanvasSize();
     if (!(canvas.width > 0) || !(canvas.height > 0))
+        return {};
+    const QSize fitted =
+        SlideRendererView::fittedRect(size(), canvas.width / canvas.height).size().toSize();
+    return QStyle::alignedRect(Qt::LeftToRight, m_alignment, fitted, rect());
+}
+
+void SlideView::paintEvent(QPaintEvent * /*event*/)
+{
+    const QRectF picture = pictureRect();
+    if (picture.isEmpty())
         return;
-    painter.setPen(ZelvoTheme::current(colorSchemeOf(palette())).border);
-    painter.drawRect(SlideRendererView::fittedRect(size(), canvas.width / canvas.height)
-                         .adjusted(0.5, 0.5, -0.5, -0.5));
+    const auto edge = [&](double inset) {
+        return continuousRoundedRect(picture.adjusted(inset, inset, -inset, -inset),
+                                     m_cornerRadius - inset);
+    };
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.save();
+    // Along the middle of the line, so that nothing of the picture shows beyond it.
+    painter.setClipPath(edge(lineWidth / 2));
+    SlideRendererView{.slide = m_slide, .pictures = &m_pictures}.paint(painter, picture);
+    painter.restore();
+    QPainterPath outline = edge(0);
+    outline.addPath(edge(lineWidth));
+    painter.fillPath(outline, ZelvoTheme::current(colorSchemeOf(palette())).border);
 }
 
 } // namespace quenara

@@ -10,9 +10,10 @@ namespace {
 
 QRectF visibleDeviceRect(const QPainter &painter)
 {
-    const QPaintDevice *device = painter.device();
-    const double ratio = device->devicePixelRatio();
-    const QRectF whole(0, 0, device->width() * ratio, device->height() * ratio);
+    // A widget lies somewhere on the device that it is painted to.
+    const QTransform toDevice = painter.worldTransform().inverted() * painter.deviceTransform();
+    const QRectF whole =
+        toDevice.mapRect(QRectF(0, 0, painter.device()->width(), painter.device()->height()));
     if (!painter.hasClipping())
         return whole;
     return whole.intersected(painter.deviceTransform().mapRect(painter.clipBoundingRect()));
