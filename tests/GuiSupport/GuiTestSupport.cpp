@@ -53,6 +53,20 @@ int largestDifference(const QImage &a, const QImage &b)
     return largest;
 }
 
+QRect inkOf(const QImage &image)
+{
+    constexpr int faint = 40;
+    QRect ink;
+    for (int y = 0; y < image.height(); ++y) {
+        const auto *line = reinterpret_cast<const QRgb *>(image.constScanLine(y));
+        for (int x = 0; x < image.width(); ++x) {
+            if (qGray(line[x]) > faint)
+                ink |= QRect(x, y, 1, 1);
+        }
+    }
+    return ink;
+}
+
 SlideDesign designOver(const SlideBackground &background)
 {
     SlideDesign design;

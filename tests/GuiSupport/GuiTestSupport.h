@@ -29,6 +29,9 @@ inline constexpr QRgb magenta = 0xffff00ff;
 /// The largest difference of any channel of any pixel; 255 for pictures of different sizes.
 int largestDifference(const QImage &a, const QImage &b);
 
+/// The smallest rectangle around everything that is not black. 32 bits a pixel.
+QRect inkOf(const QImage &image);
+
 /// A design without elements over \a background.
 SlideDesign designOver(const SlideBackground &background);
 Slide slideWith(const SlideDesign &design);

@@ -27,18 +27,4 @@ QImage textPicture(const TextElementProperties &text, const CanvasFrame &frame)
     return rendered({.slide = textSlide(text, frame)}, canvas);
 }
 
-QRect inkOf(const QImage &image)
-{
-    constexpr int faint = 40;
-    QRect ink;
-    for (int y = 0; y < image.height(); ++y) {
-        const auto *line = reinterpret_cast<const QRgb *>(image.constScanLine(y));
-        for (int x = 0; x < image.width(); ++x) {
-            if (qGray(line[x]) > faint)
-                ink |= QRect(x, y, 1, 1);
-        }
-    }
-    return ink;
-}
-
 } // namespace quenara::test

@@ -16,7 +16,4 @@ Slide textSlide(const TextElementProperties &text, const CanvasFrame &frame);
 /// What that shows on the canvas.
 QImage textPicture(const TextElementProperties &text, const CanvasFrame &frame);
 
-/// The smallest rectangle around everything that is not black.
-QRect inkOf(const QImage &image);
-
 } // namespace quenara::test

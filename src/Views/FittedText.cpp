@@ -1,0 +1,43 @@
+#include "FittedText.h"
+
+#include "SlideFonts.h"
+
+#include <QPainter>
+
+namespace quenara {
+
+FittedText::FittedText(const Setting &setting, QWidget *parent) : QLabel(parent), m_setting(setting)
+{
+    setTextFormat(Qt::PlainText);
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+}
+
+TextBlock &FittedText::block()
+{
+    const QSize room = size() - QSize(0, headroom);
+    if (m_block && m_properties.text == text() && m_room == room)
+        return *m_block;
+    m_room = room;
+    m_properties = {.text = text(),
+                    .fontFamily = systemFontFamily(),
+                    .fontSize = m_setting.size,
+                    .weight = m_setting.weight,
+                    .textColor = {},
+                    .alignment = text().isRightToLeft() ? TextAlignmentValue::right
+                                                        : TextAlignmentValue::left,
+                    .shadow = {},
+                    .outline = {},
+                    .backgroundFill = {}};
+    return m_block.emplace(m_properties, m_room, m_setting.limits);
+}
+
+void FittedText::paintEvent(QPaintEvent * /*event*/)
+{
+    TextBlock &text = block();
+    QPainter painter(this);
+    painter.setPen(palette().color(foregroundRole()));
+    painter.translate(0, headroom - text.bounds().top());
+    text.draw(painter);
+}
+
+} // namespace quenara
