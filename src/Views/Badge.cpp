@@ -5,21 +5,21 @@
 
 #include <QFontMetricsF>
 
+#include <cmath>
+
 namespace quenara {
 
 namespace {
 
 constexpr double cornerRadius = 5;
-constexpr double horizontalPadding = 8;
-constexpr double verticalPadding = 5;
 
 } // namespace
 
 QSizeF Badge::size() const
 {
     const QFontMetricsF metrics(systemFont(pixelSize, QFont::ExtraBold));
-    return {metrics.horizontalAdvance(text) + 2 * horizontalPadding,
-            metrics.capHeight() + 2 * verticalPadding};
+    return {std::ceil(metrics.horizontalAdvance(text) + 2 * horizontalPadding),
+            std::ceil(metrics.height() + 2 * verticalPadding)};
 }
 
 void Badge::paint(QPainter &painter, const QPointF &topLeft) const
@@ -34,8 +34,9 @@ void Badge::paint(QPainter &painter, const QPointF &topLeft) const
                            QPen(color, 1));
     }
     painter.setPen(isFilled ? QColor(Qt::white) : color);
-    painter.setFont(systemFont(pixelSize, QFont::ExtraBold));
-    const double baseline = box.bottom() - verticalPadding;
+    const QFont font = systemFont(pixelSize, QFont::ExtraBold);
+    painter.setFont(font);
+    const double baseline = box.top() + verticalPadding + QFontMetricsF(font).ascent();
     painter.drawText(QPointF(box.left() + horizontalPadding, baseline), text);
     painter.restore();
 }

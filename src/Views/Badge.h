@@ -14,7 +14,10 @@ struct Badge
     QColor color;
     double pixelSize = 10;
     bool isFilled = true;
+    double horizontalPadding = 8;
+    double verticalPadding = 2.5; ///< above and below the line
 
+    /// Whole points.
     QSizeF size() const;
     void paint(QPainter &painter, const QPointF &topLeft) const;
 };

@@ -1,43 +1,175 @@
 #include "StageOutputView.h"
 
+#include "ElidedLabel.h"
+#include "FittedText.h"
+#include "OutputModeBadge.h"
 #include "RoleLabel.h"
 #include "SlideView.h"
+#include "StageTexts.h"
 #include "WorkspaceStore.h"
 
+#include <QHBoxLayout>
 #include <QVBoxLayout>
+
+#include <utility>
 
 namespace quenara {
 
 namespace {
 
-constexpr int margin = 18;
-constexpr int spacing = 14;
+constexpr int padding = 18;
+constexpr int headerSpacing = 12;
+constexpr int sectionSpacing = 4;
+constexpr int panelSpacing = 14;
+constexpr int captionSpacing = 10;
+constexpr int separatorWidth = 1; // as in the style sheet
+constexpr int nextPanelWidth = 390;
+constexpr int currentSlideHeight = 230;
+constexpr int nextSlideHeight = 185;
+constexpr double slideCornerRadius = 8;
+constexpr FittedText::Setting currentSetting{
+    .size = 44, .weight = TextFontWeight::bold, .limits = {.smallestFit = 0.52, .lineMaximum = 7}};
+constexpr FittedText::Setting nextSetting{.size = 31,
+                                          .weight = TextFontWeight::semibold,
+                                          .limits = {.smallestFit = 0.55, .lineMaximum = 5}};
+
+/// An area of the window that the style sheet knows by its \a name.
+QWidget *makeArea(const QString &name)
+{
+    auto *area = new QWidget;
+    area->setObjectName(name);
+    area->setAttribute(Qt::WA_StyledBackground);
+    return area;
+}
+
+/// Says what a widget is; what it shows is its name to a screen reader.
+template<class Widget>
+Widget *described(Widget *widget, const QString &name, const QString &description)
+{
+    widget->setObjectName(name);
+    widget->setAccessibleDescription(description);
+    return widget;
+}
+
+/// Caption, picture and words below one another.
+void fillPanel(QVBoxLayout &panel, QLayout *caption, SlideView *slide, FittedText *words)
+{
+    panel.setSpacing(0);
+    panel.addLayout(caption);
+    panel.addSpacing(panelSpacing);
+    panel.addWidget(slide);
+    panel.addSpacing(panelSpacing - FittedText::headroom);
+    panel.addWidget(words, 1);
+}
+
+SlideView *makeSlideView(PictureCache &pictures, int height, const QString &name)
+{
+    auto *view = new SlideView(pictures);
+    view->setAccessibleName(name);
+    view->setFixedHeight(height);
+    view->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    view->setCornerRadius(slideCornerRadius);
+    return view;
+}
 
 } // namespace
 
 StageOutputView::StageOutputView(const WorkspaceStore &store, PictureCache &pictures,
-                                 QWidget *parent)
-    : QWidget(parent), m_store(store), m_currentTitle(makeRoleLabel(QStringLiteral("heading"))),
-      m_currentSlide(new SlideView(pictures)), m_nextTitle(makeRoleLabel(QStringLiteral("heading")))
+                                 ClockView::Now now, QWidget *parent)
+    : QWidget(parent), m_store(store), m_pictures(pictures)
 {
+    setObjectName(QStringLiteral("stageMonitor"));
+    setAttribute(Qt::WA_StyledBackground);
+    // The system's locale, not its language: the clock is written as the user has times written.
+    setLocale(QLocale::system());
+    auto *panels = new QHBoxLayout;
+    panels->setSpacing(0);
+    panels->addWidget(makeCurrentPanel(), 1);
+    panels->addWidget(makeNextPanel());
     auto *layout = new QVBoxLayout(this);
-    layout->setContentsMargins(margin, margin, margin, margin);
-    layout->setSpacing(spacing);
-    layout->addWidget(m_currentTitle);
-    layout->addWidget(m_currentSlide, 1);
-    layout->addWidget(m_nextTitle);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(makeHeader(std::move(now)));
+    layout->addLayout(panels, 1);
+
+    // After the signals of the fields, by which the audience's window has been told to redraw.
     connect(&store, &WorkspaceStore::changed, this, &StageOutputView::showStore);
     showStore();
 }
 
+QWidget *StageOutputView::makeHeader(ClockView::Now now)
+{
+    m_section = described(new ElidedLabel(QStringLiteral("stageSection")),
+                          QStringLiteral("currentSection"), QStringLiteral("Current section"));
+    m_slideCount = described(makeRoleLabel(QStringLiteral("stageCount")),
+                             QStringLiteral("slideCount"), QStringLiteral("Place in the show"));
+    m_outputMode =
+        described(new OutputModeBadge, QStringLiteral("outputMode"), QStringLiteral("Output mode"));
+    auto *clock = described(new ClockView(std::move(now)), QStringLiteral("stageClock"),
+                            QStringLiteral("Time"));
+    auto *place = new QVBoxLayout;
+    place->setSpacing(sectionSpacing);
+    place->addWidget(m_section);
+    place->addWidget(m_slideCount);
+
+    QWidget *header = makeArea(QStringLiteral("stageHeader"));
+    auto *layout = new QHBoxLayout(header);
+    layout->setContentsMargins(padding, padding, padding, padding + separatorWidth);
+    layout->setSpacing(headerSpacing);
+    layout->addLayout(place, 1);
+    layout->addWidget(clock);
+    layout->addWidget(m_outputMode);
+    return header;
+}
+
+QWidget *StageOutputView::makeCurrentPanel()
+{
+    m_currentSlide = makeSlideView(m_pictures, currentSlideHeight, QStringLiteral("Current slide"));
+    m_currentText = described(new FittedText(currentSetting), QStringLiteral("currentText"),
+                              QStringLiteral("Current words"));
+
+    auto *caption = new QHBoxLayout;
+    caption->addWidget(makeRoleLabel(QStringLiteral("currentCaption"), QStringLiteral("CURRENT")));
+
+    auto *panel = new QWidget;
+    auto *layout = new QVBoxLayout(panel);
+    layout->setContentsMargins(padding, padding, padding, padding);
+    fillPanel(*layout, caption, m_currentSlide, m_currentText);
+    return panel;
+}
+
+QWidget *StageOutputView::makeNextPanel()
+{
+    m_queuedTitle = described(new ElidedLabel(QStringLiteral("queuedTitle")),
+                              QStringLiteral("queuedTitle"), QStringLiteral("Queued slide"));
+    m_nextSlide = makeSlideView(m_pictures, nextSlideHeight, QStringLiteral("Next slide"));
+    m_nextText = described(new FittedText(nextSetting), QStringLiteral("nextText"),
+                           QStringLiteral("Next words"));
+    auto *caption = new QHBoxLayout;
+    caption->setSpacing(captionSpacing);
+    caption->addWidget(makeRoleLabel(QStringLiteral("nextCaption"), QStringLiteral("NEXT")));
+    caption->addWidget(m_queuedTitle, 1);
+
+    QWidget *panel = makeArea(QStringLiteral("nextPanel"));
+    panel->setFixedWidth(nextPanelWidth);
+    auto *layout = new QVBoxLayout(panel);
+    layout->setContentsMargins(padding + separatorWidth, padding, padding, padding);
+    fillPanel(*layout, caption, m_nextSlide, m_nextText);
+    return panel;
+}
+
 void StageOutputView::showStore()
 {
-    const std::optional<Slide> live = m_store.slideWithID(m_store.liveSlideID());
-    const std::optional<Slide> next = m_store.nextSlide();
-    m_currentTitle->setText(live ? live->title : QStringLiteral("No live slide"));
-    m_currentSlide->setSlide(live);
-    m_nextTitle->setText(next ? QStringLiteral("Next: %1").arg(next->title)
-                              : QStringLiteral("No next slide"));
+    const StageTexts texts = stageTexts(m_store.state());
+    const std::optional<Slide> queued = m_store.slideWithID(m_store.queuedSlideID());
+    m_section->setText(texts.currentSectionTitle);
+    m_slideCount->setText(texts.slideCountText);
+    m_outputMode->setMode(m_store.outputMode());
+    m_currentSlide->setSlide(m_store.slideWithID(m_store.liveSlideID()));
+    m_currentText->setText(texts.currentStageText);
+    m_queuedTitle->setText(queued ? queued->title : QString());
+    m_nextSlide->setSlide(m_store.nextSlide());
+    m_nextText->setText(texts.nextStageText);
 }
 
 } // namespace quenara

@@ -1,30 +1,48 @@
 #pragma once
 
+#include "ClockView.h"
+
 #include <QWidget>
 
 class QLabel;
 
 namespace quenara {
 
+class ElidedLabel;
+class FittedText;
+class OutputModeBadge;
 class PictureCache;
 class SlideView;
 class WorkspaceStore;
 
-/// What the people on stage see: the live slide and the name of the one after it.
+/// What the people on stage see: where in the show they are, the time, what the audience is shown,
+/// and the words of the live slide and of the one after it. Without controls.
 class StageOutputView : public QWidget
 {
     Q_OBJECT
 
 public:
-    StageOutputView(const WorkspaceStore &store, PictureCache &pictures, QWidget *parent = nullptr);
+    StageOutputView(
+        const WorkspaceStore &store, PictureCache &pictures,
+        ClockView::Now now = [] { return QDateTime::currentDateTime(); },
+        QWidget *parent = nullptr);
 
 private:
+    QWidget *makeHeader(ClockView::Now now);
+    QWidget *makeCurrentPanel();
+    QWidget *makeNextPanel();
     void showStore();
 
     const WorkspaceStore &m_store;
-    QLabel *m_currentTitle;
-    SlideView *m_currentSlide;
-    QLabel *m_nextTitle;
+    PictureCache &m_pictures;
+    ElidedLabel *m_section = nullptr;
+    QLabel *m_slideCount = nullptr;
+    OutputModeBadge *m_outputMode = nullptr;
+    SlideView *m_currentSlide = nullptr;
+    FittedText *m_currentText = nullptr;
+    ElidedLabel *m_queuedTitle = nullptr;
+    SlideView *m_nextSlide = nullptr;
+    FittedText *m_nextText = nullptr;
 };
 
 } // namespace quenara

@@ -9,6 +9,25 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace {
+
+/// The windows that are painted, in the order of their first paintings.
+class PaintOrder : public QObject
+{
+public:
+    QList<QWidget *> windows;
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        QWidget *window = qobject_cast<QWidget *>(watched)->window();
+        if (event->type() == QEvent::Paint && !windows.contains(window))
+            windows.append(window);
+        return false;
+    }
+};
+
+} // namespace
+
 class TestWindowCoordinator : public GuiTest
 {
     Q_OBJECT
@@ -128,6 +147,43 @@ private slots:
             QCOMPARE(QApplication::palette().color(QPalette::Window), theme.appBackground);
             QCOMPARE(qApp->styleSheet(), interfaceStyleSheet(theme));
         }
+    }
+
+    void theStageMonitorIsPaintedInTheAppearanceOfItsWindow()
+    {
+        WindowingWorld world;
+        world.openStage();
+        OutputWindow &stage = *world.windows.stageWindow();
+        const auto *badge = stage.findChild<QWidget *>(QStringLiteral("outputMode"));
+        QVERIFY(badge);
+        for (const AppAppearance appearance :
+             {AppAppearance::dark, AppAppearance::light, AppAppearance::dark}) {
+            world.windows.updateAppearance(appearance);
+            const ZelvoTheme &theme = ZelvoTheme::current(*colorScheme(appearance));
+            const QImage image = stage.grab().toImage();
+            QCOMPARE(image.pixelColor(600, 3), theme.panelHeaderBackground);
+            QCOMPARE(image.pixelColor(3, 700), theme.appBackground);
+            QCOMPARE(image.pixelColor(badge->mapTo(&stage, QPoint(badge->width() / 2, 2))),
+                     theme.live);
+        }
+    }
+
+    void theAudiencesWindowIsRepaintedBeforeTheStageMonitor()
+    {
+        WindowingWorld world;
+        world.openStage();
+        world.openDisplay();
+        QVERIFY(QTest::qWaitForWindowExposed(world.windows.displayWindow()));
+        QVERIFY(QTest::qWaitForWindowExposed(world.windows.stageWindow()));
+        QCoreApplication::processEvents();
+        PaintOrder order;
+        for (const OutputWindow *window :
+             {world.windows.stageWindow(), world.windows.displayWindow()})
+            for (QWidget *widget : window->findChildren<QWidget *>())
+                widget->installEventFilter(&order);
+        world.store.nextLive();
+        QTRY_COMPARE(order.windows.size(), 2);
+        QCOMPARE(order.windows.constFirst(), world.windows.displayWindow());
     }
 
     void theWindowsGoWithTheCoordinator()

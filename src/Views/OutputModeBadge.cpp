@@ -1,0 +1,67 @@
+#include "OutputModeBadge.h"
+
+#include "Badge.h"
+#include "ZelvoTheme.h"
+
+#include <QPainter>
+
+namespace quenara {
+
+namespace {
+
+constexpr double textSize = 13;
+constexpr double horizontalPadding = 10;
+constexpr double verticalPadding = 6;
+
+QColor colorOf(OutputMode mode, const ZelvoTheme &theme)
+{
+    switch (mode) {
+    case OutputMode::live:
+        return theme.live;
+    case OutputMode::blackout:
+        return theme.blackout;
+    case OutputMode::logo:
+        break;
+    }
+    return theme.accent;
+}
+
+} // namespace
+
+OutputModeBadge::OutputModeBadge(QWidget *parent) : QWidget(parent)
+{
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setAccessibleName(badge().text);
+}
+
+void OutputModeBadge::setMode(OutputMode mode)
+{
+    if (mode == m_mode)
+        return;
+    m_mode = mode;
+    setAccessibleName(badge().text);
+    updateGeometry();
+    update();
+}
+
+Badge OutputModeBadge::badge() const
+{
+    return {.text = title(m_mode).toUpper(),
+            .color = colorOf(m_mode, ZelvoTheme::current(colorSchemeOf(palette()))),
+            .pixelSize = textSize,
+            .horizontalPadding = horizontalPadding,
+            .verticalPadding = verticalPadding};
+}
+
+QSize OutputModeBadge::sizeHint() const
+{
+    return badge().size().toSize();
+}
+
+void OutputModeBadge::paintEvent(QPaintEvent * /*event*/)
+{
+    QPainter painter(this);
+    badge().paint(painter, {0, 0});
+}
+
+} // namespace quenara
