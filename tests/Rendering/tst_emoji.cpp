@@ -67,6 +67,10 @@ private slots:
         QTest::newRow("praying hands of a skin tone")
             << QStringLiteral("\U0001F64F\U0001F3FE") << true;
         QTest::newRow("a heart told to be an emoji") << QStringLiteral("\u2764\ufe0f") << true;
+        QTest::newRow("an umbrella") << QStringLiteral("\u2614") << true;
+        QTest::newRow("an umbrella told to be a letter") << QStringLiteral("\u2614\ufe0e") << false;
+        QTest::newRow("a letter before a selector that is not for it")
+            << QStringLiteral("A\ufe0f") << false;
         QTest::newRow("a heart") << QStringLiteral("\u2665") << false;
         QTest::newRow("a cross") << QStringLiteral("\u271d") << false;
         QTest::newRow("digits and signs") << QStringLiteral("1 # * \u00a9 \u2192") << false;
@@ -89,6 +93,32 @@ private slots:
         const double one = width(QStringLiteral("\U0001F468"));
         QCOMPARE(width(QStringLiteral("\U0001F468\u200d\U0001F469\u200d\U0001F467")), one);
         QCOMPARE(width(QStringLiteral("\U0001F1FA\U0001F1E6")), one);
+        const QString couple = QStringLiteral("\U0001F469\u200d\u2764%1\u200d\U0001F468");
+        const QString rainbow = QStringLiteral("\U0001F3F3%1\u200d\U0001F308");
+        const QString doctor = QStringLiteral("\U0001F9D1\u200d\u2695%1");
+        const QString keycap = QStringLiteral("1%1\u20e3");
+        for (const QString &joined : {couple, rainbow, doctor, keycap}) {
+            QCOMPARE(width(joined.arg(QChar(0xfe0f))), one);
+            QCOMPARE(width(joined.arg(QString())), one);
+        }
+    }
+
+    void emojiInALowerThirdAreColouredToo()
+    {
+        SlideElement element;
+        element.id = QStringLiteral("caption");
+        element.kind = SlideElementKind::lowerThird;
+        element.frame = {100, 700, 1200, 200};
+        element.lowerThird = LowerThirdProperties{QStringLiteral("Ana \U0001F600"),
+                                                  QStringLiteral("Guest \u2764\ufe0f"),
+                                                  {0, 0, 0, 1},
+                                                  {0, 0, 0, 1}};
+        SlideDesign design = designOver(solidBackground({0, 0, 0, 1}));
+        design.elements = {element};
+        const QImage picture = rendered({.slide = slideWith(design)}, canvas);
+        const int middle = 800;
+        QVERIFY(colouredPixels(picture.copy(0, 0, canvas.width(), middle)) > 500);
+        QVERIFY(colouredPixels(picture.copy(0, middle, canvas.width(), 280)) > 150);
     }
 
     void emojiStandOnTheLineOfTheLettersBesideThem()

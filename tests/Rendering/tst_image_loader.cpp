@@ -178,6 +178,16 @@ private slots:
         QVERIFY(decoded.image.height() >= std::min(needed.height(), size.height()));
     }
 
+    void aPhotographLargerThanMemoryAllowsIsSofterRatherThanMissing()
+    {
+        const QSize huge(9000, 8000);
+        QImage photograph(huge, QImage::Format_Grayscale8);
+        photograph.fill(200);
+        const auto decoded = ZelvoImageLoader::image(mediaOf(encoded(photograph, "JPG")), huge);
+        QCOMPARE(decoded.reduction, 2);
+        QCOMPARE(decoded.image.size(), huge / 2);
+    }
+
     void onlyStrictBase64AfterTheFirstCommaIsDecoded_data()
     {
         QTest::addColumn<QByteArray>("dataUrl");

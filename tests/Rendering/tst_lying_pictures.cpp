@@ -1,6 +1,5 @@
 #include "GuiTestSupport.h"
 
-#include <QBuffer>
 #include <QtEndian>
 
 #include <array>

@@ -164,6 +164,40 @@ private slots:
         }
     }
 
+    void whateverIsCutStaysInItsBoxAndEndsWithAnEllipsis_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<double>("characterSpacing");
+        for (const double spacing : {0.0, 3.0, -2.0}) {
+            QTest::addRow("words, spaced by %g", spacing) << longText() << spacing;
+            QTest::addRow("one word, spaced by %g", spacing)
+                << QStringLiteral("Hallelujah").repeated(40) << spacing;
+            QTest::addRow("emoji, spaced by %g", spacing)
+                << QStringLiteral("\U0001F600").repeated(200) << spacing;
+            QTest::addRow("joined emoji among words, spaced by %g", spacing)
+                << QStringLiteral("joy \U0001F468\u200d\U0001F469\u200d\U0001F467 \u2764\ufe0f ")
+                       .repeated(40)
+                << spacing;
+        }
+    }
+
+    void whateverIsCutStaysInItsBoxAndEndsWithAnEllipsis()
+    {
+        QFETCH(QString, text);
+        QFETCH(double, characterSpacing);
+        TextElementProperties properties = sized(text, 78);
+        properties.characterSpacing = characterSpacing;
+        for (double width = 200; width <= 1000; width += 13) {
+            const TextBlock block(properties, {width, 200});
+            if (block.fit() > TextBlock::smallestFit)
+                continue; // it fits
+            QVERIFY2(block.bounds().height() <= 200, QByteArray::number(width).constData());
+            QVERIFY2(block.lines().constLast().endsWith(ellipsis),
+                     QByteArray::number(width).constData());
+            QVERIFY(block.lines().constLast().size() > 1);
+        }
+    }
+
     void theEllipsisIsPaintedAtTheEndOfTheLastLine()
     {
         TextElementProperties text = sized(QStringLiteral("xxxx\n").repeated(30), 78);

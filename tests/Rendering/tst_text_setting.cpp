@@ -89,6 +89,15 @@ private slots:
         QVERIFY(brightest >= 126 && brightest <= 129);
     }
 
+    void aTranslucentTextIsAsWholeAsAnOpaqueOne()
+    {
+        TextElementProperties text = plainText(QStringLiteral("HHHH"));
+        text.characterSpacing = -40;
+        const QRect opaque = inkOf(textPicture(text, frame));
+        text.textColor.alpha = 0.9;
+        QCOMPARE(inkOf(textPicture(text, frame)), opaque);
+    }
+
     void linesArePaintedAsFarApartAsTheirSpacingSays()
     {
         const auto pitch = [](double lineHeight) {

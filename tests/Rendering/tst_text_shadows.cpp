@@ -54,6 +54,26 @@ private slots:
         QCOMPARE(picture(text, frame, opacity), hard);
     }
 
+    void whatIsBlurredFromLettersIsAsTranslucentAsThey()
+    {
+        const auto redness = [](double alpha) {
+            TextElementProperties text = plainText(QStringLiteral("HHH"));
+            text.textColor.alpha = alpha;
+            text.shadow = TextShadow{red, 8, 0, 200};
+            const QImage image = picture(text, {300, 200, 1200, 120}, 1).copy(300, 400, 1200, 120);
+            int most = 0;
+            for (int y = 0; y < image.height(); ++y) {
+                for (int x = 0; x < image.width(); ++x)
+                    most = std::max(most, qRed(image.pixel(x, y)));
+            }
+            return most;
+        };
+        const int opaque = redness(1);
+        QVERIFY(opaque > 150);
+        QVERIFY(std::abs(redness(0.5) - opaque / 2) <= 2);
+        QCOMPARE(redness(0), 0);
+    }
+
     void aTextThatLeavesItsBoxFadesWhole()
     {
         TextElementProperties text = plainText(QStringLiteral("one\ntwo\nthree"));

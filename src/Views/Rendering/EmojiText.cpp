@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <array>
 #include <span>
+#include <string>
+#include <string_view>
 
 namespace quenara {
 
@@ -42,44 +44,70 @@ constexpr std::array emoji = {
     Range{0x1fa70, 0x1faff},
 };
 
+constexpr char32_t textSelector = 0xfe0e;
 constexpr char32_t colourSelector = 0xfe0f;
+constexpr char32_t joiner = 0x200d;
+constexpr char32_t keycap = 0x20e3;
 
 /// What belongs to the emoji before it: joiner, selector, keycap, tags.
 constexpr std::array continuation = {
-    Range{0x200d, 0x200d},
+    Range{joiner, joiner},
     Range{colourSelector, colourSelector},
-    Range{0x20e3, 0x20e3},
+    Range{keycap, keycap},
     Range{0xe0020, 0xe007f},
 };
 
+/// What a colour selector can make an emoji of: signs, arrows and symbols, and the characters of
+/// keycaps.
+constexpr std::array changeable = {
+    Range{U'#', U'#'},     Range{U'*', U'*'},     Range{U'0', U'9'},       Range{0xa9, 0xae},
+    Range{0x203c, 0x2199}, Range{0x21a9, 0x3299}, Range{0x1f000, 0x1ffff},
+};
+
+/// Whether the character at \a index is part of an emoji, \a isInside telling it of the one before.
+bool isPartOfEmoji(std::u32string_view text, std::size_t index, bool isInside)
+{
+    const char32_t character = text[index];
+    const char32_t before = index > 0 ? text[index - 1] : U'\0';
+    const char32_t after = index + 1 < text.size() ? text[index + 1] : U'\0';
+    if (isInside && (before == joiner || isIn(continuation, character)))
+        return true;
+    if (after == textSelector)
+        return false;
+    return isIn(emoji, character)
+        || (isIn(changeable, character) && (after == colourSelector || after == keycap));
+}
+
+QTextCharFormat colourFormat()
+{
+    QTextCharFormat format;
+    format.setFontFamilies({emojiFontFamily()});
+    format.setFontWeight(QFont::Normal);
+    return format;
+}
+
 } // namespace
 
-QList<QTextLayout::FormatRange> emojiFormats(const QString &text)
+EmojiText::EmojiText(const QString &original)
 {
-    QList<QTextLayout::FormatRange> formats;
-    const QList<uint> characters = text.toUcs4();
-    int position = 0;
+    if (emojiFontFamily().isEmpty()) {
+        text = original;
+        return;
+    }
+    const std::u32string characters = original.toStdU32String();
     bool isInside = false;
-    for (qsizetype i = 0; i < characters.size(); ++i) {
-        const char32_t character{characters.at(i)};
-        const int length = QChar::requiresSurrogates(character) ? 2 : 1;
-        const bool isTold = i + 1 < characters.size() && characters.at(i + 1) == colourSelector;
-        isInside = isTold || isIn(emoji, character) || (isInside && isIn(continuation, character));
-        if (isInside) {
-            if (formats.isEmpty()
-                || formats.constLast().start + formats.constLast().length != position)
-                formats.append({position, 0, {}});
-            formats.last().length += length;
-        }
-        position += length;
+    for (std::size_t i = 0; i < characters.size(); ++i) {
+        isInside = isPartOfEmoji(characters, i, isInside);
+        if (isInside && characters[i] == colourSelector)
+            continue;
+        const int start = int(text.size());
+        text += QStringView(QChar::fromUcs4(characters[i]));
+        if (!isInside)
+            continue;
+        if (formats.isEmpty() || formats.constLast().start + formats.constLast().length != start)
+            formats.append({start, 0, colourFormat()});
+        formats.last().length = int(text.size()) - formats.constLast().start;
     }
-    if (formats.isEmpty() || emojiFontFamily().isEmpty())
-        return {};
-    for (QTextLayout::FormatRange &range : formats) {
-        range.format.setFontFamilies({emojiFontFamily()});
-        range.format.setFontWeight(QFont::Normal);
-    }
-    return formats;
 }
 
 } // namespace quenara

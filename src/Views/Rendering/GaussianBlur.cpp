@@ -10,6 +10,7 @@ namespace quenara {
 namespace {
 
 constexpr int passes = 3;
+constexpr double largestSigma = 1e7;
 constexpr double smallestSigma = 1.0 / 3;
 constexpr double sigmaAtReducedSize = 4;
 constexpr double varianceOfPixel = 1.0 / 12; // of the square that a value stands for
@@ -109,35 +110,25 @@ void blur(QImage &image, double sigma)
     }
 }
 
-QImage scaled(const QImage &image, const QSize &size)
-{
-    return image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
-        .convertToFormat(image.format());
-}
-
 } // namespace
 
-int blurReach(double sigma)
+BlurPlan::BlurPlan(double wanted)
 {
-    return sigma < smallestSigma ? 0 : int(std::ceil(3 * std::min(sigma, largestSigma)));
-}
-
-int blurReduction(double sigma)
-{
-    return std::max(1, int(std::min(sigma, largestSigma) / sigmaAtReducedSize));
+    if (!(wanted >= smallestSigma))
+        return;
+    const double whole = std::min(wanted, largestSigma);
+    reduction = std::max(1, int(whole / sigmaAtReducedSize));
+    sigma = whole / reduction;
+    reach = int(std::ceil(3 * whole));
 }
 
 QImage gaussianBlurred(const QImage &image, double sigma)
 {
-    if (!(sigma >= smallestSigma) || image.isNull())
+    if (!(sigma > 0) || image.isNull())
         return image;
-    const double wanted = std::min(sigma, largestSigma);
-    const int reduction = blurReduction(sigma);
-    const QSize reduced((image.width() + reduction - 1) / reduction,
-                        (image.height() + reduction - 1) / reduction);
-    QImage blurred = reduction > 1 ? scaled(image, reduced) : image;
-    blur(blurred, wanted / reduction);
-    return reduction > 1 ? scaled(blurred, image.size()) : blurred;
+    QImage blurred = image;
+    blur(blurred, sigma);
+    return blurred;
 }
 
 } // namespace quenara

@@ -4,20 +4,24 @@
 
 namespace quenara {
 
-/// The largest standard deviation there is, in pixels; larger ones are cut to it.
-inline constexpr double largestSigma = 200;
+/// How a Gaussian is applied to a picture that is yet to be painted: where it is wide, to a smaller
+/// one, which holds all that is left of it.
+struct BlurPlan
+{
+    /// Of a standard deviation of \a sigma pixels; one below a third counts as none, one beyond all
+    /// measure as ten million.
+    explicit BlurPlan(double sigma);
+
+    bool isNone() const { return sigma == 0; }
+
+    int reduction = 1; ///< how many pixels each way one of the smaller picture stands for
+    double sigma = 0; ///< in pixels of the smaller picture
+    int reach = 0; ///< how far the blur goes beyond what it blurs, in whole pixels
+};
 
 /// \a image blurred like a Gaussian of standard deviation \a sigma pixels, by three box passes
-/// each way, at a reduced size where sigma is large. What lies outside the picture counts as
-/// transparent, so that its edges fade. Takes Format_Alpha8 and Format_ARGB32_Premultiplied and
-/// gives back the same; a sigma below a third of a pixel changes nothing.
+/// each way. What lies outside the picture counts as transparent, so that its edges fade. Takes
+/// Format_Alpha8 and Format_ARGB32_Premultiplied and gives back the same.
 QImage gaussianBlurred(const QImage &image, double sigma);
-
-/// How far a blur of \a sigma reaches beyond what it blurs, in whole pixels.
-int blurReach(double sigma);
-
-/// By how much a picture can be smaller than it is shown when a blur of \a sigma is to follow: what
-/// is left of it needs no more pixels.
-int blurReduction(double sigma);
 
 } // namespace quenara

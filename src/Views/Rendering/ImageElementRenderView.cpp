@@ -1,5 +1,6 @@
 #include "ImageElementRenderView.h"
 
+#include "DashedOutline.h"
 #include "DeviceLayer.h"
 #include "PictureCache.h"
 #include "SlideFonts.h"
@@ -25,11 +26,11 @@ void paintPlaceholder(QPainter &painter, const QRectF &box)
     painter.save();
     painter.setClipRect(seen, Qt::IntersectClip);
     painter.fillRect(seen, QColor::fromRgbF(0, 0, 0, 0.32F));
-    QPen pen(QColor::fromRgbF(1, 1, 1, 0.35F), borderWidth, Qt::CustomDashLine, Qt::FlatCap,
-             Qt::MiterJoin);
-    pen.setDashPattern({dashLength / borderWidth, dashGap / borderWidth});
-    painter.setPen(pen);
-    painter.drawRect(seen);
+    DashedOutline{.color = QColor::fromRgbF(1, 1, 1, 0.35F),
+                  .width = borderWidth,
+                  .dash = dashLength,
+                  .gap = dashGap}
+        .paint(painter, seen);
     painter.setPen(QColor::fromRgbF(1, 1, 1, 0.62F));
     painter.setFont(systemFont(labelSize, QFont::DemiBold));
     painter.drawText(box, Qt::AlignCenter, QStringLiteral("Image"));

@@ -1,8 +1,7 @@
 #include "LowerThirdElementRenderView.h"
 
 #include "SlideFonts.h"
-
-#include <QFontMetricsF>
+#include "TextBlock.h"
 
 namespace quenara {
 
@@ -17,12 +16,25 @@ constexpr double titleSize = 42;
 constexpr double subtitleSize = 26;
 constexpr float subtitleOpacity = 0.78F;
 
-/// One line, cut where it is too long.
-void drawLine(QPainter &painter, const QString &text, const QFont &font, const QRectF &line)
+constexpr double lineHeight = 1.25; // of the font size: room for accents and descenders
+
+TextElementProperties lineOf(const QString &text, double size, TextFontWeight weight)
 {
-    painter.setFont(font);
-    painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine,
-                     QFontMetricsF(font).elidedText(text, Qt::ElideRight, line.width()));
+    TextElementProperties line;
+    line.text = text.simplified();
+    line.fontFamily = systemFontFamily();
+    line.fontSize = size;
+    line.weight = weight;
+    return line;
+}
+
+/// One line in the painter's pen, cut where it is too long.
+void drawLine(QPainter &painter, const TextElementProperties &text, const QRectF &line)
+{
+    painter.save();
+    painter.translate(line.topLeft());
+    TextBlock(text, line.size(), {.smallestFit = 1, .lineMaximum = 1}).draw(painter);
+    painter.restore();
 }
 
 } // namespace
@@ -42,15 +54,14 @@ void LowerThirdElementRenderView::paint(QPainter &painter, const QRectF &box) co
     const double textWidth = box.width() / scale - inset - textLeft;
     painter.fillRect(QRectF(inset, 0, barWidth, height), lowerThird->accent.toColor());
 
-    const QFont titleFont = systemFont(titleSize, QFont::Bold);
-    const QFont subtitleFont = systemFont(subtitleSize, QFont::Medium);
-    const double titleHeight = QFontMetricsF(titleFont).height();
-    const double subtitleHeight = QFontMetricsF(subtitleFont).height();
+    const double titleHeight = titleSize * lineHeight;
+    const double subtitleHeight = subtitleSize * lineHeight;
     const double top = (height - titleHeight - lineGap - subtitleHeight) / 2;
     painter.setPen(Qt::white);
-    drawLine(painter, lowerThird->title, titleFont, {textLeft, top, textWidth, titleHeight});
+    drawLine(painter, lineOf(lowerThird->title, titleSize, TextFontWeight::bold),
+             {textLeft, top, textWidth, titleHeight});
     painter.setPen(QColor::fromRgbF(1, 1, 1, subtitleOpacity));
-    drawLine(painter, lowerThird->subtitle, subtitleFont,
+    drawLine(painter, lineOf(lowerThird->subtitle, subtitleSize, TextFontWeight::medium),
              {textLeft, top + titleHeight + lineGap, textWidth, subtitleHeight});
     painter.restore();
 }

@@ -9,6 +9,8 @@
 #include <QLinearGradient>
 #include <QRadialGradient>
 
+#include <algorithm>
+
 namespace quenara {
 
 namespace {
@@ -60,13 +62,12 @@ QBrush SlideBackgroundRenderView::gradientFill(const QRectF &slide) const
 bool SlideBackgroundRenderView::paintPicture(QPainter &painter, const QRectF &slide) const
 {
     const double device = deviceScale(painter);
-    const double sigma = std::max(0.0, background.blurAmount) * device * scale;
-    const int reduction = blurReduction(sigma);
-    const QSizeF size = slide.size() * device / reduction;
+    const BlurPlan blur(background.blurAmount * device * scale);
+    const QSizeF size = slide.size() * device / blur.reduction;
     const QImage image = pictureOf(*background.image, size.toSize(), pictures);
     if (image.isNull())
         return false;
-    if (blurReach(sigma) == 0) {
+    if (blur.isNone()) {
         painter.drawImage(slide, image, fillingPart(image.size(), slide));
         return true;
     }
@@ -77,7 +78,7 @@ bool SlideBackgroundRenderView::paintPicture(QPainter &painter, const QRectF &sl
     reducedPainter.setRenderHint(QPainter::SmoothPixmapTransform);
     reducedPainter.drawImage(part, image, fillingPart(image.size(), part));
     reducedPainter.end();
-    painter.drawImage(slide, gaussianBlurred(reduced, sigma / reduction), part);
+    painter.drawImage(slide, gaussianBlurred(reduced, blur.sigma), part);
     return true;
 }
 
@@ -86,12 +87,9 @@ void SlideBackgroundRenderView::paint(QPainter &painter, const QRectF &slide) co
     if (slide.isEmpty() || scale <= 0)
         return;
     const bool isImage = background.kind == SlideBackgroundKind::image;
-    if (isImage && background.image && paintPicture(painter, slide)) {
-        // It covers the slide.
-    } else if (isImage || background.kind == SlideBackgroundKind::gradient) {
-        painter.fillRect(slide, gradientFill(slide));
-    } else {
-        painter.fillRect(slide, background.solidColor.toColor());
+    if (!isImage || !background.image || !paintPicture(painter, slide)) {
+        const bool isGradient = isImage || background.kind == SlideBackgroundKind::gradient;
+        painter.fillRect(slide, isGradient ? gradientFill(slide) : background.solidColor.toColor());
     }
     if (background.kind == SlideBackgroundKind::video)
         paintCaption(painter, slide, scale);

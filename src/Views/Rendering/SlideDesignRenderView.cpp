@@ -1,5 +1,6 @@
 #include "SlideDesignRenderView.h"
 
+#include "DashedOutline.h"
 #include "DeviceLayer.h"
 #include "SlideBackgroundRenderView.h"
 #include "SlideElementRenderView.h"
@@ -14,27 +15,6 @@ namespace {
 // Canvas units: what the guide leaves free on both sides together.
 constexpr double safeAreaInsetX = 180;
 constexpr double safeAreaInsetY = 150;
-
-constexpr double miterLimit = 10;
-
-/// A dashed rectangle; all lengths in points of the target.
-struct DashedOutline
-{
-    QColor color;
-    double width;
-    double dash;
-    double gap;
-};
-
-void strokeDashed(QPainter &painter, const QRectF &rect, const DashedOutline &outline)
-{
-    QPen pen(outline.color, outline.width, Qt::CustomDashLine, Qt::FlatCap, Qt::MiterJoin);
-    pen.setDashPattern({outline.dash / outline.width, outline.gap / outline.width});
-    pen.setMiterLimit(miterLimit);
-    painter.setPen(pen);
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRect(rect);
-}
 
 void paintContent(QPainter &painter, const SlideElementRenderView &content, const QRectF &box)
 {
@@ -86,13 +66,13 @@ void SlideDesignRenderView::paint(QPainter &painter) const
         painter.restore();
         // The outline runs along the slide's edges; the editor draws handles around the layer.
         if (selectedElementID == element.id) {
-            strokeDashed(painter, whole,
-                         {.color = QColor(0xe0, 0xa1, 0x34), .width = 2, .dash = 7, .gap = 5});
+            constexpr QColor amber(0xe0, 0xa1, 0x34);
+            DashedOutline{.color = amber, .width = 2, .dash = 7, .gap = 5}.paint(painter, whole);
         }
     }
     if (showSafeArea && design.safeAreaEnabled) {
-        strokeDashed(painter, safeArea(),
-                     {.color = QColor::fromRgbF(1, 1, 1, 0.35F), .width = 1, .dash = 8, .gap = 8});
+        const QColor faint = QColor::fromRgbF(1, 1, 1, 0.35F);
+        DashedOutline{.color = faint, .width = 1, .dash = 8, .gap = 8}.paint(painter, safeArea());
     }
     painter.restore();
 }

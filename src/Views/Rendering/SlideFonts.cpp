@@ -22,15 +22,17 @@ QString standIn(const QString &family)
     return systemFontFamily();
 }
 
-/// As they are when the first slide is painted. Asked for one by one, the platform takes its time
-/// and names families that are merely alike.
-const QSet<QString> &installedFamilies()
+/// As it is when the first slide is painted. Asked for one by one, the platform takes its time and
+/// names families that are merely alike.
+bool isInstalled(const QString &family)
 {
     static const QSet<QString> families = [] {
-        const QStringList names = QFontDatabase::families();
-        return QSet<QString>(names.begin(), names.end());
+        QSet<QString> folded;
+        for (const QString &name : QFontDatabase::families())
+            folded.insert(name.toCaseFolded());
+        return folded;
     }();
-    return families;
+    return families.contains(family.toCaseFolded());
 }
 
 } // namespace
@@ -53,7 +55,7 @@ QString emojiFontFamily()
 {
     for (const char16_t *family : {u"Noto Color Emoji", u"Apple Color Emoji", u"Segoe UI Emoji"}) {
         const QString name = QString::fromUtf16(family);
-        if (installedFamilies().contains(name))
+        if (isInstalled(name))
             return name;
     }
     return {};
@@ -78,7 +80,7 @@ QFont::Weight fontWeight(TextFontWeight weight)
 
 QFont slideFont(const QString &family, TextFontWeight weight, int pixelSize)
 {
-    QFont font(installedFamilies().contains(family) ? family : standIn(family));
+    QFont font(isInstalled(family) ? family : standIn(family));
     font.setPixelSize(pixelSize);
     font.setWeight(fontWeight(weight));
     font.setHintingPreference(QFont::PreferNoHinting);

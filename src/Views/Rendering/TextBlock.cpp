@@ -4,9 +4,9 @@
 #include "EmojiText.h"
 #include "SlideFonts.h"
 
-#include <QFontMetricsF>
 #include <QHash>
 #include <QRawFont>
+#include <QTextBoundaryFinder>
 #include <QTextLayout>
 
 #include <algorithm>
@@ -22,7 +22,7 @@ constexpr double fitTolerance = 0.25; // canvas units of the font size
 constexpr double finestFit = 1e-9; // for sizes beyond all measure
 constexpr double smallestFontSize = 0.1;
 constexpr double largestCachedGlyph = 64; // device pixels; Qt keeps pictures of glyphs up to here
-constexpr char16_t ellipsis = u'\u2026';
+constexpr QChar ellipsis = u'\u2026';
 
 Qt::Alignment alignmentOf(TextAlignmentValue alignment)
 {
@@ -35,6 +35,15 @@ Qt::Alignment alignmentOf(TextAlignmentValue alignment)
         break;
     }
     return Qt::AlignRight | Qt::AlignAbsolute;
+}
+
+/// What of \a formats is about the first \a length characters.
+QList<QTextLayout::FormatRange> within(QList<QTextLayout::FormatRange> formats, int length)
+{
+    formats.removeIf([&](const auto &range) { return range.start >= length; });
+    for (QTextLayout::FormatRange &range : formats)
+        range.length = std::min(range.length, length - range.start);
+    return formats;
 }
 
 QString withLineSeparators(QString text)
@@ -51,43 +60,45 @@ QString withLineSeparators(QString text)
 
 TextBlock::TextBlock(const TextElementProperties &text, const QSizeF &box, const TextLimits &limits)
     : m_text(text), m_box(std::max(0.0, box.width()), std::max(0.0, box.height())),
-      m_limits(limits), m_string(withLineSeparators(text.displayText())),
-      m_layout(std::make_unique<QTextLayout>())
+      m_limits(limits), m_layout(std::make_unique<QTextLayout>())
 {
+    QTextOption option(alignmentOf(m_text.alignment));
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    option.setUseDesignMetrics(true);
+    m_layout->setTextOption(option);
+    m_layout->setFont(slideFont(m_text.fontFamily, m_text.weight, layoutPixelSize));
+    const EmojiText string(withLineSeparators(text.displayText()));
+    m_layout->setText(string.text);
+    m_layout->setFormats(string.formats);
     layOut(1);
     if (doesFit())
         return;
-    double fits = m_limits.smallestFit;
-    double tooLarge = 1;
-    const double closeEnough = std::max(finestFit, fitTolerance / text.fontSize);
-    while (tooLarge - fits > closeEnough) {
-        const double middle = (fits + tooLarge) / 2;
-        layOut(middle);
-        (doesFit() ? fits : tooLarge) = middle;
-    }
-    layOut(fits);
-    if (!doesFit())
+    layOut(m_limits.smallestFit);
+    if (doesFit()) {
+        shrink();
+    } else {
         truncate();
+    }
 }
 
 TextBlock::~TextBlock() = default;
 
+/// Canvas units for one of the layout's.
+double TextBlock::unit() const
+{
+    return std::max(smallestFontSize, m_text.fontSize * m_fit) / layoutPixelSize;
+}
+
 void TextBlock::layOut(double fit)
 {
     m_fit = fit;
-    const double unit = std::max(smallestFontSize, m_text.fontSize * fit) / layoutPixelSize;
-    QFont font = slideFont(m_text.fontFamily, m_text.weight, layoutPixelSize);
-    font.setLetterSpacing(QFont::AbsoluteSpacing, m_text.characterSpacing / unit);
-    QTextOption option(alignmentOf(m_text.alignment));
-    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-    option.setUseDesignMetrics(true);
-
-    const double width = m_box.width() / unit;
+    if (m_text.characterSpacing != 0) {
+        QFont font = m_layout->font();
+        font.setLetterSpacing(QFont::AbsoluteSpacing, m_text.characterSpacing / unit());
+        m_layout->setFont(font);
+    }
+    const double width = m_box.width() / unit();
     const double spacing = std::max(0.0, layoutPixelSize * (m_text.lineHeight - 1));
-    m_layout->setText(m_string);
-    m_layout->setFont(font);
-    m_layout->setFormats(emojiFormats(m_string));
-    m_layout->setTextOption(option);
     m_layout->beginLayout();
     double y = 0;
     QRectF covered;
@@ -98,13 +109,13 @@ void TextBlock::layOut(double fit)
         covered |= QRectF(line.naturalTextRect().left(), y, line.naturalTextWidth(),
                           line.ascent() + line.descent());
         y += line.height() + spacing;
-        if (covered.height() * unit > m_box.height()
+        if (covered.height() * unit() > m_box.height()
             || m_layout->lineCount() > m_limits.lineMaximum)
             break; // it does not fit, whatever follows
     }
     m_layout->endLayout();
-    m_bounds = QRectF(covered.left() * unit, (m_box.height() - covered.height() * unit) / 2,
-                      covered.width() * unit, covered.height() * unit);
+    m_bounds = QRectF(covered.left() * unit(), (m_box.height() - covered.height() * unit()) / 2,
+                      covered.width() * unit(), covered.height() * unit());
 }
 
 bool TextBlock::doesFit() const
@@ -112,26 +123,46 @@ bool TextBlock::doesFit() const
     return m_bounds.height() <= m_box.height() && m_layout->lineCount() <= m_limits.lineMaximum;
 }
 
+/// Finds the largest fit between the smallest, which fits, and 1, which does not.
+void TextBlock::shrink()
+{
+    double fits = m_limits.smallestFit;
+    double tooLarge = 1;
+    const double closeEnough = std::max(finestFit, fitTolerance / m_text.fontSize);
+    while (tooLarge - fits > closeEnough) {
+        const double middle = (fits + tooLarge) / 2;
+        layOut(middle);
+        (doesFit() ? fits : tooLarge) = middle;
+    }
+    layOut(fits);
+}
+
+/// Ends the last line that fits with an ellipsis, dropping what that takes off its end.
 void TextBlock::truncate()
 {
-    const double unit = m_text.fontSize * m_fit / layoutPixelSize;
+    const QString whole = m_layout->text();
+    const QList<QTextLayout::FormatRange> formats = m_layout->formats();
     int fitting = 0;
     while (fitting < std::min(m_layout->lineCount(), m_limits.lineMaximum)
-           && m_layout->lineAt(fitting).rect().bottom() * unit <= m_box.height())
+           && m_layout->lineAt(fitting).rect().bottom() * unit() <= m_box.height())
         ++fitting;
-    const QTextLine last = m_layout->lineAt(std::max(0, fitting - 1));
-    QString rest = m_string.mid(last.textStart(), last.textLength());
-    while (!rest.isEmpty() && rest.back().isSpace())
-        rest.chop(1);
-    const QString elided = QFontMetricsF(m_layout->font())
-                               .elidedText(rest + QChar(ellipsis) + QChar(ellipsis), Qt::ElideRight,
-                                           m_box.width() / unit);
-    m_string = m_string.first(last.textStart()) + elided;
-    if (!m_string.endsWith(QChar(ellipsis)))
-        m_string += QChar(ellipsis);
-    while (m_string.endsWith(QStringLiteral("\u2026\u2026")))
-        m_string.chop(1);
-    layOut(m_fit);
+    const int lineCount = std::max(1, fitting);
+    const QTextLine last = m_layout->lineAt(lineCount - 1);
+    const int start = last.textStart();
+    QTextBoundaryFinder characters(QTextBoundaryFinder::Grapheme,
+                                   whole.first(start + last.textLength()));
+    characters.toEnd();
+    for (qsizetype end = characters.position();; end = characters.toPreviousBoundary()) {
+        const qsizetype kept = std::max<qsizetype>(start, end);
+        if (kept > start && (whole.at(kept - 1).isSpace() || whole.at(kept - 1) == ellipsis))
+            continue;
+        m_layout->setText(whole.first(kept) + ellipsis);
+        m_layout->setFormats(within(formats, int(kept)));
+        layOut(m_fit);
+        const QTextLine shown = m_layout->lineAt(std::min(lineCount, m_layout->lineCount()) - 1);
+        if (shown.textStart() + shown.textLength() == m_layout->text().size() || kept == start)
+            break;
+    }
 }
 
 QStringList TextBlock::lines() const
@@ -147,16 +178,15 @@ QStringList TextBlock::lines() const
 
 QRectF TextBlock::inkBounds() const
 {
-    const double overhang = std::max(smallestFontSize, m_text.fontSize * m_fit) / 4;
+    const double overhang = unit() * layoutPixelSize / 2 + std::max(0.0, -m_text.characterSpacing);
     return m_bounds.adjusted(-overhang, -overhang, overhang, overhang);
 }
 
 void TextBlock::draw(QPainter &painter, Placement placement)
 {
-    const double unit = std::max(smallestFontSize, m_text.fontSize * m_fit) / layoutPixelSize;
     painter.save();
     painter.translate(0, m_bounds.top());
-    painter.scale(unit, unit);
+    painter.scale(unit(), unit());
     const bool isSmall = deviceScale(painter) * layoutPixelSize < largestCachedGlyph;
     if (isSmall && placement == Placement::onWholeRows) {
         m_layout->draw(&painter, {});
@@ -173,12 +203,22 @@ void TextBlock::traceGlyphs()
     if (m_isTraced)
         return;
     m_isTraced = true;
-    for (const QGlyphRun &run : m_layout->glyphRuns()) {
+    int start = 0;
+    for (const QTextLayout::FormatRange &emoji : m_layout->formats()) {
+        traceGlyphs(start, emoji.start);
+        m_pictures += m_layout->glyphRuns(emoji.start, emoji.length);
+        start = emoji.start + emoji.length;
+    }
+    traceGlyphs(start, int(m_layout->text().size()));
+}
+
+/// The characters from \a start up to \a end, in faces that have outlines.
+void TextBlock::traceGlyphs(int start, int end)
+{
+    if (start == end)
+        return;
+    for (const QGlyphRun &run : m_layout->glyphRuns(start, end - start)) {
         const QRawFont font = run.rawFont();
-        if (font.familyName() == emojiFontFamily()) {
-            m_colourRuns.append(run);
-            continue;
-        }
         const QList<quint32> glyphs = run.glyphIndexes();
         const QList<QPointF> positions = run.positions();
         QHash<quint32, QPainterPath> paths;
@@ -194,7 +234,7 @@ void TextBlock::traceGlyphs()
 /// Glyph by glyph: one path of them all takes the rasterizer longer.
 void TextBlock::drawOutlines(QPainter &painter) const
 {
-    for (const QGlyphRun &run : m_colourRuns)
+    for (const QGlyphRun &run : m_pictures)
         painter.drawGlyphRun({}, run);
     painter.save();
     painter.setBrush(painter.pen().color());

@@ -47,7 +47,7 @@ public:
     /// What the lines cover, in the box's coordinates; vertically centred in it.
     QRectF bounds() const { return m_bounds; }
 
-    /// The bounds with room for what letters reach beyond their line.
+    /// The bounds with room for what letters reach beyond their places.
     QRectF inkBounds() const;
 
     /// How letters of less than 64 device pixels are placed; larger ones are always exact.
@@ -63,22 +63,24 @@ private:
         QPointF position;
     };
 
+    double unit() const;
     void layOut(double fit);
     bool doesFit() const;
+    void shrink();
     void truncate();
     void traceGlyphs();
+    void traceGlyphs(int start, int end);
     void drawOutlines(QPainter &painter) const;
 
     const TextElementProperties &m_text;
     QSizeF m_box;
     TextLimits m_limits;
-    QString m_string;
     std::unique_ptr<QTextLayout> m_layout;
     double m_fit = 1;
     QRectF m_bounds;
     bool m_isTraced = false;
     QList<GlyphOutline> m_outlines;
-    QList<QGlyphRun> m_colourRuns; ///< drawn as the pictures they are
+    QList<QGlyphRun> m_pictures; ///< emoji, which have no outlines
 };
 
 } // namespace quenara

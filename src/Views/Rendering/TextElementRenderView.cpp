@@ -9,28 +9,38 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace quenara {
 
 namespace {
 
 constexpr double fillCornerRadius = 10; // canvas units
+constexpr double smallestLetters = 0.5; // device pixels; smaller ones leave nothing
 
 /// A blurred copy of the text in one colour; lengths in canvas units.
 struct Glow
 {
-    RGBAColor color;
+    QColor color;
     double radius = 0;
     QPointF offset;
 };
+
+/// The colour of what is blurred from letters in \a text: those that are not seen cast nothing.
+QColor faded(const RGBAColor &color, const RGBAColor &text)
+{
+    QColor result = color.toColor();
+    result.setAlphaF(result.alphaF() * text.toColor().alphaF());
+    return result;
+}
 
 /// \a color as strong as \a mask is.
 QImage tinted(const QImage &mask, const QColor &color)
 {
     std::array<QRgb, 256> shades{};
     for (unsigned alpha = 0; alpha < shades.size(); ++alpha) {
-        shades[alpha] = qPremultiply(
-            qRgba(color.red(), color.green(), color.blue(), int(color.alphaF() * float(alpha))));
+        shades[alpha] = qPremultiply(qRgba(color.red(), color.green(), color.blue(),
+                                           int(std::lround(color.alphaF() * float(alpha)))));
     }
     QImage picture(mask.size(), QImage::Format_ARGB32_Premultiplied);
     for (int y = 0; y < mask.height(); ++y) {
@@ -44,25 +54,23 @@ QImage tinted(const QImage &mask, const QColor &color)
 /// \a painter is in canvas units, the block's box at its origin.
 void paintGlow(QPainter &painter, TextBlock &block, const Glow &glow)
 {
-    const double scale = deviceScale(painter);
     // A blur radius is twice the standard deviation of the Gaussian.
-    const double sigma = std::max(0.0, glow.radius) / 2 * scale;
-    const int reduction = blurReduction(sigma);
+    const BlurPlan plan(glow.radius / 2 * deviceScale(painter));
     painter.save();
     painter.translate(glow.offset);
     DeviceLayer layer = DeviceLayer::painted(
-        painter, block.inkBounds(), blurReach(sigma),
+        painter, block.inkBounds(), plan.reach,
         [&](QPainter &mask) {
             mask.setPen(Qt::black);
             block.draw(mask,
-                       reduction > 1 ? TextBlock::Placement::exact
-                                     : TextBlock::Placement::onWholeRows);
+                       plan.reduction > 1 ? TextBlock::Placement::exact
+                                          : TextBlock::Placement::onWholeRows);
         },
-        reduction);
+        plan.reduction);
     if (!layer.image.isNull()) {
         const QImage mask =
-            gaussianBlurred(layer.image.convertToFormat(QImage::Format_Alpha8), sigma / reduction);
-        layer.image = tinted(mask, glow.color.toColor());
+            gaussianBlurred(layer.image.convertToFormat(QImage::Format_Alpha8), plan.sigma);
+        layer.image = tinted(mask, glow.color);
         layer.draw(painter, 1);
     }
     painter.restore();
@@ -84,6 +92,21 @@ void paintText(QPainter &painter, TextBlock &block, QColor color)
         paint(painter);
 }
 
+/// \a painter is in canvas units, the layer's box of \a size at its origin.
+void paintLetters(QPainter &painter, const TextElementProperties &text, const QSizeF &size)
+{
+    TextBlock block(text, size - 2 * QSizeF(text.padding, text.padding));
+    painter.translate(text.padding, text.padding);
+    const auto asStrong = [&](const RGBAColor &color) { return faded(color, text.textColor); };
+    if (text.outline)
+        paintGlow(painter, block, {asStrong(text.outline->color), text.outline->width, {}});
+    if (text.shadow) {
+        const TextShadow &shadow = *text.shadow;
+        paintGlow(painter, block, {asStrong(shadow.color), shadow.radius, {shadow.x, shadow.y}});
+    }
+    paintText(painter, block, text.textColor.toColor());
+}
+
 } // namespace
 
 void TextElementRenderView::paint(QPainter &painter, const QRectF &box) const
@@ -95,19 +118,10 @@ void TextElementRenderView::paint(QPainter &painter, const QRectF &box) const
         painter.fillPath(continuousRoundedRect(box, fillCornerRadius * scale),
                          text.backgroundFill->toColor());
     }
-    const QSizeF inner(box.width() / scale - 2 * text.padding,
-                       box.height() / scale - 2 * text.padding);
-    TextBlock block(text, inner);
     painter.translate(box.topLeft());
     painter.scale(scale, scale);
-    painter.translate(text.padding, text.padding);
-    if (text.outline)
-        paintGlow(painter, block, {text.outline->color, text.outline->width, {}});
-    if (text.shadow) {
-        paintGlow(painter, block,
-                  {text.shadow->color, text.shadow->radius, {text.shadow->x, text.shadow->y}});
-    }
-    paintText(painter, block, text.textColor.toColor());
+    if (text.fontSize * deviceScale(painter) >= smallestLetters)
+        paintLetters(painter, text, box.size() / scale);
     painter.restore();
 }
 

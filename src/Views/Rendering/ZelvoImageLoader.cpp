@@ -6,13 +6,21 @@
 #include <QImageReader>
 #include <QUrl>
 
+#include <algorithm>
 #include <limits>
+#include <optional>
 
 namespace quenara {
 
 namespace {
 
 constexpr QByteArrayView dataScheme = "data:";
+
+/// The largest picture in memory, and what its pixels take: 67 megapixels. Where a format can be
+/// read at a fraction of its size, larger ones lose what no screen shows.
+constexpr int largestMegabytes = 256;
+constexpr qint64 bytesPerPixel = 4;
+constexpr qint64 largestPixelCount = (qint64(largestMegabytes) << 20U) / bytesPerPixel;
 
 /// As painters draw it fastest.
 QImage paintable(const QImage &image)
@@ -23,6 +31,7 @@ QImage paintable(const QImage &image)
 
 ZelvoImageLoader::Decoded decoded(QIODevice &device, const QSize &needed)
 {
+    QImageReader::setAllocationLimit(largestMegabytes);
     QImageReader reader(&device);
     reader.setAutoTransform(true);
     reader.setDecideFormatFromContent(true);
@@ -81,6 +90,9 @@ int ZelvoImageLoader::reduction(const QSize &fullSize, const QSize &needed)
     int reduction = 1;
     while (fullSize.width() / (2 * reduction) >= std::max(1, needed.width())
            && fullSize.height() / (2 * reduction) >= std::max(1, needed.height()))
+        reduction *= 2;
+    const qint64 pixelCount = qint64(fullSize.width()) * fullSize.height();
+    while (pixelCount / reduction / reduction >= largestPixelCount)
         reduction *= 2;
     return reduction;
 }
