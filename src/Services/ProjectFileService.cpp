@@ -1,11 +1,9 @@
 #include "ProjectFileService.h"
 
+#include "FileReading.h"
 #include "FileReplacement.h"
 #include "ProjectCodec.h"
 #include "ProjectNormalizer.h"
-
-#include <QFile>
-#include <QFileInfo>
 
 #include <new>
 
@@ -13,25 +11,12 @@ namespace quenara {
 
 namespace {
 
-/// More than this the parser does not take.
-constexpr qint64 largestFile = 4'000'000'000;
-
-QByteArray contents(const QUrl &url)
-{
-    // A pipe or a device might never come to its end.
-    QFile file(url.toLocalFile());
-    if (!url.isLocalFile() || !QFileInfo(file).isFile() || file.size() > largestFile
-        || !file.open(QIODevice::ReadOnly))
-        throw ProjectFileError(ProjectFileError::unableToRead);
-    QByteArray bytes = file.readAll();
-    if (file.error() != QFileDevice::NoError)
-        throw ProjectFileError(ProjectFileError::unableToRead);
-    return bytes;
-}
-
 ZelvoProject loaded(const QUrl &url, const QDateTime &now)
 {
-    std::optional<DecodedDocument> document = ProjectCodec::decode(contents(url));
+    std::optional<QByteArray> bytes = wholeFile(url);
+    if (!bytes)
+        throw ProjectFileError(ProjectFileError::unableToRead);
+    std::optional<DecodedDocument> document = ProjectCodec::decode(*std::move(bytes));
     if (!document)
         throw ProjectFileError(ProjectFileError::unsupportedFormat);
     if (const auto *legacy = std::get_if<LegacyQuenaraDocument>(&*document))

@@ -1,0 +1,19 @@
+#include "FileReading.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+namespace quenara {
+
+std::optional<QByteArray> wholeFile(const QUrl &url)
+{
+    // A pipe or a device might never come to its end.
+    QFile file(url.toLocalFile());
+    if (!url.isLocalFile() || !QFileInfo(file).isFile() || file.size() > largestFile
+        || !file.open(QIODevice::ReadOnly))
+        return std::nullopt;
+    QByteArray bytes = file.readAll();
+    return file.error() == QFileDevice::NoError ? std::optional(std::move(bytes)) : std::nullopt;
+}
+
+} // namespace quenara

@@ -1,0 +1,72 @@
+#include "PictureFile.h"
+
+#include "FileReading.h"
+
+#include <QBuffer>
+#include <QImageReader>
+#include <QMimeDatabase>
+
+#include <new>
+
+namespace quenara {
+
+namespace {
+
+/// Of every three bytes base64 makes four.
+constexpr qint64 largestPicture = largestFile / 4 * 3;
+
+/// The reader's name for the format in which the bytes can be read as a picture; empty if there is
+/// none.
+QByteArray readableFormat(QByteArray bytes)
+{
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    QImageReader reader(&buffer);
+    reader.setDecideFormatFromContent(true);
+    const QByteArray format = reader.format();
+    constexpr QSize enough(64, 64);
+    if (const QSize size = reader.size(); size.isValid())
+        reader.setScaledSize(size.scaled(enough, Qt::KeepAspectRatio).expandedTo({1, 1}));
+    return reader.read().isNull() ? QByteArray() : format;
+}
+
+/// The MIME type of a picture; empty for anything else.
+QString pictureType(const QByteArray &bytes)
+{
+    const QMimeType type = QMimeDatabase().mimeTypeForData(bytes);
+    const bool isImage = type.name().startsWith(QLatin1String("image/"));
+    // A drawing that begins with a long comment is not told from other XML.
+    const bool isXml = type.inherits(QStringLiteral("application/xml"));
+    const QByteArray format = isImage || isXml ? readableFormat(bytes) : QByteArray();
+    if (format.isEmpty())
+        return {};
+    if (isImage)
+        return type.name();
+    return format == "svg" ? QStringLiteral("image/svg+xml") : QString();
+}
+
+std::optional<SlideMedia> embedded(const QUrl &url)
+{
+    const std::optional<QByteArray> bytes = wholeFile(url);
+    if (!bytes || bytes->size() > largestPicture)
+        return std::nullopt;
+    const QString type = pictureType(*bytes);
+    if (type.isEmpty())
+        return std::nullopt;
+    return SlideMedia{.dataUrl = "data:" + type.toLatin1() + ";base64," + bytes->toBase64(),
+                      .name = url.fileName(),
+                      .mimeType = type};
+}
+
+} // namespace
+
+std::optional<SlideMedia> pictureFromFile(const QUrl &url)
+{
+    try {
+        return embedded(url);
+    } catch (const std::bad_alloc &) {
+        return std::nullopt;
+    }
+}
+
+} // namespace quenara
