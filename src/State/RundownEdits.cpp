@@ -4,6 +4,7 @@
 #include "ProjectNormalizer.h"
 #include "ProjectTemplates.h"
 #include "Show.h"
+#include "SongImportService.h"
 
 #include <algorithm>
 #include <utility>
@@ -22,10 +23,21 @@ qsizetype indexOfItem(const ZelvoProject &project, const std::optional<QString> 
     return found == items.cend() ? notFound : found - items.cbegin();
 }
 
+/// True if \a delta, however large, leads from one index below \a count to another.
+bool isStepWithin(qsizetype count, qsizetype from, qsizetype delta)
+{
+    return delta >= -from && delta < count - from;
+}
+
 Slide newSlide(ServiceItemType type, std::int64_t orderIndex)
 {
     return ProjectTemplates::slide(QStringLiteral("New Slide"), QString(), orderIndex,
                                    ProjectTemplates::defaultTemplate(type));
+}
+
+std::optional<QString> firstSlideID(const ServiceItem &item)
+{
+    return item.slides.isEmpty() ? std::nullopt : std::optional(item.slides.first().id);
 }
 
 void selectAndQueue(WorkspaceState &state, const std::optional<QString> &slideID)
@@ -37,6 +49,24 @@ void selectAndQueue(WorkspaceState &state, const std::optional<QString> &slideID
 QList<Slide> &slidesForWriting(WorkspaceState &state, const SlidePosition &position)
 {
     return state.project.serviceItems[position.item].slides;
+}
+
+/// Appends \a item; it and its first slide, if it has one, are selected, the slide queued.
+WorkspaceState appended(WorkspaceState state, const ServiceItem &item)
+{
+    state.project.serviceItems.append(item);
+    state.selectedServiceItemID = item.id;
+    selectAndQueue(state, firstSlideID(item));
+    return state;
+}
+
+Edited changeSelectedSlide(WorkspaceState state, const std::function<void(Slide &)> &change)
+{
+    const auto position = positionOf(state.project, state.selectedSlideID);
+    if (!position)
+        return std::nullopt;
+    change(slidesForWriting(state, *position)[position->slide]);
+    return state;
 }
 
 } // namespace
@@ -57,10 +87,14 @@ Edited addServiceItem(WorkspaceState state, ServiceItemType type)
         .subtitle = std::nullopt,
         .slides = {newSlide(type, 0)},
     };
-    state.project.serviceItems.append(item);
-    state.selectedServiceItemID = item.id;
-    selectAndQueue(state, item.slides.first().id);
-    return state;
+    return appended(std::move(state), item);
+}
+
+Edited importSong(WorkspaceState state, const QString &title, const QString &lyrics)
+{
+    const ServiceItem song =
+        SongImportService::serviceItem(title, lyrics, state.project.serviceItems.size());
+    return appended(std::move(state), song);
 }
 
 Edited updateServiceItem(WorkspaceState state, const QString &id,
@@ -80,23 +114,19 @@ Edited deleteSelectedServiceItem(WorkspaceState state)
         [&](const ServiceItem &item) { return item.id == state.selectedServiceItemID; });
 
     const QList<ServiceItem> &items = std::as_const(state.project).serviceItems;
-    std::optional<QString> slideID;
-    if (!items.isEmpty() && !items.first().slides.isEmpty())
-        slideID = items.first().slides.first().id;
     state.selectedServiceItemID = items.isEmpty() ? std::nullopt : std::optional(items.first().id);
-    selectAndQueue(state, slideID);
+    selectAndQueue(state, items.isEmpty() ? std::nullopt : firstSlideID(items.first()));
     if (!state.liveSlideID)
-        state.liveSlideID = slideID;
+        state.liveSlideID = state.selectedSlideID;
     return state;
 }
 
 Edited moveSelectedServiceItem(WorkspaceState state, qsizetype delta)
 {
     const qsizetype from = indexOfItem(state.project, state.selectedServiceItemID);
-    const qsizetype to = from + delta;
-    if (from == notFound || to < 0 || to >= state.project.serviceItems.size())
+    if (from == notFound || !isStepWithin(state.project.serviceItems.size(), from, delta))
         return std::nullopt;
-    state.project.serviceItems.swapItemsAt(from, to);
+    state.project.serviceItems.swapItemsAt(from, from + delta);
     return state;
 }
 
@@ -150,35 +180,33 @@ Edited moveSelectedSlide(WorkspaceState state, qsizetype delta)
     if (!state.selectedSlideID)
         return std::nullopt;
     if (const auto position = positionOf(state.project, state.selectedSlideID)) {
-        const qsizetype to = position->slide + delta;
         const qsizetype count = state.project.serviceItems.at(position->item).slides.size();
-        if (to >= 0 && to < count)
-            slidesForWriting(state, *position).swapItemsAt(position->slide, to);
+        const qsizetype from = position->slide;
+        if (isStepWithin(count, from, delta))
+            slidesForWriting(state, *position).swapItemsAt(from, from + delta);
     }
     return state;
 }
 
 Edited updateSelectedSlide(WorkspaceState state, const std::function<void(Slide &)> &update)
 {
-    const auto position = positionOf(state.project, state.selectedSlideID);
-    if (!position)
-        return std::nullopt;
-    Slide &slide = slidesForWriting(state, *position)[position->slide];
-    update(slide);
-    slide.body = ProjectNormalizer::compatibilityBody(slide);
-    return state;
+    return changeSelectedSlide(std::move(state), [&](Slide &slide) {
+        update(slide);
+        slide.body = ProjectNormalizer::compatibilityBody(slide);
+    });
 }
 
 Edited applyTemplateToSelectedSlide(WorkspaceState state, const QString &templateID)
 {
-    const auto position = positionOf(state.project, state.selectedSlideID);
-    if (!position)
-        return std::nullopt;
-    Slide &slide = slidesForWriting(state, *position)[position->slide];
-    slide.design =
-        ProjectTemplates::design(templateID, slide.title, slide.body, slide.footer, slide.image);
-    state.selectedElementID = slide.design.firstTextElementID();
-    return state;
+    std::optional<QString> elementID;
+    Edited edited = changeSelectedSlide(std::move(state), [&](Slide &slide) {
+        slide.design = ProjectTemplates::design(templateID, slide.title, slide.body, slide.footer,
+                                                slide.image);
+        elementID = slide.design.firstTextElementID();
+    });
+    if (edited)
+        edited->selectedElementID = elementID;
+    return edited;
 }
 
 } // namespace quenara::edits

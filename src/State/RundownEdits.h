@@ -19,6 +19,10 @@ Edited renameProject(WorkspaceState state, const QString &name);
 /// Appends an item with one slide of the type's default template; both selected, the slide queued.
 Edited addServiceItem(WorkspaceState state, ServiceItemType type);
 
+/// Appends a song made of pasted lyrics; it and its first slide, if any, selected, the slide
+/// queued.
+Edited importSong(WorkspaceState state, const QString &title, const QString &lyrics);
+
 /// Applies \a update to the first item with this id. An unknown id is an edit without a change.
 Edited updateServiceItem(WorkspaceState state, const QString &id,
                          const std::function<void(ServiceItem &)> &update);

@@ -2,7 +2,6 @@
 
 #include "Show.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace quenara::edits {
@@ -30,14 +29,12 @@ void repairElement(WorkspaceState &state)
     const auto position = positionOf(state.project, state.selectedSlideID);
     if (!position || !state.selectedElementID)
         return;
-    const QList<SlideElement> &elements = slideAt(state.project, *position).design.elements;
-    const bool exists = std::any_of(elements.cbegin(), elements.cend(), [&](const auto &element) {
-        return element.id == *state.selectedElementID;
-    });
-    if (!exists) {
-        state.selectedElementID =
-            elements.isEmpty() ? std::nullopt : std::optional(elements.first().id);
-    }
+    const Slide &slide = slideAt(state.project, *position);
+    if (elementIndex(slide, state.selectedElementID))
+        return;
+    const QList<SlideElement> &elements = slide.design.elements;
+    state.selectedElementID =
+        elements.isEmpty() ? std::nullopt : std::optional(elements.first().id);
 }
 
 } // namespace

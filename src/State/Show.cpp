@@ -88,4 +88,12 @@ std::optional<QString> firstSlideID(const ZelvoProject &project)
     return first ? std::optional(slideAt(project, *first).id) : std::nullopt;
 }
 
+std::optional<qsizetype> elementIndex(const Slide &slide, const std::optional<QString> &elementID)
+{
+    const QList<SlideElement> &elements = slide.design.elements;
+    const auto found = std::find_if(elements.cbegin(), elements.cend(),
+                                    [&](const SlideElement &e) { return e.id == elementID; });
+    return found == elements.cend() ? std::nullopt : std::optional(found - elements.cbegin());
+}
+
 } // namespace quenara

@@ -44,4 +44,7 @@ std::optional<SlidePosition> positionAfter(const ZelvoProject &project,
 
 std::optional<QString> firstSlideID(const ZelvoProject &project);
 
+/// The index of the slide's first layer with this id; nothing for an absent or unknown one.
+std::optional<qsizetype> elementIndex(const Slide &slide, const std::optional<QString> &elementID);
+
 } // namespace quenara

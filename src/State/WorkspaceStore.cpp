@@ -5,7 +5,6 @@
 #include "SelectionEdits.h"
 #include "Show.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace quenara {
@@ -20,19 +19,16 @@ WorkspaceStore::WorkspaceStore(ZelvoProject project, Surroundings surroundings, 
 
 QList<FlattenedSlide> WorkspaceStore::flattenedSlides() const
 {
-    return quenara::flattenedSlides(m_state.project);
+    if (!m_flattenedSlides)
+        m_flattenedSlides = quenara::flattenedSlides(m_state.project);
+    return *m_flattenedSlides;
 }
 
 std::optional<SlideElement> WorkspaceStore::selectedElement() const
 {
-    const auto position = positionOf(m_state.project, m_state.selectedSlideID);
-    if (!position || !m_state.selectedElementID)
-        return std::nullopt;
-    const QList<SlideElement> &elements = slideAt(m_state.project, *position).design.elements;
-    const auto found = std::find_if(elements.cbegin(), elements.cend(), [this](const auto &e) {
-        return e.id == *m_state.selectedElementID;
-    });
-    return found == elements.cend() ? std::nullopt : std::optional(*found);
+    const std::optional<Slide> slide = slideWithID(m_state.selectedSlideID);
+    const auto index = slide ? elementIndex(*slide, m_state.selectedElementID) : std::nullopt;
+    return index ? std::optional(slide->design.elements.at(*index)) : std::nullopt;
 }
 
 std::optional<Slide> WorkspaceStore::nextSlide() const
@@ -58,6 +54,11 @@ void WorkspaceStore::publish(WorkspaceState state, UndoRedoStore history)
     const bool couldRedo = canRedo();
     const WorkspaceState before = std::exchange(m_state, std::move(state));
     m_undoStore = std::move(history);
+    const bool isSelectionKept = before.selectedServiceItemID == m_state.selectedServiceItemID
+        && before.selectedSlideID == m_state.selectedSlideID
+        && before.selectedElementID == m_state.selectedElementID;
+    if (!isSelectionKept)
+        m_gesture.reset();
 
     // What differs is settled before the first signal: a slot may call another operation.
     QList<void (WorkspaceStore::*)()> signalsToEmit;
@@ -69,6 +70,8 @@ void WorkspaceStore::publish(WorkspaceState state, UndoRedoStore history)
         compare(before.*field != m_state.*field, signal);
     };
     compareField(&WorkspaceState::project, &WorkspaceStore::projectChanged);
+    if (!signalsToEmit.isEmpty())
+        m_flattenedSlides.reset();
     compareField(&WorkspaceState::selectedServiceItemID,
                  &WorkspaceStore::selectedServiceItemIDChanged);
     compareField(&WorkspaceState::selectedSlideID, &WorkspaceStore::selectedSlideIDChanged);

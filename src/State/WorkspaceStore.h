@@ -17,6 +17,9 @@ class QSettings;
 
 namespace quenara {
 
+/// Names one gesture of a store; the default value names none.
+enum class GestureID : quint64 {};
+
 /// The one observable state of the application: the open project, what is selected, queued and
 /// live, and the operations that change them. Views read it and call one operation for each thing
 /// the operator does.
@@ -80,6 +83,7 @@ public:
 
     // Derived values
 
+    /// Made once for each project, when it is first asked for.
     QList<FlattenedSlide> flattenedSlides() const;
     std::optional<SlideElement> selectedElement() const;
     /// The slide after the live one, none after the last; the first slide when none is live.
@@ -102,6 +106,21 @@ public:
     void toggleBlackout();
     void toggleLogo();
 
+    // Gestures (WorkspaceStoreEditing.cpp)
+
+    /// Opens a gesture, such as a drag or the typing into one field: all update operations until it
+    /// ends are one undo step together, or none while they leave the project as it was before. The
+    /// state at any moment is the one that ending the gesture then would leave.
+    ///
+    /// There is one at a time. What ends it: another one; undo and redo; any other edit, which is a
+    /// step of its own; a document loaded or saved, though not a failure to; a change of the
+    /// selected item, slide or layer. The id of an ended gesture does nothing.
+    GestureID beginGesture();
+    void endGesture(GestureID gesture);
+    /// Puts the project, the history and hasUnsavedChanges back to what they were before it.
+    void cancelGesture(GestureID gesture);
+    bool isGestureOpen(GestureID gesture) const;
+
     // Editing (WorkspaceStoreEditing.cpp); see RundownEdits.h for what each does
 
     void undo();
@@ -117,6 +136,20 @@ public:
     void moveSelectedSlide(qsizetype delta);
     void updateSelectedSlide(const std::function<void(Slide &)> &update);
     void applyTemplateToSelectedSlide(const QString &templateID);
+    void importSong(const QString &title, const QString &lyrics);
+
+    // Layers and background (WorkspaceStoreLayers.cpp); see LayerEdits.h for what each does
+
+    void addTextLayer(SlideElementKind kind);
+    void addShapeLayer();
+    /// Asks for a picture; nothing happens without a selected slide or without a picture.
+    void addImageLayerWithPanel();
+    void setBackgroundImageWithPanel();
+    void updateSelectedElement(const std::function<void(SlideElement &)> &update);
+    void duplicateSelectedElement();
+    void deleteSelectedElement();
+    void bringSelectedElementForward();
+    void sendSelectedElementBackward();
 
     // Documents (WorkspaceStoreDocuments.cpp); none asks before it drops unsaved changes
 
@@ -157,7 +190,18 @@ signals:
 private:
     using Edit = std::function<std::optional<WorkspaceState>(const WorkspaceState &)>;
 
+    /// What the open gesture began with.
+    struct Gesture
+    {
+        GestureID id;
+        ZelvoProject project;
+        UndoRedoStore history;
+        bool hadUnsavedChanges;
+    };
+
+    void updateProject(const Edit &edit);
     void editProject(const Edit &edit);
+    std::optional<SlideMedia> pictureFromPanel();
     void restore(std::optional<ZelvoProject> project, UndoRedoStore history);
     void load(ZelvoProject project, const std::optional<QUrl> &fileURL);
     void save(const QUrl &url);
@@ -168,6 +212,9 @@ private:
     Surroundings m_surroundings;
     WorkspaceState m_state;
     UndoRedoStore m_undoStore;
+    std::optional<Gesture> m_gesture;
+    GestureID m_lastGesture{};
+    mutable std::optional<QList<FlattenedSlide>> m_flattenedSlides; ///< of the project as it is
 };
 
 } // namespace quenara

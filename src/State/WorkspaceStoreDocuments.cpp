@@ -22,6 +22,7 @@ void WorkspaceStore::load(ZelvoProject project, const std::optional<QUrl> &fileU
         next.recentProjects = RecentProjectsStore::add(m_surroundings.preferences, *fileURL,
                                                        next.project.name, m_surroundings.now());
     }
+    m_gesture.reset();
     publish(edits::startAtFirstSlide(std::move(next)), UndoRedoStore());
 }
 
@@ -87,6 +88,7 @@ void WorkspaceStore::save(const QUrl &url)
     next.hasUnsavedChanges = false;
     next.recentProjects =
         RecentProjectsStore::add(m_surroundings.preferences, url, next.project.name, now);
+    m_gesture.reset();
     publish(std::move(next));
 }
 

@@ -7,18 +7,59 @@
 
 namespace quenara {
 
-/// The one path by which the open document changes.
-void WorkspaceStore::editProject(const Edit &edit)
+/// The one path by which the open document changes. Inside a gesture the step goes from where the
+/// gesture began, and there is none while the project is as it was then.
+void WorkspaceStore::updateProject(const Edit &edit)
 {
     std::optional<WorkspaceState> edited = edit(m_state);
     if (!edited)
         return;
-    UndoRedoStore history = m_undoStore;
-    history.registerSnapshot(m_state.project);
     edited->project = ProjectNormalizer::withMirroredOrder(std::move(edited->project));
     edited = edits::repairSelection(*std::move(edited));
-    edited->hasUnsavedChanges = true;
+    UndoRedoStore history = m_gesture ? m_gesture->history : m_undoStore;
+    if (m_gesture && edited->project == m_gesture->project) {
+        edited->hasUnsavedChanges = m_gesture->hadUnsavedChanges;
+    } else {
+        history.registerSnapshot(m_gesture ? m_gesture->project : m_state.project);
+        edited->hasUnsavedChanges = true;
+    }
     publish(*std::move(edited), std::move(history));
+}
+
+/// For the edits that are a step of their own.
+void WorkspaceStore::editProject(const Edit &edit)
+{
+    m_gesture.reset();
+    updateProject(edit);
+}
+
+GestureID WorkspaceStore::beginGesture()
+{
+    m_lastGesture = GestureID(quint64(m_lastGesture) + 1);
+    m_gesture = {m_lastGesture, m_state.project, m_undoStore, m_state.hasUnsavedChanges};
+    return m_lastGesture;
+}
+
+void WorkspaceStore::endGesture(GestureID gesture)
+{
+    if (isGestureOpen(gesture))
+        m_gesture.reset();
+}
+
+void WorkspaceStore::cancelGesture(GestureID gesture)
+{
+    if (!isGestureOpen(gesture))
+        return;
+    const Gesture cancelled = *std::exchange(m_gesture, std::nullopt);
+    WorkspaceState next = m_state;
+    next.project = cancelled.project;
+    next.hasUnsavedChanges = cancelled.hadUnsavedChanges;
+    publish(edits::repairSelection(std::move(next)), cancelled.history);
+}
+
+bool WorkspaceStore::isGestureOpen(GestureID gesture) const
+{
+    return m_gesture && m_gesture->id == gesture;
 }
 
 void WorkspaceStore::restore(std::optional<ZelvoProject> project, UndoRedoStore history)
@@ -34,6 +75,7 @@ void WorkspaceStore::restore(std::optional<ZelvoProject> project, UndoRedoStore 
 
 void WorkspaceStore::undo()
 {
+    m_gesture.reset();
     UndoRedoStore history = m_undoStore;
     std::optional<ZelvoProject> project = history.undo(m_state.project);
     restore(std::move(project), std::move(history));
@@ -41,6 +83,7 @@ void WorkspaceStore::undo()
 
 void WorkspaceStore::redo()
 {
+    m_gesture.reset();
     UndoRedoStore history = m_undoStore;
     std::optional<ZelvoProject> project = history.redo(m_state.project);
     restore(std::move(project), std::move(history));
@@ -48,7 +91,7 @@ void WorkspaceStore::redo()
 
 void WorkspaceStore::updateProjectName(const QString &name)
 {
-    editProject([&](const WorkspaceState &state) { return edits::renameProject(state, name); });
+    updateProject([&](const WorkspaceState &state) { return edits::renameProject(state, name); });
 }
 
 void WorkspaceStore::addServiceItem(ServiceItemType type)
@@ -56,10 +99,16 @@ void WorkspaceStore::addServiceItem(ServiceItemType type)
     editProject([&](const WorkspaceState &state) { return edits::addServiceItem(state, type); });
 }
 
+void WorkspaceStore::importSong(const QString &title, const QString &lyrics)
+{
+    editProject(
+        [&](const WorkspaceState &state) { return edits::importSong(state, title, lyrics); });
+}
+
 void WorkspaceStore::updateServiceItem(const QString &id,
                                        const std::function<void(ServiceItem &)> &update)
 {
-    editProject(
+    updateProject(
         [&](const WorkspaceState &state) { return edits::updateServiceItem(state, id, update); });
 }
 
@@ -97,7 +146,7 @@ void WorkspaceStore::moveSelectedSlide(qsizetype delta)
 
 void WorkspaceStore::updateSelectedSlide(const std::function<void(Slide &)> &update)
 {
-    editProject(
+    updateProject(
         [&](const WorkspaceState &state) { return edits::updateSelectedSlide(state, update); });
 }
 

@@ -1,0 +1,188 @@
+#include "LayerEdits.h"
+
+#include "Identifier.h"
+#include "Show.h"
+
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+namespace quenara::edits {
+
+namespace {
+
+using Elements = QList<SlideElement>;
+
+bool isBelow(const SlideElement &a, const SlideElement &b)
+{
+    return a.zIndex < b.zIndex;
+}
+
+/// The next zIndex above one, if there is any: documents may hold the last one. A layer that is
+/// appended to the list is drawn above its equals.
+std::int64_t above(std::int64_t zIndex)
+{
+    return zIndex == std::numeric_limits<std::int64_t>::max() ? zIndex : zIndex + 1;
+}
+
+std::int64_t below(std::int64_t zIndex)
+{
+    return zIndex == std::numeric_limits<std::int64_t>::min() ? zIndex : zIndex - 1;
+}
+
+void appendOnTop(Elements &elements, SlideElement layer)
+{
+    const auto highest = std::max_element(elements.cbegin(), elements.cend(), isBelow);
+    layer.zIndex = above(highest == elements.cend() ? 0 : highest->zIndex);
+    elements.append(std::move(layer));
+}
+
+Edited selecting(Edited edited, const std::optional<QString> &elementID)
+{
+    if (edited)
+        edited->selectedElementID = elementID;
+    return edited;
+}
+
+Edited addLayer(WorkspaceState state, const SlideElement &layer)
+{
+    Edited edited = updateSelectedSlide(
+        std::move(state), [&](Slide &slide) { appendOnTop(slide.design.elements, layer); });
+    return selecting(std::move(edited), layer.id);
+}
+
+/// Lets \a change work on the layers of the selected slide and the index of the selected one.
+Edited changeSelectedElement(WorkspaceState state,
+                             const std::function<void(Elements &, qsizetype)> &change)
+{
+    const auto position = positionOf(state.project, state.selectedSlideID);
+    if (!position)
+        return std::nullopt;
+    const auto index = elementIndex(slideAt(state.project, *position), state.selectedElementID);
+    if (!index)
+        return std::nullopt;
+    return updateSelectedSlide(std::move(state),
+                               [&](Slide &slide) { change(slide.design.elements, *index); });
+}
+
+SlideElement newLayer(const QString &name, SlideElementKind kind, const CanvasFrame &frame)
+{
+    SlideElement layer;
+    layer.id = newIdentifier();
+    layer.name = name;
+    layer.kind = kind;
+    layer.frame = frame;
+    return layer;
+}
+
+QString nameOfText(SlideElementKind kind)
+{
+    switch (kind) {
+    case SlideElementKind::scriptureText:
+        return QStringLiteral("Scripture");
+    case SlideElementKind::songLyricText:
+        return QStringLiteral("Lyric");
+    default:
+        return QStringLiteral("Text");
+    }
+}
+
+QString firstText(SlideElementKind kind)
+{
+    switch (kind) {
+    case SlideElementKind::scriptureText:
+        return QStringLiteral("Scripture text");
+    case SlideElementKind::songLyricText:
+        return QStringLiteral("Lyric text");
+    default:
+        return QStringLiteral("New text");
+    }
+}
+
+} // namespace
+
+Edited addTextLayer(WorkspaceState state, SlideElementKind kind)
+{
+    SlideElement layer = newLayer(nameOfText(kind), kind, {360, 370, 1200, 240});
+    layer.text = TextElementProperties::lyric(firstText(kind));
+    return addLayer(std::move(state), layer);
+}
+
+Edited addShapeLayer(WorkspaceState state)
+{
+    SlideElement layer =
+        newLayer(QStringLiteral("Shape"), SlideElementKind::shape, {420, 420, 1080, 190});
+    layer.opacity = 0.55;
+    layer.shape = ShapeProperties{.kind = ShapeKind::rectangle,
+                                  .fill = {0, 0, 0, 0.45},
+                                  .stroke = RGBAColor::amber,
+                                  .strokeWidth = 0,
+                                  .cornerRadius = 16};
+    return addLayer(std::move(state), layer);
+}
+
+Edited addImageLayer(WorkspaceState state, const SlideMedia &media)
+{
+    SlideElement layer =
+        newLayer(QStringLiteral("Image"), SlideElementKind::image, {480, 270, 960, 540});
+    layer.image = media;
+    return addLayer(std::move(state), layer);
+}
+
+Edited setBackgroundImage(WorkspaceState state, const SlideMedia &media)
+{
+    return updateSelectedSlide(std::move(state), [&](Slide &slide) {
+        slide.design.background.kind = SlideBackgroundKind::image;
+        slide.design.background.image = media;
+    });
+}
+
+Edited updateSelectedElement(WorkspaceState state,
+                             const std::function<void(SlideElement &)> &update)
+{
+    return changeSelectedElement(
+        std::move(state), [&](Elements &elements, qsizetype index) { update(elements[index]); });
+}
+
+Edited duplicateSelectedElement(WorkspaceState state)
+{
+    constexpr double offset = 42;
+    const QString id = newIdentifier();
+    Edited edited =
+        changeSelectedElement(std::move(state), [&](Elements &elements, qsizetype index) {
+            SlideElement copy = elements.at(index);
+            copy.id = id;
+            copy.name += QStringLiteral(" Copy");
+            copy.frame.x += offset;
+            copy.frame.y += offset;
+            appendOnTop(elements, std::move(copy));
+        });
+    return selecting(std::move(edited), id);
+}
+
+Edited deleteSelectedElement(WorkspaceState state)
+{
+    std::optional<QString> lowest;
+    Edited edited =
+        changeSelectedElement(std::move(state), [&](Elements &elements, qsizetype index) {
+            elements.removeAt(index);
+            std::stable_sort(elements.begin(), elements.end(), isBelow);
+            if (!elements.isEmpty())
+                lowest = elements.first().id;
+        });
+    return selecting(std::move(edited), lowest);
+}
+
+Edited bringSelectedElementForward(WorkspaceState state)
+{
+    return updateSelectedElement(
+        std::move(state), [](SlideElement &element) { element.zIndex = above(element.zIndex); });
+}
+
+Edited sendSelectedElementBackward(WorkspaceState state)
+{
+    return updateSelectedElement(
+        std::move(state), [](SlideElement &element) { element.zIndex = below(element.zIndex); });
+}
+
+} // namespace quenara::edits

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "RundownEdits.h"
+
+#include <functional>
+
+/// Edits of the selected slide's layers and background, as those of RundownEdits.h. Each brings the
+/// slide's body in step with its design; nothing comes back without a selected slide, or without a
+/// selected layer on it where one is needed.
+namespace quenara::edits {
+
+/// Adds a text of the standard lyric style on top, selected. Its name and its first text go by
+/// \a kind; every kind but scripture and lyric is plain text.
+Edited addTextLayer(WorkspaceState state, SlideElementKind kind);
+
+/// Adds a translucent rectangle on top, selected.
+Edited addShapeLayer(WorkspaceState state);
+
+/// Adds \a media as a layer of half the canvas each way in its middle, on top, selected.
+Edited addImageLayer(WorkspaceState state, const SlideMedia &media);
+
+/// What else the background holds stays, for when its kind changes back.
+Edited setBackgroundImage(WorkspaceState state, const SlideMedia &media);
+
+Edited updateSelectedElement(WorkspaceState state,
+                             const std::function<void(SlideElement &)> &update);
+
+/// A copy under a new id on top, a little to the right and below; selected.
+Edited duplicateSelectedElement(WorkspaceState state);
+
+/// Puts the remaining layers in the order of their zIndex; the lowest is selected.
+Edited deleteSelectedElement(WorkspaceState state);
+
+/// One step of zIndex, whatever the other layers have.
+Edited bringSelectedElementForward(WorkspaceState state);
+Edited sendSelectedElementBackward(WorkspaceState state);
+
+} // namespace quenara::edits

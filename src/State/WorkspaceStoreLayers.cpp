@@ -1,0 +1,69 @@
+#include "LayerEdits.h"
+#include "PictureFile.h"
+#include "WorkspaceStore.h"
+
+namespace quenara {
+
+void WorkspaceStore::addTextLayer(SlideElementKind kind)
+{
+    editProject([&](const WorkspaceState &state) { return edits::addTextLayer(state, kind); });
+}
+
+void WorkspaceStore::addShapeLayer()
+{
+    editProject(edits::addShapeLayer);
+}
+
+void WorkspaceStore::addImageLayerWithPanel()
+{
+    if (const std::optional<SlideMedia> picture = pictureFromPanel()) {
+        editProject(
+            [&](const WorkspaceState &state) { return edits::addImageLayer(state, *picture); });
+    }
+}
+
+void WorkspaceStore::setBackgroundImageWithPanel()
+{
+    if (const std::optional<SlideMedia> picture = pictureFromPanel()) {
+        editProject([&](const WorkspaceState &state) {
+            return edits::setBackgroundImage(state, *picture);
+        });
+    }
+}
+
+/// Asks only if there is a slide to put a picture on.
+std::optional<SlideMedia> WorkspaceStore::pictureFromPanel()
+{
+    if (!slideWithID(m_state.selectedSlideID))
+        return std::nullopt;
+    const std::optional<QUrl> url = m_surroundings.panels.run(zelvoImageOpenPanel());
+    return url ? pictureFromFile(*url) : std::nullopt;
+}
+
+void WorkspaceStore::updateSelectedElement(const std::function<void(SlideElement &)> &update)
+{
+    updateProject(
+        [&](const WorkspaceState &state) { return edits::updateSelectedElement(state, update); });
+}
+
+void WorkspaceStore::duplicateSelectedElement()
+{
+    editProject(edits::duplicateSelectedElement);
+}
+
+void WorkspaceStore::deleteSelectedElement()
+{
+    editProject(edits::deleteSelectedElement);
+}
+
+void WorkspaceStore::bringSelectedElementForward()
+{
+    editProject(edits::bringSelectedElementForward);
+}
+
+void WorkspaceStore::sendSelectedElementBackward()
+{
+    editProject(edits::sendSelectedElementBackward);
+}
+
+} // namespace quenara
