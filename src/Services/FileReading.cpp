@@ -5,11 +5,11 @@
 
 namespace quenara {
 
-std::optional<QByteArray> wholeFile(const QUrl &url)
+std::optional<QByteArray> wholeFile(const QUrl &url, qint64 limit)
 {
     // A pipe or a device might never come to its end.
     QFile file(url.toLocalFile());
-    if (!url.isLocalFile() || !QFileInfo(file).isFile() || file.size() > largestFile
+    if (!url.isLocalFile() || !QFileInfo(file).isFile() || file.size() > limit
         || !file.open(QIODevice::ReadOnly))
         return std::nullopt;
     QByteArray bytes = file.readAll();

@@ -11,7 +11,7 @@ namespace quenara {
 inline constexpr qint64 largestFile = 4'000'000'000;
 
 /// The bytes of the file, all of them. Nothing if it cannot be read to its end, is no plain file
-/// of this machine or is larger than largestFile. Throws std::bad_alloc.
-std::optional<QByteArray> wholeFile(const QUrl &url);
+/// of this machine or is larger than \a limit. Throws std::bad_alloc.
+std::optional<QByteArray> wholeFile(const QUrl &url, qint64 limit = largestFile);
 
 } // namespace quenara

@@ -47,10 +47,8 @@ QString pictureType(const QByteArray &bytes)
 
 std::optional<SlideMedia> embedded(const QUrl &url)
 {
-    const std::optional<QByteArray> bytes = wholeFile(url);
-    if (!bytes || bytes->size() > largestPicture)
-        return std::nullopt;
-    const QString type = pictureType(*bytes);
+    const std::optional<QByteArray> bytes = wholeFile(url, largestPicture);
+    const QString type = bytes ? pictureType(*bytes) : QString();
     if (type.isEmpty())
         return std::nullopt;
     return SlideMedia{.dataUrl = "data:" + type.toLatin1() + ";base64," + bytes->toBase64(),

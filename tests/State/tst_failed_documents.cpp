@@ -8,9 +8,7 @@
 #include <QTest>
 
 #include <functional>
-#include <sys/resource.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 using namespace quenara;
 using namespace quenara::test;
@@ -32,11 +30,8 @@ QStringList entriesOf(const QString &path)
 }
 
 /// Everything that a failure must leave alone, the preferences' bytes included.
-struct Everything
+struct Everything : Snapshot
 {
-    WorkspaceState state;
-    QList<ZelvoProject> undoStack;
-    QList<ZelvoProject> redoStack;
     QByteArray preferences;
 
     bool operator==(const Everything &) const = default;
@@ -45,8 +40,7 @@ struct Everything
 Everything everythingOf(World &world)
 {
     world.preferences.sync();
-    return {world.store.state(), world.store.undoStore().undoStack(),
-            world.store.undoStore().redoStack(), bytesOf(world.preferences.fileName())};
+    return {snapshotOf(world.store), bytesOf(world.preferences.fileName())};
 }
 
 /// A world in the midst of work: a saved document with edits since, both stacks filled, an output
@@ -85,18 +79,13 @@ void compareButForTheMessage(World &world, Everything before, ProjectFileError::
 /// but the message changed there.
 int statusOfOpening(World &world, const QUrl &url, const std::function<bool()> &prepared)
 {
-    WorkspaceState expected = world.store.state();
-    expected.errorMessage = ProjectFileError(ProjectFileError::unableToRead).description();
-    const UndoRedoStore history = world.store.undoStore();
+    Snapshot expected = snapshotOf(world.store);
+    expected.state.errorMessage = ProjectFileError(ProjectFileError::unableToRead).description();
     return statusOfProcess([&] {
         if (!prepared())
             return 1;
         world.store.openProject(url);
-        return world.store.state() == expected
-                && world.store.undoStore().undoStack() == history.undoStack()
-                && world.store.undoStore().redoStack() == history.redoStack()
-            ? 0
-            : 2;
+        return snapshotOf(world.store) == expected ? 0 : 2;
     });
 }
 
@@ -183,11 +172,7 @@ private slots:
         file.write("{\"slides\":[{}" + QByteArray(",{}").repeated(5'000'000) + "]}");
         file.close();
         const Everything before = everythingOf(world);
-        const auto limited = [] {
-            constexpr rlim_t someMemory = 600'000'000;
-            const rlimit limit{someMemory, someMemory};
-            return ::setrlimit(RLIMIT_AS, &limit) == 0;
-        };
+        const auto limited = [] { return limitMemory(600'000'000); };
         QCOMPARE(statusOfOpening(world, QUrl::fromLocalFile(file.fileName()), limited), 0);
         QVERIFY(everythingOf(world) == before); // the preferences, which the child could reach
     }
@@ -198,10 +183,8 @@ private slots:
         const Everything before = everythingOf(world);
         QCOMPARE(::chmod(QFile::encodeName(world.folder.path()).constData(), 0755), 0);
         QVERIFY(QFile::setPermissions(world.saved.toLocalFile(), {}));
-        // Root may read every file, so a process without privileges tries.
-        constexpr uid_t nobody = 65534;
-        const auto unprivileged = [] { return ::geteuid() != 0 || ::setuid(nobody) == 0; };
-        QCOMPARE(statusOfOpening(world, world.saved, unprivileged), 0);
+        // Root may read every file.
+        QCOMPARE(statusOfOpening(world, world.saved, dropPrivileges), 0);
         QVERIFY(everythingOf(world) == before);
     }
 

@@ -1,5 +1,6 @@
 #include "ChildProcess.h"
 
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -13,6 +14,18 @@ int statusOfProcess(const std::function<int()> &work)
     int status = 0;
     ::waitpid(process, &status, 0);
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+bool dropPrivileges()
+{
+    constexpr uid_t nobody = 65534;
+    return ::geteuid() != 0 || ::setuid(nobody) == 0;
+}
+
+bool limitMemory(std::size_t bytes)
+{
+    const rlimit limit{bytes, bytes};
+    return ::setrlimit(RLIMIT_AS, &limit) == 0;
 }
 
 } // namespace quenara::test

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <functional>
 
 namespace quenara::test {
@@ -7,5 +8,12 @@ namespace quenara::test {
 /// Runs \a work in a process of its own, a copy of this one; the status with which it ended, -1 if
 /// a signal ended it.
 int statusOfProcess(const std::function<int()> &work);
+
+/// Makes this process, if it is root's, that of a user who owns nothing; true if it is no root's
+/// then.
+bool dropPrivileges();
+
+/// Leaves this process no more than \a bytes of address space; true if that was possible.
+bool limitMemory(std::size_t bytes);
 
 } // namespace quenara::test

@@ -9,6 +9,7 @@ namespace quenara::test {
 std::optional<QUrl> PreparedPanels::run(const FilePanel &panel)
 {
     asked.append(panel);
+    whileOpen();
     return answer;
 }
 
@@ -65,6 +66,19 @@ World::World(const ZelvoProject &project)
 QUrl World::fileUrl(const QString &name) const
 {
     return QUrl::fromLocalFile(folder.filePath(name));
+}
+
+QUrl World::written(const QString &name, const QByteArray &bytes) const
+{
+    QFile file(folder.filePath(name));
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
+        qFatal("cannot write %s", qPrintable(file.fileName()));
+    return fileUrl(name);
+}
+
+Snapshot snapshotOf(const WorkspaceStore &store)
+{
+    return {store.state(), store.undoStore().undoStack(), store.undoStore().redoStack()};
 }
 
 Selection selectionOf(const WorkspaceState &state)

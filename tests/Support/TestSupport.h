@@ -9,6 +9,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <functional>
 #include <optional>
 
 /// Lets a failed comparison of identifiers print them.
@@ -26,6 +27,7 @@ class PreparedPanels : public FilePanelRunner
 public:
     std::optional<QUrl> answer; ///< absent: the operator cancels
     QList<FilePanel> asked;
+    std::function<void()> whileOpen = [] {}; ///< what happens until the operator answers
 
     std::optional<QUrl> run(const FilePanel &panel) override;
 };
@@ -51,6 +53,8 @@ struct World
     explicit World(const ZelvoProject &project);
 
     QUrl fileUrl(const QString &name) const;
+    /// fileUrl() of a file that is made to hold \a bytes.
+    QUrl written(const QString &name, const QByteArray &bytes) const;
 };
 
 /// The ids of a store that point into its project, as one comparable value.
@@ -65,6 +69,18 @@ struct Selection
     bool operator==(const Selection &) const = default;
 };
 Selection selectionOf(const WorkspaceState &state);
+
+/// The document with its history and what points into it: what an operation that does nothing
+/// leaves alone.
+struct Snapshot
+{
+    WorkspaceState state;
+    QList<ZelvoProject> undoStack;
+    QList<ZelvoProject> redoStack;
+
+    bool operator==(const Snapshot &) const = default;
+};
+Snapshot snapshotOf(const WorkspaceStore &store);
 
 /// The ids of all slides of the show in order, read off the stored lists.
 QStringList slideIDs(const ZelvoProject &project);

@@ -1,0 +1,171 @@
+#include "ChildProcess.h"
+#include "PictureFile.h"
+#include "Pictures.h"
+#include "TestSupport.h"
+
+#include <QDir>
+#include <QFile>
+#include <QLoggingCategory>
+#include <QTest>
+
+#include <sys/stat.h>
+
+using namespace quenara;
+using namespace quenara::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QByteArray picture(const char *format)
+{
+    return encoded(quarters({48, 32}), format);
+}
+
+QByteArray halfOf(const char *format)
+{
+    const QByteArray whole = encoded(quarters({640, 480}), format);
+    return whole.first(whole.size() / 2);
+}
+
+const QByteArray drawing = R"(<svg xmlns="http://www.w3.org/2000/svg" width="48" height="32">
+  <rect width="24" height="16" fill="#ff0000"/>
+</svg>)";
+
+QByteArray declared(const QByteArray &markup)
+{
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n" + markup;
+}
+
+} // namespace
+
+class TestPictureFile : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase()
+    {
+        // What Qt says of broken pictures.
+        QLoggingCategory::setFilterRules(u"qt.gui.imageio*=false\nqt.svg*=false"_s);
+    }
+
+    void aPictureIsEmbeddedWithTheTypeOfItsContent_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QString>("type");
+        const auto row = [](const QString &name, const QByteArray &bytes, const QString &type) {
+            QTest::newRow(qPrintable(name)) << name << bytes << type;
+        };
+        const QByteArray longComment = "<!-- " + QByteArray(2000, 'x') + " -->\n";
+        row(u"picture.png"_s, picture("PNG"), u"image/png"_s);
+        row(u"picture.jpg"_s, picture("JPG"), u"image/jpeg"_s);
+        row(u"picture.webp"_s, picture("WEBP"), u"image/webp"_s);
+        row(u"picture.bmp"_s, picture("BMP"), u"image/bmp"_s);
+        row(u"picture.tiff"_s, picture("TIFF"), u"image/tiff"_s);
+        row(u"picture.gif"_s,
+            QByteArray::fromBase64("R0lGODlhAQABAIAAAAAAAP///yH5BAEAAAAALAAAAAABAAEAAAIBRAA7"),
+            u"image/gif"_s);
+        row(u"drawing.svg"_s, drawing, u"image/svg+xml"_s);
+        row(u"declared.svg"_s, declared(drawing), u"image/svg+xml"_s);
+        row(u"commented.svg"_s, declared(longComment + drawing), u"image/svg+xml"_s);
+        row(u"cut short.jpg"_s, halfOf("JPG"), u"image/jpeg"_s);
+        row(u"cut short.bmp"_s, halfOf("BMP"), u"image/bmp"_s);
+        row(u"a PNG called.jpg"_s, picture("PNG"), u"image/png"_s);
+        row(u"a JPEG called.png"_s, picture("JPG"), u"image/jpeg"_s);
+        row(u"a PNG called.txt"_s, picture("PNG"), u"image/png"_s);
+        row(u"a drawing called.jpg"_s, declared(drawing), u"image/svg+xml"_s);
+        row(u"without a suffix"_s, picture("JPG"), u"image/jpeg"_s);
+        row(u"Grüße, 100% \u6b4c #1?.png"_s, picture("PNG"), u"image/png"_s);
+    }
+
+    void aPictureIsEmbeddedWithTheTypeOfItsContent()
+    {
+        QFETCH(QString, name);
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, type);
+        const World world;
+        const SlideMedia expected{.dataUrl =
+                                      "data:" + type.toLatin1() + ";base64," + bytes.toBase64(),
+                                  .name = name,
+                                  .mimeType = type};
+        QCOMPARE(pictureFromFile(world.written(name, bytes)), expected);
+    }
+
+    void whatIsNoPictureIsNotTaken_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QByteArray>("bytes");
+        const auto row = [](const QString &name, const QByteArray &bytes) {
+            QTest::newRow(qPrintable(name)) << name << bytes;
+        };
+        row(u"empty.png"_s, {});
+        row(u"a text called.png"_s, "Only words.\n");
+        row(u"a page called.svg"_s, "<!DOCTYPE html><html><body>Words</body></html>");
+        row(u"other markup called.svg"_s, declared("<score><note/></score>"));
+        row(u"a drawing's beginning.svg"_s, declared(drawing).first(100));
+        row(u"a project called.png"_s, dataBytes(u"current.quenara"_s));
+        row(u"a PNG's beginning.png"_s, picture("PNG").first(40));
+        row(u"a PNG's signature.png"_s, picture("PNG").first(8));
+        row(u"cut short.png"_s, halfOf("PNG"));
+        row(u"a JPEG's beginning.jpg"_s, picture("JPG").first(20));
+        row(u"zeros.jpg"_s, QByteArray(4096, '\0'));
+        row(u"a document of another kind.png"_s, "%PDF-1.4\n1 0 obj\n<<>>\nendobj\n");
+    }
+
+    void whatIsNoPictureIsNotTaken()
+    {
+        QFETCH(QString, name);
+        QFETCH(QByteArray, bytes);
+        const World world;
+        QVERIFY(!pictureFromFile(world.written(name, bytes)));
+    }
+
+    void aPlaceWithoutAFileIsNotTaken()
+    {
+        const World world;
+        const QString pipe = world.folder.filePath(u"pipe.png"_s);
+        QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+        QVERIFY(QDir(world.folder.path()).mkdir(u"folder.png"_s));
+        for (const QUrl &url :
+             {world.fileUrl(u"missing.png"_s), world.fileUrl(u"folder.png"_s),
+              world.fileUrl(u"pipe.png"_s), QUrl::fromLocalFile(u"/dev/zero"_s), QUrl(),
+              QUrl(u"https://example.org/picture.png"_s), QUrl(u"picture.png"_s)})
+            QVERIFY2(!pictureFromFile(url), qPrintable(url.toString()));
+    }
+
+    void aFileWithoutLeaveToReadIsNotTaken()
+    {
+        const World world;
+        const QUrl url = world.written(u"picture.png"_s, picture("PNG"));
+        QCOMPARE(::chmod(QFile::encodeName(world.folder.path()).constData(), 0755), 0);
+        QVERIFY(QFile::setPermissions(url.toLocalFile(), {}));
+        // Root may read every file.
+        QCOMPARE(statusOfProcess([&] { return dropPrivileges() && !pictureFromFile(url) ? 0 : 1; }),
+                 0);
+    }
+
+    void aFileThatNoDocumentCouldHoldIsNotTaken()
+    {
+        const World world;
+        const QUrl url = world.written(u"large.png"_s, picture("PNG"));
+        QVERIFY(QFile::resize(url.toLocalFile(), 3'000'000'001));
+        QVERIFY(!pictureFromFile(url));
+    }
+
+    void aFileBeyondTheMemoryIsNotTaken()
+    {
+#ifdef __SANITIZE_ADDRESS__
+        QSKIP("the sanitizer needs more address space than any limit leaves");
+#endif
+        const World world;
+        const QUrl url = world.written(u"large.png"_s, picture("PNG"));
+        QVERIFY(QFile::resize(url.toLocalFile(), 2'000'000'000));
+        QCOMPARE(statusOfProcess(
+                     [&] { return limitMemory(1'500'000'000) && !pictureFromFile(url) ? 0 : 1; }),
+                 0);
+    }
+};
+
+QTEST_MAIN(TestPictureFile)
+#include "tst_picture_file.moc"
