@@ -1,5 +1,6 @@
 #include "ProjectNormalizer.h"
 #include "ProjectTemplates.h"
+#include "Show.h"
 #include "TestSupport.h"
 
 #include <QRandomGenerator>
@@ -239,6 +240,13 @@ bool isSlideSelected(const Run &run)
     return run.model.knows(run.model.at.slide);
 }
 
+bool isLayerSelected(const Run &run)
+{
+    const qsizetype index = run.model.indexOf(run.model.at.slide);
+    return index >= 0 && run.model.at.element
+        && run.model.show.at(index).layers.contains(*run.model.at.element);
+}
+
 const QList<Edit> &edits()
 {
     static const QList<Edit> all = {
@@ -303,6 +311,43 @@ const QList<Edit> &edits()
                 templates.at(run.random.bounded(int(templates.size()))).id);
             return isSlideSelected(run);
         },
+        [](Run &run) {
+            run.store().importSong(u"Song"_s, u"a\n\n"_s.repeated(run.random.bounded(3)));
+            return true;
+        },
+        [](Run &run) {
+            run.store().addTextLayer(SlideElementKind(run.random.bounded(6)));
+            return isSlideSelected(run);
+        },
+        [](Run &run) {
+            run.store().addShapeLayer();
+            return isSlideSelected(run);
+        },
+        [](Run &run) {
+            const int number = run.random.bounded(100);
+            run.store().updateSelectedElement([number](SlideElement &element) {
+                element.zIndex = number;
+                if (number % 5 == 0)
+                    element.id = u"layer %1"_s.arg(number);
+            });
+            return isLayerSelected(run);
+        },
+        [](Run &run) {
+            run.store().duplicateSelectedElement();
+            return isLayerSelected(run);
+        },
+        [](Run &run) {
+            run.store().deleteSelectedElement();
+            return isLayerSelected(run);
+        },
+        [](Run &run) {
+            run.store().bringSelectedElementForward();
+            return isLayerSelected(run);
+        },
+        [](Run &run) {
+            run.store().sendSelectedElementBackward();
+            return isLayerSelected(run);
+        },
     };
     return all;
 }
@@ -315,6 +360,7 @@ void compare(const Run &run)
     QCOMPARE(store.outputMode(), run.model.mode);
     QCOMPARE(store.undoStore().undoStack(), run.model.past);
     QCOMPARE(store.undoStore().redoStack(), run.model.future);
+    QCOMPARE(store.flattenedSlides(), flattenedSlides(store.project()));
     const qsizetype live = run.model.indexOf(run.model.at.live);
     const Id next = live + 1 < run.model.show.size() ? Id(run.model.show.at(live + 1).slide) : Id();
     QCOMPARE(store.nextSlide() ? Id(store.nextSlide()->id) : Id(), next);

@@ -3,12 +3,14 @@
 #include "Records.h"
 #include "RundownEdits.h"
 #include "Show.h"
+#include "SongImportService.h"
 #include "TestSupport.h"
 
 #include <QRegularExpression>
 #include <QTest>
 
 #include <functional>
+#include <limits>
 
 using namespace quenara;
 using namespace quenara::test;
@@ -42,6 +44,9 @@ Edit rewriteText(const QString &text)
 }
 
 const Edit addSong = [](WorkspaceStore &store) { store.addServiceItem(ServiceItemType::song); };
+const Edit importSong = [](WorkspaceStore &store) {
+    store.importSong(u"Song"_s, u"[Verse 1]\na\n\nTag:\nb"_s);
+};
 const Edit applyClosing = [](WorkspaceStore &store) {
     store.applyTemplateToSelectedSlide(u"closing"_s);
 };
@@ -124,6 +129,8 @@ private slots:
 
         row("an item is appended", u"A2", u"B1", addSong,
             u"A: A1 A2 A3 | B: B1 | C: C1 C2 | new: new", u"new", u"B1");
+        row("a song is appended", u"A2", u"B1", importSong,
+            u"A: A1 A2 A3 | B: B1 | C: C1 C2 | new: new new", u"new", u"B1");
         row("a slide is appended to the selected item", u"A1", u"B1", addSlide,
             u"A: A1 A2 A3 new | B: B1 | C: C1 C2", u"new", u"B1");
         row("a copy follows its slide", u"A1", u"A1", duplicate,
@@ -246,17 +253,21 @@ private slots:
     void anItemBeyondTheRundownIsNoTarget_data()
     {
         QTest::addColumn<QString>("selected");
-        QTest::addColumn<int>("delta");
-        QTest::newRow("before the first") << u"A1"_s << -1;
-        QTest::newRow("after the last") << u"C1"_s << 1;
-        QTest::newRow("far before the first") << u"B1"_s << -2;
-        QTest::newRow("far after the last") << u"A1"_s << 3;
+        QTest::addColumn<qsizetype>("delta");
+        QTest::newRow("before the first") << u"A1"_s << qsizetype(-1);
+        QTest::newRow("after the last") << u"C1"_s << qsizetype(1);
+        QTest::newRow("far before the first") << u"B1"_s << qsizetype(-2);
+        QTest::newRow("far after the last") << u"A1"_s << qsizetype(3);
+        QTest::newRow("as far before as it goes")
+            << u"C1"_s << std::numeric_limits<qsizetype>::min();
+        QTest::newRow("as far after as it goes")
+            << u"C1"_s << std::numeric_limits<qsizetype>::max();
     }
 
     void anItemBeyondTheRundownIsNoTarget()
     {
         QFETCH(QString, selected);
-        QFETCH(int, delta);
+        QFETCH(qsizetype, delta);
         World world(showOf({3, 1, 2}));
         world.store.selectSlide(selected, true);
         const WorkspaceState before = world.store.state();
@@ -270,6 +281,8 @@ private slots:
         QTest::addColumn<Edit>("edit");
         QTest::newRow("a slide moved before its item") << moveSlide(-1);
         QTest::newRow("a slide moved beyond its item") << moveSlide(3);
+        QTest::newRow("a slide moved as far as it goes")
+            << moveSlide(std::numeric_limits<qsizetype>::max());
         QTest::newRow("an unknown item updated") << updateUnknownItem;
         QTest::newRow("the same name given")
             << Edit([](WorkspaceStore &store) { store.updateProjectName(store.project().name); });
@@ -318,6 +331,44 @@ private slots:
             .slides = {ProjectTemplates::slide(u"New Slide"_s, QString(), 0, templateID)}};
         QCOMPARE(withoutIdentifiers(world.store.project().serviceItems.last()),
                  withoutIdentifiers(expected));
+    }
+
+    void anImportedSongIsSelectedWithItsFirstSlide()
+    {
+        World world(showOf({1}));
+        world.store.setSongImportPresented(true);
+        importSong(world.store);
+        const ServiceItem &song = world.store.project().serviceItems.last();
+        ServiceItem expected =
+            SongImportService::serviceItem(u"Song"_s, u"[Verse 1]\na\n\nTag:\nb"_s, 1);
+        QCOMPARE(withoutIdentifiers(song), withoutIdentifiers(expected));
+        const QString first = song.slides.first().id;
+        const QString layer = song.slides.first().design.elements.first().id;
+        QCOMPARE(selectionOf(world.store.state()),
+                 (Selection{song.id, first, first, u"A1"_s, layer}));
+        QVERIFY(world.store.isSongImportPresented());
+    }
+
+    void aSongWithoutWordsLeavesNothingSelected()
+    {
+        World world(showOf({1}));
+        world.store.importSong(u""_s, u" \n"_s);
+        const ServiceItem &song = world.store.project().serviceItems.last();
+        QCOMPARE(song.title, u"Imported Song"_s);
+        QVERIFY(song.slides.isEmpty());
+        QCOMPARE(world.store.liveSlideID(), u"A1"_s);
+        const WorkspaceState &state = world.store.state();
+        QVERIFY(!state.selectedSlideID && !state.queuedSlideID && !state.selectedServiceItemID);
+        world.store.undo();
+        QCOMPARE(world.store.project(), showOf({1}));
+    }
+
+    void aSongImportedIntoAnEmptyProjectIsNotLive()
+    {
+        World world(ProjectTemplates::blankProject(someTime()));
+        importSong(world.store);
+        QVERIFY(world.store.queuedSlideID());
+        QVERIFY(!world.store.liveSlideID());
     }
 
     void aSlideAddedToAnEmptyRundownBringsItsOwnItem()

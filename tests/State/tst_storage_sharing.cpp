@@ -132,6 +132,34 @@ private slots:
         QVERIFY(isSharedWith(world.store.project(), edited));
     }
 
+    void theShowIsMadeOnceForEachProject()
+    {
+        World world(illustratedShow());
+        WorkspaceStore &store = world.store;
+        const QList<FlattenedSlide> first = store.flattenedSlides();
+        store.nextLive();
+        store.saveProjectAs();
+        QVERIFY(isSharedWith(store.flattenedSlides(), first));
+        store.duplicateSelectedSlide();
+        const QList<FlattenedSlide> second = store.flattenedSlides();
+        QCOMPARE(second.size(), first.size() + 1);
+        QVERIFY(isSharedWith(store.flattenedSlides(), second));
+        store.undo();
+        QCOMPARE(store.flattenedSlides(), first);
+        store.newBlankProject();
+        QVERIFY(store.flattenedSlides().isEmpty());
+    }
+
+    void aGestureThatComesBackSharesWhatItBeganWith()
+    {
+        World world(illustratedShow());
+        const ZelvoProject before = world.store.project();
+        const GestureID gesture = world.store.beginGesture();
+        world.store.updateProjectName(u"new"_s);
+        world.store.cancelGesture(gesture);
+        QVERIFY(isSharedWith(world.store.project(), before));
+    }
+
     void mediaIsSharedByAllThatCarryIt()
     {
         World world(illustratedShow());

@@ -249,6 +249,16 @@ private:
                 w.store.undo();
             },
             call(&WorkspaceStore::redo), "project canUndo canRedo");
+        row(
+            "a song imported", nothing, [](World &w) { w.store.importSong(u"Song"_s, u"a"_s); },
+            "project selectedServiceItemID selectedSlideID queuedSlideID selectedElementID "
+            "hasUnsavedChanges canUndo");
+        row("a layer added", nothing, call(&WorkspaceStore::addShapeLayer),
+            "project selectedElementID hasUnsavedChanges canUndo");
+        row("a layer raised", nothing, call(&WorkspaceStore::bringSelectedElementForward),
+            "project hasUnsavedChanges canUndo");
+        row("a picture that is not chosen", nothing, call(&WorkspaceStore::addImageLayerWithPanel),
+            "");
         row("a file that cannot be opened", nothing, openMissing, "errorMessage");
         row("an alert dismissed", openMissing, call(&WorkspaceStore::dismissError), "errorMessage");
         row("the start panel shown", nothing, call(&WorkspaceStore::showStartPanel),

@@ -1,0 +1,139 @@
+#include "EveryEdit.h"
+#include "ProjectNormalizer.h"
+#include "RandomProject.h"
+#include "Show.h"
+#include "TestSupport.h"
+
+#include <QHash>
+#include <QRandomGenerator>
+#include <QTest>
+
+using namespace quenara;
+using namespace quenara::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int projectCount = 60;
+
+/// \a project without what normalizing may fill in: bodies, missing slide images, and the designs
+/// of the slides that have no layers in \a original.
+ZelvoProject withoutRepairs(ZelvoProject project, const ZelvoProject &original)
+{
+    for (qsizetype i = 0; i < project.serviceItems.size(); ++i) {
+        QList<Slide> &slides = project.serviceItems[i].slides;
+        for (qsizetype j = 0; j < slides.size(); ++j) {
+            const Slide &before = original.serviceItems.at(i).slides.at(j);
+            slides[j].body.clear();
+            if (!before.image)
+                slides[j].image.reset();
+            if (before.design.elements.isEmpty())
+                slides[j].design = {};
+        }
+    }
+    return project;
+}
+
+/// How often each id of an item, a slide or a layer is there.
+QHash<QString, int> idCounts(const ZelvoProject &project)
+{
+    QHash<QString, int> counts;
+    for (const ServiceItem &item : project.serviceItems) {
+        ++counts[item.id];
+        for (const Slide &slide : item.slides) {
+            ++counts[slide.id];
+            for (const SlideElement &element : slide.design.elements)
+                ++counts[element.id];
+        }
+    }
+    return counts;
+}
+
+/// Selects a slide and a layer of it at random, with another slide live.
+void selectSomething(WorkspaceStore &store, QRandomGenerator &random)
+{
+    const QStringList ids = slideIDs(store.project());
+    if (ids.isEmpty())
+        return;
+    const auto anyID = [&] { return ids.at(random.bounded(int(ids.size()))); };
+    store.queueSlide(anyID());
+    store.goLive();
+    store.selectSlide(anyID(), true);
+    const QList<SlideElement> elements =
+        store.slideWithID(store.selectedSlideID())->design.elements;
+    if (!elements.isEmpty())
+        store.selectElement(elements.at(random.bounded(int(elements.size()))).id);
+}
+
+void compareSelectionWithProject(const WorkspaceState &state)
+{
+    for (const auto &id : {state.selectedSlideID, state.queuedSlideID, state.liveSlideID})
+        QVERIFY(!id || positionOf(state.project, id));
+    if (const auto position = positionOf(state.project, state.selectedSlideID)) {
+        QCOMPARE(state.selectedServiceItemID, state.project.serviceItems.at(position->item).id);
+        QVERIFY(!state.selectedElementID
+                || elementIndex(slideAt(state.project, *position), state.selectedElementID));
+    }
+}
+
+} // namespace
+
+class TestRandomEdits : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void anyEditOfAnyProjectKeepsToTheRules_data()
+    {
+        QTest::addColumn<int>("index");
+        for (int i = 0; i < everyEdit().size(); ++i)
+            QTest::newRow(everyEdit().at(i).name) << i;
+    }
+
+    void anyEditOfAnyProjectKeepsToTheRules()
+    {
+        QFETCH(int, index);
+        const NamedEdit &edit = everyEdit().at(index);
+        int stepCount = 0;
+        for (unsigned seed = 1; seed <= projectCount; ++seed) {
+            World world(randomProject(seed));
+            WorkspaceStore &store = world.store;
+            QRandomGenerator random(seed);
+            selectSomething(store, random);
+            const Snapshot snapshot = snapshotOf(store);
+            const ZelvoProject before = store.project();
+
+            edit.run(world);
+            if (!store.canUndo()) {
+                QVERIFY(snapshotOf(store) == snapshot);
+                continue;
+            }
+            ++stepCount;
+            const ZelvoProject after = store.project();
+            compareSelectionWithProject(store.state());
+            QCOMPARE(after, ProjectNormalizer::withMirroredOrder(after));
+            QCOMPARE(withoutRepairs(ProjectNormalizer::normalized(after), after),
+                     withoutRepairs(after, after));
+            QCOMPARE(store.flattenedSlides(), flattenedSlides(after));
+
+            // What the edit made has ids of its own; a slide's copy keeps those of its layers.
+            const QHash<QString, int> known = idCounts(before);
+            const QHash<QString, int> counts = idCounts(after);
+            for (auto it = counts.cbegin(); it != counts.cend(); ++it)
+                QVERIFY2(known.contains(it.key()) || it.value() == 1, qPrintable(it.key()));
+
+            QCOMPARE(store.undoStore().undoStack(), QList{before});
+            store.undo();
+            QCOMPARE(store.project(), before);
+            compareSelectionWithProject(store.state());
+            store.redo();
+            QCOMPARE(store.project(), after);
+            compareSelectionWithProject(store.state());
+            QVERIFY2(!QTest::currentTestFailed(), qPrintable(u"seed %1"_s.arg(seed)));
+        }
+        QVERIFY(stepCount > 0);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestRandomEdits)
+#include "tst_random_edits.moc"
