@@ -99,7 +99,11 @@ struct VideoBackground
     QString name;
     std::optional<QByteArray> dataUrl; ///< UTF-8 bytes that all copies share
 
-    bool operator==(const VideoBackground &) const = default;
+    bool operator==(const VideoBackground &other) const
+    {
+        return name == other.name && dataUrl.has_value() == other.dataUrl.has_value()
+            && (!dataUrl || areEqual(*dataUrl, *other.dataUrl));
+    }
     static constexpr auto fields()
     {
         return std::tuple{field("name", &VideoBackground::name),

@@ -7,6 +7,12 @@
 
 namespace quenara {
 
+/// a == b, but what the two share is not read through: media is large.
+inline bool areEqual(const QByteArray &a, const QByteArray &b)
+{
+    return a.size() == b.size() && (a.constData() == b.constData() || a == b);
+}
+
 /// Media carried inside the document; never a reference to a file by path.
 struct SlideMedia
 {
@@ -16,7 +22,10 @@ struct SlideMedia
     QString name; ///< file name as imported
     QString mimeType;
 
-    bool operator==(const SlideMedia &) const = default;
+    bool operator==(const SlideMedia &other) const
+    {
+        return areEqual(dataUrl, other.dataUrl) && name == other.name && mimeType == other.mimeType;
+    }
     static constexpr auto fields()
     {
         return std::tuple{field("dataUrl", &SlideMedia::dataUrl), field("name", &SlideMedia::name),
