@@ -4,6 +4,7 @@
 #include "Show.h"
 #include "WorkspaceStore.h"
 
+#include <QImage>
 #include <QSettings>
 #include <QTemporaryDir>
 
@@ -14,28 +15,58 @@ namespace quenara::bench {
 
 namespace {
 
-constexpr ProjectSize size{.slideCount = 10'000, .itemCount = 200};
+constexpr ProjectSize manySlides{.slideCount = 10'000, .itemCount = 200};
+constexpr ProjectSize someSlides{.slideCount = 1'000, .itemCount = 20};
+constexpr double editLimit = 4e6; ///< nanoseconds, with many slides
 constexpr int editCount = 60;
 constexpr int stride = 166; ///< spreads the edited slides over the whole show
 constexpr double heapLimit = 8.0 * 1024 * 1024;
 
-class NoPanels : public FilePanelRunner
+/// Chooses one small picture, always.
+class OnePicture : public FilePanelRunner
 {
 public:
-    std::optional<QUrl> run(const FilePanel & /*panel*/) override { return std::nullopt; }
+    OnePicture()
+    {
+        QImage image(64, 36, QImage::Format_RGB32);
+        image.fill(Qt::darkBlue);
+        if (!image.save(path()))
+            qFatal("cannot write %s", qPrintable(path()));
+    }
+
+    std::optional<QUrl> run(const FilePanel & /*panel*/) override
+    {
+        return QUrl::fromLocalFile(path());
+    }
+
+private:
+    QString path() const { return m_folder.filePath(QStringLiteral("picture.png")); }
+
+    QTemporaryDir m_folder;
 };
 
-/// A store on the generated project, with preferences of its own.
+/// A store on a generated project, with preferences of its own.
 struct Workspace
 {
     QTemporaryDir folder;
     QSettings preferences{folder.filePath(QStringLiteral("preferences.ini")), QSettings::IniFormat};
-    NoPanels panels;
-    WorkspaceStore store{generateProject(size), {.preferences = preferences, .panels = panels}};
+    OnePicture panels;
+    WorkspaceStore store;
+
+    explicit Workspace(const ProjectSize &size)
+        : store(generateProject(size), {.preferences = preferences, .panels = panels})
+    {}
 
     QString slideID(qsizetype absolute) const
     {
         return slideAt(store.project(), *positionAt(store.project(), absolute)).id;
+    }
+
+    /// Selects the slide with its last layer.
+    void select(const QString &id)
+    {
+        store.selectSlide(id, true);
+        store.selectElement(store.slideWithID(id)->design.elements.constLast().id);
     }
 
     void rewriteText()
@@ -46,9 +77,68 @@ struct Workspace
         });
     }
 
+    /// One step of it.
+    void drag()
+    {
+        store.updateSelectedElement([](SlideElement &element) { element.frame.x += 1; });
+    }
+
 private:
     int m_editNumber = 0;
 };
+
+struct Edit
+{
+    const char *name;
+    std::function<void(WorkspaceStore &)> run;
+};
+
+Edit edit(const char *name, void (WorkspaceStore::*operation)())
+{
+    return {name, [operation](WorkspaceStore &store) { (store.*operation)(); }};
+}
+
+QList<Edit> allEdits()
+{
+    using Store = WorkspaceStore;
+    return {
+        {"renaming the project", [](Store &s) { s.updateProjectName(QStringLiteral("New")); }},
+        {"updating an item",
+         [](Store &s) {
+             s.updateServiceItem(*s.selectedServiceItemID(),
+                                 [](ServiceItem &item) { item.title += u'+'; });
+         }},
+        {"updating a slide",
+         [](Store &s) { s.updateSelectedSlide([](Slide &slide) { slide.title += u'+'; }); }},
+        {"updating a layer",
+         [](Store &s) {
+             s.updateSelectedElement([](SlideElement &element) { element.frame.x += 1; });
+         }},
+        {"adding an item", [](Store &s) { s.addServiceItem(ServiceItemType::song); }},
+        {"importing a song",
+         [](Store &s) {
+             s.importSong(QStringLiteral("Song"), QStringLiteral("a\nb\n\n").repeated(8));
+         }},
+        edit("deleting an item", &Store::deleteSelectedServiceItem),
+        {"moving an item down", [](Store &s) { s.moveSelectedServiceItem(1); }},
+        {"moving an item up", [](Store &s) { s.moveSelectedServiceItem(-1); }},
+        edit("adding a slide", &Store::addSlide),
+        edit("duplicating a slide", &Store::duplicateSelectedSlide),
+        edit("deleting a slide", &Store::deleteSelectedSlide),
+        {"moving a slide down", [](Store &s) { s.moveSelectedSlide(1); }},
+        {"moving a slide up", [](Store &s) { s.moveSelectedSlide(-1); }},
+        {"applying a template",
+         [](Store &s) { s.applyTemplateToSelectedSlide(QStringLiteral("closing")); }},
+        {"adding a text", [](Store &s) { s.addTextLayer(SlideElementKind::text); }},
+        edit("adding a shape", &Store::addShapeLayer),
+        edit("adding a picture", &Store::addImageLayerWithPanel),
+        edit("setting a background", &Store::setBackgroundImageWithPanel),
+        edit("duplicating a layer", &Store::duplicateSelectedElement),
+        edit("deleting a layer", &Store::deleteSelectedElement),
+        edit("raising a layer", &Store::bringSelectedElementForward),
+        edit("lowering a layer", &Store::sendSelectedElementBackward),
+    };
+}
 
 /// A plain copy of the bytes of all slide records.
 double copyOfTheSlides(const ZelvoProject &project)
@@ -71,7 +161,7 @@ double copyOfTheSlides(const ZelvoProject &project)
 Figure heapGrowth()
 {
     const double atFirst = heapInUse();
-    Workspace workspace;
+    Workspace workspace(manySlides);
     const double before = heapInUse();
     for (int i = 1; i <= editCount; ++i) {
         workspace.store.selectSlide(workspace.slideID(i * stride), true);
@@ -85,12 +175,99 @@ Figure heapGrowth()
             .limit = heapLimit};
 }
 
+/// The slowest of many things that were measured.
+struct Worst
+{
+    const char *name = "";
+    double value = 0;
+
+    void take(const char *other, double time)
+    {
+        if (time > value)
+            *this = {other, time};
+    }
+};
+
+struct WorstTimes
+{
+    Worst edit;
+    Worst undo;
+    Worst redo;
+};
+
+/// Every edit, its undo and its redo, each at its best of several runs, on the slide.
+void measureEdits(Workspace &workspace, const QString &slideID, WorstTimes &worst)
+{
+    constexpr int runs = 12;
+    WorkspaceStore &store = workspace.store;
+    // Each drops the show that was flattened before it.
+    const auto timeOf = [&store](Times &times, const std::function<void()> &operation) {
+        benchmark::DoNotOptimize(store.flattenedSlides().size());
+        times.measure(operation);
+    };
+    for (const Edit &edit : allEdits()) {
+        Times editing;
+        Times undoing;
+        Times redoing;
+        for (int i = 0; i < runs; ++i) {
+            workspace.select(slideID);
+            timeOf(editing, [&] { edit.run(store); });
+            timeOf(undoing, [&] { store.undo(); });
+            timeOf(redoing, [&] { store.redo(); });
+            store.undo();
+        }
+        worst.edit.take(edit.name, editing.best());
+        worst.undo.take(edit.name, undoing.best());
+        worst.redo.take(edit.name, redoing.best());
+    }
+}
+
+/// The worst of all edits at both ends and in the middle of a show, with a full history.
+QList<Figure> worstEdits(const ProjectSize &size, double limit)
+{
+    Workspace workspace(size);
+    workspace.select(workspace.slideID(size.slideCount / 2));
+    for (int i = 0; i < editCount; ++i)
+        workspace.rewriteText();
+    WorstTimes worst;
+    for (const int place : {0, size.slideCount / 2, size.slideCount - 1})
+        measureEdits(workspace, workspace.slideID(place), worst);
+
+    const double yardstick = copyOfTheSlides(workspace.store.project());
+    const auto figure = [&](const char *what, const Worst &slowest) {
+        return Figure{.name =
+                          QStringLiteral("%1 slides, %2: %3")
+                              .arg(size.slideCount)
+                              .arg(QString::fromLatin1(what), QString::fromLatin1(slowest.name)),
+                      .value = slowest.value,
+                      .yardstickName = QStringLiteral("memcpy of the slide records"),
+                      .yardstick = yardstick,
+                      .limit = limit};
+    };
+    return {figure("edit", worst.edit), figure("undo", worst.undo), figure("redo", worst.redo)};
+}
+
+/// In an item where every slide has a photograph of its own, on the last of them.
+Figure dragAmongPictures()
+{
+    Workspace workspace({.slideCount = 25, .itemCount = 1, .imageCount = 25});
+    workspace.select(workspace.slideID(24));
+    workspace.store.beginGesture();
+    return {.name = QStringLiteral("a step of a drag among 25 pictures"),
+            .value = nanosecondsOf([&] { workspace.drag(); }, [] {}),
+            .yardstickName = QStringLiteral("memcpy of the slide records"),
+            .yardstick = copyOfTheSlides(workspace.store.project()),
+            .limit = editLimit};
+}
+
 } // namespace
 
 QList<Figure> editingFigures()
 {
     QList<Figure> figures{heapGrowth()};
-    Workspace workspace;
+    figures += worstEdits(manySlides, editLimit) + worstEdits(someSlides, editLimit / 10);
+
+    Workspace workspace(manySlides);
     WorkspaceStore &store = workspace.store;
     const double yardstick = copyOfTheSlides(store.project());
     const auto add = [&](const char *name, double value) {
@@ -99,24 +276,18 @@ QList<Figure> editingFigures()
                         .yardstickName = QStringLiteral("memcpy of the slide records"),
                         .yardstick = yardstick});
     };
-    const auto undo = [&store] { store.undo(); };
-    const auto redo = [&store] { store.redo(); };
-
-    // From the middle of the show, with a full history.
-    store.selectSlide(workspace.slideID(size.slideCount / 2), true);
+    workspace.select(workspace.slideID(manySlides.slideCount / 2));
     store.goLive();
-    for (int i = 0; i < editCount; ++i)
-        workspace.rewriteText();
-    add("an edit of a slide's text", nanosecondsOf([&] { workspace.rewriteText(); }, [] {}));
-    add("an undo", nanosecondsOf(undo, redo));
-    undo();
-    add("a redo", nanosecondsOf(redo, undo));
+    const auto drag = [&workspace] { workspace.drag(); };
+    const GestureID gesture = store.beginGesture();
+    add("a step of a drag", nanosecondsOf(drag, [] {}));
+    store.endGesture(gesture);
     add("the next slide live",
         nanosecondsOf([&] { store.nextLive(); }, [&] { store.previousLive(); }));
-    add("the flattened show", nanoseconds([&](benchmark::State &state) {
-            for ([[maybe_unused]] auto iteration : state)
-                benchmark::DoNotOptimize(store.flattenedSlides().size());
-        }));
+    const auto readShow = [&] { benchmark::DoNotOptimize(store.flattenedSlides().size()); };
+    add("the flattened show after an edit", nanosecondsOf(readShow, drag));
+    add("the flattened show again", nanosecondsOf(readShow, [] {}));
+    figures.append(dragAmongPictures());
     return figures;
 }
 

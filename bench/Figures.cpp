@@ -1,5 +1,6 @@
 #include "Figures.h"
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <malloc.h>
@@ -8,6 +9,8 @@
 namespace quenara::bench {
 
 namespace {
+
+using Clock = std::chrono::steady_clock;
 
 /// Keeps what the benchmark library measures instead of printing it.
 class Collector : public benchmark::BenchmarkReporter
@@ -45,9 +48,16 @@ double nanoseconds(const TimedLoop &loop, bool isManual)
     return collector.nanoseconds;
 }
 
+void Times::measure(const std::function<void()> &operation)
+{
+    const Clock::time_point start = Clock::now();
+    operation();
+    const std::chrono::duration<double, std::nano> taken = Clock::now() - start;
+    m_best = std::min(m_best, taken.count());
+}
+
 double nanosecondsOf(const std::function<void()> &operation, const std::function<void()> &restore)
 {
-    using Clock = std::chrono::steady_clock;
     return nanoseconds(
         [&](benchmark::State &state) {
             for ([[maybe_unused]] auto iteration : state) {
@@ -71,7 +81,7 @@ void printTable(const QList<Figure> &figures)
 {
     const auto print = [](const QString &name, const QString &value, const QString &yardstickName,
                           const QString &yardstick, const QString &ratio, const QString &limit) {
-        std::printf("%-42s %12s   %-28s %12s %9s %10s\n", qPrintable(name), qPrintable(value),
+        std::printf("%-50s %12s   %-28s %12s %9s %10s\n", qPrintable(name), qPrintable(value),
                     qPrintable(yardstickName), qPrintable(yardstick), qPrintable(ratio),
                     qPrintable(limit));
     };

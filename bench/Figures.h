@@ -6,6 +6,7 @@
 #include <benchmark/benchmark.h>
 
 #include <functional>
+#include <limits>
 #include <optional>
 
 namespace quenara::bench {
@@ -33,6 +34,18 @@ double nanoseconds(const TimedLoop &loop, bool isManual = false);
 
 /// The time of \a operation alone in a loop where \a restore undoes it.
 double nanosecondsOf(const std::function<void()> &operation, const std::function<void()> &restore);
+
+/// The times of single runs, for what the machine's other work must not blur.
+class Times
+{
+public:
+    void measure(const std::function<void()> &operation);
+    /// The shortest in nanoseconds.
+    double best() const { return m_best; }
+
+private:
+    double m_best = std::numeric_limits<double>::infinity();
+};
 
 /// The bytes that the program holds of the heap.
 double heapInUse();
