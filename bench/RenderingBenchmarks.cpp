@@ -1,13 +1,12 @@
 #include "RenderingBenchmarks.h"
 
+#include "Photograph.h"
 #include "PictureCache.h"
 #include "ProjectTemplates.h"
 #include "SlideFonts.h"
 #include "SlideRendererView.h"
 
-#include <QBuffer>
 #include <QPainter>
-#include <QRandomGenerator>
 
 #include <algorithm>
 
@@ -76,25 +75,6 @@ Slide slideOf(const QString &templateID)
             element.text->shadow = TextShadow{RGBAColor(0, 0, 0, 0.6), 18, 0, 6};
     }
     return slide;
-}
-
-/// Twelve megapixels with some detail everywhere.
-SlideMedia photograph()
-{
-    QImage image(4000, 3000, QImage::Format_RGB32);
-    QRandomGenerator random(1);
-    for (int y = 0; y < image.height(); ++y) {
-        auto *line = reinterpret_cast<QRgb *>(image.scanLine(y));
-        for (int x = 0; x < image.width(); ++x)
-            line[x] = qRgb(x / 16, y / 12, int(random.bounded(64)));
-    }
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "JPG");
-    return {.dataUrl = "data:image/jpeg;base64," + bytes.toBase64(),
-            .name = QStringLiteral("photo.jpg"),
-            .mimeType = QStringLiteral("image/jpeg")};
 }
 
 Slide slideOnPhotograph()

@@ -50,6 +50,10 @@ class Program:
         self._process.end()
         self._home.cleanup()
 
+    @property
+    def pid(self):
+        return self._process.pid
+
     def status(self):
         return self._process.status()
 
