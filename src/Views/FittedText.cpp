@@ -2,14 +2,26 @@
 
 #include "SlideFonts.h"
 
+#include <QFontMetricsF>
 #include <QPainter>
+#include <QtMath>
 
 namespace quenara {
+
+namespace {
+
+constexpr double spareRoom = 1.5; // for faces with higher lines that stand in for the system's
+
+} // namespace
 
 FittedText::FittedText(const Setting &setting, QWidget *parent) : QLabel(parent), m_setting(setting)
 {
     setTextFormat(Qt::PlainText);
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+    // No larger than the lines there may be: a change repaints all of it.
+    const QFontMetricsF metrics(systemFont(setting.size, fontWeight(setting.weight)));
+    setMaximumHeight(headroom
+                     + qCeil(setting.limits.lineMaximum * metrics.lineSpacing() * spareRoom));
 }
 
 TextBlock &FittedText::block()

@@ -24,8 +24,9 @@ void SlideView::setSlide(const std::optional<Slide> &slide)
 {
     if (slide == m_slide)
         return;
+    update(pictureRect());
     m_slide = slide;
-    update();
+    update(pictureRect());
 }
 
 void SlideView::setAlignment(Qt::Alignment alignment)

@@ -60,6 +60,7 @@ void fillPanel(QVBoxLayout &panel, QLayout *caption, SlideView *slide, FittedTex
     panel.addWidget(slide);
     panel.addSpacing(panelSpacing - FittedText::headroom);
     panel.addWidget(words, 1);
+    panel.addStretch();
 }
 
 SlideView *makeSlideView(PictureCache &pictures, int height, const QString &name)
