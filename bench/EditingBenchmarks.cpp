@@ -1,12 +1,8 @@
 #include "EditingBenchmarks.h"
 
+#include "BenchStore.h"
 #include "ProjectGenerator.h"
 #include "Show.h"
-#include "WorkspaceStore.h"
-
-#include <QImage>
-#include <QSettings>
-#include <QTemporaryDir>
 
 #include <cstring>
 #include <vector>
@@ -22,40 +18,10 @@ constexpr int editCount = 60;
 constexpr int stride = 166; ///< spreads the edited slides over the whole show
 constexpr double heapLimit = 8.0 * 1024 * 1024;
 
-/// Chooses one small picture, always.
-class OnePicture : public FilePanelRunner
+/// A store on a generated project.
+struct Workspace : BenchStore
 {
-public:
-    OnePicture()
-    {
-        QImage image(64, 36, QImage::Format_RGB32);
-        image.fill(Qt::darkBlue);
-        if (!image.save(path()))
-            qFatal("cannot write %s", qPrintable(path()));
-    }
-
-    std::optional<QUrl> run(const FilePanel & /*panel*/) override
-    {
-        return QUrl::fromLocalFile(path());
-    }
-
-private:
-    QString path() const { return m_folder.filePath(QStringLiteral("picture.png")); }
-
-    QTemporaryDir m_folder;
-};
-
-/// A store on a generated project, with preferences of its own.
-struct Workspace
-{
-    QTemporaryDir folder;
-    QSettings preferences{folder.filePath(QStringLiteral("preferences.ini")), QSettings::IniFormat};
-    OnePicture panels;
-    WorkspaceStore store;
-
-    explicit Workspace(const ProjectSize &size)
-        : store(generateProject(size), {.preferences = preferences, .panels = panels})
-    {}
+    explicit Workspace(const ProjectSize &size) : BenchStore(generateProject(size)) {}
 
     QString slideID(qsizetype absolute) const
     {
