@@ -178,9 +178,10 @@ private slots:
         QCoreApplication::processEvents();
         PaintOrder order;
         for (const OutputWindow *window :
-             {world.windows.stageWindow(), world.windows.displayWindow()})
+             {world.windows.stageWindow(), world.windows.displayWindow()}) {
             for (QWidget *widget : window->findChildren<QWidget *>())
                 widget->installEventFilter(&order);
+        }
         world.store.nextLive();
         QTRY_COMPARE(order.windows.size(), 2);
         QCOMPARE(order.windows.constFirst(), world.windows.displayWindow());
