@@ -16,7 +16,7 @@ from program import DISPLAY, OPERATOR, Program
 from screen_watch import ScreenWatch
 from xserver import SCREEN_WIDTH, XServer
 
-EXECUTABLE, WRITE_SHOW = sys.argv[1:]
+EXECUTABLE, WRITE_SHOW = (Path(argument).absolute() for argument in sys.argv[1:])
 PRESSES = 200
 REST = 0.12  # seconds between two presses
 IDLE_SECONDS = 20
@@ -26,7 +26,7 @@ SLIDES = 500
 
 def write_show(kind, folder):
     path = Path(folder, f"{kind}.quenara")
-    subprocess.run([WRITE_SHOW, kind, str(path)], check=True)
+    subprocess.run([WRITE_SHOW, kind, path], check=True, stderr=subprocess.DEVNULL)
     return path
 
 

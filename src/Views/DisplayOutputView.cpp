@@ -6,29 +6,60 @@
 
 #include <QPainter>
 
+#include <utility>
+
 namespace quenara {
 
 DisplayOutputView::DisplayOutputView(const WorkspaceStore &store, PictureCache &pictures,
                                      QWidget *parent)
-    : QWidget(parent), m_store(store), m_pictures(pictures)
+    : QWidget(parent), m_store(store), m_pictures(pictures), m_content(storeContent())
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setCursor(Qt::BlankCursor);
-    const auto redraw = qOverload<>(&QWidget::update);
-    connect(&store, &WorkspaceStore::liveSlideIDChanged, this, redraw);
-    connect(&store, &WorkspaceStore::outputModeChanged, this, redraw);
-    connect(&store, &WorkspaceStore::projectChanged, this, redraw);
+    connect(&store, &WorkspaceStore::liveSlideIDChanged, this, &DisplayOutputView::showNow);
+    connect(&store, &WorkspaceStore::outputModeChanged, this, &DisplayOutputView::showNow);
+    connect(&store, &WorkspaceStore::projectChanged, this, &DisplayOutputView::showSoon);
+}
+
+DisplayOutputView::Content DisplayOutputView::storeContent() const
+{
+    const OutputMode mode = m_store.outputMode();
+    if (mode != OutputMode::live)
+        return {.mode = mode, .slide = std::nullopt};
+    return {.mode = mode, .slide = m_store.slideWithID(m_store.liveSlideID())};
+}
+
+/// False if what the store has to show is shown already.
+bool DisplayOutputView::takeContent()
+{
+    Content content = storeContent();
+    if (content == m_content)
+        return false;
+    m_content = std::move(content);
+    return true;
+}
+
+/// What was sent is painted before any other window is.
+void DisplayOutputView::showNow()
+{
+    if (takeContent())
+        repaint();
+}
+
+/// Edits of the live slide may come faster than they can be painted.
+void DisplayOutputView::showSoon()
+{
+    if (takeContent())
+        update();
 }
 
 void DisplayOutputView::paintEvent(QPaintEvent * /*event*/)
 {
     QPainter painter(this);
     painter.fillRect(rect(), Qt::black);
-    switch (m_store.outputMode()) {
+    switch (m_content.mode) {
     case OutputMode::live:
-        SlideRendererView{.slide = m_store.slideWithID(m_store.liveSlideID()),
-                          .pictures = &m_pictures}
-            .paint(painter, rect());
+        SlideRendererView{.slide = m_content.slide, .pictures = &m_pictures}.paint(painter, rect());
         break;
     case OutputMode::blackout:
         break;

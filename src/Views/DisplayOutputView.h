@@ -1,6 +1,10 @@
 #pragma once
 
+#include "WorkspaceState.h"
+
 #include <QWidget>
+
+#include <optional>
 
 namespace quenara {
 
@@ -21,8 +25,23 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    /// All that the picture depends on.
+    struct Content
+    {
+        OutputMode mode = OutputMode::live;
+        std::optional<Slide> slide; ///< only while the mode is live
+
+        bool operator==(const Content &) const = default;
+    };
+
+    Content storeContent() const;
+    bool takeContent();
+    void showNow();
+    void showSoon();
+
     const WorkspaceStore &m_store;
     PictureCache &m_pictures;
+    Content m_content;
 };
 
 } // namespace quenara

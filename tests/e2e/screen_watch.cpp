@@ -212,6 +212,8 @@ int main(int argc, char *argv[])
     Frames frames;
     Pixels before;
     while (obey(screen)) {
+        // A small area is looked at often enough, and the server has others to serve.
+        std::this_thread::sleep_for(std::chrono::microseconds(200));
         if (!screen.look())
             continue;
         const auto pixels = screen.pixels();
