@@ -175,13 +175,20 @@ void measureEdits(Workspace &workspace, const QString &slideID, WorstTimes &wors
         Times editing;
         Times undoing;
         Times redoing;
-        for (int i = 0; i < runs; ++i) {
+        bool isStep = true; // there may be nothing to move to from here
+        for (int i = 0; i < runs && isStep; ++i) {
             workspace.select(slideID);
+            const ZelvoProject before = store.project();
             timeOf(editing, [&] { edit.run(store); });
+            isStep = store.undoStore().undoStack().constLast() == before;
+            if (!isStep)
+                break;
             timeOf(undoing, [&] { store.undo(); });
             timeOf(redoing, [&] { store.redo(); });
             store.undo();
         }
+        if (!isStep)
+            continue;
         worst.edit.take(edit.name, editing.best());
         worst.undo.take(edit.name, undoing.best());
         worst.redo.take(edit.name, redoing.best());

@@ -33,10 +33,4 @@ std::optional<ZelvoProject> UndoRedoStore::redo(const ZelvoProject &current)
     return exchangeLast(m_redoStack, m_undoStack, current);
 }
 
-void UndoRedoStore::clear()
-{
-    m_undoStack.clear();
-    m_redoStack.clear();
-}
-
 } // namespace quenara

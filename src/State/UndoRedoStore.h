@@ -24,8 +24,6 @@ public:
     std::optional<ZelvoProject> undo(const ZelvoProject &current);
     std::optional<ZelvoProject> redo(const ZelvoProject &current);
 
-    void clear();
-
     /// Oldest first. Undo and redo move snapshots between the stacks without trimming either.
     const QList<ZelvoProject> &undoStack() const { return m_undoStack; }
     const QList<ZelvoProject> &redoStack() const { return m_redoStack; }

@@ -199,7 +199,8 @@ private:
         bool hadUnsavedChanges;
     };
 
-    void updateProject(const Edit &edit);
+    enum class Step { ofTheGesture, ofItsOwn };
+    void updateProject(const Edit &edit, Step step = Step::ofTheGesture);
     void editProject(const Edit &edit);
     std::optional<SlideMedia> pictureFromPanel();
     void restore(std::optional<ZelvoProject> project, UndoRedoStore history);

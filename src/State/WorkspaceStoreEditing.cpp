@@ -9,11 +9,13 @@ namespace quenara {
 
 /// The one path by which the open document changes. Inside a gesture the step goes from where the
 /// gesture began, and there is none while the project is as it was then.
-void WorkspaceStore::updateProject(const Edit &edit)
+void WorkspaceStore::updateProject(const Edit &edit, Step step)
 {
     std::optional<WorkspaceState> edited = edit(m_state);
     if (!edited)
         return;
+    if (step == Step::ofItsOwn)
+        m_gesture.reset();
     edited->project = ProjectNormalizer::withMirroredOrder(std::move(edited->project));
     edited = edits::repairSelection(*std::move(edited));
     UndoRedoStore history = m_gesture ? m_gesture->history : m_undoStore;
@@ -26,11 +28,9 @@ void WorkspaceStore::updateProject(const Edit &edit)
     publish(*std::move(edited), std::move(history));
 }
 
-/// For the edits that are a step of their own.
 void WorkspaceStore::editProject(const Edit &edit)
 {
-    m_gesture.reset();
-    updateProject(edit);
+    updateProject(edit, Step::ofItsOwn);
 }
 
 GestureID WorkspaceStore::beginGesture()

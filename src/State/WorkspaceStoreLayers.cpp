@@ -31,13 +31,15 @@ void WorkspaceStore::setBackgroundImageWithPanel()
     }
 }
 
-/// Asks only if there is a slide to put a picture on.
+/// Asks only if there is a slide to put a picture on. Nothing comes back if another is selected by
+/// the time of the answer, as the show may go on meanwhile: that one was not asked about.
 std::optional<SlideMedia> WorkspaceStore::pictureFromPanel()
 {
-    if (!slideWithID(m_state.selectedSlideID))
+    const std::optional<QString> slideID = m_state.selectedSlideID;
+    if (!slideWithID(slideID))
         return std::nullopt;
     const std::optional<QUrl> url = m_surroundings.panels.run(zelvoImageOpenPanel());
-    return url ? pictureFromFile(*url) : std::nullopt;
+    return url && m_state.selectedSlideID == slideID ? pictureFromFile(*url) : std::nullopt;
 }
 
 void WorkspaceStore::updateSelectedElement(const std::function<void(SlideElement &)> &update)

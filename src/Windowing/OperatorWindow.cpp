@@ -26,6 +26,7 @@ OperatorWindow::OperatorWindow(WorkspaceStore &store, WindowCoordinator &windows
     : m_store(store), m_windows(windows), m_guard(guard)
 {
     setObjectName(QStringLiteral("operatorWindow"));
+    m_windows.keepOff(*this);
     commands.fill(*menuBar());
     auto *content = new OperatorView(store, pictures);
     content->setMinimumSize(minimumContentSize);

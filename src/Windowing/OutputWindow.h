@@ -25,6 +25,13 @@ public:
     void setAppearance(AppAppearance appearance);
     AppAppearance appearance() const { return m_appearance; }
 
+signals:
+    /// By whomever.
+    void moved();
+
+protected:
+    void moveEvent(QMoveEvent *event) override;
+
 private:
     void applyPalette();
 

@@ -6,7 +6,8 @@ namespace quenara {
 
 namespace {
 
-bool isFree(const QRect &screen, const QList<QRect> &screens)
+/// True for a screen of its own beside the primary one.
+bool isSeparate(const QRect &screen, const QList<QRect> &screens)
 {
     return !screen.isEmpty() && !screen.intersects(screens.first());
 }
@@ -19,19 +20,21 @@ QRect displayFrame(const QList<QRect> &screens, const std::optional<QRect> &main
     return screens.size() > 1 ? screens.at(1) : mainScreen.value_or(withoutScreens);
 }
 
-std::optional<qsizetype> freeScreen(const QList<QRect> &screens)
+std::optional<qsizetype> freeScreen(const QList<QRect> &screens, const QRect &operatorScreen)
 {
-    const auto found = std::find_if(screens.cbegin(), screens.cend(),
-                                    [&](const QRect &screen) { return isFree(screen, screens); });
+    const auto found = std::find_if(screens.cbegin(), screens.cend(), [&](const QRect &screen) {
+        return isSeparate(screen, screens) && !screen.intersects(operatorScreen);
+    });
     return found == screens.cend() ? std::nullopt : std::optional(found - screens.cbegin());
 }
 
 std::optional<qsizetype> screenToFollow(const QList<QRect> &screens,
-                                        std::optional<qsizetype> current)
+                                        std::optional<qsizetype> current,
+                                        const QRect &operatorScreen)
 {
-    if (current && (*current == 0 || isFree(screens.at(*current), screens)))
+    if (current && (*current == 0 || isSeparate(screens.at(*current), screens)))
         return current;
-    return freeScreen(screens);
+    return freeScreen(screens, operatorScreen);
 }
 
 } // namespace quenara

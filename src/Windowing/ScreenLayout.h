@@ -12,15 +12,17 @@ namespace quenara {
 /// screen, else to a window of its own size.
 QRect displayFrame(const QList<QRect> &screens, const std::optional<QRect> &mainScreen);
 
-/// The first of \a screens that the audience display can cover without covering what the operator
-/// sees: neither the primary one nor one that shows the same.
-std::optional<qsizetype> freeScreen(const QList<QRect> &screens);
+/// The first of \a screens that the audience display can cover by itself without covering what the
+/// operator sees: neither the primary one, nor one that shows the same, nor \a operatorScreen, the
+/// one with the operator's window.
+std::optional<qsizetype> freeScreen(const QList<QRect> &screens, const QRect &operatorScreen);
 
 /// The screen for an open audience display after the screens changed: \a current, the one it
 /// covers, as long as there is one and it did not turn into a mirror of the primary one; else a
-/// free one. Without any, the display is to close: it never goes to the operator's screen by
-/// itself.
+/// free one. Without any, the display is to close. A display that covers the primary screen was
+/// sent there, or its screen is the only one left: it stays.
 std::optional<qsizetype> screenToFollow(const QList<QRect> &screens,
-                                        std::optional<qsizetype> current);
+                                        std::optional<qsizetype> current,
+                                        const QRect &operatorScreen);
 
 } // namespace quenara

@@ -5,8 +5,10 @@
 namespace quenara {
 
 InhibitLock::InhibitLock(const QDBusConnection &bus, Service service, QObject *parent)
-    : QObject(parent), m_bus(bus), m_service(std::move(service))
-{}
+    : QObject(parent), m_bus(bus), m_service(std::move(service)), m_watcher(m_service.name, m_bus)
+{
+    connect(&m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this, &InhibitLock::meetService);
+}
 
 InhibitLock::~InhibitLock()
 {
@@ -44,10 +46,18 @@ void InhibitLock::takeCookie(const QDBusMessage &answer)
         settle();
 }
 
+/// Until the service comes up.
 void InhibitLock::giveUp()
 {
     m_isAsking = false;
-    m_isWanted = false;
+}
+
+void InhibitLock::meetService(const QString & /*service*/, const QString & /*oldOwner*/,
+                              const QString &newOwner)
+{
+    m_cookie.reset(); // the one that gave it is gone
+    if (!newOwner.isEmpty())
+        settle();
 }
 
 QDBusMessage InhibitLock::call(const QString &method) const

@@ -2,6 +2,7 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QDBusServiceWatcher>
 #include <QObject>
 #include <QString>
 
@@ -9,8 +10,8 @@
 
 namespace quenara {
 
-/// Asks one of the desktop's services not to let the screens go dark. A desktop without the service
-/// is not asked again until the next time.
+/// Asks one of the desktop's services not to let the screens go dark; one that comes up later or
+/// again is asked then.
 class InhibitLock : public QObject
 {
     Q_OBJECT
@@ -25,7 +26,7 @@ public:
     };
 
     InhibitLock(const QDBusConnection &bus, Service service, QObject *parent = nullptr);
-    /// Gives up what it holds.
+    /// Gives up what it holds. What is not answered yet goes with the bus.
     ~InhibitLock() override;
 
     void setHeld(bool held);
@@ -33,6 +34,7 @@ public:
 private slots:
     void takeCookie(const QDBusMessage &answer);
     void giveUp();
+    void meetService(const QString &service, const QString &oldOwner, const QString &newOwner);
 
 private:
     void settle();
@@ -40,6 +42,7 @@ private:
 
     QDBusConnection m_bus;
     Service m_service;
+    QDBusServiceWatcher m_watcher;
     bool m_isWanted = false;
     bool m_isAsking = false;
     std::optional<unsigned> m_cookie;

@@ -99,7 +99,7 @@ WindowCoordinator::WindowCoordinator(const SystemColorScheme &systemScheme, Pict
     connect(qApp, &QGuiApplication::screenRemoved, this, &WindowCoordinator::followScreens);
     m_screensSettled.setSingleShot(true);
     m_screensSettled.setInterval(screensSettleIn);
-    connect(&m_screensSettled, &QTimer::timeout, this, &WindowCoordinator::reopenDisplay);
+    connect(&m_screensSettled, &QTimer::timeout, this, &WindowCoordinator::settleDisplay);
 }
 
 WindowCoordinator::~WindowCoordinator()
@@ -147,6 +147,7 @@ void WindowCoordinator::openDisplay(const WorkspaceStore &store, AppAppearance a
     window->setAppearance(appearance);
     // It comes by itself, too, while somebody types elsewhere.
     window->setAttribute(Qt::WA_ShowWithoutActivating);
+    connect(window, &OutputWindow::moved, &m_screensSettled, qOverload<>(&QTimer::start));
     cover(*window, screen);
     m_displayScreen = screen;
     m_displayStore = &store;
@@ -179,9 +180,10 @@ void WindowCoordinator::closeDisplayWindow()
     release(m_display, &WindowCoordinator::isDisplayWindowOpenChanged);
 }
 
-void WindowCoordinator::followScreen(const QScreen *screen)
+void WindowCoordinator::followScreen(const QScreen *screen) const
 {
     connect(screen, &QScreen::geometryChanged, this, &WindowCoordinator::followScreens);
+    connect(screen, &QScreen::virtualGeometryChanged, this, &WindowCoordinator::followScreens);
 }
 
 void WindowCoordinator::followScreens()
@@ -189,29 +191,48 @@ void WindowCoordinator::followScreens()
     const QList<QScreen *> screens = QGuiApplication::screens();
     if (screens.isEmpty())
         return; // there is nothing to see them on, and nobody
-    const QList<QRect> frames = framesOf(screens);
-    if (m_display.window) {
-        const qsizetype covered = screens.indexOf(m_displayScreen);
-        const auto next =
-            screenToFollow(frames, covered < 0 ? std::nullopt : std::optional(covered));
-        if (next) {
-            m_displayScreen = screens.at(*next);
-            cover(*m_display.window, m_displayScreen);
-        } else {
-            closeDisplayWindow();
-            m_isDisplayWaiting = true;
-        }
-    } else if (m_isDisplayWaiting) {
+    if (!m_display.window) {
         m_screensSettled.start();
+        return;
+    }
+    const qsizetype covered = screens.indexOf(m_displayScreen);
+    const auto next = screenToFollow(
+        framesOf(screens), covered < 0 ? std::nullopt : std::optional(covered), operatorScreen());
+    if (next) {
+        m_displayScreen = screens.at(*next);
+        cover(*m_display.window, m_displayScreen);
+    } else {
+        closeDisplayAndWait();
     }
 }
 
-void WindowCoordinator::reopenDisplay()
+/// What must be right once nothing changes any more.
+void WindowCoordinator::settleDisplay()
 {
     const QList<QScreen *> screens = QGuiApplication::screens();
-    const auto free = freeScreen(framesOf(screens));
-    if (free && m_isDisplayWaiting && m_displayStore)
+    if (screens.isEmpty())
+        return;
+    if (m_display.window) {
+        // A screen that becomes a mirror is not always told of, but its windows are moved.
+        const QRect primary = screens.first()->geometry();
+        if (m_displayScreen && !m_displayScreen->geometry().intersects(primary)
+            && m_display.window->geometry().intersects(primary))
+            closeDisplayAndWait();
+    } else if (const auto free = freeScreen(framesOf(screens), operatorScreen());
+               free && m_isDisplayWaiting && m_displayStore) {
         openDisplay(*m_displayStore, m_appearance, screens.at(*free));
+    }
+}
+
+void WindowCoordinator::closeDisplayAndWait()
+{
+    closeDisplayWindow();
+    m_isDisplayWaiting = true;
+}
+
+QRect WindowCoordinator::operatorScreen() const
+{
+    return m_operatorWindow ? m_operatorWindow->screen()->geometry() : QRect();
 }
 
 void WindowCoordinator::closeStageWindow()

@@ -35,6 +35,9 @@ public:
                       QObject *parent = nullptr);
     ~WindowCoordinator() override;
 
+    /// The display never goes to the screen with \a window by itself.
+    void keepOff(const QWidget &window) { m_operatorWindow = &window; }
+
     /// Covers the second screen, else the main one. An open window is only raised.
     void openDisplayWindow(const WorkspaceStore &store, AppAppearance appearance);
     void closeDisplayWindow();
@@ -77,13 +80,16 @@ private:
     void adopt(Output &output, OutputWindow *window, Signal changed);
     void release(Output &output, Signal changed);
     void followScreens();
-    void followScreen(const QScreen *screen);
-    void reopenDisplay();
+    void followScreen(const QScreen *screen) const;
+    void settleDisplay();
+    void closeDisplayAndWait();
+    QRect operatorScreen() const;
     void applyScheme();
 
     const SystemColorScheme &m_systemScheme;
     PictureCache &m_pictures;
     AppAppearance m_appearance = AppAppearance::system;
+    QPointer<const QWidget> m_operatorWindow;
     Output m_display;
     QPointer<QScreen> m_displayScreen; ///< the one the display covers; null without screens
     QPointer<const WorkspaceStore> m_displayStore; ///< what it shows or last showed

@@ -98,6 +98,51 @@ private slots:
         QCOMPARE(inkOf(textPicture(text, frame)), opaque);
     }
 
+    void aRightToLeftLineEndsOnItsLeft_data()
+    {
+        QTest::addColumn<QString>("mark");
+        QTest::newRow("a full stop") << QStringLiteral(".");
+        QTest::newRow("an exclamation mark") << QStringLiteral("!");
+        QTest::newRow("an ellipsis") << QStringLiteral("\u2026");
+    }
+
+    void aRightToLeftLineEndsOnItsLeft()
+    {
+        QFETCH(QString, mark);
+        const QString word = QStringLiteral("\u05e9\u05dc\u05d5\u05dd");
+        TextElementProperties text = plainText(word);
+        text.alignment = TextAlignmentValue::right;
+        const QRect bare = inkOf(textPicture(text, frame));
+        text.text += mark;
+        const QRect marked = inkOf(textPicture(text, frame));
+        QVERIFY(marked.left() < bare.left() - 4);
+        QVERIFY(std::abs(marked.right() - bare.right()) <= 1);
+    }
+
+    void spacingBeforeABreakMovesNoLetter_data()
+    {
+        QTest::addColumn<QString>("line");
+        QTest::addColumn<TextAlignmentValue>("alignment");
+        const QString hebrew = QStringLiteral("\u05d4\u05dc\u05dc\u05d5");
+        for (const auto alignment :
+             {TextAlignmentValue::left, TextAlignmentValue::center, TextAlignmentValue::right}) {
+            const QByteArray name = rawValue(alignment).toUtf8();
+            QTest::addRow("Hebrew, %s", name.constData()) << hebrew << alignment;
+            QTest::addRow("Latin, %s", name.constData()) << QStringLiteral("Sing") << alignment;
+        }
+    }
+
+    void spacingBeforeABreakMovesNoLetter()
+    {
+        QFETCH(QString, line);
+        QFETCH(TextAlignmentValue, alignment);
+        TextElementProperties text = plainText(line + QLatin1Char('\n') + line);
+        text.alignment = alignment;
+        const QImage bare = textPicture(text, frame);
+        text.text = line + QStringLiteral("  \t\r\n") + line + QLatin1Char(' ');
+        QCOMPARE(textPicture(text, frame), bare);
+    }
+
     void linesArePaintedAsFarApartAsTheirSpacingSays()
     {
         const auto pitch = [](double lineHeight) {

@@ -421,6 +421,25 @@ private slots:
         QVERIFY(!world.store.hasUnsavedChanges());
     }
 
+    void aPictureAskedForOneSlideGoesToNoOther_data()
+    {
+        QTest::addColumn<Operation>("operation");
+        QTest::newRow("as a layer") << Operation(&WorkspaceStore::addImageLayerWithPanel);
+        QTest::newRow("as a background") << Operation(&WorkspaceStore::setBackgroundImageWithPanel);
+    }
+
+    void aPictureAskedForOneSlideGoesToNoOther()
+    {
+        QFETCH(Operation, operation);
+        LayerWorld world(u"a3"_s, u"a"_s);
+        world.panels.answer = world.written(u"picture.png"_s, png());
+        world.panels.whileOpen = [&world] { world.store.nextLive(); };
+        const ZelvoProject before = world.store.project();
+        (world.store.*operation)();
+        QCOMPARE(world.store.project(), before);
+        QVERIFY(!world.store.canUndo());
+    }
+
     void aCopyDiffersInItsIdNameAndPlace()
     {
         ZelvoProject project = showWithLayers(u"a3 b7"_s);

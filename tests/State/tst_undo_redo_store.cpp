@@ -140,15 +140,6 @@ private slots:
         QVERIFY(back);
         QCOMPARE(back->serviceItems.first().title, QString());
     }
-
-    void clearingEmptiesBothStacks()
-    {
-        UndoRedoStore history = historyOf(3);
-        QVERIFY(history.undo(named(4)));
-        history.clear();
-        QVERIFY(history.undoStack().isEmpty());
-        QVERIFY(history.redoStack().isEmpty());
-    }
 };
 
 QTEST_APPLESS_MAIN(TestUndoRedoStore)

@@ -53,6 +53,15 @@ public:
         bus.registerObject(path, &object, QDBusConnection::ExportAllSlots);
     }
 
+    /// Ends a service as its process's end would.
+    void withdraw(const QString &service)
+    {
+        m_connections.removeAll(service);
+        QDBusConnection::disconnectFromBus(service);
+    }
+
+    QString address() const { return m_address; }
+
 private:
     QProcess m_daemon;
     QString m_address;

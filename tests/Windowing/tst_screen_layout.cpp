@@ -53,7 +53,7 @@ private slots:
         QFETCH(QList<QRect>, screens);
         QFETCH(std::optional<qsizetype>, current);
         QFETCH(std::optional<qsizetype>, next);
-        QCOMPARE(screenToFollow(screens, current), next);
+        QCOMPARE(screenToFollow(screens, current, screens.first()), next);
     }
 
     void aScreenThatShowsWhatThePrimaryOneShowsIsNotFree()
@@ -61,10 +61,24 @@ private slots:
         const QRect operators(0, 0, 1366, 768);
         const QRect beside(1366, 0, 1920, 1080);
         const std::optional<qsizetype> none;
-        QCOMPARE(freeScreen({operators, operators}), none);
-        QCOMPARE(freeScreen({operators}), none);
-        QCOMPARE(freeScreen({}), none);
-        QCOMPARE(freeScreen({operators, operators, beside}), std::optional<qsizetype>(2));
+        QCOMPARE(freeScreen({operators, operators}, operators), none);
+        QCOMPARE(freeScreen({operators}, operators), none);
+        QCOMPARE(freeScreen({}, {}), none);
+        QCOMPARE(freeScreen({operators, operators, beside}, operators),
+                 std::optional<qsizetype>(2));
+    }
+
+    void theScreenWithTheOperatorsWindowIsNotFree()
+    {
+        const QRect primary(0, 0, 1366, 768);
+        const QRect second(1366, 0, 1920, 1080);
+        const QRect third(3286, 0, 1920, 1080);
+        const std::optional<qsizetype> none;
+        QCOMPARE(freeScreen({primary, second}, second), none);
+        QCOMPARE(freeScreen({primary, second, third}, second), std::optional<qsizetype>(2));
+        QCOMPARE(screenToFollow({primary, third}, none, third), none);
+        // A display that is there already stays: whoever moved the window there sees it.
+        QCOMPARE(screenToFollow({primary, second}, 1, second), std::optional<qsizetype>(1));
     }
 };
 

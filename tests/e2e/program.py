@@ -99,9 +99,15 @@ class Program:
         return title.decode().strip()
 
     def focus(self, title):
-        """Puts a window in front, with the keyboard."""
-        self.server.run("xdotool", "windowactivate", "--sync", self.wait_for_window(title))
-        wait_until(lambda: re.fullmatch(title, self.focused_title()), f"{title} to have the focus")
+        """Puts a window in front, with the keyboard, whatever another that closes just now gives
+        it to."""
+        def has_focus():
+            if re.fullmatch(title, self.focused_title()):
+                return True
+            self.server.run("xdotool", "windowactivate", self.wait_for_window(title), check=False)
+            return False
+
+        wait_until(has_focus, f"{title} to have the focus")
 
     def area(self, title):
         """(width, height, x, y) of a window without frame on the whole desktop."""

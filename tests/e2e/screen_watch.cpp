@@ -126,7 +126,8 @@ public:
         m_pixels = {static_cast<std::uint32_t *>(shmat(memory, nullptr, 0)), size};
         m_segment = xcb_generate_id(m_server);
         xcb_shm_attach(m_server, m_segment, std::uint32_t(memory), 0);
-        Owned<xcb_get_input_focus_reply_t>(
+        // An answer to anything: the server has attached the memory by then.
+        const Owned<xcb_get_input_focus_reply_t> answer(
             xcb_get_input_focus_reply(m_server, xcb_get_input_focus(m_server), nullptr));
         shmctl(memory, IPC_RMID, nullptr);
     }

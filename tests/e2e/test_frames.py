@@ -63,6 +63,21 @@ class OpeningAndClosing(TwoScreenCase):
                 self.assertEqual(shown, [slide_hash(0), desktop])
 
 
+    def test_a_display_that_comes_back_shows_the_live_slide_or_black_and_nothing_else(self):
+        program = self.start_show()
+        program.open_display()
+        self.see_slide(0)
+        self.addCleanup(self.server.plug_second_screen)
+        self.server.unplug_second_screen()
+        program.wait_for_no_window(DISPLAY)
+        self.server.plug_second_screen()
+        with ScreenWatch(self.server, SECOND_SCREEN) as watch:
+            watch.wait_for(lambda frames: frames[-1].picture == slide_hash(0), "the slide")
+            watch.settle()
+            self.assertLessEqual({frame.picture for frame in watch.frames()[1:]},
+                                 {hash_of(BLACK), slide_hash(0)})
+
+
 class Frames(TwoScreenCase):
     def setUp(self):
         super().setUp()

@@ -27,7 +27,7 @@ struct Box
         const auto r = double(radius);
         const double fraction =
             (2 * r + 1) * (r * (r + 1) - 3 * variance) / (6 * (variance - (r + 1) * (r + 1)));
-        const double whole = double(1U << shift);
+        const auto whole = double(1U << shift);
         outerWeight = unsigned(std::lround(whole * fraction / (2 * r + 1 + 2 * fraction)));
         innerWeight = unsigned(std::ceil((whole - 2 * double(outerWeight)) / (2 * r + 1)));
     }
@@ -112,11 +112,11 @@ void blur(QImage &image, double sigma)
 
 } // namespace
 
-BlurPlan::BlurPlan(double wanted)
+BlurPlan::BlurPlan(double standardDeviation)
 {
-    if (!(wanted >= smallestSigma))
+    if (!(standardDeviation >= smallestSigma))
         return;
-    const double whole = std::min(wanted, largestSigma);
+    const double whole = std::min(standardDeviation, largestSigma);
     reduction = std::max(1, int(whole / sigmaAtReducedSize));
     sigma = whole / reduction;
     reach = int(std::ceil(3 * whole));

@@ -8,9 +8,8 @@ namespace quenara {
 /// one, which holds all that is left of it.
 struct BlurPlan
 {
-    /// Of a standard deviation of \a sigma pixels; one below a third counts as none, one beyond all
-    /// measure as ten million.
-    explicit BlurPlan(double sigma);
+    /// In pixels; one below a third counts as none, one beyond all measure as ten million.
+    explicit BlurPlan(double standardDeviation);
 
     bool isNone() const { return sigma == 0; }
 

@@ -46,14 +46,29 @@ QList<QTextLayout::FormatRange> within(QList<QTextLayout::FormatRange> formats, 
     return formats;
 }
 
-QString withLineSeparators(QString text)
+/// Every mandatory break as the one that the layout knows. Spacing before one goes: at the end of a
+/// right-to-left line it would push the letters out of their box.
+QString withLineSeparators(const QString &text)
 {
-    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-    for (QChar &character : text) {
-        if (QStringView(u"\n\v\f\r\u0085\u2029").contains(character))
-            character = QChar::LineSeparator;
+    QString result;
+    result.reserve(text.size());
+    const auto dropSpacing = [&result] {
+        while (!result.isEmpty() && (result.back() == u' ' || result.back() == u'\t'))
+            result.chop(1);
+    };
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        const QChar character = text.at(i);
+        if (character == u'\r' && text.mid(i + 1, 1) == QLatin1String("\n"))
+            continue;
+        if (QStringView(u"\n\v\f\r\u0085\u2028\u2029").contains(character)) {
+            dropSpacing();
+            result += QChar(QChar::LineSeparator);
+        } else {
+            result += character;
+        }
     }
-    return text;
+    dropSpacing();
+    return result;
 }
 
 } // namespace
@@ -65,6 +80,7 @@ TextBlock::TextBlock(const TextElementProperties &text, const QSizeF &box, const
     QTextOption option(alignmentOf(m_text.alignment));
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     option.setUseDesignMetrics(true);
+    option.setTextDirection(Qt::LayoutDirectionAuto);
     m_layout->setTextOption(option);
     m_layout->setFont(slideFont(m_text.fontFamily, m_text.weight, layoutPixelSize));
     const EmojiText string(withLineSeparators(text.displayText()));

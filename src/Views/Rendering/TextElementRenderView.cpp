@@ -86,10 +86,11 @@ void paintText(QPainter &painter, TextBlock &block, QColor color)
         target.setPen(color);
         block.draw(target);
     };
-    if (opacity < 1)
+    if (opacity < 1) {
         DeviceLayer::painted(painter, block.inkBounds(), 1, paint).draw(painter, opacity);
-    else
+    } else {
         paint(painter);
+    }
 }
 
 /// \a painter is in canvas units, the layer's box of \a size at its origin.
