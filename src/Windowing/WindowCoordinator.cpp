@@ -183,7 +183,6 @@ void WindowCoordinator::closeDisplayWindow()
 void WindowCoordinator::followScreen(const QScreen *screen) const
 {
     connect(screen, &QScreen::geometryChanged, this, &WindowCoordinator::followScreens);
-    connect(screen, &QScreen::virtualGeometryChanged, this, &WindowCoordinator::followScreens);
 }
 
 void WindowCoordinator::followScreens()

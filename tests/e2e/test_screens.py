@@ -98,7 +98,9 @@ class Screens(TwoScreenCase):
         self.server.mirror_first_screen()
         program.wait_for_no_window(DISPLAY)
         self.see_the_operator_window(program)
+        # The toolkit is not told of the end of a mirror, so that the display is opened by command.
         self.server.plug_second_screen()
+        program.open_display()
         self.see_slide(0)
         self.assertEqual(program.area(DISPLAY), SECOND_SCREEN)
 
