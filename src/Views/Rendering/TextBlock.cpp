@@ -2,9 +2,9 @@
 
 #include "DeviceLayer.h"
 #include "EmojiText.h"
+#include "GlyphOutlines.h"
 #include "SlideFonts.h"
 
-#include <QHash>
 #include <QRawFont>
 #include <QTextBoundaryFinder>
 #include <QTextLayout>
@@ -237,13 +237,8 @@ void TextBlock::traceGlyphs(int start, int end)
         const QRawFont font = run.rawFont();
         const QList<quint32> glyphs = run.glyphIndexes();
         const QList<QPointF> positions = run.positions();
-        QHash<quint32, QPainterPath> paths;
-        for (qsizetype i = 0; i < glyphs.size(); ++i) {
-            auto path = paths.constFind(glyphs.at(i));
-            if (path == paths.cend())
-                path = paths.insert(glyphs.at(i), font.pathForGlyph(glyphs.at(i)));
-            m_outlines.append({*path, positions.at(i)});
-        }
+        for (qsizetype i = 0; i < glyphs.size(); ++i)
+            m_outlines.append({glyphOutline(font, glyphs.at(i)), positions.at(i)});
     }
 }
 
