@@ -1,4 +1,5 @@
 #include "GuiTestSupport.h"
+#include "Pictures.h"
 #include "SlideBackgroundRenderView.h"
 
 #include <cmath>
@@ -135,7 +136,13 @@ private slots:
     {
         SlideBackground background = gradient(GradientDirection::vertical);
         background.kind = SlideBackgroundKind::image;
-        background.image = solidPicture({40, 40}, Qt::blue);
+        QImage square(40, 40, QImage::Format_RGB32);
+        square.fill(Qt::blue);
+        // Only what is cut off above is of another colour.
+        QPainter painter(&square);
+        painter.fillRect(0, 0, 40, 8, Qt::red);
+        painter.end();
+        background.image = mediaOf(encoded(square, "PNG"));
         const QImage image = picture(background);
         QCOMPARE(image.pixel(1, 1), qRgb(0, 0, 255));
         QCOMPARE(image.pixel(1918, 1078), qRgb(0, 0, 255));

@@ -1,4 +1,5 @@
 #include "GuiTestSupport.h"
+#include "Pictures.h"
 #include "SlideDesignRenderView.h"
 
 using namespace quenara;
@@ -319,7 +320,14 @@ private slots:
         layer.id = QStringLiteral("image");
         layer.kind = SlideElementKind::image;
         layer.frame = {100, 100, 400, 400};
-        layer.image = solidPicture({200, 50}, Qt::green);
+        QImage wide(800, 200, QImage::Format_RGB32);
+        wide.fill(Qt::green);
+        // Only what is cut off at the sides is of another colour.
+        QPainter painter(&wide);
+        painter.fillRect(0, 0, 200, 200, Qt::red);
+        painter.fillRect(600, 0, 200, 200, Qt::red);
+        painter.end();
+        layer.image = mediaOf(encoded(wide, "PNG"));
         const QImage image = rendered({.slide = slideOver(gray, {layer})}, canvas);
         QCOMPARE(image.pixel(102, 102), qRgb(0, 255, 0));
         QCOMPARE(image.pixel(497, 497), qRgb(0, 255, 0));

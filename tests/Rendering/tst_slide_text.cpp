@@ -1,4 +1,3 @@
-#include "ProjectTemplates.h"
 #include "SlideFonts.h"
 #include "TextBlock.h"
 #include "TextPictures.h"
@@ -111,43 +110,6 @@ private slots:
         QCOMPARE(block.lines(),
                  (QStringList{QStringLiteral("one"), QString(), QStringLiteral("two"),
                               QStringLiteral("three")}));
-    }
-
-    void aTextThatFitsIsNotShrunk()
-    {
-        QCOMPARE(TextBlock(plainText(QStringLiteral("one\ntwo")), {1500, 400}).fit(), 1.0);
-    }
-
-    void aTextThatIsTooTallIsShrunkIntoItsBox()
-    {
-        const TextBlock block(plainText(QStringLiteral("one\ntwo\nthree\nfour")), {1500, 300});
-        QVERIFY(block.fit() < 1);
-        QVERIFY(block.fit() > TextBlock::smallestFit);
-        QVERIFY(block.bounds().height() <= 300);
-        QVERIFY(block.bounds().height() > 290);
-        QCOMPARE(block.lines().size(), 4);
-    }
-
-    void aTextThatCannotBeShrunkEnoughEndsInAnEllipsis()
-    {
-        const QString line = QStringLiteral("We lift our eyes to where our help comes from\n");
-        const TextBlock block(plainText(line.repeated(20)), {900, 200});
-        QCOMPARE(block.fit(), TextBlock::smallestFit);
-        QVERIFY(block.bounds().height() <= 200);
-        QVERIFY(block.lines().constLast().endsWith(QChar(0x2026)));
-    }
-
-    void aSlideBreaksItsLinesAlikeAtEverySize()
-    {
-        const Slide slide = ProjectTemplates::slide(
-            QStringLiteral("Romans"),
-            QStringLiteral("May the God of hope fill you with all joy and peace as you trust in "
-                           "him, so that you may overflow with hope by the power of the Spirit."),
-            0, QStringLiteral("scriptureReading"));
-        const QRect large = inkOf(rendered({.slide = slide}, canvas));
-        const QRect small = inkOf(rendered({.slide = slide}, canvas / 4));
-        QVERIFY(std::abs(large.width() - 4 * small.width()) <= 8);
-        QVERIFY(std::abs(large.height() - 4 * small.height()) <= 8);
     }
 
     void aShadowDarkensWhatLiesBelowTheText()

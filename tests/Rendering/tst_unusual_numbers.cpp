@@ -336,7 +336,8 @@ private slots:
         QFETCH(bool, isDrawn);
         Slide slide = slideOf(everyKindOfLayer());
         slide.design.canvasSize = size;
-        rendered({.slide = slide, .showSafeArea = true, .selectedElementID = slide.id}, screen);
+        const QString selected = slide.design.elements.constFirst().id;
+        rendered({.slide = slide, .showSafeArea = true, .selectedElementID = selected}, screen);
         slide.design.elements.clear();
         const QImage image = rendered({.slide = slide}, screen);
         QCOMPARE(middleOf(image), isDrawn ? grayPixel : magenta);
