@@ -215,7 +215,7 @@ void WindowCoordinator::settleDisplay()
         // A screen that becomes a mirror is not always told of, but its windows are moved.
         const QRect primary = screens.first()->geometry();
         if (m_displayScreen && !m_displayScreen->geometry().intersects(primary)
-            && m_display.window->geometry().intersects(primary))
+            && primary.contains(m_display.window->geometry().center()))
             closeDisplayAndWait();
     } else if (const auto free = freeScreen(framesOf(screens), operatorScreen());
                free && m_isDisplayWaiting && m_displayStore) {
