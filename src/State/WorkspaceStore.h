@@ -98,6 +98,8 @@ public:
     void selectSlide(const QString &id, bool queue);
     void queueSlide(const std::optional<QString> &id);
     void selectElement(const std::optional<QString> &id);
+    /// The selected slide stays, whichever item it is in.
+    void selectServiceItem(const QString &id);
     void goLive();
     void nextLive();
     void previousLive();

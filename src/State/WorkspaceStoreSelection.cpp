@@ -22,6 +22,13 @@ void WorkspaceStore::selectElement(const std::optional<QString> &id)
     publish(std::move(next));
 }
 
+void WorkspaceStore::selectServiceItem(const QString &id)
+{
+    WorkspaceState next = m_state;
+    next.selectedServiceItemID = id;
+    publish(std::move(next));
+}
+
 void WorkspaceStore::goLive()
 {
     publish(edits::goLive(m_state));

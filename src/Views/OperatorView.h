@@ -2,50 +2,28 @@
 
 #include <QWidget>
 
-class QLabel;
-class QLineEdit;
-class QListView;
+#include <functional>
 
 namespace quenara {
 
+class OutputSwitches;
 class PictureCache;
-class ShowListModel;
-class SlideView;
 class WorkspaceStore;
 
-/// The content of the operator window: the project's name and state, the show as a list, and a
-/// picture of the live slide. A click on a slide selects and queues it.
+/// The content of the operator window: the project bar, the rundown, the slide that is being worked
+/// on, and the transport bar. A press beside the field that has the focus leaves it, so that the
+/// next key is the show's.
 class OperatorView : public QWidget
 {
     Q_OBJECT
 
 public:
-    OperatorView(WorkspaceStore &store, PictureCache &pictures, QWidget *parent = nullptr);
-    ~OperatorView() override;
+    /// \a mayReplaceDocument is asked before a document takes the place of the one there is.
+    OperatorView(WorkspaceStore &store, OutputSwitches &outputs, PictureCache &pictures,
+                 const std::function<bool()> &mayReplaceDocument, QWidget *parent = nullptr);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
-
-private:
-    QWidget *makeProjectBar();
-    QWidget *makeShowList();
-    QWidget *makeLivePreview();
-    void commitProjectName();
-    void showStore();
-    void showSelection();
-
-    WorkspaceStore &m_store;
-    PictureCache &m_pictures;
-    QLineEdit *m_projectName = nullptr;
-    QString m_namedProjectID; ///< whose name the field holds
-    QLabel *m_edited = nullptr;
-    QLabel *m_fileName = nullptr;
-    QLabel *m_outputState = nullptr;
-    ShowListModel *m_showModel = nullptr;
-    QListView *m_showList = nullptr;
-    QLabel *m_liveCaption = nullptr; ///< says so when the audience does not see the live slide
-    QLabel *m_liveTitle = nullptr;
-    SlideView *m_livePreview = nullptr;
 };
 
 } // namespace quenara

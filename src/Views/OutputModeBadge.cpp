@@ -1,6 +1,5 @@
 #include "OutputModeBadge.h"
 
-#include "Badge.h"
 #include "ThemeColors.h"
 
 #include <QPainter>
@@ -8,10 +7,6 @@
 namespace quenara {
 
 namespace {
-
-constexpr double textSize = 13;
-constexpr double horizontalPadding = 10;
-constexpr double verticalPadding = 6;
 
 QColor colorOf(OutputMode mode, const ZelvoTheme &theme)
 {
@@ -28,7 +23,8 @@ QColor colorOf(OutputMode mode, const ZelvoTheme &theme)
 
 } // namespace
 
-OutputModeBadge::OutputModeBadge(QWidget *parent) : QWidget(parent)
+OutputModeBadge::OutputModeBadge(const BadgeLook &look, QWidget *parent)
+    : QWidget(parent), m_look(look)
 {
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
     setAccessibleName(badge().text);
@@ -48,9 +44,9 @@ Badge OutputModeBadge::badge() const
 {
     return {.text = title(m_mode).toUpper(),
             .color = colorOf(m_mode, themeOf(*this)),
-            .pixelSize = textSize,
-            .horizontalPadding = horizontalPadding,
-            .verticalPadding = verticalPadding};
+            .pixelSize = m_look.pixelSize,
+            .horizontalPadding = m_look.horizontalPadding,
+            .verticalPadding = m_look.verticalPadding};
 }
 
 QSize OutputModeBadge::sizeHint() const

@@ -1,12 +1,19 @@
 #pragma once
 
+#include "Badge.h"
 #include "WorkspaceState.h"
 
 #include <QWidget>
 
 namespace quenara {
 
-struct Badge;
+/// The measures of a badge, in points.
+struct BadgeLook
+{
+    double pixelSize;
+    double horizontalPadding;
+    double verticalPadding;
+};
 
 /// The output mode in capitals, on the colour that the theme has for it.
 class OutputModeBadge : public QWidget
@@ -14,7 +21,7 @@ class OutputModeBadge : public QWidget
     Q_OBJECT
 
 public:
-    explicit OutputModeBadge(QWidget *parent = nullptr);
+    explicit OutputModeBadge(const BadgeLook &look, QWidget *parent = nullptr);
 
     void setMode(OutputMode mode);
 
@@ -26,6 +33,7 @@ protected:
 private:
     Badge badge() const;
 
+    BadgeLook m_look;
     OutputMode m_mode = OutputMode::live;
 };
 

@@ -41,6 +41,13 @@ void SlideView::setCornerRadius(double radius)
     update();
 }
 
+void SlideView::setOutline(QColor ZelvoTheme::*color, double opacity)
+{
+    m_outlineColor = color;
+    m_outlineOpacity = opacity;
+    update();
+}
+
 QRect SlideView::pictureRect() const
 {
     const CanvasSize canvas = m_slide ? m_slide->design.canvasSize : CanvasSize();
@@ -69,7 +76,8 @@ void SlideView::paintEvent(QPaintEvent * /*event*/)
     painter.restore();
     QPainterPath outline = edge(0);
     outline.addPath(edge(lineWidth));
-    painter.fillPath(outline, themeOf(*this).border);
+    painter.setOpacity(m_outlineOpacity);
+    painter.fillPath(outline, themeOf(*this).*m_outlineColor);
 }
 
 } // namespace quenara

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ProjectModels.h"
+#include "ZelvoTheme.h"
 
 #include <QWidget>
 
@@ -27,6 +28,9 @@ public:
     /// Of continuous corners, in points; square unless set.
     void setCornerRadius(double radius);
 
+    /// The theme's colour of the line around it, at an opacity of 0 to 1; its borders' unless set.
+    void setOutline(QColor ZelvoTheme::*color, double opacity);
+
     /// What the picture covers of the widget, on whole points; empty if there is none to be had.
     QRect pictureRect() const;
 
@@ -38,6 +42,8 @@ private:
     std::optional<Slide> m_slide;
     Qt::Alignment m_alignment = Qt::AlignCenter;
     double m_cornerRadius = 0;
+    QColor ZelvoTheme::*m_outlineColor = &ZelvoTheme::border;
+    double m_outlineOpacity = 1;
 };
 
 } // namespace quenara

@@ -17,6 +17,7 @@ namespace quenara {
 
 namespace {
 
+constexpr BadgeLook badgeLook{.pixelSize = 13, .horizontalPadding = 10, .verticalPadding = 6};
 constexpr int padding = 18;
 constexpr int headerSpacing = 12;
 constexpr int sectionSpacing = 4;
@@ -104,8 +105,8 @@ QWidget *StageOutputView::makeHeader(ClockView::Now now)
                           QStringLiteral("currentSection"), QStringLiteral("Current section"));
     m_slideCount = described(makeRoleLabel(QStringLiteral("stageCount")),
                              QStringLiteral("slideCount"), QStringLiteral("Place in the show"));
-    m_outputMode =
-        described(new OutputModeBadge, QStringLiteral("outputMode"), QStringLiteral("Output mode"));
+    m_outputMode = described(new OutputModeBadge(badgeLook), QStringLiteral("outputMode"),
+                             QStringLiteral("Output mode"));
     auto *clock = described(new ClockView(std::move(now)), QStringLiteral("stageClock"),
                             QStringLiteral("Time"));
     auto *place = new QVBoxLayout;

@@ -5,11 +5,13 @@
 
 namespace quenara {
 
-void endTyping()
+QWidget *endTyping()
 {
     QWidget *focused = QApplication::focusWidget();
-    if (focused && focused->testAttribute(Qt::WA_InputMethodEnabled))
-        focused->clearFocus();
+    if (!focused || !focused->testAttribute(Qt::WA_InputMethodEnabled))
+        return nullptr;
+    focused->clearFocus();
+    return focused;
 }
 
 } // namespace quenara

@@ -21,14 +21,15 @@ constexpr QSize defaultSize(1480, 900);
 } // namespace
 
 OperatorWindow::OperatorWindow(WorkspaceStore &store, WindowCoordinator &windows,
-                               DocumentGuard &guard, ZelvoCommands &commands,
-                               PictureCache &pictures)
+                               OutputSwitches &outputs, DocumentGuard &guard,
+                               ZelvoCommands &commands, PictureCache &pictures)
     : m_store(store), m_windows(windows), m_guard(guard)
 {
     setObjectName(QStringLiteral("operatorWindow"));
     m_windows.keepOff(*this);
     commands.fill(*menuBar());
-    auto *content = new OperatorView(store, pictures);
+    auto *content =
+        new OperatorView(store, outputs, pictures, [this] { return m_guard.mayReplaceDocument(); });
     content->setMinimumSize(minimumContentSize);
     setCentralWidget(content);
     content->setFocus();

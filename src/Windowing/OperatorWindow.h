@@ -7,6 +7,7 @@ namespace quenara {
 
 class AlertBox;
 class DocumentGuard;
+class OutputSwitches;
 class PictureCache;
 class StartPanelView;
 class WindowCoordinator;
@@ -20,8 +21,8 @@ class OperatorWindow : public QMainWindow
     Q_OBJECT
 
 public:
-    OperatorWindow(WorkspaceStore &store, WindowCoordinator &windows, DocumentGuard &guard,
-                   ZelvoCommands &commands, PictureCache &pictures);
+    OperatorWindow(WorkspaceStore &store, WindowCoordinator &windows, OutputSwitches &outputs,
+                   DocumentGuard &guard, ZelvoCommands &commands, PictureCache &pictures);
 
 protected:
     void closeEvent(QCloseEvent *event) override;

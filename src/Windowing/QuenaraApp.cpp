@@ -13,9 +13,9 @@ QuenaraApp::QuenaraApp(const QPalette &platformPalette)
               {.preferences = m_preferences, .panels = m_panels}),
       m_systemScheme(QDBusConnection::sessionBus(), platformPalette),
       m_sleepInhibitor(QDBusConnection::sessionBus()), m_windows(m_systemScheme, m_pictures),
-      m_appearance(m_preferences), m_guard(m_store, m_windows, m_questions),
-      m_commands(m_store, m_windows, m_guard, m_appearance),
-      m_operatorWindow(m_store, m_windows, m_guard, m_commands, m_pictures)
+      m_appearance(m_preferences), m_outputs(m_store, m_windows, m_appearance),
+      m_guard(m_store, m_windows, m_questions), m_commands(m_store, m_windows, m_outputs, m_guard),
+      m_operatorWindow(m_store, m_windows, m_outputs, m_guard, m_commands, m_pictures)
 {
     qApp->installEventFilter(&m_shortcutGuard);
     QObject::connect(&m_appearance, &AppearancePreference::rawValueChanged, &m_windows,

@@ -5,6 +5,7 @@
 #include "FileDialogRunner.h"
 #include "LeaveQuestionBox.h"
 #include "OperatorWindow.h"
+#include "OutputToggles.h"
 #include "PictureCache.h"
 #include "ShortcutGuard.h"
 #include "SleepInhibitor.h"
@@ -43,6 +44,7 @@ private:
     SleepInhibitor m_sleepInhibitor;
     WindowCoordinator m_windows;
     AppearancePreference m_appearance;
+    OutputToggles m_outputs;
     ShortcutGuard m_shortcutGuard;
     DocumentGuard m_guard;
     ZelvoCommands m_commands;

@@ -20,6 +20,12 @@ bool takesText(const QObject *object)
         && !qobject_cast<const QAbstractItemView *>(widget);
 }
 
+/// Undo and redo are the document's wherever its commands are in reach, and a field's elsewhere.
+bool isOfTheHistory(const QKeyEvent &event)
+{
+    return event.key() == Qt::Key_Z && event.modifiers().testFlag(Qt::ControlModifier);
+}
+
 } // namespace
 
 bool ShortcutGuard::eventFilter(QObject *watched, QEvent *event)
@@ -29,6 +35,10 @@ bool ShortcutGuard::eventFilter(QObject *watched, QEvent *event)
         m_released = {key.key(), key.timestamp()};
     } else if (event->type() == QEvent::ShortcutOverride) {
         const auto &key = static_cast<const QKeyEvent &>(*event);
+        if (isOfTheHistory(key)) {
+            event->ignore();
+            return true;
+        }
         if (isRepeat(key) || (takesText(watched) && isWithoutModifiers(key))) {
             event->accept();
             return true;

@@ -7,7 +7,8 @@ class QKeyEvent;
 namespace quenara {
 
 /// Keeps key presses from being taken as shortcuts that are none: keys without modifiers typed into
-/// text, and the repeats of a key that is held down. To be installed as an event filter on the
+/// text, and the repeats of a key that is held down. Keeps fields from taking the keys for undo and
+/// redo before the menus can. To be installed as an event filter on the
 /// application.
 class ShortcutGuard : public QObject
 {

@@ -1,15 +1,16 @@
 #include "ZelvoCommands.h"
 
-#include "AppearancePreference.h"
 #include "DocumentGuard.h"
 #include "EndTyping.h"
 #include "OpenRecentMenu.h"
+#include "OutputSwitches.h"
 #include "WindowCoordinator.h"
 #include "WorkspaceStore.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QMenuBar>
+#include <QPointer>
 
 namespace quenara {
 
@@ -72,6 +73,12 @@ bool worksOnDocument(Command command)
     return command <= Command::redo;
 }
 
+/// Whether the operator goes on typing after it.
+bool isAmidTyping(Command command)
+{
+    return command == Command::save || command == Command::undo || command == Command::redo;
+}
+
 } // namespace
 
 std::span<const MenuDescription> menuDescriptions()
@@ -80,9 +87,8 @@ std::span<const MenuDescription> menuDescriptions()
 }
 
 ZelvoCommands::ZelvoCommands(WorkspaceStore &store, WindowCoordinator &windows,
-                             DocumentGuard &guard, const AppearancePreference &appearance,
-                             QObject *parent)
-    : QObject(parent), m_store(store), m_windows(windows), m_guard(guard), m_appearance(appearance)
+                             OutputSwitches &outputs, DocumentGuard &guard, QObject *parent)
+    : QObject(parent), m_store(store), m_windows(windows), m_outputs(outputs), m_guard(guard)
 {
     for (const MenuDescription &menu : menus) {
         for (const Commands &group : menu.groups) {
@@ -112,7 +118,8 @@ QAction *ZelvoCommands::makeAction(const CommandDescription &description)
     // Not of the application: a dialog on one window must neither take its keys for commands nor
     // keep them from the other windows.
     action->setShortcutContext(Qt::WindowShortcut);
-    action->setAutoRepeat(false);
+    action->setAutoRepeat(description.command == Command::undo
+                          || description.command == Command::redo);
     action->setMenuRole(QAction::NoRole);
     connect(action, &QAction::triggered, this,
             [this, command = description.command] { perform(command); });
@@ -141,7 +148,14 @@ void ZelvoCommands::perform(Command command)
     // operator's dialog.
     if (worksOnDocument(command) && QApplication::activeModalWidget())
         return;
-    endTyping();
+    const QPointer<QWidget> field = endTyping();
+    carryOut(command);
+    if (field && isAmidTyping(command))
+        field->setFocus(Qt::OtherFocusReason);
+}
+
+void ZelvoCommands::carryOut(Command command)
+{
     switch (command) {
     case Command::newProject:
         return m_store.showStartPanel();
@@ -178,13 +192,9 @@ void ZelvoCommands::perform(Command command)
     case Command::toggleLogo:
         return m_store.toggleLogo();
     case Command::toggleDisplayWindow:
-        return m_windows.isDisplayWindowOpen()
-            ? m_windows.closeDisplayWindow()
-            : m_windows.openDisplayWindow(m_store, m_appearance.appearance());
+        return m_outputs.toggleDisplayWindow();
     case Command::toggleStageWindow:
-        return m_windows.isStageWindowOpen()
-            ? m_windows.closeStageWindow()
-            : m_windows.openStageWindow(m_store, m_appearance.appearance());
+        return m_outputs.toggleStageWindow();
     }
 }
 

@@ -13,8 +13,8 @@ class QWidget;
 
 namespace quenara {
 
-class AppearancePreference;
 class DocumentGuard;
+class OutputSwitches;
 class WindowCoordinator;
 class WorkspaceStore;
 
@@ -60,14 +60,14 @@ std::span<const MenuDescription> menuDescriptions();
 
 /// The menu bar's commands. Each calls one operation of the store or the coordinator, those that
 /// replace the document once the guard agrees; shortcuts work in the operator window and the output
-/// windows alike, one press being one step.
+/// windows alike, one press being one step, but for undo and redo, which a held key repeats.
 class ZelvoCommands : public QObject
 {
     Q_OBJECT
 
 public:
-    ZelvoCommands(WorkspaceStore &store, WindowCoordinator &windows, DocumentGuard &guard,
-                  const AppearancePreference &appearance, QObject *parent = nullptr);
+    ZelvoCommands(WorkspaceStore &store, WindowCoordinator &windows, OutputSwitches &outputs,
+                  DocumentGuard &guard, QObject *parent = nullptr);
 
     void fill(QMenuBar &menuBar) const;
 
@@ -79,14 +79,15 @@ signals:
 private:
     QAction *makeAction(const CommandDescription &description);
     void perform(Command command);
+    void carryOut(Command command);
     void replaceDocument(void (WorkspaceStore::*operation)());
     void showHistory();
     void showWindows();
 
     WorkspaceStore &m_store;
     WindowCoordinator &m_windows;
+    OutputSwitches &m_outputs;
     DocumentGuard &m_guard;
-    const AppearancePreference &m_appearance;
     QHash<Command, QAction *> m_actions;
 };
 

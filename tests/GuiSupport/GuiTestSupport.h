@@ -9,7 +9,7 @@
 namespace quenara::test {
 
 /// A test in which every warning is a failure, but for those that the offscreen platform itself
-/// gives of any window that is raised or has a minimum size.
+/// gives of any window that is raised or has a minimum size and of any menu.
 class GuiTest : public QObject
 {
     Q_OBJECT

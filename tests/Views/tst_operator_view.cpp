@@ -1,43 +1,20 @@
 #include "GuiTestSupport.h"
-#include "OperatorView.h"
-#include "PictureCache.h"
-#include "ShowListModel.h"
-#include "SlideView.h"
-#include "TestSupport.h"
+#include "OperatorWorld.h"
+#include "OutputModeBadge.h"
+#include "RundownView.h"
+#include "TransportView.h"
 
 #include <QLabel>
 #include <QLineEdit>
-#include <QListView>
-#include <QScrollBar>
 
 using namespace quenara;
 using namespace quenara::test;
 
 namespace {
 
-/// An operator view on a world of its own, shown.
-struct Operator
+struct Operator : OperatorWorld
 {
-    World world;
-    PictureCache pictures;
-    OperatorView view{world.store, pictures};
     QLineEdit *name = view.findChild<QLineEdit *>(QStringLiteral("projectName"));
-    QListView *list = view.findChild<QListView *>(QStringLiteral("showList"));
-
-    Operator()
-    {
-        view.resize(1180, 760);
-        view.show();
-        view.activateWindow();
-        if (!QTest::qWaitForWindowActive(&view))
-            qFatal("the view does not become active");
-    }
-
-    void clickRow(int row) const
-    {
-        const QPoint middle = list->visualRect(list->model()->index(row, 0)).center();
-        QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, middle);
-    }
 
     bool shows(const QString &text) const
     {
@@ -46,6 +23,8 @@ struct Operator
             return label->isVisible() && label->text() == text;
         });
     }
+
+    QString badge() const { return view.findChild<OutputModeBadge *>()->accessibleName(); }
 };
 
 } // namespace
@@ -55,51 +34,32 @@ class TestOperatorView : public GuiTest
     Q_OBJECT
 
 private slots:
-    void clickingASlideSelectsAndQueuesItAndNeverChangesTheLiveOne()
+    void panelsHaveTheirSizes()
     {
         Operator op;
-        const auto live = op.world.store.liveSlideID();
-        op.clickRow(4);
-        const QString verse = op.world.store.flattenedSlides().at(2).id();
-        QCOMPARE(op.world.store.selectedSlideID(), verse);
-        QCOMPARE(op.world.store.queuedSlideID(), verse);
-        QCOMPARE(op.world.store.liveSlideID(), live);
-    }
-
-    void clickingAnItemsRowChangesNothing()
-    {
-        Operator op;
-        const WorkspaceState before = op.world.store.state();
-        op.clickRow(3);
-        QCOMPARE(op.world.store.state(), before);
-    }
-
-    void theLivePreviewFollowsTheLiveSlide()
-    {
-        Operator op;
-        op.world.store.nextLive();
-        const auto *preview = op.view.findChild<SlideView *>();
-        QCOMPARE(preview->slide(), op.world.store.slideWithID(op.world.store.liveSlideID()));
-        QVERIFY(op.shows(QStringLiteral("Today")));
+        op.view.resize(1480, 900);
+        QCOMPARE(op.view.findChild<RundownView *>()->width(), 286);
+        QCOMPARE(op.view.findChild<TransportView *>()->height(), 132);
+        QCOMPARE(op.view.findChild<TransportView *>()->width(), 1480);
     }
 
     void theBadgeFollowsTheOutputMode()
     {
         Operator op;
-        QVERIFY(op.shows(QStringLiteral("LIVE")));
-        op.world.store.toggleBlackout();
-        QVERIFY(op.shows(QStringLiteral("BLACKOUT")));
-        op.world.store.toggleLogo();
-        QVERIFY(op.shows(QStringLiteral("LOGO")));
+        QCOMPARE(op.badge(), QStringLiteral("LIVE"));
+        op.store.toggleBlackout();
+        QCOMPARE(op.badge(), QStringLiteral("BLACKOUT"));
+        op.store.toggleLogo();
+        QCOMPARE(op.badge(), QStringLiteral("LOGO"));
     }
 
     void editedIsShownExactlyWhileThereAreUnsavedChanges()
     {
         Operator op;
         QVERIFY(!op.shows(QStringLiteral("Edited")));
-        op.world.store.addSlide();
+        op.store.addSlide();
         QVERIFY(op.shows(QStringLiteral("Edited")));
-        op.world.store.newBlankProject();
+        op.store.newBlankProject();
         QVERIFY(!op.shows(QStringLiteral("Edited")));
     }
 
@@ -108,8 +68,26 @@ private slots:
         Operator op;
         QVERIFY(op.shows(QStringLiteral("Unsaved project")));
         op.world.panels.answer = op.world.fileUrl(QStringLiteral("Sunday.quenara"));
-        op.world.store.saveProject();
+        op.press(QStringLiteral("Save"));
         QVERIFY(op.shows(QStringLiteral("Sunday.quenara")));
+    }
+
+    void newPresentsTheStartPanel()
+    {
+        Operator op;
+        op.press(QStringLiteral("New"));
+        QVERIFY(op.store.isStartPanelPresented());
+    }
+
+    void openAsksForAFileUnlessTheDocumentIsToStay()
+    {
+        Operator op;
+        op.mayReplaceDocument = false;
+        op.press(QStringLiteral("Open"));
+        QCOMPARE(op.world.panels.asked.size(), 0);
+        op.mayReplaceDocument = true;
+        op.press(QStringLiteral("Open"));
+        QCOMPARE(op.world.panels.asked.size(), 1);
     }
 
     void theNameIsWrittenWhenEditingEndsAsOneUndoStep()
@@ -118,14 +96,36 @@ private slots:
         QTest::mouseClick(op.name, Qt::LeftButton);
         op.name->selectAll();
         QTest::keyClicks(op.name, QStringLiteral("Easter"));
-        QCOMPARE(op.world.store.project().name, QStringLiteral("Quenara Demo Service"));
+        QCOMPARE(op.store.project().name, QStringLiteral("Quenara Demo Service"));
         QTest::keyClick(op.name, Qt::Key_Return);
-        QCOMPARE(op.world.store.project().name, QStringLiteral("Easter"));
+        QCOMPARE(op.store.project().name, QStringLiteral("Easter"));
         QVERIFY(!op.name->hasFocus());
-        op.world.store.undo();
-        QCOMPARE(op.world.store.project().name, QStringLiteral("Quenara Demo Service"));
+        op.store.undo();
+        QCOMPARE(op.store.project().name, QStringLiteral("Quenara Demo Service"));
         QCOMPARE(op.name->text(), QStringLiteral("Quenara Demo Service"));
-        QVERIFY(!op.world.store.canUndo());
+        QVERIFY(!op.store.canUndo());
+    }
+
+    void leavingTheNameWritesIt_data()
+    {
+        QTest::addColumn<bool>("byRow");
+        QTest::newRow("for a row of the rundown") << true;
+        QTest::newRow("for a button") << false;
+    }
+
+    void leavingTheNameWritesIt()
+    {
+        QFETCH(bool, byRow);
+        Operator op;
+        QTest::mouseClick(op.name, Qt::LeftButton);
+        op.name->selectAll();
+        QTest::keyClicks(op.name, QStringLiteral("Easter"));
+        if (byRow)
+            op.click(op.model->index(1));
+        else
+            op.press(QStringLiteral("Queue Next"));
+        QCOMPARE(op.store.project().name, QStringLiteral("Easter"));
+        QVERIFY(!op.name->hasFocus());
     }
 
     void escapePutsTheOldNameBack()
@@ -136,7 +136,7 @@ private slots:
         QTest::keyClick(op.name, Qt::Key_Escape);
         QCOMPARE(op.name->text(), QStringLiteral("Quenara Demo Service"));
         QVERIFY(!op.name->hasFocus());
-        QVERIFY(!op.world.store.canUndo());
+        QVERIFY(!op.store.canUndo());
     }
 
     void leavingTheNameUnchangedMakesNoUndoStep()
@@ -144,20 +144,18 @@ private slots:
         Operator op;
         QTest::mouseClick(op.name, Qt::LeftButton);
         QTest::keyClick(op.name, Qt::Key_Return);
-        QVERIFY(!op.world.store.canUndo());
+        QVERIFY(!op.store.canUndo());
     }
 
-    void theListHasNoCursorOfItsOwnForKeysToMove()
+    void anEditMeanwhileLeavesTheNameBeingTyped()
     {
         Operator op;
-        op.view.setFocus();
-        for (int i = 0; i < 60; ++i)
-            op.world.store.addSlide();
-        const int scrolled = op.list->verticalScrollBar()->value();
-        for (const Qt::Key key : {Qt::Key_Up, Qt::Key_PageUp, Qt::Key_Home, Qt::Key_W})
-            QTest::keyClick(op.view.windowHandle(), key);
-        QVERIFY(!op.list->currentIndex().isValid());
-        QCOMPARE(op.list->verticalScrollBar()->value(), scrolled);
+        QTest::mouseClick(op.name, Qt::LeftButton);
+        op.name->selectAll();
+        QTest::keyClicks(op.name, QStringLiteral("Eas"));
+        op.store.addSlide();
+        QTest::keyClicks(op.name, QStringLiteral("ter"));
+        QCOMPARE(op.name->text(), QStringLiteral("Easter"));
     }
 
     void theNameOfAnotherProjectTakesThePlaceOfOneBeingTyped()
@@ -165,46 +163,10 @@ private slots:
         Operator op;
         QTest::mouseClick(op.name, Qt::LeftButton);
         QTest::keyClicks(op.name, QStringLiteral("xyz"));
-        op.world.store.newSundayServiceProject();
+        op.store.newSundayServiceProject();
         QCOMPARE(op.name->text(), QStringLiteral("Sunday Service"));
         QTest::keyClick(op.name, Qt::Key_Return);
-        QCOMPARE(op.world.store.project().name, QStringLiteral("Sunday Service"));
-    }
-
-    void theCaptionOfTheLiveSlideSaysWhenTheAudienceDoesNotSeeIt()
-    {
-        Operator op;
-        QVERIFY(op.shows(QStringLiteral("Live")));
-        op.world.store.toggleBlackout();
-        QVERIFY(op.shows(QStringLiteral("Blackout")));
-        QVERIFY(!op.shows(QStringLiteral("Live")));
-    }
-
-    void theListStaysWhereItWasScrolledUntilTheSelectionChanges()
-    {
-        Operator op;
-        for (int i = 0; i < 60; ++i)
-            op.world.store.addSlide();
-        op.list->verticalScrollBar()->setValue(0);
-        op.world.store.toggleBlackout();
-        QCOMPARE(op.list->verticalScrollBar()->value(), 0);
-        op.world.store.queuePrevious();
-        QVERIFY(op.list->verticalScrollBar()->value() > 0);
-    }
-
-    void keyboardTransportScrollsTheListAlong()
-    {
-        Operator op;
-        for (int i = 0; i < 40; ++i)
-            op.world.store.addSlide();
-        op.world.store.previousLive();
-        op.world.store.selectSlide(op.world.store.flattenedSlides().constLast().id(), true);
-        const auto *model = qobject_cast<const ShowListModel *>(op.list->model());
-        const QModelIndex index = model->indexOf(op.world.store.selectedSlideID());
-        QVERIFY(op.list->viewport()->rect().contains(op.list->visualRect(index)));
-        op.world.store.selectSlide(op.world.store.flattenedSlides().constFirst().id(), true);
-        QVERIFY(op.list->viewport()->rect().contains(
-            op.list->visualRect(model->indexOf(op.world.store.selectedSlideID()))));
+        QCOMPARE(op.store.project().name, QStringLiteral("Sunday Service"));
     }
 };
 

@@ -3,6 +3,7 @@
 #include "AppearancePreference.h"
 #include "DocumentGuard.h"
 #include "OperatorWindow.h"
+#include "OutputToggles.h"
 #include "PictureCache.h"
 #include "SystemColorScheme.h"
 #include "TestSupport.h"
@@ -37,9 +38,10 @@ struct WindowingWorld : World
     PictureCache pictures;
     WindowCoordinator windows{systemScheme, pictures};
     AppearancePreference appearance{preferences};
+    OutputToggles outputs{store, windows, appearance};
     PreparedQuestions questions;
     DocumentGuard guard{store, windows, questions};
-    ZelvoCommands commands{store, windows, guard, appearance};
+    ZelvoCommands commands{store, windows, outputs, guard};
 
     void openDisplay() { windows.openDisplayWindow(store, appearance.appearance()); }
     void openStage() { windows.openStageWindow(store, appearance.appearance()); }

@@ -26,7 +26,7 @@ const QMenu &openRecentMenu(const OperatorWindow &window)
 /// The program's window over a document that is saved at first.
 struct Program : WindowingWorld
 {
-    OperatorWindow window{store, windows, guard, commands, pictures};
+    OperatorWindow window{store, windows, outputs, guard, commands, pictures};
 
     Program()
     {
@@ -301,8 +301,8 @@ private slots:
     void openRecentIsOutOfReachWithoutProjects()
     {
         WindowingWorld world;
-        const OperatorWindow window(world.store, world.windows, world.guard, world.commands,
-                                    world.pictures);
+        const OperatorWindow window(world.store, world.windows, world.outputs, world.guard,
+                                    world.commands, world.pictures);
         const QAction *item = openRecentMenu(window).menuAction();
         QVERIFY(!item->isEnabled());
         world.panels.answer = world.fileUrl(u"first.quenara"_s);

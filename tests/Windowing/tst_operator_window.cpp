@@ -13,7 +13,7 @@ namespace {
 
 struct Window : WindowingWorld
 {
-    OperatorWindow window{store, windows, guard, commands, pictures};
+    OperatorWindow window{store, windows, outputs, guard, commands, pictures};
 
     Window() { window.show(); }
 

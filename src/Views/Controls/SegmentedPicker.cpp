@@ -12,8 +12,7 @@ constexpr int segmentHeight = 24;
 
 } // namespace
 
-SegmentedPicker::SegmentedPicker(const QString &title, const QStringList &segments,
-                                 QWidget *parent)
+SegmentedPicker::SegmentedPicker(const QString &title, const QStringList &segments, QWidget *parent)
     : QFrame(parent)
 {
     setAccessibleName(title);

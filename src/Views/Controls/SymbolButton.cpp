@@ -21,14 +21,15 @@ struct Measures
     int gap; ///< between symbol and title
     int margin; ///< left and right of both
     QSize minimum;
+    int slack; ///< how much narrower it may be where room is scarce
 };
 
 constexpr auto measures = std::to_array<Measures>({
-    {"icon", 16, 0, 6, {28, 28}},
-    {"framed", 15, 0, 6, {28, 28}},
-    {"labelled", 15, 8, 12, {0, 28}},
-    {"tile", 18, 5, 10, {68, 58}},
-    {"prominent", 20, 12, 24, {138, 58}},
+    {"icon", 16, 0, 6, {28, 28}, 0},
+    {"framed", 15, 0, 6, {28, 28}, 0},
+    {"labelled", 15, 8, 12, {0, 28}, 0},
+    {"tile", 18, 5, 10, {68, 58}, 8},
+    {"prominent", 20, 12, 24, {138, 58}, 12},
 });
 
 const Measures &measuresOf(SymbolButton::Look look)
@@ -44,7 +45,7 @@ SymbolButton::SymbolButton(const QString &symbol, const QString &title, Look loo
     setProperty("look", QLatin1String(measuresOf(look).name));
     setFocusPolicy(Qt::TabFocus);
     setIconSize({measuresOf(look).iconSize, measuresOf(look).iconSize});
-    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
     setSymbol(symbol, title);
 }
 
@@ -82,6 +83,11 @@ QSize SymbolButton::sizeHint() const
     return QSize(contentSize().width() + 2 * own.margin, 0).expandedTo(own.minimum);
 }
 
+QSize SymbolButton::minimumSizeHint() const
+{
+    return sizeHint() - QSize(measuresOf(m_look).slack, 0);
+}
+
 QColor SymbolButton::contentColor() const
 {
     const ZelvoTheme &theme = themeOf(*this);
@@ -113,13 +119,14 @@ void SymbolButton::paintEvent(QPaintEvent * /*event*/)
     option.icon = {};
     painter.drawComplexControl(QStyle::CC_ToolButton, option);
 
-    const QRect content = QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, contentSize(),
-                                              rect());
+    const QRect content =
+        QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, contentSize(), rect());
     if (!m_symbol.isEmpty()) {
-        const QRect box = QStyle::alignedRect(
-            Qt::LeftToRight, m_look == Look::tile ? Qt::AlignHCenter | Qt::AlignTop
-                                                  : Qt::AlignLeft | Qt::AlignVCenter,
-            iconSize(), content);
+        const QRect box =
+            QStyle::alignedRect(Qt::LeftToRight,
+                                m_look == Look::tile ? Qt::AlignHCenter | Qt::AlignTop
+                                                     : Qt::AlignLeft | Qt::AlignVCenter,
+                                iconSize(), content);
         icon().paint(&painter, box, Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled);
     }
     if (showsTitle()) {

@@ -21,13 +21,12 @@ public:
     };
 
     /// \a symbol is a name in `resources/icons.list`, or empty.
-    SymbolButton(const QString &symbol, const QString &title, Look look,
-                 QWidget *parent = nullptr);
+    SymbolButton(const QString &symbol, const QString &title, Look look, QWidget *parent = nullptr);
 
     void setSymbol(const QString &symbol, const QString &title);
 
     QSize sizeHint() const override;
-    QSize minimumSizeHint() const override { return sizeHint(); }
+    QSize minimumSizeHint() const override;
 
 protected:
     void changeEvent(QEvent *event) override;

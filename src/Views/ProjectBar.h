@@ -1,0 +1,62 @@
+#pragma once
+
+#include <QLineEdit>
+
+#include <functional>
+
+class QLabel;
+
+namespace quenara {
+
+class OutputModeBadge;
+class WorkspaceStore;
+
+/// The project's name as a field. Written when editing ends, as one undo step; Escape puts the old
+/// name back.
+class ProjectNameField : public QLineEdit
+{
+    Q_OBJECT
+
+public:
+    explicit ProjectNameField(WorkspaceStore &store, QWidget *parent = nullptr);
+    ~ProjectNameField() override;
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    void showName();
+    void write();
+
+    WorkspaceStore &m_store;
+    QString m_projectID; ///< whose name the field holds
+};
+
+/// The bar across the top of the operator window: the project, where it is kept, and what the
+/// audience sees.
+class ProjectBar : public QWidget
+{
+    Q_OBJECT
+
+public:
+    static constexpr int barHeight = 52; ///< points
+
+    /// \a mayReplaceDocument is asked before "Open" replaces it.
+    ProjectBar(WorkspaceStore &store, const std::function<bool()> &mayReplaceDocument,
+               QWidget *parent = nullptr);
+
+protected:
+    void changeEvent(QEvent *event) override;
+
+private:
+    void showState();
+    void tint();
+
+    WorkspaceStore &m_store;
+    QLabel *m_symbol;
+    QLabel *m_edited;
+    QLabel *m_fileName;
+    OutputModeBadge *m_outputMode;
+};
+
+} // namespace quenara

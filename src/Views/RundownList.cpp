@@ -1,0 +1,166 @@
+#include "RundownList.h"
+
+#include "RundownModel.h"
+#include "RundownRowDelegate.h"
+#include "SymbolButton.h"
+#include "WorkspaceStore.h"
+
+#include <QContextMenuEvent>
+#include <QMenu>
+
+namespace quenara {
+
+namespace {
+
+constexpr int buttonMargin = 8;
+
+} // namespace
+
+RundownList::RundownList(WorkspaceStore &store, PictureCache &pictures, QWidget *parent)
+    : QListView(parent), m_store(store), m_thumbnails(pictures),
+      m_model(new RundownModel(store, this))
+{
+    setObjectName(QStringLiteral("rundownList"));
+    setAccessibleName(QStringLiteral("Rundown"));
+    setFocusPolicy(Qt::ClickFocus);
+    setModel(m_model);
+    setItemDelegate(new RundownRowDelegate(m_thumbnails, this));
+    setSelectionMode(NoSelection);
+    setEditTriggers(NoEditTriggers);
+    setMouseTracking(true);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollMode(ScrollPerPixel);
+    connect(this, &QListView::clicked, this, &RundownList::choose);
+    connect(&store, &WorkspaceStore::changed, this, &RundownList::followStore);
+    followStore();
+}
+
+void RundownList::choose(const QModelIndex &index)
+{
+    const QString id = index.data(RundownModel::idRole).toString();
+    if (index.data(RundownModel::isServiceItemRole).toBool())
+        m_store.selectServiceItem(id);
+    else
+        m_store.selectSlide(id, true);
+}
+
+QModelIndex RundownList::affectedRow() const
+{
+    const QModelIndex slide = m_model->indexOfSlide(m_store.selectedSlideID());
+    return slide.isValid() ? slide : m_model->indexOfServiceItem(m_store.selectedServiceItemID());
+}
+
+/// Brings into sight what an operation has selected or moved, and leaves the list where it was
+/// scrolled to by whatever does neither.
+void RundownList::followStore()
+{
+    const QModelIndex row = affectedRow();
+    if (row != m_followed || row.row() != m_followedRow) {
+        m_followed = row;
+        m_followedRow = row.row();
+        scrollTo(row);
+    }
+    placeSectionButtons();
+}
+
+void RundownList::keyPressEvent(QKeyEvent *event)
+{
+    event->ignore();
+}
+
+void RundownList::contextMenuEvent(QContextMenuEvent *event)
+{
+    const bool isByKeyboard = event->reason() == QContextMenuEvent::Keyboard;
+    const QModelIndex index = isByKeyboard ? affectedRow() : indexAt(event->pos());
+    if (!m_model->slideAt(index))
+        return;
+    const QString id = index.data(RundownModel::idRole).toString();
+    const auto withSlide = [this, id](void (WorkspaceStore::*operation)()) {
+        return [this, id, operation] {
+            m_store.selectSlide(id, true);
+            (m_store.*operation)();
+        };
+    };
+    auto *menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->addAction(QStringLiteral("Go Live"), this, [this, id] {
+        m_store.queueSlide(id);
+        m_store.goLive();
+    });
+    menu->addAction(QStringLiteral("Duplicate"), this,
+                    withSlide(&WorkspaceStore::duplicateSelectedSlide));
+    menu->addAction(QStringLiteral("Delete"), this,
+                    withSlide(&WorkspaceStore::deleteSelectedSlide));
+    menu->popup(isByKeyboard ? viewport()->mapToGlobal(visualRect(index).center())
+                             : event->globalPos());
+}
+
+void RundownList::paintEvent(QPaintEvent *event)
+{
+    m_thumbnails.startMaking();
+    QListView::paintEvent(event);
+    if (m_thumbnails.owesPictures())
+        viewport()->update(event->rect());
+}
+
+void RundownList::scrollContentsBy(int dx, int dy)
+{
+    QListView::scrollContentsBy(dx, dy);
+    placeSectionButtons();
+}
+
+void RundownList::updateGeometries()
+{
+    QListView::updateGeometries();
+    placeSectionButtons();
+}
+
+SymbolButton *RundownList::makeMoveButton(qsizetype position, qsizetype delta)
+{
+    auto *button = new SymbolButton(
+        delta < 0 ? QStringLiteral("chevron.up") : QStringLiteral("chevron.down"),
+        delta < 0 ? QStringLiteral("Move section up") : QStringLiteral("Move section down"),
+        SymbolButton::Look::icon, viewport());
+    button->setIconSize({12, 12});
+    connect(button, &SymbolButton::clicked, this, [this, position, delta] {
+        m_store.selectServiceItem(m_sectionButtons.at(position).itemID);
+        m_store.moveSelectedServiceItem(delta);
+    });
+    return button;
+}
+
+RundownList::SectionButtons &RundownList::sectionButtons(qsizetype position)
+{
+    if (position == m_sectionButtons.size())
+        m_sectionButtons.append({makeMoveButton(position, -1), makeMoveButton(position, 1), {}});
+    return m_sectionButtons[position];
+}
+
+void RundownList::placeSectionButtons()
+{
+    qsizetype used = 0;
+    const QModelIndex first = indexAt({viewport()->width() / 2, 0});
+    for (QModelIndex index = first; index.isValid(); index = m_model->index(index.row() + 1)) {
+        const QRect row = visualRect(index);
+        if (row.top() >= viewport()->height())
+            break;
+        if (!index.data(RundownModel::isServiceItemRole).toBool())
+            continue;
+        SectionButtons &buttons = sectionButtons(used++);
+        buttons.itemID = index.data(RundownModel::idRole).toString();
+        int right = row.right() + 1 - buttonMargin;
+        for (SymbolButton *button : {buttons.down, buttons.up}) {
+            const QSize size = button->sizeHint();
+            right -= size.width();
+            button->setGeometry({{right, row.center().y() - size.height() / 2 + 1}, size});
+            button->setAccessibleDescription(index.data(Qt::DisplayRole).toString());
+            button->show();
+        }
+    }
+    for (qsizetype i = used; i < m_sectionButtons.size(); ++i) {
+        m_sectionButtons.at(i).up->hide();
+        m_sectionButtons.at(i).down->hide();
+    }
+}
+
+} // namespace quenara

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "SlideThumbnails.h"
+
+#include <QListView>
+
+namespace quenara {
+
+class RundownModel;
+class SymbolButton;
+class WorkspaceStore;
+
+/// The rundown as a list. A click on a slide selects and queues it, one on a section selects that;
+/// the sections in sight have buttons that move them. Keys are left to the transport.
+class RundownList : public QListView
+{
+    Q_OBJECT
+
+public:
+    RundownList(WorkspaceStore &store, PictureCache &pictures, QWidget *parent = nullptr);
+
+    const SlideThumbnails &thumbnails() const { return m_thumbnails; }
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    void updateGeometries() override;
+
+private:
+    /// Moves the section whose row it stands on.
+    struct SectionButtons
+    {
+        SymbolButton *up;
+        SymbolButton *down;
+        QString itemID;
+    };
+
+    void choose(const QModelIndex &index);
+    QModelIndex affectedRow() const;
+    void followStore();
+    SectionButtons &sectionButtons(qsizetype position);
+    SymbolButton *makeMoveButton(qsizetype position, qsizetype delta);
+    void placeSectionButtons();
+
+    WorkspaceStore &m_store;
+    SlideThumbnails m_thumbnails;
+    RundownModel *m_model;
+    QPersistentModelIndex m_followed; ///< the row last scrolled to
+    int m_followedRow = -1;
+    QList<SectionButtons> m_sectionButtons; ///< of the sections in sight, then unused ones
+};
+
+} // namespace quenara

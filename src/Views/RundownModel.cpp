@@ -1,0 +1,233 @@
+#include "RundownModel.h"
+
+#include "WorkspaceStore.h"
+
+#include <algorithm>
+#include <array>
+
+namespace quenara {
+
+namespace {
+
+constexpr auto symbols = std::to_array<const char *>({
+    "hand.wave",
+    "music.note",
+    "text.book.closed",
+    "mic",
+    "megaphone",
+    "figure.walk.departure",
+    "square.stack.3d.up",
+});
+static_assert(symbols.size() == rawCases<ServiceItemType>.size());
+
+/// False for lists that are one, without looking at what they hold.
+bool mayDiffer(const QList<Slide> &a, const QList<Slide> &b)
+{
+    return a.constData() != b.constData() || a.size() != b.size();
+}
+
+} // namespace
+
+RundownModel::RundownModel(const WorkspaceStore &store, QObject *parent)
+    : QAbstractListModel(parent), m_store(store), m_project(store.project()),
+      m_rows(rowsOf(m_project)), m_marks(marks())
+{
+    connect(&store, &WorkspaceStore::projectChanged, this, &RundownModel::showProject);
+    connect(&store, &WorkspaceStore::changed, this, &RundownModel::showMarks);
+}
+
+QList<RundownModel::Row> RundownModel::rowsOf(const ZelvoProject &project)
+{
+    QList<Row> rows;
+    for (int i = 0; i < int(project.serviceItems.size()); ++i) {
+        rows.append({i, -1});
+        for (int j = 0; j < int(project.serviceItems.at(i).slides.size()); ++j)
+            rows.append({i, j});
+    }
+    return rows;
+}
+
+const QString &RundownModel::idOf(const ZelvoProject &project, const Row &row)
+{
+    const ServiceItem &item = project.serviceItems.at(row.item);
+    return row.slide < 0 ? item.id : item.slides.at(row.slide).id;
+}
+
+const ServiceItem &RundownModel::itemOf(const Row &row) const
+{
+    return m_project.serviceItems.at(row.item);
+}
+
+const Slide &RundownModel::slideOf(const Row &row) const
+{
+    return itemOf(row).slides.at(row.slide);
+}
+
+/// What both projects begin and end with stays; what lies between goes and comes.
+void RundownModel::showProject()
+{
+    const ZelvoProject before = m_project;
+    const QList<Row> oldRows = m_rows;
+    const ZelvoProject &after = m_store.project();
+    const QList<Row> newRows = rowsOf(after);
+    const auto isSame = [&](const Row &was, const Row &is) {
+        return (was.slide < 0) == (is.slide < 0) && idOf(before, was) == idOf(after, is);
+    };
+    const auto [oldMiddle, newMiddle] =
+        std::mismatch(oldRows.cbegin(), oldRows.cend(), newRows.cbegin(), newRows.cend(), isSame);
+    const auto common = std::min(oldRows.cend() - oldMiddle, newRows.cend() - newMiddle);
+    const auto [oldTail, newTail] =
+        std::mismatch(oldRows.crbegin(), oldRows.crbegin() + common, newRows.crbegin(), isSame);
+    const int first = int(oldMiddle - oldRows.cbegin());
+    const int removed = int(oldTail.base() - oldMiddle);
+    const int added = int(newTail.base() - newMiddle);
+
+    if (removed > 0) {
+        beginRemoveRows({}, first, first + removed - 1);
+        m_rows.remove(first, removed);
+        endRemoveRows();
+    }
+    if (added > 0)
+        beginInsertRows({}, first, first + added - 1);
+    m_project = after;
+    m_rows = newRows;
+    if (added > 0)
+        endInsertRows();
+
+    for (int row = 0; row < int(m_rows.size()); ++row) {
+        if (row >= first && row < first + added)
+            continue;
+        const Row &is = m_rows.at(row);
+        const Row &was = oldRows.at(row < first ? row : row - added + removed);
+        const ServiceItem &item = before.serviceItems.at(was.item);
+        const bool differs = is.slide < 0
+            ? item.title != itemOf(is).title || item.type != itemOf(is).type
+            : mayDiffer(item.slides, itemOf(is).slides)
+                && (was.slide != is.slide || item.slides.at(was.slide) != slideOf(is));
+        if (differs)
+            emit dataChanged(index(row), index(row));
+    }
+}
+
+RundownModel::Marks RundownModel::marks() const
+{
+    return {m_store.selectedServiceItemID(), m_store.selectedSlideID(), m_store.queuedSlideID(),
+            m_store.liveSlideID()};
+}
+
+void RundownModel::showMarks()
+{
+    const Marks before = std::exchange(m_marks, marks());
+    if (before == m_marks)
+        return;
+    // A document may hold an id twice, so that two rows bear one mark.
+    for (int row = 0; row < int(m_rows.size()); ++row) {
+        const QString &id = idOf(m_project, m_rows.at(row));
+        const auto changes = [&](std::optional<QString> Marks::*mark) {
+            return before.*mark != m_marks.*mark && (before.*mark == id || m_marks.*mark == id);
+        };
+        if (m_rows.at(row).slide < 0
+                ? changes(&Marks::serviceItem)
+                : changes(&Marks::selected) || changes(&Marks::queued) || changes(&Marks::live)) {
+            emit dataChanged(index(row), index(row));
+        }
+    }
+}
+
+int RundownModel::rowCount(const QModelIndex &parent) const
+{
+    return parent.isValid() ? 0 : int(m_rows.size());
+}
+
+QVariant RundownModel::data(const QModelIndex &index, int role) const
+{
+    if (!index.isValid() || index.row() >= m_rows.size())
+        return {};
+    const Row &row = m_rows.at(index.row());
+    return row.slide < 0 ? itemData(itemOf(row), role) : slideData(row, role);
+}
+
+QVariant RundownModel::itemData(const ServiceItem &item, int role) const
+{
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::ToolTipRole:
+        return item.title;
+    case Qt::AccessibleDescriptionRole:
+        return QStringLiteral("%1 section").arg(title(item.type));
+    case idRole:
+        return item.id;
+    case isServiceItemRole:
+        return true;
+    case isSelectedRole:
+        return item.id == m_marks.serviceItem;
+    case symbolRole:
+        return QLatin1String(symbols.at(std::size_t(item.type)));
+    default:
+        return {};
+    }
+}
+
+QVariant RundownModel::slideData(const Row &row, int role) const
+{
+    const Slide &slide = slideOf(row);
+    switch (role) {
+    case Qt::DisplayRole:
+    case Qt::ToolTipRole:
+        return slide.title.isEmpty() ? QStringLiteral("Untitled") : slide.title;
+    case Qt::AccessibleDescriptionRole:
+        return QStringLiteral("Slide %1 of %2%3")
+            .arg(QString::number(row.slide + 1), itemOf(row).title, stateOf(slide));
+    case idRole:
+        return slide.id;
+    case isServiceItemRole:
+        return false;
+    case isSelectedRole:
+        return slide.id == m_marks.selected;
+    case isQueuedRole:
+        return slide.id == m_marks.queued;
+    case isLiveRole:
+        return slide.id == m_marks.live;
+    case numberRole:
+        return row.slide + 1;
+    default:
+        return {};
+    }
+}
+
+QString RundownModel::stateOf(const Slide &slide) const
+{
+    QString state;
+    if (slide.id == m_marks.live)
+        state += QStringLiteral(", live");
+    if (slide.id == m_marks.queued)
+        state += QStringLiteral(", queued");
+    if (slide.id == m_marks.selected)
+        state += QStringLiteral(", selected");
+    return state;
+}
+
+const Slide *RundownModel::slideAt(const QModelIndex &index) const
+{
+    if (!index.isValid() || index.row() >= m_rows.size() || m_rows.at(index.row()).slide < 0)
+        return nullptr;
+    return &slideOf(m_rows.at(index.row()));
+}
+
+QModelIndex RundownModel::indexOfSlide(const std::optional<QString> &id) const
+{
+    const auto row = std::find_if(m_rows.cbegin(), m_rows.cend(), [&](const Row &candidate) {
+        return candidate.slide >= 0 && idOf(m_project, candidate) == id;
+    });
+    return row == m_rows.cend() ? QModelIndex() : index(int(row - m_rows.cbegin()));
+}
+
+QModelIndex RundownModel::indexOfServiceItem(const std::optional<QString> &id) const
+{
+    const auto row = std::find_if(m_rows.cbegin(), m_rows.cend(), [&](const Row &candidate) {
+        return candidate.slide < 0 && idOf(m_project, candidate) == id;
+    });
+    return row == m_rows.cend() ? QModelIndex() : index(int(row - m_rows.cbegin()));
+}
+
+} // namespace quenara

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "ProjectModels.h"
+
+#include <QAbstractListModel>
+
+#include <optional>
+
+namespace quenara {
+
+class WorkspaceStore;
+
+/// The rundown as rows of a list: each service item followed by its slides. Tells its views which
+/// rows came, went and changed, so that nothing else need be drawn again.
+class RundownModel : public QAbstractListModel
+{
+    Q_OBJECT
+
+public:
+    enum Role {
+        idRole = Qt::UserRole, ///< of the slide or the service item
+        isServiceItemRole, ///< these four are booleans
+        isSelectedRole,
+        isQueuedRole,
+        isLiveRole,
+        numberRole, ///< 1-based number of the slide in its item
+        symbolRole, ///< of the item's type, a name in `resources/icons.list`
+    };
+
+    explicit RundownModel(const WorkspaceStore &store, QObject *parent = nullptr);
+
+    int rowCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role) const override;
+
+    /// Null for a service item's row.
+    const Slide *slideAt(const QModelIndex &index) const;
+
+    /// The row of the first slide or service item with that id, invalid for an unknown one.
+    QModelIndex indexOfSlide(const std::optional<QString> &id) const;
+    QModelIndex indexOfServiceItem(const std::optional<QString> &id) const;
+
+private:
+    struct Row
+    {
+        int item;
+        int slide; ///< -1 for the item's own row
+    };
+
+    /// What a row shows besides what the project says of it.
+    struct Marks
+    {
+        std::optional<QString> serviceItem;
+        std::optional<QString> selected;
+        std::optional<QString> queued;
+        std::optional<QString> live;
+
+        bool operator==(const Marks &) const = default;
+    };
+
+    static QList<Row> rowsOf(const ZelvoProject &project);
+    static const QString &idOf(const ZelvoProject &project, const Row &row);
+
+    const ServiceItem &itemOf(const Row &row) const;
+    const Slide &slideOf(const Row &row) const;
+    QVariant itemData(const ServiceItem &item, int role) const;
+    QVariant slideData(const Row &row, int role) const;
+    QString stateOf(const Slide &slide) const;
+    Marks marks() const;
+    void showProject();
+    void showMarks();
+
+    const WorkspaceStore &m_store;
+    ZelvoProject m_project; ///< what the rows index into
+    QList<Row> m_rows;
+    Marks m_marks;
+};
+
+} // namespace quenara

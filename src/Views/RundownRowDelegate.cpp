@@ -1,0 +1,197 @@
+#include "RundownRowDelegate.h"
+
+#include "Badge.h"
+#include "RoundedShapes.h"
+#include "RundownModel.h"
+#include "SlideFonts.h"
+#include "SlideThumbnails.h"
+#include "SymbolIcon.h"
+#include "ZelvoTheme.h"
+
+#include <QAbstractItemView>
+#include <QFontMetricsF>
+#include <QHelpEvent>
+#include <QPainter>
+#include <QPainterPath>
+#include <QToolTip>
+
+namespace quenara {
+
+namespace {
+
+constexpr int itemRowHeight = 38;
+constexpr int slideRowHeight = 48;
+constexpr double sideMargin = 8;
+constexpr double cornerRadius = 6;
+constexpr double thumbnailRadius = 4;
+constexpr double numberLeft = 10;
+constexpr double numberRight = 26;
+constexpr double thumbnailLeft = 34;
+constexpr double gap = 8;
+constexpr double itemSymbolLeft = 2;
+constexpr double itemTitleLeft = 24;
+constexpr int symbolSize = 16;
+constexpr double textSize = 13;
+constexpr double numberSize = 11;
+constexpr double pointerSize = 7;
+
+/// Draws \a text in one line, with an ellipsis where it does not fit.
+void drawText(QPainter &painter, const QString &text, const QFont &font, const QColor &color,
+              const QRectF &box, Qt::Alignment alignment)
+{
+    painter.setFont(font);
+    painter.setPen(color);
+    painter.drawText(
+        box, int(alignment | Qt::AlignVCenter) | Qt::TextSingleLine,
+        QFontMetricsF(font).elidedText(text.simplified(), Qt::ElideRight, box.width()));
+}
+
+QFont titleFont()
+{
+    return systemFont(textSize, QFont::Medium);
+}
+
+QFont itemFont()
+{
+    return systemFont(textSize, QFont::DemiBold);
+}
+
+QRectF rowOf(const QRectF &rect)
+{
+    return rect.adjusted(sideMargin, 1, -sideMargin, -1);
+}
+
+/// What the row leaves for the title of its service item or slide.
+QRectF titleBox(const QRectF &row, const QModelIndex &index)
+{
+    if (index.data(RundownModel::isServiceItemRole).toBool())
+        return row.adjusted(itemTitleLeft, 0, -RundownRowDelegate::itemButtonsWidth, 0);
+    const double badge = index.data(RundownModel::isLiveRole).toBool()
+        ? Badge{.text = QStringLiteral("LIVE"), .color = {}}.size().width() + gap
+        : 0;
+    return row.adjusted(thumbnailLeft + SlideThumbnails::size.width() + gap + 2, 0, -gap - badge,
+                        0);
+}
+
+/// Points at the row that goes live next.
+void drawPointer(QPainter &painter, const QPointF &leftMiddle, const QColor &color)
+{
+    QPainterPath triangle(leftMiddle - QPointF(0, pointerSize / 2));
+    triangle.lineTo(leftMiddle + QPointF(pointerSize * 0.85, 0));
+    triangle.lineTo(leftMiddle + QPointF(0, pointerSize / 2));
+    triangle.closeSubpath();
+    painter.fillPath(triangle, color);
+}
+
+void drawThumbnail(QPainter &painter, const QPixmap &picture, const QRectF &box,
+                   const ZelvoTheme &theme)
+{
+    const QPainterPath shape = continuousRoundedRect(box, thumbnailRadius);
+    painter.save();
+    painter.setClipPath(shape);
+    if (picture.isNull())
+        painter.fillRect(box, theme.canvasBackground);
+    else
+        painter.drawPixmap(box.topLeft(), picture);
+    painter.restore();
+    painter.strokePath(
+        continuousRoundedRect(box.adjusted(-0.5, -0.5, 0.5, 0.5), thumbnailRadius + 0.5),
+        QPen(theme.border, 1));
+}
+
+} // namespace
+
+RundownRowDelegate::RundownRowDelegate(SlideThumbnails &thumbnails, QObject *parent)
+    : QStyledItemDelegate(parent), m_thumbnails(thumbnails)
+{}
+
+void RundownRowDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
+                               const QModelIndex &index) const
+{
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    if (index.data(RundownModel::isServiceItemRole).toBool())
+        paintItem(*painter, option, index);
+    else
+        paintSlide(*painter, option, index);
+    painter->restore();
+}
+
+void RundownRowDelegate::paintItem(QPainter &painter, const QStyleOptionViewItem &option,
+                                   const QModelIndex &index) const
+{
+    const ZelvoTheme &theme = ZelvoTheme::current(colorSchemeOf(option.palette));
+    const QRectF row = rowOf(option.rect);
+    const bool isSelected = index.data(RundownModel::isSelectedRole).toBool();
+    const QRect symbol(int(row.left() + itemSymbolLeft), int(row.center().y()) - symbolSize / 2,
+                       symbolSize, symbolSize);
+    symbolIcon(index.data(RundownModel::symbolRole).toString(), theme.accent)
+        .paint(&painter, symbol);
+    drawText(painter, index.data(Qt::DisplayRole).toString(), itemFont(),
+             isSelected ? theme.primaryText : theme.secondaryText, titleBox(row, index),
+             Qt::AlignLeft);
+}
+
+void RundownRowDelegate::paintSlide(QPainter &painter, const QStyleOptionViewItem &option,
+                                    const QModelIndex &index) const
+{
+    const ZelvoTheme &theme = ZelvoTheme::current(colorSchemeOf(option.palette));
+    const QRectF row = rowOf(option.rect);
+    const bool isSelected = index.data(RundownModel::isSelectedRole).toBool();
+    const bool isQueued = index.data(RundownModel::isQueuedRole).toBool();
+    const QPainterPath shape =
+        continuousRoundedRect(row.adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius);
+    if (isSelected)
+        painter.fillPath(shape, theme.selection);
+    else if (option.state & QStyle::State_MouseOver)
+        painter.fillPath(shape, theme.panelSecondaryBackground);
+    if (isQueued) {
+        painter.strokePath(shape, QPen(theme.accent, 1));
+        drawPointer(painter, {row.left() + 4.5, row.center().y()}, theme.accent);
+    }
+
+    drawText(painter, QString::number(index.data(RundownModel::numberRole).toInt()),
+             systemFont(numberSize, QFont::Normal), theme.secondaryText,
+             {row.left() + numberLeft, row.top(), numberRight - numberLeft, row.height()},
+             Qt::AlignRight);
+    const QSizeF size = SlideThumbnails::size;
+    const QRectF picture(
+        QPointF(row.left() + thumbnailLeft, row.top() + (row.height() - size.height()) / 2), size);
+    const auto *model = qobject_cast<const RundownModel *>(index.model());
+    if (const Slide *slide = model ? model->slideAt(index) : nullptr) {
+        drawThumbnail(painter,
+                      m_thumbnails.thumbnail(*slide, painter.device()->devicePixelRatioF()),
+                      picture, theme);
+    }
+    const QRectF title = titleBox(row, index);
+    if (index.data(RundownModel::isLiveRole).toBool()) {
+        const Badge badge{.text = QStringLiteral("LIVE"), .color = theme.live};
+        badge.paint(painter, {title.right() + gap, row.center().y() - badge.size().height() / 2});
+    }
+    drawText(painter, index.data(Qt::DisplayRole).toString(), titleFont(), theme.primaryText, title,
+             Qt::AlignLeft);
+}
+
+QSize RundownRowDelegate::sizeHint(const QStyleOptionViewItem &option,
+                                   const QModelIndex &index) const
+{
+    return {option.rect.width(),
+            index.data(RundownModel::isServiceItemRole).toBool() ? itemRowHeight : slideRowHeight};
+}
+
+/// Only a title that is not seen whole needs telling.
+bool RundownRowDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
+                                   const QStyleOptionViewItem &option, const QModelIndex &index)
+{
+    const QFont font =
+        index.data(RundownModel::isServiceItemRole).toBool() ? itemFont() : titleFont();
+    const QString title = index.data(Qt::DisplayRole).toString();
+    const bool isElided = QFontMetricsF(font).horizontalAdvance(title.simplified())
+        > titleBox(rowOf(option.rect), index).width();
+    if (event->type() != QEvent::ToolTip || !index.isValid() || isElided)
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    QToolTip::hideText();
+    return true;
+}
+
+} // namespace quenara

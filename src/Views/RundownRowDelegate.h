@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+
+namespace quenara {
+
+class SlideThumbnails;
+
+/// Draws the rows of RundownModel. Selected (a filled row), queued (an outlined row with a pointer)
+/// and live (a badge with the word) differ in shape, not in colour alone.
+class RundownRowDelegate : public QStyledItemDelegate
+{
+    Q_OBJECT
+
+public:
+    /// Room that a service item's row leaves at its right end, in points.
+    static constexpr int itemButtonsWidth = 64;
+
+    RundownRowDelegate(SlideThumbnails &thumbnails, QObject *parent);
+
+    void paint(QPainter *painter, const QStyleOptionViewItem &option,
+               const QModelIndex &index) const override;
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+    bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
+                   const QModelIndex &index) override;
+
+private:
+    void paintItem(QPainter &painter, const QStyleOptionViewItem &option,
+                   const QModelIndex &index) const;
+    void paintSlide(QPainter &painter, const QStyleOptionViewItem &option,
+                    const QModelIndex &index) const;
+
+    SlideThumbnails &m_thumbnails;
+};
+
+} // namespace quenara

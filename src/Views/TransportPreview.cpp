@@ -1,0 +1,71 @@
+#include "TransportPreview.h"
+
+#include "ElidedLabel.h"
+#include "ProjectModels.h"
+#include "RoleLabel.h"
+#include "SlideView.h"
+#include "ThemeColors.h"
+
+#include <QHBoxLayout>
+#include <QPainter>
+#include <QVBoxLayout>
+
+namespace quenara {
+
+namespace {
+
+constexpr int previewWidth = 190;
+constexpr QSize pictureSize{178, 100};
+constexpr int captionHeight = 12;
+constexpr int captionSpacing = 6;
+constexpr int dotSize = 6;
+constexpr double cornerRadius = 6;
+constexpr double outlineOpacity = 0.8;
+
+} // namespace
+
+TransportPreview::TransportPreview(const QString &title, QColor ZelvoTheme::*accent,
+                                   PictureCache &pictures, QWidget *parent)
+    : QWidget(parent), m_title(title), m_accent(accent),
+      m_slideTitle(new ElidedLabel(QStringLiteral("previewTitle"))),
+      m_picture(new SlideView(pictures))
+{
+    setFixedWidth(previewWidth);
+    m_picture->setFixedSize(pictureSize);
+    m_picture->setCornerRadius(cornerRadius);
+    m_picture->setOutline(accent, outlineOpacity);
+    m_picture->setAccessibleName(QStringLiteral("%1 slide").arg(title));
+    auto *caption = new QHBoxLayout;
+    caption->setContentsMargins(dotSize + captionSpacing, 0, 0, 0);
+    caption->setSpacing(captionSpacing);
+    QLabel *name = makeRoleLabel(QStringLiteral("previewCaption"), title);
+    name->setFixedHeight(captionHeight);
+    m_slideTitle->setFixedHeight(captionHeight);
+    caption->addWidget(name);
+    caption->addWidget(m_slideTitle, 1);
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, previewWidth - pictureSize.width(), 0);
+    layout->setSpacing(0);
+    layout->addLayout(caption);
+    layout->addWidget(m_picture);
+}
+
+void TransportPreview::setSlide(const std::optional<Slide> &slide)
+{
+    const QString title = slide ? slide->title : QStringLiteral("None");
+    m_slideTitle->setText(title);
+    m_picture->setAccessibleDescription(title);
+    m_picture->setSlide(slide);
+}
+
+/// The accent as a dot before the caption, which the smallest texts could not be read in.
+void TransportPreview::paintEvent(QPaintEvent * /*event*/)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(themeOf(*this).*m_accent);
+    painter.drawEllipse(QRectF(0, (captionHeight - dotSize) / 2.0, dotSize, dotSize));
+}
+
+} // namespace quenara

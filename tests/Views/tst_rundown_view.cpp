@@ -1,0 +1,367 @@
+#include "GuiTestSupport.h"
+#include "OperatorWorld.h"
+
+#include <QAccessible>
+#include <QHelpEvent>
+#include <QMenu>
+#include <QScrollBar>
+#include <QToolTip>
+
+using namespace Qt::StringLiterals;
+using namespace quenara;
+using namespace quenara::test;
+
+namespace {
+
+QModelIndex rowOfSlide(const OperatorWorld &op, const QString &id)
+{
+    return op.model->indexOfSlide(id);
+}
+
+bool isInSight(const OperatorWorld &op, const QModelIndex &index)
+{
+    return index.isValid()
+        && op.list->viewport()->rect().contains(op.list->visualRect(index));
+}
+
+/// Chooses from the context menu of a row.
+void chooseFromMenu(const OperatorWorld &op, const QModelIndex &index, const QString &title)
+{
+    const QPoint place = op.middleOf(index);
+    QContextMenuEvent event(QContextMenuEvent::Mouse, place,
+                            op.list->viewport()->mapToGlobal(place));
+    QApplication::sendEvent(op.list->viewport(), &event);
+    auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    QVERIFY(menu);
+    for (QAction *action : menu->actions()) {
+        if (action->text() == title) {
+            QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier,
+                              menu->actionGeometry(action).center());
+            return;
+        }
+    }
+    QFAIL(qPrintable(title));
+}
+
+QString tooltipOver(const OperatorWorld &op, const QModelIndex &index)
+{
+    const QPoint place = op.middleOf(index);
+    QHelpEvent event(QEvent::ToolTip, place, op.list->viewport()->mapToGlobal(place));
+    QApplication::sendEvent(op.list->viewport(), &event);
+    return QToolTip::text();
+}
+
+/// What a row looks like, on a slide's row without its thumbnail.
+QImage lookOf(OperatorWorld &op, const QModelIndex &index)
+{
+    return op.list->viewport()->grab(op.list->visualRect(index)).toImage();
+}
+
+} // namespace
+
+class TestRundownView : public GuiTest
+{
+    Q_OBJECT
+
+private slots:
+    void clickingASlideSelectsAndQueuesItAndNeverChangesTheLiveOne()
+    {
+        OperatorWorld op(showOf({2, 3}));
+        op.click(rowOfSlide(op, QStringLiteral("B2")));
+        QCOMPARE(op.store.selectedSlideID(), QStringLiteral("B2"));
+        QCOMPARE(op.store.queuedSlideID(), QStringLiteral("B2"));
+        QCOMPARE(op.store.liveSlideID(), QStringLiteral("A1"));
+    }
+
+    void clickingASectionSelectsItAndNothingElse()
+    {
+        OperatorWorld op(showOf({2, 3}));
+        WorkspaceState expected = op.store.state();
+        expected.selectedServiceItemID = QStringLiteral("B");
+        op.click(op.model->indexOfServiceItem(QStringLiteral("B")));
+        QCOMPARE(op.store.state(), expected);
+    }
+
+    void goLiveInTheContextMenuQueuesTheSlideAndSendsIt()
+    {
+        OperatorWorld op(showOf({2, 3}));
+        chooseFromMenu(op, rowOfSlide(op, QStringLiteral("B3")), QStringLiteral("Go Live"));
+        QCOMPARE(op.store.liveSlideID(), QStringLiteral("B3"));
+        QCOMPARE(op.store.queuedSlideID(), QStringLiteral("B3"));
+    }
+
+    void duplicateInTheContextMenuCopiesThatSlide()
+    {
+        OperatorWorld op(showOf({2, 3}));
+        chooseFromMenu(op, rowOfSlide(op, QStringLiteral("B1")), QStringLiteral("Duplicate"));
+        QCOMPARE(op.titlesOf(1), QStringList({u"B1"_s, u"B1 Copy"_s, u"B2"_s, u"B3"_s}));
+        QCOMPARE(op.titlesOf(0), QStringList({u"A1"_s, u"A2"_s}));
+    }
+
+    void deleteInTheContextMenuRemovesThatSlide()
+    {
+        OperatorWorld op(showOf({2, 3}));
+        chooseFromMenu(op, rowOfSlide(op, QStringLiteral("B2")), QStringLiteral("Delete"));
+        QCOMPARE(op.titlesOf(1), QStringList({u"B1"_s, u"B3"_s}));
+        QCOMPARE(op.titlesOf(0), QStringList({u"A1"_s, u"A2"_s}));
+    }
+
+    void theContextMenuKeyOpensTheMenuOfTheSelectedSlide()
+    {
+        OperatorWorld op(showOf({2, 3}));
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
+        QApplication::sendEvent(op.list->viewport(), &event);
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        QVERIFY(menu);
+        menu->close();
+    }
+
+    void addSectionAppendsACustomOne()
+    {
+        OperatorWorld op(showOf({2}));
+        op.press(QStringLiteral("Add section"));
+        QCOMPARE(op.store.project().serviceItems.size(), 2);
+        QCOMPARE(op.store.project().serviceItems.last().type, ServiceItemType::custom);
+        QCOMPARE(op.store.project().serviceItems.last().title, QStringLiteral("New Section"));
+    }
+
+    void pasteSongLyricsPresentsTheSheet()
+    {
+        OperatorWorld op;
+        op.press(QStringLiteral("Paste song lyrics"));
+        QVERIFY(op.store.isSongImportPresented());
+    }
+
+    void slideAppendsToTheSelectedSection()
+    {
+        OperatorWorld op(showOf({2, 1}));
+        op.click(op.model->indexOfServiceItem(QStringLiteral("B")));
+        op.press(QStringLiteral("Slide"));
+        QCOMPARE(op.titlesOf(1), QStringList({u"B1"_s, u"New Slide"_s}));
+    }
+
+    void duplicateAndDeleteWorkOnTheSelectedSlide()
+    {
+        OperatorWorld op(showOf({2}));
+        op.press(QStringLiteral("Duplicate selected slide"));
+        QCOMPARE(op.titlesOf(0), QStringList({u"A1"_s, u"A1 Copy"_s, u"A2"_s}));
+        op.press(QStringLiteral("Delete selected slide"));
+        QCOMPARE(op.titlesOf(0), QStringList({u"A1"_s, u"A2"_s}));
+    }
+
+    void theFooterMovesTheSelectedSlide()
+    {
+        OperatorWorld op(showOf({3}));
+        op.press(QStringLiteral("Move slide down"));
+        QCOMPARE(op.titlesOf(0), QStringList({u"A2"_s, u"A1"_s, u"A3"_s}));
+        op.press(QStringLiteral("Move slide up"));
+        QCOMPARE(op.titlesOf(0), QStringList({u"A1"_s, u"A2"_s, u"A3"_s}));
+    }
+
+    void theFooterDeletesTheSelectedSection()
+    {
+        OperatorWorld op(showOf({1, 1, 1}));
+        op.click(op.model->indexOfServiceItem(QStringLiteral("B")));
+        op.press(QStringLiteral("Delete selected section"));
+        QCOMPARE(op.store.project().serviceItems.size(), 2);
+        QCOMPARE(op.store.project().serviceItems.at(1).id, QStringLiteral("C"));
+    }
+
+    void aSectionsButtonsMoveThatSection()
+    {
+        OperatorWorld op(showOf({1, 1, 1}));
+        op.press(QStringLiteral("Move section down"), 1);
+        QCOMPARE(op.store.project().serviceItems.at(2).id, QStringLiteral("B"));
+        op.press(QStringLiteral("Move section up"), 2);
+        QCOMPARE(op.store.project().serviceItems.at(1).id, QStringLiteral("B"));
+    }
+
+    void movingTheFirstSectionUpOrTheLastSlideDownDoesNothing()
+    {
+        OperatorWorld op(showOf({2, 1}));
+        const ZelvoProject before = op.store.project();
+        op.press(QStringLiteral("Move section up"), 0);
+        QCOMPARE(op.store.project(), before);
+        QVERIFY(!op.store.canUndo());
+        op.click(rowOfSlide(op, QStringLiteral("A2")));
+        op.press(QStringLiteral("Move slide down"));
+        QCOMPARE(op.titlesOf(0), QStringList({u"A1"_s, u"A2"_s}));
+    }
+
+    void anEmptyProjectHasAnEmptyListAndSlideStillMakesASection()
+    {
+        OperatorWorld op;
+        op.store.newBlankProject();
+        QCOMPARE(op.model->rowCount(), 0);
+        op.press(QStringLiteral("Slide"));
+        QCOMPARE(op.model->rowCount(), 2);
+        QCOMPARE(op.model->index(0).data().toString(), QStringLiteral("New Section"));
+        QCOMPARE(op.titlesOf(0), QStringList({u"New Slide"_s}));
+    }
+
+    void everySectionInSightHasItsButtonsAndNoOther()
+    {
+        OperatorWorld op(showOf({30, 30, 30}));
+        QCOMPARE(op.buttons(QStringLiteral("Move section up")).size(), 1);
+        QCOMPARE(op.buttons(QStringLiteral("Move section up")).first()->accessibleDescription(),
+                 QStringLiteral("Item A"));
+        op.list->scrollTo(op.model->indexOfServiceItem(QStringLiteral("B")),
+                          QAbstractItemView::PositionAtCenter);
+        QCOMPARE(op.buttons(QStringLiteral("Move section up")).size(), 1);
+        QCOMPARE(op.buttons(QStringLiteral("Move section up")).first()->accessibleDescription(),
+                 QStringLiteral("Item B"));
+        op.list->scrollTo(op.model->indexOfSlide(QStringLiteral("B15")),
+                          QAbstractItemView::PositionAtCenter);
+        QCOMPARE(op.buttons(QStringLiteral("Move section up")).size(), 0);
+    }
+
+    void anOperationScrollsTheRowItAffectsIntoView_data()
+    {
+        QTest::addColumn<std::function<void(WorkspaceStore &)>>("operation");
+        const auto row = [](const char *name, std::function<void(WorkspaceStore &)> operation) {
+            QTest::newRow(name) << std::move(operation);
+        };
+        row("a section added", [](auto &store) { store.addServiceItem(ServiceItemType::song); });
+        row("the last slide selected", [](auto &store) { store.selectSlide(u"C40"_s, true); });
+        row("the previous live slide at the beginning", [](auto &store) {
+            store.selectSlide(u"C40"_s, true);
+            store.goLive();
+            store.previousLive();
+        });
+        row("the queue moved", [](auto &store) {
+            store.selectSlide(u"C38"_s, true);
+            store.queueNext();
+        });
+        row("a slide duplicated", [](auto &store) {
+            store.selectSlide(u"B20"_s, true);
+            store.duplicateSelectedSlide();
+        });
+        row("a slide moved", [](auto &store) {
+            store.selectSlide(u"A1"_s, true);
+            store.moveSelectedSlide(30);
+        });
+        row("a section moved", [](auto &store) {
+            store.selectSlide(u"A1"_s, true);
+            store.moveSelectedServiceItem(1);
+        });
+        row("a song imported", [](auto &store) { store.importSong(u"Song"_s, u"One\n\nTwo"_s); });
+    }
+
+    void anOperationScrollsTheRowItAffectsIntoView()
+    {
+        QFETCH(std::function<void(WorkspaceStore &)>, operation);
+        OperatorWorld op(showOf({40, 40, 40}));
+        operation(op.store);
+        QVERIFY(isInSight(op, op.model->indexOfSlide(op.store.selectedSlideID())));
+    }
+
+    void theListStaysWhereItWasScrolledUntilTheSelectionChanges()
+    {
+        OperatorWorld op(showOf({40, 40}));
+        op.store.selectSlide(QStringLiteral("B40"), true);
+        op.list->verticalScrollBar()->setValue(0);
+        op.store.toggleBlackout();
+        op.store.updateSelectedSlide([](Slide &slide) { slide.title = QStringLiteral("x"); });
+        QCOMPARE(op.list->verticalScrollBar()->value(), 0);
+        op.store.queuePrevious();
+        QVERIFY(op.list->verticalScrollBar()->value() > 0);
+    }
+
+    void selectedQueuedAndLiveRowsDifferInShape()
+    {
+        OperatorWorld op(showOf({5}));
+        for (int i = 1; i <= 5; ++i)
+            op.store.updateServiceItem(QStringLiteral("A"), [i](ServiceItem &item) {
+                item.slides[i - 1].title = QStringLiteral("Slide");
+                item.slides[i - 1].design = item.slides.at(0).design;
+            });
+        op.store.queueSlide(QStringLiteral("A2"));
+        op.store.goLive();
+        op.store.queueSlide(QStringLiteral("A3"));
+        op.store.selectSlide(QStringLiteral("A4"), false);
+        // Grey, so that colour alone does not count, and without the number.
+        const auto look = [&](const QString &id) {
+            QImage row = lookOf(op, rowOfSlide(op, id)).convertToFormat(QImage::Format_Grayscale8);
+            QPainter painter(&row);
+            painter.fillRect(QRect(18, 0, 18, row.height()), Qt::black);
+            return row;
+        };
+        const QStringList states{QStringLiteral("A2"), QStringLiteral("A3"), QStringLiteral("A4"),
+                                 QStringLiteral("A5")};
+        for (const QString &a : states) {
+            for (const QString &b : states)
+                QVERIFY2((look(a) == look(b)) == (a == b), qPrintable(a + b));
+        }
+    }
+
+    void rowsTellAReaderWhatTheyAreAndTheirState()
+    {
+        OperatorWorld op(showOf({2}));
+        op.store.queueNext();
+        const QModelIndex live = rowOfSlide(op, QStringLiteral("A1"));
+        const QModelIndex queued = rowOfSlide(op, QStringLiteral("A2"));
+        QCOMPARE(live.data(Qt::AccessibleDescriptionRole).toString(),
+                 QStringLiteral("Slide 1 of Item A, live"));
+        QCOMPARE(queued.data(Qt::AccessibleDescriptionRole).toString(),
+                 QStringLiteral("Slide 2 of Item A, queued, selected"));
+    }
+
+    void aTitleThatDoesNotFitIsToldWhole()
+    {
+        OperatorWorld op(showOf({2}));
+        const QString longTitle = QStringLiteral("A title far too long for the room it has here");
+        op.store.updateSelectedSlide([&](Slide &slide) { slide.title = longTitle; });
+        QCOMPARE(tooltipOver(op, rowOfSlide(op, QStringLiteral("A2"))), QString());
+        QCOMPARE(tooltipOver(op, rowOfSlide(op, QStringLiteral("A1"))), longTitle);
+    }
+
+    void oneEditDrawsOneThumbnailAndScrollingBackNone()
+    {
+        OperatorWorld op(showOf({60}));
+        QTRY_VERIFY(op.list->thumbnails().madeCount() > 5);
+        op.view.grab();
+        const auto made = [&] { return op.list->thumbnails().madeCount(); };
+        QTRY_VERIFY(!op.list->thumbnails().owesPictures());
+        const int before = made();
+        op.store.updateSelectedElement([](SlideElement &layer) { layer.frame.x += 10; });
+        op.view.grab();
+        QCOMPARE(made(), before + 1);
+        op.store.updateSelectedSlide([](Slide &slide) { slide.title = QStringLiteral("x"); });
+        op.store.queueNext();
+        op.store.nextLive();
+        op.view.grab();
+        QCOMPARE(made(), before + 1);
+        op.list->verticalScrollBar()->setValue(200);
+        op.view.grab();
+        const int scrolled = made();
+        op.list->verticalScrollBar()->setValue(0);
+        op.view.grab();
+        QCOMPARE(made(), scrolled);
+    }
+
+    void onlyRowsInSightGetThumbnails()
+    {
+        OperatorWorld op(showOf({1000}));
+        op.view.grab();
+        QTRY_VERIFY(!op.list->thumbnails().owesPictures());
+        QVERIFY(op.list->thumbnails().madeCount() > 5);
+        QVERIFY(op.list->thumbnails().madeCount() < 30);
+    }
+
+    void theListTakesNoKeys()
+    {
+        OperatorWorld op(showOf({60}));
+        op.click(rowOfSlide(op, QStringLiteral("A3")));
+        const int scrolled = op.list->verticalScrollBar()->value();
+        const WorkspaceState before = op.store.state();
+        for (const Qt::Key key :
+             {Qt::Key_Up, Qt::Key_PageDown, Qt::Key_End, Qt::Key_W, Qt::Key_Space}) {
+            QTest::keyClick(op.view.windowHandle(), key);
+        }
+        QCOMPARE(op.list->verticalScrollBar()->value(), scrolled);
+        QCOMPARE(op.store.state(), before);
+    }
+};
+
+QUENARA_GUI_TEST_MAIN(TestRundownView)
+#include "tst_rundown_view.moc"

@@ -1,0 +1,174 @@
+#include "GuiTestSupport.h"
+#include "OperatorWorld.h"
+#include "SlideView.h"
+#include "TransportPreview.h"
+#include "TransportView.h"
+
+#include <QLabel>
+
+using namespace Qt::StringLiterals;
+using namespace quenara;
+using namespace quenara::test;
+
+namespace {
+
+struct Transport : OperatorWorld
+{
+    using OperatorWorld::OperatorWorld;
+
+    const SlideView *picture(const QString &name) const
+    {
+        for (const SlideView *picture : view.findChildren<SlideView *>()) {
+            if (picture->accessibleName() == name)
+                return picture;
+        }
+        qFatal("there is no picture \"%s\"", qPrintable(name));
+    }
+
+    /// The captions of the queued and the live preview.
+    QStringList captions() const
+    {
+        QStringList texts;
+        for (const TransportPreview *preview : view.findChildren<TransportPreview *>()) {
+            for (const QLabel *label : preview->findChildren<QLabel *>())
+                texts.append(label->text());
+        }
+        return texts;
+    }
+
+    bool isChecked(const QString &name) const { return buttons(name).first()->isChecked(); }
+};
+
+} // namespace
+
+class TestTransportView : public GuiTest
+{
+    Q_OBJECT
+
+private slots:
+    void previewsShowTheQueuedAndTheLiveSlide()
+    {
+        Transport op(showOf({3}));
+        op.store.queueNext();
+        QCOMPARE(op.captions(), QStringList({u"Queued"_s, u"Title of A2"_s, u"Live"_s, u"Title of A1"_s}));
+        QCOMPARE(op.picture(QStringLiteral("Queued slide"))->slide(),
+                 op.store.slideWithID(QStringLiteral("A2")));
+        QCOMPARE(op.picture(QStringLiteral("Live slide"))->slide(),
+                 op.store.slideWithID(QStringLiteral("A1")));
+        QCOMPARE(op.picture(QStringLiteral("Live slide"))->size(), QSize(178, 100));
+    }
+
+    void withNothingQueuedAndLiveBothReadNone()
+    {
+        Transport op;
+        op.store.newBlankProject();
+        QCOMPARE(op.captions(), QStringList({u"Queued"_s, u"None"_s, u"Live"_s, u"None"_s}));
+        for (const char *name : {"Queued slide", "Live slide"}) {
+            QWidget *picture = const_cast<SlideView *>(op.picture(QLatin1String(name)));
+            QCOMPARE(picture->grab().toImage().pixelColor(89, 50), QColor(Qt::black));
+        }
+    }
+
+    void buttonsCallTheirOperation_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<std::function<void(WorkspaceStore &)>>("operation");
+        const auto row = [](const char *name, void (WorkspaceStore::*operation)()) {
+            QTest::newRow(name) << QString::fromUtf8(name)
+                                << std::function<void(WorkspaceStore &)>(
+                                       [operation](WorkspaceStore &store) { (store.*operation)(); });
+        };
+        row("Previous", &WorkspaceStore::previousLive);
+        row("Go Live", &WorkspaceStore::goLive);
+        row("Next", &WorkspaceStore::nextLive);
+        row("Queue Prev", &WorkspaceStore::queuePrevious);
+        row("Queue Next", &WorkspaceStore::queueNext);
+        row("Blackout", &WorkspaceStore::toggleBlackout);
+        row("Logo", &WorkspaceStore::toggleLogo);
+    }
+
+    void buttonsCallTheirOperation()
+    {
+        QFETCH(QString, name);
+        QFETCH(std::function<void(WorkspaceStore &)>, operation);
+        const ZelvoProject show = showOf({5});
+        Transport pressed(show);
+        World called(show);
+        for (WorkspaceStore *store : {&pressed.store, &called.store}) {
+            store->selectSlide(QStringLiteral("A3"), true);
+            store->goLive();
+            store->queueNext();
+        }
+        const WorkspaceState before = pressed.store.state();
+        pressed.press(name);
+        operation(called.store);
+        QCOMPARE(selectionOf(pressed.store.state()), selectionOf(called.store.state()));
+        QCOMPARE(pressed.store.outputMode(), called.store.outputMode());
+        QVERIFY(pressed.store.state() != before);
+    }
+
+    void noButtonIsEverDisabled()
+    {
+        Transport op;
+        op.store.newBlankProject();
+        const auto *bar = op.view.findChild<TransportView *>();
+        QCOMPARE(bar->findChildren<SymbolButton *>().size(), 9);
+        for (SymbolButton *button : bar->findChildren<SymbolButton *>()) {
+            QVERIFY(button->isEnabled());
+            QTest::mouseClick(button, Qt::LeftButton);
+        }
+        QVERIFY(!op.store.liveSlideID());
+    }
+
+    void blackoutTwiceReturnsToLiveAndOnlyItsButtonShowsIt()
+    {
+        Transport op;
+        op.press(QStringLiteral("Blackout"));
+        QCOMPARE(op.store.outputMode(), OutputMode::blackout);
+        QVERIFY(op.isChecked(QStringLiteral("Blackout")));
+        QVERIFY(!op.isChecked(QStringLiteral("Logo")));
+        op.press(QStringLiteral("Blackout"));
+        QCOMPARE(op.store.outputMode(), OutputMode::live);
+        QVERIFY(!op.isChecked(QStringLiteral("Blackout")));
+    }
+
+    void aModeThatIsToggledElsewhereShowsOnItsButton()
+    {
+        Transport op;
+        op.store.toggleLogo();
+        QVERIFY(op.isChecked(QStringLiteral("Logo")));
+        op.store.goLive();
+        QVERIFY(!op.isChecked(QStringLiteral("Logo")));
+    }
+
+    void displayAndMonitorToggleTheirWindows()
+    {
+        Transport op;
+        op.press(QStringLiteral("Display"));
+        QVERIFY(op.outputs.isDisplayWindowOpen());
+        QVERIFY(op.isChecked(QStringLiteral("Display")));
+        QVERIFY(!op.isChecked(QStringLiteral("Monitor")));
+        op.press(QStringLiteral("Display"));
+        QVERIFY(!op.outputs.isDisplayWindowOpen());
+        op.press(QStringLiteral("Monitor"));
+        QVERIFY(op.outputs.isStageWindowOpen());
+        op.outputs.toggleStageWindow();
+        QVERIFY(!op.isChecked(QStringLiteral("Monitor")));
+    }
+
+    void everyButtonFitsAtTheSmallestWidth()
+    {
+        Transport op;
+        const QList<SymbolButton *> buttons =
+            op.view.findChild<TransportView *>()->findChildren<SymbolButton *>();
+        for (const SymbolButton *a : buttons) {
+            QVERIFY(a->width() >= a->minimumSizeHint().width());
+            QVERIFY(op.view.rect().contains({a->mapTo(&op.view, QPoint()), a->size()}));
+            for (const SymbolButton *b : buttons)
+                QVERIFY(a == b || !a->geometry().intersects(b->geometry()));
+        }
+    }
+};
+
+QUENARA_GUI_TEST_MAIN(TestTransportView)
+#include "tst_transport_view.moc"
