@@ -1,5 +1,7 @@
 #include "EndTyping.h"
 
+#include "CanvasTextLayerEditor.h"
+
 #include <QApplication>
 #include <QWidget>
 
@@ -8,6 +10,9 @@ namespace quenara {
 void endTyping()
 {
     QWidget *focused = QApplication::focusWidget();
+    // That one writes what is typed at once: the next key is for it as well, not for the show.
+    if (qobject_cast<CanvasTextLayerEditor *>(focused))
+        return;
     if (focused && focused->testAttribute(Qt::WA_InputMethodEnabled))
         focused->clearFocus();
 }
