@@ -1,11 +1,10 @@
 #include "OperatorView.h"
 
+#include "DesignCanvasView.h"
 #include "Panels.h"
 #include "ProjectBar.h"
 #include "RundownView.h"
-#include "SlideView.h"
 #include "TransportView.h"
-#include "WorkspaceStore.h"
 
 #include <QApplication>
 #include <QHBoxLayout>
@@ -14,6 +13,8 @@
 namespace quenara {
 
 namespace {
+
+constexpr int canvasMinimumWidth = 560;
 
 bool takesText(const QWidget *widget)
 {
@@ -31,6 +32,9 @@ OperatorView::OperatorView(WorkspaceStore &store, OutputSwitches &outputs, Pictu
     workArea->setSpacing(0);
     workArea->addWidget(new RundownView(store, pictures));
     workArea->addWidget(makeSeparator(Qt::Vertical));
+    auto *canvas = new DesignCanvasView(store, pictures);
+    canvas->setMinimumWidth(canvasMinimumWidth);
+    workArea->addWidget(canvas, 1);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);

@@ -16,6 +16,9 @@ namespace {
 constexpr double safeAreaInsetX = 180;
 constexpr double safeAreaInsetY = 150;
 
+constexpr QPainter::RenderHints hints =
+    QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform;
+
 void paintContent(QPainter &painter, const SlideElementRenderView &content, const QRectF &box)
 {
     const double opacity = std::clamp(content.element.opacity, 0.0, 1.0);
@@ -48,16 +51,33 @@ QRectF SlideDesignRenderView::box(const SlideElement &element) const
     return {frame.x * scale, frame.y * scale, frame.width * scale, frame.height * scale};
 }
 
+QRectF SlideDesignRenderView::whole() const
+{
+    const CanvasSize &canvas = slide.design.canvasSize;
+    return {0, 0, canvas.width * scale, canvas.height * scale};
+}
+
 void SlideDesignRenderView::paint(QPainter &painter) const
 {
-    const SlideDesign &design = slide.design;
-    const QRectF whole(0, 0, design.canvasSize.width * scale, design.canvasSize.height * scale);
+    paintBackground(painter);
+    paintLayers(painter, slide.design.visibleElementsInDrawingOrder());
+    paintGuide(painter);
+}
+
+void SlideDesignRenderView::paintBackground(QPainter &painter) const
+{
     painter.save();
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing
-                           | QPainter::SmoothPixmapTransform);
-    SlideBackgroundRenderView{design.background, scale, pictures}.paint(painter, whole);
-    for (const SlideElement &element : design.visibleElementsInDrawingOrder()) {
+    painter.setRenderHints(hints);
+    SlideBackgroundRenderView{slide.design.background, scale, pictures}.paint(painter, whole());
+    painter.restore();
+}
+
+void SlideDesignRenderView::paintLayers(QPainter &painter, const QList<SlideElement> &layers) const
+{
+    for (const SlideElement &element : layers) {
         const QRectF elementBox = box(element);
+        painter.save();
+        painter.setRenderHints(hints);
         painter.save();
         painter.translate(elementBox.center());
         painter.rotate(std::fmod(element.rotation, 360));
@@ -67,13 +87,20 @@ void SlideDesignRenderView::paint(QPainter &painter) const
         // The outline runs along the slide's edges; the editor draws handles around the layer.
         if (selectedElementID == element.id) {
             constexpr QColor amber(0xe0, 0xa1, 0x34);
-            DashedOutline{.color = amber, .width = 2, .dash = 7, .gap = 5}.paint(painter, whole);
+            DashedOutline{.color = amber, .width = 2, .dash = 7, .gap = 5}.paint(painter, whole());
         }
+        painter.restore();
     }
-    if (showSafeArea && design.safeAreaEnabled) {
-        const QColor faint = QColor::fromRgbF(1, 1, 1, 0.35F);
-        DashedOutline{.color = faint, .width = 1, .dash = 8, .gap = 8}.paint(painter, safeArea());
-    }
+}
+
+void SlideDesignRenderView::paintGuide(QPainter &painter) const
+{
+    if (!showSafeArea || !slide.design.safeAreaEnabled)
+        return;
+    painter.save();
+    painter.setRenderHints(hints);
+    const QColor faint = QColor::fromRgbF(1, 1, 1, 0.35F);
+    DashedOutline{.color = faint, .width = 1, .dash = 8, .gap = 8}.paint(painter, safeArea());
     painter.restore();
 }
 

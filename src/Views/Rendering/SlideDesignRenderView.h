@@ -23,11 +23,20 @@ struct SlideDesignRenderView
     /// Paints with the slide's top left at the origin of the painter's coordinates.
     void paint(QPainter &painter) const;
 
+    // What that paints, one over the other.
+    void paintBackground(QPainter &painter) const;
+    /// Each of \a layers with what marks the selected one, from the first up.
+    void paintLayers(QPainter &painter, const QList<SlideElement> &layers) const;
+    void paintGuide(QPainter &painter) const;
+
     /// The title-safe guide in points of the target.
     QRectF safeArea() const;
 
     /// The layer's box before its rotation, in points of the target.
     QRectF box(const SlideElement &element) const;
+
+    /// The slide in points of the target.
+    QRectF whole() const;
 };
 
 } // namespace quenara

@@ -99,7 +99,6 @@ TextBlock::TextBlock(const TextElementProperties &text, const QSizeF &box, const
 
 TextBlock::~TextBlock() = default;
 
-/// Canvas units for one of the layout's.
 double TextBlock::unit() const
 {
     return std::max(smallestFontSize, m_text.fontSize * m_fit) / layoutPixelSize;

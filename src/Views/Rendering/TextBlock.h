@@ -44,6 +44,13 @@ public:
 
     QStringList lines() const;
 
+    /// The lines in units of their own, beginning at the left edge of the box and at the top of the
+    /// bounds. Its text is the one that is shown, see TextPositions.
+    const QTextLayout &layout() const { return *m_layout; }
+
+    /// Canvas units for one of the layout's.
+    double unit() const;
+
     /// What the lines cover, in the box's coordinates; vertically centred in it.
     QRectF bounds() const { return m_bounds; }
 
@@ -63,7 +70,6 @@ private:
         QPointF position;
     };
 
-    double unit() const;
     void layOut(double fit);
     bool doesFit() const;
     void shrink();

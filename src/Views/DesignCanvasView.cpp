@@ -1,0 +1,120 @@
+#include "DesignCanvasView.h"
+
+#include "ElidedLabel.h"
+#include "RoleLabel.h"
+#include "SlideCanvas.h"
+#include "SymbolButton.h"
+#include "SymbolIcon.h"
+#include "ThemeColors.h"
+#include "WorkspaceStore.h"
+
+#include <QHBoxLayout>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+namespace quenara {
+
+namespace {
+
+// Points
+constexpr int headerHeight = 52;
+constexpr int headerMargin = 12;
+constexpr int buttonSpacing = 8;
+constexpr int lineSpacing = 2;
+constexpr int emptySpacing = 6;
+constexpr int emptySymbolSize = 28;
+
+} // namespace
+
+DesignCanvasView::DesignCanvasView(WorkspaceStore &store, PictureCache &pictures, QWidget *parent)
+    : QWidget(parent), m_store(store), m_area(new QStackedWidget),
+      m_canvas(new SlideCanvas(store, pictures))
+{
+    m_area->addWidget(makeEmptyState());
+    m_area->addWidget(m_canvas);
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(makeHeader());
+    layout->addWidget(m_area, 1);
+    connect(&store, &WorkspaceStore::changed, this, &DesignCanvasView::showStore);
+    showStore();
+}
+
+QWidget *DesignCanvasView::makeHeader()
+{
+    m_title = new ElidedLabel(QStringLiteral("canvasTitle"));
+    auto *titles = new QVBoxLayout;
+    titles->setSpacing(lineSpacing);
+    titles->addStretch();
+    titles->addWidget(m_title);
+    // The same whatever the design's own size.
+    titles->addWidget(
+        makeRoleLabel(QStringLiteral("canvasSize"), QStringLiteral("1920 x 1080  |  16:9 canvas")));
+    titles->addStretch();
+
+    auto *header = new QWidget;
+    header->setObjectName(QStringLiteral("canvasHeader"));
+    header->setAttribute(Qt::WA_StyledBackground);
+    header->setFixedHeight(headerHeight);
+    auto *layout = new QHBoxLayout(header);
+    layout->setContentsMargins(headerMargin, 0, headerMargin, 0);
+    layout->setSpacing(buttonSpacing);
+    layout->addLayout(titles, 1);
+    const auto add = [&](const char *symbol, const char *title, auto operation) {
+        auto *button = new SymbolButton(QString::fromLatin1(symbol), QString::fromLatin1(title),
+                                        SymbolButton::Look::labelled);
+        connect(button, &SymbolButton::clicked, this, operation);
+        layout->addWidget(button);
+        m_addButtons.append(button);
+    };
+    add("textformat", "Text", [this] { m_store.addTextLayer(SlideElementKind::text); });
+    add("music.note", "Lyric", [this] { m_store.addTextLayer(SlideElementKind::songLyricText); });
+    add("photo", "Image", [this] { m_store.addImageLayerWithPanel(); });
+    return header;
+}
+
+QWidget *DesignCanvasView::makeEmptyState()
+{
+    m_emptySymbol = new QLabel;
+    auto *area = new QWidget;
+    area->setObjectName(QStringLiteral("emptyCanvas"));
+    area->setAttribute(Qt::WA_StyledBackground);
+    auto *layout = new QVBoxLayout(area);
+    layout->setSpacing(emptySpacing);
+    layout->addStretch();
+    for (QLabel *label :
+         {m_emptySymbol,
+          makeRoleLabel(QStringLiteral("emptyTitle"), QStringLiteral("Blank project")),
+          makeRoleLabel(QStringLiteral("hint"),
+                        QStringLiteral("Add a slide from the rundown to begin."))})
+        layout->addWidget(label, 0, Qt::AlignHCenter);
+    layout->addStretch();
+    tint();
+    return area;
+}
+
+void DesignCanvasView::tint()
+{
+    m_emptySymbol->setPixmap(
+        symbolIcon(QStringLiteral("rectangle.on.rectangle.slash"), themeOf(*this).secondaryText)
+            .pixmap(QSize(emptySymbolSize, emptySymbolSize), devicePixelRatioF()));
+}
+
+void DesignCanvasView::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (changesTheme(*event))
+        tint();
+}
+
+void DesignCanvasView::showStore()
+{
+    const std::optional<Slide> slide = m_store.slideWithID(m_store.selectedSlideID());
+    m_title->setText(slide ? slide->title : QStringLiteral("No Slide"));
+    for (SymbolButton *button : m_addButtons)
+        button->setEnabled(slide.has_value());
+    m_area->setCurrentIndex(slide ? 1 : 0);
+}
+
+} // namespace quenara

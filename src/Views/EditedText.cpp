@@ -1,0 +1,138 @@
+#include "EditedText.h"
+
+#include <QTextBoundaryFinder>
+
+#include <algorithm>
+
+namespace quenara {
+
+namespace {
+
+using Finder = QTextBoundaryFinder;
+
+qsizetype next(Finder::BoundaryType type, const QString &text, qsizetype position,
+               Finder::BoundaryReasons reasons)
+{
+    Finder finder(type, text);
+    finder.setPosition(position);
+    while (finder.toNextBoundary() >= 0) {
+        if (finder.boundaryReasons() & reasons)
+            return finder.position();
+    }
+    return text.size();
+}
+
+qsizetype previous(Finder::BoundaryType type, const QString &text, qsizetype position,
+                   Finder::BoundaryReasons reasons)
+{
+    Finder finder(type, text);
+    finder.setPosition(position);
+    while (finder.toPreviousBoundary() >= 0) {
+        if (finder.boundaryReasons() & reasons)
+            return finder.position();
+    }
+    return 0;
+}
+
+constexpr Finder::BoundaryReasons anyBoundary =
+    Finder::BreakOpportunity | Finder::StartOfItem | Finder::EndOfItem;
+
+} // namespace
+
+qsizetype EditedText::selectionStart() const
+{
+    return std::min(anchor, caret);
+}
+
+qsizetype EditedText::selectionEnd() const
+{
+    return std::max(anchor, caret);
+}
+
+QString EditedText::selectedText() const
+{
+    return text.sliced(selectionStart(), selectionEnd() - selectionStart());
+}
+
+void EditedText::moveTo(qsizetype position, Selecting selecting)
+{
+    caret = position;
+    if (selecting == Selecting::no)
+        anchor = position;
+}
+
+void EditedText::selectWordAt(qsizetype position)
+{
+    anchor = previous(Finder::Word, text, std::min(position + 1, text.size()), anyBoundary);
+    caret = next(Finder::Word, text, anchor, anyBoundary);
+}
+
+void EditedText::selectAll()
+{
+    anchor = 0;
+    caret = text.size();
+}
+
+void EditedText::insert(const QString &inserted)
+{
+    removeTo(caret);
+    text.insert(caret, inserted);
+    moveTo(caret + inserted.size());
+}
+
+void EditedText::removeTo(qsizetype position)
+{
+    if (!hasSelection())
+        anchor = position;
+    const qsizetype start = selectionStart();
+    text.remove(start, selectionEnd() - start);
+    moveTo(start);
+}
+
+void EditedText::replace(const QString &other)
+{
+    const qsizetype shorter = std::min(text.size(), other.size());
+    const auto [before, unused] =
+        std::mismatch(text.cbegin(), text.cbegin() + shorter, other.cbegin());
+    const qsizetype same = shorter - (before - text.cbegin());
+    const auto [behind, unusedToo] =
+        std::mismatch(text.crbegin(), text.crbegin() + same, other.crbegin());
+    caret = other.size() - (behind - text.crbegin());
+    text = other;
+    Finder finder(Finder::Grapheme, text);
+    finder.setPosition(caret);
+    moveTo(finder.isAtBoundary() ? caret : nextCharacter());
+}
+
+qsizetype EditedText::nextCharacter() const
+{
+    return next(Finder::Grapheme, text, caret, anyBoundary);
+}
+
+qsizetype EditedText::previousCharacter() const
+{
+    return previous(Finder::Grapheme, text, caret, anyBoundary);
+}
+
+qsizetype EditedText::nextWord() const
+{
+    return next(Finder::Word, text, caret, Finder::StartOfItem);
+}
+
+qsizetype EditedText::previousWord() const
+{
+    return previous(Finder::Word, text, caret, Finder::StartOfItem);
+}
+
+qsizetype EditedText::startOfParagraph() const
+{
+    return caret == 0 ? 0 : text.lastIndexOf(u'\n', caret - 1) + 1;
+}
+
+qsizetype EditedText::endOfParagraph() const
+{
+    const qsizetype end = text.indexOf(u'\n', caret);
+    return end < 0 ? text.size() : end;
+}
+
+} // namespace quenara

@@ -1,0 +1,366 @@
+#include "SlideCanvas.h"
+
+#include "CanvasTextLayerEditor.h"
+#include "DeviceLayer.h"
+#include "GaussianBlur.h"
+#include "Show.h"
+#include "ThemeColors.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+
+#include <cmath>
+
+namespace quenara {
+
+namespace {
+
+// Points
+constexpr double moveDistance = 2; ///< of the pointer before a press becomes a drag
+constexpr double resizeDistance = 1;
+constexpr double outlineWidth = 1.5;
+constexpr double outlineMiterLimit = 10;
+constexpr double handleOutlineWidth = 1;
+constexpr double handleCornerRadius = 2;
+constexpr double guideWidth = 1;
+constexpr float guideOpacity = 0.72F;
+constexpr double shadowRadius = 18;
+constexpr double shadowOffset = 10;
+
+double shadowOpacity(ColorScheme scheme)
+{
+    return scheme == ColorScheme::dark ? 0.45 : 0.18;
+}
+
+} // namespace
+
+SlideCanvas::SlideCanvas(WorkspaceStore &store, PictureCache &pictures, QWidget *parent)
+    : QWidget(parent), m_store(store), m_pictures(pictures),
+      m_editor(new CanvasTextLayerEditor(store, this))
+{
+    setObjectName(QStringLiteral("slideCanvas"));
+    setAccessibleName(QStringLiteral("Design canvas"));
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setFocusPolicy(Qt::ClickFocus);
+    setMouseTracking(true);
+    connect(&store, &WorkspaceStore::changed, this, &SlideCanvas::showStore);
+    connect(m_editor, &CanvasTextLayerEditor::escapePressed, this, &SlideCanvas::endEditing);
+    showStore();
+}
+
+QRectF SlideCanvas::slideRect() const
+{
+    return m_slide ? fittedCanvasRect(size(), m_slide->design.canvasSize) : QRectF();
+}
+
+double SlideCanvas::scale() const
+{
+    const QRectF slide = slideRect();
+    return slide.isEmpty() ? 0 : slide.width() / m_slide->design.canvasSize.width;
+}
+
+QPointF SlideCanvas::toCanvas(const QPointF &point) const
+{
+    return (point - slideRect().topLeft()) / scale();
+}
+
+QRectF SlideCanvas::boxOf(const SlideElement &layer) const
+{
+    const CanvasFrame &frame = layer.frame;
+    return {slideRect().topLeft() + QPointF(frame.x, frame.y) * scale(),
+            QSizeF(frame.width, frame.height) * scale()};
+}
+
+const SlideElement *SlideCanvas::selectedLayer() const
+{
+    if (!m_slide)
+        return nullptr;
+    const auto index = elementIndex(*m_slide, m_selectedElementID);
+    return index ? &m_slide->design.elements.at(*index) : nullptr;
+}
+
+/// The selected layer if it is marked as such: what is hidden has no marks, and what is edited
+/// those of its editor.
+const SlideElement *SlideCanvas::markedLayer() const
+{
+    const SlideElement *layer = selectedLayer();
+    return layer && layer->visible && !m_editingElementID ? layer : nullptr;
+}
+
+QRect SlideCanvas::marksRect() const
+{
+    const SlideElement *layer = markedLayer();
+    if (!layer)
+        return {};
+    const QRectF box = boxOf(*layer);
+    return (box.normalized() | resizeHandle(box))
+        .adjusted(-outlineWidth, -outlineWidth, outlineWidth, outlineWidth)
+        .toAlignedRect();
+}
+
+void SlideCanvas::showStore()
+{
+    const std::optional<Slide> slide = m_store.slideWithID(m_store.selectedSlideID());
+    const std::optional<QString> selected = m_store.selectedElementID();
+    if (slide != m_slide || selected != m_selectedElementID) {
+        const QRectF place = slideRect();
+        update(marksRect());
+        m_slide = slide;
+        m_selectedElementID = selected;
+        update(marksRect());
+        if (slideRect() == place) {
+            update(place.toAlignedRect());
+        } else {
+            m_surroundings = {};
+            update();
+        }
+    }
+    if (isDragging() && !m_store.isGestureOpen(m_drag))
+        endDrag();
+    showEditor();
+}
+
+void SlideCanvas::showEditor()
+{
+    if (!m_editingElementID)
+        return;
+    const SlideElement *layer = selectedLayer();
+    if (!layer || !layer->text || layer->id != m_editingElementID) {
+        endEditing();
+    } else {
+        m_editor->setLayer(*layer, slideRect().topLeft(), scale());
+    }
+}
+
+void SlideCanvas::beginEditing(const QString &layerID, const QPointF &point)
+{
+    m_store.selectElement(layerID);
+    m_editingElementID = layerID;
+    showEditor();
+    m_editor->beginEditing(point);
+}
+
+void SlideCanvas::endEditing()
+{
+    m_editingElementID.reset();
+    // Not to whatever comes next in the window, where keys may be text.
+    if (m_editor->hasFocus())
+        setFocus();
+    m_editor->endEditing();
+    update();
+}
+
+std::optional<SlideCanvas::Press> SlideCanvas::pressAt(const QPointF &point) const
+{
+    if (slideRect().isEmpty())
+        return std::nullopt;
+    const SlideElement *marked = markedLayer();
+    if (marked && resizeHandle(boxOf(*marked)).contains(point))
+        return Press{Grip::handle, marked->id, point};
+    const SlideElement *layer = layerAt(m_slide->design, toCanvas(point));
+    return layer ? std::optional(Press{Grip::layer, layer->id, point}) : std::nullopt;
+}
+
+void SlideCanvas::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() != Qt::LeftButton)
+        return;
+    m_press = pressAt(event->position());
+    if (m_press)
+        m_store.selectElement(m_press->layerID);
+}
+
+void SlideCanvas::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    const std::optional<Press> press = pressAt(event->position());
+    const SlideElement *layer = press && press->grip == Grip::layer
+        ? layerAt(m_slide->design, toCanvas(press->point))
+        : nullptr;
+    if (event->button() == Qt::LeftButton && layer && layer->text) {
+        beginEditing(press->layerID, press->point);
+    } else {
+        mousePressEvent(event);
+    }
+}
+
+void SlideCanvas::mouseMoveEvent(QMouseEvent *event)
+{
+    if (!event->buttons().testFlag(Qt::LeftButton)) {
+        endDrag();
+        showCursor(event->position());
+    } else if (m_press && !slideRect().isEmpty()) {
+        dragTo(event->position());
+    }
+}
+
+void SlideCanvas::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (event->button() != Qt::LeftButton)
+        return;
+    endDrag();
+    showCursor(event->position());
+}
+
+void SlideCanvas::showCursor(const QPointF &point)
+{
+    const std::optional<Press> press = pressAt(point);
+    if (!press) {
+        unsetCursor();
+    } else {
+        setCursor(press->grip == Grip::handle ? Qt::SizeFDiagCursor : Qt::SizeAllCursor);
+    }
+}
+
+void SlideCanvas::keyPressEvent(QKeyEvent *event)
+{
+    if (event->matches(QKeySequence::Cancel) && isDragging()) {
+        m_store.cancelGesture(m_drag);
+        endDrag();
+    } else {
+        event->ignore();
+    }
+}
+
+bool SlideCanvas::isDragging() const
+{
+    return m_dragStartFrame || m_resizeStartFrame;
+}
+
+void SlideCanvas::dragTo(const QPointF &point)
+{
+    const QPointF travel = point - m_press->point;
+    const bool isMove = m_press->grip == Grip::layer;
+    if (!isDragging()) {
+        if (std::hypot(travel.x(), travel.y()) < (isMove ? moveDistance : resizeDistance))
+            return;
+        m_store.selectElement(m_press->layerID);
+        m_drag = m_store.beginGesture();
+        (isMove ? m_dragStartFrame : m_resizeStartFrame) = selectedLayer()->frame;
+    }
+    const CanvasSize &canvas = m_slide->design.canvasSize;
+    const QPointF translation = travel / scale();
+    if (isMove) {
+        const CenterSnap snap =
+            applyCenterSnap(m_dragStartFrame->offsetBy(translation.x(), translation.y()), canvas);
+        showGuides(snap.showVerticalCenterGuide, snap.showHorizontalCenterGuide);
+        setFrame(snap.frame);
+    } else {
+        setFrame(resizedWithin(*m_resizeStartFrame, translation, canvas));
+    }
+}
+
+void SlideCanvas::setFrame(const CanvasFrame &frame)
+{
+    m_store.updateSelectedElement([&](SlideElement &element) { element.frame = frame; });
+}
+
+void SlideCanvas::endDrag()
+{
+    m_press.reset();
+    m_dragStartFrame.reset();
+    m_resizeStartFrame.reset();
+    m_store.endGesture(m_drag);
+    showGuides(false, false);
+}
+
+void SlideCanvas::showGuides(bool vertical, bool horizontal)
+{
+    if (vertical != m_showVerticalCenterGuide)
+        update(verticalGuide().toAlignedRect());
+    if (horizontal != m_showHorizontalCenterGuide)
+        update(horizontalGuide().toAlignedRect());
+    m_showVerticalCenterGuide = vertical;
+    m_showHorizontalCenterGuide = horizontal;
+}
+
+/// On whole points, so that it is as thin as it is to be.
+QRectF SlideCanvas::verticalGuide() const
+{
+    const QRectF slide = slideRect();
+    return {std::round(slide.center().x() - guideWidth / 2), slide.top(), guideWidth,
+            slide.height()};
+}
+
+QRectF SlideCanvas::horizontalGuide() const
+{
+    const QRectF slide = slideRect();
+    return {slide.left(), std::round(slide.center().y() - guideWidth / 2), slide.width(),
+            guideWidth};
+}
+
+void SlideCanvas::changeEvent(QEvent *event)
+{
+    if (changesTheme(*event)) {
+        m_surroundings = {};
+        update();
+    }
+    QWidget::changeEvent(event);
+}
+
+void SlideCanvas::resizeEvent(QResizeEvent * /*event*/)
+{
+    m_surroundings = {};
+    showEditor();
+}
+
+void SlideCanvas::paintEvent(QPaintEvent * /*event*/)
+{
+    const ZelvoTheme &theme = themeOf(*this);
+    QPainter painter(this);
+    if (m_surroundings.isNull())
+        paintSurroundings();
+    painter.drawImage(0, 0, m_surroundings);
+    if (!m_slide)
+        return;
+    m_picture.paint(painter,
+                    {.slide = *m_slide,
+                     .scale = scale(),
+                     .showSafeArea = true,
+                     .selectedElementID = m_selectedElementID,
+                     .pictures = &m_pictures},
+                    slideRect().topLeft());
+    QColor guide = theme.accent;
+    guide.setAlphaF(guideOpacity);
+    if (m_showVerticalCenterGuide)
+        painter.fillRect(verticalGuide(), guide);
+    if (m_showHorizontalCenterGuide)
+        painter.fillRect(horizontalGuide(), guide);
+    if (const SlideElement *layer = markedLayer())
+        paintMarks(painter, boxOf(*layer), theme);
+}
+
+/// The area behind the slide with the slide's shadow.
+void SlideCanvas::paintSurroundings()
+{
+    const ColorScheme scheme = colorSchemeOf(palette());
+    m_surroundings = QImage(size() * devicePixelRatioF(), QImage::Format_RGB32);
+    m_surroundings.setDevicePixelRatio(devicePixelRatioF());
+    m_surroundings.fill(ZelvoTheme::current(scheme).canvasBackground);
+    QPainter painter(&m_surroundings);
+    painter.translate(0, shadowOffset);
+    const QRectF slide = slideRect();
+    const BlurPlan plan(shadowRadius / 2 * deviceScale(painter));
+    DeviceLayer shadow = DeviceLayer::painted(
+        painter, slide, plan.reach, [&](QPainter &layer) { layer.fillRect(slide, Qt::black); },
+        plan.reduction);
+    shadow.image = gaussianBlurred(shadow.image, plan.sigma);
+    shadow.draw(painter, shadowOpacity(scheme));
+}
+
+void SlideCanvas::paintMarks(QPainter &painter, const QRectF &box, const ZelvoTheme &theme) const
+{
+    QPen outline(theme.accent, outlineWidth, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin);
+    outline.setMiterLimit(outlineMiterLimit);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(outline);
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(box);
+    const double inset = handleOutlineWidth / 2;
+    painter.setPen(QPen(theme.primaryText, handleOutlineWidth));
+    painter.setBrush(theme.accent);
+    painter.drawRoundedRect(resizeHandle(box).adjusted(inset, inset, -inset, -inset),
+                            handleCornerRadius, handleCornerRadius);
+}
+
+} // namespace quenara

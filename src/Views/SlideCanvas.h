@@ -1,0 +1,91 @@
+#pragma once
+
+#include "CanvasGestures.h"
+#include "SlidePicture.h"
+#include "WorkspaceStore.h"
+
+#include <QImage>
+#include <QWidget>
+
+#include <optional>
+
+namespace quenara {
+
+class CanvasTextLayerEditor;
+class PictureCache;
+struct ZelvoTheme;
+
+/// The selected slide with the means to change its layers by pointer: a press selects a layer, a
+/// drag moves it or, on its handle, resizes it, a double click edits its text in place.
+class SlideCanvas : public QWidget
+{
+    Q_OBJECT
+
+public:
+    SlideCanvas(WorkspaceStore &store, PictureCache &pictures, QWidget *parent = nullptr);
+
+    /// The slide in points of the widget; empty without one.
+    QRectF slideRect() const;
+
+protected:
+    void changeEvent(QEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    enum class Grip { layer, handle };
+
+    /// What the button went down on.
+    struct Press
+    {
+        Grip grip;
+        QString layerID;
+        QPointF point; ///< points of the widget
+    };
+
+    double scale() const;
+    QPointF toCanvas(const QPointF &point) const;
+    QRectF boxOf(const SlideElement &layer) const;
+    QRectF verticalGuide() const;
+    QRectF horizontalGuide() const;
+    QRect marksRect() const;
+    const SlideElement *selectedLayer() const;
+    const SlideElement *markedLayer() const;
+    std::optional<Press> pressAt(const QPointF &point) const;
+
+    void showStore();
+    void showEditor();
+    void showCursor(const QPointF &point);
+    void showGuides(bool vertical, bool horizontal);
+    void beginEditing(const QString &layerID, const QPointF &point);
+    void endEditing();
+    bool isDragging() const;
+    void dragTo(const QPointF &point);
+    void endDrag();
+    void setFrame(const CanvasFrame &frame);
+    void paintSurroundings();
+    void paintMarks(QPainter &painter, const QRectF &box, const ZelvoTheme &theme) const;
+
+    WorkspaceStore &m_store;
+    PictureCache &m_pictures;
+    std::optional<Slide> m_slide; ///< what is shown
+    std::optional<QString> m_selectedElementID;
+    SlidePicture m_picture;
+    QImage m_surroundings;
+
+    std::optional<Press> m_press;
+    std::optional<CanvasFrame> m_dragStartFrame;
+    std::optional<CanvasFrame> m_resizeStartFrame;
+    GestureID m_drag{};
+    bool m_showVerticalCenterGuide = false;
+    bool m_showHorizontalCenterGuide = false;
+    std::optional<QString> m_editingElementID;
+    CanvasTextLayerEditor *m_editor;
+};
+
+} // namespace quenara
