@@ -54,7 +54,11 @@ void DeviceLayer::draw(QPainter &painter, double opacity) const
     painter.save();
     painter.setWorldTransform(painter.deviceTransform().inverted() * painter.worldTransform());
     painter.setOpacity(painter.opacity() * opacity);
-    painter.drawImage(QRectF(origin, image.size() * reduction), image);
+    if (reduction == 1) {
+        painter.drawImage(origin, image);
+    } else {
+        painter.drawImage(QRectF(origin, image.size() * reduction), image);
+    }
     painter.restore();
 }
 
