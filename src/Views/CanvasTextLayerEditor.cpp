@@ -267,7 +267,8 @@ void CanvasTextLayerEditor::paintEvent(QPaintEvent * /*event*/)
     for (const QRectF &piece : m_places->pieces(m_edit.selectionStart(), m_edit.selectionEnd()))
         painter.fillRect(scaled(piece), theme.selection);
     painter.setPen(Qt::NoPen);
-    TextElementRenderView{shownText(), m_scale}.paint(painter, QRectF(QPointF(), box().size()));
+    TextElementRenderView{shownText(), m_scale}.paint(painter, QRectF(QPointF(), box().size()),
+                                                      &m_places->block());
     for (const QRectF &piece : m_places->pieces(m_edit.caret, m_edit.caret + m_preedit.size())) {
         QRectF line = scaled(piece);
         line.setTop(line.bottom() - preeditLineWidth);

@@ -105,12 +105,12 @@ void SlideCanvas::showStore()
     const std::optional<QString> selected = m_store.selectedElementID();
     if (slide != m_slide || selected != m_selectedElementID) {
         const QRectF place = slideRect();
-        update(marksRect());
+        const QRect marks = marksRect();
         m_slide = slide;
         m_selectedElementID = selected;
-        update(marksRect());
         if (slideRect() == place) {
-            update(place.toAlignedRect());
+            // One rectangle, which is painted without regard to its shape.
+            update(place.toAlignedRect() | marks | marksRect());
         } else {
             m_surroundings = {};
             update();
@@ -314,7 +314,7 @@ void SlideCanvas::paintEvent(QPaintEvent * /*event*/)
     if (!m_slide)
         return;
     m_picture.paint(painter,
-                    {.slide = *m_slide,
+                    {.slide = paintedSlide(),
                      .scale = scale(),
                      .showSafeArea = true,
                      .selectedElementID = m_selectedElementID,
@@ -328,6 +328,15 @@ void SlideCanvas::paintEvent(QPaintEvent * /*event*/)
         painter.fillRect(horizontalGuide(), guide);
     if (const SlideElement *layer = markedLayer())
         paintMarks(painter, boxOf(*layer), theme);
+}
+
+/// A layer whose text is edited is painted by its editor.
+Slide SlideCanvas::paintedSlide() const
+{
+    Slide slide = *m_slide;
+    if (const auto edited = elementIndex(slide, m_editingElementID))
+        slide.design.elements[*edited].opacity = 0;
+    return slide;
 }
 
 /// The area behind the slide with the slide's shadow.

@@ -68,6 +68,7 @@ private:
     void dragTo(const QPointF &point);
     void endDrag();
     void setFrame(const CanvasFrame &frame);
+    Slide paintedSlide() const;
     void paintSurroundings();
     void paintMarks(QPainter &painter, const QRectF &box, const ZelvoTheme &theme) const;
 

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <optional>
 
 namespace quenara {
 
@@ -93,10 +94,9 @@ void paintText(QPainter &painter, TextBlock &block, QColor color)
     }
 }
 
-/// \a painter is in canvas units, the layer's box of \a size at its origin.
-void paintLetters(QPainter &painter, const TextElementProperties &text, const QSizeF &size)
+/// \a painter is in canvas units, the layer's box at its origin.
+void paintLetters(QPainter &painter, const TextElementProperties &text, TextBlock &block)
 {
-    TextBlock block(text, size - 2 * QSizeF(text.padding, text.padding));
     painter.translate(text.padding, text.padding);
     const auto asStrong = [&](const RGBAColor &color) { return faded(color, text.textColor); };
     if (text.outline)
@@ -110,7 +110,7 @@ void paintLetters(QPainter &painter, const TextElementProperties &text, const QS
 
 } // namespace
 
-void TextElementRenderView::paint(QPainter &painter, const QRectF &box) const
+void TextElementRenderView::paint(QPainter &painter, const QRectF &box, TextBlock *laidOut) const
 {
     if (scale <= 0)
         return;
@@ -121,8 +121,13 @@ void TextElementRenderView::paint(QPainter &painter, const QRectF &box) const
     }
     painter.translate(box.topLeft());
     painter.scale(scale, scale);
-    if (text.fontSize * deviceScale(painter) >= smallestLetters)
-        paintLetters(painter, text, box.size() / scale);
+    if (text.fontSize * deviceScale(painter) >= smallestLetters) {
+        std::optional<TextBlock> block;
+        if (!laidOut)
+            laidOut =
+                &block.emplace(text, box.size() / scale - 2 * QSizeF(text.padding, text.padding));
+        paintLetters(painter, text, *laidOut);
+    }
     painter.restore();
 }
 

@@ -7,6 +7,8 @@
 
 namespace quenara {
 
+class TextBlock;
+
 /// A text layer.
 struct TextElementRenderView
 {
@@ -14,8 +16,9 @@ struct TextElementRenderView
     double scale; ///< points of the target for one canvas unit
 
     /// Paints into the layer's \a box, in points of the target. Shadow and outline may reach
-    /// beyond it.
-    void paint(QPainter &painter, const QRectF &box) const;
+    /// beyond it. \a laidOut spares laying the text out: it is the same one in the box without its
+    /// padding.
+    void paint(QPainter &painter, const QRectF &box, TextBlock *laidOut = nullptr) const;
 };
 
 } // namespace quenara

@@ -15,6 +15,9 @@ class TextPlaces
 public:
     TextPlaces(TextElementProperties text, const QSizeF &size);
 
+    /// The text as it is laid out in the box without its padding.
+    TextBlock &block() { return m_block; }
+
     /// Before the character at \a position: without width, as high as its line. Goes along behind
     /// spacing that is not painted because a line ends in it.
     QRectF caret(qsizetype position) const;
