@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <limits>
 #include <malloc.h>
 #include <vector>
 
@@ -53,7 +54,17 @@ void Times::measure(const std::function<void()> &operation)
     const Clock::time_point start = Clock::now();
     operation();
     const std::chrono::duration<double, std::nano> taken = Clock::now() - start;
-    m_best = std::min(m_best, taken.count());
+    m_times.append(taken.count());
+}
+
+double Times::within(double share) const
+{
+    if (m_times.isEmpty())
+        return std::numeric_limits<double>::infinity();
+    QList<double> times = m_times;
+    const auto place = times.begin() + qsizetype(share * double(times.size() - 1));
+    std::nth_element(times.begin(), place, times.end());
+    return *place;
 }
 
 double nanosecondsOf(const std::function<void()> &operation, const std::function<void()> &restore)

@@ -6,7 +6,6 @@
 #include <benchmark/benchmark.h>
 
 #include <functional>
-#include <limits>
 #include <optional>
 
 namespace quenara::bench {
@@ -41,10 +40,12 @@ class Times
 public:
     void measure(const std::function<void()> &operation);
     /// The shortest in nanoseconds.
-    double best() const { return m_best; }
+    double best() const { return within(0); }
+    /// What the \a share of them, from the shortest on, took at most.
+    double within(double share) const;
 
 private:
-    double m_best = std::numeric_limits<double>::infinity();
+    QList<double> m_times;
 };
 
 /// The bytes that the program holds of the heap.

@@ -1,3 +1,4 @@
+#include "CanvasBenchmarks.h"
 #include "EditingBenchmarks.h"
 #include "FileBenchmarks.h"
 #include "RenderingBenchmarks.h"
@@ -21,7 +22,7 @@ int main(int argc, char *argv[])
     }
     benchmark::Initialize(&argc, argv);
     const QList<Figure> figures =
-        editingFigures() + fileFigures() + renderingFigures() + stageFigures();
+        editingFigures() + fileFigures() + renderingFigures() + stageFigures() + canvasFigures();
     printTable(figures);
     return std::all_of(figures.cbegin(), figures.cend(),
                        [](const Figure &figure) { return figure.keepsItsLimit(); })
