@@ -37,17 +37,21 @@ T unread()
     return {};
 }
 
-/// Says whether \a record may stay as it was read. Required fields must be present unless a
-/// specialisation fills the gaps.
+/// Empties the optionals that \a record lacked and says whether it may stay so. Required fields
+/// must be present unless a specialisation fills the gaps.
 template<Record T>
-bool complete(T & /*record*/, const PresentFields<T> &present)
+bool complete(T &record, const PresentFields<T> &present)
 {
     bool whole = true;
     std::size_t index = 0;
-    forEachField<T>([&]<class Member>(const Field<T, Member> &) {
-        constexpr bool optional = requires(Member member) { member.reset(); };
-        whole = whole && (optional || present.test(index++));
-        index += optional ? 1 : 0;
+    forEachField<T>([&]<class Member>(const Field<T, Member> &f) {
+        const bool isPresent = present.test(index++);
+        if constexpr (requires(Member member) { member.reset(); }) {
+            if (!isPresent)
+                (record.*f.member).reset();
+        } else {
+            whole = whole && isPresent;
+        }
     });
     return whole;
 }
