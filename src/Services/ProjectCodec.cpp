@@ -5,6 +5,9 @@
 #include <rapidjson/prettywriter.h>
 #include <rapidjson/writer.h>
 
+#include <algorithm>
+#include <charconv>
+
 // These two are templates over the JSON libraries, which only this file includes.
 #include "JsonReader.h"
 #include "JsonWriter.h"
@@ -62,18 +65,60 @@ using PreferencesWriter =
 
 constexpr QByteArrayView byteOrderMark = "\xEF\xBB\xBF";
 
-/// The root of the JSON text, which lives in the parser; nothing if it is not JSON.
-std::optional<json::Element> parsed(simdjson::dom::parser &parser, QByteArray bytes)
+bool isBeyond64Bits(std::string_view number)
+{
+    const char *end = number.data() + number.size();
+    std::int64_t withSign = 0;
+    std::uint64_t withoutSign = 0;
+    const auto [integerEnd, error] = std::from_chars(number.data(), end, withSign);
+    return error == std::errc::result_out_of_range && integerEnd == end
+        && std::from_chars(number.data(), end, withoutSign).ec != std::errc();
+}
+
+/// The JSON text \a json with every integer beyond 64 bits written as a real.
+QByteArray withLongIntegersAsReals(std::string_view json)
+{
+    constexpr std::string_view numberCharacters = "0123456789+-.eE";
+    QByteArray result;
+    std::size_t start = 0;
+    while (start < json.size()) {
+        std::size_t end = start + 1;
+        if (json[start] == '"') {
+            while (end < json.size() && json[end] != '"')
+                end += json[end] == '\\' ? 2 : 1;
+            end = std::min(end + 1, json.size());
+        } else if (numberCharacters.find(json[start]) != std::string_view::npos) {
+            end = std::min(json.find_first_not_of(numberCharacters, start), json.size());
+        }
+        const std::string_view token = json.substr(start, end - start);
+        result.append(token.data(), qsizetype(token.size()));
+        if (isBeyond64Bits(token))
+            result.append("e0");
+        start = end;
+    }
+    return result;
+}
+
+simdjson::simdjson_result<json::Element> parse(simdjson::dom::parser &parser, QByteArray &bytes)
 {
     const qsizetype start = bytes.startsWith(byteOrderMark) ? byteOrderMark.size() : 0;
     // The parser reads a little beyond the end.
     bytes.reserve(bytes.size() + qsizetype(simdjson::SIMDJSON_PADDING));
-    json::Element root;
     const bool copies = false;
-    if (parser.parse(bytes.constData() + start, std::size_t(bytes.size() - start), copies).get(root)
-        != simdjson::SUCCESS)
-        return std::nullopt;
-    return root;
+    return parser.parse(bytes.constData() + start, std::size_t(bytes.size() - start), copies);
+}
+
+/// The root of the JSON text, which lives in the parser; nothing if it is not JSON.
+std::optional<json::Element> parsed(simdjson::dom::parser &parser, QByteArray bytes)
+{
+    simdjson::simdjson_result<json::Element> root = parse(parser, bytes);
+    if (root.error() == simdjson::NUMBER_ERROR) {
+        // The parser refuses integers that others write for large reals.
+        bytes = withLongIntegersAsReals({bytes.constData(), std::size_t(bytes.size())});
+        root = parse(parser, bytes);
+    }
+    json::Element element;
+    return root.get(element) == simdjson::SUCCESS ? std::optional(element) : std::nullopt;
 }
 
 } // namespace
