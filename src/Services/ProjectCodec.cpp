@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <new>
 
 // These two are templates over the JSON libraries, which only this file includes.
 #include "JsonReader.h"
@@ -108,7 +109,8 @@ simdjson::simdjson_result<json::Element> parse(simdjson::dom::parser &parser, QB
     return parser.parse(bytes.constData() + start, std::size_t(bytes.size() - start), copies);
 }
 
-/// The root of the JSON text, which lives in the parser; nothing if it is not JSON.
+/// The root of the JSON text, which lives in the parser; nothing if it is not JSON. Throws
+/// std::bad_alloc.
 std::optional<json::Element> parsed(simdjson::dom::parser &parser, QByteArray bytes)
 {
     simdjson::simdjson_result<json::Element> root = parse(parser, bytes);
@@ -117,6 +119,8 @@ std::optional<json::Element> parsed(simdjson::dom::parser &parser, QByteArray by
         bytes = withLongIntegersAsReals({bytes.constData(), std::size_t(bytes.size())});
         root = parse(parser, bytes);
     }
+    if (root.error() == simdjson::MEMALLOC)
+        throw std::bad_alloc();
     json::Element element;
     return root.get(element) == simdjson::SUCCESS ? std::optional(element) : std::nullopt;
 }

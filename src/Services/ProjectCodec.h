@@ -20,7 +20,7 @@ struct ProjectCodec
 {
     /// The bytes as a current project with at least one item, else as a legacy document; nothing
     /// if they are neither. Bytes that are moved in are given back to the heap as soon as they are
-    /// parsed, before the records are made.
+    /// parsed, before the records are made. Throws std::bad_alloc.
     static std::optional<DecodedDocument> decode(QByteArray bytes);
 
     /// Pretty-printed with sorted keys: the same project always gives the same bytes. Nothing if a

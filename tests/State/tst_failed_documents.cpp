@@ -161,19 +161,25 @@ private slots:
         compareButForTheMessage(world, before, ProjectFileError::unableToRead);
     }
 
+    void whatTheMemoryDoesNotHoldChangesNothingButTheMessage_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::newRow("more slides than there is room for")
+            << "{\"slides\":[{}" + QByteArray(",{}").repeated(5'000'000) + "]}";
+        QTest::newRow("more text than can be parsed") << '{' + QByteArray(60'000'000, ' ') + '}';
+    }
+
     void whatTheMemoryDoesNotHoldChangesNothingButTheMessage()
     {
 #ifdef __SANITIZE_ADDRESS__
         QSKIP("the sanitizer needs more address space than any limit leaves");
 #endif
+        QFETCH(QByteArray, bytes);
         BusyWorld world;
-        QFile file(world.fileUrl(u"large.quenara"_s).toLocalFile());
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("{\"slides\":[{}" + QByteArray(",{}").repeated(5'000'000) + "]}");
-        file.close();
+        const QUrl url = world.written(u"large.quenara"_s, bytes);
         const Everything before = everythingOf(world);
         const auto limited = [] { return limitMemory(600'000'000); };
-        QCOMPARE(statusOfOpening(world, QUrl::fromLocalFile(file.fileName()), limited), 0);
+        QCOMPARE(statusOfOpening(world, url, limited), 0);
         QVERIFY(everythingOf(world) == before); // the preferences, which the child could reach
     }
 
