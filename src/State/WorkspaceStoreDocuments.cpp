@@ -76,14 +76,15 @@ void WorkspaceStore::saveProject()
 void WorkspaceStore::save(const QUrl &url)
 {
     const QDateTime now = m_surroundings.now();
+    // What normalizing adds has identifiers of its own each time, and the file shall have these.
+    WorkspaceState next = m_state;
+    next.project = ProjectNormalizer::normalizedForSave(std::move(next.project), now);
     try {
-        ProjectFileService::save(m_state.project, url, now);
+        ProjectFileService::save(next.project, url, now);
     } catch (const ProjectFileError &error) {
         fail(error.description());
         return;
     }
-    WorkspaceState next = m_state;
-    next.project = ProjectNormalizer::normalizedForSave(std::move(next.project), now);
     next.currentFileURL = url;
     next.hasUnsavedChanges = false;
     next.recentProjects =

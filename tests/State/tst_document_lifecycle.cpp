@@ -203,6 +203,18 @@ private slots:
         QCOMPARE(world.store.undoStore().undoStack(), undoStack);
     }
 
+    void aDesignThatSavingFillsInIsTheFilesOwn()
+    {
+        ZelvoProject project = showOf({1});
+        project.serviceItems[0].slides[0].design.elements.clear();
+        World world(project);
+        const QUrl url = world.fileUrl(u"saved.quenara"_s);
+        world.panels.answer = url;
+        world.store.saveProject();
+        QVERIFY(!world.store.flattenedSlides().first().slide.design.elements.isEmpty());
+        QCOMPARE(world.store.project(), ProjectFileService::load(url, someTime()));
+    }
+
     void savingAgainWritesTheSameFileWithoutAsking()
     {
         World world(showOf({1}));
