@@ -4,6 +4,9 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+#include <filesystem>
+#include <system_error>
+
 #ifdef Q_OS_LINUX
 #include <QCryptographicHash>
 
@@ -25,8 +28,12 @@ QFileInfo linkTarget(const QString &path)
 {
     constexpr int longestChain = 40;
     QFileInfo file(path);
-    for (int length = 0; file.isSymLink() && length < longestChain; ++length)
-        file.setFile(file.symLinkTarget());
+    for (int length = 0; file.isSymbolicLink() && length < longestChain; ++length) {
+        // The toolkit would take a way up out of a linked folder for one to where the link stands.
+        const std::filesystem::path link = file.filesystemFilePath();
+        std::error_code error;
+        file.setFile(link.parent_path() / std::filesystem::read_symlink(link, error));
+    }
     return file;
 }
 
@@ -142,7 +149,7 @@ std::optional<bool> replaceByUnnamedFile(const QFileInfo &target, const QByteArr
 bool replaceFile(const QString &path, const QByteArray &bytes)
 {
     const QFileInfo target = linkTarget(path);
-    if (target.isSymLink() || target.isDir() || (target.exists() && !target.isWritable()))
+    if (target.isSymbolicLink() || target.isDir() || (target.exists() && !target.isWritable()))
         return false;
 #ifdef Q_OS_LINUX
     if (const std::optional<bool> replaced = replaceByUnnamedFile(target, bytes))

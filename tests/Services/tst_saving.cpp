@@ -208,6 +208,19 @@ private slots:
         }
     }
 
+    void aLinkInALinkedFolderLeadsUpFromTheRealFolder()
+    {
+        const Folder f;
+        const QDir folder(f.folder.path());
+        QVERIFY(folder.mkpath(u"archive/2026"_s));
+        const auto path = [&folder](const QString &name) { return folder.filePath(name); };
+        QVERIFY(QFile::link(path(u"archive/2026"_s), path(u"current"_s)));
+        QVERIFY(QFile::link(u"../Monday.quenara"_s, path(u"archive/2026/link.quenara"_s)));
+        f.save(path(u"current/link.quenara"_s));
+        QCOMPARE(contents(path(u"archive/Monday.quenara"_s)), contents(f.path));
+        QCOMPARE(f.names(), (QStringList{u"archive"_s, u"current"_s, u"Sunday.quenara"_s}));
+    }
+
     void nothingIsLeftWhereSavingFails_data()
     {
         QTest::addColumn<QString>("name");
