@@ -6,8 +6,14 @@
 #include <QIcon>
 #include <QStyleFactory>
 
+#include <csignal>
+
 int main(int argc, char *argv[])
 {
+#ifdef SIGXFSZ
+    // A file beyond what the system allows is a failed save, and no reason to end.
+    std::signal(SIGXFSZ, SIG_IGN);
+#endif
     QApplication application(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("Quenara"));
     QApplication::setApplicationName(QStringLiteral("Quenara"));

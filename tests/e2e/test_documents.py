@@ -1,6 +1,7 @@
 """Documents by the windows alone: opened, changed, saved, and never lost by a slip."""
 
 import json
+import resource
 import shutil
 import tempfile
 from pathlib import Path
@@ -64,6 +65,21 @@ class OneDocument(Documents, ShowCase):
         self.program.answer_question(*DO_NOT_SAVE)
         self.assertEqual(self.program.wait_for_end(), 0, self.program.output())
         self.assertEqual(self.file.read_bytes(), before)
+
+    def test_a_save_that_the_system_cuts_short_fails_and_loses_nothing(self):
+        before = self.file.read_bytes()
+        self.rename("Longer")
+        limits = resource.prlimit(self.program.pid, resource.RLIMIT_FSIZE)
+        resource.prlimit(self.program.pid, resource.RLIMIT_FSIZE, (len(before) // 2, limits[1]))
+        self.program.press("Return", "ctrl+s")
+        self.program.answer_question("Return")
+        self.program.wait_for_no_window(ALERT)
+        self.assertEqual(self.file.read_bytes(), before)
+        self.assertEqual(list(self.folder.iterdir()), [self.file])
+        resource.prlimit(self.program.pid, resource.RLIMIT_FSIZE, limits)
+        self.program.focus("Longer — Quenara")
+        self.program.press("ctrl+s")
+        wait_until(lambda: name_in(self.file) == "Longer", "the file to be saved after all")
 
     def test_open_recent_asks_first_and_then_opens(self):
         other = self.folder / "Other.quenara"
