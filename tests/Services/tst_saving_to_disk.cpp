@@ -1,0 +1,221 @@
+#include "FileReplacement.h"
+
+#include <QDir>
+#include <QFile>
+#include <QStringList>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <cerrno>
+#include <cstdarg>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+using namespace quenara;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QByteArray oldBytes = "the old file";
+const QByteArray newBytes = "the new one";
+
+const QString makingUnnamed = u"make a file without a name"_s;
+const QString newFileToDisk = u"bring 11 bytes to the disk"_s;
+const QString naming = u"give it a name"_s;
+const QString renaming = u"rename it"_s;
+const QString folderToDisk = u"bring the folder to the disk"_s;
+
+/// What the system was asked for, and what it shall refuse.
+struct System
+{
+    QStringList calls;
+    QString refused;
+    int reason = 0;
+
+    /// Notes \a call; true if it is refused.
+    bool refuses(const QString &call)
+    {
+        calls.append(call);
+        errno = call == refused ? reason : errno;
+        return call == refused;
+    }
+};
+System askedSystem;
+
+int opened(const char *path, int flags, mode_t mode)
+{
+    return (flags & O_TMPFILE) == O_TMPFILE && askedSystem.refuses(makingUnnamed)
+        ? -1
+        : int(::syscall(SYS_openat, AT_FDCWD, path, flags, mode));
+}
+
+int broughtToDisk(int file)
+{
+    struct stat attributes
+    {};
+    ::fstat(file, &attributes);
+    const QString call = S_ISDIR(attributes.st_mode)
+        ? folderToDisk
+        : u"bring %1 bytes to the disk"_s.arg(attributes.st_size);
+    return askedSystem.refuses(call) ? -1 : int(::syscall(SYS_fsync, file));
+}
+
+} // namespace
+
+// These stand in the place of the C library's, for the toolkit as well.
+
+extern "C" int open(const char *path, int flags, ...)
+{
+    std::va_list arguments;
+    va_start(arguments, flags);
+    const auto mode = va_arg(arguments, mode_t);
+    va_end(arguments);
+    return opened(path, flags, mode);
+}
+
+extern "C" int open64(const char *path, int flags, ...)
+{
+    std::va_list arguments;
+    va_start(arguments, flags);
+    const auto mode = va_arg(arguments, mode_t);
+    va_end(arguments);
+    return opened(path, flags, mode);
+}
+
+extern "C" int fsync(int file)
+{
+    return broughtToDisk(file);
+}
+
+extern "C" int fdatasync(int file)
+{
+    return broughtToDisk(file);
+}
+
+extern "C" int rename(const char *from, const char *to) noexcept
+{
+    return askedSystem.refuses(renaming)
+        ? -1
+        : int(::syscall(SYS_renameat2, AT_FDCWD, from, AT_FDCWD, to, 0));
+}
+
+extern "C" int linkat(int fromFolder, const char *from, int toFolder, const char *to,
+                      int flags) noexcept
+{
+    return askedSystem.refuses(naming)
+        ? -1
+        : int(::syscall(SYS_linkat, fromFolder, from, toFolder, to, flags));
+}
+
+class TestSavingToDisk : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir m_folder;
+    const QString m_path = m_folder.filePath(u"Sunday.quenara"_s);
+
+    QByteArray contents() const
+    {
+        QFile file(m_path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("unreadable");
+    }
+
+    QStringList names() const
+    {
+        return QDir(m_folder.path())
+            .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+    }
+
+private slots:
+    void init()
+    {
+        askedSystem = {};
+        QVERIFY(replaceFile(m_path, oldBytes));
+        askedSystem.calls.clear();
+    }
+
+    void theNewFileIsOnTheDiskBeforeItTakesTheOldOnesPlace_data()
+    {
+        QTest::addColumn<QString>("refused");
+        QTest::newRow("whatever the file system has") << QString();
+        QTest::newRow("without files without a name") << makingUnnamed;
+    }
+
+    void theNewFileIsOnTheDiskBeforeItTakesTheOldOnesPlace()
+    {
+        QFETCH(QString, refused);
+        askedSystem.refused = refused;
+        askedSystem.reason = EOPNOTSUPP;
+        QVERIFY(replaceFile(m_path, newBytes));
+        const qsizetype toDisk = askedSystem.calls.indexOf(newFileToDisk);
+        QVERIFY(toDisk >= 0 && askedSystem.calls.indexOf(renaming) > toDisk);
+        QCOMPARE(askedSystem.calls.count(renaming), 1);
+        QCOMPARE(contents(), newBytes);
+    }
+
+    void theNewNameIsBroughtToTheDiskToo()
+    {
+        QVERIFY(replaceFile(m_path, newBytes));
+        if (askedSystem.calls.constFirst() != makingUnnamed || !askedSystem.calls.contains(naming))
+            QSKIP("this file system has no files without a name");
+        QCOMPARE(askedSystem.calls,
+                 (QStringList{makingUnnamed, newFileToDisk, naming, renaming, folderToDisk}));
+    }
+
+    void theOldFileStaysWhereTheSystemRefuses_data()
+    {
+        QTest::addColumn<QString>("refused");
+        QTest::addColumn<int>("reason");
+        QTest::newRow("the disk breaks") << newFileToDisk << EIO;
+        QTest::newRow("the disk turns out to be full") << newFileToDisk << ENOSPC;
+        QTest::newRow("the file may not get a name") << naming << EPERM;
+        QTest::newRow("the old file may not be replaced") << renaming << EPERM;
+    }
+
+    void theOldFileStaysWhereTheSystemRefuses()
+    {
+        QFETCH(QString, refused);
+        QFETCH(int, reason);
+        askedSystem.refused = refused;
+        askedSystem.reason = reason;
+        const bool isReplaced = replaceFile(m_path, newBytes);
+        if (refused == naming && !askedSystem.calls.contains(naming))
+            QSKIP("this file system has no files without a name");
+        QVERIFY(askedSystem.calls.contains(refused));
+        QVERIFY(!isReplaced);
+        QCOMPARE(contents(), oldBytes);
+        QCOMPARE(names(), QStringList{u"Sunday.quenara"_s});
+    }
+
+    void theFileIsSavedAsWellAsTheSystemCan_data()
+    {
+        QTest::addColumn<QString>("refused");
+        QTest::addColumn<int>("reason");
+        QTest::newRow("no files without a name") << makingUnnamed << EOPNOTSUPP;
+        QTest::newRow("no disk to wait for") << newFileToDisk << EINVAL;
+        QTest::newRow("no way to wait for a folder") << folderToDisk << EIO;
+    }
+
+    void theFileIsSavedAsWellAsTheSystemCan()
+    {
+        QFETCH(QString, refused);
+        QFETCH(int, reason);
+        askedSystem.refused = refused;
+        askedSystem.reason = reason;
+        constexpr mode_t permissions = 0640;
+        QCOMPARE(::chmod(QFile::encodeName(m_path).constData(), permissions), 0);
+        QVERIFY(replaceFile(m_path, newBytes));
+        QVERIFY(askedSystem.calls.contains(refused));
+        QCOMPARE(contents(), newBytes);
+        QCOMPARE(names(), QStringList{u"Sunday.quenara"_s});
+        struct stat attributes
+        {};
+        QCOMPARE(::stat(QFile::encodeName(m_path).constData(), &attributes), 0);
+        QCOMPARE(attributes.st_mode & 07777U, permissions);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestSavingToDisk)
+#include "tst_saving_to_disk.moc"
