@@ -266,6 +266,47 @@ private slots:
         QCOMPARE(currentProject(encoded(project)), project);
     }
 
+    void equalMediaOfADocumentIsKeptOnce()
+    {
+        const QByteArray url = "data:image/png;base64," + QByteArray(1000, 'A');
+        const auto media = [&url](const QString &name) {
+            return SlideMedia{QByteArray(url.constData(), url.size()), name, u"image/png"_s};
+        };
+        ZelvoProject project = showOf({1, 1});
+        Slide &first = project.serviceItems[0].slides[0];
+        first.image = media(u"one"_s);
+        first.audio = media(u"sound"_s);
+        first.design.background.image = media(u"background"_s);
+        first.design.background.video = VideoBackground{u"film"_s, media({}).dataUrl};
+        first.design.elements[1].image = media(u"layer"_s);
+        Slide &second = project.serviceItems[1].slides[0];
+        second.image = media(u"two"_s);
+        second.audio = SlideMedia{url + 'B', u"another"_s, u"image/png"_s};
+
+        const auto read = currentProject(encoded(project));
+        QCOMPARE(read, project);
+        const Slide &one = read->serviceItems.at(0).slides.at(0);
+        const Slide &two = read->serviceItems.at(1).slides.at(0);
+        const QByteArray &kept = one.image->dataUrl;
+        for (const QByteArray &other :
+             {one.audio->dataUrl, one.design.background.image->dataUrl,
+              *one.design.background.video->dataUrl, one.design.elements.at(1).image->dataUrl,
+              two.image->dataUrl}) {
+            QVERIFY(isSharedWith(other, kept));
+        }
+        QVERIFY(!isSharedWith(two.audio->dataUrl, kept));
+    }
+
+    void equalMediaOfALegacyDocumentIsKeptOnce()
+    {
+        const QByteArray media = R"({"dataUrl":"data:,a","name":"n","mimeType":"text/plain"})";
+        const auto legacy =
+            legacyDocument(R"({"slides":[{"image":)" + media + R"(},{"audio":)" + media + "}]}");
+        QVERIFY(legacy);
+        QVERIFY(isSharedWith(legacy->slides->at(0).image->dataUrl,
+                             legacy->slides->at(1).audio->dataUrl));
+    }
+
     void aDocumentIsPrettyPrintedWithSortedKeys()
     {
         const QByteArray bytes = encoded(Values::filled<ZelvoProject>());
