@@ -231,6 +231,29 @@ private slots:
         QCOMPARE(entriesOf(world.folder.path()), entries);
     }
 
+    void aSaveThatTheMemoryDoesNotHoldChangesNothingButTheMessage()
+    {
+#ifdef __SANITIZE_ADDRESS__
+        QSKIP("the sanitizer needs more address space than any limit leaves");
+#endif
+        BusyWorld world;
+        const SlideMedia media{QByteArray(250'000'000, 'A'), u"large"_s, u"image/png"_s};
+        world.store.updateSelectedSlide([&media](Slide &slide) { slide.image = media; });
+        const QByteArray savedBytes = bytesOf(world.saved.toLocalFile());
+        Snapshot expected = snapshotOf(world.store);
+        expected.state.errorMessage =
+            ProjectFileError(ProjectFileError::unableToWrite).description();
+        const int status = statusOfProcess([&] {
+            if (!limitMemory(600'000'000))
+                return 1;
+            world.store.saveProject();
+            return snapshotOf(world.store) == expected ? 0 : 2;
+        });
+        QCOMPARE(status, 0);
+        QCOMPARE(bytesOf(world.saved.toLocalFile()), savedBytes);
+        QCOMPARE(entriesOf(world.folder.filePath(u"saved"_s)), QStringList{u"show.quenara"_s});
+    }
+
     void aSaveToAFolderThatIsGoneChangesNothingButTheMessage()
     {
         BusyWorld world;
