@@ -32,7 +32,7 @@ Slide unread<Slide>()
 
 /// A slide is the one record whose every key may be missing.
 template<>
-bool complete(Slide &slide, const PresentFields<Slide> &present)
+bool complete(Slide &record, const PresentFields<Slide> &present)
 {
     const auto isMissing = [&present](std::string_view name) {
         std::size_t index = 0;
@@ -44,11 +44,11 @@ bool complete(Slide &slide, const PresentFields<Slide> &present)
         return missing;
     };
     if (isMissing("id"))
-        slide.id = newIdentifier();
+        record.id = newIdentifier();
     if (isMissing("title"))
-        slide.title = QStringLiteral("Slide");
+        record.title = QStringLiteral("Slide");
     if (isMissing("design"))
-        slide.design = SlideDesign::centeredLyric(slide.body, QStringLiteral("centerLyric"));
+        record.design = SlideDesign::centeredLyric(record.body, QStringLiteral("centerLyric"));
     return true;
 }
 
