@@ -11,8 +11,7 @@ OutputToggles::OutputToggles(const WorkspaceStore &store, WindowCoordinator &win
 {
     connect(&windows, &WindowCoordinator::isDisplayWindowOpenChanged, this,
             &OutputSwitches::changed);
-    connect(&windows, &WindowCoordinator::isStageWindowOpenChanged, this,
-            &OutputSwitches::changed);
+    connect(&windows, &WindowCoordinator::isStageWindowOpenChanged, this, &OutputSwitches::changed);
 }
 
 bool OutputToggles::isDisplayWindowOpen() const

@@ -65,6 +65,7 @@ int broughtToDisk(int file)
 } // namespace
 
 // These stand in the place of the C library's, for the toolkit as well.
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name): its names are not ours to use
 
 extern "C" int open(const char *path, int flags, ...)
 {
@@ -108,6 +109,8 @@ extern "C" int linkat(int fromFolder, const char *from, int toFolder, const char
         ? -1
         : int(::syscall(SYS_linkat, fromFolder, from, toFolder, to, flags));
 }
+
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)
 
 class TestSavingToDisk : public QObject
 {

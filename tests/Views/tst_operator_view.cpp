@@ -1,6 +1,7 @@
 #include "GuiTestSupport.h"
 #include "OperatorWorld.h"
 #include "OutputModeBadge.h"
+#include "ProjectFileService.h"
 #include "RundownView.h"
 #include "TransportView.h"
 
@@ -70,6 +71,19 @@ private slots:
         op.world.panels.answer = op.world.fileUrl(QStringLiteral("Sunday.quenara"));
         op.press(QStringLiteral("Save"));
         QVERIFY(op.shows(QStringLiteral("Sunday.quenara")));
+    }
+
+    void whatIsStillBeingTypedIsSavedToo()
+    {
+        Operator op;
+        op.world.panels.answer = op.world.fileUrl(QStringLiteral("Sunday.quenara"));
+        QTest::mouseClick(op.name, Qt::LeftButton);
+        op.name->selectAll();
+        QTest::keyClicks(op.name, QStringLiteral("Easter"));
+        op.press(QStringLiteral("Save"));
+        QCOMPARE(ProjectFileService::load(*op.world.panels.answer, someTime()).name,
+                 QStringLiteral("Easter"));
+        QVERIFY(!op.store.hasUnsavedChanges());
     }
 
     void newPresentsTheStartPanel()

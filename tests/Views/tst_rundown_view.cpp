@@ -20,8 +20,7 @@ QModelIndex rowOfSlide(const OperatorWorld &op, const QString &id)
 
 bool isInSight(const OperatorWorld &op, const QModelIndex &index)
 {
-    return index.isValid()
-        && op.list->viewport()->rect().contains(op.list->visualRect(index));
+    return index.isValid() && op.list->viewport()->rect().contains(op.list->visualRect(index));
 }
 
 /// Chooses from the context menu of a row.

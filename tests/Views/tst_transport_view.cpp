@@ -50,7 +50,8 @@ private slots:
     {
         Transport op(showOf({3}));
         op.store.queueNext();
-        QCOMPARE(op.captions(), QStringList({u"Queued"_s, u"Title of A2"_s, u"Live"_s, u"Title of A1"_s}));
+        QCOMPARE(op.captions(),
+                 QStringList({u"Queued"_s, u"Title of A2"_s, u"Live"_s, u"Title of A1"_s}));
         QCOMPARE(op.picture(QStringLiteral("Queued slide"))->slide(),
                  op.store.slideWithID(QStringLiteral("A2")));
         QCOMPARE(op.picture(QStringLiteral("Live slide"))->slide(),
@@ -74,9 +75,10 @@ private slots:
         QTest::addColumn<QString>("name");
         QTest::addColumn<std::function<void(WorkspaceStore &)>>("operation");
         const auto row = [](const char *name, void (WorkspaceStore::*operation)()) {
-            QTest::newRow(name) << QString::fromUtf8(name)
-                                << std::function<void(WorkspaceStore &)>(
-                                       [operation](WorkspaceStore &store) { (store.*operation)(); });
+            QTest::newRow(name) << QString::fromUtf8(
+                name) << std::function<void(WorkspaceStore &)>([operation](WorkspaceStore &store) {
+                (store.*operation)();
+            });
         };
         row("Previous", &WorkspaceStore::previousLive);
         row("Go Live", &WorkspaceStore::goLive);
