@@ -29,10 +29,16 @@ function(quenara_embed_fonts target)
 endfunction()
 
 function(quenara_embed_icons target)
-  quenara_read_list(${CMAKE_SOURCE_DIR}/resources/icons.list names)
+  quenara_read_list(${CMAKE_SOURCE_DIR}/resources/icons.list symbols)
   find_path(QUENARA_BOOTSTRAP_ICONS play-fill.svg REQUIRED
     PATHS /usr/share/bootstrap-icons/svg /usr/share/nodejs/bootstrap-icons/icons
           /usr/share/bootstrap-icons/icons)
-  list(TRANSFORM names REPLACE "(.+)" "${QUENARA_BOOTSTRAP_ICONS}/\\1.svg" OUTPUT_VARIABLE files)
+  foreach(symbol IN LISTS symbols)
+    separate_arguments(symbol)
+    list(POP_FRONT symbol name icon)
+    set(file ${PROJECT_BINARY_DIR}/icons/${name}.svg)
+    configure_file(${QUENARA_BOOTSTRAP_ICONS}/${icon}.svg ${file} COPYONLY)
+    list(APPEND files ${file})
+  endforeach()
   quenara_embed(${target} icons ${files})
 endfunction()

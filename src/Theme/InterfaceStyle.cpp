@@ -20,6 +20,8 @@ QString styleSheetColor(const QColor &color)
 
 QString roleColor(const ZelvoTheme &theme, const QString &name)
 {
+    if (name == QLatin1String("onAccent"))
+        return styleSheetColor(readableOn(theme.accent));
     const auto role = std::find_if(themeRoles.begin(), themeRoles.end(), [&](const auto &entry) {
         return QLatin1StringView(entry.first.data(), qsizetype(entry.first.size())) == name;
     });

@@ -4,6 +4,9 @@
 
 #include <QPalette>
 
+#include <algorithm>
+#include <cmath>
+
 namespace quenara {
 
 namespace {
@@ -12,6 +15,16 @@ QColor withOpacity(QColor color, float opacity)
 {
     color.setAlphaF(opacity);
     return color;
+}
+
+/// Relative luminance, 0 to 1.
+double luminance(const QColor &color)
+{
+    const auto linear = [](double channel) {
+        return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF())
+        + 0.0722 * linear(color.blueF());
 }
 
 } // namespace
@@ -36,6 +49,19 @@ QColor colorFromHex(QStringView hex)
     default:
         return {0, 0, 0};
     }
+}
+
+double contrast(const QColor &a, const QColor &b)
+{
+    const auto [darker, lighter] = std::minmax(luminance(a), luminance(b));
+    return (lighter + 0.05) / (darker + 0.05);
+}
+
+QColor readableOn(const QColor &fill)
+{
+    const QColor white(Qt::white);
+    const QColor dark = ZelvoTheme::dark().canvasBackground;
+    return contrast(white, fill) >= contrast(dark, fill) ? white : dark;
 }
 
 const ZelvoTheme &ZelvoTheme::dark()

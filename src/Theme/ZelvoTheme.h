@@ -20,6 +20,13 @@ ColorScheme colorSchemeOf(const QPalette &palette);
 /// (each doubled), six, or eight with alpha last; opaque black for any other length. sRGB.
 QColor colorFromHex(QStringView hex);
 
+/// Contrast of two opaque colours, 1 to 21, by the formula of the Web Content Accessibility
+/// Guidelines 2.
+double contrast(const QColor &a, const QColor &b);
+
+/// White, or the darkest colour of the themes where that reads better on \a fill.
+QColor readableOn(const QColor &fill);
+
 /// The palette of the operator interface (not of slides): eighteen colour roles.
 struct ZelvoTheme
 {

@@ -1,7 +1,7 @@
 #include "OutputModeBadge.h"
 
 #include "Badge.h"
-#include "ZelvoTheme.h"
+#include "ThemeColors.h"
 
 #include <QPainter>
 
@@ -47,7 +47,7 @@ void OutputModeBadge::setMode(OutputMode mode)
 Badge OutputModeBadge::badge() const
 {
     return {.text = title(m_mode).toUpper(),
-            .color = colorOf(m_mode, ZelvoTheme::current(colorSchemeOf(palette()))),
+            .color = colorOf(m_mode, themeOf(*this)),
             .pixelSize = textSize,
             .horizontalPadding = horizontalPadding,
             .verticalPadding = verticalPadding};

@@ -2,7 +2,7 @@
 
 #include "RoundedShapes.h"
 #include "SlideRendererView.h"
-#include "ZelvoTheme.h"
+#include "ThemeColors.h"
 
 #include <QPainter>
 #include <QPainterPath>
@@ -69,7 +69,7 @@ void SlideView::paintEvent(QPaintEvent * /*event*/)
     painter.restore();
     QPainterPath outline = edge(0);
     outline.addPath(edge(lineWidth));
-    painter.fillPath(outline, ZelvoTheme::current(colorSchemeOf(palette())).border);
+    painter.fillPath(outline, themeOf(*this).border);
 }
 
 } // namespace quenara

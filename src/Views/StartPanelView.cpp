@@ -1,10 +1,10 @@
 #include "StartPanelView.h"
 
-#include "Icons.h"
 #include "RoleLabel.h"
 #include "ShownPath.h"
+#include "SymbolIcon.h"
+#include "ThemeColors.h"
 #include "WorkspaceStore.h"
-#include "ZelvoTheme.h"
 
 #include <QHBoxLayout>
 #include <QPushButton>
@@ -59,8 +59,7 @@ void StartPanelView::choose(const Choice &choice)
 QWidget *StartPanelView::makeStartButton(const QString &title, const QString &icon,
                                          const Choice &choice)
 {
-    auto *button = new QPushButton(
-        tintedIcon(icon, ZelvoTheme::current(colorSchemeOf(palette())).accent), title);
+    auto *button = new QPushButton(symbolIcon(icon, themeOf(*this).accent), title);
     button->setProperty("role", QStringLiteral("start"));
     button->setIconSize(startIconSize);
     button->setFixedHeight(startButtonHeight);
@@ -78,16 +77,15 @@ QWidget *StartPanelView::makeStartColumn()
     layout->addWidget(makeRoleLabel(QStringLiteral("title"), QStringLiteral("Quenara")));
     layout->addWidget(makeRoleLabel(QStringLiteral("caption"), QStringLiteral("Projects")));
     layout->addWidget(makeStartButton(QStringLiteral("New Blank Project"),
-                                      QStringLiteral("file-earmark-plus"),
+                                      QStringLiteral("doc.badge.plus"),
                                       &WorkspaceStore::newBlankProject));
     layout->addWidget(makeStartButton(QStringLiteral("New Sunday Service"),
-                                      QStringLiteral("calendar-plus"),
+                                      QStringLiteral("calendar.badge.plus"),
                                       &WorkspaceStore::newSundayServiceProject));
     layout->addWidget(makeStartButton(QStringLiteral("Open Demo Service"),
-                                      QStringLiteral("collection-play"),
+                                      QStringLiteral("play.square.stack"),
                                       &WorkspaceStore::loadDemoProject));
-    layout->addWidget(makeStartButton(QStringLiteral("Open File..."),
-                                      QStringLiteral("folder2-open"),
+    layout->addWidget(makeStartButton(QStringLiteral("Open File..."), QStringLiteral("folder"),
                                       &WorkspaceStore::openProjectWithPanel));
     layout->addStretch();
     return column;

@@ -1,7 +1,8 @@
 #include "GuiTestSupport.h"
-#include "Icons.h"
 #include "InterfaceStyle.h"
+#include "SymbolIcon.h"
 
+#include <QDir>
 #include <QPushButton>
 #include <QRegularExpression>
 
@@ -28,7 +29,8 @@ private slots:
                 QVERIFY2(std::any_of(themeRoles.begin(), themeRoles.end(),
                                      [&](const auto &role) {
                                          return (theme->*(role.second)).rgba() == found.rgba();
-                                     }),
+                                     })
+                             || found == readableOn(theme->accent),
                          qPrintable(match.captured()));
             }
             QVERIFY(colors > 10);
@@ -73,7 +75,7 @@ private slots:
     void anIconIsDrawnInItsColourAndSharpAtTwoPixelsAPoint()
     {
         const QColor color(10, 200, 30);
-        const QIcon icon = tintedIcon(QStringLiteral("folder2-open"), color);
+        const QIcon icon = symbolIcon(QStringLiteral("folder"), color);
         for (const double ratio : {1.0, 2.0}) {
             const QImage image = icon.pixmap(QSize(16, 16), ratio).toImage();
             QCOMPARE(image.size(), QSize(16, 16) * ratio);
@@ -91,9 +93,45 @@ private slots:
         }
     }
 
+    void whatIsReadOnAColourContrastsWithItAsWellAsWhiteOrBlackCan()
+    {
+        QCOMPARE(contrast(Qt::white, Qt::black), 21.0);
+        QCOMPARE(contrast(Qt::black, Qt::white), 21.0);
+        QCOMPARE(contrast(Qt::red, Qt::red), 1.0);
+        QCOMPARE(readableOn(Qt::black), QColor(Qt::white));
+        for (const ZelvoTheme *theme : {&ZelvoTheme::dark(), &ZelvoTheme::light()}) {
+            for (const QColor &fill : {theme->live, theme->accent, theme->accentHover})
+                QVERIFY(contrast(readableOn(fill), fill) >= 4.5);
+        }
+    }
+
+    void everySymbolOfTheListIsDrawn()
+    {
+        const QStringList files = QDir(QStringLiteral(":/icons")).entryList();
+        QVERIFY(files.size() > 40);
+        for (const QString &file : files) {
+            const QString symbol = file.chopped(4);
+            const QImage image = symbolIcon(symbol, Qt::white).pixmap(QSize(16, 16)).toImage();
+            QVERIFY2(image != QImage(), qPrintable(symbol));
+            QImage blank(image.size(), image.format());
+            blank.fill(Qt::transparent);
+            QVERIFY2(image != blank, qPrintable(symbol));
+        }
+    }
+
+    void aSwitchedOnSymbolIsDrawnInItsOwnColour()
+    {
+        const QIcon icon = symbolIcon(QStringLiteral("circle.fill"), Qt::white, Qt::red);
+        const auto middle = [&icon](QIcon::State state) {
+            return icon.pixmap(QSize(16, 16), 1.0, QIcon::Normal, state).toImage().pixelColor(8, 8);
+        };
+        QCOMPARE(middle(QIcon::Off), QColor(Qt::white));
+        QCOMPARE(middle(QIcon::On), QColor(Qt::red));
+    }
+
     void aDisabledIconIsFainter()
     {
-        const QIcon icon = tintedIcon(QStringLiteral("folder2-open"), Qt::white);
+        const QIcon icon = symbolIcon(QStringLiteral("folder"), Qt::white);
         const auto strongest = [&icon](QIcon::Mode mode) {
             const QImage image = icon.pixmap(QSize(16, 16), 1.0, mode).toImage();
             int alpha = 0;

@@ -1,0 +1,55 @@
+#include "Picker.h"
+
+#include "SymbolIcon.h"
+#include "ThemeColors.h"
+
+#include <QAbstractItemView>
+#include <QStyleOptionComboBox>
+#include <QStylePainter>
+#include <QWheelEvent>
+
+namespace quenara {
+
+namespace {
+
+constexpr int chevronSize = 12;
+constexpr int chevronMargin = 8;
+
+} // namespace
+
+Picker::Picker(const QString &title, QWidget *parent) : QComboBox(parent)
+{
+    setAccessibleName(title);
+    setFocusPolicy(Qt::TabFocus);
+    setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    view()->setTextElideMode(Qt::ElideRight);
+}
+
+void Picker::showOther(const QString &text)
+{
+    setCurrentIndex(-1);
+    setPlaceholderText(text);
+}
+
+void Picker::paintEvent(QPaintEvent * /*event*/)
+{
+    QStylePainter painter(this);
+    QStyleOptionComboBox option;
+    initStyleOption(&option);
+    if (currentIndex() < 0)
+        option.currentText = placeholderText();
+    painter.drawComplexControl(QStyle::CC_ComboBox, option);
+    painter.drawControl(QStyle::CE_ComboBoxLabel, option);
+    const QRect chevron(width() - chevronMargin - chevronSize, (height() - chevronSize) / 2,
+                        chevronSize, chevronSize);
+    const ZelvoTheme &theme = themeOf(*this);
+    symbolIcon(QStringLiteral("chevron.down"), isEnabled() ? theme.secondaryText : theme.mutedText)
+        .paint(&painter, chevron);
+}
+
+void Picker::wheelEvent(QWheelEvent *event)
+{
+    event->ignore();
+}
+
+} // namespace quenara

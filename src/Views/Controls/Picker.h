@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QComboBox>
+
+namespace quenara {
+
+/// One of several choices, in a list that opens. Takes keys only while the list is open, and never
+/// turns under the mouse wheel, which scrolls what it lies in.
+class Picker : public QComboBox
+{
+    Q_OBJECT
+
+public:
+    explicit Picker(const QString &title, QWidget *parent = nullptr);
+
+    /// Shows \a text without making it a choice; nothing for an empty one.
+    void showOther(const QString &text);
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+};
+
+} // namespace quenara

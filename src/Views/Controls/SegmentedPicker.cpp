@@ -1,0 +1,45 @@
+#include "SegmentedPicker.h"
+
+#include <QHBoxLayout>
+#include <QPushButton>
+
+namespace quenara {
+
+namespace {
+
+constexpr int inset = 3;
+constexpr int segmentHeight = 24;
+
+} // namespace
+
+SegmentedPicker::SegmentedPicker(const QString &title, const QStringList &segments,
+                                 QWidget *parent)
+    : QFrame(parent)
+{
+    setAccessibleName(title);
+    setProperty("look", QStringLiteral("segments"));
+    auto *layout = new QHBoxLayout(this);
+    layout->setContentsMargins(inset, inset, inset, inset);
+    layout->setSpacing(0);
+    for (const QString &segment : segments) {
+        auto *button = new QPushButton(segment);
+        button->setProperty("look", QStringLiteral("segment"));
+        button->setCheckable(true);
+        button->setAutoDefault(false);
+        button->setFixedHeight(segmentHeight);
+        m_segments.addButton(button, int(m_segments.buttons().size()));
+        layout->addWidget(button, 1);
+    }
+    connect(&m_segments, &QButtonGroup::idClicked, this, &SegmentedPicker::activated);
+}
+
+void SegmentedPicker::setCurrentIndex(int index)
+{
+    // An exclusive group does not let go of its last choice.
+    m_segments.setExclusive(false);
+    for (QAbstractButton *button : m_segments.buttons())
+        button->setChecked(m_segments.id(button) == index);
+    m_segments.setExclusive(true);
+}
+
+} // namespace quenara

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QButtonGroup>
+#include <QFrame>
+#include <QStringList>
+
+namespace quenara {
+
+/// One of a few choices, all of them seen side by side. Shows what setCurrentIndex() says and tells
+/// of what the operator chooses.
+class SegmentedPicker : public QFrame
+{
+    Q_OBJECT
+
+public:
+    SegmentedPicker(const QString &title, const QStringList &segments, QWidget *parent = nullptr);
+
+    /// -1 while none is chosen.
+    int currentIndex() const { return m_segments.checkedId(); }
+    void setCurrentIndex(int index);
+
+signals:
+    void activated(int index);
+
+private:
+    QButtonGroup m_segments;
+};
+
+} // namespace quenara
