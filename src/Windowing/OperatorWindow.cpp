@@ -8,6 +8,7 @@
 #include "WorkspaceStore.h"
 #include "ZelvoCommands.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QMenuBar>
 
@@ -62,6 +63,7 @@ OperatorWindow::OperatorWindow(WorkspaceStore &store, WindowCoordinator &windows
             &OperatorWindow::showSongImport);
     connect(&store, &WorkspaceStore::errorMessageChanged, this, &OperatorWindow::showError);
     connect(&commands, &ZelvoCommands::quitRequested, this, &QWidget::close);
+    connect(&commands, &ZelvoCommands::aboutRequested, this, &OperatorWindow::showAbout);
     showTitle();
     showError();
 }
@@ -111,6 +113,20 @@ void OperatorWindow::showError()
         return m_alert->setText(*message);
     openSheet(m_alert, new AlertBox(*message, QString(), AlertBox::Ok, this),
               [this] { m_store.dismissError(); });
+}
+
+void OperatorWindow::showAbout()
+{
+    auto *box = new AlertBox(
+        QStringLiteral("Quenara %1").arg(QApplication::applicationVersion()),
+        QStringLiteral("Presents live church services: a rundown for the operator, a display for "
+                       "the audience, a monitor for the people on stage.\n\n"
+                       "Built with Qt 6 (GNU LGPL 3). The typefaces are Inter and Lato (SIL Open "
+                       "Font License 1.1), the symbols Bootstrap Icons (MIT License)."),
+        AlertBox::Ok, this);
+    box->setWindowTitle(QStringLiteral("About Quenara"));
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open();
 }
 
 } // namespace quenara

@@ -34,6 +34,7 @@ private:
     void showStartPanel();
     void showSongImport();
     void showError();
+    void showAbout();
 
     WorkspaceStore &m_store;
     WindowCoordinator &m_windows;

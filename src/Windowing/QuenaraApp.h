@@ -6,6 +6,7 @@
 #include "LeaveQuestionBox.h"
 #include "OperatorWindow.h"
 #include "PictureCache.h"
+#include "SettingsWindow.h"
 #include "ShortcutGuard.h"
 #include "SleepInhibitor.h"
 #include "SystemColorScheme.h"
@@ -17,8 +18,8 @@
 
 namespace quenara {
 
-/// The running application: the one store, the one coordinator, the operator window, and what
-/// keeps every window's appearance in step with the preference.
+/// The running application: the one store, the one coordinator, the operator window, the settings
+/// window, and what keeps every window's appearance in step with the preference.
 class QuenaraApp
 {
 public:
@@ -47,6 +48,7 @@ private:
     DocumentGuard m_guard;
     ZelvoCommands m_commands;
     OperatorWindow m_operatorWindow;
+    SettingsWindow m_settingsWindow;
 };
 
 } // namespace quenara

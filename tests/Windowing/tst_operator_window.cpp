@@ -188,6 +188,20 @@ private slots:
         QCOMPARE(w.store.outputMode(), OutputMode::logo);
     }
 
+    void aboutTellsTheVersionAndWhoseWorkIsInTheProgram()
+    {
+        QApplication::setApplicationVersion(QStringLiteral("1.2.3"));
+        Window w;
+        w.commands.action(Command::about)->trigger();
+        QVERIFY(w.alert());
+        QCOMPARE(w.alert()->windowModality(), Qt::WindowModal);
+        QCOMPARE(w.alert()->text(), QStringLiteral("Quenara 1.2.3"));
+        for (const char *work : {"Qt 6", "Inter", "Lato", "Bootstrap Icons"})
+            QVERIFY(w.alert()->informativeText().contains(QLatin1String(work)));
+        QTest::mouseClick(w.alert()->button(QMessageBox::Ok), Qt::LeftButton);
+        QVERIFY(!w.alert());
+    }
+
     void closingTheOperatorWindowClosesTheOutputWindows()
     {
         Window w;

@@ -12,8 +12,7 @@ constexpr int segmentHeight = 24;
 
 } // namespace
 
-SegmentedPicker::SegmentedPicker(const QString &title, const QStringList &segments,
-                                 QWidget *parent)
+SegmentedPicker::SegmentedPicker(const QString &title, const QStringList &segments, QWidget *parent)
     : QFrame(parent)
 {
     setAccessibleName(title);
@@ -40,6 +39,15 @@ void SegmentedPicker::setCurrentIndex(int index)
     for (QAbstractButton *button : m_segments.buttons())
         button->setChecked(m_segments.id(button) == index);
     m_segments.setExclusive(true);
+}
+
+void SegmentedPicker::setShortcuts(const QList<QKeySequence> &shortcuts)
+{
+    for (QAbstractButton *button : m_segments.buttons()) {
+        const QKeySequence &shortcut = shortcuts.at(m_segments.id(button));
+        button->setShortcut(shortcut);
+        button->setToolTip(shortcut.toString(QKeySequence::NativeText));
+    }
 }
 
 } // namespace quenara
