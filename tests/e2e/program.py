@@ -93,6 +93,10 @@ class Program:
     def wait_for_no_window(self, title):
         wait_until(lambda: not self.window(title), f"the window titled {title} to go")
 
+    def focused_window(self):
+        """Empty while the keyboard passes from one window to the next."""
+        return self.server.run("xdotool", "getactivewindow", check=False).decode().strip()
+
     def focused_title(self):
         """Empty while the keyboard passes from one window to the next."""
         title = self.server.run("xdotool", "getactivewindow", "getwindowname", check=False)

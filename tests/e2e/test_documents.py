@@ -98,8 +98,9 @@ class OneDocument(Documents, ShowCase):
             self.rename(f"Changed {number}")
             self.program.press("Return", "ctrl+n")
             self.program.focus(START_PANEL)
+            panel = self.program.focused_window()
             self.program.press("Tab", "space")
-            wait_until(lambda: self.program.focused_title() == ALERT, "the question")
+            wait_until(lambda: self.program.focused_window() not in ("", panel), "the question")
             self.program.press(*DO_NOT_SAVE)
             self.program.wait_for_window("Sunday Service — Quenara")
             wait_until(lambda: self.program.focused_title() == "Sunday Service — Quenara",
