@@ -29,6 +29,8 @@ public:
 
     /// Opens the document the program was started with.
     void openDocument(const QString &path);
+    /// Offers projects when it was started without a document.
+    void showStartPanel() { m_store.showStartPanel(); }
 
     AppearancePreference &appearance() { return m_appearance; }
 

@@ -1,5 +1,7 @@
+#include "DisplayOutputView.h"
 #include "GuiTestSupport.h"
 #include "QuenaraApp.h"
+#include "StartPanelView.h"
 #include "TestSupport.h"
 
 #include <QMenuBar>
@@ -122,6 +124,15 @@ private slots:
                                    return window->objectName() == u"settingsWindow"_s;
                                }),
                  1);
+    }
+
+    void theStartPanelStandsOnTheOperatorWindow()
+    {
+        QuenaraApp app{QPalette(Qt::white)};
+        QVERIFY(!shownWindow(u"startPanel"_s));
+        app.showStartPanel();
+        QVERIFY(shownWindow(u"startPanel"_s));
+        QCOMPARE(shownWindow(u"startPanel"_s)->parentWidget(), shownWindow(u"operatorWindow"_s));
     }
 };
 

@@ -11,6 +11,7 @@ OPERATOR = r".* — Quenara"
 START_PANEL = ALERT = "Quenara"
 DISPLAY = "Quenara Display"
 STAGE = "Quenara Stage"
+SETTINGS = "Quenara Settings"
 
 # A place inside the project name's field, in the operator window's content.
 PROJECT_NAME = (100, 52)

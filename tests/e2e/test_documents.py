@@ -7,7 +7,7 @@ import tempfile
 from pathlib import Path
 
 from processes import wait_until
-from program import ALERT, DISPLAY, OPERATOR, START_PANEL
+from program import ALERT, DISPLAY, OPERATOR, SETTINGS, START_PANEL
 from show_case import SHOW, ShowCase, TwoScreenCase, run
 from xserver import FIRST_SCREEN
 
@@ -149,7 +149,8 @@ class DocumentsDuringTheService(Documents, TwoScreenCase):
         self.see_slide(1)
         self.rename("Changed")
         program.press("Return")
-        for key, title in (("ctrl+shift+s", SAVE_PANEL), ("ctrl+o", ALERT), ("ctrl+q", ALERT)):
+        for key, title in (("ctrl+shift+s", SAVE_PANEL), ("ctrl+o", ALERT), ("ctrl+q", ALERT),
+                           ("ctrl+comma", SETTINGS)):
             program.focus(DISPLAY)
             program.press(key)
             program.focus(title)
