@@ -13,7 +13,8 @@ sys.path.insert(0, str(HERE.parent / "tests" / "e2e"))
 sys.dont_write_bytecode = True
 
 from processes import wait_until  # noqa: E402
-from program import ALERT, DISPLAY, OPERATOR, STAGE, START_PANEL, Program  # noqa: E402
+from program import (  # noqa: E402
+    ALERT, DISPLAY, OPERATOR, SETTINGS, STAGE, START_PANEL, Program)
 from xserver import XServer  # noqa: E402
 
 # From the start panel's first button to its third, and that pressed.
@@ -59,16 +60,26 @@ class Tour:
         if program.window(ALERT):
             raise AssertionError(f"the program could not open {files[0]}")
 
-    def meet_start_panel(self, name, *keys):
-        """Shoots the start panel and leaves it with these keys."""
+    def meet_start_panel(self, name, files):
+        """Shoots the start panel, which the program shows when it has no file, and leaves it."""
         program = self._program
-        program.focus(OPERATOR)
-        program.press("ctrl+n")
+        if files:
+            program.focus(OPERATOR)
+            program.press("ctrl+n")
         program.focus(START_PANEL)
         self.shoot(START_PANEL, name)
-        program.press(*keys)
+        program.press(*(["Escape"] if files else OPEN_DEMO))
         program.wait_for_no_window(START_PANEL)
         wait_until(lambda: not program.window(EMPTY_TITLE), "the service to open")
+
+    def see_settings(self, name):
+        program = self._program
+        program.focus(OPERATOR)
+        program.press("ctrl+comma")
+        program.focus(SETTINGS)
+        self.shoot(SETTINGS, name)
+        program.press("Escape")
+        program.wait_for_no_window(SETTINGS)
 
     def hold_the_service(self):
         program = self._program
@@ -99,16 +110,17 @@ def start(server, executable, folder, files, appearance):
 
 
 def show_around(server, executable, folder, files):
-    leave = ["Escape"] if files else OPEN_DEMO
     program, tour = start(server, executable, folder, files, "light")
     with program:
         tour.wait_for_document(files)
-        tour.meet_start_panel("start-panel", *leave)
+        tour.meet_start_panel("start-panel", files)
+        tour.see_settings("settings")
         tour.hold_the_service()
     program, tour = start(server, executable, folder, files, "dark")
     with program:
         tour.wait_for_document(files)
-        tour.meet_start_panel("start-panel-dark", *leave)
+        tour.meet_start_panel("start-panel-dark", files)
+        tour.see_settings("settings-dark")
         tour.shoot(OPERATOR, "operator-dark")
         program.open_stage()
         tour.shoot(STAGE, "stage-dark")

@@ -28,7 +28,10 @@ int main(int argc, char *argv[])
 
     quenara::QuenaraApp app(platformPalette);
     const QStringList arguments = QApplication::arguments();
-    if (arguments.size() > 1)
+    if (arguments.size() > 1) {
         app.openDocument(arguments.at(1));
+    } else {
+        app.showStartPanel();
+    }
     return QApplication::exec();
 }

@@ -41,7 +41,7 @@ ProjectNameField::ProjectNameField(WorkspaceStore &store, QWidget *parent)
 ProjectNameField::~ProjectNameField()
 {
     // A field that is deleted while it has the focus still says that its editing has finished.
-    disconnect();
+    disconnect(this, &QLineEdit::editingFinished, this, &ProjectNameField::write);
 }
 
 void ProjectNameField::keyPressEvent(QKeyEvent *event)

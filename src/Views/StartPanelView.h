@@ -4,7 +4,7 @@
 
 #include <functional>
 
-class QVBoxLayout;
+class QScrollArea;
 
 namespace quenara {
 
@@ -28,10 +28,11 @@ private:
     void choose(const Choice &choice);
     QWidget *makeStartColumn();
     QWidget *makeRecentColumn();
-    QWidget *makeStartButton(const QString &title, const QString &icon, const Choice &choice);
+    void showRecentProjects();
 
     WorkspaceStore &m_store;
     MayReplaceDocument m_mayReplaceDocument;
+    QScrollArea *m_recentProjects = nullptr;
 };
 
 } // namespace quenara

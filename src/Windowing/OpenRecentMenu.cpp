@@ -1,10 +1,9 @@
 #include "OpenRecentMenu.h"
 
 #include "DocumentGuard.h"
+#include "PlainToolTip.h"
 #include "ShownPath.h"
 #include "WorkspaceStore.h"
-
-#include <QTextDocument>
 
 namespace quenara {
 
@@ -36,9 +35,7 @@ void OpenRecentMenu::showProjects()
                      metrics.elidedText(shownPath(project.path), Qt::ElideMiddle, widestPath));
         // An ampersand alone would mark the next letter as the item's key.
         QAction *action = addAction(text.replace(QLatin1Char('&'), QStringLiteral("&&")));
-        action->setToolTip(Qt::mightBeRichText(project.path)
-                               ? Qt::convertFromPlainText(project.path)
-                               : project.path);
+        action->setToolTip(plainToolTip(project.path));
         connect(action, &QAction::triggered, this, [this, url = project.url()] {
             if (m_guard.mayReplaceDocument())
                 m_store.openProject(url);

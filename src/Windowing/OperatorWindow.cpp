@@ -8,8 +8,11 @@
 #include "WorkspaceStore.h"
 #include "ZelvoCommands.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QMenuBar>
+
+#include <functional>
 
 namespace quenara {
 
@@ -17,6 +20,25 @@ namespace {
 
 constexpr QSize minimumContentSize(1180, 760);
 constexpr QSize defaultSize(1480, 900);
+
+void dismiss(QDialog *sheet)
+{
+    if (sheet)
+        sheet->close();
+}
+
+/// Opens what \a sheet points to from then on. However it goes, \a dismissed is called.
+template<class Sheet>
+void openSheet(QPointer<Sheet> &sheet, Sheet *opened, const std::function<void()> &dismissed)
+{
+    sheet = opened;
+    sheet->setAttribute(Qt::WA_DeleteOnClose);
+    QObject::connect(opened, &QDialog::finished, opened->parentWidget(), [&sheet, dismissed] {
+        sheet.clear();
+        dismissed();
+    });
+    opened->open();
+}
 
 } // namespace
 
@@ -38,8 +60,11 @@ OperatorWindow::OperatorWindow(WorkspaceStore &store, WindowCoordinator &windows
     connect(&store, &WorkspaceStore::projectChanged, this, &OperatorWindow::showTitle);
     connect(&store, &WorkspaceStore::isStartPanelPresentedChanged, this,
             &OperatorWindow::showStartPanel);
+    connect(&store, &WorkspaceStore::isSongImportPresentedChanged, this,
+            &OperatorWindow::showSongImport);
     connect(&store, &WorkspaceStore::errorMessageChanged, this, &OperatorWindow::showError);
     connect(&commands, &ZelvoCommands::quitRequested, this, &QWidget::close);
+    connect(&commands, &ZelvoCommands::aboutRequested, this, &OperatorWindow::showAbout);
     showTitle();
     showError();
 }
@@ -65,42 +90,44 @@ void OperatorWindow::showTitle()
 
 void OperatorWindow::showStartPanel()
 {
-    if (!m_store.isStartPanelPresented()) {
-        if (m_startPanel)
-            m_startPanel->close();
-        return;
-    }
-    auto *panel = new StartPanelView(
-        m_store, [this] { return m_guard.mayReplaceDocument(); }, this);
-    panel->setAttribute(Qt::WA_DeleteOnClose);
-    connect(panel, &QDialog::finished, this, [this] {
-        m_startPanel.clear();
-        m_store.setStartPanelPresented(false);
-    });
-    m_startPanel = panel;
-    panel->open();
+    if (!m_store.isStartPanelPresented())
+        return dismiss(m_startPanel);
+    const auto mayReplaceDocument = [this] { return m_guard.mayReplaceDocument(); };
+    openSheet(m_startPanel, new StartPanelView(m_store, mayReplaceDocument, this),
+              [this] { m_store.setStartPanelPresented(false); });
+}
+
+void OperatorWindow::showSongImport()
+{
+    if (!m_store.isSongImportPresented())
+        return dismiss(m_songImport);
+    openSheet(m_songImport, new SongImportSheet(m_store, m_songImportDraft, this),
+              [this] { m_store.setSongImportPresented(false); });
 }
 
 void OperatorWindow::showError()
 {
     const std::optional<QString> message = m_store.errorMessage();
-    if (!message) {
-        if (m_alert)
-            m_alert->close();
-        return;
-    }
-    if (m_alert) {
-        m_alert->setText(*message);
-        return;
-    }
-    auto *alert = new AlertBox(*message, QString(), AlertBox::Ok, this);
-    alert->setAttribute(Qt::WA_DeleteOnClose);
-    connect(alert, &QDialog::finished, this, [this] {
-        m_alert.clear();
-        m_store.dismissError();
-    });
-    m_alert = alert;
-    alert->open();
+    if (!message)
+        return dismiss(m_alert);
+    if (m_alert)
+        return m_alert->setText(*message);
+    openSheet(m_alert, new AlertBox(*message, QString(), AlertBox::Ok, this),
+              [this] { m_store.dismissError(); });
+}
+
+void OperatorWindow::showAbout()
+{
+    auto *box = new AlertBox(
+        QStringLiteral("Quenara %1").arg(QApplication::applicationVersion()),
+        QStringLiteral("Presents live church services: a rundown for the operator, a display for "
+                       "the audience, a monitor for the people on stage.\n\n"
+                       "Built with Qt 6 (GNU LGPL 3). The typefaces are Inter and Lato (SIL Open "
+                       "Font License 1.1), the symbols Bootstrap Icons (MIT License)."),
+        AlertBox::Ok, this);
+    box->setWindowTitle(QStringLiteral("About Quenara"));
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open();
 }
 
 } // namespace quenara

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "SongImportSheet.h"
+
 #include <QMainWindow>
 #include <QPointer>
 
@@ -14,7 +16,8 @@ class WindowCoordinator;
 class WorkspaceStore;
 class ZelvoCommands;
 
-/// The main window: menus, the operator view, the start panel as its sheet and errors as alerts.
+/// The main window: menus, the operator view, the start panel and the song import as its sheets,
+/// errors as alerts.
 /// Closing it ends the program, the output windows with it, once the guard agrees.
 class OperatorWindow : public QMainWindow
 {
@@ -30,12 +33,16 @@ protected:
 private:
     void showTitle();
     void showStartPanel();
+    void showSongImport();
     void showError();
+    void showAbout();
 
     WorkspaceStore &m_store;
     WindowCoordinator &m_windows;
     DocumentGuard &m_guard;
+    SongImportDraft m_songImportDraft;
     QPointer<StartPanelView> m_startPanel;
+    QPointer<SongImportSheet> m_songImport;
     QPointer<AlertBox> m_alert;
 };
 

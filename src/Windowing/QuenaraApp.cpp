@@ -15,7 +15,8 @@ QuenaraApp::QuenaraApp(const QPalette &platformPalette)
       m_sleepInhibitor(QDBusConnection::sessionBus()), m_windows(m_systemScheme, m_pictures),
       m_appearance(m_preferences), m_outputs(m_store, m_windows, m_appearance),
       m_guard(m_store, m_windows, m_questions), m_commands(m_store, m_windows, m_outputs, m_guard),
-      m_operatorWindow(m_store, m_windows, m_outputs, m_guard, m_commands, m_pictures)
+      m_operatorWindow(m_store, m_windows, m_outputs, m_guard, m_commands, m_pictures),
+      m_settingsWindow(m_appearance, m_commands, &m_operatorWindow)
 {
     qApp->installEventFilter(&m_shortcutGuard);
     QObject::connect(&m_appearance, &AppearancePreference::rawValueChanged, &m_windows,
@@ -24,6 +25,8 @@ QuenaraApp::QuenaraApp(const QPalette &platformPalette)
                      });
     QObject::connect(&m_windows, &WindowCoordinator::isDisplayWindowOpenChanged, &m_windows,
                      [this] { m_sleepInhibitor.setActive(m_windows.isDisplayWindowOpen()); });
+    QObject::connect(&m_commands, &ZelvoCommands::settingsRequested, &m_settingsWindow,
+                     &SettingsWindow::present);
     m_windows.updateAppearance(m_appearance.appearance());
     m_operatorWindow.show();
 }

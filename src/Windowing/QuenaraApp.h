@@ -7,6 +7,7 @@
 #include "OperatorWindow.h"
 #include "OutputToggles.h"
 #include "PictureCache.h"
+#include "SettingsWindow.h"
 #include "ShortcutGuard.h"
 #include "SleepInhibitor.h"
 #include "SystemColorScheme.h"
@@ -18,8 +19,8 @@
 
 namespace quenara {
 
-/// The running application: the one store, the one coordinator, the operator window, and what
-/// keeps every window's appearance in step with the preference.
+/// The running application: the one store, the one coordinator, the operator window, the settings
+/// window, and what keeps every window's appearance in step with the preference.
 class QuenaraApp
 {
 public:
@@ -29,6 +30,8 @@ public:
 
     /// Opens the document the program was started with.
     void openDocument(const QString &path);
+    /// Offers projects when it was started without a document.
+    void showStartPanel() { m_store.showStartPanel(); }
 
     AppearancePreference &appearance() { return m_appearance; }
 
@@ -49,6 +52,7 @@ private:
     DocumentGuard m_guard;
     ZelvoCommands m_commands;
     OperatorWindow m_operatorWindow;
+    SettingsWindow m_settingsWindow;
 };
 
 } // namespace quenara

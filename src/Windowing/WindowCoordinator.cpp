@@ -1,5 +1,6 @@
 #include "WindowCoordinator.h"
 
+#include "BringToFront.h"
 #include "DisplayOutputView.h"
 #include "InterfaceStyle.h"
 #include "ScreenLayout.h"
@@ -74,13 +75,6 @@ void cover(QWidget &window, QScreen *screen)
     window.show();
 }
 
-void raise(QWidget &window)
-{
-    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
-    window.raise();
-    window.activateWindow();
-}
-
 } // namespace
 
 WindowCoordinator::WindowCoordinator(const SystemColorScheme &systemScheme, PictureCache &pictures,
@@ -129,11 +123,11 @@ void WindowCoordinator::release(Output &output, Signal changed)
 void WindowCoordinator::openDisplayWindow(const WorkspaceStore &store, AppAppearance appearance)
 {
     if (m_display.window) {
-        raise(*m_display.window);
+        bringToFront(*m_display.window);
         return;
     }
     openDisplay(store, appearance, displayScreen());
-    raise(*m_display.window);
+    bringToFront(*m_display.window);
 }
 
 void WindowCoordinator::openDisplay(const WorkspaceStore &store, AppAppearance appearance,
@@ -158,7 +152,7 @@ void WindowCoordinator::openDisplay(const WorkspaceStore &store, AppAppearance a
 void WindowCoordinator::openStageWindow(const WorkspaceStore &store, AppAppearance appearance)
 {
     if (m_stage.window) {
-        raise(*m_stage.window);
+        bringToFront(*m_stage.window);
         return;
     }
     auto *window = new OutputWindow(new StageOutputView(store, m_pictures), Qt::Window);
@@ -168,7 +162,7 @@ void WindowCoordinator::openStageWindow(const WorkspaceStore &store, AppAppearan
     window->setGeometry(stageFrame);
     window->setAppearance(appearance);
     window->show();
-    raise(*window);
+    bringToFront(*window);
     adopt(m_stage, window, &WindowCoordinator::isStageWindowOpenChanged);
 }
 

@@ -7,7 +7,6 @@
 #include "WindowCoordinator.h"
 #include "WorkspaceStore.h"
 
-#include <QAction>
 #include <QApplication>
 #include <QMenuBar>
 #include <QPointer>
@@ -29,11 +28,14 @@ constexpr auto saveItems = std::to_array<CommandDescription>({
     {Command::saveAs, "Save As...", {"Ctrl+Shift+S"}},
 });
 constexpr auto quitItems = std::to_array<CommandDescription>({
-    {Command::quit, "Quit", {"Ctrl+Q"}},
+    {Command::quit, "Quit", {"Ctrl+Q"}, QAction::QuitRole},
 });
 constexpr auto undoItems = std::to_array<CommandDescription>({
     {Command::undo, "Undo", {"Ctrl+Z"}},
     {Command::redo, "Redo", {"Ctrl+Shift+Z"}},
+});
+constexpr auto settingsItems = std::to_array<CommandDescription>({
+    {Command::settings, "Settings...", {"Ctrl+,"}, QAction::PreferencesRole},
 });
 // The same command twice, so that either key sends the queued slide live.
 constexpr auto goLiveItems = std::to_array<CommandDescription>({
@@ -55,17 +57,22 @@ constexpr auto windowItems = std::to_array<CommandDescription>({
     {Command::toggleDisplayWindow, "", {}},
     {Command::toggleStageWindow, "", {}},
 });
+constexpr auto aboutItems = std::to_array<CommandDescription>({
+    {Command::about, "About Quenara", {}, QAction::AboutRole},
+});
 
 constexpr auto fileGroups = std::to_array<Commands>({newItems, saveItems, quitItems});
-constexpr auto editGroups = std::to_array<Commands>({undoItems});
+constexpr auto editGroups = std::to_array<Commands>({undoItems, settingsItems});
 constexpr auto transportGroups = std::to_array<Commands>({goLiveItems, stepItems, modeItems});
 constexpr auto outputGroups = std::to_array<Commands>({windowItems});
+constexpr auto helpGroups = std::to_array<Commands>({aboutItems});
 
 constexpr auto menus = std::to_array<MenuDescription>({
     {"&File", fileGroups},
     {"&Edit", editGroups},
     {"&Transport", transportGroups},
     {"&Output", outputGroups},
+    {"&Help", helpGroups},
 });
 
 bool worksOnDocument(Command command)
@@ -120,7 +127,7 @@ QAction *ZelvoCommands::makeAction(const CommandDescription &description)
     action->setShortcutContext(Qt::WindowShortcut);
     action->setAutoRepeat(description.command == Command::undo
                           || description.command == Command::redo);
-    action->setMenuRole(QAction::NoRole);
+    action->setMenuRole(description.role);
     connect(action, &QAction::triggered, this,
             [this, command = description.command] { perform(command); });
     return action;
@@ -195,6 +202,12 @@ void ZelvoCommands::carryOut(Command command)
         return m_outputs.toggleDisplayWindow();
     case Command::toggleStageWindow:
         return m_outputs.toggleStageWindow();
+    case Command::settings:
+        emit settingsRequested();
+        return;
+    case Command::about:
+        emit aboutRequested();
+        return;
     }
 }
 
@@ -214,7 +227,7 @@ void ZelvoCommands::showWindows()
 {
     for (OutputWindow *window : {m_windows.displayWindow(), m_windows.stageWindow()}) {
         if (window)
-            window->addActions(m_actions.values());
+            addTo(*window);
     }
     action(Command::toggleDisplayWindow)
         ->setText(m_windows.isDisplayWindowOpen() ? QStringLiteral("Close Display Window")

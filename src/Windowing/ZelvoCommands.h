@@ -1,15 +1,15 @@
 #pragma once
 
+#include <QAction>
 #include <QHash>
 #include <QObject>
+#include <QWidget>
 
 #include <array>
 #include <cstdint>
 #include <span>
 
-class QAction;
 class QMenuBar;
-class QWidget;
 
 namespace quenara {
 
@@ -38,6 +38,8 @@ enum class Command : std::uint8_t {
     toggleLogo,
     toggleDisplayWindow,
     toggleStageWindow,
+    settings,
+    about,
 };
 
 /// What the menus say of a command.
@@ -46,6 +48,7 @@ struct CommandDescription
     Command command;
     const char *title; ///< empty for those whose title follows a window
     std::array<const char *, 2> shortcuts; ///< portable key sequences; null where there is none
+    QAction::MenuRole role = QAction::NoRole; ///< where the platform has a place of its own for it
 };
 
 /// A menu: its title and its commands in order, in groups between separators.
@@ -59,8 +62,8 @@ struct MenuDescription
 std::span<const MenuDescription> menuDescriptions();
 
 /// The menu bar's commands. Each calls one operation of the store or the coordinator, those that
-/// replace the document once the guard agrees; shortcuts work in the operator window and the output
-/// windows alike, one press being one step, but for undo and redo, which a held key repeats.
+/// replace the document once the guard agrees; shortcuts work in every window that is not a dialog
+/// to be answered, one press being one step, but for undo and redo, which a held key repeats.
 class ZelvoCommands : public QObject
 {
     Q_OBJECT
@@ -70,11 +73,15 @@ public:
                   DocumentGuard &guard, QObject *parent = nullptr);
 
     void fill(QMenuBar &menuBar) const;
+    /// Lets the shortcuts work in \a window.
+    void addTo(QWidget &window) const { window.addActions(m_actions.values()); }
 
     QAction *action(Command command) const { return m_actions.value(command); }
 
 signals:
     void quitRequested();
+    void settingsRequested();
+    void aboutRequested();
 
 private:
     QAction *makeAction(const CommandDescription &description);

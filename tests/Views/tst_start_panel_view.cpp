@@ -1,14 +1,23 @@
+#include "ElidedLabel.h"
 #include "GuiTestSupport.h"
+#include "InterfaceStyle.h"
 #include "ProjectFileService.h"
 #include "ProjectTemplates.h"
 #include "StartPanelView.h"
 #include "TestSupport.h"
 
+#include <QAccessible>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTextDocument>
+#include <QToolTip>
 
 using namespace quenara;
 using namespace quenara::test;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -24,6 +33,42 @@ QPushButton *button(const StartPanelView &panel, const QString &name)
 bool always()
 {
     return true;
+}
+
+/// The texts of the column of recent projects, from the top.
+QStringList recentTexts(const StartPanelView &panel)
+{
+    QStringList texts;
+    for (const QLabel *label : panel.findChild<QScrollArea *>()->widget()->findChildren<QLabel *>())
+        texts.append(label->text());
+    return texts;
+}
+
+/// Leaves projects of these names in files of these names as the recent ones, the last in front.
+void saveAll(World &world, const QStringList &names)
+{
+    for (const QString &name : names) {
+        world.panels.answer = world.fileUrl(name + u".quenara"_s);
+        world.store.updateProjectName(name);
+        world.store.saveProjectAs();
+    }
+}
+
+/// How many pixels of \a image have this colour.
+int pixelsOf(const QColor &color, const QImage &image)
+{
+    int count = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            count += image.pixelColor(x, y) == color;
+    }
+    return count;
+}
+
+void show(const ZelvoTheme &theme)
+{
+    QApplication::setPalette(interfacePalette(theme));
+    qApp->setStyleSheet(interfaceStyleSheet(theme));
 }
 
 } // namespace
@@ -118,14 +163,193 @@ private slots:
         QVERIFY(panel.isVisible());
     }
 
-    void withoutRecentProjectsThePanelSaysSo()
+    void itHasItsSizeAndItsTexts()
     {
         World world;
         const StartPanelView panel(world.store, always, nullptr);
-        const QList<QLabel *> labels = panel.findChildren<QLabel *>();
-        QVERIFY(std::any_of(labels.begin(), labels.end(), [](const QLabel *label) {
-            return label->text() == QStringLiteral("No recent projects yet.");
-        }));
+        QCOMPARE(panel.size(), QSize(700, 430));
+        QStringList texts;
+        for (const QLabel *label : panel.findChildren<QLabel *>())
+            texts.append(label->text());
+        QCOMPARE(
+            texts,
+            (QStringList{u"Quenara"_s, u"Projects"_s, u"Recent"_s, u"No recent projects yet."_s}));
+    }
+
+    void withoutRecentProjectsThereIsOnlyWordOfThat()
+    {
+        World world;
+        const StartPanelView panel(world.store, always, nullptr);
+        QCOMPARE(recentTexts(panel), QStringList{u"No recent projects yet."_s});
+        QCOMPARE(panel.findChildren<QPushButton *>().size(), 4);
+    }
+
+    void recentProjectsStandInTheirOrderWithNameAndPath()
+    {
+        World world;
+        saveAll(world, {u"Easter"_s, u"Sunday"_s});
+        const StartPanelView panel(world.store, always, nullptr);
+        QCOMPARE(recentTexts(panel),
+                 (QStringList{u"Sunday"_s, world.fileUrl(u"Sunday.quenara"_s).toLocalFile(),
+                              u"Easter"_s, world.fileUrl(u"Easter.quenara"_s).toLocalFile()}));
+    }
+
+    void recentProjectsFollowTheStoreWhileThePanelIsOpen()
+    {
+        World world;
+        StartPanelView panel(world.store, always, nullptr);
+        panel.show();
+        saveAll(world, {u"Easter"_s});
+        QTRY_COMPARE(recentTexts(panel).constFirst(), u"Easter"_s);
+        QTest::mouseClick(button(panel, u"Easter"_s), Qt::LeftButton);
+        QVERIFY(!panel.isVisible());
+        QCOMPARE(world.store.currentFileURL(), world.fileUrl(u"Easter.quenara"_s));
+    }
+
+    void aRecentProjectWithoutItsFileIsFainterAndSaysSo()
+    {
+        show(ZelvoTheme::dark());
+        World world;
+        saveAll(world, {u"Gone"_s, u"There"_s});
+        QVERIFY(QFile::remove(world.fileUrl(u"Gone.quenara"_s).toLocalFile()));
+        StartPanelView panel(world.store, always, nullptr);
+        panel.show();
+        const QPushButton *gone = button(panel, u"Gone"_s);
+        const QPushButton *there = button(panel, u"There"_s);
+        for (const QLabel *label : gone->findChildren<QLabel *>())
+            QCOMPARE(label->palette().color(QPalette::WindowText), ZelvoTheme::dark().mutedText);
+        QCOMPARE(
+            there->findChildren<QLabel *>().constFirst()->palette().color(QPalette::WindowText),
+            ZelvoTheme::dark().primaryText);
+        QVERIFY(gone->isEnabled());
+        QVERIFY(gone->accessibleDescription().endsWith(u"file not found"_s));
+        QVERIFY(!there->accessibleDescription().contains(u"not found"_s));
+    }
+
+    void longTextsStayInsideTheirRow()
+    {
+        World world;
+        saveAll(world, {QString(120, u'w')});
+        StartPanelView panel(world.store, always, nullptr);
+        panel.show();
+        const QPushButton *row = button(panel, QString(120, u'w'));
+        for (const auto *label : row->findChildren<ElidedLabel *>()) {
+            QVERIFY(row->rect().contains(label->geometry()));
+            QVERIFY(label->sizeHint().width() > label->width());
+        }
+    }
+
+    void theTooltipHasTheWholeOfATextThatIsCutShort()
+    {
+        World world;
+        const QString longName = u"<b>%1</b>"_s.arg(QString(120, u'w'));
+        world.panels.answer = world.fileUrl(u"short.quenara"_s);
+        world.store.updateProjectName(longName);
+        world.store.saveProjectAs();
+        StartPanelView panel(world.store, always, nullptr);
+        panel.show();
+        const auto labels = button(panel, longName)->findChildren<ElidedLabel *>();
+        for (ElidedLabel *label : labels) {
+            QHelpEvent help(QEvent::ToolTip, label->rect().center(),
+                            label->mapToGlobal(label->rect().center()));
+            QApplication::sendEvent(label, &help);
+            QCOMPARE(QToolTip::isVisible(), label->text() == longName);
+            QTextDocument shown;
+            shown.setHtml(QToolTip::text());
+            if (QToolTip::isVisible())
+                QCOMPARE(shown.toPlainText(), longName);
+            QToolTip::hideText();
+            QTRY_VERIFY(!QToolTip::isVisible());
+        }
+    }
+
+    void aFullListScrollsToTheRowThatTheTabKeyReaches()
+    {
+        World world;
+        QStringList names;
+        for (int i = 0; i < 10; ++i)
+            names.append(u"Service %1"_s.arg(i));
+        saveAll(world, names);
+        StartPanelView panel(world.store, always, nullptr);
+        panel.show();
+        panel.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&panel));
+        const auto *scroll = panel.findChild<QScrollArea *>();
+        QCOMPARE(scroll->verticalScrollBar()->value(), 0);
+        QVERIFY(scroll->verticalScrollBar()->maximum() > 0);
+        QCOMPARE(scroll->horizontalScrollBar()->maximum(), 0);
+        const QList<QPushButton *> buttons = panel.findChildren<QPushButton *>();
+        QCOMPARE(buttons.size(), 14);
+        for (const QPushButton *next : buttons) {
+            QCOMPARE(QApplication::focusWidget(), next);
+            const QRect place(next->mapTo(&panel, QPoint()), next->size());
+            QVERIFY2(panel.rect().contains(place), qPrintable(next->accessibleName()));
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        }
+        QCOMPARE(QApplication::focusWidget(), buttons.constFirst());
+    }
+
+    void returnAndSpacePressTheButtonThatHasTheFocus_data()
+    {
+        QTest::addColumn<Qt::Key>("key");
+        QTest::newRow("Return") << Qt::Key_Return;
+        QTest::newRow("Space") << Qt::Key_Space;
+    }
+
+    void returnAndSpacePressTheButtonThatHasTheFocus()
+    {
+        QFETCH(Qt::Key, key);
+        World world;
+        StartPanelView panel(world.store, always, nullptr);
+        panel.show();
+        panel.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&panel));
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QTest::keyClick(QApplication::focusWidget(), key);
+        QCOMPARE(world.store.project().name, u"Sunday Service"_s);
+        QVERIFY(!panel.isVisible());
+    }
+
+    void escapeDismissesThePanelAndChangesNothing()
+    {
+        World world;
+        const WorkspaceState before = world.store.state();
+        StartPanelView panel(world.store, always, nullptr);
+        panel.show();
+        QTest::keyClick(&panel, Qt::Key_Escape);
+        QVERIFY(!panel.isVisible());
+        QCOMPARE(world.store.state(), before);
+    }
+
+    void theSymbolsTakeTheAccentOfTheSchemeThatIsShown()
+    {
+        World world;
+        StartPanelView panel(world.store, always, nullptr);
+        panel.show();
+        const QPushButton *start = button(panel, u"Open Demo Service"_s);
+        const QRect symbol(14, 13, 18, 18);
+        for (const ZelvoTheme *theme :
+             {&ZelvoTheme::dark(), &ZelvoTheme::light(), &ZelvoTheme::dark()}) {
+            show(*theme);
+            const QImage image =
+                panel.grab(QRect(start->mapTo(&panel, symbol.topLeft()), symbol.size())).toImage();
+            QVERIFY(pixelsOf(theme->accent, image) > 10);
+            QCOMPARE(panel.grab().toImage().pixelColor(2, 2), theme->appBackground);
+        }
+    }
+
+    void everyButtonHasItsAccessibleName()
+    {
+        World world;
+        saveAll(world, {u"Easter"_s, QString()});
+        const StartPanelView panel(world.store, always, nullptr);
+        QStringList names;
+        for (QPushButton *button : panel.findChildren<QPushButton *>())
+            names.append(QAccessible::queryAccessibleInterface(button)->text(QAccessible::Name));
+        QCOMPARE(names,
+                 (QStringList{u"New Blank Project"_s, u"New Sunday Service"_s,
+                              u"Open Demo Service"_s, u"Open File..."_s,
+                              world.fileUrl(u".quenara"_s).toLocalFile(), u"Easter"_s}));
     }
 
     void aRecentProjectOpensEvenWhenThatFails()

@@ -2,7 +2,9 @@
 #include "StartPanelView.h"
 #include "WindowingWorld.h"
 
+#include <QLineEdit>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QPointer>
 #include <QPushButton>
 
@@ -19,6 +21,21 @@ struct Window : WindowingWorld
 
     QMessageBox *alert() const { return visibleChild<QMessageBox>(); }
     StartPanelView *startPanel() const { return visibleChild<StartPanelView>(); }
+    SongImportSheet *songImport() const { return visibleChild<SongImportSheet>(); }
+
+    QString songTitle() const { return songImport()->findChild<QLineEdit *>()->text(); }
+    void typeSongTitle(const QString &title) const
+    {
+        QTest::keyClicks(songImport()->findChild<QLineEdit *>(), title);
+    }
+    void pressInSongImport(const QString &button) const
+    {
+        for (auto *candidate : songImport()->findChildren<QPushButton *>()) {
+            if (candidate->text() == button)
+                return QTest::mouseClick(candidate, Qt::LeftButton);
+        }
+        qFatal("no button %s", qPrintable(button));
+    }
 
 private:
     template<class Dialog>
@@ -76,6 +93,21 @@ private slots:
         QVERIFY(!w.store.errorMessage());
     }
 
+    void aSecondFailureIsShownInTheSameAlert()
+    {
+        Window w;
+        w.store.openProject(w.fileUrl(QStringLiteral("missing.quenara")));
+        w.store.openProject(w.written(QStringLiteral("wrong.quenara"), "[]"));
+        QCOMPARE(w.window.findChildren<QMessageBox *>().size(), 1);
+        QCOMPARE(w.alert()->windowTitle(), QStringLiteral("Quenara"));
+        QCOMPARE(w.alert()->text(),
+                 QStringLiteral("That file does not look like a Quenara project."));
+        QCOMPARE(w.alert()->buttons().size(), 1);
+        QTest::keyClick(w.alert(), Qt::Key_Return);
+        QVERIFY(!w.alert());
+        QVERIFY(!w.store.errorMessage());
+    }
+
     void dismissingTheAlertInAnotherWayClearsItToo()
     {
         Window w;
@@ -99,6 +131,75 @@ private slots:
         QVERIFY(w.startPanel());
         w.store.newBlankProject();
         QVERIFY(!w.startPanel());
+    }
+
+    void theSongImportIsShownWhileItIsPresented()
+    {
+        Window w;
+        w.store.setSongImportPresented(true);
+        QVERIFY(w.songImport());
+        QCOMPARE(w.songImport()->windowModality(), Qt::WindowModal);
+        QCOMPARE(w.songImport()->parentWidget(), &w.window);
+        QTest::keyClick(w.songImport(), Qt::Key_Escape);
+        QVERIFY(!w.songImport());
+        QVERIFY(!w.store.isSongImportPresented());
+        w.store.setSongImportPresented(true);
+        QVERIFY(w.songImport());
+        w.store.setSongImportPresented(false);
+        QVERIFY(!w.songImport());
+    }
+
+    void theSongImportKeepsItsTextsUntilTheyAreImported()
+    {
+        Window w;
+        w.store.setSongImportPresented(true);
+        w.typeSongTitle(QStringLiteral("Evening Hymn"));
+        w.pressInSongImport(QStringLiteral("Cancel"));
+        QVERIFY(!w.store.isSongImportPresented());
+        w.store.setSongImportPresented(true);
+        QCOMPARE(w.songTitle(), QStringLiteral("Evening Hymn"));
+        w.pressInSongImport(QStringLiteral("Import Song"));
+        QVERIFY(!w.store.isSongImportPresented());
+        QCOMPARE(w.store.project().serviceItems.constLast().title, QStringLiteral("Evening Hymn"));
+        w.store.setSongImportPresented(true);
+        QCOMPARE(w.songTitle(), QString());
+    }
+
+    void keysTypedIntoTheSongImportChangeNothingLive()
+    {
+        Window w;
+        w.store.toggleLogo();
+        const Selection before = selectionOf(w.store.state());
+        w.store.setSongImportPresented(true);
+        w.songImport()->activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(w.songImport()));
+        for (auto *field : QWidgetList{w.songImport()->findChild<QLineEdit *>(),
+                                       w.songImport()->findChild<QPlainTextEdit *>()}) {
+            field->setFocus();
+            for (const Qt::Key key :
+                 {Qt::Key_B, Qt::Key_L, Qt::Key_Space, Qt::Key_Left, Qt::Key_Right, Qt::Key_Up,
+                  Qt::Key_Down, Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_Return})
+                QTest::keyClick(w.songImport()->windowHandle(), key);
+        }
+        QCOMPARE(w.songTitle(), QStringLiteral("bl "));
+        QVERIFY(w.songImport()->findChild<QPlainTextEdit *>()->toPlainText().contains(
+            QStringLiteral("bl ")));
+        QCOMPARE(selectionOf(w.store.state()), before);
+        QCOMPARE(w.store.outputMode(), OutputMode::logo);
+    }
+
+    void aboutTellsTheVersionAndWhoseWorkIsInTheProgram()
+    {
+        QApplication::setApplicationVersion(QStringLiteral("1.2.3"));
+        Window w;
+        w.commands.action(Command::about)->trigger();
+        QVERIFY(w.alert());
+        QCOMPARE(w.alert()->windowModality(), Qt::WindowModal);
+        QCOMPARE(w.alert()->text(), QStringLiteral("Quenara 1.2.3"));
+        for (const char *work : {"Qt 6", "Inter", "Lato", "Bootstrap Icons"})
+            QVERIFY(w.alert()->informativeText().contains(QLatin1String(work)));
+        QTest::mouseClick(w.alert()->button(QMessageBox::Ok), Qt::LeftButton);
+        QVERIFY(!w.alert());
     }
 
     void closingTheOperatorWindowClosesTheOutputWindows()

@@ -1,14 +1,57 @@
+#include "DisplayOutputView.h"
 #include "GuiTestSupport.h"
 #include "QuenaraApp.h"
+#include "StartPanelView.h"
+#include "TestSupport.h"
+
+#include <QMenuBar>
+#include <QPushButton>
 
 using namespace quenara;
 using namespace quenara::test;
+using namespace Qt::StringLiterals;
 
 namespace {
 
 QColor windowColor()
 {
     return QApplication::palette().color(QPalette::Window);
+}
+
+/// A shown window of the program; null when there is none.
+QWidget *shownWindow(const QString &name)
+{
+    for (QWidget *window : QApplication::topLevelWidgets()) {
+        if (window->objectName() == name && window->isVisible())
+            return window;
+    }
+    return nullptr;
+}
+
+void choose(const QString &title)
+{
+    const auto *operatorWindow = qobject_cast<QMainWindow *>(shownWindow(u"operatorWindow"_s));
+    for (const QAction *menu : operatorWindow->menuBar()->actions()) {
+        for (QAction *action : menu->menu()->actions()) {
+            if (action->text() == title)
+                return action->trigger();
+        }
+    }
+    qFatal("no menu item %s", qPrintable(title));
+}
+
+void chooseAppearance(const QString &title)
+{
+    for (auto *segment : shownWindow(u"settingsWindow"_s)->findChildren<QPushButton *>()) {
+        if (segment->text() == title)
+            return QTest::mouseClick(segment, Qt::LeftButton);
+    }
+    qFatal("no appearance %s", qPrintable(title));
+}
+
+QColor cornerOf(QWidget &window)
+{
+    return window.grab().toImage().pixelColor(1, window.height() - 2);
 }
 
 } // namespace
@@ -18,21 +61,78 @@ class TestQuenaraApp : public GuiTest
     Q_OBJECT
 
 private slots:
+    static void initTestCase()
+    {
+        QApplication::setOrganizationName(u"Quenara"_s);
+        QApplication::setApplicationName(u"Quenara"_s);
+    }
+
     void theApplicationFollowsThePreferenceFromTheStartAndAsItChanges()
     {
-        QApplication::setOrganizationName(QStringLiteral("Quenara"));
-        QApplication::setApplicationName(QStringLiteral("Quenara"));
-        QSettings().setValue(QStringLiteral("appAppearance"), QStringLiteral("dark"));
+        QSettings().setValue(u"appAppearance"_s, u"dark"_s);
         QuenaraApp app{QPalette(Qt::white)};
         QCOMPARE(windowColor(), ZelvoTheme::dark().appBackground);
-        app.appearance().setRawValue(QStringLiteral("light"));
+        app.appearance().setRawValue(u"light"_s);
         QCOMPARE(windowColor(), ZelvoTheme::light().appBackground);
-        app.appearance().setRawValue(QStringLiteral("dark"));
+        app.appearance().setRawValue(u"dark"_s);
         QCOMPARE(windowColor(), ZelvoTheme::dark().appBackground);
-        app.appearance().setRawValue(QStringLiteral("none of the three"));
+        app.appearance().setRawValue(u"none of the three"_s);
         QCOMPARE(windowColor(), ZelvoTheme::light().appBackground);
-        QCOMPARE(QSettings().value(QStringLiteral("appAppearance")).toString(),
-                 QStringLiteral("none of the three"));
+        QCOMPARE(QSettings().value(u"appAppearance"_s).toString(), u"none of the three"_s);
+    }
+
+    void anAppearanceChosenDuringTheServiceShowsAtOnceEverywhereButOnTheSlides()
+    {
+        QSettings().setValue(u"appAppearance"_s, u"light"_s);
+        QuenaraApp app{QPalette(Qt::white)};
+        app.openDocument(dataPath(u"current.quenara"_s));
+        choose(u"Open Display Window"_s);
+        choose(u"Open Monitor Window"_s);
+        choose(u"Settings..."_s);
+        QWidget &stage = *shownWindow(u"stageWindow"_s);
+        QWidget &display = *shownWindow(u"displayWindow"_s);
+        QWidget &settings = *shownWindow(u"settingsWindow"_s);
+        const QImage slide = display.grab().toImage();
+        QCOMPARE(cornerOf(settings), ZelvoTheme::light().appBackground);
+        QCOMPARE(cornerOf(stage), ZelvoTheme::light().appBackground);
+
+        chooseAppearance(u"Dark"_s);
+        QCOMPARE(QSettings().value(u"appAppearance"_s).toString(), u"dark"_s);
+        QCOMPARE(windowColor(), ZelvoTheme::dark().appBackground);
+        QCOMPARE(cornerOf(settings), ZelvoTheme::dark().appBackground);
+        QCOMPARE(cornerOf(stage), ZelvoTheme::dark().appBackground);
+        QCOMPARE(static_cast<OutputWindow &>(display).appearance(), AppAppearance::dark);
+        QCOMPARE(largestDifference(display.grab().toImage(), slide), 0);
+    }
+
+    void settingsOpenOnceHoweverOftenTheyAreAskedFor()
+    {
+        const QuenaraApp app{QPalette(Qt::white)};
+        QVERIFY(!shownWindow(u"settingsWindow"_s));
+        QWidget &operatorWindow = *shownWindow(u"operatorWindow"_s);
+        operatorWindow.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&operatorWindow));
+        QTest::keyClick(operatorWindow.windowHandle(), Qt::Key_Comma, Qt::ControlModifier);
+        QWidget *settings = shownWindow(u"settingsWindow"_s);
+        QVERIFY(settings);
+        QVERIFY(QTest::qWaitForWindowActive(settings));
+        QTest::keyClick(settings->windowHandle(), Qt::Key_Comma, Qt::ControlModifier);
+        choose(u"Settings..."_s);
+        const QWidgetList windows = QApplication::topLevelWidgets();
+        QCOMPARE(std::count_if(windows.begin(), windows.end(),
+                               [](const QWidget *window) {
+                                   return window->objectName() == u"settingsWindow"_s;
+                               }),
+                 1);
+    }
+
+    void theStartPanelStandsOnTheOperatorWindow()
+    {
+        QuenaraApp app{QPalette(Qt::white)};
+        QVERIFY(!shownWindow(u"startPanel"_s));
+        app.showStartPanel();
+        QVERIFY(shownWindow(u"startPanel"_s));
+        QCOMPARE(shownWindow(u"startPanel"_s)->parentWidget(), shownWindow(u"operatorWindow"_s));
     }
 };
 

@@ -1,4 +1,5 @@
 #include "GuiTestSupport.h"
+#include "SettingsWindow.h"
 #include "ShortcutGuard.h"
 #include "WindowingWorld.h"
 
@@ -6,6 +7,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QPlainTextEdit>
+#include <QPushButton>
 
 using namespace quenara;
 using namespace quenara::test;
@@ -17,6 +19,7 @@ struct Program : WindowingWorld
 {
     ShortcutGuard shortcutGuard;
     OperatorWindow operatorWindow{store, windows, outputs, guard, commands, pictures};
+    SettingsWindow settings{appearance, commands, &operatorWindow};
 
     Program()
     {
@@ -78,13 +81,14 @@ private slots:
     {
         Program program;
         const QList<QAction *> menus = program.operatorWindow.menuBar()->actions();
-        QCOMPARE(menus.size(), 4);
+        QCOMPARE(menus.size(), 5);
         QCOMPARE(
             menuText(*menus.at(0)->menu()),
             QStringLiteral("New Project...|Ctrl+N\nNew Blank Project|\nNew Sunday Service|\n-\n"
                            "Open...|Ctrl+O\nOpen Recent|\nSave|Ctrl+S\nSave As...|Ctrl+Shift+S\n-\n"
                            "Quit|Ctrl+Q"));
-        QCOMPARE(menuText(*menus.at(1)->menu()), QStringLiteral("Undo|Ctrl+Z\nRedo|Ctrl+Shift+Z"));
+        QCOMPARE(menuText(*menus.at(1)->menu()),
+                 QStringLiteral("Undo|Ctrl+Z\nRedo|Ctrl+Shift+Z\n-\nSettings...|Ctrl+,"));
         QCOMPARE(menuText(*menus.at(2)->menu()),
                  QStringLiteral("Go Live|Space\nGo Live|Return Enter\n-\n"
                                 "Next Live Slide|Right PgDown\nPrevious Live Slide|Left PgUp\n"
@@ -92,6 +96,17 @@ private slots:
                                 "Toggle Blackout|B\nToggle Logo|L"));
         QCOMPARE(menuText(*menus.at(3)->menu()),
                  QStringLiteral("Open Display Window|\nOpen Monitor Window|"));
+        QCOMPARE(menuText(*menus.at(4)->menu()), QStringLiteral("About Quenara|"));
+    }
+
+    void whatThePlatformHasAPlaceForGoesThere()
+    {
+        const Program program;
+        QCOMPARE(program.commands.action(Command::settings)->menuRole(), QAction::PreferencesRole);
+        QCOMPARE(program.commands.action(Command::about)->menuRole(), QAction::AboutRole);
+        QCOMPARE(program.commands.action(Command::quit)->menuRole(), QAction::QuitRole);
+        // By its title alone, a platform would take this one for something else.
+        QCOMPARE(program.commands.action(Command::save)->menuRole(), QAction::NoRole);
     }
 
     void undoAndRedoAreEnabledExactlyWhileThereIsSomethingToUndoOrRedo()
@@ -148,6 +163,8 @@ private slots:
         QTest::newRow("operator window") << "operator";
         QTest::newRow("display window") << "display";
         QTest::newRow("stage window") << "stage";
+        QTest::newRow("settings window") << "settings";
+        QTest::newRow("settings window, on a choice") << "segment";
     }
 
     void transportKeysWorkInEveryWindow()
@@ -161,6 +178,13 @@ private slots:
             focused = program.windows.displayWindow();
         } else if (window == QStringLiteral("stage")) {
             focused = program.windows.stageWindow();
+        } else if (window == QStringLiteral("settings")) {
+            program.settings.present();
+            focused = &program.settings;
+        } else if (window == QStringLiteral("segment")) {
+            program.settings.present();
+            focused = &program.settings;
+            program.settings.findChild<QPushButton *>()->setFocus();
         }
         Program::activate(*focused);
 

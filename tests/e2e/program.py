@@ -11,6 +11,7 @@ OPERATOR = r".* — Quenara"
 START_PANEL = ALERT = "Quenara"
 DISPLAY = "Quenara Display"
 STAGE = "Quenara Stage"
+SETTINGS = "Quenara Settings"
 
 # A place inside the project name's field, in the operator window's content.
 PROJECT_NAME = (100, 52)
@@ -92,6 +93,10 @@ class Program:
 
     def wait_for_no_window(self, title):
         wait_until(lambda: not self.window(title), f"the window titled {title} to go")
+
+    def focused_window(self):
+        """Empty while the keyboard passes from one window to the next."""
+        return self.server.run("xdotool", "getactivewindow", check=False).decode().strip()
 
     def focused_title(self):
         """Empty while the keyboard passes from one window to the next."""

@@ -3,7 +3,7 @@
 import tempfile
 from pathlib import Path
 
-from program import ALERT, OPERATOR
+from program import ALERT, OPERATOR, START_PANEL
 from show_case import SHOW, SHOW_TITLE, ShowCase, run
 
 EMPTY_TITLE = "Untitled Quenara — Quenara"
@@ -29,9 +29,13 @@ class CommandLine(ShowCase):
         program = self.start(SHOW.name, folder=SHOW.parent)
         program.wait_for_window(SHOW_TITLE)
 
-    def test_without_a_document_the_empty_project_is_open(self):
+    def test_without_a_document_the_start_panel_stands_over_the_empty_project(self):
         program = self.start()
         program.wait_for_window(EMPTY_TITLE)
+        program.focus(START_PANEL)
+        program.press("Escape")
+        program.wait_for_no_window(START_PANEL)
+        self.assertEqual(list(program.windows().values()), [EMPTY_TITLE])
 
     def test_a_missing_file_is_refused_and_the_program_stays_usable(self):
         self.see_refusal_of("/nowhere/missing.quenara")

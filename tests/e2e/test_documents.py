@@ -7,7 +7,7 @@ import tempfile
 from pathlib import Path
 
 from processes import wait_until
-from program import ALERT, DISPLAY, OPERATOR, START_PANEL
+from program import ALERT, DISPLAY, OPERATOR, SETTINGS, START_PANEL
 from show_case import SHOW, ShowCase, TwoScreenCase, run
 from xserver import FIRST_SCREEN
 
@@ -98,8 +98,9 @@ class OneDocument(Documents, ShowCase):
             self.rename(f"Changed {number}")
             self.program.press("Return", "ctrl+n")
             self.program.focus(START_PANEL)
+            panel = self.program.focused_window()
             self.program.press("Tab", "space")
-            wait_until(lambda: self.program.focused_title() == ALERT, "the question")
+            wait_until(lambda: self.program.focused_window() not in ("", panel), "the question")
             self.program.press(*DO_NOT_SAVE)
             self.program.wait_for_window("Sunday Service — Quenara")
             wait_until(lambda: self.program.focused_title() == "Sunday Service — Quenara",
@@ -148,7 +149,8 @@ class DocumentsDuringTheService(Documents, TwoScreenCase):
         self.see_slide(1)
         self.rename("Changed")
         program.press("Return")
-        for key, title in (("ctrl+shift+s", SAVE_PANEL), ("ctrl+o", ALERT), ("ctrl+q", ALERT)):
+        for key, title in (("ctrl+shift+s", SAVE_PANEL), ("ctrl+o", ALERT), ("ctrl+q", ALERT),
+                           ("ctrl+comma", SETTINGS)):
             program.focus(DISPLAY)
             program.press(key)
             program.focus(title)

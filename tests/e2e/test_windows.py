@@ -1,6 +1,6 @@
 """The program's windows: opening, closing, and what ends with them."""
 
-from program import DISPLAY, OPERATOR, STAGE, START_PANEL
+from program import DISPLAY, OPERATOR, SETTINGS, STAGE, START_PANEL
 from show_case import ShowCase, run
 
 
@@ -53,6 +53,37 @@ class Windows(ShowCase):
         program.press("Escape")
         program.wait_for_no_window(START_PANEL)
         self.assertIsNotNone(program.window("Evening Show — Quenara"))
+
+    def test_the_start_panel_at_launch_opens_the_demo_by_keys_alone(self):
+        program = self.start()
+        program.focus(START_PANEL)
+        program.press("Tab", "Tab", "space")
+        program.wait_for_window("Quenara Demo Service — Quenara")
+        program.wait_for_no_window(START_PANEL)
+
+    def test_the_settings_are_one_window_that_ends_with_the_program(self):
+        program = self.start_show()
+        for _ in range(2):
+            program.focus(OPERATOR)
+            program.press("ctrl+comma")
+            program.focus(SETTINGS)
+        self.assertEqual(list(program.windows().values()).count(SETTINGS), 1)
+        program.close_window(OPERATOR)
+        self.assertEqual(program.wait_for_end(), 0, program.output())
+        self.assertEqual(program.windows(), {})
+
+    def test_the_settings_window_keeps_the_menus_shortcuts(self):
+        program = self.start_show()
+        program.focus(OPERATOR)
+        program.press("ctrl+comma")
+        program.focus(SETTINGS)
+        program.press("ctrl+n")
+        program.focus(START_PANEL)
+        program.press("Escape")
+        program.wait_for_no_window(START_PANEL)
+        program.focus(SETTINGS)
+        program.press("ctrl+q")
+        self.assertEqual(program.wait_for_end(), 0, program.output())
 
 
 if __name__ == "__main__":

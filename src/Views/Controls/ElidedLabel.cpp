@@ -1,6 +1,10 @@
 #include "ElidedLabel.h"
 
+#include "PlainToolTip.h"
+
+#include <QHelpEvent>
 #include <QPainter>
+#include <QToolTip>
 
 namespace quenara {
 
@@ -8,6 +12,12 @@ ElidedLabel::ElidedLabel(const QString &role, QWidget *parent) : QLabel(parent)
 {
     setProperty("role", role);
     setTextFormat(Qt::PlainText);
+}
+
+void ElidedLabel::setElideMode(Qt::TextElideMode mode)
+{
+    m_elideMode = mode;
+    update();
 }
 
 QString ElidedLabel::line() const
@@ -26,11 +36,19 @@ QSize ElidedLabel::minimumSizeHint() const
     return {0, fontMetrics().height()};
 }
 
+bool ElidedLabel::event(QEvent *event)
+{
+    if (event->type() != QEvent::ToolTip || sizeHint().width() <= width())
+        return QLabel::event(event);
+    QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), plainToolTip(text()), this);
+    return true;
+}
+
 void ElidedLabel::paintEvent(QPaintEvent * /*event*/)
 {
     QPainter painter(this);
     painter.drawText(rect(), int(Qt::AlignLeft | Qt::AlignVCenter) | Qt::TextSingleLine,
-                     fontMetrics().elidedText(line(), Qt::ElideRight, width()));
+                     fontMetrics().elidedText(line(), m_elideMode, width()));
 }
 
 } // namespace quenara

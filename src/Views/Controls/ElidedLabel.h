@@ -4,8 +4,8 @@
 
 namespace quenara {
 
-/// A text in one line that ends with an ellipsis where the room does. A plain-text label to the
-/// style sheet, known by its \a role.
+/// A text in one line, with an ellipsis where the room ends; the tooltip then has the whole. A
+/// plain-text label to the style sheet, known by its \a role.
 class ElidedLabel : public QLabel
 {
     Q_OBJECT
@@ -13,14 +13,19 @@ class ElidedLabel : public QLabel
 public:
     explicit ElidedLabel(const QString &role, QWidget *parent = nullptr);
 
+    void setElideMode(Qt::TextElideMode mode);
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
 protected:
+    bool event(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:
     QString line() const;
+
+    Qt::TextElideMode m_elideMode = Qt::ElideRight;
 };
 
 } // namespace quenara

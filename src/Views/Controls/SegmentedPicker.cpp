@@ -41,4 +41,13 @@ void SegmentedPicker::setCurrentIndex(int index)
     m_segments.setExclusive(true);
 }
 
+void SegmentedPicker::setShortcuts(const QList<QKeySequence> &shortcuts)
+{
+    for (QAbstractButton *button : m_segments.buttons()) {
+        const QKeySequence &shortcut = shortcuts.at(m_segments.id(button));
+        button->setShortcut(shortcut);
+        button->setToolTip(shortcut.toString(QKeySequence::NativeText));
+    }
+}
+
 } // namespace quenara

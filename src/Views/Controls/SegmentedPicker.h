@@ -2,6 +2,8 @@
 
 #include <QButtonGroup>
 #include <QFrame>
+#include <QKeySequence>
+#include <QList>
 #include <QStringList>
 
 namespace quenara {
@@ -18,6 +20,9 @@ public:
     /// -1 while none is chosen.
     int currentIndex() const { return m_segments.checkedId(); }
     void setCurrentIndex(int index);
+
+    /// A key for each segment, which its tooltip tells.
+    void setShortcuts(const QList<QKeySequence> &shortcuts);
 
 signals:
     void activated(int index);

@@ -1,0 +1,12 @@
+#include "PlainToolTip.h"
+
+#include <QTextDocument>
+
+namespace quenara {
+
+QString plainToolTip(const QString &text)
+{
+    return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text;
+}
+
+} // namespace quenara

@@ -1,0 +1,105 @@
+#include "SongImportSheet.h"
+
+#include "RoleLabel.h"
+#include "WorkspaceStore.h"
+
+#include <QFocusEvent>
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace quenara {
+
+namespace {
+
+constexpr QSize sheetSize{480, 460};
+constexpr int padding = 20;
+constexpr int spacing = 12;
+constexpr int buttonSpacing = 8;
+
+/// Selects its whole text for whoever comes with the Tab key, as fields of one line do, so that
+/// what is pasted then takes the place of the example.
+class LyricsEditor : public QPlainTextEdit
+{
+public:
+    using QPlainTextEdit::QPlainTextEdit;
+
+protected:
+    void focusInEvent(QFocusEvent *event) override
+    {
+        QPlainTextEdit::focusInEvent(event);
+        if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason)
+            selectAll();
+    }
+};
+
+} // namespace
+
+SongImportSheet::SongImportSheet(WorkspaceStore &store, SongImportDraft &draft, QWidget *parent)
+    : QDialog(parent), m_store(store), m_draft(draft)
+{
+    setObjectName(QStringLiteral("songImportSheet"));
+    setWindowTitle(QStringLiteral("Paste Song Lyrics"));
+    resize(sheetSize);
+    setMinimumSize(sheetSize);
+
+    m_title = new QLineEdit(draft.songTitle);
+    m_title->setAccessibleName(QStringLiteral("Song title"));
+    m_title->setPlaceholderText(QStringLiteral("Song title"));
+    m_lyrics = new LyricsEditor(draft.pastedLyrics);
+    m_lyrics->setAccessibleName(QStringLiteral("Lyrics"));
+    m_lyrics->setTabChangesFocus(true);
+    auto *cancel = new QPushButton(QStringLiteral("Cancel"));
+    auto *import = new QPushButton(QStringLiteral("Import Song"));
+    import->setProperty("look", QStringLiteral("primary"));
+    import->setDefault(true);
+
+    auto *buttons = new QHBoxLayout;
+    buttons->setSpacing(buttonSpacing);
+    buttons->addStretch();
+    buttons->addWidget(cancel);
+    buttons->addWidget(import);
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(padding, padding, padding, padding);
+    layout->setSpacing(spacing);
+    layout->addWidget(
+        makeRoleLabel(QStringLiteral("sheetTitle"), QStringLiteral("Paste Song Lyrics")));
+    layout->addWidget(m_title);
+    layout->addWidget(m_lyrics, 1);
+    layout->addLayout(buttons);
+
+    const auto enableImport = [this, import] {
+        import->setEnabled(!m_draft.pastedLyrics.trimmed().isEmpty());
+    };
+    connect(m_title, &QLineEdit::textChanged, this,
+            [this](const QString &title) { m_draft.songTitle = title; });
+    connect(m_lyrics, &QPlainTextEdit::textChanged, this, [this, enableImport] {
+        m_draft.pastedLyrics = m_lyrics->toPlainText();
+        enableImport();
+    });
+    connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+    connect(import, &QPushButton::clicked, this, &SongImportSheet::importSong);
+    enableImport();
+    m_title->setFocus();
+}
+
+void SongImportSheet::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        m_lyrics->setFocus(Qt::TabFocusReason);
+    } else {
+        QDialog::keyPressEvent(event);
+    }
+}
+
+void SongImportSheet::importSong()
+{
+    m_store.importSong(m_draft.songTitle, m_draft.pastedLyrics);
+    m_draft = {.songTitle = {}, .pastedLyrics = {}};
+    accept();
+}
+
+} // namespace quenara

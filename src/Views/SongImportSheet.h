@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QDialog>
+#include <QString>
+
+class QLineEdit;
+class QPlainTextEdit;
+
+namespace quenara {
+
+class WorkspaceStore;
+
+/// What stands in the song import sheet; outlives the sheet, so that a cancel keeps it.
+struct SongImportDraft
+{
+    QString songTitle;
+    QString pastedLyrics =
+        QStringLiteral("[Verse 1]\nLine one\nLine two\n\n[Chorus]\nLine one\nLine two");
+};
+
+/// The sheet that makes a song of pasted lyrics. Importing empties the draft.
+class SongImportSheet : public QDialog
+{
+    Q_OBJECT
+
+public:
+    /// \a draft is shown and kept up to date; it must outlive the sheet.
+    SongImportSheet(WorkspaceStore &store, SongImportDraft &draft, QWidget *parent);
+
+protected:
+    /// Return in the title leads on to the lyrics rather than import what nobody has looked at.
+    void keyPressEvent(QKeyEvent *event) override;
+
+private:
+    void importSong();
+
+    WorkspaceStore &m_store;
+    SongImportDraft &m_draft;
+    QLineEdit *m_title = nullptr;
+    QPlainTextEdit *m_lyrics = nullptr;
+};
+
+} // namespace quenara

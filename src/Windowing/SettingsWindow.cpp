@@ -1,0 +1,41 @@
+#include "SettingsWindow.h"
+
+#include "AppearancePreference.h"
+#include "BringToFront.h"
+#include "PreferencesView.h"
+#include "ZelvoCommands.h"
+
+#include <QVBoxLayout>
+
+namespace quenara {
+
+SettingsWindow::SettingsWindow(AppearancePreference &appearance, const ZelvoCommands &commands,
+                               QWidget *operatorWindow)
+    : QDialog(operatorWindow)
+{
+    setObjectName(QStringLiteral("settingsWindow"));
+    setWindowTitle(QStringLiteral("Quenara Settings"));
+    auto *content = new PreferencesView;
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSizeConstraint(QLayout::SetFixedSize);
+    layout->addWidget(content);
+    content->setFocus(); // on no choice, as the keys are the show's
+    commands.addTo(*this);
+
+    content->setAppAppearance(appearance.rawValue());
+    connect(&appearance, &AppearancePreference::rawValueChanged, content,
+            [content](const QString & /*oldValue*/, const QString &newValue) {
+                content->setAppAppearance(newValue);
+            });
+    connect(content, &PreferencesView::appAppearanceChosen, &appearance,
+            &AppearancePreference::setRawValue);
+}
+
+void SettingsWindow::present()
+{
+    show();
+    bringToFront(*this);
+}
+
+} // namespace quenara
