@@ -86,6 +86,7 @@ class Frames(TwoScreenCase):
         self.see_slide(0)
         self.program.focus(DISPLAY)
         self.watch = self.enterContext(ScreenWatch(self.server, SECOND_SCREEN))
+        self.owed = []
 
     def holding_screen(self):
         """The hash of the holding screen, shown for it and taken away again."""
@@ -101,7 +102,8 @@ class Frames(TwoScreenCase):
         """Presses keys and sees what they ask for, in order; pictures of an instant may be
         missed."""
         count = len(self.watch.frames())
-        allowed = [audience.picture()]
+        # A busy program may still owe what earlier keys asked for.
+        allowed = self.owed or [audience.picture()]
         for key in keys:
             audience.press(key)
             allowed.append(audience.picture())
@@ -111,10 +113,10 @@ class Frames(TwoScreenCase):
         self.watch.wait_for(lambda frames: frames[-1].picture == allowed[-1],
                             f"what {keys} lead to")
         self.watch.settle()
-        place = 0
         for frame in self.watch.frames()[count:]:
-            self.assertIn(frame.picture, allowed[place:], f"a picture nobody sent, after {keys}")
-            place += allowed[place:].index(frame.picture)
+            self.assertIn(frame.picture, allowed, f"a picture nobody sent, after {keys}")
+            del allowed[:allowed.index(frame.picture)]
+        self.owed = allowed
 
     def test_no_picture_is_seen_that_was_not_sent(self):
         audience = Audience(self.holding_screen())
