@@ -31,7 +31,7 @@ constexpr double gap = 8;
 constexpr double itemSymbolLeft = 2;
 constexpr double itemTitleLeft = 24;
 constexpr int symbolSize = 16;
-constexpr double textSize = 13;
+constexpr double textSize = 12;
 constexpr double numberSize = 11;
 constexpr double pointerSize = 7;
 

@@ -16,10 +16,11 @@ QWidget *makeSeparator(Qt::Orientation orientation)
     auto *line = new QWidget;
     line->setProperty("role", QStringLiteral("separator"));
     line->setAttribute(Qt::WA_StyledBackground);
-    if (orientation == Qt::Horizontal)
+    if (orientation == Qt::Horizontal) {
         line->setFixedHeight(1);
-    else
+    } else {
         line->setFixedWidth(1);
+    }
     return line;
 }
 

@@ -36,12 +36,13 @@ void Switch::paintEvent(QPaintEvent * /*event*/)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    if (!isChecked())
+    if (!isChecked()) {
         painter.setBrush(underMouse() && isEnabled() ? theme.mutedText : theme.border);
-    else if (isEnabled())
+    } else if (isEnabled()) {
         painter.setBrush(underMouse() ? theme.accentHover : theme.accent);
-    else
+    } else {
         painter.setBrush(theme.mutedText);
+    }
     painter.drawRoundedRect(track, radius, radius);
 
     QRectF knob(track.topLeft(), QSizeF(track.height(), track.height()));

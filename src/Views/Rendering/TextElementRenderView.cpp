@@ -123,9 +123,10 @@ void TextElementRenderView::paint(QPainter &painter, const QRectF &box, TextBloc
     painter.scale(scale, scale);
     if (text.fontSize * deviceScale(painter) >= smallestLetters) {
         std::optional<TextBlock> block;
-        if (!laidOut)
+        if (!laidOut) {
             laidOut =
                 &block.emplace(text, box.size() / scale - 2 * QSizeF(text.padding, text.padding));
+        }
         paintLetters(painter, text, *laidOut);
     }
     painter.restore();
