@@ -59,6 +59,7 @@ void ColorWell::openDialog()
     m_dialog->setCurrentColor(m_color->toColor());
     connect(m_dialog, &QColorDialog::currentColorChanged, this,
             [this](const QColor &color) { emit edited(RGBAColor::fromColor(color)); });
+    connect(m_dialog, &QDialog::finished, this, [this] { m_dialog.clear(); });
     connect(m_dialog, &QDialog::accepted, this, &ColorWell::editingFinished);
     connect(m_dialog, &QDialog::rejected, this, &ColorWell::editingCancelled);
     m_dialog->open();
@@ -69,6 +70,7 @@ void ColorWell::endEditing()
     if (m_dialog) {
         m_dialog->disconnect(this);
         m_dialog->close();
+        m_dialog.clear();
     }
 }
 
