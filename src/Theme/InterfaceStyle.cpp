@@ -22,6 +22,8 @@ QString roleColor(const ZelvoTheme &theme, const QString &name)
 {
     if (name == QLatin1String("onAccent"))
         return styleSheetColor(readableOn(theme.accent));
+    if (name == QLatin1String("accentMark"))
+        return styleSheetColor(accentMark(theme));
     const auto role = std::find_if(themeRoles.begin(), themeRoles.end(), [&](const auto &entry) {
         return QLatin1StringView(entry.first.data(), qsizetype(entry.first.size())) == name;
     });

@@ -11,7 +11,7 @@ namespace quenara {
 QPalette interfacePalette(const ZelvoTheme &theme);
 
 /// The one style sheet of the interface: the bundled template with each "@role" replaced by that
-/// role's colour, and "@onAccent" by what is read on the accent.
+/// role's colour, "@onAccent" by what is read on the accent and "@accentMark" by accentMark().
 QString interfaceStyleSheet(const ZelvoTheme &theme);
 
 } // namespace quenara

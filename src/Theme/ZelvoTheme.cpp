@@ -119,4 +119,9 @@ const ZelvoTheme &ZelvoTheme::current(ColorScheme scheme)
     return scheme == ColorScheme::dark ? dark() : light();
 }
 
+QColor accentMark(const ZelvoTheme &theme)
+{
+    return withOpacity(theme.accent, 0.22F);
+}
+
 } // namespace quenara

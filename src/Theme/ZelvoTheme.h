@@ -58,6 +58,9 @@ struct ZelvoTheme
     bool operator==(const ZelvoTheme &) const = default;
 };
 
+/// The accent as it lies behind the current one of several symbols.
+QColor accentMark(const ZelvoTheme &theme);
+
 /// The eighteen roles by name, in the order of the record; the style sheet refers to them so.
 inline constexpr auto themeRoles =
     std::to_array<std::pair<std::string_view, QColor ZelvoTheme::*>>({

@@ -30,7 +30,8 @@ private slots:
                                      [&](const auto &role) {
                                          return (theme->*(role.second)).rgba() == found.rgba();
                                      })
-                             || found == readableOn(theme->accent),
+                             || found == readableOn(theme->accent)
+                             || found.rgba() == accentMark(*theme).rgba(),
                          qPrintable(match.captured()));
             }
             QVERIFY(colors > 10);

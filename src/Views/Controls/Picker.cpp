@@ -4,6 +4,7 @@
 #include "ThemeColors.h"
 
 #include <QAbstractItemView>
+#include <QKeyEvent>
 #include <QStyleOptionComboBox>
 #include <QStylePainter>
 #include <QWheelEvent>
@@ -45,6 +46,17 @@ void Picker::paintEvent(QPaintEvent * /*event*/)
     const ZelvoTheme &theme = themeOf(*this);
     symbolIcon(QStringLiteral("chevron.down"), isEnabled() ? theme.secondaryText : theme.mutedText)
         .paint(&painter, chevron);
+}
+
+void Picker::keyPressEvent(QKeyEvent *event)
+{
+    // Any other would choose unseen.
+    const bool opensTheList = event->key() == Qt::Key_F4
+        || (event->key() == Qt::Key_Down && event->modifiers().testFlag(Qt::AltModifier));
+    if (opensTheList)
+        QComboBox::keyPressEvent(event);
+    else
+        event->ignore();
 }
 
 void Picker::wheelEvent(QWheelEvent *event)

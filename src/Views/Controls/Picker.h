@@ -4,8 +4,8 @@
 
 namespace quenara {
 
-/// One of several choices, in a list that opens. Takes keys only while the list is open, and never
-/// turns under the mouse wheel, which scrolls what it lies in.
+/// One of several choices, in a list that opens. Takes keys only to open the list and in it, and
+/// never turns under the mouse wheel, which scrolls what it lies in.
 class Picker : public QComboBox
 {
     Q_OBJECT
@@ -17,6 +17,7 @@ public:
     void showOther(const QString &text);
 
 protected:
+    void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
 };

@@ -7,7 +7,8 @@ namespace quenara {
 
 const ZelvoTheme &themeOf(const QWidget &widget)
 {
-    return ZelvoTheme::current(colorSchemeOf(widget.palette()));
+    // What a style sheet makes transparent has a palette of no scheme.
+    return ZelvoTheme::current(colorSchemeOf(widget.window()->palette()));
 }
 
 bool changesTheme(const QEvent &event)

@@ -1,0 +1,63 @@
+#include "BackgroundInspector.h"
+
+#include "ColorWell.h"
+#include "EnumPicker.h"
+#include "InspectorRows.h"
+#include "SelectionBindings.h"
+#include "Slider.h"
+#include "SymbolButton.h"
+
+namespace quenara {
+
+namespace {
+
+constexpr double mostDimming = 0.8;
+
+SlideBackground &backgroundOf(Slide &slide)
+{
+    return slide.design.background;
+}
+
+/// The gradient that editing one begins with, where there is none yet.
+GradientBackground &gradientOf(Slide &slide)
+{
+    SlideBackground &background = backgroundOf(slide);
+    if (!background.gradient)
+        background.gradient = SlideBackground::defaultDark().gradient;
+    return *background.gradient;
+}
+
+} // namespace
+
+QWidget *makeBackgroundInspector(SelectionBindings &selection)
+{
+    const auto ofBackground = [&](auto member) {
+        return selection.ofSlide([member](Slide &slide) { return &(backgroundOf(slide).*member); });
+    };
+    const auto ofGradient = [&](auto member) {
+        return selection.ofSlide([member](Slide &slide) { return &(gradientOf(slide).*member); });
+    };
+    auto *image = new SymbolButton(QStringLiteral("photo"), QStringLiteral("Choose Image..."),
+                                   SymbolButton::Look::labelled);
+    QObject::connect(image, &SymbolButton::clicked, &selection.store(),
+                     &WorkspaceStore::setBackgroundImageWithPanel);
+
+    auto *rows = new InspectorRows;
+    rows->add(selection.bound(makeEnumPicker<SlideBackgroundKind>(QStringLiteral("Type")),
+                              ofBackground(&SlideBackground::kind)));
+    rows->addSmall(selection.bound(new ColorWell(QStringLiteral("Solid")),
+                                   ofBackground(&SlideBackground::solidColor)));
+    rows->addSmall(QStringLiteral("Gradient"),
+                   {selection.bound(new ColorWell(QStringLiteral("Gradient Start")),
+                                    ofGradient(&GradientBackground::startColor)),
+                    selection.bound(new ColorWell(QStringLiteral("Gradient End")),
+                                    ofGradient(&GradientBackground::endColor))});
+    rows->add(selection.bound(makeEnumPicker<GradientDirection>(QStringLiteral("Direction")),
+                              ofGradient(&GradientBackground::direction)));
+    rows->addSmall(QStringLiteral("Image"), {image});
+    rows->add(selection.bound(new Slider(QStringLiteral("Dim"), 0, mostDimming),
+                              ofBackground(&SlideBackground::dimAmount)));
+    return rows;
+}
+
+} // namespace quenara

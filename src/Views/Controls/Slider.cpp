@@ -1,0 +1,114 @@
+#include "Slider.h"
+
+#include "ThemeColors.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+
+namespace quenara {
+
+namespace {
+
+constexpr double knobSize = 14;
+constexpr double grooveHeight = 4;
+constexpr double focusLineWidth = 1.5;
+constexpr QSize smallestSize{60, 18};
+constexpr QSize usualSize{160, 18};
+
+} // namespace
+
+Slider::Slider(const QString &title, double minimum, double maximum, QWidget *parent)
+    : QWidget(parent), m_minimum(minimum), m_maximum(maximum), m_value(minimum)
+{
+    setAccessibleName(title);
+    setFocusPolicy(Qt::TabFocus);
+    setAttribute(Qt::WA_Hover);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+}
+
+void Slider::setValue(double value)
+{
+    if (value == m_value)
+        return;
+    m_value = value;
+    update();
+}
+
+QSize Slider::sizeHint() const
+{
+    return usualSize;
+}
+
+QSize Slider::minimumSizeHint() const
+{
+    return smallestSize;
+}
+
+QRectF Slider::knob() const
+{
+    const double part =
+        (std::clamp(m_value, m_minimum, m_maximum) - m_minimum) / (m_maximum - m_minimum);
+    return {part * (width() - knobSize), (height() - knobSize) / 2, knobSize, knobSize};
+}
+
+void Slider::pullTo(double x)
+{
+    const double part = (x - knobSize / 2) / (width() - knobSize);
+    const double value = m_minimum + std::clamp(part, 0.0, 1.0) * (m_maximum - m_minimum);
+    if (value != m_value)
+        emit edited(value);
+}
+
+void Slider::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() != Qt::LeftButton)
+        return event->ignore();
+    const double x = event->position().x();
+    const double fromMiddle = x - knob().center().x();
+    const bool isOnKnob = std::abs(fromMiddle) <= knobSize / 2;
+    m_grip = isOnKnob ? fromMiddle : 0;
+    if (!isOnKnob)
+        pullTo(x);
+}
+
+void Slider::mouseMoveEvent(QMouseEvent *event)
+{
+    if (m_grip)
+        pullTo(event->position().x() - *m_grip);
+}
+
+void Slider::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (event->button() != Qt::LeftButton)
+        return event->ignore();
+    m_grip.reset();
+    emit editingFinished();
+}
+
+void Slider::paintEvent(QPaintEvent * /*event*/)
+{
+    const ZelvoTheme &theme = themeOf(*this);
+    const QRectF handle = knob();
+    QRectF groove(0, (height() - grooveHeight) / 2, width(), grooveHeight);
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(theme.border);
+    painter.drawRoundedRect(groove, grooveHeight / 2, grooveHeight / 2);
+    groove.setRight(handle.center().x());
+    painter.setBrush(underMouse() ? theme.accentHover : theme.accent);
+    painter.drawRoundedRect(groove, grooveHeight / 2, grooveHeight / 2);
+    painter.setBrush(theme.primaryText);
+    painter.drawEllipse(handle);
+
+    if (hasFocus()) {
+        const double inset = focusLineWidth / 2;
+        painter.setPen(QPen(theme.accent, focusLineWidth));
+        painter.drawEllipse(handle.adjusted(inset, inset, -inset, -inset));
+    }
+}
+
+} // namespace quenara

@@ -1,0 +1,94 @@
+#include "InspectorView.h"
+
+#include "BackgroundInspector.h"
+#include "LayerInspector.h"
+#include "LayerListView.h"
+#include "Panels.h"
+#include "RoleLabel.h"
+#include "SlideInspector.h"
+
+#include <QHBoxLayout>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+namespace quenara {
+
+namespace {
+
+constexpr int columnWidth = 340;
+constexpr int headerHeight = 44;
+constexpr int headerMargin = 12;
+constexpr int columnMargin = 14;
+constexpr int scrollBarWidth = 10;
+constexpr int sectionMargin = 12; ///< above and below
+constexpr int sectionGap = 8; ///< between the title and the rows
+constexpr int sectionTitleHeight = 18;
+
+QWidget *makeSection(const QString &title, QWidget *contents)
+{
+    auto *section = new QWidget;
+    auto *layout = new QVBoxLayout(section);
+    layout->setContentsMargins(0, sectionMargin, 0, sectionMargin);
+    layout->setSpacing(sectionGap);
+    if (!title.isEmpty()) {
+        QLabel *label = makeRoleLabel(QStringLiteral("sectionTitle"), title);
+        label->setFixedHeight(sectionTitleHeight);
+        layout->addWidget(label);
+    }
+    layout->addWidget(contents);
+    return section;
+}
+
+} // namespace
+
+InspectorView::InspectorView(WorkspaceStore &store, QWidget *parent)
+    : QWidget(parent), m_selection(store)
+{
+    setObjectName(QStringLiteral("inspector"));
+    setAttribute(Qt::WA_StyledBackground);
+    setFixedWidth(columnWidth);
+    // A click beside the fields ends the typing in them.
+    setFocusPolicy(Qt::ClickFocus);
+
+    QWidget *header = makePanel(QStringLiteral("inspectorHeader"), headerHeight);
+    auto *headerLayout = new QHBoxLayout(header);
+    headerLayout->setContentsMargins(headerMargin, 0, headerMargin, 0);
+    headerLayout->addWidget(
+        makeRoleLabel(QStringLiteral("panelTitle"), QStringLiteral("Inspector")));
+
+    auto *scroll = new QScrollArea;
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setFocusPolicy(Qt::NoFocus);
+    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    scroll->setWidgetResizable(true);
+    scroll->setWidget(makeColumn());
+
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(1, 0, 0, 0); // the line on the left
+    layout->setSpacing(0);
+    layout->addWidget(header);
+    layout->addWidget(scroll, 1);
+}
+
+QWidget *InspectorView::makeColumn()
+{
+    auto *column = new QWidget;
+    // The same whether there is a scroll bar or not.
+    column->setFixedWidth(columnWidth - 1 - scrollBarWidth);
+    auto *layout = new QVBoxLayout(column);
+    layout->setContentsMargins(columnMargin - 1, 0, columnMargin - scrollBarWidth, 0);
+    layout->setSpacing(0);
+    layout->addWidget(makeSection(QStringLiteral("Slide"), makeSlideInspector(m_selection)));
+    layout->addWidget(makeSeparator(Qt::Horizontal));
+    layout->addWidget(makeSection({}, new LayerListView(m_selection.store())));
+    layout->addWidget(makeSeparator(Qt::Horizontal));
+    layout->addWidget(
+        makeSection(QStringLiteral("Background"), makeBackgroundInspector(m_selection)));
+    layout->addWidget(makeSeparator(Qt::Horizontal));
+    layout->addWidget(
+        makeSection(QStringLiteral("Selected Layer"), new LayerInspector(m_selection)));
+    layout->addStretch();
+    return column;
+}
+
+} // namespace quenara

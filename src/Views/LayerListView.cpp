@@ -1,0 +1,150 @@
+#include "LayerListView.h"
+
+#include "LayerRow.h"
+#include "RoleLabel.h"
+#include "SymbolButton.h"
+#include "WorkspaceStore.h"
+
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+namespace quenara {
+
+namespace {
+
+constexpr int actionGap = 4;
+constexpr int headerMargin = 4; ///< below it
+constexpr int actionsMargin = 8; ///< above them
+
+struct Action
+{
+    const char *symbol;
+    const char *title;
+    void (WorkspaceStore::*operation)();
+};
+
+constexpr auto layerActions = std::to_array<Action>({
+    {"plus.square.on.square", "Duplicate layer", &WorkspaceStore::duplicateSelectedElement},
+    {"trash", "Delete layer", &WorkspaceStore::deleteSelectedElement},
+    {"arrow.up.to.line.compact", "Bring forward", &WorkspaceStore::bringSelectedElementForward},
+    {"arrow.down.to.line.compact", "Send backward", &WorkspaceStore::sendSelectedElementBackward},
+});
+
+/// Layers that share a zIndex keep the order of the design.
+QList<LayerRow::Contents> rowsOf(const QList<SlideElement> &elements)
+{
+    std::vector<const SlideElement *> fromTop;
+    for (const SlideElement &element : elements)
+        fromTop.push_back(&element);
+    std::stable_sort(fromTop.begin(), fromTop.end(),
+                     [](const auto *a, const auto *b) { return a->zIndex > b->zIndex; });
+    QList<LayerRow::Contents> rows;
+    for (const SlideElement *element : fromTop) {
+        rows.append({element->id, element->name, element->kind, element->visible, element->locked});
+    }
+    return rows;
+}
+
+} // namespace
+
+LayerListView::LayerListView(WorkspaceStore &store, QWidget *parent)
+    : QWidget(parent), m_store(store), m_rowsLayout(new QVBoxLayout)
+{
+    m_rowsLayout->setSpacing(0);
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addLayout(makeHeader());
+    layout->addLayout(m_rowsLayout);
+    layout->addLayout(makeActions());
+    connect(&store, &WorkspaceStore::changed, this, &LayerListView::showStore);
+    showStore();
+}
+
+QLayout *LayerListView::makeHeader()
+{
+    auto *addText = new SymbolButton(QStringLiteral("textformat"), QStringLiteral("Add Text"),
+                                     SymbolButton::Look::icon);
+    auto *addShape = new SymbolButton(QStringLiteral("rectangle"), QStringLiteral("Add Shape"),
+                                      SymbolButton::Look::icon);
+    connect(addText, &SymbolButton::clicked, this,
+            [this] { m_store.addTextLayer(SlideElementKind::text); });
+    connect(addShape, &SymbolButton::clicked, this, [this] { m_store.addShapeLayer(); });
+    auto *header = new QHBoxLayout;
+    header->setContentsMargins(0, 0, 0, headerMargin);
+    header->setSpacing(0);
+    header->addWidget(makeRoleLabel(QStringLiteral("sectionTitle"), QStringLiteral("Layers")), 1);
+    header->addWidget(addText);
+    header->addWidget(addShape);
+    return header;
+}
+
+QLayout *LayerListView::makeActions()
+{
+    auto *row = new QHBoxLayout;
+    row->setContentsMargins(0, actionsMargin, 0, 0);
+    row->setSpacing(actionGap);
+    for (const Action &action : layerActions) {
+        auto *button =
+            new SymbolButton(QString::fromUtf8(action.symbol), QString::fromUtf8(action.title),
+                             SymbolButton::Look::framed);
+        connect(button, &SymbolButton::clicked, &m_store, action.operation);
+        row->addWidget(button);
+    }
+    row->addStretch();
+    return row;
+}
+
+LayerRow *LayerListView::makeRow()
+{
+    auto *row = new LayerRow;
+    connect(row, &LayerRow::clicked, this, [this, row] {
+        m_store.selectElement(row->contents().id);
+        row->setChecked(m_store.selectedElementID() == row->contents().id);
+    });
+    connect(row, &LayerRow::visibilityClicked, this, [this, row] {
+        updateLayerOf(*row, [](SlideElement &layer) { layer.visible = !layer.visible; });
+    });
+    connect(row, &LayerRow::lockClicked, this, [this, row] {
+        updateLayerOf(*row, [](SlideElement &layer) { layer.locked = !layer.locked; });
+    });
+    return row;
+}
+
+/// The store updates the selected layer only. The update is a step of its own, whatever is being
+/// typed elsewhere.
+void LayerListView::updateLayerOf(const LayerRow &row,
+                                  const std::function<void(SlideElement &)> &update)
+{
+    m_store.selectElement(row.contents().id);
+    const GestureID click = m_store.beginGesture();
+    m_store.updateSelectedElement(update);
+    m_store.endGesture(click);
+}
+
+void LayerListView::showStore()
+{
+    const std::optional<Slide> slide = m_store.slideWithID(m_store.selectedSlideID());
+    const QList<LayerRow::Contents> rows =
+        slide ? rowsOf(slide->design.elements) : QList<LayerRow::Contents>();
+    // Else each row that comes or goes would have all of them laid out.
+    layout()->setEnabled(false);
+    while (m_rows.size() < rows.size()) {
+        m_rows.append(makeRow());
+        m_rowsLayout->addWidget(m_rows.constLast());
+    }
+    for (qsizetype i = 0; i < m_rows.size(); ++i) {
+        m_rows.at(i)->setVisible(i < rows.size());
+        if (i < rows.size()) {
+            m_rows.at(i)->setContents(rows.at(i));
+            m_rows.at(i)->setChecked(rows.at(i).id == m_store.selectedElementID());
+        }
+    }
+    layout()->setEnabled(true);
+}
+
+} // namespace quenara

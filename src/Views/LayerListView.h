@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QList>
+#include <QWidget>
+
+#include <functional>
+
+class QVBoxLayout;
+
+namespace quenara {
+
+class LayerRow;
+class WorkspaceStore;
+struct SlideElement;
+
+/// The layers of the selected slide, topmost first, and what can be done to them.
+class LayerListView : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit LayerListView(WorkspaceStore &store, QWidget *parent = nullptr);
+
+private:
+    QLayout *makeHeader();
+    QLayout *makeActions();
+    LayerRow *makeRow();
+    void updateLayerOf(const LayerRow &row, const std::function<void(SlideElement &)> &update);
+    void showStore();
+
+    WorkspaceStore &m_store;
+    QVBoxLayout *m_rowsLayout;
+    QList<LayerRow *> m_rows; ///< from the top; those that are not needed now are hidden
+};
+
+} // namespace quenara

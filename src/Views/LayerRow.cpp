@@ -1,0 +1,117 @@
+#include "LayerRow.h"
+
+#include "ElidedLabel.h"
+#include "SymbolButton.h"
+#include "SymbolIcon.h"
+#include "ThemeColors.h"
+
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QPainter>
+
+namespace quenara {
+
+namespace {
+
+constexpr int rowHeight = 30;
+constexpr double cornerRadius = 5;
+constexpr int symbolSize = 14;
+constexpr int iconMargin = 8;
+constexpr int nameMargin = 7; ///< to either side
+constexpr int endMargin = 5;
+
+QString symbolOf(SlideElementKind kind)
+{
+    switch (kind) {
+    case SlideElementKind::text:
+        return QStringLiteral("textformat");
+    case SlideElementKind::scriptureText:
+        return QStringLiteral("text.quote");
+    case SlideElementKind::songLyricText:
+        return QStringLiteral("music.note");
+    case SlideElementKind::image:
+        return QStringLiteral("photo");
+    case SlideElementKind::shape:
+        return QStringLiteral("rectangle");
+    case SlideElementKind::lowerThird:
+        return QStringLiteral("rectangle.bottomthird.inset.filled");
+    }
+    Q_UNREACHABLE();
+}
+
+} // namespace
+
+LayerRow::LayerRow(QWidget *parent)
+    : QAbstractButton(parent), m_name(new ElidedLabel(QStringLiteral("layerName"))),
+      m_visibility(new SymbolButton({}, {}, SymbolButton::Look::icon)),
+      m_lock(new SymbolButton({}, {}, SymbolButton::Look::icon))
+{
+    setCheckable(true);
+    setFocusPolicy(Qt::TabFocus);
+    setAttribute(Qt::WA_Hover);
+    setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    auto *layout = new QHBoxLayout(this);
+    layout->setContentsMargins(iconMargin + symbolSize + nameMargin, 0, endMargin, 0);
+    layout->setSpacing(0);
+    layout->addWidget(m_name, 1);
+    layout->addSpacing(nameMargin);
+    layout->addWidget(m_visibility);
+    layout->addWidget(m_lock);
+    connect(m_visibility, &SymbolButton::clicked, this, &LayerRow::visibilityClicked);
+    connect(m_lock, &SymbolButton::clicked, this, &LayerRow::lockClicked);
+    showContents();
+}
+
+void LayerRow::setContents(const Contents &contents)
+{
+    if (contents == m_contents)
+        return;
+    m_contents = contents;
+    showContents();
+}
+
+void LayerRow::showContents()
+{
+    setAccessibleName(m_contents.name);
+    setIcon(symbolIcon(symbolOf(m_contents.kind), themeOf(*this).secondaryText));
+    m_name->setText(m_contents.name);
+    m_visibility->setSymbol(m_contents.isVisible ? QStringLiteral("eye")
+                                                 : QStringLiteral("eye.slash"),
+                            m_contents.isVisible ? QStringLiteral("Hide") : QStringLiteral("Show"));
+    m_lock->setSymbol(m_contents.isLocked ? QStringLiteral("lock") : QStringLiteral("lock.open"),
+                      m_contents.isLocked ? QStringLiteral("Unlock layer")
+                                          : QStringLiteral("Lock layer"));
+}
+
+QSize LayerRow::sizeHint() const
+{
+    return {layout()->sizeHint().width(), rowHeight};
+}
+
+void LayerRow::changeEvent(QEvent *event)
+{
+    QAbstractButton::changeEvent(event);
+    if (changesTheme(*event))
+        showContents();
+}
+
+void LayerRow::paintEvent(QPaintEvent * /*event*/)
+{
+    const ZelvoTheme &theme = themeOf(*this);
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (isChecked() || underMouse()) {
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(isChecked() ? theme.selection : theme.controlBackground);
+        painter.drawRoundedRect(rect(), cornerRadius, cornerRadius);
+    }
+    if (hasFocus()) {
+        painter.setPen(theme.accent);
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius,
+                                cornerRadius);
+    }
+    icon().paint(&painter, QRect(iconMargin, (height() - symbolSize) / 2, symbolSize, symbolSize));
+}
+
+} // namespace quenara

@@ -1,0 +1,79 @@
+#pragma once
+
+#include "BoundControls.h"
+#include "SlideDesignModels.h"
+
+#include <QObject>
+
+#include <functional>
+#include <optional>
+#include <type_traits>
+
+namespace quenara {
+
+/// The values of the selected slide and layer, for controls to show and change.
+class SelectionBindings : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit SelectionBindings(WorkspaceStore &store, QObject *parent = nullptr);
+
+    WorkspaceStore &store() const { return m_store; }
+    const std::optional<Slide> &slide() const { return m_slide; }
+    const std::optional<SlideElement> &layer() const { return m_layer; }
+
+    /// \a field gives the place of a value in a slide, or nullptr where it has none.
+    template<class Field>
+    auto ofSlide(Field field)
+    {
+        return bindingTo(m_slide, field, &WorkspaceStore::updateSelectedSlide);
+    }
+
+    /// \a field gives the place of a value in a layer, or nullptr where it has none.
+    template<class Field>
+    auto ofLayer(Field field)
+    {
+        return bindingTo(m_layer, field, &WorkspaceStore::updateSelectedElement);
+    }
+
+    /// \a control, from now on in step with \a binding.
+    template<class Control, class Value>
+    Control *bound(Control *control, const Binding<Value> &binding)
+    {
+        m_controls.bind(*control, binding);
+        return control;
+    }
+
+signals:
+    /// The slide or the layer is another, or has changed; the controls show it.
+    void changed();
+
+private:
+    template<class Record, class Field>
+    auto bindingTo(const std::optional<Record> &record, Field field,
+                   void (WorkspaceStore::*update)(const std::function<void(Record &)> &))
+    {
+        using Value = std::remove_pointer_t<std::invoke_result_t<Field, Record &>>;
+        return Binding<Value>{[&record, field]() -> std::optional<Value> {
+                                  std::optional<Record> copy = record;
+                                  const Value *place = copy ? field(*copy) : nullptr;
+                                  return place ? std::optional(*place) : std::nullopt;
+                              },
+                              [this, field, update](const Value &value) {
+                                  (m_store.*update)([&](Record &edited) {
+                                      if (Value *place = field(edited))
+                                          *place = value;
+                                  });
+                              }};
+    }
+
+    void readStore();
+
+    WorkspaceStore &m_store;
+    BoundControls m_controls{m_store};
+    std::optional<Slide> m_slide;
+    std::optional<SlideElement> m_layer;
+};
+
+} // namespace quenara

@@ -1,0 +1,12 @@
+#pragma once
+
+class QWidget;
+
+namespace quenara {
+
+class SelectionBindings;
+
+/// The rows of the selected slide's own properties.
+QWidget *makeSlideInspector(SelectionBindings &selection);
+
+} // namespace quenara

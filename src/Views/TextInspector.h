@@ -1,0 +1,12 @@
+#pragma once
+
+class QWidget;
+
+namespace quenara {
+
+class SelectionBindings;
+
+/// The rows of the selected layer's text.
+QWidget *makeTextInspector(SelectionBindings &selection);
+
+} // namespace quenara

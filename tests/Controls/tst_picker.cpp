@@ -1,0 +1,73 @@
+#include "ControlTest.h"
+#include "Picker.h"
+
+#include <QAbstractItemView>
+#include <QSignalSpy>
+
+using namespace quenara;
+using namespace quenara::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+Picker *directions()
+{
+    auto *picker = new Picker(u"Direction"_s);
+    picker->addItems({u"Vertical"_s, u"Horizontal"_s, u"Diagonal"_s});
+    return picker;
+}
+
+} // namespace
+
+class TestPicker : public GuiTest
+{
+    Q_OBJECT
+
+private slots:
+    void keysDoNotChooseWhileTheListIsClosed_data()
+    {
+        QTest::addColumn<Qt::Key>("key");
+        QTest::newRow("a letter") << Qt::Key_H;
+        QTest::newRow("Down") << Qt::Key_Down;
+        QTest::newRow("End") << Qt::Key_End;
+        QTest::newRow("Space") << Qt::Key_Space;
+        QTest::newRow("Return") << Qt::Key_Return;
+    }
+
+    void keysDoNotChooseWhileTheListIsClosed()
+    {
+        QFETCH(Qt::Key, key);
+        Shown picker(directions());
+        picker.control.setFocus();
+        const QSignalSpy activated(&picker.control, &Picker::activated);
+        QTest::keyClick(&picker.control, key);
+        QCOMPARE(picker.control.currentText(), u"Vertical"_s);
+        QVERIFY(!picker.control.view()->isVisible());
+        QVERIFY(activated.isEmpty());
+    }
+
+    void aKeyOpensTheListAndOthersChooseInIt()
+    {
+        Shown picker(directions());
+        picker.control.setFocus();
+        const QSignalSpy activated(&picker.control, &Picker::activated);
+        QTest::keyClick(&picker.control, Qt::Key_Down, Qt::AltModifier);
+        QVERIFY(picker.control.view()->isVisible());
+        QTest::keyClick(picker.control.view(), Qt::Key_Down);
+        QTest::keyClick(picker.control.view(), Qt::Key_Return);
+        QCOMPARE(picker.control.currentText(), u"Horizontal"_s);
+        QCOMPARE(activated.size(), 1);
+    }
+
+    void anotherTextIsShownWithoutBecomingAChoice()
+    {
+        Shown picker(directions());
+        picker.control.showOther(u"Circular"_s);
+        QCOMPARE(picker.control.currentIndex(), -1);
+        QCOMPARE(picker.control.placeholderText(), u"Circular"_s);
+        QCOMPARE(picker.control.count(), 3);
+    }
+};
+
+QUENARA_GUI_TEST_MAIN(TestPicker)
+#include "tst_picker.moc"

@@ -1,0 +1,126 @@
+#include "ControlTest.h"
+#include "Slider.h"
+
+#include <QSignalSpy>
+#include <QWheelEvent>
+
+using namespace quenara;
+using namespace quenara::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A slider over -3 to 12 that shows what it is pulled to, as one does that is bound to a store.
+struct Tracking : Shown<Slider>
+{
+    QList<double> values;
+    QSignalSpy finished{&control, &Slider::editingFinished};
+
+    explicit Tracking(double value) : Shown(new Slider(u"Tracking"_s, -3, 12))
+    {
+        control.setValue(value);
+        QObject::connect(&control, &Slider::edited, &control, [this](double edited) {
+            values.append(edited);
+            control.setValue(edited);
+        });
+    }
+
+    QPoint at(double part) const
+    {
+        return {qRound(part * (control.width() - 1)), control.height() / 2};
+    }
+    void press(double part) { QTest::mousePress(&control, Qt::LeftButton, {}, at(part)); }
+    void moveTo(double part) { QTest::mouseMove(&control, at(part)); }
+    void release(double part) { QTest::mouseRelease(&control, Qt::LeftButton, {}, at(part)); }
+};
+
+} // namespace
+
+class TestSlider : public GuiTest
+{
+    Q_OBJECT
+
+private slots:
+    void aPressBesideTheKnobTakesItThere()
+    {
+        Tracking slider(-3);
+        slider.press(0.5);
+        QCOMPARE(slider.values.size(), 1);
+        QVERIFY(std::abs(slider.values.constFirst() - 4.5) < 0.1);
+        QVERIFY(slider.finished.isEmpty());
+        slider.release(0.5);
+        QCOMPARE(slider.finished.size(), 1);
+    }
+
+    void aPressOnTheKnobLeavesItWhereItIs()
+    {
+        Tracking slider(4.5);
+        slider.press(0.52);
+        slider.release(0.52);
+        QCOMPARE(slider.values, QList<double>());
+    }
+
+    void aPullIsToldOfContinuouslyAndFinishedOnce()
+    {
+        Tracking slider(-3);
+        slider.press(0);
+        for (const double part : {0.1, 0.2, 0.3, 0.4})
+            slider.moveTo(part);
+        QCOMPARE(slider.values.size(), 4);
+        QVERIFY(std::is_sorted(slider.values.begin(), slider.values.end()));
+        QVERIFY(slider.finished.isEmpty());
+        slider.release(0.4);
+        QCOMPARE(slider.finished.size(), 1);
+    }
+
+    void thePullEndsAtTheEndsOfTheRange()
+    {
+        Tracking slider(4.5);
+        slider.press(0.5);
+        slider.moveTo(3);
+        QCOMPARE(slider.values.constLast(), 12.0);
+        slider.moveTo(-3);
+        QCOMPARE(slider.values.constLast(), -3.0);
+    }
+
+    void aPullThatIsEndedGoesNoFurther()
+    {
+        Tracking slider(-3);
+        slider.press(0.5);
+        slider.control.endEditing();
+        slider.moveTo(1);
+        QCOMPARE(slider.values.size(), 1);
+    }
+
+    void aPointerThatIsNotPressedPullsNothing()
+    {
+        Tracking slider(-3);
+        slider.moveTo(0.5);
+        slider.moveTo(0.7);
+        QTest::mouseClick(&slider.control, Qt::RightButton, {}, slider.at(0.5));
+        QCOMPARE(slider.values, QList<double>());
+    }
+
+    void aValueOutsideTheRangeIsKeptWhileTheKnobStandsAtTheEnd()
+    {
+        Tracking slider(40);
+        const QImage beyond = slider.control.grab().toImage();
+        QCOMPARE(slider.control.value(), 40.0);
+        slider.control.setValue(12);
+        QCOMPARE(slider.control.grab().toImage(), beyond);
+    }
+
+    void theMouseWheelIsLeftToWhatTheSliderLiesIn()
+    {
+        Tracking slider(4.5);
+        const QPointF middle = slider.at(0.5);
+        QWheelEvent turn(middle, slider.control.mapToGlobal(middle), {}, {0, 120}, Qt::NoButton,
+                         Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(&slider.control, &turn);
+        QVERIFY(!turn.isAccepted());
+        QCOMPARE(slider.values, QList<double>());
+    }
+};
+
+QUENARA_GUI_TEST_MAIN(TestSlider)
+#include "tst_slider.moc"

@@ -1,0 +1,301 @@
+#include "ElidedLabel.h"
+#include "InspectorWorld.h"
+#include "LayerListView.h"
+#include "LayerRow.h"
+
+using namespace quenara;
+using namespace quenara::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+SlideElement layerAt(const QString &id, std::int64_t zIndex)
+{
+    SlideElement layer = rectangleLayer(id, {0, 0, 100, 100}, RGBAColor::amber, 0);
+    layer.name = u"Layer "_s + id;
+    layer.zIndex = zIndex;
+    return layer;
+}
+
+/// A show of two slides, "A1" with exactly these layers.
+ZelvoProject showWith(const QList<SlideElement> &layers)
+{
+    ZelvoProject project = showOf({2});
+    project.serviceItems[0].slides[0].design.elements = layers;
+    return project;
+}
+
+ZelvoProject threeLayers()
+{
+    return showWith({layerAt(u"low"_s, 0), layerAt(u"high"_s, 2), layerAt(u"middle"_s, 1)});
+}
+
+struct LayerList : InspectorWorld
+{
+    explicit LayerList(const ZelvoProject &project = threeLayers()) : InspectorWorld(project) {}
+
+    /// From the top of the list.
+    QList<LayerRow *> rows() const
+    {
+        QCoreApplication::processEvents(); // lays out what is new
+        QList<LayerRow *> found;
+        for (LayerRow *row : view.findChildren<LayerRow *>()) {
+            if (row->isVisible())
+                found.append(row);
+        }
+        std::sort(found.begin(), found.end(), [this](const auto *a, const auto *b) {
+            return a->mapTo(&view, QPoint()).y() < b->mapTo(&view, QPoint()).y();
+        });
+        return found;
+    }
+
+    QStringList ids() const
+    {
+        QStringList ids;
+        for (const LayerRow *row : rows())
+            ids.append(row->contents().id);
+        return ids;
+    }
+
+    QStringList markedIDs() const
+    {
+        QStringList ids;
+        for (const LayerRow *row : rows()) {
+            if (row->isChecked())
+                ids.append(row->contents().id);
+        }
+        return ids;
+    }
+
+    LayerRow &row(const QString &id) const { return *rows().at(ids().indexOf(id)); }
+
+    void pressOn(const QString &id, const QString &button) const
+    {
+        for (SymbolButton *candidate : row(id).findChildren<SymbolButton *>()) {
+            if (candidate->accessibleName() == button)
+                return QTest::mouseClick(candidate, Qt::LeftButton);
+        }
+        qFatal("there is no button \"%s\"", qPrintable(button));
+    }
+
+    SlideElement layer(const QString &id) const
+    {
+        const QList<SlideElement> layers = slide().design.elements;
+        return *std::find_if(layers.begin(), layers.end(),
+                             [&](const SlideElement &layer) { return layer.id == id; });
+    }
+};
+
+} // namespace
+
+class TestLayerListView : public GuiTest
+{
+    Q_OBJECT
+
+private slots:
+    void layersAreListedFromTheTopmostDown()
+    {
+        const LayerList list;
+        QCOMPARE(list.ids(), (QStringList{u"high"_s, u"middle"_s, u"low"_s}));
+        QCOMPARE(list.row(u"high"_s).accessibleName(), u"Layer high"_s);
+    }
+
+    void layersOfOneZIndexAreListedInTheOrderOfTheDesign()
+    {
+        const LayerList list(showWith(
+            {layerAt(u"a"_s, 1), layerAt(u"b"_s, 1), layerAt(u"top"_s, 2), layerAt(u"c"_s, 1)}));
+        QCOMPARE(list.ids(), (QStringList{u"top"_s, u"a"_s, u"b"_s, u"c"_s}));
+    }
+
+    void clickingARowSelectsItsLayerAndChangesNothingElse()
+    {
+        LayerList list;
+        const ZelvoProject before = list.store.project();
+        QTest::mouseClick(&list.row(u"middle"_s), Qt::LeftButton);
+        QCOMPARE(list.store.selectedElementID(), u"middle"_s);
+        QCOMPARE(list.store.project(), before);
+        QCOMPARE(list.undoSteps(), 0);
+    }
+
+    void theRowOfTheSelectedLayerIsMarked()
+    {
+        LayerList list;
+        list.store.selectElement(u"low"_s);
+        QCOMPARE(list.markedIDs(), QStringList{u"low"_s});
+        QTest::mouseClick(&list.row(u"high"_s), Qt::LeftButton);
+        QCOMPARE(list.markedIDs(), QStringList{u"high"_s});
+        QTest::mouseClick(&list.row(u"high"_s), Qt::LeftButton);
+        QCOMPARE(list.markedIDs(), QStringList{u"high"_s});
+        list.store.selectElement(std::nullopt);
+        QCOMPARE(list.markedIDs(), QStringList());
+    }
+
+    void hidingALayerThatIsNotSelectedSelectsAndHidesIt()
+    {
+        LayerList list;
+        list.store.selectElement(u"low"_s);
+        list.pressOn(u"high"_s, u"Hide"_s);
+        QCOMPARE(list.store.selectedElementID(), u"high"_s);
+        QVERIFY(!list.layer(u"high"_s).visible);
+        QVERIFY(list.layer(u"low"_s).visible);
+        QCOMPARE(list.undoSteps(), 1);
+        list.pressOn(u"high"_s, u"Show"_s);
+        QVERIFY(list.layer(u"high"_s).visible);
+        QCOMPARE(list.undoSteps(), 2);
+    }
+
+    void lockingALayerThatIsNotSelectedSelectsAndLocksIt()
+    {
+        LayerList list;
+        list.store.selectElement(u"low"_s);
+        list.pressOn(u"high"_s, u"Lock layer"_s);
+        QCOMPARE(list.store.selectedElementID(), u"high"_s);
+        QVERIFY(list.layer(u"high"_s).locked);
+        QCOMPARE(list.undoSteps(), 1);
+        list.pressOn(u"high"_s, u"Unlock layer"_s);
+        QVERIFY(!list.layer(u"high"_s).locked);
+    }
+
+    void theButtonsOfARowShowTheStateOfItsLayer()
+    {
+        LayerList list;
+        list.store.selectElement(u"middle"_s);
+        list.store.updateSelectedElement([](SlideElement &layer) {
+            layer.visible = false;
+            layer.locked = true;
+        });
+        QStringList titles;
+        QStringList tips;
+        for (const SymbolButton *button : list.row(u"middle"_s).findChildren<SymbolButton *>()) {
+            titles.append(button->accessibleName());
+            tips.append(button->toolTip());
+        }
+        QCOMPARE(titles, (QStringList{u"Show"_s, u"Unlock layer"_s}));
+        QCOMPARE(tips, titles);
+    }
+
+    void aClickOnARowsButtonIsAStepOfItsOwnWhileAGestureIsOpen()
+    {
+        LayerList list;
+        list.store.selectElement(u"high"_s);
+        list.store.beginGesture();
+        list.store.updateSelectedElement([](SlideElement &layer) { layer.name = u"Typed"_s; });
+        list.pressOn(u"high"_s, u"Hide"_s);
+        QCOMPARE(list.undoSteps(), 2);
+        list.store.undo();
+        QCOMPARE(list.layer(u"high"_s).name, u"Typed"_s);
+        QVERIFY(list.layer(u"high"_s).visible);
+    }
+
+    void textsAndShapesAreAddedOnTop()
+    {
+        LayerList list;
+        list.press(u"Add Text"_s);
+        list.press(u"Add Shape"_s);
+        QCOMPARE(list.rows().size(), 5);
+        QCOMPARE(list.rows().at(0)->contents().kind, SlideElementKind::shape);
+        QCOMPARE(list.rows().at(1)->contents().kind, SlideElementKind::text);
+        QCOMPARE(list.markedIDs(), QStringList{list.rows().at(0)->contents().id});
+    }
+
+    void withoutASlideThereAreNoRowsAndTheButtonsChangeNothing()
+    {
+        LayerList list;
+        list.store.newBlankProject();
+        QVERIFY(list.rows().isEmpty());
+        const Snapshot before = snapshotOf(list.store);
+        for (const QString &button : {u"Add Text"_s, u"Add Shape"_s, u"Duplicate layer"_s,
+                                      u"Delete layer"_s, u"Bring forward"_s, u"Send backward"_s}) {
+            list.press(button);
+        }
+        QCOMPARE(snapshotOf(list.store), before);
+    }
+
+    void theActionsWorkOnTheSelectedLayer()
+    {
+        LayerList list;
+        list.store.selectElement(u"low"_s);
+        list.press(u"Bring forward"_s);
+        list.press(u"Bring forward"_s);
+        QCOMPARE(list.layer(u"low"_s).zIndex, 2);
+        QCOMPARE(list.ids(), (QStringList{u"low"_s, u"high"_s, u"middle"_s}));
+        list.press(u"Send backward"_s);
+        QCOMPARE(list.layer(u"low"_s).zIndex, 1);
+        list.press(u"Duplicate layer"_s);
+        QCOMPARE(list.rows().size(), 4);
+        QCOMPARE(list.rows().at(0)->contents().name, u"Layer low Copy"_s);
+        list.press(u"Delete layer"_s);
+        QCOMPARE(list.ids(), (QStringList{u"high"_s, u"low"_s, u"middle"_s}));
+    }
+
+    void theActionsAreKnownByTheirTooltips()
+    {
+        const LayerList list;
+        for (const QString &title : {u"Add Text"_s, u"Add Shape"_s, u"Duplicate layer"_s,
+                                     u"Delete layer"_s, u"Bring forward"_s, u"Send backward"_s}) {
+            QCOMPARE(list.control<SymbolButton>(title).toolTip(), title);
+        }
+    }
+
+    void anotherSlideBringsItsLayers()
+    {
+        LayerList list;
+        list.store.selectSlide(u"A2"_s, true);
+        QCOMPARE(list.ids(), (QStringList{u"A2.lyric"_s, u"A2.line"_s}));
+        list.store.selectSlide(u"A1"_s, true);
+        QCOMPARE(list.ids(), (QStringList{u"high"_s, u"middle"_s, u"low"_s}));
+    }
+
+    void everyKindOfLayerHasASymbolOfItsOwn()
+    {
+        QList<SlideElement> layers;
+        for (const SlideElementKind kind : allCases<SlideElementKind>()) {
+            SlideElement layer = layerAt(rawValue(kind), 0);
+            layer.name = u"Layer"_s;
+            layer.kind = kind;
+            layers.append(layer);
+        }
+        const LayerList list(showWith(layers));
+        QList<QImage> pictures;
+        for (LayerRow *row : list.rows()) {
+            const QImage picture = row->grab().toImage();
+            QVERIFY2(!pictures.contains(picture), qPrintable(row->contents().id));
+            pictures.append(picture);
+        }
+        QCOMPARE(pictures.size(), 6);
+    }
+
+    void aLongNameLeavesTheButtonsTheirRoom()
+    {
+        LayerList list;
+        list.store.selectElement(u"high"_s);
+        list.store.updateSelectedElement(
+            [](SlideElement &layer) { layer.name = QString(500, u'w'); });
+        const LayerRow &row = list.row(u"high"_s);
+        QVERIFY(row.width() < list.view.width());
+        for (const SymbolButton *button : row.findChildren<SymbolButton *>())
+            QVERIFY(row.rect().contains(button->geometry()));
+        QVERIFY(row.findChild<ElidedLabel *>()->width() < row.width());
+    }
+
+    void rowsStayWhileTheirLayersAreChanged()
+    {
+        QList<SlideElement> layers;
+        for (int i = 0; i < 200; ++i)
+            layers.append(layerAt(QString::number(i), i));
+        LayerList list(showWith(layers));
+        const QList<LayerRow *> before = list.rows();
+        QCOMPARE(before.size(), 200);
+        list.store.selectElement(u"100"_s);
+        list.store.updateSelectedElement([](SlideElement &layer) {
+            layer.frame.x = 7;
+            layer.name = u"Moved"_s;
+        });
+        list.store.toggleBlackout();
+        QCOMPARE(list.rows(), before);
+        QCOMPARE(list.row(u"100"_s).contents().name, u"Moved"_s);
+    }
+};
+
+QUENARA_GUI_TEST_MAIN(TestLayerListView)
+#include "tst_layer_list_view.moc"
