@@ -1,6 +1,7 @@
 #include "OperatorView.h"
 
 #include "DesignCanvasView.h"
+#include "InspectorView.h"
 #include "Panels.h"
 #include "ProjectBar.h"
 #include "RundownView.h"
@@ -35,6 +36,7 @@ OperatorView::OperatorView(WorkspaceStore &store, OutputSwitches &outputs, Pictu
     auto *canvas = new DesignCanvasView(store, pictures);
     canvas->setMinimumWidth(canvasMinimumWidth);
     workArea->addWidget(canvas, 1);
+    workArea->addWidget(new InspectorView(store));
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
