@@ -4,8 +4,7 @@
 #include "RoleLabel.h"
 #include "SlideCanvas.h"
 #include "SymbolButton.h"
-#include "SymbolIcon.h"
-#include "ThemeColors.h"
+#include "SymbolLabel.h"
 #include "WorkspaceStore.h"
 
 #include <QHBoxLayout>
@@ -76,36 +75,22 @@ QWidget *DesignCanvasView::makeHeader()
 
 QWidget *DesignCanvasView::makeEmptyState()
 {
-    m_emptySymbol = new QLabel;
     auto *area = new QWidget;
     area->setObjectName(QStringLiteral("emptyCanvas"));
     area->setAttribute(Qt::WA_StyledBackground);
     auto *layout = new QVBoxLayout(area);
     layout->setSpacing(emptySpacing);
     layout->addStretch();
-    for (QLabel *label :
-         {m_emptySymbol,
-          makeRoleLabel(QStringLiteral("emptyTitle"), QStringLiteral("Blank project")),
-          makeRoleLabel(QStringLiteral("hint"),
-                        QStringLiteral("Add a slide from the rundown to begin."))})
-        layout->addWidget(label, 0, Qt::AlignHCenter);
+    for (QWidget *row : std::initializer_list<QWidget *>{
+             new SymbolLabel(QStringLiteral("rectangle.on.rectangle.slash"), emptySymbolSize,
+                             &ZelvoTheme::secondaryText),
+             makeRoleLabel(QStringLiteral("emptyTitle"), QStringLiteral("Blank project")),
+             makeRoleLabel(QStringLiteral("hint"),
+                           QStringLiteral("Add a slide from the rundown to begin."))}) {
+        layout->addWidget(row, 0, Qt::AlignHCenter);
+    }
     layout->addStretch();
-    tint();
     return area;
-}
-
-void DesignCanvasView::tint()
-{
-    m_emptySymbol->setPixmap(
-        symbolIcon(QStringLiteral("rectangle.on.rectangle.slash"), themeOf(*this).secondaryText)
-            .pixmap(QSize(emptySymbolSize, emptySymbolSize), devicePixelRatioF()));
-}
-
-void DesignCanvasView::changeEvent(QEvent *event)
-{
-    QWidget::changeEvent(event);
-    if (changesTheme(*event))
-        tint();
 }
 
 void DesignCanvasView::showStore()

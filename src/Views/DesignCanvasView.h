@@ -21,20 +21,15 @@ class DesignCanvasView : public QWidget
 public:
     DesignCanvasView(WorkspaceStore &store, PictureCache &pictures, QWidget *parent = nullptr);
 
-protected:
-    void changeEvent(QEvent *event) override;
-
 private:
     QWidget *makeHeader();
     QWidget *makeEmptyState();
     void showStore();
-    void tint();
 
     WorkspaceStore &m_store;
     QLabel *m_title = nullptr;
     QList<SymbolButton *> m_addButtons;
     QStackedWidget *m_area = nullptr;
-    QLabel *m_emptySymbol = nullptr;
     SlideCanvas *m_canvas = nullptr;
 };
 

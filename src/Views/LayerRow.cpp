@@ -2,10 +2,9 @@
 
 #include "ElidedLabel.h"
 #include "SymbolButton.h"
-#include "SymbolIcon.h"
+#include "Symbols.h"
 #include "ThemeColors.h"
 
-#include <QEvent>
 #include <QHBoxLayout>
 #include <QPainter>
 
@@ -73,8 +72,8 @@ void LayerRow::setContents(const Contents &contents)
 void LayerRow::showContents()
 {
     setAccessibleName(m_contents.name);
-    setIcon(symbolIcon(symbolOf(m_contents.kind), themeOf(*this).secondaryText));
     m_name->setText(m_contents.name);
+    update();
     m_visibility->setSymbol(m_contents.isVisible ? QStringLiteral("eye")
                                                  : QStringLiteral("eye.slash"),
                             m_contents.isVisible ? QStringLiteral("Hide") : QStringLiteral("Show"));
@@ -86,13 +85,6 @@ void LayerRow::showContents()
 QSize LayerRow::sizeHint() const
 {
     return {layout()->sizeHint().width(), rowHeight};
-}
-
-void LayerRow::changeEvent(QEvent *event)
-{
-    QAbstractButton::changeEvent(event);
-    if (changesTheme(*event))
-        showContents();
 }
 
 void LayerRow::paintEvent(QPaintEvent * /*event*/)
@@ -111,7 +103,8 @@ void LayerRow::paintEvent(QPaintEvent * /*event*/)
         painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius,
                                 cornerRadius);
     }
-    icon().paint(&painter, QRect(iconMargin, (height() - symbolSize) / 2, symbolSize, symbolSize));
+    paintSymbol(painter, QRect(iconMargin, (height() - symbolSize) / 2, symbolSize, symbolSize),
+                symbolOf(m_contents.kind), theme.secondaryText);
 }
 
 } // namespace quenara

@@ -41,7 +41,6 @@ signals:
     void lockClicked();
 
 protected:
-    void changeEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:

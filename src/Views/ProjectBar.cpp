@@ -4,8 +4,7 @@
 #include "OutputModeBadge.h"
 #include "RoleLabel.h"
 #include "SymbolButton.h"
-#include "SymbolIcon.h"
-#include "ThemeColors.h"
+#include "SymbolLabel.h"
 #include "WorkspaceStore.h"
 
 #include <QHBoxLayout>
@@ -70,7 +69,7 @@ void ProjectNameField::showName()
 
 ProjectBar::ProjectBar(WorkspaceStore &store, const std::function<bool()> &mayReplaceDocument,
                        QWidget *parent)
-    : QWidget(parent), m_store(store), m_symbol(new QLabel),
+    : QWidget(parent), m_store(store),
       m_edited(makeRoleLabel(QStringLiteral("edited"), QStringLiteral("Edited"))),
       m_fileName(new ElidedLabel(QStringLiteral("fileName"))),
       m_outputMode(new OutputModeBadge(badgeLook))
@@ -81,7 +80,8 @@ ProjectBar::ProjectBar(WorkspaceStore &store, const std::function<bool()> &mayRe
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(margin, 0, margin, 0);
     layout->setSpacing(spacing);
-    layout->addWidget(m_symbol);
+    layout->addWidget(new SymbolLabel(QStringLiteral("play.rectangle.on.rectangle"), symbolSize,
+                                      &ZelvoTheme::accent));
     layout->addWidget(new ProjectNameField(store), 1);
     layout->addWidget(m_edited);
     layout->addWidget(m_fileName);
@@ -102,22 +102,7 @@ ProjectBar::ProjectBar(WorkspaceStore &store, const std::function<bool()> &mayRe
     layout->addWidget(m_outputMode);
 
     connect(&store, &WorkspaceStore::changed, this, &ProjectBar::showState);
-    tint();
     showState();
-}
-
-void ProjectBar::changeEvent(QEvent *event)
-{
-    QWidget::changeEvent(event);
-    if (changesTheme(*event))
-        tint();
-}
-
-void ProjectBar::tint()
-{
-    m_symbol->setPixmap(
-        symbolIcon(QStringLiteral("play.rectangle.on.rectangle"), themeOf(*this).accent)
-            .pixmap(QSize(symbolSize, symbolSize), devicePixelRatio()));
 }
 
 void ProjectBar::showState()

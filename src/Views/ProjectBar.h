@@ -45,15 +45,10 @@ public:
     ProjectBar(WorkspaceStore &store, const std::function<bool()> &mayReplaceDocument,
                QWidget *parent = nullptr);
 
-protected:
-    void changeEvent(QEvent *event) override;
-
 private:
     void showState();
-    void tint();
 
     WorkspaceStore &m_store;
-    QLabel *m_symbol;
     QLabel *m_edited;
     QLabel *m_fileName;
     OutputModeBadge *m_outputMode;

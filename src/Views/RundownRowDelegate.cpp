@@ -5,7 +5,7 @@
 #include "RundownModel.h"
 #include "SlideFonts.h"
 #include "SlideThumbnails.h"
-#include "SymbolIcon.h"
+#include "Symbols.h"
 #include "ZelvoTheme.h"
 
 #include <QAbstractItemView>
@@ -125,8 +125,7 @@ void RundownRowDelegate::paintItem(QPainter &painter, const QStyleOptionViewItem
     const bool isSelected = index.data(RundownModel::isSelectedRole).toBool();
     const QRect symbol(int(row.left() + itemSymbolLeft), int(row.center().y()) - symbolSize / 2,
                        symbolSize, symbolSize);
-    symbolIcon(index.data(RundownModel::symbolRole).toString(), theme.accent)
-        .paint(&painter, symbol);
+    paintSymbol(painter, symbol, index.data(RundownModel::symbolRole).toString(), theme.accent);
     drawText(painter, index.data(Qt::DisplayRole).toString(), itemFont(),
              isSelected ? theme.primaryText : theme.secondaryText, titleBox(row, index),
              Qt::AlignLeft);

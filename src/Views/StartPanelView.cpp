@@ -3,7 +3,7 @@
 #include "ElidedLabel.h"
 #include "RoleLabel.h"
 #include "ShownPath.h"
-#include "SymbolIcon.h"
+#include "Symbols.h"
 #include "ThemeColors.h"
 #include "WorkspaceStore.h"
 
@@ -71,7 +71,7 @@ protected:
         painter.drawControl(QStyle::CE_PushButtonBevel, option);
         const QRect icon(startButtonMargin, (height() - startIconSize) / 2, startIconSize,
                          startIconSize);
-        symbolIcon(m_symbol, themeOf(*this).accent).paint(&painter, icon);
+        paintSymbol(painter, icon, m_symbol, themeOf(*this).accent);
         painter.setPen(themeOf(*this).primaryText);
         painter.drawText(rect().adjusted(startTextLeft, 0, 0, 0),
                          int(Qt::AlignLeft | Qt::AlignVCenter) | Qt::TextSingleLine, text());

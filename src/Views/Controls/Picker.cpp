@@ -1,6 +1,6 @@
 #include "Picker.h"
 
-#include "SymbolIcon.h"
+#include "Symbols.h"
 #include "ThemeColors.h"
 
 #include <QAbstractItemView>
@@ -44,8 +44,8 @@ void Picker::paintEvent(QPaintEvent * /*event*/)
     const QRect chevron(width() - chevronMargin - chevronSize, (height() - chevronSize) / 2,
                         chevronSize, chevronSize);
     const ZelvoTheme &theme = themeOf(*this);
-    symbolIcon(QStringLiteral("chevron.down"), isEnabled() ? theme.secondaryText : theme.mutedText)
-        .paint(&painter, chevron);
+    paintSymbol(painter, chevron, QStringLiteral("chevron.down"),
+                isEnabled() ? theme.secondaryText : theme.mutedText);
 }
 
 void Picker::keyPressEvent(QKeyEvent *event)

@@ -1,9 +1,8 @@
 #include "SymbolButton.h"
 
-#include "SymbolIcon.h"
+#include "Symbols.h"
 #include "ThemeColors.h"
 
-#include <QEvent>
 #include <QStyleOptionToolButton>
 #include <QStylePainter>
 
@@ -57,7 +56,7 @@ void SymbolButton::setSymbol(const QString &symbol, const QString &title)
     setText(title);
     setAccessibleName(title);
     setToolTip(showsTitle() ? QString() : title);
-    tint();
+    update();
 }
 
 int SymbolButton::gap() const
@@ -98,25 +97,12 @@ QColor SymbolButton::contentColor() const
     return m_look == Look::icon ? theme.secondaryText : theme.primaryText;
 }
 
-void SymbolButton::tint()
-{
-    setIcon(m_symbol.isEmpty() ? QIcon() : symbolIcon(m_symbol, contentColor()));
-}
-
-void SymbolButton::changeEvent(QEvent *event)
-{
-    QToolButton::changeEvent(event);
-    if (changesTheme(*event) || event->type() == QEvent::EnabledChange)
-        tint();
-}
-
 void SymbolButton::paintEvent(QPaintEvent * /*event*/)
 {
     QStylePainter painter(this);
     QStyleOptionToolButton option;
     initStyleOption(&option);
     option.text.clear();
-    option.icon = {};
     painter.drawComplexControl(QStyle::CC_ToolButton, option);
 
     const QRect content =
@@ -127,7 +113,7 @@ void SymbolButton::paintEvent(QPaintEvent * /*event*/)
                                 m_look == Look::tile ? Qt::AlignHCenter | Qt::AlignTop
                                                      : Qt::AlignLeft | Qt::AlignVCenter,
                                 iconSize(), content);
-        icon().paint(&painter, box, Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled);
+        paintSymbol(painter, box, m_symbol, contentColor());
     }
     if (showsTitle()) {
         painter.setPen(contentColor());

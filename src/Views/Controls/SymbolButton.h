@@ -29,7 +29,6 @@ public:
     QSize minimumSizeHint() const override;
 
 protected:
-    void changeEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:
@@ -37,7 +36,6 @@ private:
     int gap() const;
     QSize contentSize() const;
     QColor contentColor() const;
-    void tint();
 
     QString m_symbol;
     Look m_look;
