@@ -27,12 +27,6 @@ void OutputWindow::setAppearance(AppAppearance appearance)
     applyPalette();
 }
 
-void OutputWindow::moveEvent(QMoveEvent *event)
-{
-    QWidget::moveEvent(event);
-    emit moved();
-}
-
 void OutputWindow::applyPalette()
 {
     const std::optional<ColorScheme> scheme = colorScheme(m_appearance);

@@ -25,13 +25,6 @@ public:
     void setAppearance(AppAppearance appearance);
     AppAppearance appearance() const { return m_appearance; }
 
-signals:
-    /// By whomever.
-    void moved();
-
-protected:
-    void moveEvent(QMoveEvent *event) override;
-
 private:
     void applyPalette();
 

@@ -91,12 +91,19 @@ class XServer:
         return variables | {"DISPLAY": self.display, "QT_QPA_PLATFORM": "xcb",
                             "LC_ALL": "C.UTF-8"}
 
-    def plug_second_screen(self, size=(SCREEN_WIDTH, SCREEN_HEIGHT)):
-        """Turns the second screen on beside the first, or changes its resolution."""
-        self._plug("DUMMY1", size, "--right-of", "DUMMY0")
+    def plug_second_screen(self, size=(SCREEN_WIDTH, SCREEN_HEIGHT), x=SCREEN_WIDTH, y=0):
+        """Turns the second screen on, beside the first; or moves it, or changes its resolution."""
+        self._plug("DUMMY1", size, "--pos", f"{x}x{y}")
 
     def unplug_second_screen(self):
         self._xrandr("--output", "DUMMY1", "--off")
+
+    def plug_first_screen(self):
+        self._plug("DUMMY0", (SCREEN_WIDTH, SCREEN_HEIGHT), "--pos", "0x0")
+
+    def unplug_first_screen(self):
+        """Leaves the second screen alone, at the first one's place."""
+        self._xrandr("--output", "DUMMY0", "--off")
 
     def mirror_first_screen(self):
         """Has the second screen show what the first shows."""
