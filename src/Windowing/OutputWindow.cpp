@@ -27,6 +27,12 @@ void OutputWindow::setAppearance(AppAppearance appearance)
     applyPalette();
 }
 
+/// Without a window manager, nobody else gives it the keyboard.
+void OutputWindow::mousePressEvent(QMouseEvent * /*event*/)
+{
+    activateWindow();
+}
+
 void OutputWindow::applyPalette()
 {
     const std::optional<ColorScheme> scheme = colorScheme(m_appearance);

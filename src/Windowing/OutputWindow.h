@@ -25,6 +25,9 @@ public:
     void setAppearance(AppAppearance appearance);
     AppAppearance appearance() const { return m_appearance; }
 
+protected:
+    void mousePressEvent(QMouseEvent *event) override;
+
 private:
     void applyPalette();
 

@@ -30,6 +30,9 @@ public:
     /// the toolkit has not heard of that yet.
     QList<PlacedScreen> screens() const;
 
+    /// Whether windows can do without a window manager.
+    bool isX11() const { return m_server; }
+
 signals:
     /// A screen came, went or changed. Of one that goes it is told before the toolkit moves its
     /// windows.

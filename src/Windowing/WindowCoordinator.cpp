@@ -47,28 +47,6 @@ std::optional<qsizetype> indexOf(const QList<PlacedScreen> &screens, const QScre
     return found == screens.cend() ? std::nullopt : std::optional(found - screens.cbegin());
 }
 
-/// Shows \a window without frame over the whole of a screen.
-void cover(QWidget &window, const PlacedScreen &target)
-{
-    const auto &[screen, frame] = target;
-    if (!screen) {
-        window.setGeometry(frame);
-        window.show();
-        return;
-    }
-    if (window.isVisible() && window.geometry() == frame)
-        return;
-    // A window over the whole screen is not moved to another one while it is shown.
-    if (window.screen() != screen)
-        window.hide();
-    window.setScreen(screen);
-    window.setGeometry(frame);
-    // The full-screen state keeps panels of the desktop below, and is the only way to choose a
-    // screen where windows cannot place themselves. showFullScreen() would take the keyboard.
-    window.setWindowState(window.windowState() | Qt::WindowFullScreen);
-    window.show();
-}
-
 void raise(QWidget &window)
 {
     window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
@@ -133,6 +111,36 @@ PlacedScreen WindowCoordinator::displayScreen() const
     const QRect frame = displayFrame(frames, main ? std::optional(frames.at(*main)) : std::nullopt);
     // Of two that show the same, the later is not the operator's.
     return screens.value(frames.lastIndexOf(frame), {nullptr, frame});
+}
+
+/// Shows \a window without frame over the whole of a screen.
+void WindowCoordinator::cover(QWidget &window, const PlacedScreen &target) const
+{
+    const auto &[screen, frame] = target;
+    if (!screen) {
+        window.setGeometry(frame);
+        window.show();
+        return;
+    }
+    if (window.isVisible() && window.geometry() == frame)
+        return;
+    // A window over the whole screen is not moved to another one while it is shown.
+    if (window.screen() != screen)
+        window.hide();
+    if (!window.isVisible()) {
+        // Window managers move the windows of a screen that goes to one that stays before the
+        // program hears of it: the display would lie over what the operator sees.
+        const QList<QRect> frames = framesOf(m_screens.screens());
+        const bool isUnmanaged =
+            m_screens.isX11() && isApart(frame, frames, operatorScreen(frames));
+        window.setWindowFlag(Qt::BypassWindowManagerHint, isUnmanaged);
+        // The full-screen state keeps panels of the desktop below, and is the only way to choose a
+        // screen where windows cannot place themselves. showFullScreen() would take the keyboard.
+        window.setWindowState(isUnmanaged ? Qt::WindowNoState : Qt::WindowFullScreen);
+    }
+    window.setScreen(screen);
+    window.setGeometry(frame);
+    window.show();
 }
 
 void WindowCoordinator::openDisplay(const WorkspaceStore &store, AppAppearance appearance,

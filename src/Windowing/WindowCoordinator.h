@@ -82,6 +82,7 @@ private:
     void adopt(Output &output, OutputWindow *window, Signal changed);
     void release(Output &output, Signal changed);
     PlacedScreen displayScreen() const;
+    void cover(QWidget &window, const PlacedScreen &target) const;
     void followScreens();
     void comeBack();
     QRect operatorScreen(const QList<QRect> &screens) const;

@@ -66,14 +66,12 @@ class Program:
         return self.status()
 
     def windows(self):
-        """The shown windows: title by X window id."""
-        # Before the first window there ever was, the list is missing, which is an error to wmctrl.
-        lines = self.server.run("wmctrl", "-l", check=False).decode().splitlines()
-        found = {}
-        for line in lines:
-            window, _, _, *title = line.split(maxsplit=3)
-            found[window] = title[0] if title else ""
-        return found
+        """The shown windows that have a title, by X window id, managed or not."""
+        # What is found may go before it is asked for its title.
+        search = self.server.run("xdotool", "search", "--onlyvisible", "--name", ".", check=False)
+        titles = {window: self.server.run("xdotool", "getwindowname", window, check=False)
+                  for window in search.decode().split()}
+        return {window: title.decode().strip() for window, title in titles.items() if title}
 
     def window(self, title):
         """The id of the shown window whose whole title matches, None when there is none."""
@@ -95,7 +93,7 @@ class Program:
 
     def focused_title(self):
         """Empty while the keyboard passes from one window to the next."""
-        title = self.server.run("xdotool", "getactivewindow", "getwindowname", check=False)
+        title = self.server.run("xdotool", "getwindowfocus", "-f", "getwindowname", check=False)
         return title.decode().strip()
 
     def focus(self, title):
@@ -104,7 +102,11 @@ class Program:
         def has_focus():
             if re.fullmatch(title, self.focused_title()):
                 return True
-            self.server.run("xdotool", "windowactivate", self.wait_for_window(title), check=False)
+            window = self.wait_for_window(title)
+            # Only a click reaches a window that the window manager does not know.
+            ask = (["mousemove", "--window", window, "200", "200", "click", "1",
+                    "mousemove", "restore"] if title == DISPLAY else ["windowactivate", window])
+            self.server.run("xdotool", *ask, check=False)
             return False
 
         wait_until(has_focus, f"{title} to have the focus")

@@ -158,14 +158,13 @@ class Screens(TwoScreenCase):
                     live = (live + 1) % SLIDES
                 if cycle % 10 == 9:
                     program.wait_for_no_window(DISPLAY)
-                    self.assertEqual(corner.frames()[-1].picture, uncovered)
                 self.server.plug_second_screen()
                 if chance.random() < 0.5:
                     self.see_slide(live)
                 time.sleep(chance.uniform(0, 0.5))
                 self.assertIsNone(program.status(), program.output())
             self.see_slide(live)
-            self.assertEqual(corner.frames()[-1].picture, uncovered)
+            self.assertEqual({frame.picture for frame in corner.frames()}, {uncovered})
         self.assertEqual(program.area(DISPLAY), SECOND_SCREEN)
         self.assertEqual(program.area(OPERATOR), operator_area)
         self.assertEqual(sorted(program.windows().values()),
