@@ -67,10 +67,13 @@ class Program:
 
     def windows(self):
         """The shown windows that have a title, by X window id, managed or not."""
+        search = None
+        # A window that goes meanwhile ends a search before it has found the rest.
+        while search is None or b"BadWindow" in search.stderr:
+            search = self.server.ask("xdotool", "search", "--onlyvisible", "--name", ".")
         # What is found may go before it is asked for its title.
-        search = self.server.run("xdotool", "search", "--onlyvisible", "--name", ".", check=False)
-        titles = {window: self.server.run("xdotool", "getwindowname", window, check=False)
-                  for window in search.decode().split()}
+        titles = {window: self.server.ask("xdotool", "getwindowname", window).stdout
+                  for window in search.stdout.decode().split()}
         return {window: title.decode().strip() for window, title in titles.items() if title}
 
     def window(self, title):
@@ -93,7 +96,7 @@ class Program:
 
     def focused_title(self):
         """Empty while the keyboard passes from one window to the next."""
-        title = self.server.run("xdotool", "getwindowfocus", "-f", "getwindowname", check=False)
+        title = self.server.ask("xdotool", "getwindowfocus", "-f", "getwindowname").stdout
         return title.decode().strip()
 
     def focus(self, title):
@@ -106,7 +109,7 @@ class Program:
             # Only a click reaches a window that the window manager does not know.
             ask = (["mousemove", "--window", window, "200", "200", "click", "1",
                     "mousemove", "restore"] if title == DISPLAY else ["windowactivate", window])
-            self.server.run("xdotool", *ask, check=False)
+            self.server.ask("xdotool", *ask)
             return False
 
         wait_until(has_focus, f"{title} to have the focus")

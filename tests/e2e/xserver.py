@@ -115,10 +115,15 @@ class XServer:
     def unplug_third_screen(self):
         self._xrandr("--output", "DUMMY2", "--off")
 
-    def run(self, *command, check=True):
-        """The bytes that a client of this server prints."""
-        return subprocess.run(command, env=self.environment, check=check,
-                              capture_output=True).stdout
+    def ask(self, *command):
+        """What a client of this server prints and how it ends."""
+        return subprocess.run(command, env=self.environment, check=False, capture_output=True)
+
+    def run(self, *command):
+        """The bytes that a client of this server prints, which must succeed."""
+        answer = self.ask(*command)
+        answer.check_returncode()
+        return answer.stdout
 
     def picture(self, area):
         """The colours shown in a (width, height, x, y) of the root window, as RGB bytes."""
@@ -150,7 +155,7 @@ class XServer:
     def _start_window_manager(self):
         environment = self.environment | {"HOME": self._folder.name}
         self._processes.append(Process(["openbox"], env=environment))
-        wait_until(lambda: b"Name: Openbox" in self.run("wmctrl", "-m", check=False),
+        wait_until(lambda: b"Name: Openbox" in self.ask("wmctrl", "-m").stdout,
                    "openbox to come up")
         # Windows are placed on the screen with the pointer.
         self.run("xdotool", "mousemove", "100", "1000")
