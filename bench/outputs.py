@@ -1,8 +1,8 @@
 """Measures the outputs of a running program on a real X server with two screens: how long a key
-press takes to be seen by the audience, and what an idle program costs. Prints one table."""
+press takes to be seen by the audience, beside what it takes a window that does nothing but fill
+itself, and what an idle program costs. Prints one table."""
 
 import os
-import statistics
 import subprocess
 import sys
 import tempfile
@@ -11,17 +11,16 @@ from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).parents[1] / "tests" / "e2e"))
 
-from processes import wait_until
 from program import DISPLAY, OPERATOR, Program
 from screen_watch import ScreenWatch
 from xserver import SCREEN_WIDTH, XServer
 
-EXECUTABLE, WRITE_SHOW = (Path(argument).absolute() for argument in sys.argv[1:])
+EXECUTABLE, WRITE_SHOW, FILL_ON_KEY = (Path(argument).absolute() for argument in sys.argv[1:])
+FILL = "Fill"
 PRESSES = 200
 REST = 0.08  # seconds between a picture and the next press
 LONGEST = 0.5  # seconds to wait for a picture
 IDLE_SECONDS = 20
-SLIDES_WITH_PHOTOGRAPHS = 50
 SLIDES = 500
 
 
@@ -32,10 +31,10 @@ def write_show(kind, folder):
 
 
 def strip_of(screen):
-    """A part of the screen that every slide shows something else in, small enough to be looked at
-    several times a millisecond."""
+    """A part of the screen that every slide shows something else in than its neighbours, small
+    enough to be looked at several times a millisecond."""
     width, height = screen
-    return (48, height // 2, SCREEN_WIDTH + width // 2 - 24, height // 4)
+    return (48, height // 2, SCREEN_WIDTH + width // 3, height // 4)
 
 
 def latencies(watch, key, count):
@@ -57,18 +56,21 @@ def milliseconds(values, share):
     return 1000 * sorted(values)[min(len(values) - 1, int(share * len(values)))]
 
 
-def row(name, value, unit, limit):
-    verdict = "" if limit is None else f"{limit:8.0f} {unit:3}" + ("" if value <= limit else "  OVER")
-    print(f"{name:64}{value:9.1f} {unit:3}{verdict}", flush=True)
+def row(name, value, unit, limit, yardstick=None):
+    beside = "" if yardstick is None else f"{yardstick:9.1f} {unit:3}{value / yardstick:7.2f}"
+    verdict = "" if limit is None else f"{limit:8.0f} {unit:3}{'' if value <= limit else '  OVER'}"
+    print(f"{name:64}{value:9.1f} {unit:3}{beside:20}{verdict}", flush=True)
 
 
-def report(name, presses, limit):
+def report(name, presses, limit, fills):
     """Nothing is left out unsaid: slides that look alike in the strip bring no picture either."""
-    values = [value for value in presses if value is not None]
+    values, yardstick = ([value for value in taken if value is not None]
+                         for taken in (presses, fills))
+    for which, share, most in ((", 99 of 100", 0.99, limit), (", the middle one", 0.5, None),
+                               (", the longest", 1, None)):
+        row(name + which, milliseconds(values, share), "ms", most,
+            milliseconds(yardstick, share))
     unanswered = len(presses) - len(values)
-    row(f"{name}, 99 of 100", milliseconds(values, 0.99), "ms", limit)
-    row(f"{name}, the middle one", 1000 * statistics.median(values), "ms", None)
-    row(f"{name}, the longest", 1000 * max(values), "ms", None)
     print(f"{name}: {len(presses)} presses, {unanswered} without another picture", flush=True)
 
 
@@ -77,20 +79,35 @@ def processor_seconds(program):
     return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
 
 
+def steps(server, screen, press_keys):
+    """What comes of pressing keys while the screen is watched."""
+    with ScreenWatch(server, strip_of(screen)) as watch:
+        watch.settle(1)
+        return press_keys(watch)
+
+
+def presses_right(count):
+    return lambda watch: latencies(watch, "Right", count)
+
+
+def measure_fill(server, screen):
+    with Program(server, FILL_ON_KEY) as fill:
+        fill.focus(FILL)
+        return steps(server, screen, presses_right(PRESSES))
+
+
 def measure_keys(server, show, screen, name, limit):
     server.plug_second_screen(screen)
+    fills = measure_fill(server, screen)
     with Program(server, EXECUTABLE, show) as program:
         program.wait_for_window(OPERATOR)
         program.open_display()
         program.focus(DISPLAY)
-        with ScreenWatch(server, strip_of(screen)) as watch:
-            watch.settle(1)
-            report(name, latencies(watch, "Right", PRESSES), limit)
-        program.toggle_stage()
+        report(name, steps(server, screen, presses_right(PRESSES)), limit, fills)
+        program.open_stage()
         program.focus(DISPLAY)
-        with ScreenWatch(server, strip_of(screen)) as watch:
-            watch.settle(1)
-            report(f"{name}, the stage open", latencies(watch, "Right", PRESSES), limit)
+        report(f"{name}, the stage open", steps(server, screen, presses_right(PRESSES)), limit,
+               fills)
         if screen == (SCREEN_WIDTH, 1080):
             time.sleep(2)
             before = processor_seconds(program)
@@ -102,21 +119,21 @@ def measure_keys(server, show, screen, name, limit):
 def measure_photographs(server, show):
     screen = (SCREEN_WIDTH, 1080)
     server.plug_second_screen(screen)
+    fills = measure_fill(server, screen)
     with Program(server, EXECUTABLE, show) as program:
-        wait_until(lambda: program.window(".* — Quenara"), "the operator window")
+        program.wait_for_window(OPERATOR)
         program.open_display()
         program.focus(DISPLAY)
-        with ScreenWatch(server, strip_of(screen)) as watch:
-            watch.settle(2)
-            cold = latencies(watch, "Right", SLIDES - 1)
-            back_and_forth = []
-            for _ in range(10):
-                back_and_forth += latencies(watch, "Left", 20) + latencies(watch, "Right", 20)
-        report("500 slides, 50 photographs, first time", cold, None)
-        report("500 slides, 50 photographs, shown before", back_and_forth, 50)
+        cold = steps(server, screen, presses_right(SLIDES - 1))
+        back_and_forth = steps(server, screen, lambda watch: [
+            value for _ in range(10) for key in ("Left", "Right")
+            for value in latencies(watch, key, 20)])
+        report("500 slides, 50 photographs, first time", cold, None, fills)
+        report("500 slides, 50 photographs, shown before", back_and_forth, 50, fills)
 
 
 def main():
+    print(f"{'figure':64}{'measured':>12} {'a bare fill':>12}{'ratio':>7}{'limit':>10}")
     with tempfile.TemporaryDirectory() as folder, XServer(two_screens_required=True) as server:
         demo = write_show("demo", folder)
         measure_keys(server, demo, (SCREEN_WIDTH, 1080), "key to picture, 1080p", 16)

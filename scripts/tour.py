@@ -95,7 +95,7 @@ class Tour:
         self.shoot(DISPLAY, "display-blackout")
         program.press("l")
         self.shoot(DISPLAY, "display-logo")
-        program.close_window(DISPLAY)
+        program.toggle_display()
         program.wait_for_no_window(DISPLAY)
         program.focus(OPERATOR)
         program.close_window(OPERATOR)

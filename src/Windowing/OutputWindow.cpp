@@ -27,10 +27,10 @@ void OutputWindow::setAppearance(AppAppearance appearance)
     applyPalette();
 }
 
-void OutputWindow::moveEvent(QMoveEvent *event)
+/// Without a window manager, nobody else gives it the keyboard.
+void OutputWindow::mousePressEvent(QMouseEvent * /*event*/)
 {
-    QWidget::moveEvent(event);
-    emit moved();
+    activateWindow();
 }
 
 void OutputWindow::applyPalette()

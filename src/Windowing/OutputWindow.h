@@ -25,12 +25,8 @@ public:
     void setAppearance(AppAppearance appearance);
     AppAppearance appearance() const { return m_appearance; }
 
-signals:
-    /// By whomever.
-    void moved();
-
 protected:
-    void moveEvent(QMoveEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
 
 private:
     void applyPalette();

@@ -20,10 +20,15 @@ QRect displayFrame(const QList<QRect> &screens, const std::optional<QRect> &main
     return screens.size() > 1 ? screens.at(1) : mainScreen.value_or(withoutScreens);
 }
 
+bool isApart(const QRect &screen, const QList<QRect> &screens, const QRect &operatorScreen)
+{
+    return isSeparate(screen, screens) && !screen.intersects(operatorScreen);
+}
+
 std::optional<qsizetype> freeScreen(const QList<QRect> &screens, const QRect &operatorScreen)
 {
     const auto found = std::find_if(screens.cbegin(), screens.cend(), [&](const QRect &screen) {
-        return isSeparate(screen, screens) && !screen.intersects(operatorScreen);
+        return isApart(screen, screens, operatorScreen);
     });
     return found == screens.cend() ? std::nullopt : std::optional(found - screens.cbegin());
 }

@@ -12,6 +12,10 @@ namespace quenara {
 /// screen, else to a window of its own size.
 QRect displayFrame(const QList<QRect> &screens, const std::optional<QRect> &mainScreen);
 
+/// Whether a display on \a screen covers nothing of what the operator sees: neither the primary one
+/// of \a screens nor \a operatorScreen, the one with the operator's window.
+bool isApart(const QRect &screen, const QList<QRect> &screens, const QRect &operatorScreen);
+
 /// The first of \a screens that the audience display can cover by itself without covering what the
 /// operator sees: neither the primary one, nor one that shows the same, nor \a operatorScreen, the
 /// one with the operator's window.

@@ -32,47 +32,20 @@ QScreen *mainScreen()
     return active ? active->screen() : QGuiApplication::primaryScreen();
 }
 
-QList<QRect> framesOf(const QList<QScreen *> &screens)
+QList<QRect> framesOf(const QList<PlacedScreen> &screens)
 {
     QList<QRect> frames;
-    for (const QScreen *screen : screens)
-        frames.append(screen->geometry());
+    for (const PlacedScreen &screen : screens)
+        frames.append(screen.frame);
     return frames;
 }
 
-/// The screen that an audience display opened by command covers; null without screens.
-QScreen *displayScreen()
+std::optional<qsizetype> indexOf(const QList<PlacedScreen> &screens, const QScreen *screen)
 {
-    const QList<QScreen *> screens = QGuiApplication::screens();
-    const QScreen *main = mainScreen();
-    const QRect frame =
-        displayFrame(framesOf(screens), main ? std::optional(main->geometry()) : std::nullopt);
-    // Of two that show the same, the later is not the operator's.
-    const auto found = std::find_if(screens.crbegin(), screens.crend(), [&](const QScreen *screen) {
-        return screen->geometry() == frame;
-    });
-    return found == screens.crend() ? nullptr : *found;
-}
-
-/// Shows \a window without frame over the whole of \a screen.
-void cover(QWidget &window, QScreen *screen)
-{
-    if (!screen) {
-        window.setGeometry(displayFrame({}, std::nullopt));
-        window.show();
-        return;
-    }
-    if (window.isVisible() && window.geometry() == screen->geometry())
-        return;
-    // A window over the whole screen is not moved to another one while it is shown.
-    if (window.isVisible() && window.screen() != screen)
-        window.hide();
-    window.setScreen(screen);
-    window.setGeometry(screen->geometry());
-    // The full-screen state keeps panels of the desktop below, and is the only way to choose a
-    // screen where windows cannot place themselves. showFullScreen() would take the keyboard.
-    window.setWindowState(window.windowState() | Qt::WindowFullScreen);
-    window.show();
+    const auto found =
+        std::find_if(screens.cbegin(), screens.cend(),
+                     [&](const PlacedScreen &placed) { return placed.screen == screen; });
+    return found == screens.cend() ? std::nullopt : std::optional(found - screens.cbegin());
 }
 
 } // namespace
@@ -83,17 +56,10 @@ WindowCoordinator::WindowCoordinator(const SystemColorScheme &systemScheme, Pict
 {
     connect(&systemScheme, &SystemColorScheme::schemeChanged, this,
             &WindowCoordinator::applyScheme);
-    const QList<QScreen *> screens = QGuiApplication::screens();
-    std::for_each(screens.cbegin(), screens.cend(),
-                  [this](QScreen *screen) { followScreen(screen); });
-    connect(qApp, &QGuiApplication::screenAdded, this, [this](const QScreen *screen) {
-        followScreen(screen);
-        followScreens();
-    });
-    connect(qApp, &QGuiApplication::screenRemoved, this, &WindowCoordinator::followScreens);
+    connect(&m_screens, &ScreenWatch::changed, this, &WindowCoordinator::followScreens);
     m_screensSettled.setSingleShot(true);
     m_screensSettled.setInterval(screensSettleIn);
-    connect(&m_screensSettled, &QTimer::timeout, this, &WindowCoordinator::settleDisplay);
+    connect(&m_screensSettled, &QTimer::timeout, this, &WindowCoordinator::comeBack);
 }
 
 WindowCoordinator::~WindowCoordinator()
@@ -130,8 +96,49 @@ void WindowCoordinator::openDisplayWindow(const WorkspaceStore &store, AppAppear
     bringToFront(*m_display.window);
 }
 
+/// The screen that an audience display opened by command covers; none without screens.
+PlacedScreen WindowCoordinator::displayScreen() const
+{
+    const QList<PlacedScreen> screens = m_screens.screens();
+    const QList<QRect> frames = framesOf(screens);
+    const auto main = indexOf(screens, mainScreen());
+    const QRect frame = displayFrame(frames, main ? std::optional(frames.at(*main)) : std::nullopt);
+    // Of two that show the same, the later is not the operator's.
+    return screens.value(frames.lastIndexOf(frame), {nullptr, frame});
+}
+
+/// Shows \a window without frame over the whole of a screen.
+void WindowCoordinator::cover(QWidget &window, const PlacedScreen &target) const
+{
+    const auto &[screen, frame] = target;
+    if (!screen) {
+        window.setGeometry(frame);
+        window.show();
+        return;
+    }
+    if (window.isVisible() && window.geometry() == frame)
+        return;
+    // A window over the whole screen is not moved to another one while it is shown.
+    if (window.screen() != screen)
+        window.hide();
+    if (!window.isVisible()) {
+        // Window managers move the windows of a screen that goes to one that stays before the
+        // program hears of it: the display would lie over what the operator sees.
+        const QList<QRect> frames = framesOf(m_screens.screens());
+        const bool isUnmanaged =
+            m_screens.isX11() && isApart(frame, frames, operatorScreen(frames));
+        window.setWindowFlag(Qt::BypassWindowManagerHint, isUnmanaged);
+        // The full-screen state keeps panels of the desktop below, and is the only way to choose a
+        // screen where windows cannot place themselves. showFullScreen() would take the keyboard.
+        window.setWindowState(isUnmanaged ? Qt::WindowNoState : Qt::WindowFullScreen);
+    }
+    window.setScreen(screen);
+    window.setGeometry(frame);
+    window.show();
+}
+
 void WindowCoordinator::openDisplay(const WorkspaceStore &store, AppAppearance appearance,
-                                    QScreen *screen)
+                                    const PlacedScreen &screen)
 {
     auto *window = new OutputWindow(new DisplayOutputView(store, m_pictures),
                                     Qt::Window | Qt::FramelessWindowHint);
@@ -141,9 +148,8 @@ void WindowCoordinator::openDisplay(const WorkspaceStore &store, AppAppearance a
     window->setAppearance(appearance);
     // It comes by itself, too, while somebody types elsewhere.
     window->setAttribute(Qt::WA_ShowWithoutActivating);
-    connect(window, &OutputWindow::moved, &m_screensSettled, qOverload<>(&QTimer::start));
     cover(*window, screen);
-    m_displayScreen = screen;
+    m_displayScreen = screen.screen;
     m_displayStore = &store;
     m_isDisplayWaiting = false;
     adopt(m_display, window, &WindowCoordinator::isDisplayWindowOpenChanged);
@@ -174,58 +180,45 @@ void WindowCoordinator::closeDisplayWindow()
     release(m_display, &WindowCoordinator::isDisplayWindowOpenChanged);
 }
 
-void WindowCoordinator::followScreen(const QScreen *screen) const
-{
-    connect(screen, &QScreen::geometryChanged, this, &WindowCoordinator::followScreens);
-}
-
 void WindowCoordinator::followScreens()
 {
-    const QList<QScreen *> screens = QGuiApplication::screens();
+    const QList<PlacedScreen> screens = m_screens.screens();
     if (screens.isEmpty())
         return; // there is nothing to see them on, and nobody
     if (!m_display.window) {
         m_screensSettled.start();
         return;
     }
-    const qsizetype covered = screens.indexOf(m_displayScreen);
-    const auto next = screenToFollow(
-        framesOf(screens), covered < 0 ? std::nullopt : std::optional(covered), operatorScreen());
+    const QList<QRect> frames = framesOf(screens);
+    const auto next =
+        screenToFollow(frames, indexOf(screens, m_displayScreen), operatorScreen(frames));
     if (next) {
-        m_displayScreen = screens.at(*next);
-        cover(*m_display.window, m_displayScreen);
+        m_displayScreen = screens.at(*next).screen;
+        cover(*m_display.window, screens.at(*next));
     } else {
-        closeDisplayAndWait();
+        closeDisplayWindow();
+        m_isDisplayWaiting = true;
     }
 }
 
-/// What must be right once nothing changes any more.
-void WindowCoordinator::settleDisplay()
+void WindowCoordinator::comeBack()
 {
-    const QList<QScreen *> screens = QGuiApplication::screens();
-    if (screens.isEmpty())
-        return;
-    if (m_display.window) {
-        // A screen that becomes a mirror is not always told of, but its windows are moved.
-        const QRect primary = screens.first()->geometry();
-        if (m_displayScreen && !m_displayScreen->geometry().intersects(primary)
-            && primary.contains(m_display.window->geometry().center()))
-            closeDisplayAndWait();
-    } else if (const auto free = freeScreen(framesOf(screens), operatorScreen());
-               free && m_isDisplayWaiting && m_displayStore) {
+    const QList<PlacedScreen> screens = m_screens.screens();
+    const QList<QRect> frames = framesOf(screens);
+    const auto free = freeScreen(frames, operatorScreen(frames));
+    if (free && m_isDisplayWaiting && m_displayStore)
         openDisplay(*m_displayStore, m_appearance, screens.at(*free));
-    }
 }
 
-void WindowCoordinator::closeDisplayAndWait()
+/// The one of \a screens with the operator's window; empty without one.
+QRect WindowCoordinator::operatorScreen(const QList<QRect> &screens) const
 {
-    closeDisplayWindow();
-    m_isDisplayWaiting = true;
-}
-
-QRect WindowCoordinator::operatorScreen() const
-{
-    return m_operatorWindow ? m_operatorWindow->screen()->geometry() : QRect();
+    if (!m_operatorWindow)
+        return {};
+    const QPoint center = m_operatorWindow->frameGeometry().center();
+    const auto found = std::find_if(screens.cbegin(), screens.cend(),
+                                    [&](const QRect &screen) { return screen.contains(center); });
+    return found == screens.cend() ? QRect() : *found;
 }
 
 void WindowCoordinator::closeStageWindow()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "OutputWindow.h"
+#include "ScreenWatch.h"
 #include "WindowCloseObserver.h"
 
 #include <QObject>
@@ -76,18 +77,20 @@ private:
 
     using Signal = void (WindowCoordinator::*)();
 
-    void openDisplay(const WorkspaceStore &store, AppAppearance appearance, QScreen *screen);
+    void openDisplay(const WorkspaceStore &store, AppAppearance appearance,
+                     const PlacedScreen &screen);
     void adopt(Output &output, OutputWindow *window, Signal changed);
     void release(Output &output, Signal changed);
+    PlacedScreen displayScreen() const;
+    void cover(QWidget &window, const PlacedScreen &target) const;
     void followScreens();
-    void followScreen(const QScreen *screen) const;
-    void settleDisplay();
-    void closeDisplayAndWait();
-    QRect operatorScreen() const;
+    void comeBack();
+    QRect operatorScreen(const QList<QRect> &screens) const;
     void applyScheme();
 
     const SystemColorScheme &m_systemScheme;
     PictureCache &m_pictures;
+    ScreenWatch m_screens;
     AppAppearance m_appearance = AppAppearance::system;
     QPointer<const QWidget> m_operatorWindow;
     Output m_display;

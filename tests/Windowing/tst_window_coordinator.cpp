@@ -187,6 +187,16 @@ private slots:
         QCOMPARE(order.windows.constFirst(), world.windows.displayWindow());
     }
 
+    void aClickGivesAnOutputWindowTheKeyboard()
+    {
+        WindowingWorld world;
+        world.openDisplay();
+        world.openStage();
+        QTRY_COMPARE(QApplication::activeWindow(), world.windows.stageWindow());
+        QTest::mouseClick(world.windows.displayWindow(), Qt::LeftButton);
+        QTRY_COMPARE(QApplication::activeWindow(), world.windows.displayWindow());
+    }
+
     void theWindowsGoWithTheCoordinator()
     {
         QPointer<OutputWindow> display;

@@ -67,14 +67,15 @@ class Program:
         return self.status()
 
     def windows(self):
-        """The shown windows: title by X window id."""
-        # Before the first window there ever was, the list is missing, which is an error to wmctrl.
-        lines = self.server.run("wmctrl", "-l", check=False).decode().splitlines()
-        found = {}
-        for line in lines:
-            window, _, _, *title = line.split(maxsplit=3)
-            found[window] = title[0] if title else ""
-        return found
+        """The shown windows that have a title, by X window id, managed or not."""
+        search = None
+        # A window that goes meanwhile ends a search before it has found the rest.
+        while search is None or b"BadWindow" in search.stderr:
+            search = self.server.ask("xdotool", "search", "--onlyvisible", "--name", ".")
+        # What is found may go before it is asked for its title.
+        titles = {window: self.server.ask("xdotool", "getwindowname", window).stdout
+                  for window in search.stdout.decode().split()}
+        return {window: title.decode().strip() for window, title in titles.items() if title}
 
     def window(self, title):
         """The id of the shown window whose whole title matches, None when there is none."""
@@ -100,7 +101,7 @@ class Program:
 
     def focused_title(self):
         """Empty while the keyboard passes from one window to the next."""
-        title = self.server.run("xdotool", "getactivewindow", "getwindowname", check=False)
+        title = self.server.ask("xdotool", "getwindowfocus", "-f", "getwindowname").stdout
         return title.decode().strip()
 
     def focus(self, title):
@@ -109,7 +110,11 @@ class Program:
         def has_focus():
             if re.fullmatch(title, self.focused_title()):
                 return True
-            self.server.run("xdotool", "windowactivate", self.wait_for_window(title), check=False)
+            window = self.wait_for_window(title)
+            # Only a click reaches a window that the window manager does not know.
+            ask = (["mousemove", "--window", window, "200", "200", "click", "1",
+                    "mousemove", "restore"] if title == DISPLAY else ["windowactivate", window])
+            self.server.ask("xdotool", *ask)
             return False
 
         wait_until(has_focus, f"{title} to have the focus")

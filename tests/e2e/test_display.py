@@ -53,6 +53,16 @@ class Display(TwoScreenCase):
         self.assertEqual(program.area(DISPLAY), FIRST_SCREEN)
         self.see_slide(0, FIRST_SCREEN)
 
+    def test_closed_by_the_desktop_on_the_only_screen_it_leaves_the_program_running(self):
+        self.server.unplug_second_screen()
+        self.addCleanup(self.server.plug_second_screen)
+        program = self.start_show()
+        program.open_display()
+        program.close_window(DISPLAY)
+        program.wait_for_no_window(DISPLAY)
+        program.open_display()
+        self.assertIsNone(program.status())
+
     def test_opened_again_it_covers_the_screen_plugged_in_meanwhile(self):
         self.server.unplug_second_screen()
         self.addCleanup(self.server.plug_second_screen)

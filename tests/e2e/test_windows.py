@@ -36,14 +36,6 @@ class Windows(ShowCase):
         self.assertEqual(program.wait_for_end(), 0, program.output())
         self.assertEqual(program.windows(), {})
 
-    def test_closing_an_output_window_leaves_the_program_running(self):
-        program = self.start_show()
-        program.open_display()
-        program.close_window(DISPLAY)
-        program.wait_for_no_window(DISPLAY)
-        program.open_display()
-        self.assertIsNone(program.status())
-
     def test_the_start_panel_opens_over_the_operator_window_and_escape_closes_it(self):
         program = self.start_show()
         program.focus(OPERATOR)

@@ -91,12 +91,19 @@ class XServer:
         return variables | {"DISPLAY": self.display, "QT_QPA_PLATFORM": "xcb",
                             "LC_ALL": "C.UTF-8"}
 
-    def plug_second_screen(self, size=(SCREEN_WIDTH, SCREEN_HEIGHT)):
-        """Turns the second screen on beside the first, or changes its resolution."""
-        self._plug("DUMMY1", size, "--right-of", "DUMMY0")
+    def plug_second_screen(self, size=(SCREEN_WIDTH, SCREEN_HEIGHT), x=SCREEN_WIDTH, y=0):
+        """Turns the second screen on, beside the first; or moves it, or changes its resolution."""
+        self._plug("DUMMY1", size, "--pos", f"{x}x{y}")
 
     def unplug_second_screen(self):
         self._xrandr("--output", "DUMMY1", "--off")
+
+    def plug_first_screen(self):
+        self._plug("DUMMY0", (SCREEN_WIDTH, SCREEN_HEIGHT), "--pos", "0x0")
+
+    def unplug_first_screen(self):
+        """Leaves the second screen alone, at the first one's place."""
+        self._xrandr("--output", "DUMMY0", "--off")
 
     def mirror_first_screen(self):
         """Has the second screen show what the first shows."""
@@ -108,10 +115,15 @@ class XServer:
     def unplug_third_screen(self):
         self._xrandr("--output", "DUMMY2", "--off")
 
-    def run(self, *command, check=True):
-        """The bytes that a client of this server prints."""
-        return subprocess.run(command, env=self.environment, check=check,
-                              capture_output=True).stdout
+    def ask(self, *command):
+        """What a client of this server prints and how it ends."""
+        return subprocess.run(command, env=self.environment, check=False, capture_output=True)
+
+    def run(self, *command):
+        """The bytes that a client of this server prints, which must succeed."""
+        answer = self.ask(*command)
+        answer.check_returncode()
+        return answer.stdout
 
     def picture(self, area):
         """The colours shown in a (width, height, x, y) of the root window, as RGB bytes."""
@@ -143,7 +155,7 @@ class XServer:
     def _start_window_manager(self):
         environment = self.environment | {"HOME": self._folder.name}
         self._processes.append(Process(["openbox"], env=environment))
-        wait_until(lambda: b"Name: Openbox" in self.run("wmctrl", "-m", check=False),
+        wait_until(lambda: b"Name: Openbox" in self.ask("wmctrl", "-m").stdout,
                    "openbox to come up")
         # Windows are placed on the screen with the pointer.
         self.run("xdotool", "mousemove", "100", "1000")

@@ -1,0 +1,157 @@
+#include "ScreenWatch.h"
+
+#include <QGuiApplication>
+#include <QHash>
+#include <QScreen>
+
+#include <algorithm>
+#include <cstdlib>
+#include <memory>
+#include <utility>
+
+#if QT_CONFIG(xcb)
+#include <xcb/randr.h>
+#endif
+
+namespace quenara {
+
+namespace {
+
+/// Frames in the server's pixels by the names that the toolkit knows the screens by.
+using Monitors = QHash<QString, QRect>;
+
+#if QT_CONFIG(xcb)
+
+/// Answers of the server are freed as C allocated them.
+struct Free
+{
+    void operator()(void *answer) const { std::free(answer); }
+};
+template<typename Answer>
+using Owned = std::unique_ptr<Answer, Free>;
+
+xcb_connection_t *xServer()
+{
+    const auto *x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
+    return x11 ? x11->connection() : nullptr;
+}
+
+QString nameOf(xcb_connection_t *server, xcb_atom_t atom)
+{
+    const Owned<xcb_get_atom_name_reply_t> answer(
+        xcb_get_atom_name_reply(server, xcb_get_atom_name(server, atom), nullptr));
+    return answer ? QString::fromUtf8(xcb_get_atom_name_name(answer.get()),
+                                      xcb_get_atom_name_name_length(answer.get()))
+                  : QString();
+}
+
+/// Nothing without a server, or from one that is too old to tell.
+Monitors monitorsOf(xcb_connection_t *server)
+{
+    Monitors monitors;
+    if (!server || !xcb_get_extension_data(server, &xcb_randr_id)->present)
+        return monitors;
+    for (auto root = xcb_setup_roots_iterator(xcb_get_setup(server)); root.rem;
+         xcb_screen_next(&root)) {
+        const Owned<xcb_randr_get_monitors_reply_t> answer(xcb_randr_get_monitors_reply(
+            server, xcb_randr_get_monitors(server, root.data->root, true), nullptr));
+        if (!answer)
+            continue;
+        for (auto monitor = xcb_randr_get_monitors_monitors_iterator(answer.get()); monitor.rem;
+             xcb_randr_monitor_info_next(&monitor)) {
+            const xcb_randr_monitor_info_t &info = *monitor.data;
+            monitors.insert(nameOf(server, info.name),
+                            QRect(info.x, info.y, info.width, info.height));
+        }
+    }
+    return monitors;
+}
+
+bool isAboutScreens(xcb_connection_t *server, const void *message)
+{
+    constexpr int sentByClient = 0x80;
+    const auto &event = *static_cast<const xcb_generic_event_t *>(message);
+    const xcb_query_extension_reply_t &randr = *xcb_get_extension_data(server, &xcb_randr_id);
+    const int type = (event.response_type & ~sentByClient) - randr.first_event;
+    return randr.present && (type == XCB_RANDR_SCREEN_CHANGE_NOTIFY || type == XCB_RANDR_NOTIFY);
+}
+
+#else
+
+xcb_connection_t *xServer()
+{
+    return nullptr;
+}
+
+Monitors monitorsOf(xcb_connection_t * /*server*/)
+{
+    return {};
+}
+
+bool isAboutScreens(xcb_connection_t * /*server*/, const void * /*message*/)
+{
+    return false;
+}
+
+#endif
+
+} // namespace
+
+ScreenWatch::ScreenWatch(QObject *parent) : QObject(parent), m_server(xServer())
+{
+    const QList<QScreen *> screens = QGuiApplication::screens();
+    std::for_each(screens.cbegin(), screens.cend(), [this](QScreen *screen) { follow(screen); });
+    connect(qApp, &QGuiApplication::screenAdded, this, [this](const QScreen *screen) {
+        follow(screen);
+        emit changed();
+    });
+    connect(qApp, &QGuiApplication::screenRemoved, this, &ScreenWatch::changed);
+    if (m_server)
+        qApp->installNativeEventFilter(this);
+}
+
+QList<PlacedScreen> ScreenWatch::screens() const
+{
+    const Monitors monitors = monitorsOf(m_server);
+    const QList<QScreen *> screens = QGuiApplication::screens();
+    QList<PlacedScreen> placed;
+    for (QScreen *screen : screens) {
+        const auto monitor = monitors.constFind(screen->name());
+        if (monitor != monitors.cend()) {
+            const QSize size = monitor->size() / screen->devicePixelRatio();
+            placed.append({screen, QRect(monitor->topLeft(), size)});
+        } else if (monitors.isEmpty()) {
+            placed.append({screen, screen->geometry()});
+        }
+    }
+    return placed;
+}
+
+bool ScreenWatch::nativeEventFilter(const QByteArray & /*type*/, void *message,
+                                    qintptr * /*result*/)
+{
+    if (isAboutScreens(m_server, message))
+        tellSoon();
+    return false;
+}
+
+void ScreenWatch::follow(const QScreen *screen) const
+{
+    connect(screen, &QScreen::geometryChanged, this, &ScreenWatch::changed);
+}
+
+/// Once for a burst of events, and after the toolkit has had them.
+void ScreenWatch::tellSoon()
+{
+    if (std::exchange(m_isTelling, true))
+        return;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            m_isTelling = false;
+            emit changed();
+        },
+        Qt::QueuedConnection);
+}
+
+} // namespace quenara

@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QAbstractNativeEventFilter>
+#include <QList>
+#include <QObject>
+#include <QRect>
+
+class QScreen;
+struct xcb_connection_t;
+
+namespace quenara {
+
+/// A screen where it is, in device-independent pixels.
+struct PlacedScreen
+{
+    QScreen *screen = nullptr;
+    QRect frame;
+};
+
+/// Where the screens are, and when that changes. An X server is asked itself: the toolkit misses
+/// changes of resolution there, and screens that begin or cease to mirror another.
+class ScreenWatch : public QObject, private QAbstractNativeEventFilter
+{
+    Q_OBJECT
+
+public:
+    explicit ScreenWatch(QObject *parent = nullptr);
+
+    /// In the platform's order, the primary one first. A screen that is gone is not in it, even if
+    /// the toolkit has not heard of that yet.
+    QList<PlacedScreen> screens() const;
+
+    /// Whether windows can do without a window manager.
+    bool isX11() const { return m_server; }
+
+signals:
+    /// A screen came, went or changed. Of one that goes it is told before the toolkit moves its
+    /// windows.
+    void changed();
+
+private:
+    bool nativeEventFilter(const QByteArray &type, void *message, qintptr *result) override;
+    void follow(const QScreen *screen) const;
+    void tellSoon();
+
+    xcb_connection_t *m_server; ///< null on other platforms
+    bool m_isTelling = false;
+};
+
+} // namespace quenara
