@@ -376,7 +376,7 @@ private slots:
         const QWidget *focused = inspected.view.focusWidget();
         const QString before = inspected.shown();
         if (auto *field = qobject_cast<QLineEdit *>(&inspected.target)) {
-            QTest::keyClicks(field, u"12"_s);
+            QTest::keyClicks(field, u"99"_s);
             QVERIFY(inspected.shown() != before);
         }
         const ZelvoProject written = inspected.store.project();

@@ -393,6 +393,14 @@ private slots:
         QCOMPARE(inspector.undoSteps(), 1);
     }
 
+    void withoutASlideTheImageButtonAsksForNothing()
+    {
+        Inspector inspector;
+        inspector.store.newBlankProject();
+        inspector.press(u"Choose Image..."_s);
+        QVERIFY(inspector.world.panels.asked.isEmpty());
+    }
+
     void theShadowIsSwitchedOnAsTheSoftOne()
     {
         const Inspector inspector;
