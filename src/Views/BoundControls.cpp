@@ -85,10 +85,11 @@ void BoundControls::bind(Picker &picker, const Binding<QString> &binding)
         [&picker, read = binding.read] {
             const QString value = read().value_or(QString());
             const int index = picker.findData(value);
-            if (index >= 0)
+            if (index >= 0) {
                 picker.setCurrentIndex(index);
-            else
+            } else {
                 picker.showOther(value);
+            }
         });
 }
 

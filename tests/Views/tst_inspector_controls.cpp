@@ -256,21 +256,23 @@ struct Inspected : InspectorWorld
     void changeInTheStore()
     {
         SlideElement layer = store.selectedElement().value_or(SlideElement());
-        if (row.about == Row::About::slide)
+        if (row.about == Row::About::slide) {
             store.updateSelectedSlide([&](Slide &slide) { row.change(slide, layer); });
-        else
+        } else {
             store.updateSelectedElement([&](SlideElement &selected) {
                 Slide slide;
                 row.change(slide, selected);
             });
+        }
     }
 
     void selectAnother()
     {
-        if (row.about == Row::About::slide)
+        if (row.about == Row::About::slide) {
             store.selectSlide(u"A2"_s, true);
-        else
+        } else {
             store.selectElement(*store.selectedElementID() + u".unlike"_s);
+        }
     }
 };
 
@@ -376,7 +378,7 @@ private slots:
         const QWidget *focused = inspected.view.focusWidget();
         const QString before = inspected.shown();
         if (auto *field = qobject_cast<QLineEdit *>(&inspected.target)) {
-            QTest::keyClicks(field, u"12"_s);
+            QTest::keyClicks(field, u"99"_s);
             QVERIFY(inspected.shown() != before);
         }
         const ZelvoProject written = inspected.store.project();

@@ -109,9 +109,10 @@ private slots:
                                  u"Font"_s,           u"Weight"_s, u"Text Color"_s,
                                  u"Alignment"_s,      u"Line"_s,   u"Tracking"_s,
                                  u"Uppercase"_s};
-        for (qsizetype i = 1; i < labels.size(); ++i)
+        for (qsizetype i = 1; i < labels.size(); ++i) {
             QVERIFY2(inspector.topOf(labels.at(i - 1)) < inspector.topOf(labels.at(i)),
                      qPrintable(labels.at(i)));
+        }
     }
 
     void everyControlHasANameOfItsOwn()
@@ -391,6 +392,14 @@ private slots:
         QCOMPARE(inspector.slide().design.background.image->name, u"red.png"_s);
         QCOMPARE(inspector.control<Picker>(u"Type"_s).currentText(), u"image"_s);
         QCOMPARE(inspector.undoSteps(), 1);
+    }
+
+    void withoutASlideTheImageButtonAsksForNothing()
+    {
+        Inspector inspector;
+        inspector.store.newBlankProject();
+        inspector.press(u"Choose Image..."_s);
+        QVERIFY(inspector.world.panels.asked.isEmpty());
     }
 
     void theShadowIsSwitchedOnAsTheSoftOne()

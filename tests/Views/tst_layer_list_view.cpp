@@ -102,9 +102,15 @@ private slots:
 
     void layersOfOneZIndexAreListedInTheOrderOfTheDesign()
     {
-        const LayerList list(showWith(
-            {layerAt(u"a"_s, 1), layerAt(u"b"_s, 1), layerAt(u"top"_s, 2), layerAt(u"c"_s, 1)}));
-        QCOMPARE(list.ids(), (QStringList{u"top"_s, u"a"_s, u"b"_s, u"c"_s}));
+        QList<SlideElement> layers;
+        QStringList above;
+        QStringList below;
+        for (int i = 0; i < 40; ++i) {
+            layers.append(layerAt(QString::number(i), i % 2));
+            (i % 2 ? above : below).append(QString::number(i));
+        }
+        const LayerList list(showWith(layers));
+        QCOMPARE(list.ids(), above + below);
     }
 
     void clickingARowSelectsItsLayerAndChangesNothingElse()

@@ -71,6 +71,7 @@ private slots:
         window.resize(900, 800);
         Preview preview;
         const QImage alone = preview.picture();
+        window.setPalette(preview.view.palette());
         preview.view.setParent(&window);
         for (const QPoint &place : {QPoint(0, 0), QPoint(13, 271), QPoint(400, 500)}) {
             preview.view.move(place);

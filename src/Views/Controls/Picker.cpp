@@ -53,10 +53,11 @@ void Picker::keyPressEvent(QKeyEvent *event)
     // Any other would choose unseen.
     const bool opensTheList = event->key() == Qt::Key_F4
         || (event->key() == Qt::Key_Down && event->modifiers().testFlag(Qt::AltModifier));
-    if (opensTheList)
+    if (opensTheList) {
         QComboBox::keyPressEvent(event);
-    else
+    } else {
         event->ignore();
+    }
 }
 
 void Picker::wheelEvent(QWheelEvent *event)
