@@ -16,7 +16,8 @@ namespace {
 
 constexpr int previewWidth = 190;
 constexpr QSize pictureSize{178, 100};
-constexpr int captionHeight = 12;
+constexpr int captionHeight = 14;
+constexpr int pictureGap = 4;
 constexpr int captionSpacing = 6;
 constexpr int dotSize = 6;
 constexpr double cornerRadius = 6;
@@ -30,7 +31,7 @@ TransportPreview::TransportPreview(const QString &title, QColor ZelvoTheme::*acc
       m_slideTitle(new ElidedLabel(QStringLiteral("previewTitle"))),
       m_picture(new SlideView(pictures))
 {
-    setFixedWidth(previewWidth);
+    setFixedSize(previewWidth, captionHeight + pictureGap + pictureSize.height());
     m_picture->setFixedSize(pictureSize);
     m_picture->setCornerRadius(cornerRadius);
     m_picture->setOutline(accent, outlineOpacity);
@@ -45,7 +46,7 @@ TransportPreview::TransportPreview(const QString &title, QColor ZelvoTheme::*acc
     caption->addWidget(m_slideTitle, 1);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, previewWidth - pictureSize.width(), 0);
-    layout->setSpacing(0);
+    layout->setSpacing(pictureGap);
     layout->addLayout(caption);
     layout->addWidget(m_picture);
 }

@@ -29,7 +29,8 @@ TransportView::TransportView(WorkspaceStore &store, OutputSwitches &outputs, Pic
     setAttribute(Qt::WA_StyledBackground);
     setFixedHeight(barHeight);
     auto *layout = new QHBoxLayout(this);
-    layout->setContentsMargins(padding, padding, padding, padding);
+    // Above and below, what is highest takes the room it needs.
+    layout->setContentsMargins(padding, 0, padding, 0);
     layout->setSpacing(groupSpacing);
     layout->addWidget(m_queued);
     layout->addWidget(m_live);
