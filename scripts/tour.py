@@ -14,12 +14,17 @@ sys.dont_write_bytecode = True
 
 from processes import wait_until  # noqa: E402
 from program import (  # noqa: E402
-    ALERT, DISPLAY, OPERATOR, SETTINGS, STAGE, START_PANEL, Program)
+    ALERT, DISPLAY, OPERATOR, PASTE_SONG, SETTINGS, SLIDE_TITLE, SONG_IMPORT, STAGE, START_PANEL,
+    Program)
 from xserver import XServer  # noqa: E402
 
 # From the start panel's first button to its third, and that pressed.
 OPEN_DEMO = ["Tab", "Tab", "space"]
 EMPTY_TITLE = "Untitled Quenara — Quenara"
+
+OPENING_SIZE = (1480, 900)
+# The smallest with its menu bar, that which it opens with, and the largest of the virtual screen.
+SIZES = ((1180, 790), OPENING_SIZE, (1910, 1040))
 
 
 class Tour:
@@ -81,10 +86,29 @@ class Tour:
         program.press("Escape")
         program.wait_for_no_window(SETTINGS)
 
+    def see_operator(self, name):
+        """The operator window at three sizes, with a layer selected, with its text being edited."""
+        program = self._program
+        for size in SIZES:
+            program.resize(OPERATOR, *size)
+            self.shoot(OPERATOR, f"{name}-{size[0]}")
+        program.resize(OPERATOR, *OPENING_SIZE)
+        program.click(*SLIDE_TITLE)
+        self.shoot(OPERATOR, f"{name}-layer")
+        program.click(*SLIDE_TITLE, times=2)
+        self.shoot(OPERATOR, f"{name}-editing")
+        program.press("Escape")
+
+    def see_song_import(self, name):
+        program = self._program
+        program.click(*PASTE_SONG)
+        self.shoot(SONG_IMPORT, name)
+        program.press("Escape")
+        program.wait_for_no_window(SONG_IMPORT)
+
     def hold_the_service(self):
         program = self._program
         program.focus(OPERATOR)
-        self.shoot(OPERATOR, "operator")
         program.press("Down", "Return", "Right")
         self.shoot(OPERATOR, "operator-live")
         program.open_stage()
@@ -115,13 +139,16 @@ def show_around(server, executable, folder, files):
         tour.wait_for_document(files)
         tour.meet_start_panel("start-panel", files)
         tour.see_settings("settings")
+        tour.see_operator("operator")
+        tour.see_song_import("song-import")
         tour.hold_the_service()
     program, tour = start(server, executable, folder, files, "dark")
     with program:
         tour.wait_for_document(files)
         tour.meet_start_panel("start-panel-dark", files)
         tour.see_settings("settings-dark")
-        tour.shoot(OPERATOR, "operator-dark")
+        tour.see_operator("operator-dark")
+        tour.see_song_import("song-import-dark")
         program.open_stage()
         tour.shoot(STAGE, "stage-dark")
 

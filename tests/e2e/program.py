@@ -12,9 +12,14 @@ START_PANEL = ALERT = "Quenara"
 DISPLAY = "Quenara Display"
 STAGE = "Quenara Stage"
 SETTINGS = "Quenara Settings"
+SONG_IMPORT = "Paste Song Lyrics"
 
 # A place inside the project name's field, in the operator window's content.
 PROJECT_NAME = (100, 52)
+# Likewise, at the size it opens with: what offers to paste a song, the title of the demo service's
+# first slide.
+PASTE_SONG = (150, 104)
+SLIDE_TITLE = (712, 384)
 
 # What the toolkit and the system's libraries keep until the end of the process is not ours to free.
 SANITIZER_OPTIONS = "detect_leaks=0"
@@ -145,14 +150,24 @@ class Program:
         self.server.run("xdotool", "mousemove", "--window", self.wait_for_window(title), str(x),
                         str(y))
 
+    def click(self, x, y, times=1):
+        """Clicks a place of the operator window's content."""
+        self.point_at(OPERATOR, x, y)
+        self.server.run("xdotool", "click", "--repeat", str(times), "--delay", "50", "1")
+
     def click_project_name(self):
-        self.point_at(OPERATOR, *PROJECT_NAME)
-        self.server.run("xdotool", "click", "1")
+        self.click(*PROJECT_NAME)
 
     def move(self, title, x, y):
         """Moves a window's content to a place of the desktop."""
         self.server.run("xdotool", "windowmove", self.wait_for_window(title), str(x), str(y))
         wait_until(lambda: self.area(title)[2] >= x, f"{title} to move")
+
+    def resize(self, title, width, height):
+        """Gives a window's content a size."""
+        self.server.run("xdotool", "windowsize", self.wait_for_window(title), str(width),
+                        str(height))
+        wait_until(lambda: self.area(title)[:2] == (width, height), f"{title} to be resized")
 
     def choose(self, menu_key, downs):
         """Chooses an item of a menu of the operator window by its place below the first."""
