@@ -3,6 +3,7 @@
 #include "ShortcutGuard.h"
 #include "WindowingWorld.h"
 
+#include <QAbstractButton>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -259,6 +260,27 @@ private slots:
         Program::press(program.operatorWindow, Qt::Key_Return);
         QCOMPARE(program.store.project().name, QStringLiteral("bl  b"));
         QCOMPARE(program.live(), 0);
+    }
+
+    void aButtonReachedByTabIsPressedByControlAndSpace()
+    {
+        Program program;
+        program.store.loadDemoProject();
+        const QList<QAbstractButton *> buttons =
+            program.operatorWindow.findChildren<QAbstractButton *>();
+        const auto queueNext =
+            std::find_if(buttons.begin(), buttons.end(), [](const QAbstractButton *button) {
+                return button->accessibleName() == QStringLiteral("Queue Next");
+            });
+        QVERIFY(queueNext != buttons.end());
+        (*queueNext)->setFocus(Qt::TabFocusReason);
+        const qsizetype queued = program.queued();
+        QTest::keyClick(program.operatorWindow.windowHandle(), Qt::Key_Space, Qt::ControlModifier);
+        QCOMPARE(program.queued(), queued + 1);
+        QCOMPARE(program.live(), queued);
+        program.press(program.operatorWindow, Qt::Key_Space);
+        QCOMPARE(program.queued(), queued + 1);
+        QCOMPARE(program.live(), queued + 1);
     }
 
     void anEditorOfSeveralLinesKeepsItsKeys()
