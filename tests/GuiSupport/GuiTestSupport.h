@@ -21,6 +21,17 @@ private slots:
 /// Gives the application the program's fonts and style.
 void setUpApplication();
 
+/// The first part of \a parent with that accessible name, which must be there.
+template<class Widget>
+Widget &named(const QWidget &parent, const QString &name)
+{
+    for (Widget *candidate : parent.findChildren<Widget *>()) {
+        if (candidate->accessibleName() == name)
+            return *candidate;
+    }
+    qFatal("there is no \"%s\"", qPrintable(name));
+}
+
 /// What the view paints on magenta, which shows wherever it paints nothing.
 QImage rendered(const SlideRendererView &view, const QSize &size, double devicePixelRatio = 1);
 

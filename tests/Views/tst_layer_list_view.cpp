@@ -71,11 +71,7 @@ struct LayerList : InspectorWorld
 
     void pressOn(const QString &id, const QString &button) const
     {
-        for (SymbolButton *candidate : row(id).findChildren<SymbolButton *>()) {
-            if (candidate->accessibleName() == button)
-                return QTest::mouseClick(candidate, Qt::LeftButton);
-        }
-        qFatal("there is no button \"%s\"", qPrintable(button));
+        QTest::mouseClick(&named<SymbolButton>(row(id), button), Qt::LeftButton);
     }
 
     SlideElement layer(const QString &id) const

@@ -16,14 +16,7 @@ struct Transport : OperatorWorld
 {
     using OperatorWorld::OperatorWorld;
 
-    const SlideView *picture(const QString &name) const
-    {
-        for (const SlideView *picture : view.findChildren<SlideView *>()) {
-            if (picture->accessibleName() == name)
-                return picture;
-        }
-        qFatal("there is no picture \"%s\"", qPrintable(name));
-    }
+    const SlideView *picture(const QString &name) const { return &named<SlideView>(view, name); }
 
     /// The captions of the queued and the live preview.
     QStringList captions() const

@@ -266,14 +266,8 @@ private slots:
     {
         Program program;
         program.store.loadDemoProject();
-        const QList<QAbstractButton *> buttons =
-            program.operatorWindow.findChildren<QAbstractButton *>();
-        const auto queueNext =
-            std::find_if(buttons.begin(), buttons.end(), [](const QAbstractButton *button) {
-                return button->accessibleName() == QStringLiteral("Queue Next");
-            });
-        QVERIFY(queueNext != buttons.end());
-        (*queueNext)->setFocus(Qt::TabFocusReason);
+        named<QAbstractButton>(program.operatorWindow, QStringLiteral("Queue Next"))
+            .setFocus(Qt::TabFocusReason);
         const qsizetype queued = program.queued();
         QTest::keyClick(program.operatorWindow.windowHandle(), Qt::Key_Space, Qt::ControlModifier);
         QCOMPARE(program.queued(), queued + 1);
