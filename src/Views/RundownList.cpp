@@ -8,6 +8,8 @@
 #include <QContextMenuEvent>
 #include <QMenu>
 
+#include <functional>
+
 namespace quenara {
 
 namespace {
@@ -78,7 +80,7 @@ void RundownList::contextMenuEvent(QContextMenuEvent *event)
     const auto withSlide = [this, id](void (WorkspaceStore::*operation)()) {
         return [this, id, operation] {
             m_store.selectSlide(id, true);
-            (m_store.*operation)();
+            std::invoke(operation, m_store);
         };
     };
     auto *menu = new QMenu(this);

@@ -61,7 +61,7 @@ private:
                                   return place ? std::optional(*place) : std::nullopt;
                               },
                               [this, field, update](const Value &value) {
-                                  (m_store.*update)([&](Record &edited) {
+                                  std::invoke(update, m_store, [&](Record &edited) {
                                       if (Value *place = field(edited))
                                           *place = value;
                                   });

@@ -31,10 +31,27 @@ QStringList nameFilters(const FilePanel &panel)
     return filters;
 }
 
+/// The field of the toolkit's own dialog; null in a platform's.
+QLineEdit *nameField(const QFileDialog &dialog)
+{
+    return dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+}
+
+/// In the toolkit's own dialog a selected file of the folder would take the place of what is typed
+/// before the folder has been read.
+void proposeName(QFileDialog &dialog, const QString &name)
+{
+    if (QLineEdit *field = nameField(dialog)) {
+        field->setText(name);
+    } else {
+        dialog.selectFile(name);
+    }
+}
+
 /// The toolkit's own dialog takes quotes for those of a list of names; one file is meant.
 QString chosenFile(const QFileDialog &dialog)
 {
-    const auto *field = dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
+    const QLineEdit *field = nameField(dialog);
     return field && field->text().contains(QLatin1Char('"'))
         ? dialog.directory().filePath(field->text())
         : dialog.selectedFiles().constFirst();
@@ -82,7 +99,7 @@ std::optional<QString> FileDialogRunner::chosenPath(const FilePanel &panel)
     // The dialog would ask about the name before the suffix is added to it.
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     if (!panel.fileName.isEmpty())
-        dialog.selectFile(fileNameFrom(panel.fileName));
+        proposeName(dialog, fileNameFrom(panel.fileName));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return std::nullopt;
     const QString path = chosenFile(dialog);
