@@ -37,24 +37,16 @@ QLineEdit *nameField(const QFileDialog &dialog)
     return dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
 }
 
-/// In the toolkit's own dialog a selected file of the folder would take the place of what is typed
-/// before the folder has been read.
-void proposeName(QFileDialog &dialog, const QString &name)
-{
-    if (QLineEdit *field = nameField(dialog)) {
-        field->setText(name);
-    } else {
-        dialog.selectFile(name);
-    }
-}
-
-/// The toolkit's own dialog takes quotes for those of a list of names; one file is meant.
+/// The name that is read in the dialog. The toolkit's own one would rather give a file that became
+/// selected when the folder had been read, and takes quotes for those of a list of names.
 QString chosenFile(const QFileDialog &dialog)
 {
     const QLineEdit *field = nameField(dialog);
-    return field && field->text().contains(QLatin1Char('"'))
-        ? dialog.directory().filePath(field->text())
-        : dialog.selectedFiles().constFirst();
+    if (!field || field->text().isEmpty())
+        return dialog.selectedFiles().constFirst();
+    const QString name = field->text();
+    return name.startsWith(QStringLiteral("~/")) ? QDir::home().filePath(name.sliced(2))
+                                                 : dialog.directory().filePath(name);
 }
 
 } // namespace
@@ -99,7 +91,7 @@ std::optional<QString> FileDialogRunner::chosenPath(const FilePanel &panel)
     // The dialog would ask about the name before the suffix is added to it.
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
     if (!panel.fileName.isEmpty())
-        proposeName(dialog, fileNameFrom(panel.fileName));
+        dialog.selectFile(fileNameFrom(panel.fileName));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return std::nullopt;
     const QString path = chosenFile(dialog);
