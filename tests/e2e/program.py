@@ -97,7 +97,7 @@ class Program:
 
     def focused_window(self):
         """Empty while the keyboard passes from one window to the next."""
-        return self.server.run("xdotool", "getactivewindow", check=False).decode().strip()
+        return self.server.ask("xdotool", "getactivewindow").stdout.decode().strip()
 
     def focused_title(self):
         """Empty while the keyboard passes from one window to the next."""
