@@ -23,7 +23,8 @@ SANITIZER_OPTIONS = "detect_leaks=0"
 class Program:
     """A running program with a home of its own; a context manager that ends it."""
 
-    def __init__(self, server, executable, *arguments, folder=None, preferences=""):
+    def __init__(self, server, executable, *arguments, folder=None, preferences="",
+                 environment=None):
         self.server = server
         self._home = tempfile.TemporaryDirectory(prefix="quenara-home-")
         home = Path(self._home.name)
@@ -40,7 +41,7 @@ class Program:
             "XDG_RUNTIME_DIR": str(runtime),
             "DBUS_SESSION_BUS_ADDRESS": "disabled:",
             "ASAN_OPTIONS": SANITIZER_OPTIONS,
-        }
+        } | (environment or {})
         self._process = Process([str(executable), *map(str, arguments)], cwd=folder or home,
                                 env=self._environment)
 

@@ -1,48 +1,16 @@
 """Documents by the windows alone: opened, changed, saved, and never lost by a slip."""
 
-import json
 import resource
-import shutil
-import tempfile
-from pathlib import Path
 
+from documents import SAVE_PANEL, Documents, name_in
 from processes import wait_until
 from program import ALERT, DISPLAY, OPERATOR, SETTINGS, START_PANEL
-from show_case import SHOW, ShowCase, TwoScreenCase, run
+from show_case import ShowCase, TwoScreenCase, run
 from xserver import FIRST_SCREEN
 
-SAVE_PANEL = "Save Quenara Project"
 OPEN_PANEL = "Open Quenara Project"
 # From the button that is the default to its neighbours; without a warning about the audience.
 DO_NOT_SAVE = ["Tab", "space"]
-
-
-def name_in(file):
-    return json.loads(file.read_text())["name"]
-
-
-class Documents:
-    def setUp(self):
-        folder = tempfile.TemporaryDirectory(prefix="quenara-documents-")
-        self.addCleanup(folder.cleanup)
-        self.folder = Path(folder.name)
-        self.file = self.folder / "Evening.quenara"
-        shutil.copy(SHOW, self.file)
-        self.start(self.file)
-        self.program.wait_for_window("Evening Show — Quenara")
-
-    def rename(self, name):
-        self.program.focus(OPERATOR)
-        self.program.click_project_name()
-        self.program.press("ctrl+a")
-        self.program.type(name)
-
-    def save_as(self, path):
-        self.program.press("ctrl+shift+s")
-        self.program.focus(SAVE_PANEL)
-        self.program.press("ctrl+a")
-        self.program.type(str(path))
-        self.program.press("Return")
 
 
 class OneDocument(Documents, ShowCase):
