@@ -75,6 +75,14 @@ class Thing:
         return self._accessible.get_name()
 
     @property
+    def title(self):
+        """What it is called by: its label or, without one, its name."""
+        for relation in self._accessible.get_relation_set():
+            if relation.get_relation_type() == Atspi.RelationType.LABELLED_BY:
+                return relation.get_target(0).get_name()
+        return self.name
+
+    @property
     def description(self):
         return self._accessible.get_description()
 
@@ -86,6 +94,9 @@ class Thing:
     def value(self):
         """The number that it shows."""
         return Atspi.Value.get_current_value(self._accessible)
+
+    def set_value(self, value):
+        Atspi.Value.set_current_value(self._accessible, value)
 
     @property
     def text(self):

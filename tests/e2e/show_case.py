@@ -133,10 +133,10 @@ class ReadCase(TwoScreenCase):
                 yield from shown.shown()
 
     def thing(self, name, role=None, window=OPERATOR):
-        """What is to be used of that name and role, once it is there."""
+        """What is to be used of that title and role, once it is there."""
         def found():
-            return next((thing for thing in self.shown(window) if thing.name == name
-                         and thing.has("FOCUSABLE") and role in (None, thing.role)), None)
+            return next((thing for thing in self.shown(window) if thing.has("FOCUSABLE")
+                         and role in (None, thing.role) and thing.title == name), None)
 
         return wait_until(found, f"{role or 'something'} named {name}")
 
