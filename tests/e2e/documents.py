@@ -8,8 +8,6 @@ from pathlib import Path
 from program import OPERATOR
 from show_case import SHOW
 
-SAVE_PANEL = "Save Quenara Project"
-
 
 def document_in(file):
     return json.loads(file.read_text())
@@ -36,10 +34,3 @@ class Documents:
         self.program.click_project_name()
         self.program.press("ctrl+a")
         self.program.type(name)
-
-    def save_as(self, path):
-        self.program.press("ctrl+shift+s")
-        self.program.focus(SAVE_PANEL)
-        self.program.press("ctrl+a")
-        self.program.type(str(path))
-        self.program.press("Return")

@@ -12,6 +12,7 @@ START_PANEL = ALERT = "Quenara"
 DISPLAY = "Quenara Display"
 STAGE = "Quenara Stage"
 SETTINGS = "Quenara Settings"
+SAVE_PANEL = "Save Quenara Project"
 
 # A place inside the project name's field, in the operator window's content.
 PROJECT_NAME = (100, 52)
@@ -149,6 +150,20 @@ class Program:
     def click_project_name(self):
         self.point_at(OPERATOR, *PROJECT_NAME)
         self.server.run("xdotool", "click", "1")
+
+    def save_as(self, path):
+        self.press("ctrl+shift+s")
+        self.focus(SAVE_PANEL)
+        self.press("ctrl+a")
+        self.type(str(path))
+        self.press("Return")
+
+    def resize(self, title, width, height):
+        """Moves a window to the first screen's corner and makes its content so large."""
+        window = self.wait_for_window(title)
+        self.server.run("xdotool", "windowmove", window, "0", "0",
+                        "windowsize", window, str(width), str(height))
+        wait_until(lambda: self.area(title)[:2] == (width, height), f"{title} to be resized")
 
     def move(self, title, x, y):
         """Moves a window's content to a place of the desktop."""

@@ -146,6 +146,12 @@ class ReadCase(TwoScreenCase):
         x += width // 2 if from_right is None else width - from_right
         self.server.run("xdotool", "mousemove", str(x), str(y + height // 2), "click", "1")
 
+    def menus(self):
+        """The items of each menu of the operator window, by its name."""
+        bar = next(thing for thing in self.shown() if thing.role == "menu bar")
+        return {menu.name: [item for item in menu.children[0].children
+                            if item.role == "menu item"] for menu in bar.children}
+
     def rows(self):
         """The names of the rundown's rows and what is said of each, from the top down."""
         rundown = self.thing("Rundown", "list")

@@ -74,18 +74,14 @@ class Accessibility(Documents, ReadCase):
                 known.add(told)
 
     def test_the_menus_tell_their_items_and_which_of_them_can_be_chosen(self):
-        bar = next(thing for thing in self.shown() if thing.role == "menu bar")
-        told = {menu.name: [item.name for item in menu.children[0].children
-                            if item.role == "menu item"] for menu in bar.children}
+        told = {menu: [item.name for item in items] for menu, items in self.menus().items()}
         self.assertEqual(told, MENUS)
         self.assertEqual(self.enabled_in_edit_menu(), ["Settings..."])
         self.click("Duplicate selected slide")
         wait_until(lambda: self.enabled_in_edit_menu() == ["Undo", "Settings..."], "Undo")
 
     def enabled_in_edit_menu(self):
-        bar = next(thing for thing in self.shown() if thing.role == "menu bar")
-        edit = next(menu for menu in bar.children if menu.name == "Edit")
-        return [item.name for item in edit.children[0].children if item.has("ENABLED")]
+        return [item.name for item in self.menus()["Edit"] if item.has("ENABLED")]
 
     def test_the_live_and_the_queued_row_say_so(self):
         self.assertEqual(self.rows()[:3], [

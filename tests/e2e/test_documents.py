@@ -2,9 +2,9 @@
 
 import resource
 
-from documents import SAVE_PANEL, Documents, name_in
+from documents import Documents, name_in
 from processes import wait_until
-from program import ALERT, DISPLAY, OPERATOR, SETTINGS, START_PANEL
+from program import ALERT, DISPLAY, OPERATOR, SAVE_PANEL, SETTINGS, START_PANEL
 from show_case import ShowCase, TwoScreenCase, run
 from xserver import FIRST_SCREEN
 
@@ -53,7 +53,7 @@ class OneDocument(Documents, ShowCase):
         other = self.folder / "Other.quenara"
         self.rename("Other")
         self.program.press("Return")
-        self.save_as(other)
+        self.program.save_as(other)
         self.program.wait_for_no_window(SAVE_PANEL)
         self.rename("Changed")
         self.program.press("Return", "alt+f", *["Down"] * 4, "Right", "Down", "Return")
@@ -77,20 +77,20 @@ class OneDocument(Documents, ShowCase):
     def test_a_saved_name_gets_its_suffix_and_is_asked_about_before_it_is_replaced(self):
         path = self.folder / "Copy"
         self.program.focus(OPERATOR)
-        self.save_as(path)
+        self.program.save_as(path)
         written = self.folder / "Copy.quenara"
         wait_until(written.exists, "the file to be saved")
         before = written.read_bytes()
         self.rename("Second")
         self.program.press("Return")
-        self.save_as(path)
+        self.program.save_as(path)
         self.program.answer_question("Escape")
         self.program.focus(SAVE_PANEL)
         self.program.press("Escape")
         self.program.wait_for_no_window(SAVE_PANEL)
         self.assertEqual(written.read_bytes(), before)
         self.program.focus(OPERATOR)
-        self.save_as(path)
+        self.program.save_as(path)
         self.program.answer_question("shift+Tab", "space")
         wait_until(lambda: name_in(written) == "Second", "the file to be replaced")
         self.assertFalse(path.exists())

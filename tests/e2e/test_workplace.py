@@ -1,6 +1,6 @@
 """The operator's workplace: a service prepared and run by clicks and keys."""
 
-from documents import SAVE_PANEL, Documents, document_in, name_in
+from documents import Documents, document_in, name_in
 from processes import wait_until
 from program import ALERT, OPERATOR, START_PANEL
 from show_case import ReadCase, picture_of, run
@@ -44,7 +44,7 @@ class Workplace(Documents, ReadCase):
         self.click("Display", "check box")
         saved = self.folder / "Demo.quenara"
         program.focus(OPERATOR)
-        self.save_as(saved)
+        self.program.save_as(saved)
         wait_until(saved.exists, "the demo to be saved")
         self.see(picture_of(saved, 1), "the second slide of the demo")
 
