@@ -28,7 +28,8 @@ InspectorRows::InspectorRows(QWidget *parent) : QWidget(parent), m_rows(new QVBo
 
 void InspectorRows::add(QWidget *control)
 {
-    addTitled(control->accessibleName(), control);
+    // A picker is spoken of by what it shows; only its label tells what that is.
+    addTitled(control->accessibleName(), control)->setBuddy(control);
 }
 
 void InspectorRows::addSmall(QWidget *control)
@@ -53,7 +54,7 @@ void InspectorRows::addUntitled(QWidget *row)
     m_rows->addWidget(row);
 }
 
-void InspectorRows::addTitled(const QString &title, QWidget *control)
+QLabel *InspectorRows::addTitled(const QString &title, QWidget *control)
 {
     QLabel *label = makeTitle(title);
     label->setFixedWidth(titleWidth);
@@ -64,6 +65,7 @@ void InspectorRows::addTitled(const QString &title, QWidget *control)
     layout->addWidget(label);
     layout->addWidget(control, 1);
     addUntitled(row);
+    return label;
 }
 
 QWidget *besideEachOther(const QWidgetList &widgets, int gap)

@@ -2,6 +2,7 @@
 
 #include <QWidget>
 
+class QLabel;
 class QVBoxLayout;
 
 namespace quenara {
@@ -28,7 +29,7 @@ public:
     void addUntitled(QWidget *row);
 
 private:
-    void addTitled(const QString &title, QWidget *control);
+    QLabel *addTitled(const QString &title, QWidget *control);
 
     QVBoxLayout *m_rows;
 };

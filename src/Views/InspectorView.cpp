@@ -45,6 +45,7 @@ InspectorView::InspectorView(WorkspaceStore &store, QWidget *parent)
     : QWidget(parent), m_selection(store)
 {
     setObjectName(QStringLiteral("inspector"));
+    setAccessibleName(QStringLiteral("Inspector"));
     setAttribute(Qt::WA_StyledBackground);
     setFixedWidth(columnWidth);
     // A click beside the fields ends the typing in them.

@@ -73,6 +73,8 @@ void LayerRow::showContents()
 {
     setAccessibleName(m_contents.name);
     m_name->setText(m_contents.name);
+    m_visibility->setAccessibleDescription(m_contents.name);
+    m_lock->setAccessibleDescription(m_contents.name);
     update();
     m_visibility->setSymbol(m_contents.isVisible ? QStringLiteral("eye")
                                                  : QStringLiteral("eye.slash"),

@@ -28,6 +28,7 @@ OperatorView::OperatorView(WorkspaceStore &store, OutputSwitches &outputs, Pictu
                            const std::function<bool()> &mayReplaceDocument, QWidget *parent)
     : QWidget(parent)
 {
+    setAccessibleName(QStringLiteral("Operator"));
     setFocusPolicy(Qt::ClickFocus);
     auto *workArea = new QHBoxLayout;
     workArea->setSpacing(0);

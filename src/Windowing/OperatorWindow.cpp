@@ -69,6 +69,12 @@ OperatorWindow::OperatorWindow(WorkspaceStore &store, WindowCoordinator &windows
     showError();
 }
 
+OperatorWindow::~OperatorWindow()
+{
+    // A field that is being typed into ends that now, while there is a window to show it.
+    hide();
+}
+
 void OperatorWindow::closeEvent(QCloseEvent *event)
 {
     if (!m_guard.mayQuit()) {

@@ -26,6 +26,10 @@ class OperatorWindow : public QMainWindow
 public:
     OperatorWindow(WorkspaceStore &store, WindowCoordinator &windows, OutputSwitches &outputs,
                    DocumentGuard &guard, ZelvoCommands &commands, PictureCache &pictures);
+    ~OperatorWindow() override;
+
+    OperatorWindow(const OperatorWindow &) = delete;
+    OperatorWindow &operator=(const OperatorWindow &) = delete;
 
 protected:
     void closeEvent(QCloseEvent *event) override;

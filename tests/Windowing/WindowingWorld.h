@@ -5,6 +5,7 @@
 #include "OperatorWindow.h"
 #include "OutputToggles.h"
 #include "PictureCache.h"
+#include "SlideCanvas.h"
 #include "SystemColorScheme.h"
 #include "TestSupport.h"
 #include "WindowCoordinator.h"
@@ -45,6 +46,17 @@ struct WindowingWorld : World
 
     void openDisplay() { windows.openDisplayWindow(store, appearance.appearance()); }
     void openStage() { windows.openStageWindow(store, appearance.appearance()); }
+
+    /// Opens the text of the selected layer by a double click on the canvas in \a window.
+    void openText(const QWidget &window) const
+    {
+        auto *canvas = window.findChild<SlideCanvas *>();
+        const CanvasFrame frame = store.selectedElement()->frame;
+        const double scale = canvas->slideRect().width() / CanvasSize().width;
+        const QPointF middle = QPointF(frame.midX(), frame.midY()) * scale;
+        QTest::mouseDClick(canvas, Qt::LeftButton, Qt::NoModifier,
+                           (canvas->slideRect().topLeft() + middle).toPoint());
+    }
 };
 
 } // namespace quenara::test

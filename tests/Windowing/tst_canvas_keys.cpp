@@ -1,8 +1,6 @@
-#include "CanvasTextLayerEditor.h"
 #include "DesignCanvasView.h"
 #include "GuiTestSupport.h"
 #include "ShortcutGuard.h"
-#include "SlideCanvas.h"
 #include "WindowingWorld.h"
 
 using namespace quenara;
@@ -15,8 +13,6 @@ struct Editing : WindowingWorld
 {
     ShortcutGuard shortcutGuard;
     DesignCanvasView view{store, pictures};
-    SlideCanvas *canvas = view.findChild<SlideCanvas *>();
-    CanvasTextLayerEditor *editor = view.findChild<CanvasTextLayerEditor *>();
 
     Editing()
     {
@@ -32,12 +28,7 @@ struct Editing : WindowingWorld
         view.activateWindow();
         if (!QTest::qWaitForWindowActive(&view))
             qFatal("the view does not become active");
-        const CanvasFrame frame = store.selectedElement()->frame;
-        const QRectF slide = canvas->slideRect();
-        const QPointF middle(frame.midX() * slide.width() / 1920,
-                             frame.midY() * slide.height() / 1080);
-        QTest::mouseDClick(canvas, Qt::LeftButton, Qt::NoModifier,
-                           (slide.topLeft() + middle).toPoint());
+        openText(view);
         press(Qt::Key_End, Qt::ControlModifier);
     }
 

@@ -1,7 +1,5 @@
 #include "GuiTestSupport.h"
-#include "SettingsWindow.h"
-#include "ShortcutGuard.h"
-#include "WindowingWorld.h"
+#include "ProgramWindows.h"
 
 #include <QAbstractButton>
 #include <QLineEdit>
@@ -14,48 +12,6 @@ using namespace quenara;
 using namespace quenara::test;
 
 namespace {
-
-/// The program's windows on a demo service, its operator window active.
-struct Program : WindowingWorld
-{
-    ShortcutGuard shortcutGuard;
-    OperatorWindow operatorWindow{store, windows, outputs, guard, commands, pictures};
-    SettingsWindow settings{appearance, commands, &operatorWindow};
-
-    Program()
-    {
-        qApp->installEventFilter(&shortcutGuard);
-        operatorWindow.show();
-        activate(operatorWindow);
-    }
-
-    static void activate(QWidget &window)
-    {
-        window.activateWindow();
-        if (!QTest::qWaitForWindowActive(&window))
-            qFatal("the window does not become active");
-    }
-
-    static void press(QWidget &window, Qt::Key key)
-    {
-        // A press at the very moment of the last release would be the repeat of a held key.
-        constexpr int fingerMilliseconds = 2;
-        QTest::qWait(fingerMilliseconds);
-        QTest::keyClick(window.windowHandle(), key);
-    }
-
-    qsizetype place(const std::optional<QString> &id) const
-    {
-        const QList<FlattenedSlide> show = store.flattenedSlides();
-        for (const FlattenedSlide &slide : show) {
-            if (slide.id() == id)
-                return slide.absoluteIndex;
-        }
-        return -1;
-    }
-    qsizetype live() const { return place(store.liveSlideID()); }
-    qsizetype queued() const { return place(store.queuedSlideID()); }
-};
 
 QString menuText(const QMenu &menu)
 {
@@ -80,7 +36,7 @@ class TestZelvoCommands : public GuiTest
 private slots:
     void theMenusHoldTheirItemsInOrder()
     {
-        Program program;
+        ProgramWindows program;
         const QList<QAction *> menus = program.operatorWindow.menuBar()->actions();
         QCOMPARE(menus.size(), 5);
         QCOMPARE(
@@ -102,7 +58,7 @@ private slots:
 
     void whatThePlatformHasAPlaceForGoesThere()
     {
-        const Program program;
+        const ProgramWindows program;
         QCOMPARE(program.commands.action(Command::settings)->menuRole(), QAction::PreferencesRole);
         QCOMPARE(program.commands.action(Command::about)->menuRole(), QAction::AboutRole);
         QCOMPARE(program.commands.action(Command::quit)->menuRole(), QAction::QuitRole);
@@ -112,7 +68,7 @@ private slots:
 
     void undoAndRedoAreEnabledExactlyWhileThereIsSomethingToUndoOrRedo()
     {
-        Program program;
+        ProgramWindows program;
         const QAction *undo = program.commands.action(Command::undo);
         const QAction *redo = program.commands.action(Command::redo);
         QVERIFY(!undo->isEnabled());
@@ -128,7 +84,7 @@ private slots:
 
     void allOtherItemsAreAlwaysEnabled()
     {
-        Program program;
+        ProgramWindows program;
         program.store.newBlankProject();
         for (const MenuDescription &menu : menuDescriptions()) {
             for (const auto &group : menu.groups) {
@@ -143,7 +99,7 @@ private slots:
 
     void theWindowItemsSayWhatTheyWillDo()
     {
-        Program program;
+        ProgramWindows program;
         QAction *display = program.commands.action(Command::toggleDisplayWindow);
         QAction *stage = program.commands.action(Command::toggleStageWindow);
         display->trigger();
@@ -171,7 +127,7 @@ private slots:
     void transportKeysWorkInEveryWindow()
     {
         QFETCH(QString, window);
-        Program program;
+        ProgramWindows program;
         program.openDisplay();
         program.openStage();
         QWidget *focused = &program.operatorWindow;
@@ -187,77 +143,77 @@ private slots:
             focused = &program.settings;
             program.settings.findChild<QPushButton *>()->setFocus();
         }
-        Program::activate(*focused);
+        ProgramWindows::activate(*focused);
 
-        Program::press(*focused, Qt::Key_Right);
+        ProgramWindows::press(*focused, Qt::Key_Right);
         QCOMPARE(program.live(), 1);
-        Program::press(*focused, Qt::Key_PageDown);
+        ProgramWindows::press(*focused, Qt::Key_PageDown);
         QCOMPARE(program.live(), 2);
-        Program::press(*focused, Qt::Key_Left);
+        ProgramWindows::press(*focused, Qt::Key_Left);
         QCOMPARE(program.live(), 1);
-        Program::press(*focused, Qt::Key_PageUp);
+        ProgramWindows::press(*focused, Qt::Key_PageUp);
         QCOMPARE(program.live(), 0);
-        Program::press(*focused, Qt::Key_Down);
-        Program::press(*focused, Qt::Key_Down);
+        ProgramWindows::press(*focused, Qt::Key_Down);
+        ProgramWindows::press(*focused, Qt::Key_Down);
         QCOMPARE(program.queued(), 2);
         QCOMPARE(program.live(), 0);
-        Program::press(*focused, Qt::Key_Space);
+        ProgramWindows::press(*focused, Qt::Key_Space);
         QCOMPARE(program.live(), 2);
-        Program::press(*focused, Qt::Key_Up);
+        ProgramWindows::press(*focused, Qt::Key_Up);
         QCOMPARE(program.queued(), 1);
-        Program::press(*focused, Qt::Key_Return);
+        ProgramWindows::press(*focused, Qt::Key_Return);
         QCOMPARE(program.live(), 1);
-        Program::press(*focused, Qt::Key_B);
+        ProgramWindows::press(*focused, Qt::Key_B);
         QCOMPARE(program.store.outputMode(), OutputMode::blackout);
-        Program::press(*focused, Qt::Key_L);
+        ProgramWindows::press(*focused, Qt::Key_L);
         QCOMPARE(program.store.outputMode(), OutputMode::logo);
-        Program::press(*focused, Qt::Key_L);
+        ProgramWindows::press(*focused, Qt::Key_L);
         QCOMPARE(program.store.outputMode(), OutputMode::live);
     }
 
     void anAlertOnTheOperatorWindowLeavesTheKeysToTheOtherWindows()
     {
-        Program program;
+        ProgramWindows program;
         program.openDisplay();
         program.store.toggleBlackout();
         program.store.openProject(program.fileUrl(QStringLiteral("missing.quenara")));
         OutputWindow &display = *program.windows.displayWindow();
-        Program::activate(display);
-        Program::press(display, Qt::Key_B);
+        ProgramWindows::activate(display);
+        ProgramWindows::press(display, Qt::Key_B);
         QCOMPARE(program.store.outputMode(), OutputMode::live);
-        Program::press(display, Qt::Key_Right);
+        ProgramWindows::press(display, Qt::Key_Right);
         QCOMPARE(program.live(), 1);
     }
 
     void aKeyThatDismissesAnAlertSendsNothingLive()
     {
-        Program program;
+        ProgramWindows program;
         program.openDisplay();
         program.store.queueNext();
         program.store.openProject(program.fileUrl(QStringLiteral("missing.quenara")));
         auto *alert = program.operatorWindow.findChild<QMessageBox *>();
-        Program::activate(*alert);
-        Program::press(*alert, Qt::Key_Return);
+        ProgramWindows::activate(*alert);
+        ProgramWindows::press(*alert, Qt::Key_Return);
         QVERIFY(!program.store.errorMessage());
         QCOMPARE(program.live(), 0);
     }
 
     void keysTypedIntoTextChangeNothingLive()
     {
-        Program program;
+        ProgramWindows program;
         auto *name = program.operatorWindow.findChild<QLineEdit *>(QStringLiteral("projectName"));
         name->setFocus();
         name->selectAll();
         for (const Qt::Key key :
              {Qt::Key_B, Qt::Key_L, Qt::Key_Space, Qt::Key_Space, Qt::Key_B, Qt::Key_Left,
               Qt::Key_Right, Qt::Key_Up, Qt::Key_Down, Qt::Key_PageUp, Qt::Key_PageDown})
-            Program::press(program.operatorWindow, key);
+            ProgramWindows::press(program.operatorWindow, key);
         QCOMPARE(name->text(), QStringLiteral("bl  b"));
         QCOMPARE(program.live(), 0);
         QCOMPARE(program.queued(), 0);
         QCOMPARE(program.store.outputMode(), OutputMode::live);
-        Program::press(program.operatorWindow, Qt::Key_Down);
-        Program::press(program.operatorWindow, Qt::Key_Return);
+        ProgramWindows::press(program.operatorWindow, Qt::Key_Down);
+        ProgramWindows::press(program.operatorWindow, Qt::Key_Return);
         QCOMPARE(program.store.project().name, QStringLiteral("bl  b"));
         QCOMPARE(program.live(), 0);
     }
@@ -279,20 +235,20 @@ private slots:
 
     void anEditorOfSeveralLinesKeepsItsKeys()
     {
-        Program program;
+        ProgramWindows program;
         QPlainTextEdit editor;
         editor.show();
-        Program::activate(editor);
+        ProgramWindows::activate(editor);
         for (const Qt::Key key :
              {Qt::Key_B, Qt::Key_Return, Qt::Key_L, Qt::Key_Space, Qt::Key_Enter, Qt::Key_Up})
-            Program::press(editor, key);
+            ProgramWindows::press(editor, key);
         QCOMPARE(editor.toPlainText(), QStringLiteral("b\nl \n"));
         QCOMPARE(program.store.outputMode(), OutputMode::live);
     }
 
     void onlyUndoAndRedoRepeatWhileTheirKeyIsHeldDown()
     {
-        const Program program;
+        const ProgramWindows program;
         for (const MenuDescription &menu : menuDescriptions()) {
             for (const auto &group : menu.groups) {
                 for (const CommandDescription &item : group) {
@@ -305,7 +261,7 @@ private slots:
 
     void whatIsStillBeingTypedIsSavedToo()
     {
-        Program program;
+        ProgramWindows program;
         auto *name = program.operatorWindow.findChild<QLineEdit *>(QStringLiteral("projectName"));
         name->setFocus();
         name->selectAll();
@@ -318,7 +274,7 @@ private slots:
 
     void commandsDoTheirWork()
     {
-        Program program;
+        ProgramWindows program;
         program.commands.action(Command::newSundayService)->trigger();
         QCOMPARE(program.store.project().name, QStringLiteral("Sunday Service"));
         program.commands.action(Command::newBlankProject)->trigger();

@@ -13,6 +13,7 @@ DISPLAY = "Quenara Display"
 STAGE = "Quenara Stage"
 SETTINGS = "Quenara Settings"
 SONG_IMPORT = "Paste Song Lyrics"
+SAVE_PANEL = "Save Quenara Project"
 
 # A place inside the project name's field, in the operator window's content.
 PROJECT_NAME = (100, 52)
@@ -28,7 +29,8 @@ SANITIZER_OPTIONS = "detect_leaks=0"
 class Program:
     """A running program with a home of its own; a context manager that ends it."""
 
-    def __init__(self, server, executable, *arguments, folder=None, preferences=""):
+    def __init__(self, server, executable, *arguments, folder=None, preferences="",
+                 environment=None):
         self.server = server
         self._home = tempfile.TemporaryDirectory(prefix="quenara-home-")
         home = Path(self._home.name)
@@ -45,7 +47,7 @@ class Program:
             "XDG_RUNTIME_DIR": str(runtime),
             "DBUS_SESSION_BUS_ADDRESS": "disabled:",
             "ASAN_OPTIONS": SANITIZER_OPTIONS,
-        }
+        } | (environment or {})
         self._process = Process([str(executable), *map(str, arguments)], cwd=folder or home,
                                 env=self._environment)
 
@@ -158,16 +160,24 @@ class Program:
     def click_project_name(self):
         self.click(*PROJECT_NAME)
 
+    def save_as(self, path):
+        self.press("ctrl+shift+s")
+        self.focus(SAVE_PANEL)
+        self.press("ctrl+a")
+        self.type(str(path))
+        self.press("Return")
+
+    def resize(self, title, width, height):
+        """Moves a window to the first screen's corner and makes its content so large."""
+        window = self.wait_for_window(title)
+        self.server.run("xdotool", "windowmove", window, "0", "0",
+                        "windowsize", window, str(width), str(height))
+        wait_until(lambda: self.area(title)[:2] == (width, height), f"{title} to be resized")
+
     def move(self, title, x, y):
         """Moves a window's content to a place of the desktop."""
         self.server.run("xdotool", "windowmove", self.wait_for_window(title), str(x), str(y))
         wait_until(lambda: self.area(title)[2] >= x, f"{title} to move")
-
-    def resize(self, title, width, height):
-        """Gives a window's content a size."""
-        self.server.run("xdotool", "windowsize", self.wait_for_window(title), str(width),
-                        str(height))
-        wait_until(lambda: self.area(title)[:2] == (width, height), f"{title} to be resized")
 
     def choose(self, menu_key, downs):
         """Chooses an item of a menu of the operator window by its place below the first."""

@@ -2,6 +2,7 @@
 
 import functools
 import os
+import re
 import subprocess
 import sys
 import tempfile
@@ -11,6 +12,7 @@ from pathlib import Path
 
 from processes import wait_until
 from program import OPERATOR, SANITIZER_OPTIONS, Program
+from screen_reader import ScreenReader
 from xserver import FIRST_SCREEN, SECOND_SCREEN, Unavailable, XServer
 
 SHOW = Path(__file__).with_name("data") / "show.quenara"
@@ -22,18 +24,23 @@ SCREEN_NAMES = {FIRST_SCREEN: "first screen", SECOND_SCREEN: "second screen"}
 BLACK = bytes(3 * SECOND_SCREEN[0] * SECOND_SCREEN[1])
 
 
-@functools.cache
-def slide_picture(index, width=SECOND_SCREEN[0], height=SECOND_SCREEN[1]):
-    """The RGB bytes of a whole screen that shows a slide of the show, by its 0-based place."""
+def picture_of(show, index, width=SECOND_SCREEN[0], height=SECOND_SCREEN[1]):
+    """The RGB bytes of a whole screen that shows a slide of a show, by its 0-based place."""
     with tempfile.TemporaryDirectory() as folder:
         path = Path(folder, "slide.ppm")
-        subprocess.run([RENDER_SLIDE, str(SHOW), str(index), str(width), str(height), str(path)],
+        subprocess.run([RENDER_SLIDE, str(show), str(index), str(width), str(height), str(path)],
                        env=os.environ | {"QT_QPA_PLATFORM": "offscreen",
                                          "ASAN_OPTIONS": SANITIZER_OPTIONS},
                        check=True, stderr=subprocess.DEVNULL)
         header, size, depth, pixels = path.read_bytes().split(b"\n", 3)
     assert (header, size, depth) == (b"P6", b"%d %d" % (width, height), b"255")
     return pixels
+
+
+@functools.cache
+def slide_picture(index, width=SECOND_SCREEN[0], height=SECOND_SCREEN[1]):
+    """The picture_of() of a slide of the show that never changes."""
+    return picture_of(SHOW, index, width, height)
 
 
 class ShowCase(unittest.TestCase):
@@ -99,6 +106,68 @@ class ShowCase(unittest.TestCase):
 
 class TwoScreenCase(ShowCase):
     two_screens_required = True
+
+
+class ReadCase(TwoScreenCase):
+    """A test that finds things by their names, as a screen reader does. A file has one class of
+    these, as a process can have one reader."""
+
+    @classmethod
+    def setUpClass(cls):
+        super().setUpClass()
+        try:
+            cls.reader = ScreenReader(cls.server)
+        except Unavailable as reason:
+            raise unittest.SkipTest(str(reason)) from reason
+        cls.addClassCleanup(cls.reader.close)
+
+    def start(self, *arguments, **options):
+        program = super().start(*arguments, environment=self.reader.environment, **options)
+        self.application = self.reader.application(program.pid)
+        return program
+
+    def shown(self, window=OPERATOR):
+        """All that is seen in a window, from the outside in."""
+        for shown in self.application.children:
+            if re.fullmatch(window, shown.name):
+                yield from shown.shown()
+
+    def thing(self, name, role=None, window=OPERATOR):
+        """What is to be used of that title and role, once it is there."""
+        def found():
+            return next((thing for thing in self.shown(window) if thing.has("FOCUSABLE")
+                         and role in (None, thing.role) and thing.title == name), None)
+
+        return wait_until(found, f"{role or 'something'} named {name}")
+
+    def click(self, name, role=None, window=OPERATOR, from_right=None):
+        """Clicks into the middle, or at a distance from the right end."""
+        x, y, width, height = self.thing(name, role, window).area
+        x += width // 2 if from_right is None else width - from_right
+        self.server.run("xdotool", "mousemove", str(x), str(y + height // 2), "click", "1")
+
+    def menus(self):
+        """The items of each menu of the operator window, by its name."""
+        bar = next(thing for thing in self.shown() if thing.role == "menu bar")
+        return {menu.name: [item for item in menu.children[0].children
+                            if item.role == "menu item"] for menu in bar.children}
+
+    def rows(self):
+        """The names of the rundown's rows and what is said of each, from the top down."""
+        rundown = self.thing("Rundown", "list")
+        return [(row.name, row.description) for row in rundown.children]
+
+    def wait_for_rows(self, *names):
+        def are_there():
+            return [name for name, _ in self.rows()] == list(names)
+
+        try:
+            wait_until(are_there, "the rows", deadline=10)
+        except AssertionError:
+            self.assertEqual([name for name, _ in self.rows()], list(names))
+
+    def wait_for_row(self, name, description):
+        wait_until(lambda: (name, description) in self.rows(), f"{name} to be {description}")
 
 
 def run():

@@ -1,48 +1,16 @@
 """Documents by the windows alone: opened, changed, saved, and never lost by a slip."""
 
-import json
 import resource
-import shutil
-import tempfile
-from pathlib import Path
 
+from documents import Documents, name_in
 from processes import wait_until
-from program import ALERT, DISPLAY, OPERATOR, SETTINGS, START_PANEL
-from show_case import SHOW, ShowCase, TwoScreenCase, run
+from program import ALERT, DISPLAY, OPERATOR, SAVE_PANEL, SETTINGS, START_PANEL
+from show_case import ShowCase, TwoScreenCase, run
 from xserver import FIRST_SCREEN
 
-SAVE_PANEL = "Save Quenara Project"
 OPEN_PANEL = "Open Quenara Project"
 # From the button that is the default to its neighbours; without a warning about the audience.
 DO_NOT_SAVE = ["Tab", "space"]
-
-
-def name_in(file):
-    return json.loads(file.read_text())["name"]
-
-
-class Documents:
-    def setUp(self):
-        folder = tempfile.TemporaryDirectory(prefix="quenara-documents-")
-        self.addCleanup(folder.cleanup)
-        self.folder = Path(folder.name)
-        self.file = self.folder / "Evening.quenara"
-        shutil.copy(SHOW, self.file)
-        self.start(self.file)
-        self.program.wait_for_window("Evening Show — Quenara")
-
-    def rename(self, name):
-        self.program.focus(OPERATOR)
-        self.program.click_project_name()
-        self.program.press("ctrl+a")
-        self.program.type(name)
-
-    def save_as(self, path):
-        self.program.press("ctrl+shift+s")
-        self.program.focus(SAVE_PANEL)
-        self.program.press("ctrl+a")
-        self.program.type(str(path))
-        self.program.press("Return")
 
 
 class OneDocument(Documents, ShowCase):
@@ -85,7 +53,7 @@ class OneDocument(Documents, ShowCase):
         other = self.folder / "Other.quenara"
         self.rename("Other")
         self.program.press("Return")
-        self.save_as(other)
+        self.program.save_as(other)
         self.program.wait_for_no_window(SAVE_PANEL)
         self.rename("Changed")
         self.program.press("Return", "alt+f", *["Down"] * 4, "Right", "Down", "Return")
@@ -109,20 +77,20 @@ class OneDocument(Documents, ShowCase):
     def test_a_saved_name_gets_its_suffix_and_is_asked_about_before_it_is_replaced(self):
         path = self.folder / "Copy"
         self.program.focus(OPERATOR)
-        self.save_as(path)
+        self.program.save_as(path)
         written = self.folder / "Copy.quenara"
         wait_until(written.exists, "the file to be saved")
         before = written.read_bytes()
         self.rename("Second")
         self.program.press("Return")
-        self.save_as(path)
+        self.program.save_as(path)
         self.program.answer_question("Escape")
         self.program.focus(SAVE_PANEL)
         self.program.press("Escape")
         self.program.wait_for_no_window(SAVE_PANEL)
         self.assertEqual(written.read_bytes(), before)
         self.program.focus(OPERATOR)
-        self.save_as(path)
+        self.program.save_as(path)
         self.program.answer_question("shift+Tab", "space")
         wait_until(lambda: name_in(written) == "Second", "the file to be replaced")
         self.assertFalse(path.exists())

@@ -40,6 +40,7 @@ void ColorWell::setColor(const std::optional<RGBAColor> &color)
     if (color == m_color)
         return;
     m_color = color;
+    setAccessibleDescription(m_color ? m_color->toColor().name() : QString());
     update();
 }
 

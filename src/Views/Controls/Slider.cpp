@@ -2,6 +2,7 @@
 
 #include "ThemeColors.h"
 
+#include <QAccessibleWidget>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -18,11 +19,47 @@ constexpr double focusLineWidth = 1.5;
 constexpr QSize smallestSize{60, 18};
 constexpr QSize usualSize{160, 18};
 
+/// A slider as assistive technologies know it.
+class SliderInterface : public QAccessibleWidget, public QAccessibleValueInterface
+{
+public:
+    explicit SliderInterface(Slider &slider)
+        : QAccessibleWidget(&slider, QAccessible::Slider), m_slider(slider)
+    {}
+
+    void *interface_cast(QAccessible::InterfaceType type) override
+    {
+        return type == QAccessible::ValueInterface ? static_cast<QAccessibleValueInterface *>(this)
+                                                   : QAccessibleWidget::interface_cast(type);
+    }
+
+    QVariant currentValue() const override { return m_slider.value(); }
+    QVariant minimumValue() const override { return m_slider.minimum(); }
+    QVariant maximumValue() const override { return m_slider.maximum(); }
+    QVariant minimumStepSize() const override { return 0.0; }
+
+    void setCurrentValue(const QVariant &value) override
+    {
+        emit m_slider.edited(std::clamp(value.toDouble(), m_slider.minimum(), m_slider.maximum()));
+        emit m_slider.editingFinished();
+    }
+
+private:
+    Slider &m_slider;
+};
+
+QAccessibleInterface *accessibleSlider(const QString & /*className*/, QObject *object)
+{
+    auto *slider = qobject_cast<Slider *>(object);
+    return slider ? new SliderInterface(*slider) : nullptr;
+}
+
 } // namespace
 
 Slider::Slider(const QString &title, double minimum, double maximum, QWidget *parent)
     : QWidget(parent), m_minimum(minimum), m_maximum(maximum), m_value(minimum)
 {
+    QAccessible::installFactory(accessibleSlider); // once, however many sliders there are
     setAccessibleName(title);
     setFocusPolicy(Qt::TabFocus);
     setAttribute(Qt::WA_Hover);
@@ -34,6 +71,8 @@ void Slider::setValue(double value)
     if (value == m_value)
         return;
     m_value = value;
+    QAccessibleValueChangeEvent change(this, value);
+    QAccessible::updateAccessibility(&change);
     update();
 }
 

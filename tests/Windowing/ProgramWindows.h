@@ -1,0 +1,54 @@
+#pragma once
+
+#include "SettingsWindow.h"
+#include "ShortcutGuard.h"
+#include "WindowingWorld.h"
+
+namespace quenara::test {
+
+/// The program's windows on a demo service, its operator window active.
+struct ProgramWindows : WindowingWorld
+{
+    ShortcutGuard shortcutGuard;
+    OperatorWindow operatorWindow{store, windows, outputs, guard, commands, pictures};
+    SettingsWindow settings{appearance, commands, &operatorWindow};
+
+    ProgramWindows()
+    {
+        qApp->installEventFilter(&shortcutGuard);
+        operatorWindow.show();
+        activate(operatorWindow);
+    }
+
+    static void activate(QWidget &window)
+    {
+        window.activateWindow();
+        // The toolkit's own wait takes a dialog for active while its parent is.
+        if (!QTest::qWaitFor([&] { return window.isActiveWindow(); }))
+            qFatal("the window does not become active");
+    }
+
+    /// As the desktop sends it: to the window.
+    static void press(QWidget &window, Qt::Key key,
+                      Qt::KeyboardModifiers modifiers = Qt::NoModifier)
+    {
+        // A press at the very moment of the last release would be the repeat of a held key.
+        constexpr int fingerMilliseconds = 2;
+        QTest::qWait(fingerMilliseconds);
+        QTest::keyClick(window.windowHandle(), key, modifiers);
+    }
+
+    qsizetype place(const std::optional<QString> &id) const
+    {
+        const QList<FlattenedSlide> show = store.flattenedSlides();
+        for (const FlattenedSlide &slide : show) {
+            if (slide.id() == id)
+                return slide.absoluteIndex;
+        }
+        return -1;
+    }
+    qsizetype live() const { return place(store.liveSlideID()); }
+    qsizetype queued() const { return place(store.queuedSlideID()); }
+};
+
+} // namespace quenara::test

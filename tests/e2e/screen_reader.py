@@ -1,0 +1,134 @@
+"""The running program as a screen reader meets it: things with names, roles and states."""
+
+import contextlib
+import os
+import tempfile
+from pathlib import Path
+
+from processes import Process, wait_until
+from xserver import Unavailable
+
+try:
+    import gi
+    gi.require_version("Atspi", "2.0")
+    from gi.repository import Atspi, GLib
+except (ImportError, ValueError) as reason:
+    Atspi = None
+    WITHOUT_READER = f"reading the accessibility tree needs its bindings: {reason}"
+
+
+class ScreenReader:
+    """Desktop services of its own for an X server; a context manager that ends them.
+
+    A process can have one only, as the library connects once.
+    """
+
+    def __init__(self, server):
+        if Atspi is None:
+            raise Unavailable(WITHOUT_READER)
+        self._resources = contextlib.ExitStack()
+        runtime = self._resources.enter_context(tempfile.TemporaryDirectory(prefix="quenara-bus-"))
+        Path(runtime).chmod(0o700)
+        readable, writable = os.pipe()
+        bus = Process(["dbus-daemon", "--session", "--nofork", f"--print-address={writable}"],
+                      pass_fds=(writable,),
+                      env=server.environment | {"XDG_RUNTIME_DIR": runtime, "HOME": runtime})
+        self._resources.callback(bus.end)
+        os.close(writable)
+        with os.fdopen(readable) as answer:
+            address = answer.readline().strip()
+        if not address:
+            self.close()
+            raise Unavailable(f"dbus-daemon did not start: {bus.output()}")
+        # What a program needs so that it can be read.
+        self.environment = {"DBUS_SESSION_BUS_ADDRESS": address,
+                            "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}
+        os.environ |= {"DBUS_SESSION_BUS_ADDRESS": address, "DISPLAY": server.display}
+        Atspi.init()
+        # What is kept would be renewed by a main loop only.
+        Atspi.get_desktop(0).set_cache_mask(Atspi.Cache.NONE)
+
+    def close(self):
+        self._resources.close()
+
+    def application(self, pid):
+        """The root of what a process shows, once it shows something."""
+        def found():
+            return next((child for child in Thing(Atspi.get_desktop(0)).children
+                         if child.pid == pid and child.children), None)
+
+        return wait_until(found, "the program to be readable")
+
+
+class Thing:
+    """Something that a screen reader can speak of."""
+
+    def __init__(self, accessible):
+        self._accessible = accessible
+
+    @property
+    def pid(self):
+        return self._accessible.get_process_id()
+
+    @property
+    def name(self):
+        return self._accessible.get_name()
+
+    @property
+    def title(self):
+        """What it is called by: its label or, without one, its name."""
+        for relation in self._accessible.get_relation_set():
+            if relation.get_relation_type() == Atspi.RelationType.LABELLED_BY:
+                return relation.get_target(0).get_name()
+        return self.name
+
+    @property
+    def description(self):
+        return self._accessible.get_description()
+
+    @property
+    def role(self):
+        return self._accessible.get_role_name()
+
+    @property
+    def value(self):
+        """The number that it shows."""
+        return Atspi.Value.get_current_value(self._accessible)
+
+    def set_value(self, value):
+        Atspi.Value.set_current_value(self._accessible, value)
+
+    @property
+    def text(self):
+        """The text that it holds."""
+        return Atspi.Text.get_text(self._accessible, 0, -1)
+
+    @property
+    def area(self):
+        """(x, y, width, height) on the desktop."""
+        area = Atspi.Component.get_extents(self._accessible, Atspi.CoordType.SCREEN)
+        return area.x, area.y, area.width, area.height
+
+    @property
+    def children(self):
+        # One that goes meanwhile is none any more.
+        with contextlib.suppress(GLib.Error):
+            found = (self._accessible.get_child_at_index(index)
+                     for index in range(self._accessible.get_child_count()))
+            return [Thing(child) for child in found if child]
+        return []
+
+    def has(self, state):
+        """Whether it is in a state, by the name of the accessibility services."""
+        return self._accessible.get_state_set().contains(getattr(Atspi.StateType, state))
+
+    def press(self):
+        """Does what a press of it does."""
+        Atspi.Action.do_action(self._accessible, 0)
+
+    def shown(self):
+        """All that is seen below it, from the outside in."""
+        for child in self.children:
+            if child.has("SHOWING"):
+                yield child
+                yield from child.shown()

@@ -1,0 +1,169 @@
+"""Every control by its name, role and state, as a screen reader tells of them."""
+
+from documents import Documents
+from processes import wait_until
+from program import ALERT, OPERATOR, SETTINGS, START_PANEL
+from show_case import ReadCase, run
+
+BUTTON, SWITCH, CHOICE, TEXT, PICKER, SLIDER = (
+    "push button", "check box", "radio button", "text", "combo box", "slider")
+
+PROJECT_BAR = {(TEXT, "Project Name"), (BUTTON, "New"), (BUTTON, "Open"), (BUTTON, "Save")}
+RUNDOWN = {(BUTTON, name) for name in (
+    "Add section", "Paste song lyrics", "Slide", "Duplicate selected slide",
+    "Delete selected slide", "Move slide up", "Move slide down", "Delete selected section")}
+CANVAS_HEADER = {(BUTTON, "Text"), (BUTTON, "Lyric"), (BUTTON, "Image")}
+TRANSPORT = {(BUTTON, name) for name in (
+    "Previous", "Go Live", "Next", "Queue Prev", "Queue Next")} | {
+    (SWITCH, name) for name in ("Blackout", "Logo", "Display", "Monitor")}
+SLIDE_AND_LAYERS = {(TEXT, "Title"), (PICKER, "Template")} | {(BUTTON, name) for name in (
+    "Add Text", "Add Shape", "Duplicate layer", "Delete layer", "Bring forward", "Send backward",
+    "Hide", "Lock layer")} | {(SWITCH, "Words"), (SWITCH, "Band")}
+BACKGROUND = {(PICKER, "Type"), (BUTTON, "Solid"), (BUTTON, "Gradient Start"),
+              (BUTTON, "Gradient End"), (PICKER, "Direction"), (BUTTON, "Choose Image..."),
+              (SLIDER, "Dim")}
+ANY_LAYER = {(TEXT, name) for name in ("Name", "X", "Y", "Width", "Height")} | {
+    (SWITCH, "Visible"), (SWITCH, "Locked"), (SLIDER, "Opacity")}
+TEXT_LAYER = {(PICKER, "Font"), (PICKER, "Weight"), (BUTTON, "Decrease Size"),
+              (BUTTON, "Increase Size"), (BUTTON, "Text Color"), (SWITCH, "Align Left"),
+              (SWITCH, "Align Center"), (SWITCH, "Align Right"), (SLIDER, "Line"),
+              (SLIDER, "Tracking"), (SWITCH, "Uppercase"), (SWITCH, "Shadow")}
+SHAPE_LAYER = {(PICKER, "Shape"), (BUTTON, "Fill"), (BUTTON, "Decrease Radius"),
+               (BUTTON, "Increase Radius")}
+EVERYWHERE = (PROJECT_BAR | RUNDOWN | CANVAS_HEADER | TRANSPORT | SLIDE_AND_LAYERS | BACKGROUND
+              | ANY_LAYER)
+
+MENUS = {
+    "File": ["New Project...", "New Blank Project", "New Sunday Service", "Open...",
+             "Open Recent", "Save", "Save As...", "Quit"],
+    "Edit": ["Undo", "Redo", "Settings..."],
+    "Transport": ["Go Live", "Go Live", "Next Live Slide", "Previous Live Slide", "Queue Next",
+                  "Queue Previous", "Toggle Blackout", "Toggle Logo"],
+    "Output": ["Open Display Window", "Open Monitor Window"],
+    "Help": ["About Quenara"],
+}
+
+
+class Accessibility(Documents, ReadCase):
+    def controls(self, window=OPERATOR):
+        """The (role, title) of all that is to be used in a window, lists and areas apart."""
+        roles = {BUTTON, SWITCH, CHOICE, TEXT, PICKER, SLIDER}
+        return [(thing.role, thing.title) for thing in self.shown(window)
+                if thing.role in roles and thing.has("FOCUSABLE")]
+
+    def wait_for_controls(self, expected):
+        """Passes once these are there and no others."""
+        try:
+            wait_until(lambda: set(self.controls()) == expected, "the controls", deadline=10)
+        except AssertionError:
+            self.assertEqual(set(self.controls()), expected)
+
+    def test_every_control_is_found_by_its_name_and_role(self):
+        for layer, of_its_kind in (("Words", TEXT_LAYER), ("Band", SHAPE_LAYER)):
+            with self.subTest(layer=layer):
+                self.click(layer, SWITCH)
+                self.wait_for_controls(EVERYWHERE | of_its_kind)
+
+    def test_what_can_have_the_keyboard_has_a_name_of_its_own(self):
+        known = set()
+        for thing in self.shown():
+            if thing.has("FOCUSABLE"):
+                told = (thing.role, thing.title, thing.description)
+                self.assertTrue(thing.title, f"a {thing.role} without a name")
+                self.assertNotIn(told, known)
+                known.add(told)
+
+    def test_the_menus_tell_their_items_and_which_of_them_can_be_chosen(self):
+        told = {menu: [item.name for item in items] for menu, items in self.menus().items()}
+        self.assertEqual(told, MENUS)
+        self.assertEqual(self.enabled_in_edit_menu(), ["Settings..."])
+        self.click("Duplicate selected slide")
+        wait_until(lambda: self.enabled_in_edit_menu() == ["Undo", "Settings..."], "Undo")
+
+    def enabled_in_edit_menu(self):
+        return [item.name for item in self.menus()["Edit"] if item.has("ENABLED")]
+
+    def test_the_live_and_the_queued_row_say_so(self):
+        self.assertEqual(self.rows()[:3], [
+            ("Welcome", "Welcome section"),
+            ("All stated", "Slide 1 of Welcome, live, queued, selected"),
+            ("Slide", "Slide 2 of Welcome")])
+        self.thing("Queue Next", BUTTON).press()
+        self.wait_for_row("Slide", "Slide 2 of Welcome, queued, selected")
+        self.wait_for_row("All stated", "Slide 1 of Welcome, live")
+        self.thing("Go Live", BUTTON).press()
+        self.wait_for_row("Slide", "Slide 2 of Welcome, live, queued, selected")
+
+    def test_switches_tell_whether_they_are_on(self):
+        for name, key in (("Blackout", "b"), ("Logo", "l")):
+            switch = self.thing(name, SWITCH)
+            self.assertFalse(switch.has("CHECKED"))
+            self.program.focus(OPERATOR)
+            self.program.press(key)
+            wait_until(lambda: switch.has("CHECKED"), f"{name} to be on")
+            self.program.press(key)
+            wait_until(lambda: not switch.has("CHECKED"), f"{name} to be off")
+        locked = self.thing("Locked", SWITCH)
+        self.assertFalse(locked.has("CHECKED"))
+        self.thing("Lock layer").press()
+        wait_until(lambda: locked.has("CHECKED"), "the layer to be locked")
+        self.assertEqual(self.thing("Unlock layer").description, "Words")
+
+    def test_controls_tell_what_they_show(self):
+        self.assertEqual(self.thing("Title", TEXT).text, "All stated")
+        self.assertEqual(self.thing("X", TEXT).text, "160")
+        self.assertEqual(self.thing("Opacity", SLIDER).value, 1)
+        self.assertEqual(self.thing("Type", PICKER).name, "gradient")
+        self.assertEqual(self.thing("Text Color", BUTTON).description, "#ffffff")
+        self.assertTrue(self.thing("Align Center", SWITCH).has("CHECKED"))
+        self.assertFalse(self.thing("Align Left", SWITCH).has("CHECKED"))
+
+    def test_a_slider_is_set_through_the_reader_in_one_step(self):
+        opacity = self.thing("Opacity", SLIDER)
+        opacity.set_value(0.5)
+        wait_until(lambda: opacity.value == 0.5, "half the opacity")
+        self.program.focus(OPERATOR)
+        self.program.press("ctrl+z")
+        wait_until(lambda: opacity.value == 1, "the opacity that was")
+
+    def test_without_a_slide_what_needs_one_is_disabled(self):
+        self.program.focus(OPERATOR)
+        self.program.choose("f", 1)
+        self.program.wait_for_window("Untitled Quenara — Quenara")
+        for name in ("Text", "Lyric", "Image"):
+            self.assertFalse(self.thing(name, BUTTON).has("ENABLED"), name)
+        self.assertTrue(self.thing("Slide", BUTTON).has("ENABLED"))
+
+    def test_the_other_windows_tell_their_controls(self):
+        for keys, window, expected in (
+                ("ctrl+n", START_PANEL, {
+                    (BUTTON, "New Blank Project"), (BUTTON, "New Sunday Service"),
+                    (BUTTON, "Open Demo Service"), (BUTTON, "Open File..."),
+                    (BUTTON, "Evening Show")}),
+                ("ctrl+comma", SETTINGS, {
+                    (CHOICE, "System"), (CHOICE, "Light"), (CHOICE, "Dark")})):
+            with self.subTest(window=window):
+                self.program.focus(OPERATOR)
+                self.program.press(keys)
+                self.program.focus(window)
+                self.assertEqual(set(self.controls(window)), expected)
+                self.program.press("Escape")
+                self.program.wait_for_no_window(window)
+
+    def test_the_song_import_and_the_question_tell_their_controls(self):
+        window = "Paste Song Lyrics"
+        self.thing("Paste song lyrics").press()
+        self.program.focus(window)
+        self.assertEqual(set(self.controls(window)), {
+            (TEXT, "Song title"), (TEXT, "Lyrics"), (BUTTON, "Cancel"), (BUTTON, "Import Song")})
+        self.thing("Cancel", window=window).press()
+        self.program.wait_for_no_window(window)
+        self.rename("Changed")
+        self.program.press("ctrl+q")
+        self.program.focus(ALERT)
+        self.assertEqual(set(self.controls(ALERT)), {
+            (BUTTON, "Save"), (BUTTON, "Don't Save"), (BUTTON, "Cancel")})
+
+
+if __name__ == "__main__":
+    run()
