@@ -220,7 +220,7 @@ private slots:
 
     void aButtonReachedByTabIsPressedByControlAndSpace()
     {
-        Program program;
+        ProgramWindows program;
         program.store.loadDemoProject();
         named<QAbstractButton>(program.operatorWindow, QStringLiteral("Queue Next"))
             .setFocus(Qt::TabFocusReason);
@@ -228,7 +228,7 @@ private slots:
         QTest::keyClick(program.operatorWindow.windowHandle(), Qt::Key_Space, Qt::ControlModifier);
         QCOMPARE(program.queued(), queued + 1);
         QCOMPARE(program.live(), queued);
-        program.press(program.operatorWindow, Qt::Key_Space);
+        ProgramWindows::press(program.operatorWindow, Qt::Key_Space);
         QCOMPARE(program.queued(), queued + 1);
         QCOMPARE(program.live(), queued + 1);
     }
