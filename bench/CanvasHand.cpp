@@ -29,7 +29,7 @@ CanvasHand::CanvasHand(WorkspaceStore &store, const QWidget &window, std::functi
 void CanvasHand::drag()
 {
     const double angle = 0.3 * ++m_stepNumber;
-    mouse(QEvent::MouseMove, middle() + 90 * QPointF(std::cos(angle), std::sin(angle)));
+    mouse(QEvent::MouseMove, m_middle + 90 * QPointF(std::cos(angle), std::sin(angle)));
     m_repaint();
 }
 
@@ -44,15 +44,13 @@ void CanvasHand::type()
     m_repaint();
 }
 
-QPointF CanvasHand::middle()
+void CanvasHand::grasp(QEvent::Type type)
 {
-    if (!m_middle) {
-        const CanvasFrame frame = m_store.selectedElement()->frame;
-        const QRectF slide = m_canvas->slideRect();
-        m_middle = slide.topLeft()
-            + QPointF(frame.midX(), frame.midY()) * slide.width() / CanvasSize().width;
-    }
-    return *m_middle;
+    const CanvasFrame frame = m_store.selectedElement()->frame;
+    const QRectF slide = m_canvas->slideRect();
+    m_middle =
+        slide.topLeft() + QPointF(frame.midX(), frame.midY()) * slide.width() / CanvasSize().width;
+    mouse(type, m_middle);
 }
 
 void CanvasHand::mouse(QEvent::Type type, const QPointF &point)

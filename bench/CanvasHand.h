@@ -7,7 +7,6 @@
 #include <QWidget>
 
 #include <functional>
-#include <optional>
 
 namespace quenara {
 class SlideCanvas;
@@ -26,8 +25,9 @@ public:
     /// \a repaint returns once all that a step has changed is painted.
     CanvasHand(WorkspaceStore &store, const QWidget &window, std::function<void()> repaint);
 
-    void beginDrag() { mouse(QEvent::MouseButtonPress, middle()); }
-    void beginTyping() { mouse(QEvent::MouseButtonDblClick, middle()); }
+    void beginDrag() { grasp(QEvent::MouseButtonPress); }
+    void endDrag() { mouse(QEvent::MouseButtonRelease, m_middle); }
+    void beginTyping() { grasp(QEvent::MouseButtonDblClick); }
 
     /// Round and round, so that every step is another place.
     void drag();
@@ -35,13 +35,13 @@ public:
     void type();
 
 private:
-    QPointF middle();
+    void grasp(QEvent::Type type);
     void mouse(QEvent::Type type, const QPointF &point);
 
     WorkspaceStore &m_store;
     SlideCanvas *m_canvas;
     std::function<void()> m_repaint;
-    std::optional<QPointF> m_middle;
+    QPointF m_middle; ///< of the layer when it was grasped
     int m_stepNumber = 0;
 };
 

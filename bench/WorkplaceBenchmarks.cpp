@@ -67,9 +67,16 @@ public:
     WorkspaceStore &store() { return m_workspace.store; }
     CanvasHand &hand() { return m_hand; }
 
-    void goInto(qsizetype absolute)
+    void select(qsizetype absolute)
     {
-        store().selectSlide(store().flattenedSlides().at(absolute).slide.id, true);
+        const Slide slide = store().flattenedSlides().at(absolute).slide;
+        store().selectSlide(slide.id, true);
+        store().selectElement(slide.design.firstTextElementID());
+        settle();
+    }
+
+    void goLive()
+    {
         store().goLive();
         settle();
     }
@@ -188,11 +195,19 @@ QList<Figure> workplaceFigures()
                              double limit = frameLimit) {
         figures += figuresOf(workplace, {name, take, limit});
     };
+    const auto drag = [&] { workplace.hand().drag(); };
+    workplace.select(1);
+    workplace.goLive();
+    workplace.select(0);
     workplace.hand().beginDrag();
-    measure(
-        "a lyric's drag", [&] { workplace.hand().drag(); }, dragLimit);
-    workplace.goInto(0);
-    workplace.goInto(show.slideCount / 2);
+    measure("a lyric's drag", drag, dragLimit);
+    workplace.hand().endDrag();
+    workplace.goLive();
+    workplace.hand().beginDrag();
+    measure("a lyric's drag before the audience", drag);
+    workplace.hand().endDrag();
+    workplace.select(show.slideCount / 2);
+    workplace.goLive();
     measure("a click on a row", [&] { workplace.clickRow(); });
     measure("a step of the live slide", [&] { workplace.stepLive(); });
     measure("a step of the queue", [&] { workplace.stepQueue(); });
