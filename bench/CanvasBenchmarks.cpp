@@ -1,21 +1,14 @@
 #include "CanvasBenchmarks.h"
 
 #include "BenchStore.h"
-#include "CanvasTextLayerEditor.h"
+#include "CanvasHand.h"
 #include "DesignCanvasView.h"
-#include "InterfaceStyle.h"
 #include "Photograph.h"
 #include "PictureCache.h"
 #include "ProjectTemplates.h"
-#include "SlideCanvas.h"
-#include "SlideFonts.h"
 
 #include <QApplication>
-#include <QKeyEvent>
-#include <QMouseEvent>
 #include <QPainter>
-
-#include <cmath>
 
 namespace quenara::bench {
 
@@ -27,14 +20,6 @@ constexpr int stepCount = 400;
 constexpr double dragLimit = 8e6; ///< nanoseconds
 constexpr double photographLimit = 16e6;
 constexpr double heapLimit = 64.0 * 1024;
-
-Slide lyricSlide()
-{
-    return ProjectTemplates::slide(QStringLiteral("Evening"),
-                                   QStringLiteral("The river carries morning light\n"
-                                                  "And every hill begins to sing"),
-                                   0, QStringLiteral("lowerLyric"));
-}
 
 Slide slideOnPhotograph()
 {
@@ -65,27 +50,7 @@ public:
         QCoreApplication::processEvents();
     }
 
-    void beginDrag() { mouse(QEvent::MouseButtonPress, middle()); }
-    void beginTyping() { mouse(QEvent::MouseButtonDblClick, middle()); }
-
-    /// Round and round, so that every step is another place.
-    void drag()
-    {
-        const double angle = 0.3 * ++m_stepNumber;
-        mouse(QEvent::MouseMove, middle() + 90 * QPointF(std::cos(angle), std::sin(angle)));
-        repaint();
-    }
-
-    void type()
-    {
-        const bool isBreak = ++m_stepNumber % 20 == 0;
-        QKeyEvent key(QEvent::KeyPress, isBreak ? Qt::Key_Return : Qt::Key_A, Qt::NoModifier,
-                      isBreak ? QStringLiteral("\r") : QStringLiteral("a"));
-        QApplication::sendEvent(m_view.findChild<CanvasTextLayerEditor *>(), &key);
-        if (m_stepNumber % 100 == 0)
-            m_workspace.store.undo();
-        repaint();
-    }
+    CanvasHand &hand() { return m_hand; }
 
     double timeOfFilling()
     {
@@ -94,43 +59,21 @@ public:
     }
 
 private:
-    QPointF middle()
-    {
-        if (!m_middle) {
-            const CanvasFrame frame = m_workspace.store.selectedElement()->frame;
-            const QRectF slide = m_canvas->slideRect();
-            m_middle = slide.topLeft()
-                + QPointF(frame.midX(), frame.midY()) * slide.width() / CanvasSize().width;
-        }
-        return *m_middle;
-    }
-
-    void mouse(QEvent::Type type, const QPointF &point)
-    {
-        QMouseEvent event(type, point, m_canvas->mapToGlobal(point), Qt::LeftButton, Qt::LeftButton,
-                          Qt::NoModifier);
-        QApplication::sendEvent(m_canvas, &event);
-    }
-
-    void repaint() { QCoreApplication::sendPostedEvents(); }
-
     BenchStore m_workspace;
     PictureCache m_pictures;
     QWidget m_window;
     DesignCanvasView m_view{m_workspace.store, m_pictures};
-    SlideCanvas *m_canvas = m_view.findChild<SlideCanvas *>();
-    std::optional<QPointF> m_middle;
-    int m_stepNumber = 0;
+    CanvasHand m_hand{m_workspace.store, m_view, [] { QCoreApplication::sendPostedEvents(); }};
 };
 
-Figure figure(const char *name, const Slide &slide, void (Canvas::*begin)(), void (Canvas::*step)(),
-              double limit)
+Figure figure(const char *name, const Slide &slide, void (CanvasHand::*begin)(),
+              void (CanvasHand::*step)(), double limit)
 {
     Canvas canvas(slide);
-    (canvas.*begin)();
+    (canvas.hand().*begin)();
     Times times;
     for (int i = 0; i < stepCount; ++i)
-        times.measure([&] { (canvas.*step)(); });
+        times.measure([&] { (canvas.hand().*step)(); });
     return {.name = QString::fromLatin1(name),
             .value = times.within(0.99),
             .yardstickName = QStringLiteral("a solid fill of the canvas"),
@@ -141,10 +84,10 @@ Figure figure(const char *name, const Slide &slide, void (Canvas::*begin)(), voi
 Figure heapGrowth()
 {
     Canvas canvas(lyricSlide());
-    canvas.beginDrag();
+    canvas.hand().beginDrag();
     const auto drag = [&] {
         for (int i = 0; i < stepCount; ++i)
-            canvas.drag();
+            canvas.hand().drag();
     };
     drag();
     const double before = heapInUse();
@@ -162,21 +105,17 @@ Figure heapGrowth()
 
 QList<Figure> canvasFigures()
 {
-    loadBundledFonts();
-    QApplication::setFont(systemFont(13, QFont::Normal));
-    QApplication::setPalette(interfacePalette(ZelvoTheme::dark()));
-    qApp->setStyleSheet(interfaceStyleSheet(ZelvoTheme::dark()));
     const Slide lyric = lyricSlide();
     const Slide onPhotograph = slideOnPhotograph();
     return {
-        figure("99 of 100 steps of a lyric's drag", lyric, &Canvas::beginDrag, &Canvas::drag,
-               dragLimit),
-        figure("99 of 100 over a blurred photograph", onPhotograph, &Canvas::beginDrag,
-               &Canvas::drag, photographLimit),
-        figure("99 of 100 letters typed on the canvas", lyric, &Canvas::beginTyping, &Canvas::type,
-               dragLimit),
-        figure("99 of 100 over a blurred photograph", onPhotograph, &Canvas::beginTyping,
-               &Canvas::type, photographLimit),
+        figure("99 of 100 steps of a lyric's drag", lyric, &CanvasHand::beginDrag,
+               &CanvasHand::drag, dragLimit),
+        figure("99 of 100 over a blurred photograph", onPhotograph, &CanvasHand::beginDrag,
+               &CanvasHand::drag, photographLimit),
+        figure("99 of 100 letters typed on the canvas", lyric, &CanvasHand::beginTyping,
+               &CanvasHand::type, dragLimit),
+        figure("99 of 100 over a blurred photograph", onPhotograph, &CanvasHand::beginTyping,
+               &CanvasHand::type, photographLimit),
         heapGrowth(),
     };
 }

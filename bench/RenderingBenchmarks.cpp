@@ -3,7 +3,6 @@
 #include "Photograph.h"
 #include "PictureCache.h"
 #include "ProjectTemplates.h"
-#include "SlideFonts.h"
 #include "SlideRendererView.h"
 
 #include <QPainter>
@@ -106,7 +105,6 @@ Slide slideOfLayers(int count)
 
 QList<Figure> renderingFigures()
 {
-    loadBundledFonts();
     Frames smallFrames(thumbnail);
     Frames frames(fullHD);
     Frames largeFrames(ultraHD);

@@ -2,10 +2,8 @@
 
 #include "BenchStore.h"
 #include "DisplayOutputView.h"
-#include "InterfaceStyle.h"
 #include "PictureCache.h"
 #include "ProjectGenerator.h"
-#include "SlideFonts.h"
 #include "StageOutputView.h"
 
 #include <QApplication>
@@ -114,10 +112,6 @@ private:
 
 QList<Figure> stageFigures()
 {
-    loadBundledFonts();
-    QApplication::setFont(systemFont(13, QFont::Normal));
-    QApplication::setPalette(interfacePalette(ZelvoTheme::dark()));
-    qApp->setStyleSheet(interfaceStyleSheet(ZelvoTheme::dark()));
     QList<Figure> figures{wholeStage(usualSize), wholeStage(ultraHD)};
     for (const QSize &size : {usualSize, ultraHD}) {
         Outputs alone(std::nullopt);

@@ -1,17 +1,49 @@
 #include "CanvasBenchmarks.h"
 #include "EditingBenchmarks.h"
 #include "FileBenchmarks.h"
+#include "InterfaceStyle.h"
 #include "RenderingBenchmarks.h"
+#include "SlideFonts.h"
 #include "StageBenchmarks.h"
+#include "WorkplaceBenchmarks.h"
 
 #include <QApplication>
+#include <QStyleFactory>
 
 #include <algorithm>
 
-/// Prints every figure; fails when one is beyond its limit.
+namespace {
+
+using namespace quenara::bench;
+
+struct Group
+{
+    const char *name;
+    QList<Figure> (*figures)();
+};
+
+constexpr Group groups[] = {
+    {"editing", editingFigures}, {"files", fileFigures},    {"rendering", renderingFigures},
+    {"stage", stageFigures},     {"canvas", canvasFigures}, {"workplace", workplaceFigures},
+};
+
+/// Fonts and style as the program has them.
+void dress()
+{
+    using namespace quenara;
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    loadBundledFonts();
+    QApplication::setFont(systemFont(13, QFont::Normal));
+    QApplication::setPalette(interfacePalette(ZelvoTheme::dark()));
+    qApp->setStyleSheet(interfaceStyleSheet(ZelvoTheme::dark()));
+}
+
+} // namespace
+
+/// Prints the figures of the groups that are named, else of all; fails when one is beyond its
+/// limit.
 int main(int argc, char *argv[])
 {
-    using namespace quenara::bench;
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     const QApplication application(argc, argv);
@@ -21,8 +53,15 @@ int main(int argc, char *argv[])
         return 0;
     }
     benchmark::Initialize(&argc, argv);
-    const QList<Figure> figures =
-        editingFigures() + fileFigures() + renderingFigures() + stageFigures() + canvasFigures();
+    dress();
+    QStringList wanted;
+    for (int i = 1; i < argc; ++i)
+        wanted.append(QString::fromLocal8Bit(argv[i]));
+    QList<Figure> figures;
+    for (const Group &group : groups) {
+        if (wanted.isEmpty() || wanted.contains(QLatin1String(group.name)))
+            figures += group.figures();
+    }
     printTable(figures);
     return std::all_of(figures.cbegin(), figures.cend(),
                        [](const Figure &figure) { return figure.keepsItsLimit(); })

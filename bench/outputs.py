@@ -1,6 +1,7 @@
-"""Measures the outputs of a running program on a real X server with two screens: how long a key
-press takes to be seen by the audience, beside what it takes a window that does nothing but fill
-itself, and what an idle program costs. Prints one table."""
+"""Measures a running program on a real X server with two screens: how long it takes to start and
+what memory it holds, how long a key press takes to be seen by the audience, each beside what it
+takes a program that does nothing but fill its window, and what an idle program costs. Prints one
+table."""
 
 import os
 import subprocess
@@ -21,6 +22,8 @@ PRESSES = 200
 REST = 0.08  # seconds between a picture and the next press
 LONGEST = 0.5  # seconds to wait for a picture
 IDLE_SECONDS = 20
+STARTS = 30
+MEGABYTE = 1024 * 1024
 SLIDES = 500
 
 
@@ -28,6 +31,12 @@ def write_show(kind, folder):
     path = Path(folder, f"{kind}.quenara")
     subprocess.run([WRITE_SHOW, kind, path], check=True, stderr=subprocess.DEVNULL)
     return path
+
+
+# Within the operator window, wherever the window manager places it, and within what fills the
+# second screen.
+OPERATOR_STRIP = (400, 40, 760, 500)
+FILL_STRIP = (400, 40, SCREEN_WIDTH + 760, 500)
 
 
 def strip_of(screen):
@@ -62,14 +71,18 @@ def row(name, value, unit, limit, yardstick=None):
     print(f"{name:64}{value:9.1f} {unit:3}{beside:20}{verdict}", flush=True)
 
 
-def report(name, presses, limit, fills):
-    """Nothing is left out unsaid: slides that look alike in the strip bring no picture either."""
-    values, yardstick = ([value for value in taken if value is not None]
-                         for taken in (presses, fills))
+def report_times(name, values, limit, yardstick):
     for which, share, most in ((", 99 of 100", 0.99, limit), (", the middle one", 0.5, None),
                                (", the longest", 1, None)):
         row(name + which, milliseconds(values, share), "ms", most,
             milliseconds(yardstick, share))
+
+
+def report(name, presses, limit, fills):
+    """Nothing is left out unsaid: slides that look alike in the strip bring no picture either."""
+    values, yardstick = ([value for value in taken if value is not None]
+                         for taken in (presses, fills))
+    report_times(name, values, limit, yardstick)
     unanswered = len(presses) - len(values)
     print(f"{name}: {len(presses)} presses, {unanswered} without another picture", flush=True)
 
@@ -88,6 +101,40 @@ def steps(server, screen, press_keys):
 
 def presses_right(count):
     return lambda watch: latencies(watch, "Right", count)
+
+
+def seconds_to_start(server, strip, *command):
+    """From the start of a program that was started before to its first picture in the strip."""
+    with ScreenWatch(server, strip) as watch:
+        watch.settle(0.3)
+        count = len(watch.frames())
+        start = time.monotonic()
+        with Program(server, *command):
+            watch.wait_for(lambda frames: len(frames) > count, "a first picture")
+        return watch.frames()[count].time - start
+
+
+def resident_bytes(program):
+    status = Path(f"/proc/{program.pid}/status").read_text()
+    return 1024 * int(status.split("VmRSS:")[1].split()[0])
+
+
+def resident_bytes_of(server, title, *command):
+    """What a program holds once its window stands."""
+    with Program(server, *command) as program:
+        program.wait_for_window(title)
+        time.sleep(2)
+        return resident_bytes(program)
+
+
+def measure_start(server, show):
+    programs = {"start": (OPERATOR_STRIP, EXECUTABLE, show), "fill": (FILL_STRIP, FILL_ON_KEY)}
+    taken = {name: [seconds_to_start(server, *program) for _ in range(STARTS + 1)][1:]
+             for name, program in programs.items()}
+    report_times("start to first picture", taken["start"], 300, taken["fill"])
+    row("resident memory, the demo open",
+        resident_bytes_of(server, OPERATOR, EXECUTABLE, show) / MEGABYTE, "MB", 120,
+        resident_bytes_of(server, FILL, FILL_ON_KEY) / MEGABYTE)
 
 
 def measure_fill(server, screen):
@@ -136,6 +183,7 @@ def main():
     print(f"{'figure':64}{'measured':>12} {'a bare fill':>12}{'ratio':>7}{'limit':>10}")
     with tempfile.TemporaryDirectory() as folder, XServer(two_screens_required=True) as server:
         demo = write_show("demo", folder)
+        measure_start(server, demo)
         measure_keys(server, demo, (SCREEN_WIDTH, 1080), "key to picture, 1080p", 16)
         measure_keys(server, demo, (3840, 2160), "key to picture, 4K", 33)
         measure_photographs(server, write_show("photographs", folder))

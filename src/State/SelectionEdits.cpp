@@ -24,12 +24,11 @@ std::optional<QString> neighborSlideID(const ZelvoProject &project,
     return target ? std::optional(slideAt(project, *target).id) : std::nullopt;
 }
 
-void repairElement(WorkspaceState &state)
+void repairElement(WorkspaceState &state, const SlidePosition &selected)
 {
-    const auto position = positionOf(state.project, state.selectedSlideID);
-    if (!position || !state.selectedElementID)
+    if (!state.selectedElementID)
         return;
-    const Slide &slide = slideAt(state.project, *position);
+    const Slide &slide = slideAt(state.project, selected);
     if (elementIndex(slide, state.selectedElementID))
         return;
     const QList<SlideElement> &elements = slide.design.elements;
@@ -110,17 +109,24 @@ WorkspaceState toggleOutputMode(WorkspaceState state, OutputMode mode)
 
 WorkspaceState repairSelection(WorkspaceState state)
 {
-    const auto isUnknown = [&state](const std::optional<QString> &id) {
-        return id && !positionOf(state.project, id);
+    const ZelvoProject &project = std::as_const(state.project);
+    std::optional<SlidePosition> selected = positionOf(project, state.selectedSlideID);
+    if (state.selectedSlideID && !selected) {
+        selected = positionAt(project, 0);
+        state.selectedSlideID = firstSlideID(project);
+    }
+    const auto isUnknown = [&](const std::optional<QString> &id) {
+        return id && id != state.selectedSlideID && !positionOf(project, id);
     };
-    if (isUnknown(state.selectedSlideID))
-        state.selectedSlideID = firstSlideID(state.project);
     if (isUnknown(state.queuedSlideID))
         state.queuedSlideID = state.selectedSlideID;
     if (isUnknown(state.liveSlideID))
         state.liveSlideID = state.selectedSlideID;
-    repairElement(state);
-    state.selectedServiceItemID = itemIDOf(state.project, state.selectedSlideID);
+    state.selectedServiceItemID.reset();
+    if (selected) {
+        repairElement(state, *selected);
+        state.selectedServiceItemID = project.serviceItems.at(selected->item).id;
+    }
     return state;
 }
 

@@ -1,5 +1,7 @@
 #include "Show.h"
 
+#include "Identifier.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -37,8 +39,9 @@ std::optional<SlidePosition> positionOf(const ZelvoProject &project,
     qsizetype before = 0;
     for (qsizetype i = 0; i < project.serviceItems.size(); ++i) {
         const QList<Slide> &slides = project.serviceItems.at(i).slides;
-        const auto found = std::find_if(slides.cbegin(), slides.cend(),
-                                        [&](const Slide &slide) { return slide.id == *slideID; });
+        const auto found = std::find_if(slides.cbegin(), slides.cend(), [&](const Slide &slide) {
+            return isSameIdentifier(slide.id, *slideID);
+        });
         if (found != slides.cend()) {
             const qsizetype j = found - slides.cbegin();
             return SlidePosition{i, j, before + j};
@@ -76,9 +79,8 @@ const Slide &slideAt(const ZelvoProject &project, const SlidePosition &position)
 }
 
 std::optional<SlidePosition> positionAfter(const ZelvoProject &project,
-                                           const std::optional<QString> &slideID)
+                                           const std::optional<SlidePosition> &position)
 {
-    const auto position = positionOf(project, slideID);
     return positionAt(project, position ? position->absolute + 1 : 0);
 }
 

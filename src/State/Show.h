@@ -37,10 +37,9 @@ qsizetype slideCount(const ZelvoProject &project);
 
 const Slide &slideAt(const ZelvoProject &project, const SlidePosition &position);
 
-/// The slide after the one with this id: nothing after the last, the first one for an absent or
-/// unknown id.
+/// The slide after that one: nothing after the last, the first one after none.
 std::optional<SlidePosition> positionAfter(const ZelvoProject &project,
-                                           const std::optional<QString> &slideID);
+                                           const std::optional<SlidePosition> &position);
 
 std::optional<QString> firstSlideID(const ZelvoProject &project);
 

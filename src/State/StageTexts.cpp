@@ -40,8 +40,8 @@ StageTexts stageTexts(const WorkspaceState &state)
         .slideCountText =
             QStringLiteral("%1 / %2").arg(live ? live->absolute + 1 : 0).arg(slideCount(project)),
         .currentStageText = currentWords(state, live),
-        .nextStageText = wordsOf(project, positionAfter(project, state.liveSlideID),
-                                 QStringLiteral("No next slide"))};
+        .nextStageText =
+            wordsOf(project, positionAfter(project, live), QStringLiteral("No next slide"))};
 }
 
 } // namespace quenara

@@ -31,15 +31,29 @@ std::optional<SlideElement> WorkspaceStore::selectedElement() const
     return index ? std::optional(slide->design.elements.at(*index)) : std::nullopt;
 }
 
+/// Every view asks for the same few slides after each change.
+std::optional<SlidePosition> WorkspaceStore::positionOf(const std::optional<QString> &slideID) const
+{
+    if (!slideID)
+        return std::nullopt;
+    const auto known = m_positions.constFind(*slideID);
+    if (known != m_positions.cend())
+        return *known;
+    const auto found = quenara::positionOf(m_state.project, slideID);
+    if (found)
+        m_positions.insert(*slideID, *found);
+    return found;
+}
+
 std::optional<Slide> WorkspaceStore::nextSlide() const
 {
-    const auto next = positionAfter(m_state.project, m_state.liveSlideID);
+    const auto next = positionAfter(m_state.project, positionOf(m_state.liveSlideID));
     return next ? std::optional(slideAt(m_state.project, *next)) : std::nullopt;
 }
 
 std::optional<Slide> WorkspaceStore::slideWithID(const std::optional<QString> &id) const
 {
-    const auto position = positionOf(m_state.project, id);
+    const auto position = positionOf(id);
     return position ? std::optional(slideAt(m_state.project, *position)) : std::nullopt;
 }
 
@@ -70,8 +84,10 @@ void WorkspaceStore::publish(WorkspaceState state, UndoRedoStore history)
         compare(before.*field != m_state.*field, signal);
     };
     compareField(&WorkspaceState::project, &WorkspaceStore::projectChanged);
-    if (!signalsToEmit.isEmpty())
+    if (!signalsToEmit.isEmpty()) {
         m_flattenedSlides.reset();
+        m_positions.clear();
+    }
     compareField(&WorkspaceState::selectedServiceItemID,
                  &WorkspaceStore::selectedServiceItemIDChanged);
     compareField(&WorkspaceState::selectedSlideID, &WorkspaceStore::selectedSlideIDChanged);

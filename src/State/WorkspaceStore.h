@@ -1,10 +1,12 @@
 #pragma once
 
 #include "FilePanels.h"
+#include "Show.h"
 #include "UndoRedoStore.h"
 #include "WorkspaceState.h"
 
 #include <QDateTime>
+#include <QHash>
 #include <QList>
 #include <QObject>
 #include <QString>
@@ -209,6 +211,7 @@ private:
     void load(ZelvoProject project, const std::optional<QUrl> &fileURL);
     void save(const QUrl &url);
     void fail(const QString &message);
+    std::optional<SlidePosition> positionOf(const std::optional<QString> &slideID) const;
     void publish(WorkspaceState state);
     void publish(WorkspaceState state, UndoRedoStore history);
 
@@ -217,7 +220,10 @@ private:
     UndoRedoStore m_undoStore;
     std::optional<Gesture> m_gesture;
     GestureID m_lastGesture{};
-    mutable std::optional<QList<FlattenedSlide>> m_flattenedSlides; ///< of the project as it is
+
+    // Of the project as it is.
+    mutable std::optional<QList<FlattenedSlide>> m_flattenedSlides;
+    mutable QHash<QString, SlidePosition> m_positions; ///< of the slides that were asked for
 };
 
 } // namespace quenara

@@ -65,6 +65,14 @@ void RundownList::followStore()
     placeSectionButtons();
 }
 
+/// A row keeps its height whatever it shows: a list view would ask all of them for theirs.
+void RundownList::dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
+                              const QList<int> &roles)
+{
+    QAbstractItemView::dataChanged( // NOLINT(bugprone-parent-virtual-call): which is the point
+        topLeft, bottomRight, roles);
+}
+
 void RundownList::keyPressEvent(QKeyEvent *event)
 {
     event->ignore();

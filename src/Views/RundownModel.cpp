@@ -1,5 +1,7 @@
 #include "RundownModel.h"
 
+#include "Identifier.h"
+#include "Show.h"
 #include "WorkspaceStore.h"
 
 #include <algorithm>
@@ -39,6 +41,7 @@ RundownModel::RundownModel(const WorkspaceStore &store, QObject *parent)
 QList<RundownModel::Row> RundownModel::rowsOf(const ZelvoProject &project)
 {
     QList<Row> rows;
+    rows.reserve(project.serviceItems.size() + slideCount(project));
     for (int i = 0; i < int(project.serviceItems.size()); ++i) {
         rows.append({i, -1});
         for (int j = 0; j < int(project.serviceItems.at(i).slides.size()); ++j)
@@ -71,7 +74,8 @@ void RundownModel::showProject()
     const ZelvoProject &after = m_store.project();
     const QList<Row> newRows = rowsOf(after);
     const auto isSame = [&](const Row &was, const Row &is) {
-        return (was.slide < 0) == (is.slide < 0) && idOf(before, was) == idOf(after, is);
+        return (was.slide < 0) == (is.slide < 0)
+            && isSameIdentifier(idOf(before, was), idOf(after, is));
     };
     const auto [oldMiddle, newMiddle] =
         std::mismatch(oldRows.cbegin(), oldRows.cend(), newRows.cbegin(), newRows.cend(), isSame);
@@ -120,15 +124,26 @@ void RundownModel::showMarks()
     const Marks before = std::exchange(m_marks, marks());
     if (before == m_marks)
         return;
+    QStringList items;
+    QStringList slides;
+    const auto note = [&](QStringList &ids, std::optional<QString> Marks::*mark) {
+        if (before.*mark == m_marks.*mark)
+            return;
+        for (const std::optional<QString> &id : {before.*mark, m_marks.*mark}) {
+            if (id && !ids.contains(*id))
+                ids.append(*id);
+        }
+    };
+    note(items, &Marks::serviceItem);
+    note(slides, &Marks::selected);
+    note(slides, &Marks::queued);
+    note(slides, &Marks::live);
     // A document may hold an id twice, so that two rows bear one mark.
     for (int row = 0; row < int(m_rows.size()); ++row) {
         const QString &id = idOf(m_project, m_rows.at(row));
-        const auto changes = [&](std::optional<QString> Marks::*mark) {
-            return before.*mark != m_marks.*mark && (before.*mark == id || m_marks.*mark == id);
-        };
-        if (m_rows.at(row).slide < 0
-                ? changes(&Marks::serviceItem)
-                : changes(&Marks::selected) || changes(&Marks::queued) || changes(&Marks::live)) {
+        const QStringList &ids = m_rows.at(row).slide < 0 ? items : slides;
+        if (std::any_of(ids.cbegin(), ids.cend(),
+                        [&](const QString &marked) { return isSameIdentifier(marked, id); })) {
             emit dataChanged(index(row), index(row));
         }
     }
@@ -214,20 +229,25 @@ const Slide *RundownModel::slideAt(const QModelIndex &index) const
     return &slideOf(m_rows.at(index.row()));
 }
 
-QModelIndex RundownModel::indexOfSlide(const std::optional<QString> &id) const
+QModelIndex RundownModel::firstWith(const std::optional<QString> &id, bool isServiceItem) const
 {
+    if (!id)
+        return {};
     const auto row = std::find_if(m_rows.cbegin(), m_rows.cend(), [&](const Row &candidate) {
-        return candidate.slide >= 0 && idOf(m_project, candidate) == id;
+        return (candidate.slide < 0) == isServiceItem
+            && isSameIdentifier(idOf(m_project, candidate), *id);
     });
     return row == m_rows.cend() ? QModelIndex() : index(int(row - m_rows.cbegin()));
 }
 
+QModelIndex RundownModel::indexOfSlide(const std::optional<QString> &id) const
+{
+    return firstWith(id, false);
+}
+
 QModelIndex RundownModel::indexOfServiceItem(const std::optional<QString> &id) const
 {
-    const auto row = std::find_if(m_rows.cbegin(), m_rows.cend(), [&](const Row &candidate) {
-        return candidate.slide < 0 && idOf(m_project, candidate) == id;
-    });
-    return row == m_rows.cend() ? QModelIndex() : index(int(row - m_rows.cbegin()));
+    return firstWith(id, true);
 }
 
 } // namespace quenara

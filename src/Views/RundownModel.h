@@ -60,6 +60,7 @@ private:
     static QList<Row> rowsOf(const ZelvoProject &project);
     static const QString &idOf(const ZelvoProject &project, const Row &row);
 
+    QModelIndex firstWith(const std::optional<QString> &id, bool isServiceItem) const;
     const ServiceItem &itemOf(const Row &row) const;
     const Slide &slideOf(const Row &row) const;
     QVariant itemData(const ServiceItem &item, int role) const;

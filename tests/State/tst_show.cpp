@@ -101,11 +101,14 @@ private slots:
     void theSlideAfterAnotherIsFoundAcrossItems()
     {
         const ZelvoProject project = showOf({1, 0, 2});
-        QCOMPARE(positionAfter(project, u"A1"_s), positionOf(project, u"C1"_s));
-        QCOMPARE(positionAfter(project, u"C1"_s), positionOf(project, u"C2"_s));
-        QVERIFY(!positionAfter(project, u"C2"_s));
+        QCOMPARE(positionAfter(project, positionOf(project, u"A1"_s)),
+                 positionOf(project, u"C1"_s));
+        QCOMPARE(positionAfter(project, positionOf(project, u"C1"_s)),
+                 positionOf(project, u"C2"_s));
+        QVERIFY(!positionAfter(project, positionOf(project, u"C2"_s)));
         QCOMPARE(positionAfter(project, std::nullopt), positionOf(project, u"A1"_s));
-        QCOMPARE(positionAfter(project, u"gone"_s), positionOf(project, u"A1"_s));
+        QCOMPARE(positionAfter(project, positionOf(project, u"gone"_s)),
+                 positionOf(project, u"A1"_s));
         QVERIFY(!positionAfter(showOf({0}), std::nullopt));
     }
 

@@ -231,6 +231,20 @@ private slots:
         QCOMPARE(show.store.nextSlide()->id, u"A1"_s);
     }
 
+    void slidesAreFoundWhereverAnEditHasMovedThem()
+    {
+        Show show;
+        goTo(show.store, u"A2"_s);
+        QCOMPARE(show.store.nextSlide()->id, u"B1"_s);
+        show.store.moveSelectedSlide(-1);
+        QCOMPARE(show.store.nextSlide()->id, u"A1"_s);
+        QCOMPARE(show.store.slideWithID(u"A2"_s)->id, u"A2"_s);
+        show.store.deleteSelectedSlide();
+        QVERIFY(!show.store.slideWithID(u"A2"_s));
+        show.store.undo();
+        QCOMPARE(show.store.slideWithID(u"A2"_s)->id, u"A2"_s);
+    }
+
     void theQueueStepsThroughTheShowAndStopsAtItsEnds_data()
     {
         QTest::addColumn<QString>("queued");

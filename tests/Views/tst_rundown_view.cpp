@@ -5,6 +5,7 @@
 #include <QHelpEvent>
 #include <QMenu>
 #include <QScrollBar>
+#include <QStyledItemDelegate>
 #include <QToolTip>
 
 using namespace Qt::StringLiterals;
@@ -55,6 +56,19 @@ QImage lookOf(OperatorWorld &op, const QModelIndex &index)
 {
     return op.list->viewport()->grab(op.list->visualRect(index)).toImage();
 }
+
+/// Counts how often a row is asked for its size.
+class MeasuredRows : public QStyledItemDelegate
+{
+public:
+    mutable int count = 0;
+
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        ++count;
+        return QStyledItemDelegate::sizeHint(option, index);
+    }
+};
 
 } // namespace
 
@@ -345,6 +359,24 @@ private slots:
         QTRY_VERIFY(!op.list->thumbnails().owesPictures());
         QVERIFY(op.list->thumbnails().madeCount() > 5);
         QVERIFY(op.list->thumbnails().madeCount() < 30);
+    }
+
+    void allRowsAreMeasuredOnlyWhenSomeComeOrGo()
+    {
+        constexpr int slideCount = 1000;
+        OperatorWorld op(showOf({slideCount}));
+        MeasuredRows rows;
+        op.list->setItemDelegate(&rows);
+        op.view.grab();
+        rows.count = 0;
+        op.store.updateSelectedSlide([](Slide &slide) { slide.title = QStringLiteral("x"); });
+        op.store.queueNext();
+        op.store.nextLive();
+        op.view.grab();
+        QVERIFY(rows.count < slideCount);
+        op.store.duplicateSelectedSlide();
+        op.view.grab();
+        QVERIFY(rows.count > slideCount);
     }
 
     void theListTakesNoKeys()

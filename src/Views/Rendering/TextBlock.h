@@ -78,7 +78,7 @@ private:
     void traceGlyphs(int start, int end);
     void drawOutlines(QPainter &painter) const;
 
-    const TextElementProperties &m_text;
+    TextElementProperties m_text;
     QSizeF m_box;
     TextLimits m_limits;
     std::unique_ptr<QTextLayout> m_layout;

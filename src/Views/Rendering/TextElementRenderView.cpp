@@ -2,15 +2,14 @@
 
 #include "DeviceLayer.h"
 #include "GaussianBlur.h"
+#include "KeptTextBlocks.h"
 #include "RoundedShapes.h"
-#include "TextBlock.h"
 
 #include <QColor>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <optional>
 
 namespace quenara {
 
@@ -122,12 +121,8 @@ void TextElementRenderView::paint(QPainter &painter, const QRectF &box, TextBloc
     painter.translate(box.topLeft());
     painter.scale(scale, scale);
     if (text.fontSize * deviceScale(painter) >= smallestLetters) {
-        std::optional<TextBlock> block;
-        if (!laidOut) {
-            laidOut =
-                &block.emplace(text, box.size() / scale - 2 * QSizeF(text.padding, text.padding));
-        }
-        paintLetters(painter, text, *laidOut);
+        const QSizeF size = box.size() / scale - 2 * QSizeF(text.padding, text.padding);
+        paintLetters(painter, text, laidOut ? *laidOut : *keptTextBlock(text, size));
     }
     painter.restore();
 }

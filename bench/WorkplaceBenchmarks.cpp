@@ -1,0 +1,220 @@
+#include "WorkplaceBenchmarks.h"
+
+#include "BenchStore.h"
+#include "CanvasHand.h"
+#include "DisplayOutputView.h"
+#include "OperatorView.h"
+#include "OutputSwitches.h"
+#include "PictureCache.h"
+#include "ProjectGenerator.h"
+#include "RundownList.h"
+#include "RundownModel.h"
+#include "StageOutputView.h"
+#include "TextField.h"
+
+#include <QAbstractEventDispatcher>
+#include <QApplication>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QWheelEvent>
+
+namespace quenara::bench {
+
+namespace {
+
+constexpr QSize operatorSize{1480, 900};
+constexpr QSize displaySize{1920, 1080};
+constexpr QSize stageSize{1180, 720};
+constexpr ProjectSize show{.slideCount = 10'000, .itemCount = 500};
+constexpr int stepCount = 200;
+constexpr double frameLimit = 16e6; ///< nanoseconds
+constexpr double dragLimit = 8e6;
+
+/// Windows that the operator's switches do not move.
+class OpenOutputs : public OutputSwitches
+{
+public:
+    bool isDisplayWindowOpen() const override { return true; }
+    bool isStageWindowOpen() const override { return true; }
+    void toggleDisplayWindow() override {}
+    void toggleStageWindow() override {}
+};
+
+/// What a step changes is all painted when nothing is left to do.
+void settle()
+{
+    QAbstractEventDispatcher *dispatcher = QAbstractEventDispatcher::instance();
+    while (dispatcher->processEvents(QEventLoop::AllEvents)) {}
+}
+
+class Workplace
+{
+public:
+    /// The show begins with \a first.
+    explicit Workplace(const Slide &first) : m_workspace(showBeginningWith(first))
+    {
+        m_display.resize(displaySize);
+        m_stage.resize(stageSize);
+        m_view.resize(operatorSize);
+        for (QWidget *window : {static_cast<QWidget *>(&m_display),
+                                static_cast<QWidget *>(&m_stage), static_cast<QWidget *>(&m_view)})
+            window->show();
+        m_view.activateWindow();
+        settle();
+    }
+
+    WorkspaceStore &store() { return m_workspace.store; }
+    CanvasHand &hand() { return m_hand; }
+
+    void select(qsizetype absolute)
+    {
+        const Slide slide = store().flattenedSlides().at(absolute).slide;
+        store().selectSlide(slide.id, true);
+        store().selectElement(slide.design.firstTextElementID());
+        settle();
+    }
+
+    void goLive()
+    {
+        store().goLive();
+        settle();
+    }
+
+    /// On one of two rows that are in sight, in turn.
+    void clickRow()
+    {
+        const QModelIndex selected = m_model->indexOfSlide(store().selectedSlideID());
+        m_isOnLower = !m_isOnLower;
+        const QRect row =
+            m_list->visualRect(selected.siblingAtRow(selected.row() + (m_isOnLower ? 1 : -1)));
+        for (const QEvent::Type type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+            QMouseEvent event(type, row.center(), m_list->viewport()->mapToGlobal(row.center()),
+                              Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(m_list->viewport(), &event);
+        }
+        settle();
+    }
+
+    void stepLive()
+    {
+        store().nextLive();
+        settle();
+    }
+
+    void stepQueue()
+    {
+        store().queueNext();
+        settle();
+    }
+
+    void typeTitle()
+    {
+        if (++m_letterCount % 20 == 0)
+            m_title->selectAll();
+        QKeyEvent key(QEvent::KeyPress, Qt::Key_A, Qt::NoModifier, QStringLiteral("a"));
+        QApplication::sendEvent(m_title, &key);
+        settle();
+    }
+
+    void duplicateSlide()
+    {
+        store().duplicateSelectedSlide();
+        settle();
+    }
+
+    /// One notch, until the list is painted as far as a frame leaves time for.
+    void turnWheel()
+    {
+        const QPointF middle = m_list->viewport()->rect().center();
+        QWheelEvent event(middle, m_list->viewport()->mapToGlobal(middle), {}, {0, -120},
+                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(m_list->viewport(), &event);
+        QCoreApplication::sendPostedEvents();
+    }
+
+    double timeOfFilling()
+    {
+        QImage image(operatorSize, QImage::Format_RGB32);
+        return nanosecondsOf([&] { QPainter(&image).fillRect(image.rect(), Qt::darkBlue); }, [] {});
+    }
+
+private:
+    static ZelvoProject showBeginningWith(const Slide &first)
+    {
+        ZelvoProject project = generateProject(show);
+        project.serviceItems.first().slides.first() = first;
+        return project;
+    }
+
+    BenchStore m_workspace;
+    PictureCache m_pictures;
+    OpenOutputs m_outputs;
+    DisplayOutputView m_display{m_workspace.store, m_pictures};
+    StageOutputView m_stage{m_workspace.store, m_pictures};
+    OperatorView m_view{m_workspace.store, m_outputs, m_pictures, [] { return true; }};
+    RundownList *m_list = m_view.findChild<RundownList *>();
+    const RundownModel *m_model = m_view.findChild<RundownModel *>();
+    TextField *m_title = m_view.findChild<TextField *>();
+    CanvasHand m_hand{m_workspace.store, m_view, settle};
+    bool m_isOnLower = false;
+    int m_letterCount = 0;
+};
+
+struct Step
+{
+    const char *name;
+    std::function<void()> take;
+    double limit;
+};
+
+QList<Figure> figuresOf(Workplace &workplace, const Step &step)
+{
+    Times times;
+    for (int i = 0; i < stepCount; ++i)
+        times.measure(step.take);
+    const double fill = workplace.timeOfFilling();
+    const auto figure = [&](const char *which, double share, std::optional<double> limit) {
+        return Figure{.name = QStringLiteral("%1, %2").arg(QString::fromLatin1(step.name),
+                                                           QString::fromLatin1(which)),
+                      .value = times.within(share),
+                      .yardstickName = QStringLiteral("a solid fill of the window"),
+                      .yardstick = fill,
+                      .limit = limit};
+    };
+    return {figure("99 of 100", 0.99, step.limit), figure("the middle one", 0.5, std::nullopt)};
+}
+
+} // namespace
+
+QList<Figure> workplaceFigures()
+{
+    Workplace workplace(lyricSlide());
+    QList<Figure> figures;
+    const auto measure = [&](const char *name, const std::function<void()> &take,
+                             double limit = frameLimit) {
+        figures += figuresOf(workplace, {name, take, limit});
+    };
+    const auto drag = [&] { workplace.hand().drag(); };
+    workplace.select(1);
+    workplace.goLive();
+    workplace.select(0);
+    workplace.hand().beginDrag();
+    measure("a lyric's drag", drag, dragLimit);
+    workplace.hand().endDrag();
+    workplace.goLive();
+    workplace.hand().beginDrag();
+    measure("a lyric's drag before the audience", drag);
+    workplace.hand().endDrag();
+    workplace.select(show.slideCount / 2);
+    workplace.goLive();
+    measure("a click on a row", [&] { workplace.clickRow(); });
+    measure("a step of the live slide", [&] { workplace.stepLive(); });
+    measure("a step of the queue", [&] { workplace.stepQueue(); });
+    measure("a letter of the title", [&] { workplace.typeTitle(); });
+    measure("a slide more", [&] { workplace.duplicateSlide(); });
+    measure("a turn of the wheel", [&] { workplace.turnWheel(); });
+    return figures;
+}
+
+} // namespace quenara::bench
