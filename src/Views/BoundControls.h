@@ -67,7 +67,8 @@ public:
     /// Has every control show its value, as it does from the moment it is bound.
     void show() const;
 
-    /// Drops what is half done in the controls, as what they are about has changed.
+    /// Ends what is half done in the controls, as what they are about has changed. What is seen of
+    /// it stays, as one undo step.
     void endEditing() const;
 
 private:

@@ -24,15 +24,13 @@ constexpr BadgeLook badgeLook{.pixelSize = 10, .horizontalPadding = 8, .vertical
 } // namespace
 
 ProjectNameField::ProjectNameField(WorkspaceStore &store, QWidget *parent)
-    : QLineEdit(parent), m_store(store)
+    : TextField(QStringLiteral("Project Name"), parent), m_store(store)
 {
     setObjectName(QStringLiteral("projectName"));
-    setAccessibleName(QStringLiteral("Project Name"));
     setPlaceholderText(QStringLiteral("Project Name"));
     setMinimumWidth(nameMinimumWidth);
     setMaximumWidth(nameMaximumWidth);
     connect(this, &QLineEdit::editingFinished, this, &ProjectNameField::write);
-    connect(this, &QLineEdit::returnPressed, this, &QWidget::clearFocus);
     connect(&store, &WorkspaceStore::projectChanged, this, &ProjectNameField::showName);
     showName();
 }
@@ -45,10 +43,9 @@ ProjectNameField::~ProjectNameField()
 
 void ProjectNameField::keyPressEvent(QKeyEvent *event)
 {
-    if (event->key() != Qt::Key_Escape)
-        return QLineEdit::keyPressEvent(event);
-    setText(m_store.project().name);
-    clearFocus();
+    if (event->key() == Qt::Key_Escape)
+        setText(m_store.project().name);
+    TextField::keyPressEvent(event);
 }
 
 void ProjectNameField::write()

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QLineEdit>
+#include "TextField.h"
 
 #include <functional>
 
@@ -13,7 +13,7 @@ class WorkspaceStore;
 
 /// The project's name as a field. Written when editing ends, as one undo step; Escape puts the old
 /// name back.
-class ProjectNameField : public QLineEdit
+class ProjectNameField : public TextField
 {
     Q_OBJECT
 

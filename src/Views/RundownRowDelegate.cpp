@@ -24,8 +24,8 @@ constexpr int slideRowHeight = 48;
 constexpr double sideMargin = 8;
 constexpr double cornerRadius = 6;
 constexpr double thumbnailRadius = 4;
-constexpr double numberLeft = 10;
-constexpr double numberRight = 26;
+constexpr double numberLeft = 8;
+constexpr double numberRight = 28;
 constexpr double thumbnailLeft = 34;
 constexpr double gap = 8;
 constexpr double itemSymbolLeft = 2;
@@ -33,6 +33,8 @@ constexpr double itemTitleLeft = 24;
 constexpr int symbolSize = 16;
 constexpr double textSize = 12;
 constexpr double numberSize = 11;
+constexpr double longNumberSize = 8;
+constexpr int firstLongNumber = 1000;
 constexpr double pointerSize = 7;
 
 /// Draws \a text in one line, with an ellipsis where it does not fit.
@@ -149,8 +151,10 @@ void RundownRowDelegate::paintSlide(QPainter &painter, const QStyleOptionViewIte
         drawPointer(painter, {row.left() + 4.5, row.center().y()}, theme.accent);
     }
 
-    drawText(painter, QString::number(index.data(RundownModel::numberRole).toInt()),
-             systemFont(numberSize, QFont::Normal), theme.secondaryText,
+    const int number = index.data(RundownModel::numberRole).toInt();
+    drawText(painter, QString::number(number),
+             systemFont(number < firstLongNumber ? numberSize : longNumberSize, QFont::Normal),
+             theme.secondaryText,
              {row.left() + numberLeft, row.top(), numberRight - numberLeft, row.height()},
              Qt::AlignRight);
     const QSizeF size = SlideThumbnails::size;

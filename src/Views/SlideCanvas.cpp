@@ -116,7 +116,9 @@ void SlideCanvas::showStore()
             update();
         }
     }
-    if (isDragging() && !m_store.isGestureOpen(m_drag))
+    const SlideElement *layer = selectedLayer();
+    const bool isPressedLayer = m_press && layer && layer->id == m_press->layerID;
+    if (m_press && (!isPressedLayer || (isDragging() && !m_store.isGestureOpen(m_drag))))
         endDrag();
     showEditor();
 }
@@ -145,7 +147,7 @@ void SlideCanvas::endEditing()
 {
     m_editingElementID.reset();
     // Not to whatever comes next in the window, where keys may be text.
-    if (m_editor->hasFocus())
+    if (window()->focusWidget() == m_editor)
         setFocus();
     m_editor->endEditing();
     update();

@@ -1,6 +1,7 @@
 #include "EndTyping.h"
 
 #include "CanvasTextLayerEditor.h"
+#include "LeaveField.h"
 
 #include <QApplication>
 #include <QWidget>
@@ -15,7 +16,7 @@ QWidget *endTyping()
         || qobject_cast<CanvasTextLayerEditor *>(focused)) {
         return nullptr;
     }
-    focused->clearFocus();
+    leaveField(*focused);
     return focused;
 }
 

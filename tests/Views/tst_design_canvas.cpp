@@ -357,6 +357,31 @@ private slots:
         QVERIFY(snapshotOf(c.store) == after);
     }
 
+    void aPressEndsWithTheLayerThatIsPressed_data()
+    {
+        QTest::addColumn<std::function<void(WorkspaceStore &)>>("operation");
+        const auto row = [](const char *name, const std::function<void(WorkspaceStore &)> &run) {
+            QTest::newRow(name) << run;
+        };
+        row("another slide", [](WorkspaceStore &store) { store.addSlide(); });
+        row("another selection", [](WorkspaceStore &store) { store.selectElement(front); });
+        row("the layer deleted", [](WorkspaceStore &store) { store.deleteSelectedElement(); });
+        row("another document", [](WorkspaceStore &store) { store.newBlankProject(); });
+    }
+
+    void aPressEndsWithTheLayerThatIsPressed()
+    {
+        QFETCH(std::function<void(WorkspaceStore &)>, operation);
+        DesignCanvas c(shapes());
+        const QPoint from = c.pointOf({150, 150});
+        c.press(from);
+        operation(c.store);
+        const Snapshot after = snapshotOf(c.store);
+        c.moveTo(from + QPoint(60, 60));
+        c.release(from + QPoint(60, 60));
+        QVERIFY(snapshotOf(c.store) == after);
+    }
+
     void theShowGoesOnDuringADrag()
     {
         DesignCanvas c(showOf({3}));

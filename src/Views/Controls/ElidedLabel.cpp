@@ -6,6 +6,8 @@
 #include <QPainter>
 #include <QToolTip>
 
+#include <cmath>
+
 namespace quenara {
 
 ElidedLabel::ElidedLabel(const QString &role, QWidget *parent) : QLabel(parent)
@@ -27,8 +29,8 @@ QString ElidedLabel::line() const
 
 QSize ElidedLabel::sizeHint() const
 {
-    const QFontMetrics metrics = fontMetrics();
-    return {metrics.horizontalAdvance(line()), metrics.height()};
+    const double width = QFontMetricsF(font()).horizontalAdvance(line());
+    return {int(std::ceil(width)), fontMetrics().height()};
 }
 
 QSize ElidedLabel::minimumSizeHint() const
@@ -48,7 +50,7 @@ void ElidedLabel::paintEvent(QPaintEvent * /*event*/)
 {
     QPainter painter(this);
     painter.drawText(rect(), int(Qt::AlignLeft | Qt::AlignVCenter) | Qt::TextSingleLine,
-                     fontMetrics().elidedText(line(), m_elideMode, width()));
+                     QFontMetricsF(font()).elidedText(line(), m_elideMode, width()));
 }
 
 } // namespace quenara

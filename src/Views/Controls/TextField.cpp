@@ -1,5 +1,7 @@
 #include "TextField.h"
 
+#include "LeaveField.h"
+
 #include <QKeyEvent>
 
 #include <algorithm>
@@ -34,11 +36,20 @@ void TextField::keyPressEvent(QKeyEvent *event)
     case Qt::Key_Escape:
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        clearFocus();
+        leaveField(*this);
         break;
     default:
         QLineEdit::keyPressEvent(event);
     }
+}
+
+void TextField::focusOutEvent(QFocusEvent *event)
+{
+    QLineEdit::focusOutEvent(event);
+    const bool isLeft =
+        event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason;
+    if (isLeft)
+        home(false);
 }
 
 } // namespace quenara

@@ -17,6 +17,8 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
+    /// A long text is read from its beginning again.
+    void focusOutEvent(QFocusEvent *event) override;
 };
 
 } // namespace quenara
