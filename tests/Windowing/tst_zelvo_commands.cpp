@@ -10,6 +10,7 @@
 
 using namespace quenara;
 using namespace quenara::test;
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -231,6 +232,42 @@ private slots:
         ProgramWindows::press(program.operatorWindow, Qt::Key_Space);
         QCOMPARE(program.queued(), queued + 1);
         QCOMPARE(program.live(), queued + 1);
+    }
+
+    void aTextThatWasLeftIsNotTypedIntoWhenItsWindowComesBack_data()
+    {
+        using Leave = std::function<void(ProgramWindows &)>;
+        QTest::addColumn<Leave>("leave");
+        const auto escape = [](ProgramWindows &program, const QString &name) {
+            named<QLineEdit>(program.operatorWindow, name).setFocus();
+            ProgramWindows::press(program.operatorWindow, Qt::Key_Escape);
+        };
+        QTest::newRow("the title")
+            << Leave([escape](ProgramWindows &program) { escape(program, u"Title"_s); });
+        QTest::newRow("the project's name")
+            << Leave([escape](ProgramWindows &program) { escape(program, u"Project Name"_s); });
+        QTest::newRow("a text on the canvas, by a slide that is sent meanwhile")
+            << Leave([](ProgramWindows &program) {
+                   program.openText(program.operatorWindow);
+                   ProgramWindows::activate(program.settings);
+                   ProgramWindows::press(program.settings, Qt::Key_Right);
+               });
+    }
+
+    void aTextThatWasLeftIsNotTypedIntoWhenItsWindowComesBack()
+    {
+        QFETCH(std::function<void(ProgramWindows &)>, leave);
+        ProgramWindows program;
+        program.store.loadDemoProject();
+        program.settings.show();
+        ProgramWindows::activate(program.operatorWindow);
+        leave(program);
+        ProgramWindows::activate(program.settings);
+        const ZelvoProject project = program.store.project();
+        ProgramWindows::activate(program.operatorWindow);
+        ProgramWindows::press(program.operatorWindow, Qt::Key_B);
+        QCOMPARE(program.store.outputMode(), OutputMode::blackout);
+        QVERIFY(program.store.project() == project);
     }
 
     void anEditorOfSeveralLinesKeepsItsKeys()
