@@ -40,10 +40,11 @@ RundownList::RundownList(WorkspaceStore &store, PictureCache &pictures, QWidget 
 void RundownList::choose(const QModelIndex &index)
 {
     const QString id = index.data(RundownModel::idRole).toString();
-    if (index.data(RundownModel::isServiceItemRole).toBool())
+    if (index.data(RundownModel::isServiceItemRole).toBool()) {
         m_store.selectServiceItem(id);
-    else
+    } else {
         m_store.selectSlide(id, true);
+    }
 }
 
 QModelIndex RundownList::affectedRow() const

@@ -91,10 +91,11 @@ void drawThumbnail(QPainter &painter, const QPixmap &picture, const QRectF &box,
     const QPainterPath shape = continuousRoundedRect(box, thumbnailRadius);
     painter.save();
     painter.setClipPath(shape);
-    if (picture.isNull())
+    if (picture.isNull()) {
         painter.fillRect(box, theme.canvasBackground);
-    else
+    } else {
         painter.drawPixmap(box.topLeft(), picture);
+    }
     painter.restore();
     painter.strokePath(
         continuousRoundedRect(box.adjusted(-0.5, -0.5, 0.5, 0.5), thumbnailRadius + 0.5),
@@ -112,10 +113,11 @@ void RundownRowDelegate::paint(QPainter *painter, const QStyleOptionViewItem &op
 {
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
-    if (index.data(RundownModel::isServiceItemRole).toBool())
+    if (index.data(RundownModel::isServiceItemRole).toBool()) {
         paintItem(*painter, option, index);
-    else
+    } else {
         paintSlide(*painter, option, index);
+    }
     painter->restore();
 }
 
@@ -142,10 +144,11 @@ void RundownRowDelegate::paintSlide(QPainter &painter, const QStyleOptionViewIte
     const bool isQueued = index.data(RundownModel::isQueuedRole).toBool();
     const QPainterPath shape =
         continuousRoundedRect(row.adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius);
-    if (isSelected)
+    if (isSelected) {
         painter.fillPath(shape, theme.selection);
-    else if (option.state & QStyle::State_MouseOver)
+    } else if (option.state & QStyle::State_MouseOver) {
         painter.fillPath(shape, theme.panelSecondaryBackground);
+    }
     if (isQueued) {
         painter.strokePath(shape, QPen(theme.accent, 1));
         drawPointer(painter, {row.left() + 4.5, row.center().y()}, theme.accent);
