@@ -80,6 +80,7 @@ QLayout *LayerListView::makeHeader()
     header->addWidget(makeRoleLabel(QStringLiteral("sectionTitle"), QStringLiteral("Layers")), 1);
     header->addWidget(addText);
     header->addWidget(addShape);
+    m_lastTabStop = addShape;
     return header;
 }
 
@@ -136,6 +137,7 @@ void LayerListView::showStore()
     while (m_rows.size() < rows.size()) {
         m_rows.append(makeRow());
         m_rowsLayout->addWidget(m_rows.constLast());
+        m_lastTabStop = m_rows.constLast()->followInTabOrder(m_lastTabStop);
     }
     for (qsizetype i = 0; i < m_rows.size(); ++i) {
         m_rows.at(i)->setVisible(i < rows.size());
