@@ -140,6 +140,9 @@ void LayerListView::showStore()
         m_lastTabStop = m_rows.constLast()->followInTabOrder(m_lastTabStop);
     }
     for (qsizetype i = 0; i < m_rows.size(); ++i) {
+        // A row that is shown before it is laid out may lie under the pointer for that moment.
+        if (m_rows.at(i)->isHidden())
+            m_rows.at(i)->setGeometry({});
         m_rows.at(i)->setVisible(i < rows.size());
         if (i < rows.size()) {
             m_rows.at(i)->setContents(rows.at(i));

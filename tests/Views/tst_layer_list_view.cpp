@@ -200,6 +200,16 @@ private slots:
         QCOMPARE(list.markedIDs(), QStringList{list.rows().at(0)->contents().id});
     }
 
+    void aRowThatIsAddedElsewhereIsNotUnderThePointer()
+    {
+        LayerList list;
+        auto &button = list.control<SymbolButton>(u"Add Shape"_s);
+        QCursor::setPos(button.mapToGlobal(button.rect().center()));
+        list.press(u"Add Shape"_s);
+        for (const LayerRow *row : list.rows())
+            QVERIFY2(!row->underMouse(), qPrintable(row->contents().name));
+    }
+
     void withoutASlideThereAreNoRowsAndTheButtonsChangeNothing()
     {
         LayerList list;
