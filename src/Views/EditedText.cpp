@@ -10,28 +10,29 @@ namespace {
 
 using Finder = QTextBoundaryFinder;
 
-qsizetype next(Finder::BoundaryType type, const QString &text, qsizetype position,
-               Finder::BoundaryReasons reasons)
+/// Where \a step, of the finder, comes to a boundary for one of \a reasons; else \a end.
+qsizetype boundary(Finder::BoundaryType type, const QString &text, qsizetype position,
+                   Finder::BoundaryReasons reasons, qsizetype (Finder::*step)(), qsizetype end)
 {
     Finder finder(type, text);
     finder.setPosition(position);
-    while (finder.toNextBoundary() >= 0) {
+    while ((finder.*step)() >= 0) {
         if (finder.boundaryReasons() & reasons)
             return finder.position();
     }
-    return text.size();
+    return end;
+}
+
+qsizetype next(Finder::BoundaryType type, const QString &text, qsizetype position,
+               Finder::BoundaryReasons reasons)
+{
+    return boundary(type, text, position, reasons, &Finder::toNextBoundary, text.size());
 }
 
 qsizetype previous(Finder::BoundaryType type, const QString &text, qsizetype position,
                    Finder::BoundaryReasons reasons)
 {
-    Finder finder(type, text);
-    finder.setPosition(position);
-    while (finder.toPreviousBoundary() >= 0) {
-        if (finder.boundaryReasons() & reasons)
-            return finder.position();
-    }
-    return 0;
+    return boundary(type, text, position, reasons, &Finder::toPreviousBoundary, 0);
 }
 
 constexpr Finder::BoundaryReasons anyBoundary =

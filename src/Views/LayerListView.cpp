@@ -80,6 +80,7 @@ QLayout *LayerListView::makeHeader()
     header->addWidget(makeRoleLabel(QStringLiteral("sectionTitle"), QStringLiteral("Layers")), 1);
     header->addWidget(addText);
     header->addWidget(addShape);
+    m_lastTabStop = addShape;
     return header;
 }
 
@@ -136,8 +137,12 @@ void LayerListView::showStore()
     while (m_rows.size() < rows.size()) {
         m_rows.append(makeRow());
         m_rowsLayout->addWidget(m_rows.constLast());
+        m_lastTabStop = m_rows.constLast()->followInTabOrder(m_lastTabStop);
     }
     for (qsizetype i = 0; i < m_rows.size(); ++i) {
+        // A row that is shown before it is laid out may lie under the pointer for that moment.
+        if (m_rows.at(i)->isHidden())
+            m_rows.at(i)->setGeometry({});
         m_rows.at(i)->setVisible(i < rows.size());
         if (i < rows.size()) {
             m_rows.at(i)->setContents(rows.at(i));

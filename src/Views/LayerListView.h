@@ -30,6 +30,7 @@ private:
 
     WorkspaceStore &m_store;
     QVBoxLayout *m_rowsLayout;
+    QWidget *m_lastTabStop = nullptr; ///< of the rows, or of what stands above them
     QList<LayerRow *> m_rows; ///< from the top; those that are not needed now are hidden
 };
 

@@ -69,6 +69,14 @@ void LayerRow::setContents(const Contents &contents)
     showContents();
 }
 
+QWidget *LayerRow::followInTabOrder(QWidget *before)
+{
+    setTabOrder(before, this);
+    setTabOrder(this, m_visibility);
+    setTabOrder(m_visibility, m_lock);
+    return m_lock;
+}
+
 void LayerRow::showContents()
 {
     setAccessibleName(m_contents.name);

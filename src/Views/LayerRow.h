@@ -34,6 +34,9 @@ public:
     const Contents &contents() const { return m_contents; }
     void setContents(const Contents &contents);
 
+    /// Has Tab go from \a before to the row and its buttons. Returns the last of these.
+    QWidget *followInTabOrder(QWidget *before);
+
     QSize sizeHint() const override;
 
 signals:

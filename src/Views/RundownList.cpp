@@ -142,8 +142,14 @@ SymbolButton *RundownList::makeMoveButton(qsizetype position, qsizetype delta)
 
 RundownList::SectionButtons &RundownList::sectionButtons(qsizetype position)
 {
-    if (position == m_sectionButtons.size())
-        m_sectionButtons.append({makeMoveButton(position, -1), makeMoveButton(position, 1), {}});
+    if (position == m_sectionButtons.size()) {
+        SymbolButton *up = makeMoveButton(position, -1);
+        SymbolButton *down = makeMoveButton(position, 1);
+        setTabOrder(
+            position == 0 ? static_cast<QWidget *>(this) : m_sectionButtons.constLast().down, up);
+        setTabOrder(up, down);
+        m_sectionButtons.append({up, down, {}});
+    }
     return m_sectionButtons[position];
 }
 

@@ -73,6 +73,74 @@ private slots:
         QCOMPARE(slider.finished.size(), 1);
     }
 
+    void controlAndTheArrowsMoveTheKnobByAFiftiethOfTheRange_data()
+    {
+        QTest::addColumn<Qt::Key>("key");
+        QTest::addColumn<double>("value");
+        QTest::newRow("right goes up") << Qt::Key_Right << 4.8;
+        QTest::newRow("up goes up") << Qt::Key_Up << 4.8;
+        QTest::newRow("left goes down") << Qt::Key_Left << 4.2;
+        QTest::newRow("down goes down") << Qt::Key_Down << 4.2;
+    }
+
+    void controlAndTheArrowsMoveTheKnobByAFiftiethOfTheRange()
+    {
+        QFETCH(const Qt::Key, key);
+        QFETCH(const double, value);
+        Tracking slider(4.5);
+        slider.control.setFocus(Qt::TabFocusReason);
+        QTest::keyClick(slider.window.windowHandle(), key, Qt::ControlModifier);
+        QCOMPARE(slider.values, QList<double>{value});
+        QCOMPARE(slider.finished.size(), 1);
+    }
+
+    void aKeyThatIsHeldIsFinishedWhenItIsLetGoOf()
+    {
+        Tracking slider(4.5);
+        slider.control.setFocus(Qt::TabFocusReason);
+        for (int i = 0; i < 3; ++i)
+            QTest::keyPress(slider.window.windowHandle(), Qt::Key_Right, Qt::ControlModifier);
+        QCOMPARE(slider.values.size(), 3);
+        QVERIFY(slider.finished.isEmpty());
+        QTest::keyRelease(slider.window.windowHandle(), Qt::Key_Right);
+        QCOMPARE(slider.finished.size(), 1);
+    }
+
+    void aKeyThatIsHeldIsFinishedWhenTheFocusGoesElsewhere()
+    {
+        Tracking slider(4.5);
+        slider.control.setFocus(Qt::TabFocusReason);
+        QTest::keyPress(slider.window.windowHandle(), Qt::Key_Right, Qt::ControlModifier);
+        slider.control.clearFocus();
+        QCOMPARE(slider.finished.size(), 1);
+        QTest::keyRelease(slider.window.windowHandle(), Qt::Key_Right);
+        QCOMPARE(slider.finished.size(), 1);
+    }
+
+    void theKeysEndAtTheEndsOfTheRange()
+    {
+        Tracking slider(11.9);
+        slider.control.setFocus(Qt::TabFocusReason);
+        QTest::keyClick(slider.window.windowHandle(), Qt::Key_Right, Qt::ControlModifier);
+        QTest::keyClick(slider.window.windowHandle(), Qt::Key_Right, Qt::ControlModifier);
+        QCOMPARE(slider.values, QList<double>{12});
+    }
+
+    void otherKeysAreLeftToTheShow()
+    {
+        Tracking slider(4.5);
+        slider.control.setFocus(Qt::TabFocusReason);
+        for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down}) {
+            QKeyEvent plain(QEvent::KeyPress, key, Qt::NoModifier);
+            plain.accept();
+            QApplication::sendEvent(&slider.control, &plain);
+            QVERIFY(!plain.isAccepted());
+            QTest::keyClick(slider.window.windowHandle(), key,
+                            Qt::ControlModifier | Qt::ShiftModifier);
+        }
+        QCOMPARE(slider.values, QList<double>());
+    }
+
     void thePullEndsAtTheEndsOfTheRange()
     {
         Tracking slider(4.5);

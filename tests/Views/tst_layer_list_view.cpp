@@ -200,6 +200,16 @@ private slots:
         QCOMPARE(list.markedIDs(), QStringList{list.rows().at(0)->contents().id});
     }
 
+    void aRowThatIsAddedElsewhereIsNotUnderThePointer()
+    {
+        LayerList list;
+        auto &button = list.control<SymbolButton>(u"Add Shape"_s);
+        QCursor::setPos(button.mapToGlobal(button.rect().center()));
+        list.press(u"Add Shape"_s);
+        for (const LayerRow *row : list.rows())
+            QVERIFY2(!row->underMouse(), qPrintable(row->contents().name));
+    }
+
     void withoutASlideThereAreNoRowsAndTheButtonsChangeNothing()
     {
         LayerList list;
@@ -278,6 +288,26 @@ private slots:
         for (const SymbolButton *button : row.findChildren<SymbolButton *>())
             QVERIFY(row.rect().contains(button->geometry()));
         QVERIFY(row.findChild<ElidedLabel *>()->width() < row.width());
+    }
+
+    void tabGoesThroughTheListFromTheTopDown()
+    {
+        LayerList list;
+        list.store.addShapeLayer();
+        list.store.updateSelectedElement([](SlideElement &layer) { layer.name = u"New"_s; });
+        QStringList reached;
+        list.control(u"Add Text"_s).setFocus();
+        while (reached.size() < 20 && !reached.contains(u"Send backward"_s)) {
+            reached.append(QApplication::focusWidget()->accessibleName());
+            QTest::keyClick(list.view.windowHandle(), Qt::Key_Tab);
+        }
+        const QStringList buttons{u"Hide"_s, u"Lock layer"_s};
+        QCOMPARE(reached,
+                 QStringList({u"Add Text"_s, u"Add Shape"_s, u"New"_s}) + buttons
+                     + QStringList{u"Layer high"_s} + buttons + QStringList{u"Layer middle"_s}
+                     + buttons + QStringList{u"Layer low"_s} + buttons
+                     + QStringList({u"Duplicate layer"_s, u"Delete layer"_s, u"Bring forward"_s,
+                                    u"Send backward"_s}));
     }
 
     void rowsStayWhileTheirLayersAreChanged()

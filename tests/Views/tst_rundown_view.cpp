@@ -95,6 +95,25 @@ private slots:
         QCOMPARE(op.store.state(), expected);
     }
 
+    void tabGoesFromTheHeaderThroughTheSectionsToTheFooter()
+    {
+        OperatorWorld op(showOf({2, 3}));
+        op.store.addServiceItem(ServiceItemType::custom);
+        op.buttons(QStringLiteral("Delete selected slide")).constFirst()->setFocus();
+        QStringList reached;
+        for (int i = 0; i < 7; ++i) {
+            QTest::keyClick(op.view.windowHandle(), Qt::Key_Tab);
+            const QWidget *focused = QApplication::focusWidget();
+            reached.append(focused->accessibleName() + focused->accessibleDescription());
+        }
+        QStringList expected;
+        for (const ServiceItem &item : op.store.project().serviceItems) {
+            expected.append(QStringLiteral("Move section up") + item.title);
+            expected.append(QStringLiteral("Move section down") + item.title);
+        }
+        QCOMPARE(reached, expected + QStringList{QStringLiteral("Move slide up")});
+    }
+
     void goLiveInTheContextMenuQueuesTheSlideAndSendsIt()
     {
         OperatorWorld op(showOf({2, 3}));

@@ -3,11 +3,13 @@
 #include "ThemeColors.h"
 
 #include <QAccessibleWidget>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace quenara {
 
@@ -18,6 +20,22 @@ constexpr double grooveHeight = 4;
 constexpr double focusLineWidth = 1.5;
 constexpr QSize smallestSize{60, 18};
 constexpr QSize usualSize{160, 18};
+constexpr int keyStepsOfRange = 50;
+
+/// 1 up, -1 down, 0 for keys that do not move the knob.
+int directionOf(int key)
+{
+    switch (key) {
+    case Qt::Key_Right:
+    case Qt::Key_Up:
+        return 1;
+    case Qt::Key_Left:
+    case Qt::Key_Down:
+        return -1;
+    default:
+        return 0;
+    }
+}
 
 /// A slider as assistive technologies know it.
 class SliderInterface : public QAccessibleWidget, public QAccessibleValueInterface
@@ -96,9 +114,20 @@ QRectF Slider::knob() const
 void Slider::pullTo(double x)
 {
     const double part = (x - knobSize / 2) / (width() - knobSize);
-    const double value = m_minimum + std::clamp(part, 0.0, 1.0) * (m_maximum - m_minimum);
+    edit(m_minimum + part * (m_maximum - m_minimum));
+}
+
+void Slider::edit(double wanted)
+{
+    const double value = std::clamp(wanted, m_minimum, m_maximum);
     if (value != m_value)
         emit edited(value);
+}
+
+void Slider::endSteps()
+{
+    if (std::exchange(m_isStepped, false))
+        emit editingFinished();
 }
 
 void Slider::mousePressEvent(QMouseEvent *event)
@@ -125,6 +154,30 @@ void Slider::mouseReleaseEvent(QMouseEvent *event)
         return event->ignore();
     m_grip.reset();
     emit editingFinished();
+}
+
+void Slider::keyPressEvent(QKeyEvent *event)
+{
+    const int direction = directionOf(event->key());
+    if (direction == 0 || (event->modifiers() & ~Qt::KeypadModifier) != Qt::ControlModifier)
+        return event->ignore();
+    m_isStepped = true;
+    edit(m_value + direction * (m_maximum - m_minimum) / keyStepsOfRange);
+}
+
+/// Control may have been let go of before the arrow.
+void Slider::keyReleaseEvent(QKeyEvent *event)
+{
+    if (directionOf(event->key()) == 0)
+        return event->ignore();
+    if (!event->isAutoRepeat())
+        endSteps();
+}
+
+void Slider::focusOutEvent(QFocusEvent *event)
+{
+    endSteps();
+    QWidget::focusOutEvent(event);
 }
 
 void Slider::paintEvent(QPaintEvent * /*event*/)
