@@ -80,4 +80,13 @@ QWidget *besideEachOther(const QWidgetList &widgets, int gap)
     return row;
 }
 
+void enableControls(QWidget &controls, bool areOfUse)
+{
+    // The toolkit would hand the focus to the next control, which may be a text field.
+    QWidget *focused = controls.window()->focusWidget();
+    if (!areOfUse && focused && controls.isAncestorOf(focused))
+        focused->clearFocus();
+    controls.setEnabled(areOfUse);
+}
+
 } // namespace quenara

@@ -37,4 +37,7 @@ private:
 /// Widgets side by side, \a gap points apart.
 QWidget *besideEachOther(const QWidgetList &widgets, int gap);
 
+/// Controls that are of no use are disabled, and keep no focus.
+void enableControls(QWidget &controls, bool areOfUse);
+
 } // namespace quenara

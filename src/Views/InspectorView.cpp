@@ -1,6 +1,7 @@
 #include "InspectorView.h"
 
 #include "BackgroundInspector.h"
+#include "InspectorRows.h"
 #include "LayerInspector.h"
 #include "LayerListView.h"
 #include "Panels.h"
@@ -79,12 +80,19 @@ QWidget *InspectorView::makeColumn()
     auto *layout = new QVBoxLayout(column);
     layout->setContentsMargins(columnMargin - 1, 0, columnMargin - scrollBarWidth, 0);
     layout->setSpacing(0);
-    layout->addWidget(makeSection(QStringLiteral("Slide"), makeSlideInspector(m_selection)));
+    QWidget *slide = makeSlideInspector(m_selection);
+    QWidget *background = makeBackgroundInspector(m_selection);
+    const auto enable = [this, slide, background] {
+        for (QWidget *rows : {slide, background})
+            enableControls(*rows, m_selection.slide().has_value());
+    };
+    connect(&m_selection, &SelectionBindings::changed, column, enable);
+    enable();
+    layout->addWidget(makeSection(QStringLiteral("Slide"), slide));
     layout->addWidget(makeSeparator(Qt::Horizontal));
     layout->addWidget(makeSection({}, new LayerListView(m_selection.store())));
     layout->addWidget(makeSeparator(Qt::Horizontal));
-    layout->addWidget(
-        makeSection(QStringLiteral("Background"), makeBackgroundInspector(m_selection)));
+    layout->addWidget(makeSection(QStringLiteral("Background"), background));
     layout->addWidget(makeSeparator(Qt::Horizontal));
     layout->addWidget(
         makeSection(QStringLiteral("Selected Layer"), new LayerInspector(m_selection)));

@@ -1,5 +1,6 @@
 #include "LayerListView.h"
 
+#include "InspectorRows.h"
 #include "LayerRow.h"
 #include "RoleLabel.h"
 #include "SymbolButton.h"
@@ -52,20 +53,21 @@ QList<LayerRow::Contents> rowsOf(const QList<SlideElement> &elements)
 } // namespace
 
 LayerListView::LayerListView(WorkspaceStore &store, QWidget *parent)
-    : QWidget(parent), m_store(store), m_rowsLayout(new QVBoxLayout)
+    : QWidget(parent), m_store(store), m_header(makeHeader()), m_rowsLayout(new QVBoxLayout),
+      m_actions(makeActions())
 {
     m_rowsLayout->setSpacing(0);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addLayout(makeHeader());
+    layout->addWidget(m_header);
     layout->addLayout(m_rowsLayout);
-    layout->addLayout(makeActions());
+    layout->addWidget(m_actions);
     connect(&store, &WorkspaceStore::changed, this, &LayerListView::showStore);
     showStore();
 }
 
-QLayout *LayerListView::makeHeader()
+QWidget *LayerListView::makeHeader()
 {
     auto *addText = new SymbolButton(QStringLiteral("textformat"), QStringLiteral("Add Text"),
                                      SymbolButton::Look::icon);
@@ -74,19 +76,21 @@ QLayout *LayerListView::makeHeader()
     connect(addText, &SymbolButton::clicked, this,
             [this] { m_store.addTextLayer(SlideElementKind::text); });
     connect(addShape, &SymbolButton::clicked, this, [this] { m_store.addShapeLayer(); });
-    auto *header = new QHBoxLayout;
+    auto *widget = new QWidget;
+    auto *header = new QHBoxLayout(widget);
     header->setContentsMargins(0, 0, 0, headerMargin);
     header->setSpacing(0);
     header->addWidget(makeRoleLabel(QStringLiteral("sectionTitle"), QStringLiteral("Layers")), 1);
     header->addWidget(addText);
     header->addWidget(addShape);
     m_lastTabStop = addShape;
-    return header;
+    return widget;
 }
 
-QLayout *LayerListView::makeActions()
+QWidget *LayerListView::makeActions()
 {
-    auto *row = new QHBoxLayout;
+    auto *widget = new QWidget;
+    auto *row = new QHBoxLayout(widget);
     row->setContentsMargins(0, actionsMargin, 0, 0);
     row->setSpacing(actionGap);
     for (const Action &action : layerActions) {
@@ -97,7 +101,7 @@ QLayout *LayerListView::makeActions()
         row->addWidget(button);
     }
     row->addStretch();
-    return row;
+    return widget;
 }
 
 LayerRow *LayerListView::makeRow()
@@ -150,6 +154,8 @@ void LayerListView::showStore()
         }
     }
     layout()->setEnabled(true);
+    enableControls(*m_header, slide.has_value());
+    enableControls(*m_actions, m_store.selectedElement().has_value());
 }
 
 } // namespace quenara

@@ -22,15 +22,17 @@ public:
     explicit LayerListView(WorkspaceStore &store, QWidget *parent = nullptr);
 
 private:
-    QLayout *makeHeader();
-    QLayout *makeActions();
+    QWidget *makeHeader();
+    QWidget *makeActions();
     LayerRow *makeRow();
     void updateLayerOf(const LayerRow &row, const std::function<void(SlideElement &)> &update);
     void showStore();
 
     WorkspaceStore &m_store;
-    QVBoxLayout *m_rowsLayout;
     QWidget *m_lastTabStop = nullptr; ///< of the rows, or of what stands above them
+    QWidget *m_header;
+    QVBoxLayout *m_rowsLayout;
+    QWidget *m_actions;
     QList<LayerRow *> m_rows; ///< from the top; those that are not needed now are hidden
 };
 

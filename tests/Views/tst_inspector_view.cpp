@@ -394,6 +394,23 @@ private slots:
         QCOMPARE(inspector.undoSteps(), 1);
     }
 
+    void withoutASlideItsControlsAreOfNoUseAndLeaveTheFocusToNone()
+    {
+        Inspector inspector;
+        const QStringList controls{u"Title"_s, u"Template"_s, u"Type"_s,
+                                   u"Solid"_s, u"Dim"_s,      u"Choose Image..."_s};
+        for (const QString &control : controls)
+            QVERIFY2(inspector.control(control).isEnabled(), qPrintable(control));
+        inspector.control(u"Title"_s).setFocus();
+        inspector.store.newBlankProject();
+        for (const QString &control : controls)
+            QVERIFY2(!inspector.control(control).isEnabled(), qPrintable(control));
+        QVERIFY(!inspector.view.window()->focusWidget());
+        inspector.store.loadDemoProject();
+        for (const QString &control : controls)
+            QVERIFY2(inspector.control(control).isEnabled(), qPrintable(control));
+    }
+
     void withoutASlideTheImageButtonAsksForNothing()
     {
         Inspector inspector;

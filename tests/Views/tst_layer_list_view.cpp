@@ -218,6 +218,7 @@ private slots:
         const Snapshot before = snapshotOf(list.store);
         for (const QString &button : {u"Add Text"_s, u"Add Shape"_s, u"Duplicate layer"_s,
                                       u"Delete layer"_s, u"Bring forward"_s, u"Send backward"_s}) {
+            QVERIFY2(!list.control(button).isEnabled(), qPrintable(button));
             list.press(button);
         }
         QCOMPARE(snapshotOf(list.store), before);
@@ -238,6 +239,19 @@ private slots:
         QCOMPARE(list.rows().at(0)->contents().name, u"Layer low Copy"_s);
         list.press(u"Delete layer"_s);
         QCOMPARE(list.ids(), (QStringList{u"high"_s, u"low"_s, u"middle"_s}));
+    }
+
+    void theActionsAreOfUseWhileALayerIsSelected()
+    {
+        LayerList list;
+        const auto isOfUse = [&](const QString &title) { return list.control(title).isEnabled(); };
+        list.store.selectElement(std::nullopt);
+        QVERIFY(!isOfUse(u"Duplicate layer"_s) && !isOfUse(u"Delete layer"_s)
+                && !isOfUse(u"Bring forward"_s) && !isOfUse(u"Send backward"_s));
+        QVERIFY(isOfUse(u"Add Text"_s) && isOfUse(u"Add Shape"_s));
+        list.store.selectElement(u"low"_s);
+        QVERIFY(isOfUse(u"Duplicate layer"_s) && isOfUse(u"Delete layer"_s)
+                && isOfUse(u"Bring forward"_s) && isOfUse(u"Send backward"_s));
     }
 
     void theActionsAreKnownByTheirTooltips()

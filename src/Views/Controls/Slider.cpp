@@ -191,9 +191,9 @@ void Slider::paintEvent(QPaintEvent * /*event*/)
     painter.setBrush(theme.border);
     painter.drawRoundedRect(groove, grooveHeight / 2, grooveHeight / 2);
     groove.setRight(handle.center().x());
-    painter.setBrush(underMouse() ? theme.accentHover : theme.accent);
+    painter.setBrush(!isEnabled() ? theme.border : underMouse() ? theme.accentHover : theme.accent);
     painter.drawRoundedRect(groove, grooveHeight / 2, grooveHeight / 2);
-    painter.setBrush(theme.primaryText);
+    painter.setBrush(isEnabled() ? theme.primaryText : theme.mutedText);
     painter.drawEllipse(handle);
 
     if (hasFocus()) {
