@@ -1,5 +1,6 @@
 #include "InspectorRows.h"
 
+#include "LeaveField.h"
 #include "RoleLabel.h"
 
 #include <QHBoxLayout>
@@ -85,7 +86,7 @@ void enableControls(QWidget &controls, bool areOfUse)
     // The toolkit would hand the focus to the next control, which may be a text field.
     QWidget *focused = controls.window()->focusWidget();
     if (!areOfUse && focused && controls.isAncestorOf(focused))
-        focused->clearFocus();
+        leaveField(*focused);
     controls.setEnabled(areOfUse);
 }
 

@@ -394,7 +394,7 @@ private slots:
         QCOMPARE(inspector.undoSteps(), 1);
     }
 
-    void withoutASlideItsControlsAreOfNoUseAndLeaveTheFocusToNone()
+    void withoutASlideItsControlsAreOfNoUseAndNoFieldGetsTheFocus()
     {
         Inspector inspector;
         const QStringList controls{u"Title"_s, u"Template"_s, u"Type"_s,
@@ -405,7 +405,7 @@ private slots:
         inspector.store.newBlankProject();
         for (const QString &control : controls)
             QVERIFY2(!inspector.control(control).isEnabled(), qPrintable(control));
-        QVERIFY(!inspector.view.window()->focusWidget());
+        QCOMPARE(inspector.view.window()->focusWidget(), &inspector.view);
         inspector.store.loadDemoProject();
         for (const QString &control : controls)
             QVERIFY2(inspector.control(control).isEnabled(), qPrintable(control));
