@@ -7,6 +7,7 @@
 
 #include <QContextMenuEvent>
 #include <QMenu>
+#include <QWheelEvent>
 
 #include <functional>
 
@@ -131,7 +132,7 @@ SymbolButton *RundownList::makeMoveButton(qsizetype position, qsizetype delta)
     auto *button = new SymbolButton(
         delta < 0 ? QStringLiteral("chevron.up") : QStringLiteral("chevron.down"),
         delta < 0 ? QStringLiteral("Move section up") : QStringLiteral("Move section down"),
-        SymbolButton::Look::icon, viewport());
+        SymbolButton::Look::icon, m_buttonsArea);
     button->setIconSize({12, 12});
     connect(button, &SymbolButton::clicked, this, [this, position, delta] {
         m_store.selectServiceItem(m_sectionButtons.at(position).itemID);
@@ -155,7 +156,15 @@ RundownList::SectionButtons &RundownList::sectionButtons(qsizetype position)
 
 void RundownList::placeSectionButtons()
 {
+    if (!parentWidget())
+        return;
+    if (!m_buttonsArea) {
+        // Beside the list, not in it: what a list tells a screen reader of are its rows alone.
+        m_buttonsArea = new QWidget(parentWidget());
+        m_buttonsArea->installEventFilter(this);
+    }
     qsizetype used = 0;
+    QRegion covered;
     const QModelIndex first = indexAt({viewport()->width() / 2, 0});
     for (QModelIndex index = first; index.isValid(); index = m_model->index(index.row() + 1)) {
         const QRect row = visualRect(index);
@@ -172,12 +181,27 @@ void RundownList::placeSectionButtons()
             button->setGeometry({{right, row.center().y() - size.height() / 2 + 1}, size});
             button->setAccessibleDescription(index.data(Qt::DisplayRole).toString());
             button->show();
+            covered += button->geometry();
         }
     }
     for (qsizetype i = used; i < m_sectionButtons.size(); ++i) {
         m_sectionButtons.at(i).up->hide();
         m_sectionButtons.at(i).down->hide();
     }
+    m_buttonsArea->setGeometry(
+        {viewport()->mapTo(parentWidget(), QPoint(0, 0)), viewport()->size()});
+    m_buttonsArea->setMask(covered);
+    m_buttonsArea->setVisible(used > 0);
+    m_buttonsArea->raise();
+}
+
+bool RundownList::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_buttonsArea && event->type() == QEvent::Wheel) {
+        wheelEvent(static_cast<QWheelEvent *>(event));
+        return true;
+    }
+    return QListView::eventFilter(watched, event);
 }
 
 } // namespace quenara

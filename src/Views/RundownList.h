@@ -29,6 +29,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
     void scrollContentsBy(int dx, int dy) override;
     void updateGeometries() override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     /// Moves the section whose row it stands on.
@@ -49,6 +50,7 @@ private:
     WorkspaceStore &m_store;
     SlideThumbnails m_thumbnails;
     RundownModel *m_model;
+    QWidget *m_buttonsArea = nullptr; ///< over the rows, as wide as the buttons on it
     QPersistentModelIndex m_followed; ///< the row last scrolled to
     int m_followedRow = -1;
     QList<SectionButtons> m_sectionButtons; ///< of the sections in sight, then unused ones

@@ -7,6 +7,7 @@
 #include <QScrollBar>
 #include <QStyledItemDelegate>
 #include <QToolTip>
+#include <QWheelEvent>
 
 using namespace Qt::StringLiterals;
 using namespace quenara;
@@ -245,6 +246,21 @@ private slots:
         op.list->scrollTo(op.model->indexOfSlide(QStringLiteral("B15")),
                           QAbstractItemView::PositionAtCenter);
         QCOMPARE(op.buttons(QStringLiteral("Move section up")).size(), 0);
+    }
+
+    void theWheelScrollsOverASectionsButtonsToo()
+    {
+        OperatorWorld op(showOf({30, 30, 30}));
+        SymbolButton *button = op.buttons(QStringLiteral("Move section up")).first();
+        // From widget to widget up to the window, as the toolkit does with a real one.
+        for (QWidget *below = button; below && op.list->verticalScrollBar()->value() == 0;
+             below = below->parentWidget()) {
+            const QPointF place = button->mapTo(below, button->rect().center());
+            QWheelEvent turn(place, below->mapToGlobal(place), {}, {0, -120}, Qt::NoButton,
+                             Qt::NoModifier, Qt::NoScrollPhase, false);
+            QApplication::sendEvent(below, &turn);
+        }
+        QVERIFY(op.list->verticalScrollBar()->value() > 0);
     }
 
     void anOperationScrollsTheRowItAffectsIntoView_data()

@@ -11,7 +11,8 @@ BUTTON, SWITCH, CHOICE, TEXT, PICKER, SLIDER = (
 PROJECT_BAR = {(TEXT, "Project Name"), (BUTTON, "New"), (BUTTON, "Open"), (BUTTON, "Save")}
 RUNDOWN = {(BUTTON, name) for name in (
     "Add section", "Paste song lyrics", "Slide", "Duplicate selected slide",
-    "Delete selected slide", "Move slide up", "Move slide down", "Delete selected section")}
+    "Delete selected slide", "Move slide up", "Move slide down", "Delete selected section",
+    "Move section up", "Move section down")}
 CANVAS_HEADER = {(BUTTON, "Text"), (BUTTON, "Lyric"), (BUTTON, "Image")}
 TRANSPORT = {(BUTTON, name) for name in (
     "Previous", "Go Live", "Next", "Queue Prev", "Queue Next")} | {
