@@ -1,9 +1,11 @@
 #include "CanvasTextLayerEditor.h"
 
+#include "CanvasTextInterface.h"
 #include "RoundedShapes.h"
 #include "TextElementRenderView.h"
 #include "ThemeColors.h"
 
+#include <QAccessible>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QInputMethod>
@@ -125,6 +127,7 @@ CanvasTextLayerEditor::CanvasTextLayerEditor(WorkspaceStore &store, QWidget *par
     : QWidget(parent), m_store(store)
 {
     setObjectName(QStringLiteral("canvasTextLayerEditor"));
+    makeCanvasTextReadable();
     setAccessibleName(QStringLiteral("Layer text"));
     setAttribute(Qt::WA_InputMethodEnabled);
     setInputMethodHints(Qt::ImhMultiLine);
@@ -390,6 +393,8 @@ void CanvasTextLayerEditor::moveTo(qsizetype position, Selecting selecting)
     m_column.reset();
     m_edit.moveTo(position, selecting);
     showCaret();
+    QAccessibleTextCursorEvent moved(this, int(m_edit.caret));
+    QAccessible::updateAccessibility(&moved);
 }
 
 void CanvasTextLayerEditor::moveByLines(int lines, Selecting selecting)
@@ -415,6 +420,8 @@ void CanvasTextLayerEditor::change(const std::function<void(EditedText &)> &edit
         layOut();
         return;
     }
+    QAccessibleTextUpdateEvent typed(this, 0, before, m_edit.text);
+    QAccessible::updateAccessibility(&typed);
     if (!m_store.isGestureOpen(m_typing))
         m_typing = m_store.beginGesture();
     // What the store then has comes back by setLayer().

@@ -1,5 +1,6 @@
 #include "DesignCanvas.h"
 
+#include <QAccessible>
 #include <QClipboard>
 #include <QInputMethodEvent>
 
@@ -427,6 +428,26 @@ private slots:
         QVERIFY(e.caret().left() > caret.left());
         e.compose({});
         QCOMPARE(e.caret(), caret);
+    }
+
+    void aScreenReaderReadsTheTextItsCaretAndItsSelection()
+    {
+        Editing e;
+        QAccessibleInterface *told = QAccessible::queryAccessibleInterface(e.editor);
+        QCOMPARE(told->role(), QAccessible::EditableText);
+        QVERIFY(told->state().editable);
+        QAccessibleTextInterface *text = told->textInterface();
+        QVERIFY(text);
+        const QString written = e.text();
+        QCOMPARE(text->text(0, text->characterCount()), written);
+        e.type(Qt::Key_Home, Qt::ControlModifier);
+        QCOMPARE(text->cursorPosition(), 0);
+        QCOMPARE(text->selectionCount(), 0);
+        e.type(Qt::Key_End, Qt::ControlModifier | Qt::ShiftModifier);
+        int start = -1;
+        int end = -1;
+        text->selection(0, &start, &end);
+        QCOMPARE(text->text(start, end), written);
     }
 
     void anInputMethodIsToldOfTheText()

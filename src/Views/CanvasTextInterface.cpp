@@ -1,0 +1,99 @@
+#include "CanvasTextInterface.h"
+
+#include "CanvasTextLayerEditor.h"
+
+#include <QAccessibleWidget>
+
+#include <algorithm>
+#include <tuple>
+
+namespace quenara {
+
+namespace {
+
+/// Reads what the editor tells input methods.
+class CanvasTextInterface : public QAccessibleWidget, public QAccessibleTextInterface
+{
+public:
+    explicit CanvasTextInterface(CanvasTextLayerEditor &editor)
+        : QAccessibleWidget(&editor, QAccessible::EditableText), m_editor(editor)
+    {}
+
+    void *interface_cast(QAccessible::InterfaceType type) override
+    {
+        return type == QAccessible::TextInterface ? static_cast<QAccessibleTextInterface *>(this)
+                                                  : QAccessibleWidget::interface_cast(type);
+    }
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.editable = true;
+        state.multiLine = true;
+        state.selectableText = true;
+        return state;
+    }
+
+    QString text(QAccessible::Text kind) const override
+    {
+        return kind == QAccessible::Value ? wholeText() : QAccessibleWidget::text(kind);
+    }
+
+    QString text(int start, int end) const override { return wholeText().mid(start, end - start); }
+    int characterCount() const override { return int(wholeText().size()); }
+    int cursorPosition() const override { return place(Qt::ImCursorPosition); }
+    int selectionCount() const override { return cursorPosition() == anchor() ? 0 : 1; }
+
+    void selection(int /*index*/, int *start, int *end) const override
+    {
+        std::tie(*start, *end) = std::minmax({cursorPosition(), anchor()});
+    }
+
+    /// Of the caret alone: what stands elsewhere the editor does not tell.
+    QRect characterRect(int offset) const override
+    {
+        const QRect caret = m_editor.inputMethodQuery(Qt::ImCursorRectangle).toRect();
+        return offset == cursorPosition() ? caret.translated(m_editor.mapToGlobal(QPoint()))
+                                          : QRect();
+    }
+
+    QString attributes(int /*offset*/, int *start, int *end) const override
+    {
+        *start = 0;
+        *end = characterCount();
+        return {};
+    }
+
+    // The caret is the keyboard's and the pointer's.
+    int offsetAtPoint(const QPoint & /*point*/) const override { return -1; }
+    void setCursorPosition(int /*position*/) override {}
+    void addSelection(int /*start*/, int /*end*/) override {}
+    void removeSelection(int /*index*/) override {}
+    void setSelection(int /*index*/, int /*start*/, int /*end*/) override {}
+    void scrollToSubstring(int /*start*/, int /*end*/) override {}
+
+private:
+    QString wholeText() const
+    {
+        return m_editor.inputMethodQuery(Qt::ImSurroundingText).toString();
+    }
+    int place(Qt::InputMethodQuery query) const { return m_editor.inputMethodQuery(query).toInt(); }
+    int anchor() const { return place(Qt::ImAnchorPosition); }
+
+    CanvasTextLayerEditor &m_editor;
+};
+
+QAccessibleInterface *accessibleText(const QString & /*className*/, QObject *object)
+{
+    auto *editor = qobject_cast<CanvasTextLayerEditor *>(object);
+    return editor ? new CanvasTextInterface(*editor) : nullptr;
+}
+
+} // namespace
+
+void makeCanvasTextReadable()
+{
+    QAccessible::installFactory(accessibleText);
+}
+
+} // namespace quenara
