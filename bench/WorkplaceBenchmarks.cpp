@@ -19,6 +19,8 @@
 #include <QPainter>
 #include <QWheelEvent>
 
+#include <algorithm>
+
 namespace quenara::bench {
 
 namespace {
@@ -40,6 +42,15 @@ public:
     void toggleDisplayWindow() override {}
     void toggleStageWindow() override {}
 };
+
+TextField *titleFieldOf(const QWidget &view)
+{
+    const QList<TextField *> fields = view.findChildren<TextField *>();
+    const auto title = std::find_if(fields.begin(), fields.end(), [](const TextField *field) {
+        return field->accessibleName() == QStringLiteral("Title");
+    });
+    return *title;
+}
 
 /// What a step changes is all painted when nothing is left to do.
 void settle()
@@ -155,7 +166,7 @@ private:
     OperatorView m_view{m_workspace.store, m_outputs, m_pictures, [] { return true; }};
     RundownList *m_list = m_view.findChild<RundownList *>();
     const RundownModel *m_model = m_view.findChild<RundownModel *>();
-    TextField *m_title = m_view.findChild<TextField *>();
+    TextField *m_title = titleFieldOf(m_view);
     CanvasHand m_hand{m_workspace.store, m_view, settle};
     bool m_isOnLower = false;
     int m_letterCount = 0;
