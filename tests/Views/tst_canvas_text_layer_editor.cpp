@@ -571,8 +571,9 @@ private slots:
     void theEditorIsOnThePlainInputColourInAnAccentOutline()
     {
         Editing e;
-        e.store.updateSelectedElement(
-            [](SlideElement &element) { element.text->backgroundFill = RGBAColor(1, 0, 0, 1); });
+        e.store.updateSelectedElement([](SlideElement &element) {
+            element.text->backgroundFill = RGBAColor{1, 0, 0, 1};
+        });
         const QImage image = e.canvas->grab().toImage();
         const QRect editor = e.editor->geometry();
         const QColor accent = ZelvoTheme::dark().accent;
@@ -591,11 +592,11 @@ private slots:
         QTest::addColumn<QColor>("expected");
         const QColor dark = ZelvoTheme::dark().inputBackground;
         const QColor light = ZelvoTheme::light().inputBackground;
-        QTest::newRow("white in the dark") << true << RGBAColor(1, 1, 1, 1) << dark;
-        QTest::newRow("black in the light") << false << RGBAColor(0, 0, 0, 1) << light;
+        QTest::newRow("white in the dark") << true << RGBAColor{1, 1, 1, 1} << dark;
+        QTest::newRow("black in the light") << false << RGBAColor{0, 0, 0, 1} << light;
         QTest::newRow("amber in the light") << false << RGBAColor::amber << light;
-        QTest::newRow("white in the light") << false << RGBAColor(1, 1, 1, 1) << dark;
-        QTest::newRow("black in the dark") << true << RGBAColor(0, 0, 0, 1) << light;
+        QTest::newRow("white in the light") << false << RGBAColor{1, 1, 1, 1} << dark;
+        QTest::newRow("black in the dark") << true << RGBAColor{0, 0, 0, 1} << light;
     }
 
     void lettersCanBeReadInBothSchemes()

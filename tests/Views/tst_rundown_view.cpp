@@ -266,8 +266,8 @@ private slots:
     void anOperationScrollsTheRowItAffectsIntoView_data()
     {
         QTest::addColumn<std::function<void(WorkspaceStore &)>>("operation");
-        const auto row = [](const char *name, std::function<void(WorkspaceStore &)> operation) {
-            QTest::newRow(name) << std::move(operation);
+        const auto row = [](const char *name, const std::function<void(WorkspaceStore &)> &run) {
+            QTest::newRow(name) << run;
         };
         row("a section added", [](auto &store) { store.addServiceItem(ServiceItemType::song); });
         row("the last slide selected", [](auto &store) { store.selectSlide(u"C40"_s, true); });
@@ -318,11 +318,12 @@ private slots:
     void selectedQueuedAndLiveRowsDifferInShape()
     {
         OperatorWorld op(showOf({5}));
-        for (int i = 1; i <= 5; ++i)
+        for (int i = 1; i <= 5; ++i) {
             op.store.updateServiceItem(QStringLiteral("A"), [i](ServiceItem &item) {
                 item.slides[i - 1].title = QStringLiteral("Slide");
                 item.slides[i - 1].design = item.slides.at(0).design;
             });
+        }
         op.store.queueSlide(QStringLiteral("A2"));
         op.store.goLive();
         op.store.queueSlide(QStringLiteral("A3"));
