@@ -75,6 +75,13 @@ public:
         settle();
     }
 
+    void showOutputs(bool areShown)
+    {
+        m_display.setVisible(areShown);
+        m_stage.setVisible(areShown);
+        settle();
+    }
+
     WorkspaceStore &store() { return m_workspace.store; }
     CanvasHand &hand() { return m_hand; }
 
@@ -221,6 +228,9 @@ QList<Figure> workplaceFigures()
     workplace.goLive();
     measure("a click on a row", [&] { workplace.clickRow(); });
     measure("a step of the live slide", [&] { workplace.stepLive(); });
+    workplace.showOutputs(false);
+    measure("the same in the operator's window alone", [&] { workplace.stepLive(); });
+    workplace.showOutputs(true);
     measure("a step of the queue", [&] { workplace.stepQueue(); });
     measure("a letter of the title", [&] { workplace.typeTitle(); });
     measure("a slide more", [&] { workplace.duplicateSlide(); });

@@ -26,18 +26,20 @@ bool OutputToggles::isStageWindowOpen() const
 
 void OutputToggles::toggleDisplayWindow()
 {
-    if (m_windows.isDisplayWindowOpen())
+    if (m_windows.isDisplayWindowOpen()) {
         m_windows.closeDisplayWindow();
-    else
+    } else {
         m_windows.openDisplayWindow(m_store, m_appearance.appearance());
+    }
 }
 
 void OutputToggles::toggleStageWindow()
 {
-    if (m_windows.isStageWindowOpen())
+    if (m_windows.isStageWindowOpen()) {
         m_windows.closeStageWindow();
-    else
+    } else {
         m_windows.openStageWindow(m_store, m_appearance.appearance());
+    }
 }
 
 } // namespace quenara

@@ -23,7 +23,7 @@ TextElementProperties leftAligned(const QString &text)
 QRectF inkOfText(const TextElementProperties &text)
 {
     const QRect ink = inkOf(textPicture(text, {200, 200, box.width(), box.height()}));
-    return QRectF(ink.translated(-200, -200));
+    return ink.translated(-200, -200).toRectF();
 }
 
 /// Every place that a caret can stand at.

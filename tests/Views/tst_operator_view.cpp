@@ -134,10 +134,11 @@ private slots:
         QTest::mouseClick(op.name, Qt::LeftButton);
         op.name->selectAll();
         QTest::keyClicks(op.name, QStringLiteral("Easter"));
-        if (byRow)
+        if (byRow) {
             op.click(op.model->index(1));
-        else
+        } else {
             op.press(QStringLiteral("Queue Next"));
+        }
         QCOMPARE(op.store.project().name, QStringLiteral("Easter"));
         QVERIFY(!op.name->hasFocus());
     }

@@ -25,10 +25,11 @@ TextPositions::TextPositions(const QString &stored, const QString &shown, bool u
         if (first == u'\r' && end < stored.size() && stored.at(end) == u'\n')
             continue;
         QString character = stored.sliced(start, end - start);
-        if (breaks.contains(first))
+        if (breaks.contains(first)) {
             character = QChar(QChar::LineSeparator);
-        else if (uppercase)
+        } else if (uppercase) {
             character = character.toUpper();
+        }
         const QStringView rest = QStringView(shown).sliced(m_origins.size());
         if (dropped.contains(first) && !rest.startsWith(character))
             continue;
