@@ -117,9 +117,9 @@ private slots:
     {
         QTest::addColumn<std::function<void(WorkspaceStore &)>>("operation");
         QTest::addColumn<QStringList>("expected");
-        const auto row = [](const char *name, std::function<void(WorkspaceStore &)> operation,
+        const auto row = [](const char *name, const std::function<void(WorkspaceStore &)> &run,
                             const QStringList &expected) {
-            QTest::newRow(name) << std::move(operation) << expected;
+            QTest::newRow(name) << run << expected;
         };
         row("a title",
             [](auto &store) { store.updateSelectedSlide([](Slide &s) { s.title = u"x"_s; }); },
