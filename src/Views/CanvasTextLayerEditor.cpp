@@ -1,6 +1,7 @@
 #include "CanvasTextLayerEditor.h"
 
 #include "CanvasTextInterface.h"
+#include "EditingKeys.h"
 #include "RoundedShapes.h"
 #include "TextElementRenderView.h"
 #include "ThemeColors.h"
@@ -15,7 +16,6 @@
 #include <QStyleHints>
 
 #include <algorithm>
-#include <array>
 #include <cmath>
 
 namespace quenara {
@@ -28,86 +28,6 @@ constexpr double cornerRadius = 10;
 constexpr double outlineWidth = 2;
 constexpr double caretWidth = 2;
 constexpr double preeditLineWidth = 1;
-
-using Target = qsizetype (*)(const EditedText &, const TextPlaces &);
-
-struct Movement
-{
-    QKeySequence::StandardKey move;
-    QKeySequence::StandardKey select;
-    Target target;
-};
-
-constexpr Target start = [](const EditedText &, const TextPlaces &) { return qsizetype(0); };
-constexpr Target end = [](const EditedText &edit, const TextPlaces &) { return edit.text.size(); };
-constexpr Target endOfLine = [](const EditedText &edit, const TextPlaces &places) {
-    return places.endOfLine(places.lineOf(edit.caret));
-};
-
-constexpr auto movements = std::to_array<Movement>({
-    {QKeySequence::MoveToNextChar, QKeySequence::SelectNextChar,
-     [](const EditedText &edit, const TextPlaces &) {
-         return edit.text.isRightToLeft() ? edit.previousCharacter() : edit.nextCharacter();
-     }},
-    {QKeySequence::MoveToPreviousChar, QKeySequence::SelectPreviousChar,
-     [](const EditedText &edit, const TextPlaces &) {
-         return edit.text.isRightToLeft() ? edit.nextCharacter() : edit.previousCharacter();
-     }},
-    {QKeySequence::MoveToNextWord, QKeySequence::SelectNextWord,
-     [](const EditedText &edit, const TextPlaces &) { return edit.nextWord(); }},
-    {QKeySequence::MoveToPreviousWord, QKeySequence::SelectPreviousWord,
-     [](const EditedText &edit, const TextPlaces &) { return edit.previousWord(); }},
-    {QKeySequence::MoveToStartOfLine, QKeySequence::SelectStartOfLine,
-     [](const EditedText &edit, const TextPlaces &places) {
-         return places.startOfLine(places.lineOf(edit.caret));
-     }},
-    {QKeySequence::MoveToEndOfLine, QKeySequence::SelectEndOfLine, endOfLine},
-    {QKeySequence::MoveToStartOfBlock, QKeySequence::SelectStartOfBlock,
-     [](const EditedText &edit, const TextPlaces &) { return edit.startOfParagraph(); }},
-    {QKeySequence::MoveToEndOfBlock, QKeySequence::SelectEndOfBlock,
-     [](const EditedText &edit, const TextPlaces &) { return edit.endOfParagraph(); }},
-    {QKeySequence::MoveToStartOfDocument, QKeySequence::SelectStartOfDocument, start},
-    {QKeySequence::MoveToEndOfDocument, QKeySequence::SelectEndOfDocument, end},
-    {QKeySequence::MoveToPreviousPage, QKeySequence::SelectPreviousPage, start},
-    {QKeySequence::MoveToNextPage, QKeySequence::SelectNextPage, end},
-});
-
-struct Removal
-{
-    QKeySequence::StandardKey key;
-    Target target;
-};
-
-constexpr auto removals = std::to_array<Removal>({
-    {QKeySequence::Delete,
-     [](const EditedText &edit, const TextPlaces &) { return edit.nextCharacter(); }},
-    {QKeySequence::Backspace,
-     [](const EditedText &edit, const TextPlaces &) { return edit.previousCharacter(); }},
-    {QKeySequence::DeleteEndOfWord,
-     [](const EditedText &edit, const TextPlaces &) { return edit.nextWord(); }},
-    {QKeySequence::DeleteStartOfWord,
-     [](const EditedText &edit, const TextPlaces &) { return edit.previousWord(); }},
-    {QKeySequence::DeleteEndOfLine, endOfLine},
-});
-
-/// Not every platform says that the key of this name is what it is for.
-bool isBackspace(const QKeyEvent &event)
-{
-    return event.key() == Qt::Key_Backspace && !(event.modifiers() & ~Qt::ShiftModifier);
-}
-
-/// Whether what the key gives is meant to be written, not to be a command.
-bool isTyped(const QKeyEvent &event)
-{
-    const QString text = event.text();
-    const Qt::KeyboardModifiers modifiers = event.modifiers() & ~Qt::KeypadModifier;
-    if (text.isEmpty() || modifiers == Qt::ControlModifier || modifiers == Qt::AltModifier
-        || modifiers == (Qt::ControlModifier | Qt::ShiftModifier))
-        return false;
-    const QChar first = text.front();
-    return first.isPrint() || first.category() == QChar::Other_Format || first.isSurrogate()
-        || first.category() == QChar::Other_PrivateUse || first == u'\t';
-}
 
 /// The theme's input colour or, where letters of \a text cannot be read on that, the other theme's:
 /// slides keep their colours in both schemes.
@@ -314,47 +234,21 @@ CanvasTextLayerEditor::Action CanvasTextLayerEditor::actionFor(const QKeyEvent &
 
 CanvasTextLayerEditor::Action CanvasTextLayerEditor::movementFor(const QKeyEvent &event)
 {
-    for (const Movement &movement : movements) {
-        const bool selects = event.matches(movement.select);
-        if (selects || event.matches(movement.move)) {
-            return [this, target = movement.target,
-                    selecting = selects ? Selecting::yes : Selecting::no] {
-                moveTo(target(m_edit, *m_places), selecting);
-            };
-        }
-    }
-    struct ByLine
-    {
-        QKeySequence::StandardKey key;
-        int lines;
-        Selecting selecting;
-    };
-    for (const auto &[key, lines, selecting] :
-         {ByLine{QKeySequence::MoveToNextLine, 1, Selecting::no},
-          ByLine{QKeySequence::MoveToPreviousLine, -1, Selecting::no},
-          ByLine{QKeySequence::SelectNextLine, 1, Selecting::yes},
-          ByLine{QKeySequence::SelectPreviousLine, -1, Selecting::yes}}) {
-        if (event.matches(key))
-            return [this, lines = lines, selecting = selecting] { moveByLines(lines, selecting); };
-    }
+    if (const auto move = caretMoveOf(event))
+        return [this, move = *move] { moveTo(move.target(m_edit, *m_places), move.selecting); };
+    if (const auto move = lineMoveOf(event))
+        return [this, move = *move] { moveByLines(move.lines, move.selecting); };
     return {};
 }
 
 CanvasTextLayerEditor::Action CanvasTextLayerEditor::changeFor(const QKeyEvent &event)
 {
-    for (const Removal &removal : removals) {
-        if (event.matches(removal.key)
-            || (removal.key == QKeySequence::Backspace && isBackspace(event))) {
-            return [this, target = removal.target] {
-                change([&](EditedText &edit) { edit.removeTo(target(edit, *m_places)); });
-            };
-        }
+    if (const auto target = removalOf(event)) {
+        return [this, target = *target] {
+            change([&](EditedText &edit) { edit.removeTo(target(edit, *m_places)); });
+        };
     }
-    const bool isBreak = event.matches(QKeySequence::InsertParagraphSeparator)
-        || event.matches(QKeySequence::InsertLineSeparator);
-    const QString typed = isBreak ? QStringLiteral("\n")
-        : isTyped(event)          ? event.text()
-                                  : QString();
+    const QString typed = typedTextOf(event);
     if (typed.isEmpty())
         return {};
     return [this, typed] { change([&](EditedText &edit) { edit.insert(typed); }); };
