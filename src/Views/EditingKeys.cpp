@@ -18,7 +18,9 @@ struct Movement
 };
 
 constexpr EditingTarget start = [](const EditedText &, const TextPlaces &) { return qsizetype(0); };
-constexpr EditingTarget end = [](const EditedText &edit, const TextPlaces &) { return edit.text.size(); };
+constexpr EditingTarget end = [](const EditedText &edit, const TextPlaces &) {
+    return edit.text.size();
+};
 constexpr EditingTarget endOfLine = [](const EditedText &edit, const TextPlaces &places) {
     return places.endOfLine(places.lineOf(edit.caret));
 };
