@@ -75,6 +75,13 @@ std::optional<QUrl> FileDialogRunner::run(const FilePanel &panel)
     return path ? std::optional(QUrl::fromLocalFile(*path)) : std::nullopt;
 }
 
+void FileDialogRunner::startBeside(const QUrl &file)
+{
+    const QDir folder = QFileInfo(file.toLocalFile()).dir();
+    if (folder.exists())
+        m_folder = folder;
+}
+
 std::optional<QString> FileDialogRunner::chosenPath(const FilePanel &panel)
 {
     const bool saves = panel.kind == FilePanel::Kind::save;

@@ -18,6 +18,9 @@ public:
     /// file that has it.
     std::optional<QUrl> run(const FilePanel &panel) override;
 
+    /// The next panel starts in the folder of \a file, on this machine, if it is there.
+    void startBeside(const QUrl &file);
+
 private:
     std::optional<QString> chosenPath(const FilePanel &panel);
     bool mayReplace(const QString &path);

@@ -25,6 +25,10 @@ QuenaraApp::QuenaraApp(const QPalette &platformPalette)
                      });
     QObject::connect(&m_windows, &WindowCoordinator::isDisplayWindowOpenChanged, &m_windows,
                      [this] { m_sleepInhibitor.setActive(m_windows.isDisplayWindowOpen()); });
+    QObject::connect(&m_store, &WorkspaceStore::currentFileURLChanged, &m_windows, [this] {
+        if (const std::optional<QUrl> file = m_store.currentFileURL())
+            m_panels.startBeside(*file);
+    });
     QObject::connect(&m_commands, &ZelvoCommands::settingsRequested, &m_settingsWindow,
                      &SettingsWindow::present);
     m_windows.updateAppearance(m_appearance.appearance());

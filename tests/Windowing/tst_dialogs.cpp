@@ -294,6 +294,17 @@ private slots:
                  QUrl::fromLocalFile(folder.filePath(u"Second.quenara"_s)));
     }
 
+    void aPanelStartsBesideTheFileItIsToldOf()
+    {
+        const QTemporaryDir folder;
+        FileDialogRunner runner(m_parent);
+        runner.startBeside(QUrl::fromLocalFile(folder.filePath(u"Sunday"_s)));
+        runner.startBeside(QUrl::fromLocalFile(folder.filePath(u"gone/Sunday"_s)));
+        const Operator person({press(u"Save"_s)});
+        QCOMPARE(runner.run(zelvoProjectSavePanel(u"Next"_s)),
+                 QUrl::fromLocalFile(folder.filePath(u"Next.quenara"_s)));
+    }
+
     void anOpenPanelTakesOneExistingFile()
     {
         FileDialogRunner runner(m_parent);

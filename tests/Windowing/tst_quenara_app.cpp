@@ -4,8 +4,11 @@
 #include "StartPanelView.h"
 #include "TestSupport.h"
 
+#include <QFileDialog>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QTemporaryDir>
+#include <QTimer>
 
 using namespace quenara;
 using namespace quenara::test;
@@ -133,6 +136,23 @@ private slots:
         app.showStartPanel();
         QVERIFY(shownWindow(u"startPanel"_s));
         QCOMPARE(shownWindow(u"startPanel"_s)->parentWidget(), shownWindow(u"operatorWindow"_s));
+    }
+
+    void filePanelsStartBesideTheOpenDocument()
+    {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(u"Sunday.quenara"_s);
+        QVERIFY(QFile::copy(dataPath(u"current.quenara"_s), path));
+        QuenaraApp app{QPalette(Qt::white)};
+        app.openDocument(path);
+        QString shown;
+        QTimer::singleShot(50, [&shown] {
+            auto *panel = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
+            shown = panel->directory().path();
+            panel->reject();
+        });
+        choose(u"Open..."_s);
+        QCOMPARE(shown, folder.path());
     }
 };
 
