@@ -3,6 +3,8 @@
 #include "CanvasTextLayerEditor.h"
 
 #include <QAccessibleWidget>
+#include <QCoreApplication>
+#include <QInputMethodEvent>
 
 #include <algorithm>
 #include <tuple>
@@ -11,7 +13,7 @@ namespace quenara {
 
 namespace {
 
-/// Reads what the editor tells input methods.
+/// Reads what the editor tells input methods, and asks of it what they do.
 class CanvasTextInterface : public QAccessibleWidget, public QAccessibleTextInterface
 {
 public:
@@ -64,15 +66,22 @@ public:
         return {};
     }
 
-    // The caret is the keyboard's and the pointer's.
     int offsetAtPoint(const QPoint & /*point*/) const override { return -1; }
-    void setCursorPosition(int /*position*/) override {}
-    void addSelection(int /*start*/, int /*end*/) override {}
-    void removeSelection(int /*index*/) override {}
-    void setSelection(int /*index*/, int /*start*/, int /*end*/) override {}
-    void scrollToSubstring(int /*start*/, int /*end*/) override {}
+    void setCursorPosition(int position) override { select(position, position); }
+    void addSelection(int start, int end) override { select(start, end); }
+    void removeSelection(int /*index*/) override { setCursorPosition(cursorPosition()); }
+    void setSelection(int /*index*/, int start, int end) override { select(start, end); }
+    void scrollToSubstring(int /*start*/, int /*end*/) override {} // all of it is in sight
 
 private:
+    /// As an input method does.
+    void select(int start, int end)
+    {
+        QInputMethodEvent event({},
+                                {{QInputMethodEvent::Selection, start, end - start, QVariant()}});
+        QCoreApplication::sendEvent(&m_editor, &event);
+    }
+
     QString wholeText() const
     {
         return m_editor.inputMethodQuery(Qt::ImSurroundingText).toString();

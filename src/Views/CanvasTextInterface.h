@@ -2,7 +2,7 @@
 
 namespace quenara {
 
-/// Lets screen readers read the text that is edited on a canvas, its caret and its selection.
+/// Lets screen readers read the text that is edited on a canvas, and move its caret and selection.
 /// Calling it again changes nothing.
 void makeCanvasTextReadable();
 

@@ -364,6 +364,12 @@ void CanvasTextLayerEditor::inputMethodEvent(QInputMethodEvent *event)
         }
         edit.insert(event->commitString());
     });
+    for (const QInputMethodEvent::Attribute &attribute : event->attributes()) {
+        if (attribute.type == QInputMethodEvent::Selection) {
+            moveTo(m_edit.placeFrom(attribute.start), Selecting::no);
+            moveTo(m_edit.placeFrom(qsizetype(attribute.start) + attribute.length), Selecting::yes);
+        }
+    }
     event->accept();
 }
 

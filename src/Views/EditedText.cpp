@@ -100,9 +100,15 @@ void EditedText::replace(const QString &other)
         std::mismatch(text.crbegin(), text.crbegin() + same, other.crbegin());
     caret = other.size() - (behind - text.crbegin());
     text = other;
+    moveTo(placeFrom(caret));
+}
+
+qsizetype EditedText::placeFrom(qsizetype position) const
+{
+    const qsizetype within = std::clamp<qsizetype>(position, 0, text.size());
     Finder finder(Finder::Grapheme, text);
-    finder.setPosition(caret);
-    moveTo(finder.isAtBoundary() ? caret : nextCharacter());
+    finder.setPosition(within);
+    return finder.isAtBoundary() ? within : next(Finder::Grapheme, text, within, anyBoundary);
 }
 
 qsizetype EditedText::nextCharacter() const

@@ -450,6 +450,24 @@ private slots:
         QCOMPARE(text->text(start, end), written);
     }
 
+    void aScreenReaderMovesTheCaretAndSelects()
+    {
+        Editing e;
+        QAccessibleTextInterface *text =
+            QAccessible::queryAccessibleInterface(e.editor)->textInterface();
+        text->setCursorPosition(3);
+        QCOMPARE(text->cursorPosition(), 3);
+        text->setSelection(0, 4, 7);
+        QCOMPARE(e.selected(), QStringLiteral("two"));
+        text->removeSelection(0);
+        QCOMPARE(e.selected(), QString());
+        QCOMPARE(text->cursorPosition(), 7);
+        text->setCursorPosition(1000);
+        QCOMPARE(text->cursorPosition(), text->characterCount());
+        QCOMPARE(e.text(), QStringLiteral("one two"));
+        QVERIFY(!e.store.canUndo());
+    }
+
     void anInputMethodIsToldOfTheText()
     {
         Editing e;

@@ -116,6 +116,7 @@ private slots:
         QCOMPARE(edit.nextCharacter(), 1 + character.size());
         edit.moveTo(1 + character.size());
         QCOMPARE(edit.previousCharacter(), 1);
+        QCOMPARE(edit.placeFrom(2), 1 + character.size());
     }
 
     void thereIsNothingBeyondTheEnds()
@@ -128,6 +129,8 @@ private slots:
         QCOMPARE(edit.nextCharacter(), 5);
         QCOMPARE(edit.nextWord(), 5);
         QCOMPARE(edit.endOfParagraph(), 5);
+        QCOMPARE(edit.placeFrom(-1), 0);
+        QCOMPARE(edit.placeFrom(6), 5);
     }
 
     void wordsBeginAfterTheirSpacing()

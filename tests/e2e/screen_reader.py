@@ -103,6 +103,9 @@ class Thing:
         """The text that it holds."""
         return Atspi.Text.get_text(self._accessible, 0, -1)
 
+    def move_caret(self, position):
+        Atspi.Text.set_caret_offset(self._accessible, position)
+
     @property
     def area(self):
         """(x, y, width, height) on the desktop."""

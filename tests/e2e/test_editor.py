@@ -102,11 +102,14 @@ class Editor(ReadCase):
         self.wait_for_layers("Text", "Lyric", "Shape")
         x, y = self.place((960, 490))
         self.server.run("xdotool", "mousemove", x, y, "click", "--repeat", "2", "1")
-        self.thing("Layer text")
+        text = self.thing("Layer text")
         self.program.press("ctrl+a")
         self.program.type("bell")
         self.program.press("Return")
-        self.program.type("and light")
+        self.program.type("light")
+        wait_until(lambda: text.text == "bell\nlight", "what was typed to be read")
+        text.move_caret(len("bell\n"))
+        self.program.type("and ")
         self.program.press("Escape")
 
     def build_image(self):
