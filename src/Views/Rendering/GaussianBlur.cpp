@@ -1,6 +1,7 @@
 #include "GaussianBlur.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdint>
 #include <vector>
@@ -20,47 +21,63 @@ constexpr double varianceOfPixel = 1.0 / 12; // of the square that a value stand
 /// f has the variance (r (r + 1) (2 r + 1) / 3 + 2 f (r + 1)^2) / (2 r + 1 + 2 f).
 struct Box
 {
-    static constexpr unsigned shift = 16;
-
     explicit Box(double variance) : radius(std::size_t((std::sqrt(12 * variance + 1) - 1) / 2))
     {
         const auto r = double(radius);
         const double fraction =
             (2 * r + 1) * (r * (r + 1) - 3 * variance) / (6 * (variance - (r + 1) * (r + 1)));
-        const auto whole = double(1U << shift);
-        outerWeight = unsigned(std::lround(whole * fraction / (2 * r + 1 + 2 * fraction)));
-        innerWeight = unsigned(std::ceil((whole - 2 * double(outerWeight)) / (2 * r + 1)));
+        const double whole = 2 * r + 1 + 2 * fraction;
+        innerWeight = float(1 / whole);
+        outerWeight = float(fraction / whole);
     }
 
     std::size_t radius; ///< of the inner weights
-    unsigned innerWeight;
-    unsigned outerWeight;
+    float innerWeight;
+    float outerWeight;
 };
 
-/// A row or a column of one channel.
-struct Line
+constexpr int lineCount = 32; ///< that are blurred at once, side by side in wide registers
+
+/// Rows or columns of one channel that lie at equal distances.
+struct Lines
 {
     uchar *data;
-    qsizetype stride;
+    qsizetype distance; ///< from a line to the next
+    qsizetype stride; ///< from a value to the next along a line
     int length;
+    int count; ///< at most lineCount
 };
 
-using Values = std::vector<std::uint8_t>;
+/// The values of all lines at one place; those of lines that are not there are of no account.
+using Values = std::array<float, lineCount>;
+
+/// To a multiple of 1/256, so that sums of values are exact: nothing drifts along a line, and no
+/// colour comes to lie above the alpha that it is premultiplied with.
+float rounded(float value)
+{
+    constexpr float unit = 1.5F * (1U << 15); // whose neighbours lie 1/256 away
+    return (value + unit) - unit;
+}
 
 /// One pass over \a from, which holds room for the box at both its ends.
-void boxPass(const Values &from, Values &to, const Box &box)
+void boxPass(const std::vector<Values> &from, std::vector<Values> &to, const Box &box)
 {
     const std::size_t reach = box.radius + 1;
-    constexpr unsigned half = 1U << (Box::shift - 1);
-    unsigned sum = 0;
-    for (std::size_t i = 1; i < 2 * reach; ++i)
-        sum += from[i];
+    Values sums{};
+    for (std::size_t i = 1; i < 2 * reach; ++i) {
+        for (std::size_t line = 0; line < lineCount; ++line)
+            sums[line] += from[i][line];
+    }
     for (std::size_t i = reach; i + reach < from.size(); ++i) {
-        const unsigned ends = unsigned(from[i - reach]) + from[i + reach];
-        const unsigned weighted = sum * box.innerWeight + ends * box.outerWeight;
-        to[i] = std::uint8_t(std::min(255U, (weighted + half) >> Box::shift));
-        sum += from[i + reach];
-        sum -= from[i - reach + 1];
+        const Values &first = from[i - reach];
+        const Values &second = from[i - reach + 1];
+        const Values &last = from[i + reach];
+        Values &result = to[i];
+        for (std::size_t line = 0; line < lineCount; ++line) {
+            const float ends = first[line] + last[line];
+            result[line] = rounded(sums[line] * box.innerWeight + ends * box.outerWeight);
+            sums[line] += last[line] - second[line];
+        }
     }
 }
 
@@ -74,39 +91,54 @@ public:
           m_blurred(m_values.size())
     {}
 
-    void apply(const Line &line)
+    void apply(const Lines &lines)
     {
-        std::fill(m_values.begin(), m_values.end(), std::uint8_t(0));
-        for (int i = 0; i < line.length; ++i)
-            m_values[m_margin + std::size_t(i)] = line.data[i * line.stride];
+        std::fill(m_values.begin(), m_values.end(), Values{});
+        eachValue(lines, [](float &value, const uchar &pixel) { value = pixel; });
         for (int pass = 0; pass < passes; ++pass) {
             boxPass(m_values, m_blurred, m_box);
             m_values.swap(m_blurred);
         }
-        for (int i = 0; i < line.length; ++i)
-            line.data[i * line.stride] = m_values[m_margin + std::size_t(i)];
+        eachValue(lines, [](const float &value, uchar &pixel) {
+            pixel = uchar(std::min(255.0F, value + 0.5F));
+        });
     }
 
 private:
+    template<class Move>
+    void eachValue(const Lines &lines, Move move)
+    {
+        for (int i = 0; i < lines.length; ++i) {
+            Values &values = m_values[m_margin + std::size_t(i)];
+            uchar *pixel = lines.data + i * lines.stride;
+            for (int line = 0; line < lines.count; ++line)
+                move(values[std::size_t(line)], pixel[line * lines.distance]);
+        }
+    }
+
     Box m_box;
     std::size_t m_margin;
-    Values m_values;
-    Values m_blurred;
+    std::vector<Values> m_values;
+    std::vector<Values> m_blurred;
 };
 
 /// Blurs \a image in place at its own size.
 void blur(QImage &image, double sigma)
 {
     const int channels = image.depth() / 8;
+    const int rowLength = image.width() * channels;
     LineBlur rows(sigma, image.width());
     LineBlur columns(sigma, image.height());
     uchar *bits = image.bits();
     const qsizetype rowStride = image.bytesPerLine();
-    for (int channel = 0; channel < channels; ++channel) {
-        for (int y = 0; y < image.height(); ++y)
-            rows.apply({bits + y * rowStride + channel, channels, image.width()});
-        for (int x = 0; x < image.width(); ++x)
-            columns.apply({bits + qsizetype(x) * channels + channel, rowStride, image.height()});
+    for (int y = 0; y < image.height(); y += lineCount) {
+        const int count = std::min(lineCount, image.height() - y);
+        for (int channel = 0; channel < channels; ++channel)
+            rows.apply({bits + y * rowStride + channel, rowStride, channels, image.width(), count});
+    }
+    for (int x = 0; x < rowLength; x += lineCount) {
+        const int count = std::min(lineCount, rowLength - x);
+        columns.apply({bits + x, 1, rowStride, image.height(), count});
     }
 }
 
