@@ -23,7 +23,8 @@ bool takesText(const QObject *object)
 /// Undo and redo are the document's wherever its commands are in reach, and a field's elsewhere.
 bool isOfTheHistory(const QKeyEvent &event)
 {
-    return event.key() == Qt::Key_Z && event.modifiers().testFlag(Qt::ControlModifier);
+    return event.key() == Qt::Key_Z
+        && (event.modifiers() & ~Qt::ShiftModifier) == Qt::ControlModifier;
 }
 
 } // namespace

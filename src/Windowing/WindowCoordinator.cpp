@@ -107,34 +107,43 @@ PlacedScreen WindowCoordinator::displayScreen() const
     return screens.value(frames.lastIndexOf(frame), {nullptr, frame});
 }
 
-/// Shows \a window without frame over the whole of a screen.
+/// Window managers move the windows of a screen that goes to one that stays before the program
+/// hears of it: the display would lie over what the operator sees. True where it can do without.
+bool WindowCoordinator::goesUnmanaged(const QRect &frame) const
+{
+    const QList<QRect> frames = framesOf(m_screens.screens());
+    return m_screens.isX11() && isApart(frame, frames, operatorScreen(frames));
+}
+
+/// Shows a new \a window without frame over the whole of a screen.
 void WindowCoordinator::cover(QWidget &window, const PlacedScreen &target) const
 {
-    const auto &[screen, frame] = target;
-    if (!screen) {
-        window.setGeometry(frame);
-        window.show();
-        return;
-    }
-    if (window.isVisible() && window.geometry() == frame)
-        return;
-    // A window over the whole screen is not moved to another one while it is shown.
-    if (window.screen() != screen)
-        window.hide();
-    if (!window.isVisible()) {
-        // Window managers move the windows of a screen that goes to one that stays before the
-        // program hears of it: the display would lie over what the operator sees.
-        const QList<QRect> frames = framesOf(m_screens.screens());
-        const bool isUnmanaged =
-            m_screens.isX11() && isApart(frame, frames, operatorScreen(frames));
+    if (target.screen) {
+        const bool isUnmanaged = goesUnmanaged(target.frame);
         window.setWindowFlag(Qt::BypassWindowManagerHint, isUnmanaged);
         // The full-screen state keeps panels of the desktop below, and is the only way to choose a
         // screen where windows cannot place themselves. showFullScreen() would take the keyboard.
         window.setWindowState(isUnmanaged ? Qt::WindowNoState : Qt::WindowFullScreen);
+        window.setScreen(target.screen);
     }
-    window.setScreen(screen);
-    window.setGeometry(frame);
+    window.setGeometry(target.frame);
     window.show();
+}
+
+/// Moves the open display there.
+void WindowCoordinator::moveDisplay(const PlacedScreen &target)
+{
+    OutputWindow &window = *m_display.window;
+    const bool isThere = window.screen() == target.screen || window.geometry() == target.frame;
+    const bool isManaged = !window.windowFlags().testFlag(Qt::BypassWindowManagerHint);
+    if (isThere && !(isManaged && goesUnmanaged(target.frame))) {
+        window.setGeometry(target.frame);
+        m_displayScreen = target.screen;
+    } else {
+        // Window managers neither move a window that covers a screen nor let go of one in time.
+        window.hide();
+        openDisplay(*m_displayStore, m_appearance, target);
+    }
 }
 
 void WindowCoordinator::openDisplay(const WorkspaceStore &store, AppAppearance appearance,
@@ -193,8 +202,7 @@ void WindowCoordinator::followScreens()
     const auto next =
         screenToFollow(frames, indexOf(screens, m_displayScreen), operatorScreen(frames));
     if (next) {
-        m_displayScreen = screens.at(*next).screen;
-        cover(*m_display.window, screens.at(*next));
+        moveDisplay(screens.at(*next));
     } else {
         closeDisplayWindow();
         m_isDisplayWaiting = true;

@@ -82,7 +82,9 @@ private:
     void adopt(Output &output, OutputWindow *window, Signal changed);
     void release(Output &output, Signal changed);
     PlacedScreen displayScreen() const;
+    bool goesUnmanaged(const QRect &frame) const;
     void cover(QWidget &window, const PlacedScreen &target) const;
+    void moveDisplay(const PlacedScreen &target);
     void followScreens();
     void comeBack();
     QRect operatorScreen(const QList<QRect> &screens) const;

@@ -21,6 +21,17 @@ bool isAccepted(QObject &receiver, QEvent::Type type, Qt::Key key, quint64 times
     return event.isAccepted();
 }
 
+/// Wants every key for itself.
+class Greedy : public QObject
+{
+protected:
+    bool event(QEvent *event) override
+    {
+        event->accept();
+        return true;
+    }
+};
+
 } // namespace
 
 class TestShortcutGuard : public GuiTest
@@ -63,6 +74,20 @@ private slots:
             QVERIFY(isAccepted(field, QEvent::ShortcutOverride, key, 0, Qt::KeypadModifier));
         }
         QVERIFY(!isAccepted(field, QEvent::ShortcutOverride, Qt::Key_S, 0, Qt::ControlModifier));
+    }
+
+    void undoAndRedoAloneAreTakenFromAControlThatWantsThem()
+    {
+        ShortcutGuard guard;
+        Greedy control;
+        control.installEventFilter(&guard);
+        const auto isControls = [&](Qt::KeyboardModifiers modifiers) {
+            return isAccepted(control, QEvent::ShortcutOverride, Qt::Key_Z, 0, modifiers);
+        };
+        QVERIFY(!isControls(Qt::ControlModifier));
+        QVERIFY(!isControls(Qt::ControlModifier | Qt::ShiftModifier));
+        QVERIFY(isControls(Qt::ControlModifier | Qt::AltModifier));
+        QVERIFY(isControls(Qt::NoModifier));
     }
 };
 

@@ -91,6 +91,11 @@ class Program:
                 return window
         return None
 
+    def is_managed(self, title):
+        """Whether the window manager knows the shown window."""
+        managed = self.server.run("wmctrl", "-l").decode().splitlines()
+        return int(self.wait_for_window(title)) in {int(line.split()[0], 16) for line in managed}
+
     def wait_for_window(self, title):
         def found():
             if self.status() is not None:

@@ -120,6 +120,20 @@ class Screens(TwoScreenCase):
         self.see_slide(0)
         self.assertEqual(program.area(DISPLAY), SECOND_SCREEN)
 
+    def test_a_display_opened_on_a_mirror_is_let_go_by_the_window_manager_after_it(self):
+        self.server.mirror_first_screen()
+        program = self.start_show()
+        program.open_display()
+        self.see_slide(0, FIRST_SCREEN)
+        self.assertTrue(program.is_managed(DISPLAY))
+        self.server.plug_second_screen()
+        self.see_slide(0)
+        self.assertEqual(program.area(DISPLAY), SECOND_SCREEN)
+        wait_until(lambda: not program.is_managed(DISPLAY), "the window manager to let it go")
+        self.server.unplug_second_screen()
+        program.wait_for_no_window(DISPLAY)
+        self.see_the_operator_window(program)
+
     def test_a_display_never_goes_to_the_screen_with_the_operator_window_by_itself(self):
         self.server.plug_third_screen()
         self.addCleanup(self.server.unplug_third_screen)
