@@ -86,6 +86,19 @@ void OperatorWindow::closeEvent(QCloseEvent *event)
     event->accept();
 }
 
+/// A sheet stays in the middle of the window, which a window manager places after it has opened.
+void OperatorWindow::moveEvent(QMoveEvent *event)
+{
+    QMainWindow::moveEvent(event);
+    for (QDialog *sheet : findChildren<QDialog *>(QString(), Qt::FindDirectChildrenOnly)) {
+        if (!sheet->isVisible() || !sheet->isModal())
+            continue;
+        QRect frame = sheet->frameGeometry();
+        frame.moveCenter(frameGeometry().center());
+        sheet->move(frame.topLeft());
+    }
+}
+
 void OperatorWindow::showTitle()
 {
     // Alone, this mark would stand for whether the window is modified.

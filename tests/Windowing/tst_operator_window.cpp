@@ -93,6 +93,15 @@ private slots:
         QVERIFY(!w.store.errorMessage());
     }
 
+    void anAlertStaysInTheMiddleOfTheWindow()
+    {
+        Window w;
+        w.store.openProject(w.fileUrl(QStringLiteral("missing.quenara")));
+        w.window.move(w.window.pos() + QPoint(120, 60));
+        const QPoint off = w.alert()->frameGeometry().center() - w.window.frameGeometry().center();
+        QVERIFY(off.manhattanLength() <= 2);
+    }
+
     void aSecondFailureIsShownInTheSameAlert()
     {
         Window w;

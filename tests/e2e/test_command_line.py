@@ -3,6 +3,7 @@
 import tempfile
 from pathlib import Path
 
+from processes import wait_until
 from program import ALERT, OPERATOR, START_PANEL
 from show_case import SHOW, SHOW_TITLE, ShowCase, run
 
@@ -14,11 +15,18 @@ class CommandLine(ShowCase):
         program = self.start(path)
         program.wait_for_window(ALERT)
         self.assertEqual(program.window(OPERATOR), program.window(EMPTY_TITLE))
+        wait_until(lambda: self.is_amid(program.area(ALERT), program.area(OPERATOR)),
+                   "the alert in the middle of the window")
         program.focus(ALERT)
         program.press("Return")
         program.wait_for_no_window(ALERT)
         program.wait_for_window(EMPTY_TITLE)
         self.assertIsNone(program.status())
+
+    def is_amid(self, inner, outer):
+        """Whether an area lies in the middle of another, save for their frames."""
+        return all(abs((2 * inner[at] + inner[size]) - (2 * outer[at] + outer[size])) < 40
+                   for size, at in ((0, 2), (1, 3)))
 
     def test_a_document_opens_under_its_own_name(self):
         program = self.start(SHOW)
