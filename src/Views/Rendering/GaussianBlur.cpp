@@ -1,5 +1,7 @@
 #include "GaussianBlur.h"
 
+#include "VectorRegisters.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -159,6 +161,7 @@ QImage gaussianBlurred(const QImage &image, double sigma)
     if (!(sigma > 0) || image.isNull())
         return image;
     QImage blurred = image;
+    releaseVectorRegisters();
     blur(blurred, sigma);
     return blurred;
 }

@@ -4,6 +4,7 @@
 #include "EmojiText.h"
 #include "GlyphOutlines.h"
 #include "SlideFonts.h"
+#include "VectorRegisters.h"
 
 #include <QRawFont>
 #include <QTextBoundaryFinder>
@@ -254,6 +255,7 @@ void TextBlock::drawOutlines(QPainter &painter) const
         painter.setWorldTransform(QTransform::fromTranslate(glyph.position.x(), glyph.position.y())
                                   * origin);
         painter.drawPath(glyph.path);
+        releaseVectorRegisters();
     }
     painter.restore();
 }
