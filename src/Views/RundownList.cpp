@@ -3,10 +3,13 @@
 #include "RundownModel.h"
 #include "RundownRowDelegate.h"
 #include "SymbolButton.h"
+#include "ThemeColors.h"
 #include "WorkspaceStore.h"
 
 #include <QContextMenuEvent>
 #include <QMenu>
+#include <QPaintEvent>
+#include <QPainter>
 #include <QWheelEvent>
 
 #include <functional>
@@ -35,6 +38,7 @@ RundownList::RundownList(WorkspaceStore &store, PictureCache &pictures, QWidget 
     setVerticalScrollMode(ScrollPerPixel);
     connect(this, &QListView::clicked, this, &RundownList::choose);
     connect(&store, &WorkspaceStore::changed, this, &RundownList::followStore);
+    viewport()->setAttribute(Qt::WA_OpaquePaintEvent); // else it would be painted whole to scroll
     followStore();
 }
 
@@ -107,16 +111,32 @@ void RundownList::contextMenuEvent(QContextMenuEvent *event)
                              : event->globalPos());
 }
 
+/// Row by row: a list view would paint all that lie between two that changed.
 void RundownList::paintEvent(QPaintEvent *event)
 {
     m_thumbnails.startMaking();
-    QListView::paintEvent(event);
+    QPainter(viewport()).fillRect(event->rect(), themeOf(*this).panelBackground);
+    QRegion rows;
+    for (const QRect &part : event->region()) {
+        for (const QModelIndex &row : rowsIn(part))
+            rows += visualRect(row);
+    }
+    for (const QRect &some : rows) {
+        QPaintEvent ofRows(some);
+        QListView::paintEvent(&ofRows);
+    }
     if (m_thumbnails.owesPictures())
         viewport()->update(event->rect());
 }
 
 void RundownList::scrollContentsBy(int dx, int dy)
 {
+    if (m_buttonsArea) {
+        // Pixels that stay in sight are moved, not painted again, where nothing lies over them.
+        constexpr QRect nowhere(-1, -1, 1, 1);
+        viewport()->update(m_buttonsArea->mask());
+        m_buttonsArea->setMask(nowhere);
+    }
     QListView::scrollContentsBy(dx, dy);
     placeSectionButtons();
 }
@@ -125,6 +145,18 @@ void RundownList::updateGeometries()
 {
     QListView::updateGeometries();
     placeSectionButtons();
+}
+
+/// From the top down, those that lie at least in part on an \a area of the viewport.
+QModelIndexList RundownList::rowsIn(const QRect &area) const
+{
+    QModelIndexList rows;
+    for (QModelIndex row = indexAt(area.topLeft());
+         row.isValid() && visualRect(row).top() <= area.bottom();
+         row = m_model->index(row.row() + 1)) {
+        rows.append(row);
+    }
+    return rows;
 }
 
 SymbolButton *RundownList::makeMoveButton(qsizetype position, qsizetype delta)
@@ -165,13 +197,10 @@ void RundownList::placeSectionButtons()
     }
     qsizetype used = 0;
     QRegion covered;
-    const QModelIndex first = indexAt({viewport()->width() / 2, 0});
-    for (QModelIndex index = first; index.isValid(); index = m_model->index(index.row() + 1)) {
-        const QRect row = visualRect(index);
-        if (row.top() >= viewport()->height())
-            break;
+    for (const QModelIndex &index : rowsIn(viewport()->rect())) {
         if (!index.data(RundownModel::isServiceItemRole).toBool())
             continue;
+        const QRect row = visualRect(index);
         SectionButtons &buttons = sectionButtons(used++);
         buttons.itemID = index.data(RundownModel::idRole).toString();
         int right = row.right() + 1 - buttonMargin;

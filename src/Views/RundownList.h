@@ -43,6 +43,7 @@ private:
     void choose(const QModelIndex &index);
     QModelIndex affectedRow() const;
     void followStore();
+    QModelIndexList rowsIn(const QRect &area) const;
     SectionButtons &sectionButtons(qsizetype position);
     SymbolButton *makeMoveButton(qsizetype position, qsizetype delta);
     void placeSectionButtons();

@@ -1,11 +1,11 @@
 #include "GuiTestSupport.h"
 #include "OperatorWorld.h"
+#include "RundownRowDelegate.h"
 
 #include <QAccessible>
 #include <QHelpEvent>
 #include <QMenu>
 #include <QScrollBar>
-#include <QStyledItemDelegate>
 #include <QToolTip>
 #include <QWheelEvent>
 
@@ -58,18 +58,43 @@ QImage lookOf(OperatorWorld &op, const QModelIndex &index)
     return op.list->viewport()->grab(op.list->visualRect(index)).toImage();
 }
 
-/// Counts how often a row is asked for its size.
-class MeasuredRows : public QStyledItemDelegate
+/// Counts how often a row is asked for its size and painted.
+class CountedRows : public RundownRowDelegate
 {
 public:
-    mutable int count = 0;
+    using RundownRowDelegate::RundownRowDelegate;
+
+    mutable int measuredCount = 0;
+    mutable int paintedCount = 0;
 
     QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
     {
-        ++count;
-        return QStyledItemDelegate::sizeHint(option, index);
+        ++measuredCount;
+        return RundownRowDelegate::sizeHint(option, index);
+    }
+
+    void paint(QPainter *painter, const QStyleOptionViewItem &option,
+               const QModelIndex &index) const override
+    {
+        ++paintedCount;
+        RundownRowDelegate::paint(painter, option, index);
     }
 };
+
+/// What is on the screen of the list when everything is painted.
+QImage seenOf(const OperatorWorld &op)
+{
+    QCoreApplication::processEvents();
+    const QRect list(op.list->mapTo(&op.view, QPoint()), op.list->size());
+    return op.view.screen()
+        ->grabWindow(op.view.winId(), list.x(), list.y(), list.width(), list.height())
+        .toImage();
+}
+
+QImage paintedAnew(OperatorWorld &op)
+{
+    return op.view.grab(QRect(op.list->mapTo(&op.view, QPoint()), op.list->size())).toImage();
+}
 
 } // namespace
 
@@ -303,6 +328,47 @@ private slots:
         QVERIFY(isInSight(op, op.model->indexOfSlide(op.store.selectedSlideID())));
     }
 
+    void whatHasScrolledLooksAsIfPaintedAnew()
+    {
+        OperatorWorld op(showOf({9, 4, 11, 30, 3}));
+        const auto look = [&] {
+            // Where painting was clipped, the last bits of anti-aliasing may differ.
+            QVERIFY(largestDifference(seenOf(op), paintedAnew(op)) <= 4);
+        };
+        look();
+        for (int step = 0; step < 40; ++step) {
+            op.store.nextLive();
+            look();
+        }
+        for (const int place : {13, 0, 400, 397, 20, 1000}) {
+            op.list->verticalScrollBar()->setValue(place);
+            look();
+        }
+        op.store.selectSlide(u"A1"_s, true);
+        op.store.updateSelectedSlide([](Slide &slide) { slide.title = u"changed"_s; });
+        op.list->verticalScrollBar()->setValue(30);
+        op.store.moveSelectedServiceItem(1);
+        op.list->verticalScrollBar()->setValue(70);
+        look();
+    }
+
+    void rowsThatStayInSightAreNotPaintedAgainAsTheListScrolls()
+    {
+        OperatorWorld op(showOf({3, 40}));
+        SlideThumbnails thumbnails(op.pictures);
+        CountedRows rows(thumbnails, op.list);
+        op.list->setItemDelegate(&rows);
+        const auto scrollTo = [&](int place) {
+            op.list->verticalScrollBar()->setValue(place);
+            QCoreApplication::processEvents();
+            return std::exchange(rows.paintedCount, 0);
+        };
+        const int inSight = scrollTo(20); // laid out anew for its delegate
+        const int painted = scrollTo(40);
+        QVERIFY(painted > 0);
+        QVERIFY(painted < inSight / 2); // below, and around the buttons of the sections
+    }
+
     void theListStaysWhereItWasScrolledUntilTheSelectionChanges()
     {
         OperatorWorld op(showOf({40, 40}));
@@ -401,18 +467,19 @@ private slots:
     {
         constexpr int slideCount = 1000;
         OperatorWorld op(showOf({slideCount}));
-        MeasuredRows rows;
+        SlideThumbnails thumbnails(op.pictures);
+        CountedRows rows(thumbnails, op.list);
         op.list->setItemDelegate(&rows);
         op.view.grab();
-        rows.count = 0;
+        rows.measuredCount = 0;
         op.store.updateSelectedSlide([](Slide &slide) { slide.title = QStringLiteral("x"); });
         op.store.queueNext();
         op.store.nextLive();
         op.view.grab();
-        QVERIFY(rows.count < slideCount);
+        QVERIFY(rows.measuredCount < slideCount);
         op.store.duplicateSelectedSlide();
         op.view.grab();
-        QVERIFY(rows.count > slideCount);
+        QVERIFY(rows.measuredCount > slideCount);
     }
 
     void theListTakesNoKeys()
