@@ -83,7 +83,7 @@ TextBlock::TextBlock(const TextElementProperties &text, const QSizeF &box, const
     option.setUseDesignMetrics(true);
     option.setTextDirection(Qt::LayoutDirectionAuto);
     m_layout->setTextOption(option);
-    m_layout->setCacheEnabled(true); // shaped once, not each time it is laid out or drawn
+    m_layout->setCacheEnabled(true); // else it would be shaped each time it is drawn
     m_layout->setFont(slideFont(m_text.fontFamily, m_text.weight, layoutPixelSize));
     const EmojiText string(withLineSeparators(text.displayText()));
     m_layout->setText(string.text);
