@@ -25,6 +25,7 @@ FilePanel zelvoProjectOpenPanel()
     const FilePanel::Filter both{QStringLiteral("Quenara projects and JSON files"),
                                  projectFilter().patterns + jsonFilter.patterns};
     return {.kind = FilePanel::Kind::open,
+            .content = FilePanel::Content::project,
             .title = QStringLiteral("Open Quenara Project"),
             .filters = {both, projectFilter(), jsonFilter},
             .fileName = {},
@@ -39,6 +40,7 @@ FilePanel zelvoImageOpenPanel()
         QStringLiteral("*.tif"),  QStringLiteral("*.tiff"), QStringLiteral("*.svg"),
     };
     return {.kind = FilePanel::Kind::open,
+            .content = FilePanel::Content::image,
             .title = QStringLiteral("Choose Image"),
             .filters = {{QStringLiteral("Images"), patterns}},
             .fileName = {},
@@ -49,6 +51,7 @@ FilePanel zelvoProjectSavePanel(const QString &defaultName)
 {
     const bool hasSuffix = defaultName.endsWith(projectSuffix());
     return {.kind = FilePanel::Kind::save,
+            .content = FilePanel::Content::project,
             .title = QStringLiteral("Save Quenara Project"),
             .filters = {projectFilter()},
             .fileName = hasSuffix ? defaultName : defaultName + projectSuffix(),

@@ -13,6 +13,7 @@ namespace quenara {
 struct FilePanel
 {
     enum class Kind { open, save };
+    enum class Content { project, image };
 
     struct Filter
     {
@@ -23,6 +24,7 @@ struct FilePanel
     };
 
     Kind kind = Kind::open;
+    Content content = Content::project;
     QString title;
     QList<Filter> filters; ///< the first one is chosen at first
     QString fileName; ///< what the name field of a save panel starts with

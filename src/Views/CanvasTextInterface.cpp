@@ -3,7 +3,8 @@
 #include "CanvasTextLayerEditor.h"
 
 #include <QAccessibleWidget>
-#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QInputMethod>
 #include <QInputMethodEvent>
 
 #include <algorithm>
@@ -77,6 +78,7 @@ private:
     /// As an input method does.
     void select(int start, int end)
     {
+        QGuiApplication::inputMethod()->commit();
         QInputMethodEvent event({},
                                 {{QInputMethodEvent::Selection, start, end - start, QVariant()}});
         QCoreApplication::sendEvent(&m_editor, &event);

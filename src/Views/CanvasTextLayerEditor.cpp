@@ -394,6 +394,7 @@ QVariant CanvasTextLayerEditor::inputMethodQuery(Qt::InputMethodQuery query) con
 void CanvasTextLayerEditor::mousePressEvent(QMouseEvent *event)
 {
     if (event->button() == Qt::LeftButton) {
+        QGuiApplication::inputMethod()->commit();
         const bool extends = event->modifiers().testFlag(Qt::ShiftModifier);
         moveTo(positionAt(event->position()), extends ? Selecting::yes : Selecting::no);
     }

@@ -30,7 +30,8 @@ struct EditedText
     /// Takes over a text that something else has changed, the caret behind what differs.
     void replace(const QString &other);
 
-    /// The first place from \a position on, which may be any number; the end if there is none.
+    /// The first position between characters from \a position on, which may be any number; the end
+    /// if there is none.
     qsizetype placeFrom(qsizetype position) const;
 
     // From the caret on; the end of the text where there is no more.

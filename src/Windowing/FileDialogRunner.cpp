@@ -49,15 +49,19 @@ QString chosenFile(const QFileDialog &dialog)
                                                  : dialog.directory().filePath(name);
 }
 
+/// The home folder where there is none of that kind.
+QDir userFolder(QStandardPaths::StandardLocation kind)
+{
+    const QDir folder(QStandardPaths::writableLocation(kind));
+    return folder.exists() ? folder : QDir::home();
+}
+
 } // namespace
 
 FileDialogRunner::FileDialogRunner(DialogParent parent)
-    : m_parent(std::move(parent)),
-      m_folder(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation))
-{
-    if (!m_folder.exists())
-        m_folder = QDir::home();
-}
+    : m_parent(std::move(parent)), m_projects(userFolder(QStandardPaths::DocumentsLocation)),
+      m_images(userFolder(QStandardPaths::PicturesLocation))
+{}
 
 std::optional<QUrl> FileDialogRunner::run(const FilePanel &panel)
 {
@@ -75,17 +79,22 @@ std::optional<QUrl> FileDialogRunner::run(const FilePanel &panel)
     return path ? std::optional(QUrl::fromLocalFile(*path)) : std::nullopt;
 }
 
-void FileDialogRunner::startBeside(const QUrl &file)
+void FileDialogRunner::startBeside(const QUrl &project)
 {
-    const QDir folder = QFileInfo(file.toLocalFile()).dir();
-    if (folder.exists())
-        m_folder = folder;
+    const QDir folder = QFileInfo(project.toLocalFile()).dir();
+    if (project.isLocalFile() && folder.exists())
+        m_projects = folder;
+}
+
+QDir &FileDialogRunner::folderOf(const FilePanel &panel)
+{
+    return panel.content == FilePanel::Content::image ? m_images : m_projects;
 }
 
 std::optional<QString> FileDialogRunner::chosenPath(const FilePanel &panel)
 {
     const bool saves = panel.kind == FilePanel::Kind::save;
-    QFileDialog dialog(m_parent(), panel.title, m_folder.path());
+    QFileDialog dialog(m_parent(), panel.title, folderOf(panel).path());
     dialog.resize(dialogSize);
     // The toolkit's own dialog has one, and leaves the places hardly any room in it.
     if (auto *splitter = dialog.findChild<QSplitter *>())
@@ -102,7 +111,7 @@ std::optional<QString> FileDialogRunner::chosenPath(const FilePanel &panel)
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return std::nullopt;
     const QString path = chosenFile(dialog);
-    m_folder = QFileInfo(path).dir();
+    folderOf(panel) = QFileInfo(path).dir();
     return saves ? savedPath(panel, path) : path;
 }
 

@@ -8,7 +8,8 @@
 namespace quenara {
 
 /// Runs file panels as the platform's own file dialogs, one at a time; a second request while one
-/// is open counts as cancelled. Starts in the documents folder, then where the last file was.
+/// is open counts as cancelled. Panels for projects start in the documents folder and those for
+/// images in the pictures folder, then each where the last file of its kind was.
 class FileDialogRunner : public FilePanelRunner
 {
 public:
@@ -18,15 +19,19 @@ public:
     /// file that has it.
     std::optional<QUrl> run(const FilePanel &panel) override;
 
-    /// The next panel starts in the folder of \a file, on this machine, if it is there.
-    void startBeside(const QUrl &file);
+    /// The next panel for projects starts in the folder of \a project, if that is a file of this
+    /// machine and the folder is there.
+    void startBeside(const QUrl &project);
 
 private:
     std::optional<QString> chosenPath(const FilePanel &panel);
     bool mayReplace(const QString &path);
 
+    QDir &folderOf(const FilePanel &panel);
+
     DialogParent m_parent;
-    QDir m_folder;
+    QDir m_projects;
+    QDir m_images;
     bool m_isRunning = false;
 };
 

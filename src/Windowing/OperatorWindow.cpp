@@ -11,7 +11,9 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QMenuBar>
+#include <QScreen>
 
+#include <algorithm>
 #include <functional>
 
 namespace quenara {
@@ -25,6 +27,17 @@ void dismiss(QDialog *sheet)
 {
     if (sheet)
         sheet->close();
+}
+
+/// Where the top left of \a frame comes to lie amid \a window, within the \a room of a screen.
+QPoint centered(QRect frame, const QRect &window, const QRect &room)
+{
+    frame.moveCenter(window.center());
+    frame.moveRight(std::min(frame.right(), room.right()));
+    frame.moveBottom(std::min(frame.bottom(), room.bottom()));
+    frame.moveLeft(std::max(frame.left(), room.left()));
+    frame.moveTop(std::max(frame.top(), room.top()));
+    return frame.topLeft();
 }
 
 /// Opens what \a sheet points to from then on. However it goes, \a dismissed is called.
@@ -86,16 +99,29 @@ void OperatorWindow::closeEvent(QCloseEvent *event)
     event->accept();
 }
 
-/// A sheet stays in the middle of the window, which a window manager places after it has opened.
 void OperatorWindow::moveEvent(QMoveEvent *event)
 {
     QMainWindow::moveEvent(event);
+    placeSheets();
+}
+
+void OperatorWindow::resizeEvent(QResizeEvent *event)
+{
+    QMainWindow::resizeEvent(event);
+    placeSheets();
+}
+
+/// In the middle of the window, which a window manager places only when they are open at the start,
+/// and on its screen, since nothing goes on before they are answered.
+void OperatorWindow::placeSheets() const
+{
+    const QRect window = frameGeometry();
+    // A window that moves belongs to the screen that it comes from until it has moved.
+    const QScreen *below = QGuiApplication::screenAt(window.center());
+    const QRect room = (below ? below : screen())->availableGeometry();
     for (QDialog *sheet : findChildren<QDialog *>(QString(), Qt::FindDirectChildrenOnly)) {
-        if (!sheet->isVisible() || !sheet->isModal())
-            continue;
-        QRect frame = sheet->frameGeometry();
-        frame.moveCenter(frameGeometry().center());
-        sheet->move(frame.topLeft());
+        if (sheet->isVisible() && sheet->isModal())
+            sheet->move(centered(sheet->frameGeometry(), window, room));
     }
 }
 

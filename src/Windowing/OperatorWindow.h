@@ -34,8 +34,10 @@ public:
 protected:
     void closeEvent(QCloseEvent *event) override;
     void moveEvent(QMoveEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
+    void placeSheets() const;
     void showTitle();
     void showStartPanel();
     void showSongImport();

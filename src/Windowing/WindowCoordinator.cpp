@@ -74,8 +74,8 @@ void WindowCoordinator::adopt(Output &output, OutputWindow *window, Signal chang
     output.window.reset(window);
     output.closeObserver.reset(
         new WindowCloseObserver(window, [this, &output, changed] { release(output, changed); }));
-    output.isOpen = true;
-    emit(this->*changed)();
+    if (!std::exchange(output.isOpen, true))
+        emit(this->*changed)();
 }
 
 void WindowCoordinator::release(Output &output, Signal changed)
@@ -107,8 +107,9 @@ PlacedScreen WindowCoordinator::displayScreen() const
     return screens.value(frames.lastIndexOf(frame), {nullptr, frame});
 }
 
-/// Window managers move the windows of a screen that goes to one that stays before the program
-/// hears of it: the display would lie over what the operator sees. True where it can do without.
+/// Whether a display over \a frame does without a window manager. Those move the windows of a
+/// screen that goes to one that stays before the program hears of it: the display would lie over
+/// what the operator sees.
 bool WindowCoordinator::goesUnmanaged(const QRect &frame) const
 {
     const QList<QRect> frames = framesOf(m_screens.screens());
@@ -130,13 +131,13 @@ void WindowCoordinator::cover(QWidget &window, const PlacedScreen &target) const
     window.show();
 }
 
-/// Moves the open display there.
+/// Has the open display cover \a target.
 void WindowCoordinator::moveDisplay(const PlacedScreen &target)
 {
     OutputWindow &window = *m_display.window;
-    const bool isThere = window.screen() == target.screen || window.geometry() == target.frame;
+    const bool isOnScreen = window.screen() == target.screen || window.geometry() == target.frame;
     const bool isManaged = !window.windowFlags().testFlag(Qt::BypassWindowManagerHint);
-    if (isThere && !(isManaged && goesUnmanaged(target.frame))) {
+    if (isOnScreen && !(isManaged && goesUnmanaged(target.frame))) {
         window.setGeometry(target.frame);
         m_displayScreen = target.screen;
     } else {

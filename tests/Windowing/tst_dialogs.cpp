@@ -300,9 +300,31 @@ private slots:
         FileDialogRunner runner(m_parent);
         runner.startBeside(QUrl::fromLocalFile(folder.filePath(u"Sunday"_s)));
         runner.startBeside(QUrl::fromLocalFile(folder.filePath(u"gone/Sunday"_s)));
+        runner.startBeside(QUrl(u"https://example.org/Sunday"_s));
         const Operator person({press(u"Save"_s)});
         QCOMPARE(runner.run(zelvoProjectSavePanel(u"Next"_s)),
                  QUrl::fromLocalFile(folder.filePath(u"Next.quenara"_s)));
+    }
+
+    void anImageLeavesThePanelsForProjectsWhereTheyWere()
+    {
+        const QTemporaryDir projects;
+        const QTemporaryDir images;
+        write(images.filePath(u"a.png"_s));
+        FileDialogRunner runner(m_parent);
+        runner.startBeside(QUrl::fromLocalFile(projects.filePath(u"Sunday"_s)));
+        QString imageFolder;
+        const auto readFolder = [&](QWidget &dialog) {
+            imageFolder = dynamic_cast<QFileDialog &>(dialog).directory().path();
+            dialog.close();
+        };
+        const Operator person(
+            {typeName(images.filePath(u"a.png"_s)), press(u"Save"_s), readFolder});
+        QVERIFY(runner.run(zelvoImageOpenPanel()));
+        QCOMPARE(runner.run(zelvoProjectSavePanel(u"Next"_s)),
+                 QUrl::fromLocalFile(projects.filePath(u"Next.quenara"_s)));
+        QVERIFY(!runner.run(zelvoImageOpenPanel()));
+        QCOMPARE(imageFolder, images.path());
     }
 
     void anOpenPanelTakesOneExistingFile()

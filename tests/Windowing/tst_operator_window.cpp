@@ -97,9 +97,33 @@ private slots:
     {
         Window w;
         w.store.openProject(w.fileUrl(QStringLiteral("missing.quenara")));
-        w.window.move(w.window.pos() + QPoint(120, 60));
-        const QPoint off = w.alert()->frameGeometry().center() - w.window.frameGeometry().center();
-        QVERIFY(off.manhattanLength() <= 2);
+        const auto isAmid = [&w] {
+            const QPoint off =
+                w.alert()->frameGeometry().center() - w.window.frameGeometry().center();
+            return off.manhattanLength() <= 2;
+        };
+        w.window.move(60, 40);
+        QTRY_VERIFY(isAmid());
+        w.window.resize(w.window.size() + QSize(100, 80));
+        QTRY_VERIFY(isAmid());
+        w.window.showMaximized();
+        QTRY_VERIFY(isAmid());
+        w.window.showNormal();
+        QTRY_VERIFY(isAmid());
+        w.window.move(w.window.screen()->geometry().right() + 100, 40);
+        QTRY_VERIFY(isAmid());
+    }
+
+    void anAlertStaysOnTheScreenWhenItsWindowLeavesIt()
+    {
+        Window w;
+        w.store.openProject(w.fileUrl(QStringLiteral("missing.quenara")));
+        const QRect screen = w.window.screen()->availableGeometry();
+        for (const QPoint &place : {QPoint(-1400, 60), QPoint(60, 1060), QPoint(60, -880)}) {
+            w.window.move(place);
+            QTRY_VERIFY(w.window.pos() == place);
+            QTRY_VERIFY(screen.contains(w.alert()->frameGeometry()));
+        }
     }
 
     void aSecondFailureIsShownInTheSameAlert()

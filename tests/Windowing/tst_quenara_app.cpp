@@ -146,11 +146,14 @@ private slots:
         QuenaraApp app{QPalette(Qt::white)};
         app.openDocument(path);
         QString shown;
-        QTimer::singleShot(50, [&shown] {
-            auto *panel = qobject_cast<QFileDialog *>(QApplication::activeModalWidget());
-            shown = panel->directory().path();
-            panel->reject();
+        QTimer looking;
+        connect(&looking, &QTimer::timeout, this, [&shown] {
+            if (auto *panel = qobject_cast<QFileDialog *>(QApplication::activeModalWidget())) {
+                shown = panel->directory().path();
+                panel->reject();
+            }
         });
+        looking.start(50);
         choose(u"Open..."_s);
         QCOMPARE(shown, folder.path());
     }

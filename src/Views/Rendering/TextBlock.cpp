@@ -256,7 +256,7 @@ void TextBlock::drawOutlines(QPainter &painter) const
         painter.setWorldTransform(QTransform::fromTranslate(glyph.position.x(), glyph.position.y())
                                   * origin);
         painter.drawPath(glyph.path);
-        releaseVectorRegisters();
+        releaseVectorRegisters(); // for the arithmetic of the next glyph's outline
     }
     painter.restore();
 }
