@@ -1,6 +1,7 @@
+#include "GradientFill.h"
 #include "GuiTestSupport.h"
 #include "Pictures.h"
-#include "SlideBackgroundRenderView.h"
+#include "SlideRendererView.h"
 
 #include <cmath>
 
@@ -26,22 +27,23 @@ QImage picture(const SlideBackground &background)
     return rendered({.slide = slideWith(designOver(background))}, canvas);
 }
 
-/// How far along the gradient the middle of a pixel lies, 0 to 1, by the gradient's definition.
-double progress(GradientDirection direction, double x, double y)
+/// How far along the gradient a point of a slide lies, 0 to 1, by the gradient's definition.
+double progress(GradientDirection direction, const QPointF &point, const QSizeF &slide,
+                double endRadius)
 {
-    constexpr double width = 1920;
-    constexpr double height = 1080;
+    const double width = slide.width();
+    const double height = slide.height();
     switch (direction) {
     case GradientDirection::vertical:
-        return y / height;
+        return point.y() / height;
     case GradientDirection::horizontal:
-        return x / width;
+        return point.x() / width;
     case GradientDirection::diagonal:
-        return (x * width + y * height) / (width * width + height * height);
+        return (point.x() * width + point.y() * height) / (width * width + height * height);
     case GradientDirection::radialHint:
         break;
     }
-    return std::min(1.0, std::hypot(x - width / 2, y - height / 2) / 760);
+    return std::min(1.0, std::hypot(point.x() - width / 2, point.y() - height / 2) / endRadius);
 }
 
 QColor mixed(double t)
@@ -49,6 +51,11 @@ QColor mixed(double t)
     return QColor::fromRgbF(float(startColor.red + t * (endColor.red - startColor.red)),
                             float(startColor.green + t * (endColor.green - startColor.green)),
                             float(startColor.blue + t * (endColor.blue - startColor.blue)));
+}
+
+GradientFill fill(GradientDirection direction)
+{
+    return {direction, startColor.toColor(), endColor.toColor(), 100};
 }
 
 int difference(const QColor &a, const QColor &b)
@@ -77,52 +84,114 @@ private slots:
         const QImage image = picture(gradient(direction));
         for (int y = 0; y < canvas.height(); y += 60) {
             for (int x = 0; x < canvas.width(); x += 60) {
-                const QColor expected = mixed(progress(direction, x + 0.5, y + 0.5));
+                const QColor expected = mixed(progress(direction, {x + 0.5, y + 0.5}, canvas, 760));
                 QVERIFY2(difference(image.pixelColor(x, y), expected) <= 2,
                          qPrintable(QStringLiteral("at %1, %2").arg(x).arg(y)));
             }
         }
     }
 
-    void gradientsEndWhereTheirDirectionSays_data()
+    void gradientsFillTheirSlideWhereverItLiesAndNothingElse_data()
     {
         QTest::addColumn<GradientDirection>("direction");
-        QTest::addColumn<QPointF>("start");
-        QTest::addColumn<QPointF>("end");
-        QTest::newRow("vertical") << GradientDirection::vertical << QPointF(500, 20)
-                                  << QPointF(500, 560);
-        QTest::newRow("horizontal")
-            << GradientDirection::horizontal << QPointF(20, 290) << QPointF(980, 290);
-        QTest::newRow("diagonal") << GradientDirection::diagonal << QPointF(20, 20)
-                                  << QPointF(980, 560);
+        QTest::addColumn<QSize>("size");
+        for (const GradientDirection direction : allCases<GradientDirection>()) {
+            for (const QSize size : {QSize(480, 270), QSize(171, 96), QSize(96, 171), QSize(7, 400),
+                                     QSize(400, 7), QSize(1, 1)}) {
+                QTest::addRow("%s %dx%d", qPrintable(rawValue(direction)), size.width(),
+                              size.height())
+                    << direction << size;
+            }
+        }
     }
 
-    void gradientsEndWhereTheirDirectionSays()
+    void gradientsFillTheirSlideWhereverItLiesAndNothingElse()
     {
         QFETCH(GradientDirection, direction);
-        QFETCH(QPointF, start);
-        QFETCH(QPointF, end);
-        const SlideBackgroundRenderView view{gradient(direction), 0.5};
-        const QBrush brush = view.gradientFill({20, 20, 960, 540});
-        QCOMPARE(brush.style(), Qt::LinearGradientPattern);
-        const auto *linear = static_cast<const QLinearGradient *>(brush.gradient());
-        QCOMPARE(linear->start(), start);
-        QCOMPARE(linear->finalStop(), end);
-        QCOMPARE(linear->spread(), QGradient::PadSpread);
+        QFETCH(QSize, size);
+        const QRect slide(QPoint(13, 9), size);
+        QImage image(slide.size() + QSize(40, 30), QImage::Format_RGB32);
+        image.fill(Qt::green);
+        QPainter painter(&image);
+        // In coordinates of its own, as on a screen of two pixels a point.
+        painter.scale(2, 2);
+        fill(direction).paint(painter, {QPointF(slide.topLeft()) / 2, QSizeF(slide.size()) / 2});
+        painter.end();
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                const QPointF middle = QPointF(x, y) + QPointF(0.5, 0.5) - slide.topLeft();
+                const QColor expected = slide.contains(x, y)
+                    ? mixed(progress(direction, middle, size, 100 * 2))
+                    : QColor(Qt::green);
+                QVERIFY2(difference(image.pixelColor(x, y), expected) <= 1,
+                         qPrintable(QStringLiteral("at %1, %2").arg(x).arg(y)));
+            }
+        }
+    }
+
+    void aPartOfAGradientIsPaintedAsInTheWhole_data() { gradientsRunAsTheirDirectionSays_data(); }
+
+    void aPartOfAGradientIsPaintedAsInTheWhole()
+    {
+        QFETCH(GradientDirection, direction);
+        const QRect part(50, 40, 30, 61);
+        QImage whole(200, 150, QImage::Format_RGB32);
+        QImage inPart(whole.size(), QImage::Format_RGB32);
+        for (QImage *image : {&whole, &inPart}) {
+            image->fill(Qt::green);
+            QPainter painter(image);
+            if (image == &inPart)
+                painter.setClipRect(part);
+            fill(direction).paint(painter, {10, 10, 180, 130});
+        }
+        QCOMPARE(inPart.copy(part), whole.copy(part));
+        QCOMPARE(inPart.pixel(part.left() - 1, part.top()), qRgb(0, 255, 0));
+        QCOMPARE(inPart.pixel(part.left(), part.bottom() + 1), qRgb(0, 255, 0));
     }
 
     void aSoftCentreReachesAsFarAsTheScaleSays()
     {
-        for (const double scale : {0.25, 0.5, 2.0}) {
-            const SlideBackgroundRenderView view{gradient(GradientDirection::radialHint), scale};
-            const QBrush brush = view.gradientFill({20, 20, 960, 540});
-            QCOMPARE(brush.style(), Qt::RadialGradientPattern);
-            const auto *radial = static_cast<const QRadialGradient *>(brush.gradient());
-            QCOMPARE(radial->center(), QPointF(500, 290));
-            QCOMPARE(radial->focalPoint(), radial->center());
-            QCOMPARE(radial->centerRadius(), 760 * scale);
-            QCOMPARE(radial->focalRadius(), 0.0);
+        for (const int width : {480, 960, 3840}) {
+            const QImage image =
+                rendered({.slide = slideWith(designOver(gradient(GradientDirection::radialHint)))},
+                         {width, width * 9 / 16});
+            const QPoint middle(image.width() / 2, image.height() / 2);
+            const auto along = [&](double distance) {
+                return image.pixelColor(middle + QPoint(int(distance * width / 1920), 0));
+            };
+            QVERIFY(difference(along(0), mixed(0)) <= 2);
+            QVERIFY(difference(along(380), mixed(0.5)) <= 2);
+            QVERIFY(difference(along(740), mixed(0.97)) <= 3);
+            QVERIFY(difference(along(765), mixed(1)) <= 1);
+            QVERIFY(difference(along(950), mixed(1)) <= 1);
         }
+    }
+
+    void aSoftCentreWithoutRadiusIsAllEnd()
+    {
+        QImage image(9, 9, QImage::Format_RGB32);
+        QPainter painter(&image);
+        GradientFill nowhere = fill(GradientDirection::radialHint);
+        nowhere.endRadius = 0;
+        nowhere.paint(painter, image.rect());
+        painter.end();
+        QVERIFY(difference(image.pixelColor(0, 0), mixed(1)) <= 1);
+        QVERIFY(difference(image.pixelColor(8, 4), mixed(1)) <= 1);
+    }
+
+    void aTranslucentGradientLetsThroughWhatLiesBelow()
+    {
+        SlideBackground background = gradient(GradientDirection::horizontal);
+        background.gradient->startColor.alpha = 0;
+        background.gradient->endColor.alpha = 0.5;
+        QImage image(canvas, QImage::Format_RGB32);
+        image.fill(Qt::white);
+        QPainter painter(&image);
+        SlideRendererView{.slide = slideWith(designOver(background))}.paint(painter, image.rect());
+        painter.end();
+        QVERIFY(difference(image.pixelColor(0, 540), Qt::white) <= 1);
+        const QColor half = QColor::fromRgbF(0.95F, 0.8F, 0.7F);
+        QVERIFY(difference(image.pixelColor(1919, 540), half) <= 2);
     }
 
     void aGradientWithoutColoursIsTheSolidColour()
@@ -185,6 +254,37 @@ private slots:
                 brightest = std::max(brightest, qRed(image.pixel(x, y)));
         }
         QVERIFY(std::abs(brightest - qRound(255 * 0.38)) <= 2);
+    }
+
+    void darkeningLiesOverGradientsCaptionsPicturesAndWhatShowsThrough()
+    {
+        const auto isDarkened = [](SlideBackground background, const QPoint &at) {
+            const QColor bright = picture(background).pixelColor(at);
+            background.dimAmount = 0.5;
+            const QColor dark = picture(background).pixelColor(at);
+            return bright.lightness() > 20
+                && difference(dark, {bright.red() / 2, bright.green() / 2, bright.blue() / 2}) <= 1;
+        };
+        SlideBackground video = solidBackground({0.4, 0.4, 0.4, 1});
+        video.kind = SlideBackgroundKind::video;
+        QVERIFY(isDarkened(video, {100, 100}));
+        for (int x = 830; x < 1090; x += 3) // across letters and what lies between them
+            QVERIFY(isDarkened(video, {x, 540}));
+        for (const GradientDirection direction : allCases<GradientDirection>())
+            QVERIFY(isDarkened(gradient(direction), {700, 300}));
+        SlideBackground image = solidBackground({0, 0, 0, 1});
+        image.kind = SlideBackgroundKind::image;
+        image.image = solidPicture({4, 4}, Qt::white);
+        QVERIFY(isDarkened(image, {700, 300}));
+
+        SlideBackground clear = solidBackground({1, 1, 1, 0});
+        clear.dimAmount = 0.5;
+        QImage below(canvas, QImage::Format_RGB32);
+        below.fill(Qt::white);
+        QPainter painter(&below);
+        SlideRendererView{.slide = slideWith(designOver(clear))}.paint(painter, below.rect());
+        painter.end();
+        QVERIFY(std::abs(qRed(below.pixel(700, 300)) - 128) <= 1);
     }
 
     void dimmingZeroOrLessDrawsNothingAndHalfDarkensByHalf()

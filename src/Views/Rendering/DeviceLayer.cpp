@@ -6,8 +6,6 @@
 
 namespace quenara {
 
-namespace {
-
 QRectF visibleDeviceRect(const QPainter &painter)
 {
     // A widget lies somewhere on the device that it is painted to.
@@ -19,7 +17,10 @@ QRectF visibleDeviceRect(const QPainter &painter)
     return whole.intersected(painter.deviceTransform().mapRect(painter.clipBoundingRect()));
 }
 
-} // namespace
+void useDevicePixels(QPainter &painter)
+{
+    painter.setWorldTransform(painter.deviceTransform().inverted() * painter.worldTransform());
+}
 
 DeviceLayer DeviceLayer::painted(const QPainter &painter, const QRectF &bounds, int margin,
                                  const std::function<void(QPainter &)> &paint, int reduction)
@@ -52,7 +53,7 @@ void DeviceLayer::draw(QPainter &painter, double opacity) const
     if (image.isNull())
         return;
     painter.save();
-    painter.setWorldTransform(painter.deviceTransform().inverted() * painter.worldTransform());
+    useDevicePixels(painter);
     painter.setOpacity(painter.opacity() * opacity);
     if (reduction == 1) {
         painter.drawImage(origin, image);

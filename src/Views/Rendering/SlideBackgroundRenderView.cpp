@@ -2,12 +2,10 @@
 
 #include "DeviceLayer.h"
 #include "GaussianBlur.h"
+#include "GradientFill.h"
 #include "ImageElementRenderView.h"
 #include "PictureCache.h"
 #include "SlideFonts.h"
-
-#include <QLinearGradient>
-#include <QRadialGradient>
 
 #include <algorithm>
 
@@ -19,44 +17,50 @@ constexpr double radialEndRadius = 760; // canvas units
 constexpr double captionSize = 28; // canvas units
 constexpr float captionOpacity = 0.38F;
 
-QGradient gradientOver(const QRectF &slide, GradientDirection direction, double scale)
+} // namespace
+
+double SlideBackgroundRenderView::dim() const
 {
-    switch (direction) {
-    case GradientDirection::vertical:
-        return QLinearGradient(slide.center().x(), slide.top(), slide.center().x(), slide.bottom());
-    case GradientDirection::horizontal:
-        return QLinearGradient(slide.left(), slide.center().y(), slide.right(), slide.center().y());
-    case GradientDirection::diagonal:
-        return QLinearGradient(slide.topLeft(), slide.bottomRight());
-    case GradientDirection::radialHint:
-        break;
-    }
-    return QRadialGradient(slide.center(), radialEndRadius * scale);
+    return std::clamp(background.dimAmount, 0.0, 1.0);
 }
 
-void paintCaption(QPainter &painter, const QRectF &slide, double scale)
+QColor SlideBackgroundRenderView::darkened(const RGBAColor &color) const
+{
+    const QColor bright = color.toColor();
+    // Black laid over a colour covers what the colour lets through as well.
+    const float alpha = bright.alphaF() + float(dim()) * (1 - bright.alphaF());
+    if (!(alpha > 0))
+        return Qt::transparent;
+    const float left = bright.alphaF() * float(1 - dim()) / alpha;
+    return QColor::fromRgbF(left * bright.redF(), left * bright.greenF(), left * bright.blueF(),
+                            alpha);
+}
+
+void SlideBackgroundRenderView::paintGradient(QPainter &painter, const QRectF &slide) const
+{
+    if (const auto &gradient = background.gradient) {
+        GradientFill{.direction = gradient->direction,
+                     .start = darkened(gradient->startColor),
+                     .end = darkened(gradient->endColor),
+                     .endRadius = radialEndRadius * scale}
+            .paint(painter, slide);
+    } else {
+        painter.fillRect(slide, darkened(background.solidColor));
+    }
+}
+
+void SlideBackgroundRenderView::paintCaption(QPainter &painter, const QRectF &slide) const
 {
     painter.save();
     painter.translate(slide.center());
     painter.scale(scale, scale);
     painter.setFont(systemFont(captionSize, QFont::DemiBold));
-    painter.setPen(QColor::fromRgbF(1, 1, 1, captionOpacity));
+    const auto bright = float(1 - dim());
+    painter.setPen(QColor::fromRgbF(bright, bright, bright, captionOpacity));
     const QRectF line(-slide.width() / 2 / scale, -captionSize, slide.width() / scale,
                       2 * captionSize);
     painter.drawText(line, Qt::AlignCenter, QStringLiteral("Video Background"));
     painter.restore();
-}
-
-} // namespace
-
-QBrush SlideBackgroundRenderView::gradientFill(const QRectF &slide) const
-{
-    if (!background.gradient)
-        return background.solidColor.toColor();
-    QGradient gradient = gradientOver(slide, background.gradient->direction, scale);
-    gradient.setColorAt(0, background.gradient->startColor.toColor());
-    gradient.setColorAt(1, background.gradient->endColor.toColor());
-    return gradient;
 }
 
 bool SlideBackgroundRenderView::paintPicture(QPainter &painter, const QRectF &slide) const
@@ -82,20 +86,37 @@ bool SlideBackgroundRenderView::paintPicture(QPainter &painter, const QRectF &sl
     return true;
 }
 
+bool SlideBackgroundRenderView::isOpaque() const
+{
+    const auto isWhole = [](const RGBAColor &color) { return color.alpha >= 1; };
+    if (background.kind == SlideBackgroundKind::image)
+        return false;
+    if (background.kind == SlideBackgroundKind::gradient && background.gradient)
+        return isWhole(background.gradient->startColor) && isWhole(background.gradient->endColor);
+    return isWhole(background.solidColor);
+}
+
 void SlideBackgroundRenderView::paint(QPainter &painter, const QRectF &slide) const
 {
     if (slide.isEmpty() || scale <= 0)
         return;
-    const bool isImage = background.kind == SlideBackgroundKind::image;
-    if (!isImage || !background.image || !paintPicture(painter, slide)) {
-        const bool isGradient = isImage || background.kind == SlideBackgroundKind::gradient;
-        painter.fillRect(slide, isGradient ? gradientFill(slide) : background.solidColor.toColor());
-    }
-    if (background.kind == SlideBackgroundKind::video)
-        paintCaption(painter, slide, scale);
-    if (background.dimAmount > 0) {
-        painter.fillRect(slide,
-                         QColor::fromRgbF(0, 0, 0, float(std::min(1.0, background.dimAmount))));
+    switch (background.kind) {
+    case SlideBackgroundKind::solid:
+        painter.fillRect(slide, darkened(background.solidColor));
+        break;
+    case SlideBackgroundKind::video:
+        painter.fillRect(slide, darkened(background.solidColor));
+        paintCaption(painter, slide);
+        break;
+    case SlideBackgroundKind::image:
+        if (background.image && paintPicture(painter, slide)) {
+            painter.fillRect(slide, QColor::fromRgbF(0, 0, 0, float(dim())));
+            break;
+        }
+        [[fallthrough]];
+    case SlideBackgroundKind::gradient:
+        paintGradient(painter, slide);
+        break;
     }
 }
 

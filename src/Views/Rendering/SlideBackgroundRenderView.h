@@ -2,7 +2,7 @@
 
 #include "SlideDesignModels.h"
 
-#include <QBrush>
+#include <QColor>
 #include <QPainter>
 #include <QRectF>
 
@@ -19,10 +19,15 @@ struct SlideBackgroundRenderView
 
     void paint(QPainter &painter, const QRectF &slide) const;
 
-    /// The gradient over \a slide, or the solid colour without one.
-    QBrush gradientFill(const QRectF &slide) const;
+    /// Whether nothing shows through. Pictures are not asked: they count as if something did.
+    bool isOpaque() const;
 
 private:
+    /// What is left of \a color under the darkening.
+    QColor darkened(const RGBAColor &color) const;
+    double dim() const;
+    void paintGradient(QPainter &painter, const QRectF &slide) const;
+    void paintCaption(QPainter &painter, const QRectF &slide) const;
     /// False if there is no picture to be had.
     bool paintPicture(QPainter &painter, const QRectF &slide) const;
 };
