@@ -258,6 +258,49 @@ private slots:
         const QRect ink = inkOf(textPicture(leftAligned(QStringLiteral("\u05e9\u05dc")), frame));
         QVERIFY(std::abs(ink.left() - 200) <= 12);
     }
+
+    void inkBoundsHoldTheLettersAndLittleElse_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<double>("spacing");
+        QTest::addColumn<bool>("isTight");
+        const auto row = [](const char *name, const QString &text, double spacing = 0,
+                            bool isTight = true) {
+            QTest::newRow(name) << text << spacing << isTight;
+        };
+        row("a word", QStringLiteral("Amen"));
+        row("below the line", QStringLiteral("gypsy,"));
+        row("above it", QStringLiteral("\u00c5\u1ebe"));
+        row("lines", QStringLiteral("jumping\nA\nquickly"));
+        row("letters on one another", QStringLiteral("Amen"), -30);
+        row("letters far apart", QStringLiteral("Amen"), 30);
+        row("right-to-left", QStringLiteral("\u05d4\u05dc\u05dc\u05d5 \u05d0\u05ea"));
+        row("shrunk", QStringLiteral("great is the morning ").repeated(12));
+        row("truncated", QStringLiteral("great is the morning ").repeated(200));
+        row("a picture", QStringLiteral("a \U0001f499"), 0, false);
+    }
+
+    void inkBoundsHoldTheLettersAndLittleElse()
+    {
+        QFETCH(QString, text);
+        QFETCH(double, spacing);
+        QFETCH(bool, isTight);
+        TextElementProperties properties = plainText(text);
+        properties.characterSpacing = spacing;
+        constexpr QSizeF box(1400, 600);
+        const QRectF ink =
+            inkOf(textPicture(properties, {200, 200, box.width(), box.height()})).toRectF();
+        const QRectF bounds = TextBlock(properties, box).inkBounds().translated(200, 200);
+        QVERIFY(bounds.adjusted(-1, -1, 1, 1).contains(ink));
+        if (isTight)
+            QVERIFY(ink.adjusted(-2, -2, 2, 2).contains(bounds));
+    }
+
+    void nothingHasNoInkBounds()
+    {
+        QVERIFY(TextBlock(plainText({}), {100, 100}).inkBounds().isEmpty());
+        QVERIFY(TextBlock(plainText(QStringLiteral("  \n ")), {100, 100}).inkBounds().isEmpty());
+    }
 };
 
 QUENARA_GUI_TEST_MAIN(TestTextSetting)

@@ -1,6 +1,7 @@
 #include "GlyphOutlines.h"
 
-#include <QCoreApplication>
+#include "KeptUntilExit.h"
+
 #include <QHash>
 
 namespace quenara {
@@ -12,32 +13,15 @@ constexpr qsizetype outlineMaximum = 8192;
 
 struct KnownOutlines
 {
-    // Fonts must not outlive the application.
-    KnownOutlines() { qAddPostRoutine(forget); }
-
-    static void forget();
-
     QHash<QRawFont, QHash<quint32, QPainterPath>> fonts;
     qsizetype count = 0;
 };
-
-KnownOutlines &knownOutlines()
-{
-    static KnownOutlines known;
-    return known;
-}
-
-void KnownOutlines::forget()
-{
-    knownOutlines().fonts.clear();
-    knownOutlines().count = 0;
-}
 
 } // namespace
 
 QPainterPath glyphOutline(const QRawFont &font, quint32 glyph)
 {
-    KnownOutlines &known = knownOutlines();
+    auto &known = keptUntilExit<KnownOutlines>();
     const auto ofFont = known.fonts.constFind(font);
     if (ofFont != known.fonts.cend()) {
         const auto found = ofFont->constFind(glyph);
@@ -45,7 +29,7 @@ QPainterPath glyphOutline(const QRawFont &font, quint32 glyph)
             return *found;
     }
     if (known.count >= outlineMaximum)
-        KnownOutlines::forget();
+        known = {};
     const QPainterPath outline = font.pathForGlyph(glyph);
     known.fonts[font].insert(glyph, outline);
     ++known.count;

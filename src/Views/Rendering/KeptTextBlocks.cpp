@@ -1,6 +1,6 @@
 #include "KeptTextBlocks.h"
 
-#include <QCoreApplication>
+#include "KeptUntilExit.h"
 
 #include <algorithm>
 #include <list>
@@ -19,32 +19,13 @@ struct KeptBlock
     std::shared_ptr<TextBlock> block;
 };
 
-struct KeptBlocks
-{
-    // Fonts must not outlive the application.
-    KeptBlocks() { qAddPostRoutine(forget); }
-
-    static void forget();
-
-    std::list<KeptBlock> blocks; ///< the most recently used first
-};
-
-KeptBlocks &keptBlocks()
-{
-    static KeptBlocks kept;
-    return kept;
-}
-
-void KeptBlocks::forget()
-{
-    keptBlocks().blocks.clear();
-}
+using KeptBlocks = std::list<KeptBlock>; ///< the most recently used first
 
 } // namespace
 
 std::shared_ptr<TextBlock> keptTextBlock(const TextElementProperties &text, const QSizeF &size)
 {
-    std::list<KeptBlock> &blocks = keptBlocks().blocks;
+    auto &blocks = keptUntilExit<KeptBlocks>();
     // QSizeF compares fuzzily: sizes that were scaled to a window and back differ in their last
     // digits.
     const auto found = std::find_if(blocks.begin(), blocks.end(), [&](const KeptBlock &kept) {

@@ -3,6 +3,7 @@
 #include "DeviceLayer.h"
 #include "EmojiText.h"
 #include "GlyphOutlines.h"
+#include "ScaledFonts.h"
 #include "SlideFonts.h"
 #include "VectorRegisters.h"
 
@@ -193,61 +194,79 @@ QStringList TextBlock::lines() const
     return lines;
 }
 
-QRectF TextBlock::inkBounds() const
+QRectF TextBlock::inkBounds()
 {
-    const double overhang = unit() * layoutPixelSize / 2 + std::max(0.0, -m_text.characterSpacing);
-    return m_bounds.adjusted(-overhang, -overhang, overhang, overhang);
+    traceGlyphs();
+    QRectF ink(m_ink.topLeft() * unit() + QPointF(0, m_bounds.top()), m_ink.size() * unit());
+    if (!m_pictures.isEmpty()) {
+        // Pictures of glyphs do not say what they cover.
+        const double overhang =
+            unit() * layoutPixelSize / 2 + std::max(0.0, -m_text.characterSpacing);
+        ink |= m_bounds.adjusted(-overhang, -overhang, overhang, overhang);
+    }
+    return ink;
 }
 
 void TextBlock::draw(QPainter &painter, Placement placement)
 {
+    gatherGlyphs();
     painter.save();
     painter.translate(0, m_bounds.top());
     painter.scale(unit(), unit());
-    const bool isSmall = deviceScale(painter) * layoutPixelSize < largestCachedGlyph;
-    if (isSmall && placement == Placement::onWholeRows) {
-        m_layout->draw(&painter, {});
+    for (const QGlyphRun &run : m_pictures)
+        painter.drawGlyphRun({}, run);
+    const double scale = deviceScale(painter);
+    if (scale * layoutPixelSize < largestCachedGlyph && placement == Placement::onWholeRows) {
+        for (QGlyphRun run : m_letters) {
+            run.setRawFont(fontForScale(run.rawFont(), scale));
+            painter.drawGlyphRun({}, run);
+        }
     } else {
-        traceGlyphs();
         drawOutlines(painter);
     }
     painter.restore();
 }
 
-/// Qt would ask the font for the outline of every glyph of the text anew each time it is drawn.
-void TextBlock::traceGlyphs()
+/// The layout would look for them anew each time it is drawn.
+void TextBlock::gatherGlyphs()
 {
-    if (m_isTraced)
+    if (m_areGathered)
         return;
-    m_isTraced = true;
+    m_areGathered = true;
     int start = 0;
+    const auto gatherLetters = [&](int end) {
+        if (start < end)
+            m_letters += m_layout->glyphRuns(start, end - start);
+    };
     for (const QTextLayout::FormatRange &emoji : m_layout->formats()) {
-        traceGlyphs(start, emoji.start);
+        gatherLetters(emoji.start);
         m_pictures += m_layout->glyphRuns(emoji.start, emoji.length);
         start = emoji.start + emoji.length;
     }
-    traceGlyphs(start, int(m_layout->text().size()));
+    gatherLetters(int(m_layout->text().size()));
 }
 
-/// The characters from \a start up to \a end, in faces that have outlines.
-void TextBlock::traceGlyphs(int start, int end)
+/// Qt would ask the font for the outline of every glyph anew each time it is drawn.
+void TextBlock::traceGlyphs()
 {
-    if (start == end)
+    gatherGlyphs();
+    if (!m_outlines.isEmpty())
         return;
-    for (const QGlyphRun &run : m_layout->glyphRuns(start, end - start)) {
+    for (const QGlyphRun &run : m_letters) {
         const QRawFont font = run.rawFont();
         const QList<quint32> glyphs = run.glyphIndexes();
         const QList<QPointF> positions = run.positions();
-        for (qsizetype i = 0; i < glyphs.size(); ++i)
+        for (qsizetype i = 0; i < glyphs.size(); ++i) {
             m_outlines.append({glyphOutline(font, glyphs.at(i)), positions.at(i)});
+            m_ink |= m_outlines.constLast().path.controlPointRect().translated(positions.at(i));
+        }
     }
 }
 
 /// Glyph by glyph: one path of them all takes the rasterizer longer.
-void TextBlock::drawOutlines(QPainter &painter) const
+void TextBlock::drawOutlines(QPainter &painter)
 {
-    for (const QGlyphRun &run : m_pictures)
-        painter.drawGlyphRun({}, run);
+    traceGlyphs();
     painter.save();
     painter.setBrush(painter.pen().color());
     painter.setPen(Qt::NoPen);

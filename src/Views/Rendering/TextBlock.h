@@ -54,8 +54,8 @@ public:
     /// What the lines cover, in the box's coordinates; vertically centred in it.
     QRectF bounds() const { return m_bounds; }
 
-    /// The bounds with room for what letters reach beyond their places.
-    QRectF inkBounds() const;
+    /// What the letters cover when they are placed exactly, in the box's coordinates.
+    QRectF inkBounds();
 
     /// How letters of less than 64 device pixels are placed; larger ones are always exact.
     enum class Placement { onWholeRows, exact };
@@ -74,9 +74,9 @@ private:
     bool doesFit() const;
     void shrink();
     void truncate();
+    void gatherGlyphs();
     void traceGlyphs();
-    void traceGlyphs(int start, int end);
-    void drawOutlines(QPainter &painter) const;
+    void drawOutlines(QPainter &painter);
 
     TextElementProperties m_text;
     QSizeF m_box;
@@ -84,9 +84,11 @@ private:
     std::unique_ptr<QTextLayout> m_layout;
     double m_fit = 1;
     QRectF m_bounds;
-    bool m_isTraced = false;
-    QList<GlyphOutline> m_outlines;
-    QList<QGlyphRun> m_pictures; ///< emoji, which have no outlines
+    bool m_areGathered = false;
+    QList<QGlyphRun> m_letters; ///< in faces that have outlines
+    QList<QGlyphRun> m_pictures; ///< emoji, which have none
+    QList<GlyphOutline> m_outlines; ///< of the letters, once they are needed
+    QRectF m_ink; ///< what the outlines cover, in the layout's units
 };
 
 } // namespace quenara

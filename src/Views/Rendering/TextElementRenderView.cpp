@@ -16,6 +16,7 @@ namespace quenara {
 namespace {
 
 constexpr double fillCornerRadius = 10; // canvas units
+constexpr int roundingRoom = 2; // device pixels; for letters that are moved to stand on whole rows
 constexpr double smallestLetters = 0.5; // device pixels; smaller ones leave nothing
 
 /// A blurred copy of the text in one colour; lengths in canvas units.
@@ -59,7 +60,7 @@ void paintGlow(QPainter &painter, TextBlock &block, const Glow &glow)
     painter.save();
     painter.translate(glow.offset);
     DeviceLayer layer = DeviceLayer::painted(
-        painter, block.inkBounds(), plan.reach,
+        painter, block.inkBounds(), plan.reach + roundingRoom,
         [&](QPainter &mask) {
             mask.setPen(Qt::black);
             block.draw(mask,
@@ -87,7 +88,8 @@ void paintText(QPainter &painter, TextBlock &block, QColor color)
         block.draw(target);
     };
     if (opacity < 1) {
-        DeviceLayer::painted(painter, block.inkBounds(), 1, paint).draw(painter, opacity);
+        DeviceLayer::painted(painter, block.inkBounds(), roundingRoom, paint)
+            .draw(painter, opacity);
     } else {
         paint(painter);
     }

@@ -1,0 +1,75 @@
+#include "GuiTestSupport.h"
+#include "ScaledFonts.h"
+#include "SlideFonts.h"
+
+#include <QGlyphRun>
+
+using namespace quenara;
+using namespace quenara::test;
+
+namespace {
+
+constexpr std::array scales{0.09, 0.17, 0.25, 1.0 / 3, 0.4999};
+
+QRawFont font(TextFontWeight weight)
+{
+    return QRawFont::fromFont(slideFont(QStringLiteral("Lato"), weight, 128));
+}
+
+QImage letters(const QRawFont &font, double scale)
+{
+    QGlyphRun run;
+    run.setRawFont(font);
+    run.setGlyphIndexes(font.glyphIndexesForString(QStringLiteral("Grace")));
+    run.setPositions({{10.3, 150}, {101.7, 150}, {140, 150}, {200.1, 150}, {270.9, 150}});
+    QImage image(200, 100, QImage::Format_RGB32);
+    image.fill(Qt::black);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::white);
+    painter.scale(scale, scale);
+    painter.drawGlyphRun({}, run);
+    return image;
+}
+
+} // namespace
+
+class TestScaledFonts : public GuiTest
+{
+    Q_OBJECT
+
+private slots:
+    void aFontForAScaleDrawsTheSameLetters()
+    {
+        for (const TextFontWeight weight : allCases<TextFontWeight>()) {
+            for (const double scale : scales) {
+                const QImage plain = letters(font(weight), scale);
+                QVERIFY(!inkOf(plain).isEmpty());
+                QCOMPARE(letters(fontForScale(font(weight), scale), scale), plain);
+            }
+        }
+    }
+
+    void aScaleKeepsItsFont()
+    {
+        const QRawFont one = fontForScale(font(TextFontWeight::bold), 0.25);
+        QCOMPARE(fontForScale(font(TextFontWeight::bold), 0.25), one);
+        QVERIFY(fontForScale(font(TextFontWeight::bold), 0.26) != one);
+        QVERIFY(fontForScale(font(TextFontWeight::regular), 0.25) != one);
+    }
+
+    void scalesThatAreNotUsedAnyMoreGo()
+    {
+        const QRawFont used = fontForScale(font(TextFontWeight::bold), 0.25);
+        const QRawFont left = fontForScale(font(TextFontWeight::bold), 0.26);
+        for (int i = 1; i < 1000; ++i) {
+            fontForScale(font(TextFontWeight::bold), 0.3 + 0.0001 * i);
+            fontForScale(font(TextFontWeight::bold), 0.25);
+        }
+        QCOMPARE(fontForScale(font(TextFontWeight::bold), 0.25), used);
+        QVERIFY(fontForScale(font(TextFontWeight::bold), 0.26) != left);
+    }
+};
+
+QUENARA_GUI_TEST_MAIN(TestScaledFonts)
+#include "tst_scaled_fonts.moc"
