@@ -56,10 +56,13 @@ void DisplayOutputView::showSoon()
 void DisplayOutputView::paintEvent(QPaintEvent * /*event*/)
 {
     QPainter painter(this);
-    painter.fillRect(rect(), Qt::black);
+    const SlideRendererView slide{.slide = m_content.slide, .pictures = &m_pictures};
+    // Each pixel is written once where it can be: the first time, it has to be fetched.
+    for (const QRect &part : QRegion(rect()) - slide.hiddenRect(rect()))
+        painter.fillRect(part, Qt::black);
     switch (m_content.mode) {
     case OutputMode::live:
-        SlideRendererView{.slide = m_content.slide, .pictures = &m_pictures}.paint(painter, rect());
+        slide.paint(painter, rect());
         break;
     case OutputMode::blackout:
         break;

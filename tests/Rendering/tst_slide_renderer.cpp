@@ -91,6 +91,68 @@ private slots:
         QCOMPARE(image, untouched);
     }
 
+    void aSlideHidesItsPlaceButForTheEdges_data()
+    {
+        QTest::addColumn<SlideBackground>("background");
+        QTest::addColumn<QSize>("area");
+        QTest::addColumn<QRect>("hidden");
+        SlideBackground video = solidBackground(gray);
+        video.kind = SlideBackgroundKind::video;
+        SlideBackground translucent = SlideBackground::defaultDark();
+        translucent.gradient->endColor.alpha = 0.9;
+        SlideBackground picture = solidBackground(gray);
+        picture.kind = SlideBackgroundKind::image;
+        picture.image = solidPicture({4, 4}, Qt::white);
+        QTest::newRow("one colour")
+            << solidBackground(gray) << QSize(1920, 1080) << QRect(2, 2, 1916, 1076);
+        QTest::newRow("between black bars")
+            << solidBackground(gray) << QSize(1000, 1000) << QRect(2, 220, 996, 560);
+        QTest::newRow("a gradient")
+            << SlideBackground::defaultDark() << QSize(1366, 768) << QRect(2, 2, 1362, 764);
+        QTest::newRow("a video's colour") << video << QSize(333, 191) << QRect(2, 3, 329, 185);
+        QTest::newRow("a translucent colour")
+            << solidBackground({1, 1, 1, 0.99}) << QSize(1920, 1080) << QRect();
+        QTest::newRow("a translucent gradient") << translucent << QSize(1920, 1080) << QRect();
+        QTest::newRow("a picture, which may have holes") << picture << QSize(1920, 1080) << QRect();
+    }
+
+    void aSlideHidesItsPlaceButForTheEdges()
+    {
+        QFETCH(SlideBackground, background);
+        QFETCH(QSize, area);
+        QFETCH(QRect, hidden);
+        const SlideRendererView view{.slide = slideWith(designOver(background))};
+        QCOMPARE(view.hiddenRect(QRect(QPoint(0, 0), area)), hidden);
+        if (hidden.isEmpty())
+            return;
+        QImage onGreen(area, QImage::Format_ARGB32);
+        onGreen.fill(Qt::green);
+        QPainter painter(&onGreen);
+        view.paint(painter, onGreen.rect());
+        painter.end();
+        QCOMPARE(onGreen.copy(hidden), rendered(view, area).copy(hidden));
+    }
+
+    void noSlideHidesNothing()
+    {
+        QCOMPARE(SlideRendererView().hiddenRect(QRect(0, 0, 100, 100)), QRect());
+    }
+
+    void aLayerOfOnePieceFadesAsOneOfManyDoes()
+    {
+        SlideElement layer = rectangleLayer(QStringLiteral("layer"), {0, 0, 1920, 1080}, red, 1);
+        layer.opacity = 0.25;
+        const auto color = [&] {
+            return rendered({.slide = slideOver(blue, {layer})}, {192, 108}).pixelColor(96, 54);
+        };
+        const QColor plain = color();
+        QVERIFY(std::abs(plain.red() - 64) <= 1 && std::abs(plain.blue() - 191) <= 1);
+        layer.shape->stroke = red;
+        layer.shape->strokeWidth = 300; // over all of what is filled
+        QVERIFY(std::abs(color().red() - plain.red()) <= 1);
+        QVERIFY(std::abs(color().blue() - plain.blue()) <= 1);
+    }
+
     void anAbsentSlideIsABlackPictureOfTheStandardShape()
     {
         const QImage image = rendered({}, {160, 160});

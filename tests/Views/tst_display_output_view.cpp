@@ -59,6 +59,27 @@ private slots:
                  pictureOf(display.world.store.slideWithID(display.world.store.liveSlideID())));
     }
 
+    void aTranslucentSlideLiesOnBlackAndNotOnTheOneBefore()
+    {
+        AudienceScreen display;
+        WorkspaceStore &store = display.world.store;
+        const auto setBackground = [&](qsizetype slide, const RGBAColor &color) {
+            store.selectSlide(store.flattenedSlides().at(slide).id(), true);
+            store.updateSelectedSlide(
+                [&](Slide &edited) { edited.design = designOver(solidBackground(color)); });
+        };
+        setBackground(1, {0, 0.5, 1, 0.5});
+        setBackground(0, {1, 1, 1, 1});
+        store.goLive();
+        display.view.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&display.view));
+        store.nextLive();
+        const QImage shown = display.view.screen()->grabWindow(display.view.winId()).toImage();
+        QCOMPARE(shown.convertToFormat(QImage::Format_RGB32),
+                 pictureOf(store.slideWithID(store.liveSlideID())));
+        QCOMPARE(shown.pixelColor(1, 1), QColor(0, 64, 128));
+    }
+
     void selectingAndQueueingChangesNothing()
     {
         AudienceScreen display;

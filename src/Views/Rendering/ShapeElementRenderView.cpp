@@ -19,6 +19,11 @@ QPainterPath outline(const ShapeProperties &shape, const QRectF &box)
 
 } // namespace
 
+bool ShapeElementRenderView::isStroked() const
+{
+    return shape && shape->kind != ShapeKind::line && shape->stroke && shape->strokeWidth > 0;
+}
+
 void ShapeElementRenderView::paint(QPainter &painter, const QRectF &box) const
 {
     if (!shape || box.isEmpty())
@@ -29,7 +34,7 @@ void ShapeElementRenderView::paint(QPainter &painter, const QRectF &box) const
     }
     const QPainterPath path = outline(*shape, box);
     painter.fillPath(path, shape->fill.toColor());
-    if (shape->stroke && shape->strokeWidth > 0) {
+    if (isStroked()) {
         QPen pen(shape->stroke->toColor(), shape->strokeWidth, Qt::SolidLine, Qt::FlatCap,
                  Qt::MiterJoin);
         pen.setMiterLimit(miterLimit);

@@ -16,6 +16,9 @@ struct ShapeElementRenderView
     std::optional<ShapeProperties> shape;
 
     void paint(QPainter &painter, const QRectF &box) const;
+
+    /// Whether a line is drawn around what is filled.
+    bool isStroked() const;
 };
 
 } // namespace quenara

@@ -24,6 +24,9 @@ void paintContent(QPainter &painter, const SlideElementRenderView &content, cons
     const double opacity = std::clamp(content.element.opacity, 0.0, 1.0);
     if (opacity == 1) {
         content.paint(painter, box);
+    } else if (content.isOnePiece()) {
+        painter.setOpacity(opacity);
+        content.paint(painter, box);
     } else if (opacity > 0) {
         // The layer fades as a whole, not part by part where its parts overlap.
         const double around = content.overhang();

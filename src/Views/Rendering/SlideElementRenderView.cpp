@@ -51,6 +51,12 @@ void SlideElementRenderView::paint(QPainter &painter, const QRectF &box) const
     }
 }
 
+bool SlideElementRenderView::isOnePiece() const
+{
+    return element.kind == SlideElementKind::shape
+        && !ShapeElementRenderView{element.shape}.isStroked();
+}
+
 double SlideElementRenderView::overhang() const
 {
     switch (element.kind) {

@@ -18,6 +18,9 @@ struct SlideElementRenderView
 
     void paint(QPainter &painter, const QRectF &box) const;
 
+    /// Whether nothing of the content lies over another part of it.
+    bool isOnePiece() const;
+
     /// How far the content may reach beyond its box, in points of the target.
     double overhang() const;
 };

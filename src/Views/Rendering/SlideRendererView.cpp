@@ -1,5 +1,6 @@
 #include "SlideRendererView.h"
 
+#include "SlideBackgroundRenderView.h"
 #include "SlideDesignRenderView.h"
 
 namespace quenara {
@@ -18,13 +19,25 @@ QRectF SlideRendererView::fittedRect(const QSizeF &container, double aspectRatio
     return {0, (height - fitted) / 2, width, fitted};
 }
 
-void SlideRendererView::paint(QPainter &painter, const QRectF &area) const
+QRectF SlideRendererView::slideRect(const QRectF &area) const
 {
     const CanvasSize canvas = slide ? slide->design.canvasSize : CanvasSize();
     if (!(canvas.width > 0) || !(canvas.height > 0))
-        return;
-    const QRectF fitted =
-        fittedRect(area.size(), canvas.width / canvas.height).translated(area.topLeft());
+        return {};
+    return fittedRect(area.size(), canvas.width / canvas.height).translated(area.topLeft());
+}
+
+QRect SlideRendererView::hiddenRect(const QRectF &area) const
+{
+    if (!slide || !SlideBackgroundRenderView{slide->design.background, 1}.isOpaque())
+        return {};
+    // Pixels along the edges may lie on the slide in part.
+    return slideRect(area).toAlignedRect().adjusted(2, 2, -2, -2);
+}
+
+void SlideRendererView::paint(QPainter &painter, const QRectF &area) const
+{
+    const QRectF fitted = slideRect(area);
     if (fitted.isEmpty())
         return;
     if (!slide) {
@@ -34,8 +47,8 @@ void SlideRendererView::paint(QPainter &painter, const QRectF &area) const
     painter.save();
     painter.setClipRect(fitted, Qt::IntersectClip);
     painter.translate(fitted.topLeft());
-    SlideDesignRenderView{*slide, fitted.width() / canvas.width, showSafeArea, selectedElementID,
-                          pictures}
+    SlideDesignRenderView{*slide, fitted.width() / slide->design.canvasSize.width, showSafeArea,
+                          selectedElementID, pictures}
         .paint(painter);
     painter.restore();
 }

@@ -3,6 +3,7 @@
 #include "ProjectModels.h"
 
 #include <QPainter>
+#include <QRect>
 #include <QRectF>
 #include <QSizeF>
 
@@ -25,9 +26,15 @@ struct SlideRendererView
 
     void paint(QPainter &painter, const QRectF &area) const;
 
+    /// What of \a area the slide hides, whatever was there; empty where it may be seen through.
+    QRect hiddenRect(const QRectF &area) const;
+
     /// The largest rectangle of \a aspectRatio (width over height) centred in \a container; empty
     /// at the origin when the container is.
     static QRectF fittedRect(const QSizeF &container, double aspectRatio);
+
+private:
+    QRectF slideRect(const QRectF &area) const;
 };
 
 } // namespace quenara
