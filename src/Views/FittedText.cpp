@@ -10,6 +10,7 @@ namespace quenara {
 
 namespace {
 
+constexpr double roundingRoom = 2; // for letters that are moved to stand on whole rows
 constexpr double spareRoom = 1.5; // for faces with higher lines that stand in for the system's
 
 } // namespace
@@ -41,6 +42,26 @@ TextBlock &FittedText::block()
                     .outline = {},
                     .backgroundFill = {}};
     return m_block.emplace(m_properties, m_room, m_setting.limits);
+}
+
+QRect FittedText::inkRect()
+{
+    TextBlock &text = block();
+    return text.inkBounds()
+        .translated(0, headroom - text.bounds().top())
+        .marginsAdded({roundingRoom, roundingRoom, roundingRoom, roundingRoom})
+        .toAlignedRect();
+}
+
+void FittedText::setText(const QString &text)
+{
+    if (text == this->text())
+        return;
+    const QRect before = inkRect();
+    setAttribute(Qt::WA_UpdatesDisabled); // a label has all that it covers painted
+    QLabel::setText(text);
+    setAttribute(Qt::WA_UpdatesDisabled, false);
+    update(before | inkRect());
 }
 
 void FittedText::paintEvent(QPaintEvent * /*event*/)

@@ -28,6 +28,9 @@ public:
 
     explicit FittedText(const Setting &setting, QWidget *parent = nullptr);
 
+    /// Paints no more than where the letters were and will be.
+    void setText(const QString &text);
+
     QSize sizeHint() const override { return {0, 0}; }
     QSize minimumSizeHint() const override { return {0, 0}; }
 
@@ -36,6 +39,7 @@ protected:
 
 private:
     TextBlock &block();
+    QRect inkRect();
 
     Setting m_setting;
     TextElementProperties m_properties; ///< what m_block was laid out from

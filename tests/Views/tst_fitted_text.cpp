@@ -2,6 +2,9 @@
 #include "GuiTestSupport.h"
 #include "TestSupport.h"
 
+#include <QPaintEvent>
+#include <QScreen>
+
 using namespace quenara;
 using namespace quenara::test;
 
@@ -28,6 +31,21 @@ struct Words
 
     QImage picture() { return label.grab().toImage().convertToFormat(QImage::Format_RGB32); }
     QRect ink() { return inkOf(picture()); }
+};
+
+/// What of a widget was painted.
+class PaintedArea : public QObject
+{
+public:
+    QRect area;
+
+protected:
+    bool eventFilter(QObject * /*watched*/, QEvent *event) override
+    {
+        if (event->type() == QEvent::Paint)
+            area |= static_cast<QPaintEvent *>(event)->rect();
+        return false;
+    }
 };
 
 QString lines(int count)
@@ -131,6 +149,29 @@ private slots:
         for (int x = ink.left(); x <= ink.right(); ++x)
             isGreen = isGreen || image.pixel(x, ink.center().y()) == qRgb(0, 255, 0);
         QVERIFY(isGreen);
+    }
+
+    void aChangeRepaintsTheLettersAlone()
+    {
+        Words words(QStringLiteral("Glory in the highest"), {1500, 300});
+        words.label.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&words.label));
+        PaintedArea painted;
+        words.label.installEventFilter(&painted);
+        for (const QString &text :
+             {QStringLiteral("Amen"), lines(4), hebrew, QStringLiteral("\u00c5 \U0001f499"),
+              QString(), QStringLiteral("jumping")}) {
+            painted.area = {};
+            words.label.setText(text);
+            QCoreApplication::processEvents();
+            const QRect whole = words.label.rect();
+            QVERIFY(whole.contains(painted.area) && painted.area != whole);
+            const QImage screen = words.label.screen()
+                                      ->grabWindow(words.label.winId())
+                                      .toImage()
+                                      .convertToFormat(QImage::Format_RGB32);
+            QCOMPARE(screen, Words(text, whole.size()).picture());
+        }
     }
 
     void itFollowsItsTextAndItsSize()
