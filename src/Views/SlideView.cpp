@@ -58,6 +58,17 @@ QRect SlideView::pictureRect() const
     return QStyle::alignedRect(Qt::LeftToRight, m_alignment, fitted, rect());
 }
 
+/// By itself: what is painted through a clip with round corners takes longer.
+QImage SlideView::slidePicture(const QSizeF &size) const
+{
+    QImage image((size * devicePixelRatioF()).toSize(), QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(devicePixelRatioF());
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    SlideRendererView{.slide = m_slide, .pictures = &m_pictures}.paint(painter, {{}, size});
+    return image;
+}
+
 void SlideView::paintEvent(QPaintEvent * /*event*/)
 {
     const QRectF picture = pictureRect();
@@ -72,7 +83,7 @@ void SlideView::paintEvent(QPaintEvent * /*event*/)
     painter.save();
     // Along the middle of the line, so that nothing of the picture shows beyond it.
     painter.setClipPath(edge(lineWidth / 2));
-    SlideRendererView{.slide = m_slide, .pictures = &m_pictures}.paint(painter, picture);
+    painter.drawImage(picture.topLeft(), slidePicture(picture.size()));
     painter.restore();
     QPainterPath outline = edge(0);
     outline.addPath(edge(lineWidth));

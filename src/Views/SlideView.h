@@ -3,6 +3,7 @@
 #include "ProjectModels.h"
 #include "ZelvoTheme.h"
 
+#include <QImage>
 #include <QWidget>
 
 #include <optional>
@@ -38,6 +39,8 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    QImage slidePicture(const QSizeF &size) const;
+
     PictureCache &m_pictures;
     std::optional<Slide> m_slide;
     Qt::Alignment m_alignment = Qt::AlignCenter;
