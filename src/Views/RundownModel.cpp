@@ -34,6 +34,7 @@ RundownModel::RundownModel(const WorkspaceStore &store, QObject *parent)
     : QAbstractListModel(parent), m_store(store), m_project(store.project()),
       m_rows(rowsOf(m_project)), m_marks(marks())
 {
+    hashIDs(0, int(m_rows.size()));
     connect(&store, &WorkspaceStore::projectChanged, this, &RundownModel::showProject);
     connect(&store, &WorkspaceStore::changed, this, &RundownModel::showMarks);
 }
@@ -66,6 +67,14 @@ const Slide &RundownModel::slideOf(const Row &row) const
     return itemOf(row).slides.at(row.slide);
 }
 
+/// Makes room for the hashes of rows that have come.
+void RundownModel::hashIDs(int first, int count)
+{
+    m_idHashes.insert(first, count, 0);
+    for (int row = first; row < first + count; ++row)
+        m_idHashes[row] = qHash(idOf(m_project, m_rows.at(row)));
+}
+
 /// What both projects begin and end with stays; what lies between goes and comes.
 void RundownModel::showProject()
 {
@@ -89,12 +98,14 @@ void RundownModel::showProject()
     if (removed > 0) {
         beginRemoveRows({}, first, first + removed - 1);
         m_rows.remove(first, removed);
+        m_idHashes.remove(first, removed);
         endRemoveRows();
     }
     if (added > 0)
         beginInsertRows({}, first, first + added - 1);
     m_project = after;
     m_rows = newRows;
+    hashIDs(first, added);
     if (added > 0)
         endInsertRows();
 
@@ -139,14 +150,14 @@ void RundownModel::showMarks()
     note(slides, &Marks::queued);
     note(slides, &Marks::live);
     // A document may hold an id twice, so that two rows bear one mark.
-    for (int row = 0; row < int(m_rows.size()); ++row) {
-        const QString &id = idOf(m_project, m_rows.at(row));
-        const QStringList &ids = m_rows.at(row).slide < 0 ? items : slides;
-        if (std::any_of(ids.cbegin(), ids.cend(),
-                        [&](const QString &marked) { return isSameIdentifier(marked, id); })) {
-            emit dataChanged(index(row), index(row));
+    const auto tellOf = [&](const QStringList &ids, bool areItems) {
+        for (const QString &id : ids) {
+            for (int row = rowWith(id, areItems); row >= 0; row = rowWith(id, areItems, row + 1))
+                emit dataChanged(index(row), index(row));
         }
-    }
+    };
+    tellOf(items, true);
+    tellOf(slides, false);
 }
 
 int RundownModel::rowCount(const QModelIndex &parent) const
@@ -229,15 +240,23 @@ const Slide *RundownModel::slideAt(const QModelIndex &index) const
     return &slideOf(m_rows.at(index.row()));
 }
 
+/// The first at or after \a from, -1 if there is none.
+int RundownModel::rowWith(const QString &id, bool isServiceItem, qsizetype from) const
+{
+    const std::size_t hash = qHash(id);
+    for (qsizetype i = m_idHashes.indexOf(hash, from); i >= 0;
+         i = m_idHashes.indexOf(hash, i + 1)) {
+        const Row &row = m_rows.at(i);
+        if ((row.slide < 0) == isServiceItem && idOf(m_project, row) == id)
+            return int(i);
+    }
+    return -1;
+}
+
 QModelIndex RundownModel::firstWith(const std::optional<QString> &id, bool isServiceItem) const
 {
-    if (!id)
-        return {};
-    const auto row = std::find_if(m_rows.cbegin(), m_rows.cend(), [&](const Row &candidate) {
-        return (candidate.slide < 0) == isServiceItem
-            && isSameIdentifier(idOf(m_project, candidate), *id);
-    });
-    return row == m_rows.cend() ? QModelIndex() : index(int(row - m_rows.cbegin()));
+    const int row = id ? rowWith(*id, isServiceItem) : -1;
+    return row < 0 ? QModelIndex() : index(row);
 }
 
 QModelIndex RundownModel::indexOfSlide(const std::optional<QString> &id) const

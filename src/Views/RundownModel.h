@@ -60,6 +60,7 @@ private:
     static QList<Row> rowsOf(const ZelvoProject &project);
     static const QString &idOf(const ZelvoProject &project, const Row &row);
 
+    int rowWith(const QString &id, bool isServiceItem, qsizetype from = 0) const;
     QModelIndex firstWith(const std::optional<QString> &id, bool isServiceItem) const;
     const ServiceItem &itemOf(const Row &row) const;
     const Slide &slideOf(const Row &row) const;
@@ -67,12 +68,15 @@ private:
     QVariant slideData(const Row &row, int role) const;
     QString stateOf(const Slide &slide) const;
     Marks marks() const;
+    void hashIDs(int first, int count);
     void showProject();
     void showMarks();
 
     const WorkspaceStore &m_store;
     ZelvoProject m_project; ///< what the rows index into
     QList<Row> m_rows;
+    QList<std::size_t>
+        m_idHashes; ///< of the rows, by which one is found without reading the others
     Marks m_marks;
 };
 
