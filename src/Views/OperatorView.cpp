@@ -6,6 +6,7 @@
 #include "ProjectBar.h"
 #include "RundownView.h"
 #include "TransportView.h"
+#include "WorkspaceStore.h"
 
 #include <QApplication>
 #include <QHBoxLayout>
@@ -20,6 +21,15 @@ constexpr int canvasMinimumWidth = 560;
 bool takesText(const QWidget *widget)
 {
     return widget && widget->testAttribute(Qt::WA_InputMethodEnabled);
+}
+
+/// Else parts would be painted where they were before, and again where they belong: each layout
+/// tells the one around it by an event of its own.
+void layOutNow()
+{
+    constexpr int depth = 8; // layouts within one another
+    for (int i = 0; i < depth; ++i)
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
 }
 
 } // namespace
@@ -45,6 +55,8 @@ OperatorView::OperatorView(WorkspaceStore &store, OutputSwitches &outputs, Pictu
     layout->addLayout(workArea, 1);
     layout->addWidget(new TransportView(store, outputs, pictures));
     qApp->installEventFilter(this);
+    // After all parts have shown the change.
+    connect(&store, &WorkspaceStore::changed, this, layOutNow);
 }
 
 bool OperatorView::eventFilter(QObject *watched, QEvent *event)

@@ -1,4 +1,5 @@
 #include "GuiTestSupport.h"
+#include "LayerListView.h"
 #include "OperatorWorld.h"
 #include "OutputModeBadge.h"
 #include "ProjectFileService.h"
@@ -26,6 +27,21 @@ struct Operator : OperatorWorld
     }
 
     QString badge() const { return view.findChild<OutputModeBadge *>()->accessibleName(); }
+};
+
+/// How high a widget was each time it was painted.
+class PaintedHeights : public QObject
+{
+public:
+    QList<int> heights;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::Paint)
+            heights.append(static_cast<QWidget *>(watched)->height());
+        return false;
+    }
 };
 
 } // namespace
@@ -84,6 +100,27 @@ private slots:
         QCOMPARE(ProjectFileService::load(*op.world.panels.answer, someTime()).name,
                  QStringLiteral("Easter"));
         QVERIFY(!op.store.hasUnsavedChanges());
+    }
+
+    void whatAChangeMovesIsPaintedOnceAndWhereItBelongs()
+    {
+        Operator op;
+        const auto *layers = op.view.findChild<LayerListView *>();
+        const QList<FlattenedSlide> show = op.store.flattenedSlides();
+        const auto layerCount = [](const FlattenedSlide &slide) {
+            return slide.slide.design.elements.size();
+        };
+        const auto other = std::find_if(show.begin(), show.end(), [&](const FlattenedSlide &slide) {
+            return layerCount(slide) != layerCount(show.first());
+        });
+        QVERIFY(other != show.end());
+        op.store.selectSlide(show.first().id(), true);
+        QTest::qWait(50);
+        PaintedHeights painted;
+        op.view.findChild<LayerListView *>()->installEventFilter(&painted);
+        op.store.selectSlide(other->id(), true);
+        QTest::qWait(50);
+        QCOMPARE(painted.heights, QList<int>{layers->height()});
     }
 
     void newPresentsTheStartPanel()
