@@ -22,8 +22,9 @@ void SlidePicture::paint(QPainter &painter, const SlideDesignRenderView &view,
     if (setting != m_setting || m_picture.isNull()) {
         m_setting = setting;
         m_layers = layers;
-        m_ground = {};
-        paintFrom(0, view);
+        m_ground = {}; // until something changes
+        m_picture = blank();
+        paintOn(m_picture, [&](QPainter &whole) { view.paint(whole); });
     } else if (layers != m_layers) {
         const auto lowest =
             std::mismatch(layers.begin(), layers.end(), m_layers.begin(), m_layers.end()).first;
@@ -38,9 +39,7 @@ void SlidePicture::paint(QPainter &painter, const SlideDesignRenderView &view,
 void SlidePicture::paintFrom(qsizetype lowest, const SlideDesignRenderView &view)
 {
     if (m_ground.isNull() || m_groundLayerCount > lowest) {
-        m_ground = QImage(covered().size(), QImage::Format_ARGB32_Premultiplied);
-        m_ground.setDevicePixelRatio(m_setting.devicePixelRatio);
-        m_ground.fill(Qt::transparent);
+        m_ground = blank();
         m_groundLayerCount = 0;
         paintOn(m_ground, [&](QPainter &painter) { view.paintBackground(painter); });
     }
@@ -64,6 +63,14 @@ QRect SlidePicture::covered() const
     const double ratio = m_setting.devicePixelRatio;
     return QRectF(m_setting.slide.topLeft() * ratio, m_setting.slide.size() * ratio)
         .toAlignedRect();
+}
+
+QImage SlidePicture::blank() const
+{
+    QImage image(covered().size(), QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(m_setting.devicePixelRatio);
+    image.fill(Qt::transparent);
+    return image;
 }
 
 void SlidePicture::paintOn(QImage &image, const std::function<void(QPainter &)> &paint) const

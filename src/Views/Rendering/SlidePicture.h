@@ -34,11 +34,12 @@ private:
 
     void paintFrom(qsizetype lowest, const SlideDesignRenderView &view);
     QRect covered() const;
+    QImage blank() const;
     void paintOn(QImage &image, const std::function<void(QPainter &)> &paint) const;
 
     Setting m_setting;
     QList<SlideElement> m_layers; ///< the visible ones of the picture, the lowest first
-    QImage m_ground; ///< background and the lowest layers
+    QImage m_ground; ///< background and the lowest layers; null before the first change
     qsizetype m_groundLayerCount = 0;
     QImage m_picture;
 };
