@@ -1,5 +1,6 @@
 #include "SlideView.h"
 
+#include "DeviceLayer.h"
 #include "RoundedShapes.h"
 #include "SlideRendererView.h"
 #include "ThemeColors.h"
@@ -58,17 +59,6 @@ QRect SlideView::pictureRect() const
     return QStyle::alignedRect(Qt::LeftToRight, m_alignment, fitted, rect());
 }
 
-/// By itself: what is painted through a clip with round corners takes longer.
-QImage SlideView::slidePicture(const QSizeF &size) const
-{
-    QImage image((size * devicePixelRatioF()).toSize(), QImage::Format_ARGB32_Premultiplied);
-    image.setDevicePixelRatio(devicePixelRatioF());
-    image.fill(Qt::transparent);
-    QPainter painter(&image);
-    SlideRendererView{.slide = m_slide, .pictures = &m_pictures}.paint(painter, {{}, size});
-    return image;
-}
-
 void SlideView::paintEvent(QPaintEvent * /*event*/)
 {
     const QRectF picture = pictureRect();
@@ -80,10 +70,14 @@ void SlideView::paintEvent(QPaintEvent * /*event*/)
     };
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
+    // By itself: what is painted through a clip with round corners takes longer.
+    const DeviceLayer slide = DeviceLayer::painted(painter, picture, 0, [&](QPainter &layer) {
+        SlideRendererView{.slide = m_slide, .pictures = &m_pictures}.paint(layer, picture);
+    });
     painter.save();
     // Along the middle of the line, so that nothing of the picture shows beyond it.
     painter.setClipPath(edge(lineWidth / 2));
-    painter.drawImage(picture.topLeft(), slidePicture(picture.size()));
+    slide.draw(painter, 1);
     painter.restore();
     QPainterPath outline = edge(0);
     outline.addPath(edge(lineWidth));

@@ -3,7 +3,6 @@
 #include "ProjectModels.h"
 #include "ZelvoTheme.h"
 
-#include <QImage>
 #include <QWidget>
 
 #include <optional>
@@ -39,8 +38,6 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    QImage slidePicture(const QSizeF &size) const;
-
     PictureCache &m_pictures;
     std::optional<Slide> m_slide;
     Qt::Alignment m_alignment = Qt::AlignCenter;

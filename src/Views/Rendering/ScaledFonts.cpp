@@ -30,6 +30,9 @@ QRawFont fontForScale(const QRawFont &font, double scale)
     const std::pair key(font, scale);
     if (const QRawFont *known = fonts.object(key))
         return *known;
+    // The boxes that stand for letters of no font are drawn alike at every scale.
+    if (font.fontTable("head").isEmpty())
+        return font;
     QRawFont own = font;
     own.setPixelSize(font.pixelSize() * sizeFactor);
     fonts.insert(key, new QRawFont(own));
