@@ -10,7 +10,7 @@ namespace quenara {
 
 namespace {
 
-constexpr double roundingRoom = 2; // for letters that are moved to stand on whole rows
+constexpr double roundingRoom = 2; // points; for letters that are moved to stand on whole rows
 constexpr double spareRoom = 1.5; // for faces with higher lines that stand in for the system's
 
 } // namespace
@@ -58,9 +58,10 @@ void FittedText::setText(const QString &text)
     if (text == this->text())
         return;
     const QRect before = inkRect();
+    const bool isHeldBack = testAttribute(Qt::WA_UpdatesDisabled);
     setAttribute(Qt::WA_UpdatesDisabled); // a label has all that it covers painted
     QLabel::setText(text);
-    setAttribute(Qt::WA_UpdatesDisabled, false);
+    setAttribute(Qt::WA_UpdatesDisabled, isHeldBack);
     update(before | inkRect());
 }
 

@@ -23,11 +23,11 @@ bool takesText(const QWidget *widget)
     return widget && widget->testAttribute(Qt::WA_InputMethodEnabled);
 }
 
-/// Else parts would be painted where they were before, and again where they belong: each layout
-/// tells the one around it by an event of its own.
+/// Has the layouts done that are asked for. Else parts would be painted where they were before, and
+/// again where they belong: each layout tells the one around it by an event of its own.
 void layOutNow()
 {
-    constexpr int depth = 8; // layouts within one another
+    constexpr int depth = 8; // layouts within one another; what lies deeper is laid out later
     for (int i = 0; i < depth; ++i)
         QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
 }
@@ -55,7 +55,7 @@ OperatorView::OperatorView(WorkspaceStore &store, OutputSwitches &outputs, Pictu
     layout->addLayout(workArea, 1);
     layout->addWidget(new TransportView(store, outputs, pictures));
     qApp->installEventFilter(this);
-    // After all parts have shown the change.
+    // Connected last: after the parts above have shown the change.
     connect(&store, &WorkspaceStore::changed, this, layOutNow);
 }
 

@@ -75,8 +75,7 @@ private:
     const WorkspaceStore &m_store;
     ZelvoProject m_project; ///< what the rows index into
     QList<Row> m_rows;
-    QList<std::size_t>
-        m_idHashes; ///< of the rows, by which one is found without reading the others
+    QList<std::size_t> m_idHashes; ///< of the rows; by them one is found and no other read
     Marks m_marks;
 };
 

@@ -291,8 +291,10 @@ private slots:
     {
         SlideBackground background = solidBackground({1, 1, 1, 1});
         QCOMPARE(picture(background).pixel(5, 5), qRgb(255, 255, 255));
-        background.dimAmount = -0.5;
-        QCOMPARE(picture(background).pixel(5, 5), qRgb(255, 255, 255));
+        for (const double nothing : {-0.5, std::nan("")}) {
+            background.dimAmount = nothing;
+            QCOMPARE(picture(background).pixel(5, 5), qRgb(255, 255, 255));
+        }
         background.dimAmount = 0.5;
         QVERIFY(std::abs(qRed(picture(background).pixel(5, 5)) - 128) <= 1);
         background.dimAmount = 7;

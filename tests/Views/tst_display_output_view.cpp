@@ -80,6 +80,47 @@ private slots:
         QCOMPARE(shown.pixelColor(1, 1), QColor(0, 64, 128));
     }
 
+    void nothingIsLeftOfTheSlideBefore_data()
+    {
+        QTest::addColumn<QSize>("size");
+        QTest::addColumn<CanvasSize>("canvas");
+        QTest::newRow("a screen of the slide's shape") << QSize(960, 540) << CanvasSize{1920, 1080};
+        QTest::newRow("a screen not quite of it") << QSize(1366, 768) << CanvasSize{1920, 1080};
+        QTest::newRow("bars above and below") << QSize(1000, 999) << CanvasSize{1920, 1080};
+        QTest::newRow("bars beside") << QSize(853, 333) << CanvasSize{1920, 1080};
+        QTest::newRow("an upright slide") << QSize(960, 540) << CanvasSize{1080, 1920};
+        QTest::newRow("hardly a slide") << QSize(960, 540) << CanvasSize{1, 4000};
+    }
+
+    void nothingIsLeftOfTheSlideBefore()
+    {
+        QFETCH(QSize, size);
+        QFETCH(CanvasSize, canvas);
+        AudienceScreen display;
+        WorkspaceStore &store = display.world.store;
+        display.view.resize(size);
+        display.view.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&display.view));
+        for (const GradientDirection direction : allCases<GradientDirection>()) {
+            SlideDesign next = designOver(SlideBackground::defaultDark());
+            next.background.gradient->direction = direction;
+            next.canvasSize = canvas;
+            QImage fresh(size, QImage::Format_RGB32);
+            fresh.fill(Qt::black);
+            QPainter painter(&fresh);
+            SlideRendererView{.slide = slideWith(next)}.paint(painter, fresh.rect());
+            painter.end();
+            // All white, then the next.
+            for (const SlideDesign &design : {designOver(solidBackground({1, 1, 1, 1})), next}) {
+                store.updateSelectedSlide([&](Slide &edited) { edited.design = design; });
+                store.goLive();
+                QCoreApplication::processEvents();
+            }
+            const QImage shown = display.view.screen()->grabWindow(display.view.winId()).toImage();
+            QCOMPARE(shown.convertToFormat(QImage::Format_RGB32), fresh);
+        }
+    }
+
     void selectingAndQueueingChangesNothing()
     {
         AudienceScreen display;

@@ -15,10 +15,14 @@ namespace quenara {
 
 namespace {
 
-constexpr int bandPixels = 16'384; ///< that are prepared at once and leave the cache only painted
-constexpr std::size_t blockLength =
-    32; ///< of pixels that are computed side by side in wide registers
-constexpr double narrowest = 1.0 / 16; ///< below which a slide's diagonal is as good as upright
+/// That are prepared at once, and leave the cache only to be painted.
+constexpr int bandPixels = 16'384;
+
+/// Of pixels that are computed side by side in wide registers.
+constexpr std::size_t blockLength = 32;
+
+/// Width over height below which a slide's diagonal is as good as upright.
+constexpr double narrowest = 1.0 / 16;
 
 /// Paints one row of the slide.
 using PaintRow = std::function<void(int y, QRgb *row)>;
@@ -37,7 +41,7 @@ public:
         const auto share = float(std::clamp(t, 0.0, 1.0));
         const auto mixed = [&](std::size_t channel) {
             const float start = m_start.at(channel);
-            return int(start + share * (m_end.at(channel) - start) + 0.5F);
+            return qRound(start + share * (m_end.at(channel) - start));
         };
         return qRgba(mixed(0), mixed(1), mixed(2), mixed(3));
     }
@@ -134,9 +138,11 @@ void GradientFill::paint(QPainter &painter, const QRectF &slide) const
         return;
     const PaintRow paintRow = rowsOf(*this, area.size(), deviceScale(painter));
     const int bandHeight = std::clamp(bandPixels / area.width(), 1, visible.height());
-    const bool isOpaque = start.alpha() == 255 && end.alpha() == 255;
+    const bool isOpaque = start.alphaF() >= 1 && end.alphaF() >= 1;
     QImage band(area.width(), bandHeight,
                 isOpaque ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied);
+    if (band.isNull())
+        return;
     painter.save();
     useDevicePixels(painter);
     for (int top = visible.top(); top <= visible.bottom(); top += bandHeight) {

@@ -35,6 +35,8 @@ QRawFont fontForScale(const QRawFont &font, double scale)
         return font;
     QRawFont own = font;
     own.setPixelSize(font.pixelSize() * sizeFactor);
+    if (!own.isValid())
+        return font;
     fonts.insert(key, new QRawFont(own));
     return own;
 }

@@ -21,7 +21,7 @@ constexpr float captionOpacity = 0.38F;
 
 double SlideBackgroundRenderView::dim() const
 {
-    return std::clamp(background.dimAmount, 0.0, 1.0);
+    return background.dimAmount > 0 ? std::min(1.0, background.dimAmount) : 0;
 }
 
 QColor SlideBackgroundRenderView::darkened(const RGBAColor &color) const

@@ -22,12 +22,12 @@ constexpr QPainter::RenderHints hints =
 void paintContent(QPainter &painter, const SlideElementRenderView &content, const QRectF &box)
 {
     const double opacity = std::clamp(content.element.opacity, 0.0, 1.0);
-    if (opacity == 1) {
+    if (opacity == 0)
+        return;
+    if (opacity == 1 || content.isOnePiece()) {
+        painter.setOpacity(painter.opacity() * opacity);
         content.paint(painter, box);
-    } else if (content.isOnePiece()) {
-        painter.setOpacity(opacity);
-        content.paint(painter, box);
-    } else if (opacity > 0) {
+    } else {
         // The layer fades as a whole, not part by part where its parts overlap.
         const double around = content.overhang();
         const QRectF bounds = box.adjusted(-around, -around, around, around);
