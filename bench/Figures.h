@@ -38,6 +38,9 @@ double nanosecondsOf(const std::function<void()> &operation, const std::function
 class Times
 {
 public:
+    Times() = default;
+    explicit Times(const QList<double> &times) : m_times(times) {}
+
     void measure(const std::function<void()> &operation);
     /// The shortest in nanoseconds.
     double best() const { return within(0); }

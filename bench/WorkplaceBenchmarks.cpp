@@ -20,6 +20,7 @@
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <limits>
 
 namespace quenara::bench {
 
@@ -179,28 +180,36 @@ private:
     int m_letterCount = 0;
 };
 
-struct Step
+QList<Figure> figuresOf(Workplace &workplace, const Times &times, const char *name, double limit)
 {
-    const char *name;
-    std::function<void()> take;
-    double limit;
-};
-
-QList<Figure> figuresOf(Workplace &workplace, const Step &step)
-{
-    Times times;
-    for (int i = 0; i < stepCount; ++i)
-        times.measure(step.take);
     const double fill = workplace.timeOfFilling();
-    const auto figure = [&](const char *which, double share, std::optional<double> limit) {
-        return Figure{.name = QStringLiteral("%1, %2").arg(QString::fromLatin1(step.name),
+    const auto figure = [&](const char *which, double share, std::optional<double> most) {
+        return Figure{.name = QStringLiteral("%1, %2").arg(QString::fromLatin1(name),
                                                            QString::fromLatin1(which)),
                       .value = times.within(share),
                       .yardstickName = QStringLiteral("a solid fill of the window"),
                       .yardstick = fill,
-                      .limit = limit};
+                      .limit = most};
     };
-    return {figure("99 of 100", 0.99, step.limit), figure("the middle one", 0.5, std::nullopt)};
+    return {figure("99 of 100", 0.99, limit), figure("the middle one", 0.5, std::nullopt)};
+}
+
+/// The same steps three times, each at its fastest: what slows the machine for a moment is not
+/// seen, what a slide costs is.
+Times bestTimesOfLiveSteps(Workplace &workplace)
+{
+    constexpr int passes = 3;
+    QList<double> best(stepCount, std::numeric_limits<double>::infinity());
+    for (int pass = 0; pass < passes; ++pass) {
+        workplace.select(show.slideCount / 2);
+        workplace.goLive();
+        for (double &fastest : best) {
+            Times once;
+            once.measure([&] { workplace.stepLive(); });
+            fastest = std::min(fastest, once.within(1));
+        }
+    }
+    return Times(best);
 }
 
 } // namespace
@@ -211,7 +220,10 @@ QList<Figure> workplaceFigures()
     QList<Figure> figures;
     const auto measure = [&](const char *name, const std::function<void()> &take,
                              double limit = frameLimit) {
-        figures += figuresOf(workplace, {name, take, limit});
+        Times times;
+        for (int i = 0; i < stepCount; ++i)
+            times.measure(take);
+        figures += figuresOf(workplace, times, name, limit);
     };
     const auto drag = [&] { workplace.hand().drag(); };
     workplace.select(1);
@@ -228,6 +240,8 @@ QList<Figure> workplaceFigures()
     workplace.goLive();
     measure("a click on a row", [&] { workplace.clickRow(); });
     measure("a step of the live slide", [&] { workplace.stepLive(); });
+    figures += figuresOf(workplace, bestTimesOfLiveSteps(workplace),
+                         "a step of the live slide at its best of three", frameLimit);
     workplace.showOutputs(false);
     measure("the same in the operator's window alone", [&] { workplace.stepLive(); });
     workplace.showOutputs(true);
