@@ -57,6 +57,16 @@ private slots:
             QTest::addRow("huge lines in a height of %d", height)
                 << QStringLiteral("Holy\nholy") << 900.0 << QSizeF(3000, height) << 0.0;
         }
+        const QString mixed =
+            QString::fromUtf8("Sing \u2728 with us \u6b4c\u3046 and \U0001f3b5 with "
+                              "joy \u0627\u0644\u062d\u0645\u062f ")
+                .repeated(5);
+        for (int width = 900; width < 1500; width += 60) {
+            QTest::addRow("a text wrapped to %d", width)
+                << longText() << 78.0 << QSizeF(width, 470'000.0 / width) << 0.0;
+            QTest::addRow("scripts and emoji wrapped to %d", width)
+                << mixed << 78.0 << QSizeF(width, 330'000.0 / width) << 0.0;
+        }
         QTest::newRow("a word that is broken inside")
             << QStringLiteral("Hallelujah").repeated(8) << 100.0 << QSizeF(900, 420) << 0.0;
     }

@@ -104,7 +104,12 @@ TextBlock::~TextBlock() = default;
 
 double TextBlock::unit() const
 {
-    return std::max(smallestFontSize, m_text.fontSize * m_fit) / layoutPixelSize;
+    return unitAt(m_fit);
+}
+
+double TextBlock::unitAt(double fit) const
+{
+    return std::max(smallestFontSize, m_text.fontSize * fit) / layoutPixelSize;
 }
 
 void TextBlock::layOut(double fit)
@@ -141,16 +146,36 @@ bool TextBlock::doesFit() const
     return m_bounds.height() <= m_box.height() && m_layout->lineCount() <= m_limits.lineMaximum;
 }
 
+/// Whether the text fits if it is shrunk by \a fit, as far as its \a lines tell, which it has at a
+/// smaller one: as long as they are not too wide they break alike, and in larger letters there are
+/// never fewer.
+std::optional<bool> TextBlock::wouldFit(double fit, const QSizeF &lines) const
+{
+    constexpr double rounding = 1; // of the layout's units, inside the font engine
+    if (lines.height() * unitAt(fit) > m_box.height())
+        return false;
+    if (m_text.characterSpacing == 0 && (lines.width() + rounding) * unitAt(fit) < m_box.width())
+        return true;
+    return std::nullopt;
+}
+
 /// Finds the largest fit between the smallest, which fits, and 1, which does not.
 void TextBlock::shrink()
 {
     double fits = m_limits.smallestFit;
     double tooLarge = 1;
+    QSizeF lines = m_bounds.size() / unit();
     const double closeEnough = std::max(finestFit, fitTolerance / m_text.fontSize);
     while (tooLarge - fits > closeEnough) {
         const double middle = (fits + tooLarge) / 2;
-        layOut(middle);
-        (doesFit() ? fits : tooLarge) = middle;
+        std::optional<bool> isFit = wouldFit(middle, lines);
+        if (!isFit) {
+            layOut(middle);
+            isFit = doesFit();
+            if (*isFit)
+                lines = m_bounds.size() / unit();
+        }
+        (*isFit ? fits : tooLarge) = middle;
     }
     layOut(fits);
 }

@@ -12,6 +12,7 @@
 
 #include <limits>
 #include <memory>
+#include <optional>
 
 class QTextLayout;
 
@@ -72,6 +73,8 @@ private:
 
     void layOut(double fit);
     bool doesFit() const;
+    double unitAt(double fit) const;
+    std::optional<bool> wouldFit(double fit, const QSizeF &lines) const;
     void shrink();
     void truncate();
     void gatherGlyphs();
