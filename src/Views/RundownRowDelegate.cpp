@@ -1,6 +1,7 @@
 #include "RundownRowDelegate.h"
 
 #include "Badge.h"
+#include "DevicePixels.h"
 #include "RoundedShapes.h"
 #include "RundownModel.h"
 #include "SlideFonts.h"
@@ -145,12 +146,12 @@ void RundownRowDelegate::paintSlide(QPainter &painter, const QStyleOptionViewIte
     const QPainterPath shape =
         continuousRoundedRect(row.adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius);
     if (isSelected) {
-        painter.fillPath(shape, theme.selection);
+        fillInBands(painter, shape, theme.selection);
     } else if (option.state & QStyle::State_MouseOver) {
-        painter.fillPath(shape, theme.panelSecondaryBackground);
+        fillInBands(painter, shape, theme.panelSecondaryBackground);
     }
     if (isQueued) {
-        painter.strokePath(shape, QPen(theme.accent, 1));
+        paintInBands(painter, row, 6, [&] { painter.strokePath(shape, QPen(theme.accent, 1)); });
         drawPointer(painter, {row.left() + 4.5, row.center().y()}, theme.accent);
     }
 

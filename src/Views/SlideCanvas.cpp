@@ -2,6 +2,7 @@
 
 #include "CanvasTextLayerEditor.h"
 #include "DeviceLayer.h"
+#include "DevicePixels.h"
 #include "GaussianBlur.h"
 #include "Show.h"
 #include "ThemeColors.h"

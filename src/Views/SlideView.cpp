@@ -1,12 +1,11 @@
 #include "SlideView.h"
 
 #include "DeviceLayer.h"
-#include "RoundedShapes.h"
+#include "DevicePixels.h"
 #include "SlideRendererView.h"
 #include "ThemeColors.h"
 
 #include <QPainter>
-#include <QPainterPath>
 #include <QStyle>
 
 namespace quenara {
@@ -64,25 +63,21 @@ void SlideView::paintEvent(QPaintEvent * /*event*/)
     const QRectF picture = pictureRect();
     if (picture.isEmpty())
         return;
-    const auto edge = [&](double inset) {
-        return continuousRoundedRect(picture.adjusted(inset, inset, -inset, -inset),
-                                     m_cornerRadius - inset);
-    };
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     // By itself: what is painted through a clip with round corners takes longer.
-    const DeviceLayer slide = DeviceLayer::painted(painter, picture, 0, [&](QPainter &layer) {
+    DeviceLayer slide = DeviceLayer::painted(painter, picture, 0, [&](QPainter &layer) {
         SlideRendererView{.slide = m_slide, .pictures = &m_pictures}.paint(layer, picture);
     });
-    painter.save();
-    // Along the middle of the line, so that nothing of the picture shows beyond it.
-    painter.setClipPath(edge(lineWidth / 2));
+    const double scale = deviceScale(painter);
+    QColor line = themeOf(*this).*m_outlineColor;
+    line.setAlphaF(line.alphaF() * float(m_outlineOpacity));
+    m_frame.apply(slide.image,
+                  {.rect = painter.deviceTransform().mapRect(picture).translated(-slide.origin),
+                   .radius = m_cornerRadius * scale,
+                   .lineWidth = lineWidth * scale},
+                  line);
     slide.draw(painter, 1);
-    painter.restore();
-    QPainterPath outline = edge(0);
-    outline.addPath(edge(lineWidth));
-    painter.setOpacity(m_outlineOpacity);
-    painter.fillPath(outline, themeOf(*this).*m_outlineColor);
 }
 
 } // namespace quenara

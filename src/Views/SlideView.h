@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ProjectModels.h"
+#include "RoundedFrame.h"
 #include "ZelvoTheme.h"
 
 #include <QWidget>
@@ -44,6 +45,7 @@ private:
     double m_cornerRadius = 0;
     QColor ZelvoTheme::*m_outlineColor = &ZelvoTheme::border;
     double m_outlineOpacity = 1;
+    RoundedFrame m_frame;
 };
 
 } // namespace quenara

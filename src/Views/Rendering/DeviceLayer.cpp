@@ -1,26 +1,8 @@
 #include "DeviceLayer.h"
 
-#include <QPaintDevice>
-
-#include <cmath>
+#include "DevicePixels.h"
 
 namespace quenara {
-
-QRectF visibleDeviceRect(const QPainter &painter)
-{
-    // A widget lies somewhere on the device that it is painted to.
-    const QTransform toDevice = painter.worldTransform().inverted() * painter.deviceTransform();
-    const QRectF whole =
-        toDevice.mapRect(QRectF(0, 0, painter.device()->width(), painter.device()->height()));
-    if (!painter.hasClipping())
-        return whole;
-    return whole.intersected(painter.deviceTransform().mapRect(painter.clipBoundingRect()));
-}
-
-void useDevicePixels(QPainter &painter)
-{
-    painter.setWorldTransform(painter.deviceTransform().inverted() * painter.worldTransform());
-}
 
 DeviceLayer DeviceLayer::painted(const QPainter &painter, const QRectF &bounds, int margin,
                                  const std::function<void(QPainter &)> &paint, int reduction)
@@ -55,17 +37,14 @@ void DeviceLayer::draw(QPainter &painter, double opacity) const
     painter.save();
     useDevicePixels(painter);
     painter.setOpacity(painter.opacity() * opacity);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, reduction > 1);
     if (reduction == 1) {
         painter.drawImage(origin, image);
     } else {
-        painter.drawImage(QRectF(origin, image.size() * reduction), image);
+        const QRectF enlarged(origin, image.size() * reduction);
+        paintInBands(painter, enlarged, 1, [&] { painter.drawImage(enlarged, image); });
     }
     painter.restore();
-}
-
-double deviceScale(const QPainter &painter)
-{
-    return std::sqrt(std::abs(painter.deviceTransform().determinant()));
 }
 
 } // namespace quenara

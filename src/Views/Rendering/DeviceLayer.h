@@ -27,13 +27,4 @@ struct DeviceLayer
     void draw(QPainter &painter, double opacity) const;
 };
 
-/// What of its device \a painter can paint, in device pixels.
-QRectF visibleDeviceRect(const QPainter &painter);
-
-/// Makes device pixels the coordinates of \a painter, which stays clipped as it is.
-void useDevicePixels(QPainter &painter);
-
-/// The factor from the painter's coordinates to device pixels.
-double deviceScale(const QPainter &painter);
-
 } // namespace quenara

@@ -1,6 +1,6 @@
 #include "GradientFill.h"
 
-#include "DeviceLayer.h"
+#include "DevicePixels.h"
 #include "VectorRegisters.h"
 
 #include <QImage>
@@ -145,6 +145,7 @@ void GradientFill::paint(QPainter &painter, const QRectF &slide) const
         return;
     painter.save();
     useDevicePixels(painter);
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
     for (int top = visible.top(); top <= visible.bottom(); top += bandHeight) {
         releaseVectorRegisters();
         const int height = std::min(bandHeight, visible.bottom() + 1 - top);

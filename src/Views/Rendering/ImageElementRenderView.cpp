@@ -1,7 +1,7 @@
 #include "ImageElementRenderView.h"
 
 #include "DashedOutline.h"
-#include "DeviceLayer.h"
+#include "DevicePixels.h"
 #include "PictureCache.h"
 #include "SlideFonts.h"
 

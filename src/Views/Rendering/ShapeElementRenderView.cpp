@@ -1,5 +1,6 @@
 #include "ShapeElementRenderView.h"
 
+#include "DevicePixels.h"
 #include "RoundedShapes.h"
 
 #include <algorithm>
@@ -33,7 +34,7 @@ void ShapeElementRenderView::paint(QPainter &painter, const QRectF &box) const
         return;
     }
     const QPainterPath path = outline(*shape, box);
-    painter.fillPath(path, shape->fill.toColor());
+    fillInBands(painter, path, shape->fill.toColor());
     if (isStroked()) {
         QPen pen(shape->stroke->toColor(), shape->strokeWidth, Qt::SolidLine, Qt::FlatCap,
                  Qt::MiterJoin);

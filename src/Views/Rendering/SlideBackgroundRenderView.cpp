@@ -1,6 +1,6 @@
 #include "SlideBackgroundRenderView.h"
 
-#include "DeviceLayer.h"
+#include "DevicePixels.h"
 #include "GaussianBlur.h"
 #include "GradientFill.h"
 #include "ImageElementRenderView.h"

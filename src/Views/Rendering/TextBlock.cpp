@@ -1,6 +1,6 @@
 #include "TextBlock.h"
 
-#include "DeviceLayer.h"
+#include "DevicePixels.h"
 #include "EmojiText.h"
 #include "GlyphOutlines.h"
 #include "ScaledFonts.h"

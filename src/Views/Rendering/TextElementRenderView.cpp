@@ -1,9 +1,11 @@
 #include "TextElementRenderView.h"
 
 #include "DeviceLayer.h"
+#include "DevicePixels.h"
 #include "GaussianBlur.h"
 #include "KeptTextBlocks.h"
 #include "RoundedShapes.h"
+#include "VectorRegisters.h"
 
 #include <QColor>
 
@@ -33,6 +35,18 @@ QColor faded(const RGBAColor &color, const RGBAColor &text)
     QColor result = color.toColor();
     result.setAlphaF(result.alphaF() * text.toColor().alphaF());
     return result;
+}
+
+/// How much of its pixels \a picture covers, premultiplied as it is.
+QImage coverage(const QImage &picture)
+{
+    QImage mask(picture.size(), QImage::Format_Alpha8);
+    for (int y = 0; y < mask.height(); ++y) {
+        const auto *from = reinterpret_cast<const QRgb *>(picture.constScanLine(y));
+        std::transform(from, from + mask.width(), mask.scanLine(y),
+                       [](QRgb pixel) { return uchar(qAlpha(pixel)); });
+    }
+    return mask;
 }
 
 /// \a color as strong as \a mask is.
@@ -69,10 +83,9 @@ void paintGlow(QPainter &painter, TextBlock &block, const Glow &glow)
         },
         plan.reduction);
     if (!layer.image.isNull()) {
-        const QImage mask =
-            gaussianBlurred(layer.image.convertToFormat(QImage::Format_Alpha8), plan.sigma);
-        layer.image = tinted(mask, glow.color);
+        layer.image = tinted(gaussianBlurred(coverage(layer.image), plan.sigma), glow.color);
         layer.draw(painter, 1);
+        releaseVectorRegisters(); // for the letters that follow
     }
     painter.restore();
 }

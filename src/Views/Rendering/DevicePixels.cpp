@@ -1,0 +1,71 @@
+#include "DevicePixels.h"
+
+#include <QPaintDevice>
+
+#include <algorithm>
+#include <cmath>
+
+namespace quenara {
+
+namespace {
+
+constexpr int runMaximum = 95; ///< that the toolkit fills without its threads
+
+} // namespace
+
+QRectF visibleDeviceRect(const QPainter &painter)
+{
+    // A widget lies somewhere on the device that it is painted to.
+    const QTransform toDevice = painter.worldTransform().inverted() * painter.deviceTransform();
+    const QRectF whole =
+        toDevice.mapRect(QRectF(0, 0, painter.device()->width(), painter.device()->height()));
+    if (!painter.hasClipping())
+        return whole;
+    return whole.intersected(painter.deviceTransform().mapRect(painter.clipBoundingRect()));
+}
+
+void useDevicePixels(QPainter &painter)
+{
+    // Without coordinates of its own, so that the inverse is exact and pixels stay where they are.
+    painter.setWorldTransform({});
+    painter.setWorldTransform(painter.deviceTransform().inverted());
+}
+
+double deviceScale(const QPainter &painter)
+{
+    return std::sqrt(std::abs(painter.deviceTransform().determinant()));
+}
+
+void paintInBands(QPainter &painter, const QRectF &bounds, int runs,
+                  const std::function<void()> &paint)
+{
+    const int height = std::max(1, runMaximum / runs);
+    const QRect covered = painter.deviceTransform()
+                              .mapRect(bounds)
+                              .intersected(visibleDeviceRect(painter))
+                              .toAlignedRect();
+    if (covered.isEmpty())
+        return;
+    if (covered.height() <= height) {
+        paint();
+        return;
+    }
+    const QTransform transform = painter.worldTransform();
+    for (int top = covered.top(); top <= covered.bottom(); top += height) {
+        painter.save();
+        useDevicePixels(painter);
+        painter.setClipRect(QRect(covered.left(), top, covered.width(), height),
+                            Qt::IntersectClip);
+        painter.setWorldTransform(transform);
+        paint();
+        painter.restore();
+    }
+}
+
+void fillInBands(QPainter &painter, const QPainterPath &path, const QBrush &brush)
+{
+    constexpr int runs = 4; // the pixels of both edges, and all between them; more at corners
+    paintInBands(painter, path.boundingRect(), runs, [&] { painter.fillPath(path, brush); });
+}
+
+} // namespace quenara

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QBrush>
+#include <QPainter>
+#include <QPainterPath>
+#include <QRectF>
+
+#include <functional>
+
+namespace quenara {
+
+/// What of its device \a painter can paint, in device pixels.
+QRectF visibleDeviceRect(const QPainter &painter);
+
+/// Makes device pixels the coordinates of \a painter, which stays clipped as it is.
+void useDevicePixels(QPainter &painter);
+
+/// The factor from the painter's coordinates to device pixels.
+double deviceScale(const QPainter &painter);
+
+/// Has \a paint paint what there is to see of \a bounds (the painter's coordinates), one band after
+/// another from top to bottom. The toolkit (Qt 6.4) has its threads fill what takes more than 95
+/// runs of pixels and waits for them, which takes longer than filling anything of a window's size
+/// by itself, and as long as it likes on a busy machine. \a runs is the most there are in a row.
+void paintInBands(QPainter &painter, const QRectF &bounds, int runs,
+                  const std::function<void()> &paint);
+
+/// QPainter::fillPath() in bands, for a shape without holes or notches.
+void fillInBands(QPainter &painter, const QPainterPath &path, const QBrush &brush);
+
+} // namespace quenara

@@ -1,0 +1,113 @@
+#include "DevicePixels.h"
+#include "GuiTestSupport.h"
+#include "RoundedShapes.h"
+
+using namespace quenara;
+using namespace quenara::test;
+
+namespace {
+
+constexpr QSize size(400, 300);
+constexpr QRectF box(20, 10, 350, 270);
+constexpr int rounding = 2; // of 255; along turned rows, which the toolkit walks from their start
+
+QImage painted(const QTransform &transform, double ratio,
+               const std::function<void(QPainter &)> &paint)
+{
+    QImage image(size * ratio, QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(ratio);
+    image.fill(Qt::darkGreen);
+    QPainter painter(&image);
+    painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
+    painter.setTransform(transform);
+    paint(painter);
+    return image;
+}
+
+void addTransforms()
+{
+    QTest::addColumn<QTransform>("transform");
+    QTest::addColumn<double>("ratio");
+    const auto row = [](const char *name, const QTransform &transform, double ratio) {
+        QTest::newRow(name) << transform << ratio;
+    };
+    row("upright", {}, 1);
+    row("between pixels", QTransform::fromTranslate(0.3, -7.6), 1);
+    row("smaller", QTransform::fromScale(0.37, 0.41), 1);
+    row("turned", QTransform().translate(40, -30).rotate(8), 1);
+    row("upside down", QTransform().translate(400, 300).rotate(180), 1);
+    row("partly beyond the edge", QTransform::fromTranslate(-200, 150), 1);
+    row("at two pixels a point", QTransform::fromTranslate(3.2, 0), 2);
+    row("at one and a half", QTransform::fromTranslate(3.2, 0), 1.5);
+}
+
+} // namespace
+
+class TestDevicePixels : public GuiTest
+{
+    Q_OBJECT
+
+private slots:
+    void aShapeFilledInBandsLooksAsIfFilledAtOnce_data() { addTransforms(); }
+
+    void aShapeFilledInBandsLooksAsIfFilledAtOnce()
+    {
+        QFETCH(QTransform, transform);
+        QFETCH(double, ratio);
+        const QPainterPath path = continuousRoundedRect(box, 40);
+        const QColor color(255, 200, 100, 160);
+        QCOMPARE(painted(transform, ratio,
+                         [&](QPainter &painter) { fillInBands(painter, path, color); }),
+                 painted(transform, ratio,
+                         [&](QPainter &painter) { painter.fillPath(path, color); }));
+    }
+
+    void aPictureDrawnInBandsLooksAsIfDrawnAtOnce_data() { addTransforms(); }
+
+    void aPictureDrawnInBandsLooksAsIfDrawnAtOnce()
+    {
+        QFETCH(QTransform, transform);
+        QFETCH(double, ratio);
+        QImage picture(90, 70, QImage::Format_ARGB32_Premultiplied);
+        picture.fill(Qt::transparent);
+        QPainter painter(&picture);
+        painter.fillPath(continuousRoundedRect(picture.rect(), 20), QGradient(QGradient::WarmFlame));
+        painter.end();
+        const auto draw = [&](QPainter &target) { target.drawImage(box, picture); };
+        const QImage inBands = painted(transform, ratio, [&](QPainter &target) {
+            paintInBands(target, box, 1, [&] { draw(target); });
+        });
+        QVERIFY(largestDifference(inBands, painted(transform, ratio, draw)) <= rounding);
+    }
+
+    void bandsKeepToTheClipAndLeaveThePainterAsItWas()
+    {
+        const QRect clip(50, 60, 200, 190);
+        QTransform after;
+        QRectF clipAfter;
+        const QImage image = painted(QTransform::fromTranslate(5, 5), 1, [&](QPainter &painter) {
+            painter.setClipRect(clip);
+            paintInBands(painter, box, 4, [&] { painter.fillRect(box, Qt::red); });
+            after = painter.transform();
+            clipAfter = painter.clipBoundingRect();
+        });
+        QCOMPARE(image, painted(QTransform::fromTranslate(5, 5), 1, [&](QPainter &painter) {
+                     painter.fillRect(clip, Qt::red);
+                 }));
+        QCOMPARE(after, QTransform::fromTranslate(5, 5));
+        QCOMPARE(clipAfter, QRectF(clip));
+    }
+
+    void whatIsOutOfSightIsNotPainted()
+    {
+        painted({}, 1, [](QPainter &painter) {
+            for (const QRectF &away : {QRectF(0, 300, 400, 200), QRectF(10, 10, 0, 0)}) {
+                paintInBands(painter, away, 1,
+                             [] { QFAIL("painted though there is nothing to be seen"); });
+            }
+        });
+    }
+};
+
+QUENARA_GUI_TEST_MAIN(TestDevicePixels)
+#include "tst_device_pixels.moc"
