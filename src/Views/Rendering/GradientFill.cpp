@@ -9,6 +9,7 @@
 #include <array>
 #include <cmath>
 #include <functional>
+#include <limits>
 #include <vector>
 
 namespace quenara {
@@ -17,9 +18,6 @@ namespace {
 
 /// That are prepared at once, and leave the cache only to be painted.
 constexpr int bandPixels = 16'384;
-
-/// Of pixels that are computed side by side in wide registers.
-constexpr std::size_t blockLength = 32;
 
 /// Width over height below which a slide's diagonal is as good as upright.
 constexpr double narrowest = 1.0 / 16;
@@ -79,31 +77,39 @@ PaintRow slantedRows(const QSize &size, double slope, const Shades &shades)
     };
 }
 
-/// The left half of each row is the reflection of the right one.
+/// Rings of one colour around the middle, of which a row holds pieces. Its left half is the
+/// reflection of the right one.
 PaintRow roundRows(const QSize &size, double endRadius, const Shades &shades)
 {
-    constexpr int ringCount = 1024;
-    std::vector<QRgb> rings(ringCount + 1);
-    for (int i = 0; i <= ringCount; ++i)
-        rings[std::size_t(i)] = shades.at(double(i) / ringCount);
-    const double perPixel = endRadius > 0 ? ringCount / endRadius : ringCount;
-    return [size, rings = std::move(rings), perPixel](int y, QRgb *row) {
-        const double fromMiddle = (y + 0.5 - size.height() / 2.0) * perPixel;
-        const auto square = float(fromMiddle * fromMiddle);
+    struct Ring
+    {
+        double square; ///< of the radius where it ends, in pixels
+        QRgb color;
+    };
+    constexpr int shadeCount = 1024;
+    std::vector<Ring> rings;
+    for (int i = 0; i <= shadeCount; ++i) {
+        const QRgb color = shades.at(double(i) / shadeCount);
+        const double end = i < shadeCount ? std::max(0.0, endRadius) * (i + 0.5) / shadeCount
+                                          : std::numeric_limits<double>::infinity();
+        if (rings.empty() || rings.back().color != color)
+            rings.push_back({end * end, color});
+        rings.back().square = end * end;
+    }
+    return [size, rings = std::move(rings)](int y, QRgb *row) {
+        const double fromMiddle = y + 0.5 - size.height() / 2.0;
+        const double square = fromMiddle * fromMiddle;
+        const double first = size.width() % 2 == 0 ? 0.5 : 0; // pixels from the middle
+        QRgb *const middle = row + size.width() / 2;
         QRgb *const end = row + size.width();
-        QRgb *pixel = row + size.width() / 2;
-        float distance = size.width() % 2 == 0 ? 0.5F : 0;
-        std::array<int, blockLength> block{};
-        while (pixel != end) {
-            for (std::size_t i = 0; i < blockLength; ++i) {
-                const float x = (distance + float(i)) * float(perPixel);
-                const float ring = std::sqrt(x * x + square) + 0.5F;
-                block[i] = int(std::min(float(ringCount), ring));
-            }
-            const auto count = std::min<std::size_t>(blockLength, std::size_t(end - pixel));
-            for (std::size_t i = 0; i < count; ++i)
-                *pixel++ = rings[std::size_t(block[i])];
-            distance += blockLength;
+        auto ring = std::upper_bound(
+            rings.begin(), rings.end(), square,
+            [](double value, const Ring &candidate) { return value < candidate.square; });
+        for (QRgb *pixel = middle; pixel != end; ++ring) {
+            const double pieceEnd = std::ceil(std::sqrt(ring->square - square) - first);
+            QRgb *const next = pieceEnd < double(end - middle) ? middle + qsizetype(pieceEnd) : end;
+            std::fill(pixel, std::max(pixel, next), ring->color);
+            pixel = std::max(pixel, next);
         }
         std::reverse_copy(row + (size.width() + 1) / 2, end, row);
     };
