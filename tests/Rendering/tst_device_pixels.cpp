@@ -56,10 +56,32 @@ private slots:
         QFETCH(double, ratio);
         const QPainterPath path = continuousRoundedRect(box, 40);
         const QColor color(255, 200, 100, 160);
-        QCOMPARE(painted(transform, ratio,
-                         [&](QPainter &painter) { fillInBands(painter, path, color); }),
-                 painted(transform, ratio,
-                         [&](QPainter &painter) { painter.fillPath(path, color); }));
+        QCOMPARE(
+            painted(transform, ratio,
+                    [&](QPainter &painter) { fillInBands(painter, path, color); }),
+            painted(transform, ratio, [&](QPainter &painter) { painter.fillPath(path, color); }));
+    }
+
+    void aRoundedRectLooksAsItsPathFilledAtOnce_data() { addTransforms(); }
+
+    void aRoundedRectLooksAsItsPathFilledAtOnce()
+    {
+        QFETCH(QTransform, transform);
+        QFETCH(double, ratio);
+        for (const double radius : {0.0, 12.0, 60.0, 135.0}) {
+            for (const QColor &color : {QColor(255, 200, 100), QColor(255, 200, 100, 160)}) {
+                const QImage image = painted(transform, ratio, [&](QPainter &painter) {
+                    fillRoundedRect(painter, box, radius, color);
+                });
+                QVERIFY(largestDifference(
+                            image,
+                            painted(transform, ratio,
+                                    [&](QPainter &painter) {
+                                        painter.fillPath(continuousRoundedRect(box, radius), color);
+                                    }))
+                        <= 1);
+            }
+        }
     }
 
     void aPictureDrawnInBandsLooksAsIfDrawnAtOnce_data() { addTransforms(); }
@@ -71,7 +93,8 @@ private slots:
         QImage picture(90, 70, QImage::Format_ARGB32_Premultiplied);
         picture.fill(Qt::transparent);
         QPainter painter(&picture);
-        painter.fillPath(continuousRoundedRect(picture.rect(), 20), QGradient(QGradient::WarmFlame));
+        painter.fillPath(continuousRoundedRect(picture.rect(), 20),
+                         QGradient(QGradient::WarmFlame));
         painter.end();
         const auto draw = [&](QPainter &target) { target.drawImage(box, picture); };
         const QImage inBands = painted(transform, ratio, [&](QPainter &target) {

@@ -74,9 +74,9 @@ private slots:
         QFETCH(RoundedFrame::Shape, shape);
         QFETCH(QColor, line);
         const QImage picture = photograph({240, 180});
-        QVERIFY(largestDifference(framed(picture, shape, line),
-                                  framedByPainter(picture, shape, line))
-                <= rounding);
+        QVERIFY(
+            largestDifference(framed(picture, shape, line), framedByPainter(picture, shape, line))
+            <= rounding);
     }
 
     void oneFrameServesPicturesOfAllSizesAndShapes()

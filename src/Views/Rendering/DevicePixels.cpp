@@ -31,6 +31,14 @@ void useDevicePixels(QPainter &painter)
     painter.setWorldTransform(painter.deviceTransform().inverted());
 }
 
+void clipToPixels(QPainter &painter, const QRect &pixels)
+{
+    const QTransform transform = painter.worldTransform();
+    useDevicePixels(painter);
+    painter.setClipRect(pixels, Qt::IntersectClip);
+    painter.setWorldTransform(transform);
+}
+
 double deviceScale(const QPainter &painter)
 {
     return std::sqrt(std::abs(painter.deviceTransform().determinant()));
@@ -50,13 +58,9 @@ void paintInBands(QPainter &painter, const QRectF &bounds, int runs,
         paint();
         return;
     }
-    const QTransform transform = painter.worldTransform();
     for (int top = covered.top(); top <= covered.bottom(); top += height) {
         painter.save();
-        useDevicePixels(painter);
-        painter.setClipRect(QRect(covered.left(), top, covered.width(), height),
-                            Qt::IntersectClip);
-        painter.setWorldTransform(transform);
+        clipToPixels(painter, {covered.left(), top, covered.width(), height});
         paint();
         painter.restore();
     }

@@ -3,6 +3,7 @@
 #include <QBrush>
 #include <QPainter>
 #include <QPainterPath>
+#include <QRect>
 #include <QRectF>
 
 #include <functional>
@@ -14,6 +15,9 @@ QRectF visibleDeviceRect(const QPainter &painter);
 
 /// Makes device pixels the coordinates of \a painter, which stays clipped as it is.
 void useDevicePixels(QPainter &painter);
+
+/// Clips \a painter to \a pixels of its device as well.
+void clipToPixels(QPainter &painter, const QRect &pixels);
 
 /// The factor from the painter's coordinates to device pixels.
 double deviceScale(const QPainter &painter);

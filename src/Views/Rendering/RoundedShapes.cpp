@@ -1,23 +1,56 @@
 #include "RoundedShapes.h"
 
+#include "DevicePixels.h"
+
+#include <QRegion>
+
 #include <algorithm>
 #include <cmath>
 
 namespace quenara {
 
+namespace {
+
+/// How far a corner reaches along the edges, for a radius of one.
+constexpr double continuousReach = 1.53;
+
+double halfOf(const QRectF &rect)
+{
+    return std::max(0.0, std::min(rect.width(), rect.height()) / 2);
+}
+
+double reachOf(const QRectF &rect, double radius)
+{
+    return std::clamp(continuousReach * radius, 0.0, halfOf(rect));
+}
+
+/// The whole pixels of the device between the upper and the lower corners.
+QRect core(const QPainter &painter, const QRectF &rect, double radius)
+{
+    const double reach = reachOf(rect, radius);
+    const QTransform &transform = painter.deviceTransform();
+    if (transform.type() > QTransform::TxScale)
+        return {};
+    const QRectF between = transform.mapRect(rect.adjusted(0, reach, 0, -reach))
+                               .intersected(visibleDeviceRect(painter));
+    return {QPoint(int(std::ceil(between.left())), int(std::ceil(between.top()))),
+            QPoint(int(std::floor(between.right())) - 1, int(std::floor(between.bottom())) - 1)};
+}
+
+} // namespace
+
 QPainterPath continuousRoundedRect(const QRectF &rect, double radius)
 {
     QPainterPath path;
-    const double half = std::min(rect.width(), rect.height()) / 2;
-    const double r = std::clamp(radius, 0.0, std::max(0.0, half));
+    const double half = halfOf(rect);
+    const double r = std::clamp(radius, 0.0, half);
     if (r == 0) {
         path.addRect(rect);
         return path;
     }
     // One cubic a corner, from reach before it to reach after it. Its handle is chosen so that the
     // middle of the curve lies on the circle's, r * (1 - sqrt(1/2)) from both edges.
-    constexpr double continuousReach = 1.53;
-    const double reach = std::min(continuousReach * r, half);
+    const double reach = reachOf(rect, r);
     const double handle = (4 * reach - 8 * r * (1 - std::sqrt(0.5))) / 3;
     const double control = reach - handle;
 
@@ -36,6 +69,30 @@ QPainterPath continuousRoundedRect(const QRectF &rect, double radius)
     path.cubicTo(left, top + control, left + control, top, left + reach, top);
     path.closeSubpath();
     return path;
+}
+
+void fillRoundedRect(QPainter &painter, const QRectF &rect, double radius, const QColor &color)
+{
+    const QPainterPath path = continuousRoundedRect(rect, radius);
+    const QRect middle = core(painter, rect, radius);
+    if (middle.isEmpty()) {
+        fillInBands(painter, path, color);
+        return;
+    }
+    painter.save();
+    useDevicePixels(painter);
+    paintInBands(painter, middle, 1, [&] { painter.fillRect(middle, color); });
+    painter.restore();
+    const QRect covered = painter.deviceTransform()
+                              .mapRect(rect)
+                              .intersected(visibleDeviceRect(painter))
+                              .toAlignedRect();
+    for (const QRect &part : QRegion(covered) - middle) {
+        painter.save();
+        clipToPixels(painter, part);
+        fillInBands(painter, path, color);
+        painter.restore();
+    }
 }
 
 } // namespace quenara

@@ -1,6 +1,5 @@
 #include "ShapeElementRenderView.h"
 
-#include "DevicePixels.h"
 #include "RoundedShapes.h"
 
 #include <algorithm>
@@ -11,11 +10,10 @@ namespace {
 
 constexpr double miterLimit = 10;
 
-QPainterPath outline(const ShapeProperties &shape, const QRectF &box)
+double radiusOf(const ShapeProperties &shape, const QRectF &box)
 {
-    if (shape.kind == ShapeKind::capsule)
-        return continuousRoundedRect(box, std::min(box.width(), box.height()) / 2);
-    return continuousRoundedRect(box, shape.cornerRadius);
+    return shape.kind == ShapeKind::capsule ? std::min(box.width(), box.height()) / 2
+                                            : shape.cornerRadius;
 }
 
 } // namespace
@@ -33,13 +31,13 @@ void ShapeElementRenderView::paint(QPainter &painter, const QRectF &box) const
         painter.fillRect(box, shape->fill.toColor());
         return;
     }
-    const QPainterPath path = outline(*shape, box);
-    fillInBands(painter, path, shape->fill.toColor());
+    const double radius = radiusOf(*shape, box);
+    fillRoundedRect(painter, box, radius, shape->fill.toColor());
     if (isStroked()) {
         QPen pen(shape->stroke->toColor(), shape->strokeWidth, Qt::SolidLine, Qt::FlatCap,
                  Qt::MiterJoin);
         pen.setMiterLimit(miterLimit);
-        painter.strokePath(path, pen);
+        painter.strokePath(continuousRoundedRect(box, radius), pen);
     }
 }
 

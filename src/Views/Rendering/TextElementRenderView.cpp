@@ -130,8 +130,7 @@ void TextElementRenderView::paint(QPainter &painter, const QRectF &box, TextBloc
         return;
     painter.save();
     if (text.backgroundFill) {
-        painter.fillPath(continuousRoundedRect(box, fillCornerRadius * scale),
-                         text.backgroundFill->toColor());
+        fillRoundedRect(painter, box, fillCornerRadius * scale, text.backgroundFill->toColor());
     }
     painter.translate(box.topLeft());
     painter.scale(scale, scale);
