@@ -2,6 +2,7 @@
 
 #include "Badge.h"
 #include "DevicePixels.h"
+#include "ElidedText.h"
 #include "RoundedShapes.h"
 #include "RundownModel.h"
 #include "SlideFonts.h"
@@ -44,9 +45,8 @@ void drawText(QPainter &painter, const QString &text, const QFont &font, const Q
 {
     painter.setFont(font);
     painter.setPen(color);
-    painter.drawText(
-        box, int(alignment | Qt::AlignVCenter) | Qt::TextSingleLine,
-        QFontMetricsF(font).elidedText(text.simplified(), Qt::ElideRight, box.width()));
+    painter.drawText(box, int(alignment | Qt::AlignVCenter) | Qt::TextSingleLine,
+                     elidedText(text, QFontMetricsF(font), Qt::ElideRight, box.width()));
 }
 
 QFont titleFont()
@@ -193,8 +193,9 @@ bool RundownRowDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
     const QFont font =
         index.data(RundownModel::isServiceItemRole).toBool() ? itemFont() : titleFont();
     const QString title = index.data(Qt::DisplayRole).toString();
-    const bool isElided = QFontMetricsF(font).horizontalAdvance(title.simplified())
-        > titleBox(rowOf(option.rect), index).width();
+    const bool isElided = elidedText(title, QFontMetricsF(font), Qt::ElideRight,
+                                     titleBox(rowOf(option.rect), index).width())
+        != title.simplified();
     if (event->type() != QEvent::ToolTip || !index.isValid() || isElided)
         return QStyledItemDelegate::helpEvent(event, view, option, index);
     QToolTip::hideText();

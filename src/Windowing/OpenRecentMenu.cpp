@@ -1,6 +1,7 @@
 #include "OpenRecentMenu.h"
 
 #include "DocumentGuard.h"
+#include "ElidedText.h"
 #include "PlainToolTip.h"
 #include "ShownPath.h"
 #include "WorkspaceStore.h"
@@ -28,11 +29,11 @@ void OpenRecentMenu::showProjects()
 {
     clear();
     for (const RecentProject &project : m_store.recentProjects()) {
-        const QFontMetrics metrics = fontMetrics();
+        const QFontMetricsF metrics(font());
         QString text =
             QStringLiteral("%1 \u2014 %2")
-                .arg(metrics.elidedText(project.name.simplified(), Qt::ElideRight, widestName),
-                     metrics.elidedText(shownPath(project.path), Qt::ElideMiddle, widestPath));
+                .arg(elidedText(project.name, metrics, Qt::ElideRight, widestName),
+                     elidedText(shownPath(project.path), metrics, Qt::ElideMiddle, widestPath));
         // An ampersand alone would mark the next letter as the item's key.
         QAction *action = addAction(text.replace(QLatin1Char('&'), QStringLiteral("&&")));
         action->setToolTip(plainToolTip(project.path));

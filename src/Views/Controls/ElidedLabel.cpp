@@ -1,5 +1,6 @@
 #include "ElidedLabel.h"
 
+#include "ElidedText.h"
 #include "PlainToolTip.h"
 
 #include <QHelpEvent>
@@ -22,15 +23,11 @@ void ElidedLabel::setElideMode(Qt::TextElideMode mode)
     update();
 }
 
-QString ElidedLabel::line() const
-{
-    return text().simplified();
-}
-
 QSize ElidedLabel::sizeHint() const
 {
-    const double width = QFontMetricsF(font()).horizontalAdvance(line());
-    return {int(std::ceil(width)), fontMetrics().height()};
+    const QFontMetricsF metrics(font());
+    const QString line = elidedText(text(), metrics, m_elideMode, QWIDGETSIZE_MAX);
+    return {int(std::ceil(metrics.horizontalAdvance(line))), fontMetrics().height()};
 }
 
 QSize ElidedLabel::minimumSizeHint() const
@@ -50,7 +47,7 @@ void ElidedLabel::paintEvent(QPaintEvent * /*event*/)
 {
     QPainter painter(this);
     painter.drawText(rect(), int(Qt::AlignLeft | Qt::AlignVCenter) | Qt::TextSingleLine,
-                     QFontMetricsF(font()).elidedText(line(), m_elideMode, width()));
+                     elidedText(text(), QFontMetricsF(font()), m_elideMode, width()));
 }
 
 } // namespace quenara

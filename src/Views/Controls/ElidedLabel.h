@@ -23,8 +23,6 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    QString line() const;
-
     Qt::TextElideMode m_elideMode = Qt::ElideRight;
 };
 
