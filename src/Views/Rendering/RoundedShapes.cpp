@@ -33,6 +33,8 @@ QRect core(const QPainter &painter, const QRectF &rect, double radius)
         return {};
     const QRectF between = transform.mapRect(rect.adjusted(0, reach, 0, -reach))
                                .intersected(visibleDeviceRect(painter));
+    if (!(between.width() >= 1 && between.height() >= 1))
+        return {}; // nor where a number is none
     return {QPoint(int(std::ceil(between.left())), int(std::ceil(between.top()))),
             QPoint(int(std::floor(between.right())) - 1, int(std::floor(between.bottom())) - 1)};
 }
