@@ -92,6 +92,45 @@ private slots:
         QVERIFY(TextBlock(properties, box).fit() < 1);
     }
 
+    void aTextWithLinesOfUnequalHeightIsAsLargeAsItCanBe_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("two scripts") << QString::fromUtf8("Sing \u6b4c\u3046 Ja \u6b4c\u3046 la");
+        QTest::newRow("three scripts") << QString::fromUtf8(
+            "\u0e01\u0e35\u0e49 \u6b4c\u3046 Sing \u0627\u0644\u062d\u0645\u062f");
+        QTest::newRow("emoji") << QString::fromUtf8("A \U0001f3b5 song \u2728 B");
+    }
+
+    void aTextWithLinesOfUnequalHeightIsAsLargeAsItCanBe()
+    {
+        QFETCH(QString, text);
+        constexpr double fontSize = 78;
+        constexpr double close = 0.5 / fontSize;
+        int shrunkCount = 0;
+        for (double width = 250; width < 600; width += 9) {
+            for (double height = 120; height < 420; height += 17) {
+                const double fit = TextBlock(sized(text, fontSize), {width, height}).fit();
+                if (fit == 1 || fit == TextBlock::smallestFit)
+                    continue;
+                ++shrunkCount;
+                double fits = TextBlock::smallestFit;
+                double tooLarge = 1;
+                while (tooLarge - fits > close) {
+                    const double middle = (fits + tooLarge) / 2;
+                    const TextBlock tried(sized(text, fontSize * middle), {width, height});
+                    (tried.fit() == 1 ? fits : tooLarge) = middle;
+                }
+                QVERIFY2(std::abs(fit - fits) <= 2 * close,
+                         qPrintable(QStringLiteral("%1 instead of %2 in %3 x %4")
+                                        .arg(fit)
+                                        .arg(fits)
+                                        .arg(width)
+                                        .arg(height)));
+            }
+        }
+        QVERIFY(shrunkCount > 50);
+    }
+
     void aTextThatFillsItsBoxToTheBrimIsNotShrunk_data()
     {
         QTest::addColumn<double>("fontSize");

@@ -343,6 +343,57 @@ private slots:
         QCOMPARE(middleOf(image), isDrawn ? grayPixel : magenta);
     }
 
+    void aGradientIsTheSameOnACanvasOfAnySize()
+    {
+        Slide slide = slideOf({});
+        slide.design.background.kind = SlideBackgroundKind::gradient;
+        slide.design.background.gradient = GradientBackground{};
+        for (const GradientDirection direction :
+             {GradientDirection::vertical, GradientDirection::horizontal,
+              GradientDirection::diagonal}) {
+            slide.design.background.gradient->direction = direction;
+            slide.design.canvasSize = {1000, 1000};
+            const QImage expected = rendered({.slide = slide}, screen);
+            for (const double side : {1e-300, 1e-9, 1.0, 1e9, 1e300}) {
+                slide.design.canvasSize = {side, side};
+                QCOMPARE(rendered({.slide = slide}, screen), expected);
+            }
+        }
+    }
+
+    void aGradientOnACanvasThatNoNumberScalesEnds()
+    {
+        Slide slide = slideOf({});
+        slide.design.background.kind = SlideBackgroundKind::gradient;
+        slide.design.background.gradient = GradientBackground{};
+        for (const GradientDirection direction : allCases<GradientDirection>()) {
+            slide.design.background.gradient->direction = direction;
+            for (const double side : {1e-320, 1e-308}) {
+                slide.design.canvasSize = {side, side};
+                QCOMPARE(rendered({.slide = slide}, screen).pixel(0, 0), magenta);
+            }
+        }
+    }
+
+    void shapesOfUnusualSizesOnUnusualCanvasesDrawAndEnd()
+    {
+        SlideElement layer = redLayer();
+        layer.shape->kind = ShapeKind::capsule;
+        for (const double side : {1e-320, 1e-300, 1e-9, 1e300}) {
+            for (const CanvasFrame &frame :
+                 {CanvasFrame{0, 0, 1e10, 1e10}, CanvasFrame{1e9, 1e18, 1e300, 7},
+                  CanvasFrame{-1e300, -1e300, 1e300, 1e300}}) {
+                for (const double rotation : {0.0, 1.0}) {
+                    layer.frame = frame;
+                    layer.rotation = rotation;
+                    Slide slide = slideOf({layer});
+                    slide.design.canvasSize = {side, 2 * side};
+                    QCOMPARE(rendered({.slide = slide}, screen).pixel(0, 0), magenta);
+                }
+            }
+        }
+    }
+
     void aCanvasThinnerThanAPixelDrawsAndEnds()
     {
         for (const CanvasSize &size :

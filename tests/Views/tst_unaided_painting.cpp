@@ -5,6 +5,7 @@
 #include "ProjectTemplates.h"
 #include "StageOutputView.h"
 
+#include <QPainter>
 #include <QSemaphore>
 #include <QThreadPool>
 
@@ -19,7 +20,8 @@ namespace {
 class BusyThreads
 {
 public:
-    BusyThreads()
+    /// Sets them free when nothing is painted after \a patience milliseconds.
+    explicit BusyThreads(int patience)
     {
         for (int i = 0; i < m_count; ++i) {
             m_pool.start([this] {
@@ -28,8 +30,7 @@ public:
             });
         }
         m_begun.acquire(m_count);
-        m_rescue = std::thread([this] {
-            constexpr int patience = 20'000; // milliseconds; nothing is painted that long
+        m_rescue = std::thread([this, patience] {
             if (!m_isPainted.tryAcquire(1, patience))
                 m_mayEnd.release(m_count);
         });
@@ -76,6 +77,19 @@ class TestUnaidedPainting : public GuiTest
     Q_OBJECT
 
 private slots:
+    /// Else the other test says nothing.
+    void theToolkitWaitsForTheseThreads()
+    {
+        QImage image(1000, 1000, QImage::Format_RGB32);
+        BusyThreads threads(200);
+        QPainter painter(&image);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setBrush(Qt::red);
+        painter.drawEllipse(image.rect());
+        painter.end();
+        QVERIFY(threads.wereWaitedFor());
+    }
+
     void noStepOfTheShowWaitsForTheThreadsOfTheToolkit()
     {
         qApp->setStyleSheet(interfaceStyleSheet(ZelvoTheme::dark()));
@@ -90,7 +104,7 @@ private slots:
         stage.show();
         QApplication::processEvents();
 
-        BusyThreads threads;
+        BusyThreads threads(20'000); // nothing is painted that long
         for (qsizetype i = 0; i < ProjectTemplates::templates().size(); ++i) {
             store.nextLive();
             QApplication::processEvents();

@@ -8,11 +8,7 @@ DeviceLayer DeviceLayer::painted(const QPainter &painter, const QRectF &bounds, 
                                  const std::function<void(QPainter &)> &paint, int reduction)
 {
     const QTransform transform = painter.deviceTransform();
-    const QMarginsF around(margin, margin, margin, margin);
-    const QRect covered = transform.mapRect(bounds)
-                              .marginsAdded(around)
-                              .intersected(visibleDeviceRect(painter).marginsAdded(around))
-                              .toAlignedRect();
+    const QRect covered = visiblePixels(painter, bounds, margin);
     if (covered.isEmpty())
         return {};
     const QSize size((covered.width() + reduction - 1) / reduction,

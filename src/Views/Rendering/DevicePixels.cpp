@@ -24,6 +24,16 @@ QRectF visibleDeviceRect(const QPainter &painter)
     return whole.intersected(painter.deviceTransform().mapRect(painter.clipBoundingRect()));
 }
 
+QRect visiblePixels(const QPainter &painter, const QRectF &bounds, int margin)
+{
+    const QMarginsF around(margin, margin, margin, margin);
+    const QRectF mapped = painter.deviceTransform().mapRect(bounds).marginsAdded(around);
+    if (std::isnan(mapped.left() + mapped.right() + mapped.top() + mapped.bottom()))
+        return {};
+    const QRectF seen = mapped.intersected(visibleDeviceRect(painter).marginsAdded(around));
+    return seen.isEmpty() ? QRect() : seen.toAlignedRect();
+}
+
 void useDevicePixels(QPainter &painter)
 {
     // Without coordinates of its own, so that the inverse is exact and pixels stay where they are.
@@ -48,10 +58,7 @@ void paintInBands(QPainter &painter, const QRectF &bounds, int runs,
                   const std::function<void()> &paint)
 {
     const int height = std::max(1, runMaximum / runs);
-    const QRect covered = painter.deviceTransform()
-                              .mapRect(bounds)
-                              .intersected(visibleDeviceRect(painter))
-                              .toAlignedRect();
+    const QRect covered = visiblePixels(painter, bounds);
     if (covered.isEmpty())
         return;
     if (covered.height() <= height) {
@@ -68,7 +75,7 @@ void paintInBands(QPainter &painter, const QRectF &bounds, int runs,
 
 void fillInBands(QPainter &painter, const QPainterPath &path, const QBrush &brush)
 {
-    constexpr int runs = 4; // the pixels of both edges, and all between them; more at corners
+    constexpr int runs = 4; // the pixels of both edges, what lies between, and one for corners
     paintInBands(painter, path.boundingRect(), runs, [&] { painter.fillPath(path, brush); });
 }
 

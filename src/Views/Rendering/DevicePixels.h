@@ -13,6 +13,10 @@ namespace quenara {
 /// What of its device \a painter can paint, in device pixels.
 QRectF visibleDeviceRect(const QPainter &painter);
 
+/// The device pixels that \a painter can paint of \a bounds, its coordinates, with \a margin of
+/// them around. Empty where there are none, and for what is no number.
+QRect visiblePixels(const QPainter &painter, const QRectF &bounds, int margin = 0);
+
 /// Makes device pixels the coordinates of \a painter, which stays clipped as it is.
 void useDevicePixels(QPainter &painter);
 

@@ -19,6 +19,9 @@ namespace {
 /// That are prepared at once, and leave the cache only to be painted.
 constexpr int bandPixels = 16'384;
 
+/// Pixels; of a slide that is larger only one colour is seen.
+constexpr double largestSide = 1'000'000;
+
 /// Width over height below which a slide's diagonal is as good as upright.
 constexpr double narrowest = 1.0 / 16;
 
@@ -137,11 +140,18 @@ PaintRow rowsOf(const GradientFill &fill, const QSize &size, double scale)
 
 void GradientFill::paint(QPainter &painter, const QRectF &slide) const
 {
-    const QTransform toDevice = painter.deviceTransform();
-    const QRect area = toDevice.mapRect(slide).toAlignedRect();
-    const QRect visible = area.intersected(visibleDeviceRect(painter).toAlignedRect());
+    const QRect visible = visiblePixels(painter, slide);
     if (visible.isEmpty())
         return;
+    const QRectF whole = painter.deviceTransform().mapRect(slide);
+    if (!(whole.width() < largestSide && whole.height() < largestSide)) {
+        painter.save();
+        useDevicePixels(painter);
+        painter.fillRect(visible, start);
+        painter.restore();
+        return;
+    }
+    const QRect area = whole.toAlignedRect();
     const PaintRow paintRow = rowsOf(*this, area.size(), deviceScale(painter));
     const int bandHeight = std::clamp(bandPixels / area.width(), 1, visible.height());
     const bool isOpaque = start.alphaF() >= 1 && end.alphaF() >= 1;

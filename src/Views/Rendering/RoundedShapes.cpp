@@ -31,12 +31,14 @@ QRect core(const QPainter &painter, const QRectF &rect, double radius)
     const QTransform &transform = painter.deviceTransform();
     if (transform.type() > QTransform::TxScale)
         return {};
-    const QRectF between = transform.mapRect(rect.adjusted(0, reach, 0, -reach))
-                               .intersected(visibleDeviceRect(painter));
-    if (!(between.width() >= 1 && between.height() >= 1))
-        return {}; // nor where a number is none
-    return {QPoint(int(std::ceil(between.left())), int(std::ceil(between.top()))),
-            QPoint(int(std::floor(between.right())) - 1, int(std::floor(between.bottom())) - 1)};
+    // Whole ones; those that the edges lie in are not.
+    const QRectF between = rect.adjusted(0, reach, 0, -reach);
+    const QRect touched = visiblePixels(painter, between);
+    const QRectF mapped = transform.mapRect(between);
+    return touched.adjusted(mapped.left() > touched.left() ? 1 : 0,
+                            mapped.top() > touched.top() ? 1 : 0,
+                            mapped.right() < touched.right() + 1 ? -1 : 0,
+                            mapped.bottom() < touched.bottom() + 1 ? -1 : 0);
 }
 
 } // namespace
@@ -85,11 +87,7 @@ void fillRoundedRect(QPainter &painter, const QRectF &rect, double radius, const
     useDevicePixels(painter);
     paintInBands(painter, middle, 1, [&] { painter.fillRect(middle, color); });
     painter.restore();
-    const QRect covered = painter.deviceTransform()
-                              .mapRect(rect)
-                              .intersected(visibleDeviceRect(painter))
-                              .toAlignedRect();
-    for (const QRect &part : QRegion(covered) - middle) {
+    for (const QRect &part : QRegion(visiblePixels(painter, rect)) - middle) {
         painter.save();
         clipToPixels(painter, part);
         fillInBands(painter, path, color);

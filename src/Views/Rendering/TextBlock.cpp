@@ -148,14 +148,15 @@ bool TextBlock::doesFit() const
 
 /// Whether the text fits if it is shrunk by \a fit, as far as its \a lines tell, which it has at a
 /// smaller one: as long as they are not too wide they break alike, and in larger letters there are
-/// never fewer.
-std::optional<bool> TextBlock::wouldFit(double fit, const QSizeF &lines) const
+/// never fewer, which are all as high if the text \a isOfOneFace.
+std::optional<bool> TextBlock::wouldFit(double fit, const QSizeF &lines, bool isOfOneFace) const
 {
     constexpr double rounding = 1; // of the layout's units, inside the font engine
-    if (lines.height() * unitAt(fit) > m_box.height())
-        return false;
+    const bool isLow = lines.height() * unitAt(fit) <= m_box.height();
     if (m_text.characterSpacing == 0 && (lines.width() + rounding) * unitAt(fit) < m_box.width())
-        return true;
+        return isLow;
+    if (isOfOneFace && !isLow)
+        return false;
     return std::nullopt;
 }
 
@@ -165,10 +166,14 @@ void TextBlock::shrink()
     double fits = m_limits.smallestFit;
     double tooLarge = 1;
     QSizeF lines = m_bounds.size() / unit();
+    const QList<QGlyphRun> runs = m_layout->glyphRuns();
+    const bool isOfOneFace = std::all_of(runs.begin(), runs.end(), [&](const QGlyphRun &run) {
+        return run.rawFont() == runs.constFirst().rawFont();
+    });
     const double closeEnough = std::max(finestFit, fitTolerance / m_text.fontSize);
     while (tooLarge - fits > closeEnough) {
         const double middle = (fits + tooLarge) / 2;
-        std::optional<bool> isFit = wouldFit(middle, lines);
+        std::optional<bool> isFit = wouldFit(middle, lines, isOfOneFace);
         if (!isFit) {
             layOut(middle);
             isFit = doesFit();

@@ -74,7 +74,7 @@ private:
     void layOut(double fit);
     bool doesFit() const;
     double unitAt(double fit) const;
-    std::optional<bool> wouldFit(double fit, const QSizeF &lines) const;
+    std::optional<bool> wouldFit(double fit, const QSizeF &lines, bool isOfOneFace) const;
     void shrink();
     void truncate();
     void gatherGlyphs();
