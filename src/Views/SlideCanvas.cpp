@@ -110,8 +110,9 @@ void SlideCanvas::showStore()
         m_slide = slide;
         m_selectedElementID = selected;
         if (slideRect() == place) {
-            // One rectangle, which is painted without regard to its shape.
-            update(place.toAlignedRect() | marks | marksRect());
+            // One rectangle, which is painted without regard to its shape. A canvas that begins
+            // within a device pixel reaches one further than its points tell.
+            update(place.toAlignedRect().adjusted(-1, -1, 1, 1) | marks | marksRect());
         } else {
             m_surroundings = {};
             update();
