@@ -84,7 +84,7 @@ private slots:
         BusyThreads threads(200);
         QPainter painter(&image);
         painter.setRenderHint(QPainter::Antialiasing);
-        painter.setBrush(Qt::red);
+        painter.setBrush(QColor(255, 0, 0, 128));
         painter.drawEllipse(image.rect());
         painter.end();
         QVERIFY(threads.wereWaitedFor());
