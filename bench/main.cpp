@@ -1,9 +1,9 @@
 #include "CanvasBenchmarks.h"
 #include "EditingBenchmarks.h"
 #include "FileBenchmarks.h"
+#include "Fonts.h"
 #include "InterfaceStyle.h"
 #include "RenderingBenchmarks.h"
-#include "SlideFonts.h"
 #include "StageBenchmarks.h"
 #include "WorkplaceBenchmarks.h"
 

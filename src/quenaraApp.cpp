@@ -1,6 +1,6 @@
 #include "QuenaraApp.h"
 
-#include "SlideFonts.h"
+#include "Fonts.h"
 
 #include <QApplication>
 #include <QIcon>

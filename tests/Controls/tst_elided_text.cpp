@@ -1,6 +1,6 @@
 #include "ElidedText.h"
+#include "Fonts.h"
 #include "GuiTestSupport.h"
-#include "SlideFonts.h"
 
 using namespace quenara;
 using namespace quenara::test;

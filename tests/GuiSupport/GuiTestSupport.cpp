@@ -1,6 +1,6 @@
 #include "GuiTestSupport.h"
 
-#include "SlideFonts.h"
+#include "Fonts.h"
 
 #include <QBuffer>
 #include <QRegularExpression>

@@ -1,9 +1,9 @@
 // paint_golden SHEET [FOLDER]: lays everything that the renderer shows out on one picture, to be
 // looked at. With a folder, leaves the golden pictures in it.
 
+#include "Fonts.h"
 #include "GoldenSlides.h"
 #include "GuiTestSupport.h"
-#include "SlideFonts.h"
 
 #include <QDir>
 

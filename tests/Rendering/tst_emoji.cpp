@@ -1,4 +1,4 @@
-#include "SlideFonts.h"
+#include "Fonts.h"
 #include "TextBlock.h"
 #include "TextPictures.h"
 

@@ -2,9 +2,9 @@
 // of the slide at a 0-based place of the show, or of no slide when the place is -1. The end-to-end
 // tests compare screens with it.
 
+#include "Fonts.h"
 #include "ProjectFileService.h"
 #include "Show.h"
-#include "SlideFonts.h"
 #include "SlideRendererView.h"
 
 #include <QGuiApplication>

@@ -1,7 +1,7 @@
 #include "Badge.h"
 
+#include "Fonts.h"
 #include "RoundedShapes.h"
-#include "SlideFonts.h"
 
 #include <QFontMetricsF>
 

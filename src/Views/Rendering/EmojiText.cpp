@@ -1,6 +1,6 @@
 #include "EmojiText.h"
 
-#include "SlideFonts.h"
+#include "Fonts.h"
 
 #include <algorithm>
 #include <array>

@@ -2,8 +2,8 @@
 
 #include "DashedOutline.h"
 #include "DevicePixels.h"
+#include "Fonts.h"
 #include "PictureCache.h"
-#include "SlideFonts.h"
 
 #include <algorithm>
 

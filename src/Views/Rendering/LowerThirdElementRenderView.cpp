@@ -1,6 +1,6 @@
 #include "LowerThirdElementRenderView.h"
 
-#include "SlideFonts.h"
+#include "Fonts.h"
 #include "TextBlock.h"
 
 namespace quenara {

@@ -1,11 +1,11 @@
 #include "SlideBackgroundRenderView.h"
 
 #include "DevicePixels.h"
+#include "Fonts.h"
 #include "GaussianBlur.h"
 #include "GradientFill.h"
 #include "ImageElementRenderView.h"
 #include "PictureCache.h"
-#include "SlideFonts.h"
 
 #include <algorithm>
 

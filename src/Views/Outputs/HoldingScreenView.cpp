@@ -1,6 +1,6 @@
 #include "HoldingScreenView.h"
 
-#include "SlideFonts.h"
+#include "Fonts.h"
 #include "ZelvoTheme.h"
 
 #include <QFontMetricsF>

@@ -1,5 +1,6 @@
 #include "FittedText.h"
 
+#include "Fonts.h"
 #include "SlideFonts.h"
 
 #include <QFontMetricsF>

@@ -1,9 +1,9 @@
 #include "DisplayOutputView.h"
+#include "Fonts.h"
 #include "GuiTestSupport.h"
 #include "InterfaceStyle.h"
 #include "PictureCache.h"
 #include "ProjectTemplates.h"
-#include "SlideFonts.h"
 #include "TestSupport.h"
 
 using namespace quenara;

@@ -1,0 +1,56 @@
+#include "Fonts.h"
+
+#include <QDir>
+#include <QFontDatabase>
+#include <QSet>
+
+#include <cmath>
+
+namespace quenara {
+
+bool isFamilyInstalled(const QString &family)
+{
+    // Asked for one by one, the platform takes its time and names families that are merely alike.
+    static const QSet<QString> families = [] {
+        QSet<QString> folded;
+        for (const QString &name : QFontDatabase::families())
+            folded.insert(name.toCaseFolded());
+        return folded;
+    }();
+    return families.contains(family.toCaseFolded());
+}
+
+int loadBundledFonts()
+{
+    int faces = 0;
+    const QDir fonts(QStringLiteral(":/fonts"));
+    for (const QString &name : fonts.entryList(QDir::Files))
+        faces += QFontDatabase::addApplicationFont(fonts.filePath(name)) >= 0 ? 1 : 0;
+    return faces;
+}
+
+QString systemFontFamily()
+{
+    return QStringLiteral("Inter");
+}
+
+QString emojiFontFamily()
+{
+    for (const char16_t *family : {u"Noto Color Emoji", u"Apple Color Emoji", u"Segoe UI Emoji"}) {
+        const QString name = QString::fromUtf16(family);
+        if (isFamilyInstalled(name))
+            return name;
+    }
+    return {};
+}
+
+QFont systemFont(double pixelSize, QFont::Weight weight)
+{
+    QFont font(systemFontFamily());
+    font.setPixelSize(int(std::lround(pixelSize)));
+    font.setWeight(weight);
+    font.setHintingPreference(QFont::PreferNoHinting);
+    return font;
+}
+
+} // namespace quenara
