@@ -13,14 +13,11 @@ struct Shown
     QWidget window;
     Control &control;
 
-    explicit Shown(Control *owned) : control(*owned)
+    explicit Shown(Control *owned, const Caller &caller = Caller::current()) : control(*owned)
     {
         owned->setParent(&window);
         owned->resize(owned->sizeHint());
-        window.show();
-        window.activateWindow();
-        if (!QTest::qWaitForWindowActive(&window))
-            qFatal("the window does not become active");
+        showActive(window, caller);
     }
 };
 

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "SlideRendererView.h"
+#include "TestFailure.h"
+#include "Widgets.h"
 
 #include <QApplication>
 #include <QImage>
@@ -20,17 +22,6 @@ private slots:
 
 /// Gives the application the program's fonts and style.
 void setUpApplication();
-
-/// The first part of \a parent with that accessible name, which must be there.
-template<class Widget>
-Widget &named(const QWidget &parent, const QString &name)
-{
-    for (Widget *candidate : parent.findChildren<Widget *>()) {
-        if (candidate->accessibleName() == name)
-            return *candidate;
-    }
-    qFatal("there is no \"%s\"", qPrintable(name));
-}
 
 /// What the view paints on magenta, which shows wherever it paints nothing.
 QImage rendered(const SlideRendererView &view, const QSize &size, double devicePixelRatio = 1);
@@ -64,6 +55,6 @@ SlideMedia solidPicture(const QSize &size, const QColor &color);
     {                                                                                              \
         QApplication application(argc, argv);                                                      \
         quenara::test::setUpApplication();                                                         \
-        TestClass test;                                                                            \
+        quenara::test::EndingAlone<TestClass> test;                                                \
         return QTest::qExec(&test, argc, argv);                                                    \
     }

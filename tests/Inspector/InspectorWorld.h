@@ -2,7 +2,6 @@
 
 #include "GuiTestSupport.h"
 #include "InspectorView.h"
-#include "SymbolButton.h"
 #include "TestSupport.h"
 
 #include <QColorDialog>
@@ -10,31 +9,23 @@
 namespace quenara::test {
 
 /// An inspector on a world of its own, shown as high as all of its rows.
-struct InspectorWorld
+struct InspectorWorld : World
 {
-    World world;
-    WorkspaceStore &store = world.store;
     InspectorView view{store};
 
-    explicit InspectorWorld(const ZelvoProject &project) : world(project)
+    explicit InspectorWorld(const ZelvoProject &project, const Caller &caller = Caller::current())
+        : World(project)
     {
         view.resize(view.width(), 1100);
-        view.show();
-        view.activateWindow();
-        if (!QTest::qWaitForWindowActive(&view))
-            qFatal("the view does not become active");
+        showActive(view, caller);
         view.setFocus();
     }
 
     /// The control of that accessible name.
     template<class Control = QWidget>
-    Control &control(const QString &name) const
+    Control &control(const QString &name, const Caller &caller = Caller::current()) const
     {
-        for (Control *candidate : view.findChildren<Control *>()) {
-            if (candidate->accessibleName() == name)
-                return *candidate;
-        }
-        qFatal("there is no control \"%s\"", qPrintable(name));
+        return named<Control>(view, name, caller);
     }
 
     /// The dialog that stands on a colour well, if one does.
@@ -47,13 +38,10 @@ struct InspectorWorld
         return nullptr;
     }
 
-    void press(const QString &name) const
+    void press(const QString &name, const Caller &caller = Caller::current()) const
     {
-        QTest::mouseClick(&control<SymbolButton>(name), Qt::LeftButton);
+        test::press(view, name, 0, caller);
     }
-
-    Slide slide() const { return *store.slideWithID(store.selectedSlideID()); }
-    qsizetype undoSteps() const { return store.undoStore().undoStack().size(); }
 };
 
 } // namespace quenara::test

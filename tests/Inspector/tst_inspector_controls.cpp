@@ -5,6 +5,7 @@
 #include "Slider.h"
 #include "Stepper.h"
 #include "Switch.h"
+#include "SymbolButton.h"
 #include "SymbolPicker.h"
 #include "TextField.h"
 
@@ -63,7 +64,7 @@ void clickButton(QWidget &control, qsizetype position)
 }
 
 /// What a control of any kind shows, as a text.
-QString shownBy(const QWidget &control)
+QString shownBy(const QWidget &control, const Caller &caller)
 {
     if (const auto *field = qobject_cast<const QLineEdit *>(&control))
         return field->text();
@@ -79,7 +80,7 @@ QString shownBy(const QWidget &control)
         return symbols->value();
     if (const auto *well = qobject_cast<const ColorWell *>(&control))
         return well->color() ? well->color()->toColor().name(QColor::HexArgb) : QString();
-    qFatal("no known control");
+    fail(u"no known control"_s, caller);
 }
 
 /// A control, what is done to it and what that makes of the selected slide and layer.
@@ -226,14 +227,17 @@ struct Inspected : InspectorWorld
     Row row;
     QWidget &target;
 
-    explicit Inspected(const Row &tested)
-        : InspectorWorld(variedShow()), row(tested),
-          target(control(QString::fromLatin1(tested.name)))
+    explicit Inspected(const Row &tested, const Caller &caller = Caller::current())
+        : InspectorWorld(variedShow(), caller), row(tested),
+          target(control(QString::fromLatin1(tested.name), caller))
     {
         store.selectElement(row.about == Row::About::shape ? u"A1.line"_s : u"A1.lyric"_s);
     }
 
-    QString shown() const { return shownBy(target); }
+    QString shown(const Caller &caller = Caller::current()) const
+    {
+        return shownBy(target, caller);
+    }
 
     /// What the row says is made of the selection.
     ZelvoProject changed() const

@@ -8,6 +8,7 @@
 #include "Slider.h"
 #include "Stepper.h"
 #include "Switch.h"
+#include "SymbolButton.h"
 #include "TextField.h"
 
 #include <QLabel>
@@ -26,7 +27,10 @@ namespace {
 /// A show of two slides, with the first one's text selected.
 struct Inspector : InspectorWorld
 {
-    explicit Inspector(const ZelvoProject &project = showOf({2})) : InspectorWorld(project) {}
+    explicit Inspector(const ZelvoProject &project = showOf({2}),
+                       const Caller &caller = Caller::current())
+        : InspectorWorld(project, caller)
+    {}
 
     /// The first slide in the design of a template.
     static ZelvoProject showBy(const QString &templateID)
@@ -75,13 +79,13 @@ struct Inspector : InspectorWorld
         });
     }
 
-    int topOf(const QString &label) const
+    int topOf(const QString &label, const Caller &caller = Caller::current()) const
     {
         for (const QLabel *candidate : view.findChildren<QLabel *>()) {
             if (candidate->text() == label)
                 return candidate->mapTo(&view, QPoint()).y();
         }
-        qFatal("there is no label \"%s\"", qPrintable(label));
+        fail(u"there is no label \"%1\""_s.arg(label), caller);
     }
 };
 
@@ -382,9 +386,9 @@ private slots:
     {
         Inspector inspector;
         inspector.press(u"Choose Image..."_s);
-        QCOMPARE(inspector.world.panels.asked.size(), 1);
+        QCOMPARE(inspector.panels.asked.size(), 1);
         QCOMPARE(inspector.undoSteps(), 0);
-        inspector.world.panels.answer = inspector.world.written(
+        inspector.panels.answer = inspector.written(
             u"red.png"_s,
             QByteArray::fromBase64(solidPicture({4, 4}, Qt::red).dataUrl.split(',').at(1)));
         inspector.press(u"Choose Image..."_s);
@@ -416,7 +420,7 @@ private slots:
         Inspector inspector;
         inspector.store.newBlankProject();
         inspector.press(u"Choose Image..."_s);
-        QVERIFY(inspector.world.panels.asked.isEmpty());
+        QVERIFY(inspector.panels.asked.isEmpty());
     }
 
     void theShadowIsSwitchedOnAsTheSoftOne()
@@ -448,7 +452,7 @@ private slots:
 
     void whatIsTypedFromEnteringAFieldToLeavingItIsOneUndoStep()
     {
-        const Inspector inspector;
+        Inspector inspector;
         inspector.type(u"Name"_s, u"First"_s);
         inspector.type(u"Name"_s, u"Second"_s);
         QCOMPARE(inspector.undoSteps(), 2);
@@ -477,7 +481,7 @@ private slots:
 
     void anEditBetweenPartsTheTyping()
     {
-        const Inspector inspector;
+        Inspector inspector;
         inspector.startTyping(u"Name"_s, u"abc"_s);
         inspector.control<Switch>(u"Locked"_s).click();
         QTest::keyClicks(&inspector.field(u"Name"_s), u"d"_s);
@@ -513,7 +517,7 @@ private slots:
 
     void aPullIsOneUndoStep()
     {
-        const Inspector inspector;
+        Inspector inspector;
         auto &slider = inspector.control<Slider>(u"Opacity"_s);
         const int middle = slider.height() / 2;
         const double before = inspector.layer().opacity;

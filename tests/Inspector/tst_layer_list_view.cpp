@@ -2,6 +2,7 @@
 #include "InspectorWorld.h"
 #include "LayerListView.h"
 #include "LayerRow.h"
+#include "SymbolButton.h"
 
 using namespace quenara;
 using namespace quenara::test;
@@ -32,7 +33,10 @@ ZelvoProject threeLayers()
 
 struct LayerList : InspectorWorld
 {
-    explicit LayerList(const ZelvoProject &project = threeLayers()) : InspectorWorld(project) {}
+    explicit LayerList(const ZelvoProject &project = threeLayers(),
+                       const Caller &caller = Caller::current())
+        : InspectorWorld(project, caller)
+    {}
 
     /// From the top of the list.
     QList<LayerRow *> rows() const
@@ -67,18 +71,18 @@ struct LayerList : InspectorWorld
         return ids;
     }
 
-    LayerRow &row(const QString &id) const { return *rows().at(ids().indexOf(id)); }
-
-    void pressOn(const QString &id, const QString &button) const
+    LayerRow &row(const QString &id, const Caller &caller = Caller::current()) const
     {
-        QTest::mouseClick(&named<SymbolButton>(row(id), button), Qt::LeftButton);
+        const qsizetype position = ids().indexOf(id);
+        if (position < 0)
+            fail(u"there is no row of \"%1\""_s.arg(id), caller);
+        return *rows().at(position);
     }
 
-    SlideElement layer(const QString &id) const
+    void pressOn(const QString &id, const QString &button,
+                 const Caller &caller = Caller::current()) const
     {
-        const QList<SlideElement> layers = slide().design.elements;
-        return *std::find_if(layers.begin(), layers.end(),
-                             [&](const SlideElement &layer) { return layer.id == id; });
+        test::press(row(id, caller), button, 0, caller);
     }
 };
 

@@ -38,10 +38,7 @@ private slots:
     {
         const PreferencesView view;
         QCOMPARE(view.size(), QSize(430, 230));
-        QStringList texts;
-        for (const QLabel *label : view.findChildren<QLabel *>())
-            texts.append(label->text());
-        QCOMPARE(texts,
+        QCOMPARE(labelTexts(view),
                  (QStringList{u"Quenara Settings"_s, u"Appearance"_s,
                               u"Stage window chrome follows this preference. Slide output keeps "
                               "the slide design colors exactly."_s}));
@@ -108,9 +105,7 @@ private slots:
     void altAndTheFirstLetterChooseToo()
     {
         PreferencesView view;
-        view.show();
-        view.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&view));
+        showActive(view);
         const QSignalSpy chosen(&view, &PreferencesView::appAppearanceChosen);
         QTest::keyClick(view.windowHandle(), Qt::Key_D, Qt::AltModifier);
         QTRY_COMPARE(chosen.size(), 1);

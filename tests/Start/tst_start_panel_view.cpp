@@ -21,15 +21,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QPushButton *button(const StartPanelView &panel, const QString &name)
-{
-    for (auto *candidate : panel.findChildren<QPushButton *>()) {
-        if (candidate->text() == name || candidate->accessibleName() == name)
-            return candidate;
-    }
-    qFatal("no button %s", qPrintable(name));
-}
-
 bool always()
 {
     return true;
@@ -38,10 +29,7 @@ bool always()
 /// The texts of the column of recent projects, from the top.
 QStringList recentTexts(const StartPanelView &panel)
 {
-    QStringList texts;
-    for (const QLabel *label : panel.findChild<QScrollArea *>()->widget()->findChildren<QLabel *>())
-        texts.append(label->text());
-    return texts;
+    return labelTexts(*panel.findChild<QScrollArea *>()->widget());
 }
 
 /// Leaves projects of these names in files of these names as the recent ones, the last in front.
@@ -63,12 +51,6 @@ int pixelsOf(const QColor &color, const QImage &image)
             count += image.pixelColor(x, y) == color;
     }
     return count;
-}
-
-void show(const ZelvoTheme &theme)
-{
-    QApplication::setPalette(interfacePalette(theme));
-    qApp->setStyleSheet(interfaceStyleSheet(theme));
 }
 
 } // namespace
@@ -97,7 +79,7 @@ private slots:
         World world(ZelvoProject{});
         StartPanelView panel(world.store, always, nullptr);
         panel.show();
-        QTest::mouseClick(button(panel, title), Qt::LeftButton);
+        press(panel, title);
         QCOMPARE(world.store.project().name, projectName);
         QVERIFY(!world.store.currentFileURL());
         QVERIFY(!panel.isVisible());
@@ -122,7 +104,7 @@ private slots:
         StartPanelView panel(store, always, nullptr);
         observer.panel = &panel;
         panel.show();
-        QTest::mouseClick(button(panel, QStringLiteral("Open File...")), Qt::LeftButton);
+        press(panel, QStringLiteral("Open File..."));
         QVERIFY(!observer.sawThePanel);
     }
 
@@ -131,7 +113,7 @@ private slots:
         World world;
         StartPanelView panel(world.store, always, nullptr);
         panel.show();
-        QTest::mouseClick(button(panel, QStringLiteral("Open File...")), Qt::LeftButton);
+        press(panel, QStringLiteral("Open File..."));
         QCOMPARE(world.panels.asked.size(), 1);
         QVERIFY(!panel.isVisible());
         QCOMPARE(world.store.project().name, QStringLiteral("Quenara Demo Service"));
@@ -168,11 +150,8 @@ private slots:
         World world;
         const StartPanelView panel(world.store, always, nullptr);
         QCOMPARE(panel.size(), QSize(700, 430));
-        QStringList texts;
-        for (const QLabel *label : panel.findChildren<QLabel *>())
-            texts.append(label->text());
         QCOMPARE(
-            texts,
+            labelTexts(panel),
             (QStringList{u"Quenara"_s, u"Projects"_s, u"Recent"_s, u"No recent projects yet."_s}));
     }
 
@@ -201,29 +180,28 @@ private slots:
         panel.show();
         saveAll(world, {u"Easter"_s});
         QTRY_COMPARE(recentTexts(panel).constFirst(), u"Easter"_s);
-        QTest::mouseClick(button(panel, u"Easter"_s), Qt::LeftButton);
+        press(panel, u"Easter"_s);
         QVERIFY(!panel.isVisible());
         QCOMPARE(world.store.currentFileURL(), world.fileUrl(u"Easter.quenara"_s));
     }
 
     void aRecentProjectWithoutItsFileIsFainterAndSaysSo()
     {
-        show(ZelvoTheme::dark());
+        showIn(ZelvoTheme::dark());
         World world;
         saveAll(world, {u"Gone"_s, u"There"_s});
         QVERIFY(QFile::remove(world.fileUrl(u"Gone.quenara"_s).toLocalFile()));
         StartPanelView panel(world.store, always, nullptr);
         panel.show();
-        const QPushButton *gone = button(panel, u"Gone"_s);
-        const QPushButton *there = button(panel, u"There"_s);
-        for (const QLabel *label : gone->findChildren<QLabel *>())
+        const auto &gone = named<QPushButton>(panel, u"Gone"_s);
+        const auto &there = named<QPushButton>(panel, u"There"_s);
+        for (const QLabel *label : gone.findChildren<QLabel *>())
             QCOMPARE(label->palette().color(QPalette::WindowText), ZelvoTheme::dark().mutedText);
-        QCOMPARE(
-            there->findChildren<QLabel *>().constFirst()->palette().color(QPalette::WindowText),
-            ZelvoTheme::dark().primaryText);
-        QVERIFY(gone->isEnabled());
-        QVERIFY(gone->accessibleDescription().endsWith(u"file not found"_s));
-        QVERIFY(!there->accessibleDescription().contains(u"not found"_s));
+        QCOMPARE(there.findChildren<QLabel *>().constFirst()->palette().color(QPalette::WindowText),
+                 ZelvoTheme::dark().primaryText);
+        QVERIFY(gone.isEnabled());
+        QVERIFY(gone.accessibleDescription().endsWith(u"file not found"_s));
+        QVERIFY(!there.accessibleDescription().contains(u"not found"_s));
     }
 
     void longTextsStayInsideTheirRow()
@@ -232,9 +210,9 @@ private slots:
         saveAll(world, {QString(120, u'w')});
         StartPanelView panel(world.store, always, nullptr);
         panel.show();
-        const QPushButton *row = button(panel, QString(120, u'w'));
-        for (const auto *label : row->findChildren<ElidedLabel *>()) {
-            QVERIFY(row->rect().contains(label->geometry()));
+        const auto &row = named<QPushButton>(panel, QString(120, u'w'));
+        for (const auto *label : row.findChildren<ElidedLabel *>()) {
+            QVERIFY(row.rect().contains(label->geometry()));
             QVERIFY(label->sizeHint().width() > label->width());
         }
     }
@@ -248,7 +226,7 @@ private slots:
         world.store.saveProjectAs();
         StartPanelView panel(world.store, always, nullptr);
         panel.show();
-        const auto labels = button(panel, longName)->findChildren<ElidedLabel *>();
+        const auto labels = named<QPushButton>(panel, longName).findChildren<ElidedLabel *>();
         for (ElidedLabel *label : labels) {
             QHelpEvent help(QEvent::ToolTip, label->rect().center(),
                             label->mapToGlobal(label->rect().center()));
@@ -271,9 +249,7 @@ private slots:
             names.append(u"Service %1"_s.arg(i));
         saveAll(world, names);
         StartPanelView panel(world.store, always, nullptr);
-        panel.show();
-        panel.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&panel));
+        showActive(panel);
         const auto *scroll = panel.findChild<QScrollArea *>();
         QCOMPARE(scroll->verticalScrollBar()->value(), 0);
         QVERIFY(scroll->verticalScrollBar()->maximum() > 0);
@@ -301,9 +277,7 @@ private slots:
         QFETCH(Qt::Key, key);
         World world;
         StartPanelView panel(world.store, always, nullptr);
-        panel.show();
-        panel.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&panel));
+        showActive(panel);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         QTest::keyClick(QApplication::focusWidget(), key);
         QCOMPARE(world.store.project().name, u"Sunday Service"_s);
@@ -326,13 +300,13 @@ private slots:
         World world;
         StartPanelView panel(world.store, always, nullptr);
         panel.show();
-        const QPushButton *start = button(panel, u"Open Demo Service"_s);
+        const auto &start = named<QPushButton>(panel, u"Open Demo Service"_s);
         const QRect symbol(14, 13, 18, 18);
         for (const ZelvoTheme *theme :
              {&ZelvoTheme::dark(), &ZelvoTheme::light(), &ZelvoTheme::dark()}) {
-            show(*theme);
+            showIn(*theme);
             const QImage image =
-                panel.grab(QRect(start->mapTo(&panel, symbol.topLeft()), symbol.size())).toImage();
+                panel.grab(QRect(start.mapTo(&panel, symbol.topLeft()), symbol.size())).toImage();
             QVERIFY(pixelsOf(theme->accent, image) > 10);
             QCOMPARE(panel.grab().toImage().pixelColor(2, 2), theme->appBackground);
         }
@@ -364,14 +338,14 @@ private slots:
         {
             StartPanelView panel(world.store, always, nullptr);
             panel.show();
-            QTest::mouseClick(button(panel, QStringLiteral("Easter")), Qt::LeftButton);
+            press(panel, QStringLiteral("Easter"));
             QCOMPARE(world.store.project().name, QStringLiteral("Easter"));
             QVERIFY(!panel.isVisible());
         }
         QVERIFY(QFile::remove(url.toLocalFile()));
         StartPanelView panel(world.store, always, nullptr);
         panel.show();
-        QTest::mouseClick(button(panel, QStringLiteral("Easter")), Qt::LeftButton);
+        press(panel, QStringLiteral("Easter"));
         QVERIFY(!panel.isVisible());
         QCOMPARE(world.store.errorMessage(), QStringLiteral("Quenara could not read that file."));
     }

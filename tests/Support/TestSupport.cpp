@@ -4,6 +4,8 @@
 
 #include <QFile>
 
+#include <algorithm>
+
 namespace quenara::test {
 
 std::optional<QUrl> PreparedPanels::run(const FilePanel &panel)
@@ -68,12 +70,30 @@ QUrl World::fileUrl(const QString &name) const
     return QUrl::fromLocalFile(folder.filePath(name));
 }
 
-QUrl World::written(const QString &name, const QByteArray &bytes) const
+QUrl World::written(const QString &name, const QByteArray &bytes, const Caller &caller) const
 {
     QFile file(folder.filePath(name));
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        qFatal("cannot write %s", qPrintable(file.fileName()));
+        fail(QStringLiteral("cannot write ") + file.fileName(), caller);
     return fileUrl(name);
+}
+
+Slide World::slide(const Caller &caller) const
+{
+    const auto slide = store.slideWithID(store.selectedSlideID());
+    if (!slide)
+        fail(QStringLiteral("no slide is selected"), caller);
+    return *slide;
+}
+
+SlideElement World::layer(const QString &id, const Caller &caller) const
+{
+    const QList<SlideElement> layers = slide(caller).design.elements;
+    const auto found = std::find_if(layers.begin(), layers.end(),
+                                    [&](const SlideElement &layer) { return layer.id == id; });
+    if (found == layers.end())
+        fail(QStringLiteral("there is no layer \"%1\"").arg(id), caller);
+    return *found;
 }
 
 Snapshot snapshotOf(const WorkspaceStore &store)

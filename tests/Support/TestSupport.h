@@ -1,6 +1,7 @@
 #pragma once
 
 #include "FilePanels.h"
+#include "TestFailure.h"
 #include "WorkspaceStore.h"
 
 #include <QList>
@@ -54,7 +55,14 @@ struct World
 
     QUrl fileUrl(const QString &name) const;
     /// fileUrl() of a file that is made to hold \a bytes.
-    QUrl written(const QString &name, const QByteArray &bytes) const;
+    QUrl written(const QString &name, const QByteArray &bytes,
+                 const Caller &caller = Caller::current()) const;
+
+    /// The selected slide, which there has to be.
+    Slide slide(const Caller &caller = Caller::current()) const;
+    /// The layer of that id on the selected slide, which there has to be.
+    SlideElement layer(const QString &id, const Caller &caller = Caller::current()) const;
+    qsizetype undoSteps() const { return store.undoStore().undoStack().size(); }
 };
 
 /// The ids of a store that point into its project, as one comparable value.
