@@ -1,6 +1,7 @@
 #include "ZelvoTheme.h"
 
 #include "HexDigits.h"
+#include "RGBAColor.h"
 
 #include <QPalette>
 
@@ -66,6 +67,7 @@ QColor readableOn(const QColor &fill)
 
 const ZelvoTheme &ZelvoTheme::dark()
 {
+    static const QColor accentHover = colorFromHex(u"#f0b84a");
     static const ZelvoTheme theme{
         .appBackground = colorFromHex(u"#080b10"),
         .panelBackground = colorFromHex(u"#0d1119"),
@@ -77,12 +79,12 @@ const ZelvoTheme &ZelvoTheme::dark()
         .primaryText = colorFromHex(u"#f3f6fb"),
         .secondaryText = colorFromHex(u"#b6c0ce"),
         .mutedText = colorFromHex(u"#758195"),
-        .accent = colorFromHex(u"#e0a134"),
-        .accentHover = colorFromHex(u"#f0b84a"),
+        .accent = RGBAColor::amber.toColor(),
+        .accentHover = accentHover,
         .live = colorFromHex(u"#45c46b"),
         .blackout = colorFromHex(u"#e34d4d"),
         .warning = colorFromHex(u"#f2c94c"),
-        .selection = withOpacity(colorFromHex(u"#f0b84a"), 0.32F),
+        .selection = withOpacity(accentHover, 0.32F),
         .controlBackground = colorFromHex(u"#151c29"),
         .inputBackground = colorFromHex(u"#0a0f17"),
     };
@@ -91,6 +93,7 @@ const ZelvoTheme &ZelvoTheme::dark()
 
 const ZelvoTheme &ZelvoTheme::light()
 {
+    static const QColor accentHover = colorFromHex(u"#d28d1d");
     static const ZelvoTheme theme{
         .appBackground = colorFromHex(u"#eceef2"),
         .panelBackground = colorFromHex(u"#f7f7f5"),
@@ -103,11 +106,11 @@ const ZelvoTheme &ZelvoTheme::light()
         .secondaryText = colorFromHex(u"#525a66"),
         .mutedText = colorFromHex(u"#777f8c"),
         .accent = colorFromHex(u"#b87812"),
-        .accentHover = colorFromHex(u"#d28d1d"),
+        .accentHover = accentHover,
         .live = colorFromHex(u"#168743"),
         .blackout = colorFromHex(u"#bd3131"),
         .warning = colorFromHex(u"#9a6a10"),
-        .selection = withOpacity(colorFromHex(u"#d28d1d"), 0.24F),
+        .selection = withOpacity(accentHover, 0.24F),
         .controlBackground = colorFromHex(u"#ffffff"),
         .inputBackground = colorFromHex(u"#fbfbfa"),
     };

@@ -1,6 +1,7 @@
 #include "DesignCanvasView.h"
 
 #include "ElidedLabel.h"
+#include "Panels.h"
 #include "RoleLabel.h"
 #include "SlideCanvas.h"
 #include "SymbolButton.h"
@@ -52,10 +53,7 @@ QWidget *DesignCanvasView::makeHeader()
         makeRoleLabel(QStringLiteral("canvasSize"), QStringLiteral("1920 x 1080  |  16:9 canvas")));
     titles->addStretch();
 
-    auto *header = new QWidget;
-    header->setObjectName(QStringLiteral("canvasHeader"));
-    header->setAttribute(Qt::WA_StyledBackground);
-    header->setFixedHeight(headerHeight);
+    QWidget *header = makePanel(QStringLiteral("canvasHeader"), headerHeight);
     auto *layout = new QHBoxLayout(header);
     layout->setContentsMargins(headerMargin, 0, headerMargin, 0);
     layout->setSpacing(buttonSpacing);
@@ -75,9 +73,7 @@ QWidget *DesignCanvasView::makeHeader()
 
 QWidget *DesignCanvasView::makeEmptyState()
 {
-    auto *area = new QWidget;
-    area->setObjectName(QStringLiteral("emptyCanvas"));
-    area->setAttribute(Qt::WA_StyledBackground);
+    QWidget *area = makePanel(QStringLiteral("emptyCanvas"));
     auto *layout = new QVBoxLayout(area);
     layout->setSpacing(emptySpacing);
     layout->addStretch();

@@ -2,11 +2,22 @@
 
 namespace quenara {
 
-QWidget *makePanel(const QString &name, int height)
+void setPanelName(QWidget &widget, const QString &name)
+{
+    widget.setObjectName(name);
+    widget.setAttribute(Qt::WA_StyledBackground);
+}
+
+QWidget *makePanel(const QString &name)
 {
     auto *panel = new QWidget;
-    panel->setObjectName(name);
-    panel->setAttribute(Qt::WA_StyledBackground);
+    setPanelName(*panel, name);
+    return panel;
+}
+
+QWidget *makePanel(const QString &name, int height)
+{
+    QWidget *panel = makePanel(name);
     panel->setFixedHeight(height);
     return panel;
 }

@@ -45,9 +45,8 @@ QWidget *makeSection(const QString &title, QWidget *contents)
 InspectorView::InspectorView(WorkspaceStore &store, QWidget *parent)
     : QWidget(parent), m_selection(store)
 {
-    setObjectName(QStringLiteral("inspector"));
+    setPanelName(*this, QStringLiteral("inspector"));
     setAccessibleName(QStringLiteral("Inspector"));
-    setAttribute(Qt::WA_StyledBackground);
     setFixedWidth(columnWidth);
     // A click beside the fields ends the typing in them.
     setFocusPolicy(Qt::ClickFocus);

@@ -52,7 +52,7 @@ void HoldingScreenView::paint(QPainter &painter, const QRectF &area) const
     const double top = area.center().y() - height / 2;
     const double nameLeft = area.center().x() - name.boundingRect().center().x();
 
-    const QColor color = colorFromHex(u"#f0b84a");
+    const QColor color = ZelvoTheme::dark().accentHover; // in either scheme
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.fillPath(name.translated(nameLeft, top + nameFont.ascent()), color);

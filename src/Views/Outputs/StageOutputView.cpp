@@ -3,6 +3,7 @@
 #include "ElidedLabel.h"
 #include "FittedText.h"
 #include "OutputModeBadge.h"
+#include "Panels.h"
 #include "RoleLabel.h"
 #include "SlideView.h"
 #include "StageTexts.h"
@@ -33,15 +34,6 @@ constexpr FittedText::Setting currentSetting{
 constexpr FittedText::Setting nextSetting{.size = 31,
                                           .weight = TextFontWeight::semibold,
                                           .limits = {.smallestFit = 0.55, .lineMaximum = 5}};
-
-/// An area of the window that the style sheet knows by its \a name.
-QWidget *makeArea(const QString &name)
-{
-    auto *area = new QWidget;
-    area->setObjectName(name);
-    area->setAttribute(Qt::WA_StyledBackground);
-    return area;
-}
 
 /// Says what a widget is; what it shows is its name to a screen reader.
 template<class Widget>
@@ -80,8 +72,7 @@ StageOutputView::StageOutputView(const WorkspaceStore &store, PictureCache &pict
                                  ClockView::Now now, QWidget *parent)
     : QWidget(parent), m_store(store), m_pictures(pictures)
 {
-    setObjectName(QStringLiteral("stageMonitor"));
-    setAttribute(Qt::WA_StyledBackground);
+    setPanelName(*this, QStringLiteral("stageMonitor"));
     // The system's locale, not its language: the clock is written as the user has times written.
     setLocale(QLocale::system());
     auto *panels = new QHBoxLayout;
@@ -114,7 +105,7 @@ QWidget *StageOutputView::makeHeader(ClockView::Now now)
     place->addWidget(m_section);
     place->addWidget(m_slideCount);
 
-    QWidget *header = makeArea(QStringLiteral("stageHeader"));
+    QWidget *header = makePanel(QStringLiteral("stageHeader"));
     auto *layout = new QHBoxLayout(header);
     layout->setContentsMargins(padding, padding, padding, padding + separatorWidth);
     layout->setSpacing(headerSpacing);
@@ -152,7 +143,7 @@ QWidget *StageOutputView::makeNextPanel()
     caption->addWidget(makeRoleLabel(QStringLiteral("nextCaption"), QStringLiteral("NEXT")));
     caption->addWidget(m_queuedTitle, 1);
 
-    QWidget *panel = makeArea(QStringLiteral("nextPanel"));
+    QWidget *panel = makePanel(QStringLiteral("nextPanel"));
     panel->setFixedWidth(nextPanelWidth);
     auto *layout = new QVBoxLayout(panel);
     layout->setContentsMargins(padding + separatorWidth, padding, padding, padding);

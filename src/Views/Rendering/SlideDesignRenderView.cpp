@@ -2,6 +2,7 @@
 
 #include "DashedOutline.h"
 #include "DeviceLayer.h"
+#include "RGBAColor.h"
 #include "SlideBackgroundRenderView.h"
 #include "SlideElementRenderView.h"
 
@@ -89,8 +90,8 @@ void SlideDesignRenderView::paintLayers(QPainter &painter, const QList<SlideElem
         painter.restore();
         // The outline runs along the slide's edges; the editor draws handles around the layer.
         if (selectedElementID == element.id) {
-            constexpr QColor amber(0xe0, 0xa1, 0x34);
-            DashedOutline{.color = amber, .width = 2, .dash = 7, .gap = 5}.paint(painter, whole());
+            const QColor color = RGBAColor::amber.toColor();
+            DashedOutline{.color = color, .width = 2, .dash = 7, .gap = 5}.paint(painter, whole());
         }
         painter.restore();
     }

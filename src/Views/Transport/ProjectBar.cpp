@@ -2,6 +2,7 @@
 
 #include "ElidedLabel.h"
 #include "OutputModeBadge.h"
+#include "Panels.h"
 #include "RoleLabel.h"
 #include "SymbolButton.h"
 #include "SymbolLabel.h"
@@ -71,8 +72,7 @@ ProjectBar::ProjectBar(WorkspaceStore &store, const std::function<bool()> &mayRe
       m_fileName(new ElidedLabel(QStringLiteral("fileName"))),
       m_outputMode(new OutputModeBadge(badgeLook))
 {
-    setObjectName(QStringLiteral("projectBar"));
-    setAttribute(Qt::WA_StyledBackground);
+    setPanelName(*this, QStringLiteral("projectBar"));
     setFixedHeight(barHeight);
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(margin, 0, margin, 0);

@@ -1,6 +1,7 @@
 #include "TransportView.h"
 
 #include "OutputSwitches.h"
+#include "Panels.h"
 #include "SymbolButton.h"
 #include "TransportPreview.h"
 #include "WorkspaceStore.h"
@@ -25,8 +26,7 @@ TransportView::TransportView(WorkspaceStore &store, OutputSwitches &outputs, Pic
       m_live(new TransportPreview(QStringLiteral("Live"), &ZelvoTheme::live, pictures))
 {
     using Look = SymbolButton::Look;
-    setObjectName(QStringLiteral("transportBar"));
-    setAttribute(Qt::WA_StyledBackground);
+    setPanelName(*this, QStringLiteral("transportBar"));
     setFixedHeight(barHeight);
     auto *layout = new QHBoxLayout(this);
     // Above and below, what is highest takes the room it needs.
