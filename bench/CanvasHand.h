@@ -15,23 +15,25 @@ class WorkspaceStore;
 
 namespace quenara::bench {
 
-/// A song's verse on the catalogue's template for one.
-Slide lyricSlide();
+/// A verse of two lines on the catalogue's template for lyrics.
+[[nodiscard]] Slide lyricSlide();
 
-/// What an operator does on the canvas that stands in \a window, to the layer that is selected.
+/// Does to the selected layer what an operator does by mouse and keys on a canvas.
 class CanvasHand
 {
 public:
-    /// \a repaint returns once all that a step has changed is painted.
+    /// The canvas is the one in \a window. \a repaint returns once everything that a step has changed
+    /// is painted.
     CanvasHand(WorkspaceStore &store, const QWidget &window, std::function<void()> repaint);
 
     void beginDrag() { grasp(QEvent::MouseButtonPress); }
     void endDrag() { mouse(QEvent::MouseButtonRelease, m_middle); }
     void beginTyping() { grasp(QEvent::MouseButtonDblClick); }
 
-    /// Round and round, so that every step is another place.
+    /// Moves the layer one step along a circle, so that no two steps leave it in one place.
     void drag();
-    /// A letter, now and then the next line; what becomes too long is undone.
+    /// Types a letter, every twentieth time a line break. Every hundredth step undoes the typing, so
+    /// that the text stays short.
     void type();
 
 private:
@@ -41,7 +43,7 @@ private:
     WorkspaceStore &m_store;
     SlideCanvas *m_canvas;
     std::function<void()> m_repaint;
-    QPointF m_middle; ///< of the layer when it was grasped
+    QPointF m_middle; ///< of the layer, when the drag began
     int m_stepNumber = 0;
 };
 

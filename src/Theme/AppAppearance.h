@@ -22,10 +22,10 @@ static_assert(casesStandAtTheirValues<AppAppearance>);
 /// The preference's key; its value is the raw value, "system" when the key is absent.
 inline constexpr const char *appAppearanceKey = "appAppearance";
 
-/// The scheme that views are given; nothing where the desktop's is followed.
-std::optional<ColorScheme> colorScheme(AppAppearance appearance);
+/// The scheme that was chosen; absent where the desktop's is followed.
+[[nodiscard]] std::optional<ColorScheme> colorScheme(AppAppearance appearance);
 
-/// The stored text as a choice; any text that is none of the raw values counts as system.
-AppAppearance appearanceFromPreference(const QString &rawValue);
+/// The choice that is stored as \a rawValue. A text that is no raw value counts as system.
+[[nodiscard]] AppAppearance appearanceFromPreference(const QString &rawValue);
 
 } // namespace quenara

@@ -13,19 +13,20 @@ namespace quenara {
 
 enum class ColorScheme { light, dark };
 
-/// The scheme that \a palette was made for, by the lightness of its windows.
-ColorScheme colorSchemeOf(const QPalette &palette);
+/// The scheme that \a palette was made for: dark where its windows are darker than their text.
+[[nodiscard]] ColorScheme colorSchemeOf(const QPalette &palette);
 
-/// Colour of the interface from hex text: trimmed of what is not alphanumeric, then three digits
-/// (each doubled), six, or eight with alpha last; opaque black for any other length. sRGB.
-QColor colorFromHex(QStringView hex);
+/// Colour of the interface, in sRGB, from hex text: trimmed of what is not alphanumeric, then three
+/// digits (each doubled), six, or eight with alpha last; opaque black for any other length.
+[[nodiscard]] QColor colorFromHex(QStringView hex);
 
 /// Contrast of two opaque colours, 1 to 21, by the formula of the Web Content Accessibility
 /// Guidelines 2.
-double contrast(const QColor &a, const QColor &b);
+[[nodiscard]] double contrast(const QColor &a, const QColor &b);
 
-/// White, or the darkest colour of the themes where that reads better on \a fill.
-QColor readableOn(const QColor &fill);
+/// The colour of text on \a fill: white, or the darkest colour of the themes where that contrasts
+/// more.
+[[nodiscard]] QColor readableOn(const QColor &fill);
 
 /// The palette of the operator interface (not of slides): eighteen colour roles.
 struct ZelvoTheme
@@ -52,16 +53,16 @@ struct ZelvoTheme
     static const ZelvoTheme &dark();
     static const ZelvoTheme &light();
 
-    /// The dark palette for the dark scheme, the light one for any other.
+    /// The dark theme for the dark scheme, the light one for any other.
     static const ZelvoTheme &current(ColorScheme scheme);
 
     bool operator==(const ZelvoTheme &) const = default;
 };
 
-/// The accent as it lies behind the current one of several symbols.
-QColor accentMark(const ZelvoTheme &theme);
+/// The faint accent behind the chosen one of several symbols.
+[[nodiscard]] QColor accentMark(const ZelvoTheme &theme);
 
-/// The eighteen roles by name, in the order of the record; the style sheet refers to them so.
+/// The eighteen roles in the order of the record, with the names that the style sheet has for them.
 inline constexpr auto themeRoles =
     std::to_array<std::pair<std::string_view, QColor ZelvoTheme::*>>({
         {"appBackground", &ZelvoTheme::appBackground},

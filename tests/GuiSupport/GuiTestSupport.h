@@ -10,8 +10,8 @@
 
 namespace quenara::test {
 
-/// A test in which every warning is a failure, but for those that the offscreen platform itself
-/// gives of any window that is raised or has a minimum size and of any menu.
+/// A test that fails at every warning, except for those that the offscreen platform gives for each
+/// menu and each window that is raised or has a minimum size.
 class GuiTest : public QObject
 {
     Q_OBJECT
@@ -23,7 +23,7 @@ private slots:
 /// Gives the application the program's fonts and style.
 void setUpApplication();
 
-/// What the view paints on magenta, which shows wherever it paints nothing.
+/// What \a view paints over magenta, which shows wherever it paints nothing.
 QImage rendered(const SlideRendererView &view, const QSize &size, double devicePixelRatio = 1);
 
 inline constexpr QRgb magenta = 0xffff00ff;
@@ -31,10 +31,10 @@ inline constexpr QRgb magenta = 0xffff00ff;
 /// The largest difference of any channel of any pixel; 255 for pictures of different sizes.
 int largestDifference(const QImage &a, const QImage &b);
 
-/// The smallest rectangle around everything that is not black. 32 bits a pixel.
+/// The smallest rectangle around everything in \a image, of 32 bits a pixel, that is not black.
 QRect inkOf(const QImage &image);
 
-/// A design without elements over \a background.
+/// A design with \a background and no elements.
 SlideDesign designOver(const SlideBackground &background);
 Slide slideWith(const SlideDesign &design);
 

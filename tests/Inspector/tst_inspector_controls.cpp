@@ -19,7 +19,7 @@ namespace {
 
 const QColor tried(20, 40, 60, 80);
 
-// What the operator does to a control, by mouse and keys.
+// The ways in which an operator uses a control, by mouse and keys.
 
 void type(QWidget &field, const QString &text)
 {
@@ -83,7 +83,7 @@ QString shownBy(const QWidget &control, const Caller &caller)
     fail(u"no known control"_s, caller);
 }
 
-/// A control, what is done to it and what that makes of the selected slide and layer.
+/// A control, how it is used, and how that changes the selected slide or layer.
 struct Row
 {
     enum class About { slide, text, shape } about;
@@ -172,7 +172,7 @@ QList<Row> rows()
     };
 }
 
-/// A layer like \a layer in which every value that a control shows is another.
+/// A copy of \a layer with another value for everything that a control shows.
 SlideElement unlike(SlideElement layer)
 {
     layer.id += u".unlike"_s;
@@ -221,7 +221,7 @@ ZelvoProject variedShow()
     return project;
 }
 
-/// An inspector of what a row is about.
+/// An inspector that shows the control of a row, with the first layer of its kind selected.
 struct Inspected : InspectorWorld
 {
     Row row;
@@ -239,7 +239,7 @@ struct Inspected : InspectorWorld
         return shownBy(target, caller);
     }
 
-    /// What the row says is made of the selection.
+    /// The project after the row's change.
     ZelvoProject changed() const
     {
         ZelvoProject project = store.project();
@@ -256,7 +256,7 @@ struct Inspected : InspectorWorld
         return project;
     }
 
-    /// Makes that of the selection without the control.
+    /// Makes the row's change without the control.
     void changeInTheStore()
     {
         SlideElement layer = store.selectedElement().value_or(SlideElement());

@@ -38,7 +38,7 @@ struct LayerList : InspectorWorld
         : InspectorWorld(project, caller)
     {}
 
-    /// From the top of the list.
+    /// The visible rows from the top of the list.
     QList<LayerRow *> rows() const
     {
         QCoreApplication::processEvents(); // lays out what is new

@@ -18,7 +18,8 @@ SlideBackground &backgroundOf(Slide &slide)
     return slide.design.background;
 }
 
-/// The gradient that editing one begins with, where there is none yet.
+/// The gradient of the slide's background. A background without one is given the default's, so that
+/// there are colours to show and to change.
 GradientBackground &gradientOf(Slide &slide)
 {
     SlideBackground &background = backgroundOf(slide);

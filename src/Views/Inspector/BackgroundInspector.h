@@ -7,6 +7,6 @@ namespace quenara {
 class SelectionBindings;
 
 /// The rows of the selected slide's background.
-QWidget *makeBackgroundInspector(SelectionBindings &selection);
+[[nodiscard]] QWidget *makeBackgroundInspector(SelectionBindings &selection);
 
 } // namespace quenara

@@ -17,8 +17,8 @@ BoundControls::BoundControls(WorkspaceStore &store, QObject *parent)
     : QObject(parent), m_store(store)
 {}
 
-/// A control that does not say when its editing has finished is done with each edit. What it shows
-/// after one is what the store has made of it.
+/// A control without the signal `editingFinished` has finished with each edit. After an edit, the
+/// control shows what the store has made of the value.
 template<class Control, class Edited, class Write>
 void BoundControls::connectControl(Control &control, Edited edited, Write write,
                                    std::function<void()> show)

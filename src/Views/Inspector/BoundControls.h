@@ -24,14 +24,15 @@ class TextField;
 template<class Value>
 struct Binding
 {
-    std::function<std::optional<Value>()> read; ///< nothing where there is none to be shown
+    std::function<std::optional<Value>()> read; ///< absent where there is no value to show
     std::function<void(const Value &)> write; ///< by one operation of the store
 };
 
-/// Keeps controls in step with the store: they show what is read and write what the operator makes
-/// of it. One pull, one typing, one dialog, one click is one gesture of the store.
+/// Keeps controls in step with the store: each shows what its binding reads and writes what the
+/// operator enters. One pull of a slider, one typing into a field, one dialog and one click are
+/// each one gesture of the store.
 ///
-/// The controls must outlive it or be of one parent with its owner.
+/// The controls must outlive it.
 class BoundControls : public QObject
 {
     Q_OBJECT
@@ -45,11 +46,11 @@ public:
     void bind(Stepper &stepper, const Binding<double> &binding);
     void bind(Switch &control, const Binding<bool> &binding);
     void bind(ColorWell &well, const Binding<RGBAColor> &binding);
-    /// By the data of the picker's choices. A value that is none of them is shown as it is.
+    /// The value is the data of a choice. One that is the data of no choice is shown as it is.
     void bind(Picker &picker, const Binding<QString> &binding);
     void bind(SymbolPicker &picker, const Binding<QString> &binding);
 
-    /// The choices are raw values.
+    /// The choices are the raw values of \a E.
     template<class Choices, RawEnum E>
     void bind(Choices &picker, const Binding<E> &binding)
     {
@@ -64,11 +65,11 @@ public:
         bind(picker, Binding<QString>{readRaw, writeRaw});
     }
 
-    /// Has every control show its value, as it does from the moment it is bound.
+    /// Has every control show what its binding reads now.
     void show() const;
 
-    /// Ends what is half done in the controls, as what they are about has changed. What is seen of
-    /// it stays, as one undo step.
+    /// Ends typing, pulls and dialogs that are under way, for controls that are about to show
+    /// another record. What has been written stays, as one undo step.
     void endEditing() const;
 
 private:
@@ -81,7 +82,7 @@ private:
     WorkspaceStore &m_store;
     std::vector<std::function<void()>> m_shows;
     std::vector<std::function<void()>> m_ends;
-    const QObject *m_edited = nullptr; ///< the control whose gesture the last one is
+    const QObject *m_edited = nullptr; ///< the control that m_gesture belongs to
     GestureID m_gesture{};
 };
 

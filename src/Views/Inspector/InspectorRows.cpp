@@ -29,7 +29,7 @@ InspectorRows::InspectorRows(QWidget *parent) : QWidget(parent), m_rows(new QVBo
 
 void InspectorRows::add(QWidget *control)
 {
-    // A picker is spoken of by what it shows; only its label tells what that is.
+    // A screen reader calls a picker by its choice; only the label says what is chosen.
     addTitled(control->accessibleName(), control)->setBuddy(control);
 }
 
@@ -40,13 +40,13 @@ void InspectorRows::addSmall(QWidget *control)
 
 void InspectorRows::addSmall(const QString &title, const QWidgetList &controls)
 {
-    addTitled(title, besideEachOther(controls, controlGap));
+    addTitled(title, sideBySide(controls, controlGap));
 }
 
 void InspectorRows::addPair(QWidget *first, QWidget *second)
 {
     addSmall(first->accessibleName(),
-             {besideEachOther({first, makeTitle(second->accessibleName())}, pairGap), second});
+             {sideBySide({first, makeTitle(second->accessibleName())}, pairGap), second});
 }
 
 void InspectorRows::addUntitled(QWidget *row)
@@ -69,7 +69,7 @@ QLabel *InspectorRows::addTitled(const QString &title, QWidget *control)
     return label;
 }
 
-QWidget *besideEachOther(const QWidgetList &widgets, int gap)
+QWidget *sideBySide(const QWidgetList &widgets, int gap)
 {
     auto *row = new QWidget;
     auto *layout = new QHBoxLayout(row);
@@ -81,13 +81,13 @@ QWidget *besideEachOther(const QWidgetList &widgets, int gap)
     return row;
 }
 
-void enableControls(QWidget &controls, bool areOfUse)
+void enableControls(QWidget &controls, bool enabled)
 {
-    // The toolkit would hand the focus to the next control, which may be a text field.
+    // Qt would give the focus to the next control, which may be a text field.
     QWidget *focused = controls.window()->focusWidget();
-    if (!areOfUse && focused && controls.isAncestorOf(focused))
+    if (!enabled && focused && controls.isAncestorOf(focused))
         leaveField(*focused);
-    controls.setEnabled(areOfUse);
+    controls.setEnabled(enabled);
 }
 
 } // namespace quenara

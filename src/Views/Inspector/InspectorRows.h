@@ -18,13 +18,13 @@ public:
 
     explicit InspectorRows(QWidget *parent = nullptr);
 
-    /// The control is given all of the room. The title is its accessible name.
+    /// A control that takes all the room beside its title, which is its accessible name.
     void add(QWidget *control);
-    /// The control has its own size. The title is its accessible name.
+    /// A control of its own size beside its title, which is its accessible name.
     void addSmall(QWidget *control);
-    /// Controls of their own size, side by side.
+    /// Controls of their own size beside one title.
     void addSmall(const QString &title, const QWidgetList &controls);
-    /// Two controls of their own size, side by side, each with its accessible name as a title.
+    /// Two controls of their own size in one row, each titled with its accessible name.
     void addPair(QWidget *first, QWidget *second);
     void addUntitled(QWidget *row);
 
@@ -35,9 +35,10 @@ private:
 };
 
 /// Widgets side by side, \a gap points apart.
-QWidget *besideEachOther(const QWidgetList &widgets, int gap);
+[[nodiscard]] QWidget *sideBySide(const QWidgetList &widgets, int gap);
 
-/// Controls that are of no use are disabled, and keep no focus.
-void enableControls(QWidget &controls, bool areOfUse);
+/// Enables or disables everything within \a controls. Where that takes the focus from one of them,
+/// it goes to no other control.
+void enableControls(QWidget &controls, bool enabled);
 
 } // namespace quenara

@@ -48,7 +48,7 @@ InspectorView::InspectorView(WorkspaceStore &store, QWidget *parent)
     setPanelName(*this, QStringLiteral("inspector"));
     setAccessibleName(QStringLiteral("Inspector"));
     setFixedWidth(columnWidth);
-    // A click beside the fields ends the typing in them.
+    // A click beside a field takes the focus from it, which ends the typing.
     setFocusPolicy(Qt::ClickFocus);
 
     QWidget *header = makePanel(QStringLiteral("inspectorHeader"), headerHeight);
@@ -65,7 +65,7 @@ InspectorView::InspectorView(WorkspaceStore &store, QWidget *parent)
     scroll->setWidget(makeColumn());
 
     auto *layout = new QVBoxLayout(this);
-    layout->setContentsMargins(1, 0, 0, 0); // the line on the left
+    layout->setContentsMargins(1, 0, 0, 0); // the border on the left
     layout->setSpacing(0);
     layout->addWidget(header);
     layout->addWidget(scroll, 1);
@@ -74,7 +74,7 @@ InspectorView::InspectorView(WorkspaceStore &store, QWidget *parent)
 QWidget *InspectorView::makeColumn()
 {
     auto *column = new QWidget;
-    // The same whether there is a scroll bar or not.
+    // The column is as wide without the scroll bar as beside it.
     column->setFixedWidth(columnWidth - 1 - scrollBarWidth);
     auto *layout = new QVBoxLayout(column);
     layout->setContentsMargins(columnMargin - 1, 0, columnMargin - scrollBarWidth, 0);

@@ -46,7 +46,7 @@ QWidget *makeFrameField(SelectionBindings &selection, const FrameField &field)
                                        return &(layer.frame.*side);
                                    }));
     number->setFixedWidth(frameFieldWidth);
-    return besideEachOther({title, number}, 0);
+    return sideBySide({title, number}, 0);
 }
 
 QWidget *makeCommonRows(SelectionBindings &selection)
@@ -62,7 +62,7 @@ QWidget *makeCommonRows(SelectionBindings &selection)
     rows->add(selection.bound(new Slider(QStringLiteral("Opacity"), 0, 1),
                               ofLayer(&SlideElement::opacity)));
     for (const auto &[left, right] : frameFields) {
-        rows->addUntitled(besideEachOther(
+        rows->addUntitled(sideBySide(
             {makeFrameField(selection, left), makeFrameField(selection, right)}, frameFieldGap));
     }
     return rows;
@@ -103,7 +103,7 @@ void LayerInspector::showRows()
         {m_shapeRows, layer && layer->kind == SlideElementKind::shape},
     };
     for (const auto &[block, isShown] : blocks) {
-        // Else the focus would go to the next field, and the keys of the show with it.
+        // Qt would give the focus to the next field, which would take the keys of the show.
         if (!isShown && block->isAncestorOf(focusWidget()))
             setFocus();
         block->setVisible(isShown);

@@ -8,7 +8,8 @@ namespace quenara {
 
 class SelectionBindings;
 
-/// The properties of the selected layer, those of its kind included, or how to select one.
+/// The properties of the selected layer, those of its kind among them; without a layer, a line on
+/// how to select one.
 class LayerInspector : public QWidget
 {
     Q_OBJECT

@@ -35,7 +35,7 @@ constexpr auto layerActions = std::to_array<Action>({
     {"arrow.down.to.line.compact", "Send backward", &WorkspaceStore::sendSelectedElementBackward},
 });
 
-/// Layers that share a zIndex keep the order of the design.
+/// The topmost layer first. Layers that share a zIndex keep the order of the design.
 QList<LayerRow::Contents> rowsOf(const QList<SlideElement> &elements)
 {
     std::vector<const SlideElement *> fromTop;
@@ -120,8 +120,8 @@ LayerRow *LayerListView::makeRow()
     return row;
 }
 
-/// The store updates the selected layer only. The update is a step of its own, whatever is being
-/// typed elsewhere.
+/// Selects the layer first, since the store updates no other. The update is an undo step of its
+/// own, even while a gesture is open elsewhere.
 void LayerListView::updateLayerOf(const LayerRow &row,
                                   const std::function<void(SlideElement &)> &update)
 {
@@ -136,7 +136,7 @@ void LayerListView::showStore()
     const std::optional<Slide> slide = m_store.slideWithID(m_store.selectedSlideID());
     const QList<LayerRow::Contents> rows =
         slide ? rowsOf(slide->design.elements) : QList<LayerRow::Contents>();
-    // Else each row that comes or goes would have all of them laid out.
+    // An enabled layout would place all rows again for each that is shown or hidden.
     layout()->setEnabled(false);
     while (m_rows.size() < rows.size()) {
         m_rows.append(makeRow());
@@ -144,7 +144,8 @@ void LayerListView::showStore()
         m_lastTabStop = m_rows.constLast()->followInTabOrder(m_lastTabStop);
     }
     for (qsizetype i = 0; i < m_rows.size(); ++i) {
-        // A row that is shown before it is laid out may lie under the pointer for that moment.
+        // Until it is placed, a row that is shown would lie where it last was, perhaps under the
+        // pointer.
         if (m_rows.at(i)->isHidden())
             m_rows.at(i)->setGeometry({});
         m_rows.at(i)->setVisible(i < rows.size());

@@ -13,7 +13,8 @@ class LayerRow;
 class WorkspaceStore;
 struct SlideElement;
 
-/// The layers of the selected slide, topmost first, and what can be done to them.
+/// The layers of the selected slide, topmost first, with buttons that add, copy, delete and move
+/// them.
 class LayerListView : public QWidget
 {
     Q_OBJECT
@@ -29,7 +30,7 @@ private:
     void showStore();
 
     WorkspaceStore &m_store;
-    QWidget *m_lastTabStop = nullptr; ///< of the rows, or of what stands above them
+    QWidget *m_lastTabStop = nullptr; ///< in the last row, or in the header if there is none
     QWidget *m_header;
     QVBoxLayout *m_rowsLayout;
     QWidget *m_actions;

@@ -4,14 +4,12 @@
 
 #include <QAbstractButton>
 
-class QLabel;
-
 namespace quenara {
 
 class ElidedLabel;
 class SymbolButton;
 
-/// One layer in the list of layers; checked while it is the selected one.
+/// A layer in the list of layers, checked while it is selected.
 class LayerRow : public QAbstractButton
 {
     Q_OBJECT
@@ -34,7 +32,7 @@ public:
     const Contents &contents() const { return m_contents; }
     void setContents(const Contents &contents);
 
-    /// Has Tab go from \a before to the row and its buttons. Returns the last of these.
+    /// Puts the row and its buttons behind \a before in the tab order. Returns the last button.
     QWidget *followInTabOrder(QWidget *before);
 
     QSize sizeHint() const override;

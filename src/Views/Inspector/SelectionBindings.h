@@ -23,21 +23,22 @@ public:
     const std::optional<Slide> &slide() const { return m_slide; }
     const std::optional<SlideElement> &layer() const { return m_layer; }
 
-    /// \a field gives the place of a value in a slide, or nullptr where it has none.
+    /// Binds to the value in the selected slide that \a field points to. \a field returns nullptr
+    /// for a slide without that value.
     template<class Field>
-    auto ofSlide(Field field)
+    [[nodiscard]] auto ofSlide(Field field)
     {
         return bindingTo(m_slide, field, &WorkspaceStore::updateSelectedSlide);
     }
 
-    /// \a field gives the place of a value in a layer, or nullptr where it has none.
+    /// The same in the selected layer.
     template<class Field>
-    auto ofLayer(Field field)
+    [[nodiscard]] auto ofLayer(Field field)
     {
         return bindingTo(m_layer, field, &WorkspaceStore::updateSelectedElement);
     }
 
-    /// \a control, from now on in step with \a binding.
+    /// Binds \a control to \a binding and returns it.
     template<class Control, class Value>
     Control *bound(Control *control, const Binding<Value> &binding)
     {
@@ -46,7 +47,7 @@ public:
     }
 
 signals:
-    /// The slide or the layer is another, or has changed; the controls show it.
+    /// Another slide or layer is selected, or the selected one has changed. The controls show it.
     void changed();
 
 private:

@@ -7,6 +7,6 @@ namespace quenara {
 class SelectionBindings;
 
 /// The rows of the selected layer's shape.
-QWidget *makeShapeInspector(SelectionBindings &selection);
+[[nodiscard]] QWidget *makeShapeInspector(SelectionBindings &selection);
 
 } // namespace quenara

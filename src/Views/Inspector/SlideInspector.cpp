@@ -35,7 +35,7 @@ Binding<QString> slideTitle(SelectionBindings &selection)
             }};
 }
 
-/// A design that no template of the catalogue has made has none to show.
+/// Reads nothing for a design that no template of the catalogue has made.
 Binding<QString> slideTemplate(SelectionBindings &selection)
 {
     return {

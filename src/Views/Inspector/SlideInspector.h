@@ -7,6 +7,6 @@ namespace quenara {
 class SelectionBindings;
 
 /// The rows of the selected slide's own properties.
-QWidget *makeSlideInspector(SelectionBindings &selection);
+[[nodiscard]] QWidget *makeSlideInspector(SelectionBindings &selection);
 
 } // namespace quenara

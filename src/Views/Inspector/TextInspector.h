@@ -7,6 +7,6 @@ namespace quenara {
 class SelectionBindings;
 
 /// The rows of the selected layer's text.
-QWidget *makeTextInspector(SelectionBindings &selection);
+[[nodiscard]] QWidget *makeTextInspector(SelectionBindings &selection);
 
 } // namespace quenara
