@@ -19,7 +19,7 @@ constexpr int titleSpacing = 16;
 constexpr int boxPadding = 12;
 constexpr int boxSpacing = 12;
 
-/// A panel with a fine outline.
+/// A rounded box with a fine outline.
 class PreferenceBox : public QWidget
 {
 public:
@@ -50,7 +50,7 @@ QStringList appearanceTitles()
     return titles;
 }
 
-/// Alt and the first letter of the title: keys alone run the show from this window, too.
+/// Alt with the first letter of the title, since a letter alone is a key of the show here, too.
 QList<QKeySequence> appearanceShortcuts()
 {
     QList<QKeySequence> shortcuts;

@@ -7,8 +7,8 @@ namespace quenara {
 
 class SegmentedPicker;
 
-/// The content of the settings window: the choice of appearance, shown and told of as the
-/// preference's stored text.
+/// The content of the settings window: the choice of appearance. It is given and told as the text
+/// that is stored.
 class PreferencesView : public QWidget
 {
     Q_OBJECT
@@ -16,11 +16,11 @@ class PreferencesView : public QWidget
 public:
     explicit PreferencesView(QWidget *parent = nullptr);
 
-    /// A text that stands for no appearance selects none.
+    /// Shows the appearance that is stored as \a rawValue; none, where that stands for none.
     void setAppAppearance(const QString &rawValue);
 
 signals:
-    /// What the operator chooses.
+    /// The operator has chosen the appearance that is stored as \a rawValue.
     void appAppearanceChosen(const QString &rawValue);
 
 private:

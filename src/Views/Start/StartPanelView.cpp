@@ -26,7 +26,7 @@ constexpr QSize panelSize{700, 430};
 constexpr int startColumnWidth = 270;
 constexpr int padding = 18;
 constexpr int spacing = 12;
-constexpr int recentTop = 6; ///< puts the heading on the line of the product's name
+constexpr int recentTop = 6; ///< aligns the heading with the product's name
 
 constexpr int startButtonHeight = 44;
 constexpr int startIconSize = 18;
@@ -126,7 +126,7 @@ StartPanelView::StartPanelView(WorkspaceStore &store, MayReplaceDocument mayRepl
     layout->addWidget(separator);
     layout->addWidget(makeRecentColumn(), 1);
 
-    // Later, as a row may be in the middle of the choice that changed the list.
+    // Queued, because the row whose click has changed the list is still handling that click.
     connect(&store, &WorkspaceStore::recentProjectsChanged, this,
             &StartPanelView::showRecentProjects, Qt::QueuedConnection);
     showRecentProjects();
@@ -138,8 +138,7 @@ void StartPanelView::choose(const Choice &choice)
         return;
     // The sheet goes first, so that a panel or an alert of the choice stands on the window.
     accept();
-    // A question that stood on the sheet may have gone with it just now, and the keyboard with
-    // both.
+    // The keyboard may have been with the sheet, or with a question that stood on it.
     if (parentWidget())
         parentWidget()->window()->activateWindow();
     choice(m_store);

@@ -11,13 +11,13 @@ namespace quenara {
 class WorkspaceStore;
 
 /// The sheet that offers new projects, the demo, a file, and the recent projects. Every choice
-/// dismisses it, unless the operator rather keeps the document there is.
+/// dismisses it, unless the operator decides to keep the open document.
 class StartPanelView : public QDialog
 {
     Q_OBJECT
 
 public:
-    /// Asked before each choice; false keeps the document and the sheet.
+    /// Asked before each choice. False keeps the document and the sheet.
     using MayReplaceDocument = std::function<bool()>;
 
     StartPanelView(WorkspaceStore &store, MayReplaceDocument mayReplaceDocument, QWidget *parent);
