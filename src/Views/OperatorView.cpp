@@ -6,6 +6,7 @@
 #include "ProjectBar.h"
 #include "RundownView.h"
 #include "TransportView.h"
+#include "Typing.h"
 #include "WorkspaceStore.h"
 
 #include <QApplication>
@@ -17,11 +18,6 @@ namespace quenara {
 namespace {
 
 constexpr int canvasMinimumWidth = 560;
-
-bool takesText(const QWidget *widget)
-{
-    return widget && widget->testAttribute(Qt::WA_InputMethodEnabled);
-}
 
 /// Has the layouts done that are asked for. Else parts would be painted where they were before, and
 /// again where they belong: each layout tells the one around it by an event of its own.
@@ -63,10 +59,10 @@ bool OperatorView::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::MouseButtonPress) {
         const auto *pressed = qobject_cast<const QWidget *>(watched);
-        const QWidget *field = QApplication::focusWidget();
+        QWidget *field = QApplication::focusWidget();
         if (pressed && takesText(field) && isAncestorOf(pressed) && isAncestorOf(field)
             && pressed != field && !field->isAncestorOf(pressed)) {
-            setFocus();
+            leaveField(*field);
         }
     }
     return QWidget::eventFilter(watched, event);

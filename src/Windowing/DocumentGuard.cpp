@@ -1,6 +1,6 @@
 #include "DocumentGuard.h"
 
-#include "EndTyping.h"
+#include "Typing.h"
 #include "WindowCoordinator.h"
 #include "WorkspaceStore.h"
 

@@ -1,7 +1,11 @@
 #include "ShortcutGuard.h"
 
-#include <QAbstractItemView>
+#include "Typing.h"
+
+#include <QApplication>
 #include <QKeyEvent>
+#include <QMenuBar>
+#include <QScopedValueRollback>
 
 namespace quenara {
 
@@ -12,16 +16,7 @@ bool isWithoutModifiers(const QKeyEvent &event)
     return (event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == Qt::NoModifier;
 }
 
-bool takesText(const QObject *object)
-{
-    // Item views ask for an input method too, for editors that have the focus themselves.
-    const auto *widget = qobject_cast<const QWidget *>(object);
-    return widget && widget->testAttribute(Qt::WA_InputMethodEnabled)
-        && !qobject_cast<const QAbstractItemView *>(widget);
-}
-
-/// Undo and redo are the document's wherever its commands are in reach, and a field's elsewhere.
-bool isOfTheHistory(const QKeyEvent &event)
+bool isUndoOrRedo(const QKeyEvent &event)
 {
     return event.key() == Qt::Key_Z
         && (event.modifiers() & ~Qt::ShiftModifier) == Qt::ControlModifier;
@@ -31,25 +26,61 @@ bool isOfTheHistory(const QKeyEvent &event)
 
 bool ShortcutGuard::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::KeyRelease) {
-        const auto &key = static_cast<const QKeyEvent &>(*event);
-        m_released = {key.key(), key.timestamp()};
-    } else if (event->type() == QEvent::ShortcutOverride) {
-        const auto &key = static_cast<const QKeyEvent &>(*event);
-        if (isOfTheHistory(key)) {
-            event->ignore();
-            return true;
-        }
-        if (isRepeat(key) || (takesText(watched) && isWithoutModifiers(key))) {
-            event->accept();
-            return true;
-        }
+    switch (event->type()) {
+    case QEvent::ShortcutOverride:
+        return !m_isGivingToPopup && claims(*watched, static_cast<QKeyEvent &>(*event));
+    case QEvent::KeyPress:
+        return wasForClosedPopup(static_cast<const QKeyEvent &>(*event));
+    case QEvent::KeyRelease: {
+        const auto &release = static_cast<const QKeyEvent &>(*event);
+        m_released = {release.key(), release.timestamp()};
+        return wasForClosedPopup(release);
     }
-    return QObject::eventFilter(watched, event);
+    default:
+        return QObject::eventFilter(watched, event);
+    }
 }
 
-/// X servers repeat a key that is held down as a release and a press at one moment, which the
-/// toolkit takes for a new press where it has not arrived yet as the release is handled.
+/// Answers whether a press is a shortcut, unless what is in focus is to say: a press that comes
+/// back accepted goes on as a plain key.
+bool ShortcutGuard::claims(QObject &receiver, QKeyEvent &press)
+{
+    const bool isRepeated = isRepeat(press);
+    if (QApplication::activePopupWidget()) {
+        m_popupKey = press.key();
+        if (!isRepeated)
+            giveToPopup(receiver, press);
+        press.accept();
+        return true;
+    }
+    if (!isRepeated)
+        m_popupKey.reset();
+    if (isUndoOrRedo(press)) {
+        press.ignore();
+        return true;
+    }
+    const bool isKeyOfReceiver = isWithoutModifiers(press)
+        && (takesText(&receiver) || qobject_cast<const QMenuBar *>(&receiver));
+    if (isRepeated || isKeyOfReceiver)
+        press.accept();
+    return isRepeated || isKeyOfReceiver;
+}
+
+/// A combo box's list acts, and closes, on being asked whether a press is a shortcut. Qt would then
+/// try the shortcuts of the window below.
+void ShortcutGuard::giveToPopup(QObject &receiver, QKeyEvent &press)
+{
+    const QScopedValueRollback giving(m_isGivingToPopup, true);
+    QCoreApplication::sendEvent(&receiver, &press);
+}
+
+bool ShortcutGuard::wasForClosedPopup(const QKeyEvent &event) const
+{
+    return event.key() == m_popupKey && !QApplication::activePopupWidget();
+}
+
+/// X servers repeat a key that is held down as a release and a press at one moment, which Qt takes
+/// for a new press if that has not arrived yet when the release is handled.
 bool ShortcutGuard::isRepeat(const QKeyEvent &press)
 {
     const Moment now{press.key(), press.timestamp()};

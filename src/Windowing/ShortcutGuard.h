@@ -2,14 +2,20 @@
 
 #include <QObject>
 
+#include <optional>
+
 class QKeyEvent;
 
 namespace quenara {
 
-/// Keeps key presses from being taken as shortcuts that are none: keys without modifiers typed into
-/// text, and the repeats of a key that is held down. Keeps fields from taking the keys for undo and
-/// redo before the menus can. To be installed as an event filter on the
-/// application.
+/// Decides for every key press of the program whether it may be a shortcut. It may not while a
+/// popup (a list, a menu) is open, which then has every key; when it is typed into a text or moves
+/// about a menu bar; or when it is the repeat of a key that is held down. Undo and redo always may,
+/// although text fields would take their keys for themselves.
+///
+/// A key that closed a popup reaches nothing else until it is pressed anew.
+///
+/// To be installed as an event filter on the application.
 class ShortcutGuard : public QObject
 {
     Q_OBJECT
@@ -30,11 +36,16 @@ private:
         bool operator==(const Moment &) const = default;
     };
 
+    bool claims(QObject &receiver, QKeyEvent &press);
+    void giveToPopup(QObject &receiver, QKeyEvent &press);
+    bool wasForClosedPopup(const QKeyEvent &event) const;
     bool isRepeat(const QKeyEvent &press);
 
     Moment m_pressed;
     Moment m_released;
     bool m_repeats = false; ///< whether the last press was the repeat of a held key
+    std::optional<int> m_popupKey; ///< the last key pressed, if a popup was open then
+    bool m_isGivingToPopup = false;
 };
 
 } // namespace quenara

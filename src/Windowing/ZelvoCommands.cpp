@@ -1,9 +1,9 @@
 #include "ZelvoCommands.h"
 
 #include "DocumentGuard.h"
-#include "EndTyping.h"
 #include "OpenRecentMenu.h"
 #include "OutputSwitches.h"
+#include "Typing.h"
 #include "WindowCoordinator.h"
 #include "WorkspaceStore.h"
 

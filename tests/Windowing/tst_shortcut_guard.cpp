@@ -1,9 +1,13 @@
 #include "GuiTestSupport.h"
 #include "ShortcutGuard.h"
 
+#include <QComboBox>
+#include <QDialog>
+#include <QDialogButtonBox>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListView>
+#include <QVBoxLayout>
 
 using namespace quenara;
 using namespace quenara::test;
@@ -74,6 +78,39 @@ private slots:
             QVERIFY(isAccepted(field, QEvent::ShortcutOverride, key, 0, Qt::KeypadModifier));
         }
         QVERIFY(!isAccepted(field, QEvent::ShortcutOverride, Qt::Key_S, 0, Qt::ControlModifier));
+    }
+
+    void aKeyThatClosesAListReachesNothingElse_data()
+    {
+        QTest::addColumn<Qt::Key>("key");
+        QTest::newRow("Return") << Qt::Key_Return;
+        QTest::newRow("Enter") << Qt::Key_Enter;
+        QTest::newRow("Escape") << Qt::Key_Escape;
+    }
+
+    void aKeyThatClosesAListReachesNothingElse()
+    {
+        QFETCH(Qt::Key, key);
+        ShortcutGuard guard;
+        qApp->installEventFilter(&guard);
+        QDialog dialog;
+        auto *layout = new QVBoxLayout(&dialog);
+        auto *box = new QComboBox;
+        box->addItems({QStringLiteral("one"), QStringLiteral("two")});
+        layout->addWidget(box);
+        layout->addWidget(new QDialogButtonBox(QDialogButtonBox::Ok));
+        connect(dialog.findChild<QDialogButtonBox *>(), &QDialogButtonBox::accepted, &dialog,
+                &QDialog::accept);
+        dialog.show();
+        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        box->setFocus();
+        box->showPopup();
+        QTest::keyClick(dialog.windowHandle(), key);
+        QVERIFY(!box->view()->isVisible());
+        QVERIFY(dialog.isVisible());
+        QTest::qWait(2); // or it would be the repeat of a held key
+        QTest::keyClick(dialog.windowHandle(), key);
+        QVERIFY(!dialog.isVisible());
     }
 
     void undoAndRedoAloneAreTakenFromAControlThatWantsThem()

@@ -1,9 +1,10 @@
+#include "BareKeys.h"
 #include "CanvasTextLayerEditor.h"
 #include "GuiTestSupport.h"
 #include "ProgramWindows.h"
 #include "SongImportSheet.h"
+#include "Typing.h"
 
-#include <QAbstractItemView>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPointer>
@@ -12,24 +13,6 @@ using namespace quenara;
 using namespace quenara::test;
 
 namespace {
-
-/// The keys of the menus that need no modifier, and two more that lists take.
-QList<Qt::Key> bareKeys()
-{
-    QList<Qt::Key> found{Qt::Key_Home, Qt::Key_End};
-    for (const MenuDescription &menu : menuDescriptions()) {
-        for (const auto &group : menu.groups) {
-            for (const CommandDescription &item : group) {
-                for (const char *shortcut : item.shortcuts) {
-                    const QKeySequence keys(QString::fromUtf8(shortcut));
-                    if (!keys.isEmpty() && keys[0].keyboardModifiers() == Qt::NoModifier)
-                        found.append(keys[0].key());
-                }
-            }
-        }
-    }
-    return found;
-}
 
 /// What a key writes; empty for one that does something else.
 QString textOf(Qt::Key key)
@@ -77,11 +60,8 @@ struct Typing : ProgramWindows
         for (QWidget *widget : window->findChildren<QWidget *>()) {
             const bool canBeSeen =
                 widget->isVisible() || qobject_cast<CanvasTextLayerEditor *>(widget);
-            if (widget->window() == window && canBeSeen
-                && widget->testAttribute(Qt::WA_InputMethodEnabled)
-                && !qobject_cast<QAbstractItemView *>(widget)) {
+            if (widget->window() == window && canBeSeen && takesText(widget))
                 found.append(widget);
-            }
         }
         return found;
     }

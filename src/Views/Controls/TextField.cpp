@@ -1,6 +1,6 @@
 #include "TextField.h"
 
-#include "LeaveField.h"
+#include "Typing.h"
 
 #include <QKeyEvent>
 

@@ -1,7 +1,7 @@
 #include "InspectorRows.h"
 
-#include "LeaveField.h"
 #include "RoleLabel.h"
+#include "Typing.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>

@@ -1,0 +1,20 @@
+#pragma once
+
+class QObject;
+class QWidget;
+
+namespace quenara {
+
+/// Whether keys that reach \a receiver are typed into a text there.
+bool takesText(const QObject *receiver);
+
+/// Ends the typing into \a field: it takes what was typed, and the keyboard goes to the nearest
+/// widget around it that takes the focus from a click. Keys are the show's there; merely cleared,
+/// the focus would go to the window's first field when that becomes active again.
+void leaveField(QWidget &field);
+
+/// Ends the typing into the field that has the focus, if that is one that holds back what is typed
+/// until it is left. Gives the field, or null.
+QWidget *endTyping();
+
+} // namespace quenara

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "ZelvoCommands.h"
+
+#include <QKeySequence>
+
+namespace quenara::test {
+
+/// The keys of the menus that need no modifier, and two more that lists take.
+inline QList<Qt::Key> bareKeys()
+{
+    QList<Qt::Key> found{Qt::Key_Home, Qt::Key_End};
+    for (const MenuDescription &menu : menuDescriptions()) {
+        for (const auto &group : menu.groups) {
+            for (const CommandDescription &item : group) {
+                for (const char *shortcut : item.shortcuts) {
+                    const QKeySequence keys(QString::fromUtf8(shortcut));
+                    if (!keys.isEmpty() && keys[0].keyboardModifiers() == Qt::NoModifier)
+                        found.append(keys[0].key());
+                }
+            }
+        }
+    }
+    return found;
+}
+
+} // namespace quenara::test
