@@ -1,13 +1,13 @@
 #include "CanvasTextLayerEditor.h"
 
 #include "CanvasTextInterface.h"
+#include "Clipboard.h"
 #include "EditingKeys.h"
 #include "RoundedShapes.h"
 #include "TextElementRenderView.h"
 #include "ThemeColors.h"
 
 #include <QAccessible>
-#include <QClipboard>
 #include <QGuiApplication>
 #include <QInputMethod>
 #include <QInputMethodEvent>
@@ -273,7 +273,7 @@ CanvasTextLayerEditor::Action CanvasTextLayerEditor::commandFor(const QKeyEvent 
         };
     }
     if (event.matches(QKeySequence::Paste))
-        return [this] { paste(QGuiApplication::clipboard()->text()); };
+        return [this] { paste(QClipboard::Clipboard); };
     // One press is one step.
     if (event.matches(QKeySequence::Undo))
         return [this, isHeld = event.isAutoRepeat()] { isHeld ? void() : m_store.undo(); };
@@ -325,11 +325,9 @@ void CanvasTextLayerEditor::change(const std::function<void(EditedText &)> &edit
     });
 }
 
-void CanvasTextLayerEditor::paste(const QString &pasted)
+void CanvasTextLayerEditor::paste(QClipboard::Mode mode)
 {
-    QString text = pasted;
-    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-    text.replace(u'\r', u'\n');
+    const QString text = pastedText(mode);
     if (!text.isEmpty())
         change([&](EditedText &edit) { edit.insert(text); });
 }
@@ -415,7 +413,7 @@ void CanvasTextLayerEditor::mouseReleaseEvent(QMouseEvent *event)
         clipboard->setText(m_edit.selectedText(), QClipboard::Selection);
     } else if (event->button() == Qt::MiddleButton) {
         moveTo(positionAt(event->position()), Selecting::no);
-        paste(clipboard->text(QClipboard::Selection));
+        paste(QClipboard::Selection);
     }
 }
 

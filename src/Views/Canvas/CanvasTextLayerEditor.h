@@ -5,6 +5,7 @@
 #include "WorkspaceStore.h"
 
 #include <QBasicTimer>
+#include <QClipboard>
 #include <QPainterPath>
 #include <QTransform>
 #include <QWidget>
@@ -62,7 +63,7 @@ private:
     void moveTo(qsizetype position, Selecting selecting);
     void moveByLines(int lines, Selecting selecting);
     void change(const std::function<void(EditedText &)> &edit);
-    void paste(const QString &pasted);
+    void paste(QClipboard::Mode mode);
     void copySelection();
     void layOut();
     void showCaret();

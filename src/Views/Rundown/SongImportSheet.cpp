@@ -1,13 +1,12 @@
 #include "SongImportSheet.h"
 
 #include "RoleLabel.h"
+#include "TextBox.h"
 #include "WorkspaceStore.h"
 
-#include <QFocusEvent>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -19,22 +18,6 @@ constexpr QSize sheetSize{480, 460};
 constexpr int padding = 20;
 constexpr int spacing = 12;
 constexpr int buttonSpacing = 8;
-
-/// Selects its whole text for whoever comes with the Tab key, as fields of one line do, so that
-/// what is pasted then takes the place of the example.
-class LyricsEditor : public QPlainTextEdit
-{
-public:
-    using QPlainTextEdit::QPlainTextEdit;
-
-protected:
-    void focusInEvent(QFocusEvent *event) override
-    {
-        QPlainTextEdit::focusInEvent(event);
-        if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason)
-            selectAll();
-    }
-};
 
 } // namespace
 
@@ -49,9 +32,8 @@ SongImportSheet::SongImportSheet(WorkspaceStore &store, SongImportDraft &draft, 
     m_title = new QLineEdit(draft.songTitle);
     m_title->setAccessibleName(QStringLiteral("Song title"));
     m_title->setPlaceholderText(QStringLiteral("Song title"));
-    m_lyrics = new LyricsEditor(draft.pastedLyrics);
-    m_lyrics->setAccessibleName(QStringLiteral("Lyrics"));
-    m_lyrics->setTabChangesFocus(true);
+    m_lyrics = new TextBox(QStringLiteral("Lyrics"));
+    m_lyrics->setPlainText(draft.pastedLyrics);
     auto *cancel = new QPushButton(QStringLiteral("Cancel"));
     auto *import = new QPushButton(QStringLiteral("Import Song"));
     import->setProperty("look", QStringLiteral("primary"));
@@ -76,7 +58,7 @@ SongImportSheet::SongImportSheet(WorkspaceStore &store, SongImportDraft &draft, 
     };
     connect(m_title, &QLineEdit::textChanged, this,
             [this](const QString &title) { m_draft.songTitle = title; });
-    connect(m_lyrics, &QPlainTextEdit::textChanged, this, [this, enableImport] {
+    connect(m_lyrics, &TextBox::textChanged, this, [this, enableImport] {
         m_draft.pastedLyrics = m_lyrics->toPlainText();
         enableImport();
     });

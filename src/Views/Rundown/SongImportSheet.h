@@ -4,10 +4,10 @@
 #include <QString>
 
 class QLineEdit;
-class QPlainTextEdit;
 
 namespace quenara {
 
+class TextBox;
 class WorkspaceStore;
 
 /// What stands in the song import sheet; outlives the sheet, so that a cancel keeps it.
@@ -37,7 +37,7 @@ private:
     WorkspaceStore &m_store;
     SongImportDraft &m_draft;
     QLineEdit *m_title = nullptr;
-    QPlainTextEdit *m_lyrics = nullptr;
+    TextBox *m_lyrics = nullptr;
 };
 
 } // namespace quenara

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QClipboard>
+#include <QString>
+
+class QMimeData;
+
+namespace quenara {
+
+/// The text that a paste of \a source writes, its lines ended by line feeds. Empty where there is
+/// none, and for null.
+QString pastedText(const QMimeData *source);
+
+/// That of the clipboard or of the selection. After a login on X11 nobody owns either.
+QString pastedText(QClipboard::Mode mode);
+
+} // namespace quenara
