@@ -57,15 +57,6 @@ struct Editing : DesignCanvas
     QString selected() const { return editor->inputMethodQuery(Qt::ImCurrentSelection).toString(); }
 };
 
-bool wouldBeText(QWidget *widget, Qt::Key key, Qt::KeyboardModifiers modifiers,
-                 const QString &text = {})
-{
-    QKeyEvent event(QEvent::ShortcutOverride, key, modifiers, text);
-    event.ignore();
-    QApplication::sendEvent(widget, &event);
-    return event.isAccepted();
-}
-
 } // namespace
 
 class TestCanvasTextLayerEditor : public GuiTest
@@ -189,21 +180,6 @@ private slots:
         QVERIFY(!e.store.hasUnsavedChanges());
     }
 
-    void undoAndRedoWorkWhileEditing()
-    {
-        Editing e;
-        QTest::keyClicks(e.editor, QStringLiteral("ab"));
-        e.type(Qt::Key_Z, Qt::ControlModifier);
-        QCOMPARE(e.text(), QStringLiteral("one two"));
-        QVERIFY(e.editor->hasFocus());
-        e.type(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
-        QCOMPARE(e.text(), QStringLiteral("one twoab"));
-        QTest::keyClicks(e.editor, QStringLiteral("c"));
-        QCOMPARE(e.text(), QStringLiteral("one twoabc"));
-        e.type(Qt::Key_Z, Qt::ControlModifier);
-        QCOMPARE(e.text(), QStringLiteral("one twoab"));
-    }
-
     void theEditorShowsWhatElseChangesTheText()
     {
         Editing e;
@@ -222,42 +198,6 @@ private slots:
         e.store.undo();
         QCOMPARE(e.text(), QStringLiteral("one twoa"));
         QVERIFY(e.store.canUndo());
-    }
-
-    void keysOfTheTransportAreText_data()
-    {
-        QTest::addColumn<Qt::Key>("key");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("space") << Qt::Key_Space << " ";
-        QTest::newRow("return") << Qt::Key_Return << "\r";
-        QTest::newRow("enter") << Qt::Key_Enter << "\r";
-        QTest::newRow("b") << Qt::Key_B << "b";
-        QTest::newRow("l") << Qt::Key_L << "l";
-        QTest::newRow("right") << Qt::Key_Right << "";
-        QTest::newRow("left") << Qt::Key_Left << "";
-        QTest::newRow("down") << Qt::Key_Down << "";
-        QTest::newRow("up") << Qt::Key_Up << "";
-        QTest::newRow("page down") << Qt::Key_PageDown << "";
-        QTest::newRow("page up") << Qt::Key_PageUp << "";
-    }
-
-    void keysOfTheTransportAreText()
-    {
-        QFETCH(Qt::Key, key);
-        QFETCH(QString, text);
-        Editing e;
-        QVERIFY(wouldBeText(e.editor, key, Qt::NoModifier, text));
-        QVERIFY(!wouldBeText(e.canvas, key, Qt::NoModifier, text));
-    }
-
-    void keysOfTheMenusStayTheirs()
-    {
-        Editing e;
-        for (const Qt::Key key : {Qt::Key_S, Qt::Key_N, Qt::Key_O, Qt::Key_Q})
-            QVERIFY(!wouldBeText(e.editor, key, Qt::ControlModifier));
-        for (const Qt::Key key : {Qt::Key_Z, Qt::Key_C, Qt::Key_V, Qt::Key_X, Qt::Key_A})
-            QVERIFY(wouldBeText(e.editor, key, Qt::ControlModifier));
-        QVERIFY(!wouldBeText(e.editor, Qt::Key_F, Qt::AltModifier, QStringLiteral("f")));
     }
 
     void keysMoveTheCaret_data()
@@ -414,7 +354,7 @@ private slots:
         e.compose(QStringLiteral("x"));
         QCOMPARE(e.text(), QString());
         e.compose({});
-        e.type(Qt::Key_Z, Qt::ControlModifier);
+        e.store.undo();
         QCOMPARE(e.text(), QStringLiteral("one two"));
     }
 

@@ -203,15 +203,6 @@ void CanvasTextLayerEditor::paintEvent(QPaintEvent * /*event*/)
     painter.strokePath(outline, QPen(theme.accent, outlineWidth));
 }
 
-bool CanvasTextLayerEditor::event(QEvent *event)
-{
-    if (event->type() == QEvent::ShortcutOverride && actionFor(*static_cast<QKeyEvent *>(event))) {
-        event->accept();
-        return true;
-    }
-    return QWidget::event(event);
-}
-
 void CanvasTextLayerEditor::keyPressEvent(QKeyEvent *event)
 {
     if (const Action action = actionFor(*event)) {
@@ -274,11 +265,6 @@ CanvasTextLayerEditor::Action CanvasTextLayerEditor::commandFor(const QKeyEvent 
     }
     if (event.matches(QKeySequence::Paste))
         return [this] { paste(QClipboard::Clipboard); };
-    // One press is one step.
-    if (event.matches(QKeySequence::Undo))
-        return [this, isHeld = event.isAutoRepeat()] { isHeld ? void() : m_store.undo(); };
-    if (event.matches(QKeySequence::Redo))
-        return [this, isHeld = event.isAutoRepeat()] { isHeld ? void() : m_store.redo(); };
     return {};
 }
 
