@@ -3,6 +3,7 @@
 #include "ProjectTemplates.h"
 #include "Records.h"
 #include "TestSupport.h"
+#include "WorkedOn.h"
 
 #include <QDir>
 #include <QFile>
@@ -15,19 +16,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 using Operation = void (WorkspaceStore::*)();
-
-/// Leaves nothing in \a world as it was at first.
-void workOn(World &world)
-{
-    WorkspaceStore &store = world.store;
-    store.updateProjectName(u"Worked on"_s);
-    store.duplicateSelectedSlide();
-    store.addServiceItem(ServiceItemType::message);
-    store.undo();
-    store.goLive();
-    store.toggleBlackout();
-    store.setStartPanelPresented(true);
-}
 
 void compareAFreshDocument(const WorkspaceStore &store)
 {
@@ -79,7 +67,7 @@ private slots:
         World world(showOf({2, 1}));
         world.panels.answer = world.fileUrl(u"old.quenara"_s);
         world.store.saveProject();
-        workOn(world);
+        workOn(world.store);
         const QList<RecentProject> recent = world.store.recentProjects();
         (world.store.*operation)();
         QCOMPARE(withoutIdentifiers(world.store.project()), withoutIdentifiers(expected));
@@ -95,7 +83,7 @@ private slots:
         ZelvoProject other = showOf({0, 1, 2});
         other.name = u"Other"_s;
         ProjectFileService::save(other, url, someTime());
-        workOn(world);
+        workOn(world.store);
         world.now = someTime().addSecs(10);
         world.store.openProject(url);
         QCOMPARE(world.store.project(), other);
@@ -129,7 +117,7 @@ private slots:
         QFETCH(QString, path);
         QFETCH(QString, message);
         World world(showOf({2, 1}));
-        workOn(world);
+        workOn(world.store);
         WorkspaceState expected = world.store.state();
         const auto undoStack = world.store.undoStore().undoStack();
         const auto redoStack = world.store.undoStore().redoStack();
@@ -185,7 +173,7 @@ private slots:
         ZelvoProject project = showOf({2, 1});
         project.serviceItems[0].slides[0].body = u"stale"_s;
         World world(project);
-        workOn(world);
+        workOn(world.store);
         const QUrl url = world.fileUrl(u"saved.quenara"_s);
         world.panels.answer = url;
         world.now = someTime().addDays(1);

@@ -2,6 +2,7 @@
 #include "Documents.h"
 #include "ProjectFileError.h"
 #include "TestSupport.h"
+#include "WorkedOn.h"
 
 #include <QDir>
 #include <QFile>
@@ -54,13 +55,7 @@ struct BusyWorld : World
         QDir(folder.path()).mkpath(u"saved"_s);
         panels.answer = saved;
         store.saveProject();
-        store.updateProjectName(u"Worked on"_s);
-        store.duplicateSelectedSlide();
-        store.addServiceItem(ServiceItemType::message);
-        store.undo();
-        store.goLive();
-        store.toggleBlackout();
-        store.setStartPanelPresented(true);
+        workOn(store);
         panels.asked.clear();
     }
 };
