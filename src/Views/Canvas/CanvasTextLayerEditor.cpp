@@ -2,9 +2,8 @@
 
 #include "CanvasTextInterface.h"
 #include "Clipboard.h"
+#include "EditedTextView.h"
 #include "EditingKeys.h"
-#include "RoundedShapes.h"
-#include "TextElementRenderView.h"
 #include "ThemeColors.h"
 
 #include <QAccessible>
@@ -15,33 +14,7 @@
 #include <QPainter>
 #include <QStyleHints>
 
-#include <algorithm>
-#include <cmath>
-
 namespace quenara {
-
-namespace {
-
-// Points
-constexpr double leastPadding = 4;
-constexpr double cornerRadius = 10;
-constexpr double outlineWidth = 2;
-constexpr double caretWidth = 2;
-constexpr double preeditLineWidth = 1;
-
-/// The theme's input colour or, where letters of \a text cannot be read on that, the other theme's:
-/// slides keep their colours in both schemes.
-QColor inputColor(const ZelvoTheme &theme, const QColor &text)
-{
-    constexpr double leastContrast = 2;
-    const QColor opaque = QColor(text.rgb());
-    const ZelvoTheme &other =
-        theme == ZelvoTheme::dark() ? ZelvoTheme::light() : ZelvoTheme::dark();
-    return contrast(opaque, theme.inputBackground) < leastContrast ? other.inputBackground
-                                                                   : theme.inputBackground;
-}
-
-} // namespace
 
 CanvasTextLayerEditor::CanvasTextLayerEditor(WorkspaceStore &store, QWidget *parent)
     : QWidget(parent), m_store(store)
@@ -60,24 +33,21 @@ void CanvasTextLayerEditor::setLayer(const SlideElement &layer, const QPointF &s
                                      double scale)
 {
     if (m_edit.text != layer.text->text) {
-        m_preedit.clear();
+        m_preedit = {};
         m_edit.replace(layer.text->text);
     }
-    m_layer = layer;
-    m_slideTopLeft = slideTopLeft;
-    m_scale = scale;
-
-    const double around = outlineWidth / 2;
-    QTransform turn;
-    turn.translate(plate().center().x(), plate().center().y());
-    turn.rotate(std::fmod(m_layer.rotation, 360));
-    turn.translate(-plate().center().x(), -plate().center().y());
-    const QPolygonF outline = turn.map(plate().adjusted(-around, -around, around, around));
+    m_text = *layer.text;
+    m_placement = {.frame = layer.frame,
+                   .rotation = layer.rotation,
+                   .padding = layer.text->padding,
+                   .slideTopLeft = slideTopLeft,
+                   .scale = scale};
+    const QPolygonF outline = m_placement.outline(EditedTextView::outlineMargin);
     setGeometry(outline.boundingRect().toAlignedRect());
-    if (turn.isIdentity()) {
-        clearMask();
-    } else {
+    if (m_placement.isTurned()) {
         setMask(QRegion(outline.translated(-pos()).toPolygon()));
+    } else {
+        clearMask();
     }
     layOut();
 }
@@ -92,7 +62,7 @@ void CanvasTextLayerEditor::beginEditing(const QPointF &point)
 void CanvasTextLayerEditor::endEditing()
 {
     stopTyping();
-    m_preedit.clear();
+    m_preedit = {};
     hide();
 }
 
@@ -102,18 +72,13 @@ void CanvasTextLayerEditor::stopTyping()
     m_store.endGesture(m_typing);
 }
 
-TextElementProperties CanvasTextLayerEditor::shownText() const
-{
-    TextElementProperties text = *m_layer.text;
-    text.text = m_edit.text;
-    text.text.insert(m_edit.caret, m_preedit);
-    text.backgroundFill = std::nullopt;
-    return text;
-}
-
 void CanvasTextLayerEditor::layOut()
 {
-    m_places.emplace(shownText(), QSizeF(m_layer.frame.width, m_layer.frame.height));
+    m_shownText = m_text;
+    m_shownText.text = m_edit.text;
+    m_shownText.text.insert(m_edit.caret, m_preedit.text);
+    m_shownText.backgroundFill = std::nullopt;
+    m_places.emplace(m_shownText, QSizeF(m_placement.frame.width, m_placement.frame.height));
     showCaret();
 }
 
@@ -131,76 +96,34 @@ void CanvasTextLayerEditor::showCaret()
     update();
 }
 
-/// The layer's box in the parent's coordinates before its rotation.
-QRectF CanvasTextLayerEditor::box() const
-{
-    const CanvasFrame &frame = m_layer.frame;
-    return {m_slideTopLeft + QPointF(frame.x, frame.y) * m_scale,
-            QSizeF(frame.width, frame.height) * m_scale};
-}
-
-/// What the text is edited on. It leaves some room around the text where the layer's padding is
-/// less, so that the text need not move.
-QRectF CanvasTextLayerEditor::plate() const
-{
-    const double around = std::max(0.0, leastPadding - m_layer.text->padding * m_scale);
-    QRectF plate = box().adjusted(-around, -around, around, around);
-    plate.setSize(plate.size().expandedTo({2 * leastPadding, 2 * leastPadding}));
-    return plate;
-}
-
-/// From points right and down of the layer's top left.
-QTransform CanvasTextLayerEditor::toWidget() const
-{
-    const QPointF half(box().width() / 2, box().height() / 2);
-    QTransform transform;
-    transform.translate(box().center().x() - x(), box().center().y() - y());
-    transform.rotate(std::fmod(m_layer.rotation, 360));
-    transform.translate(-half.x(), -half.y());
-    return transform;
-}
-
 QRectF CanvasTextLayerEditor::caretRect() const
 {
-    const QRectF caret = m_places->caret(m_edit.caret + m_preeditCaret);
-    return {caret.x() * m_scale - caretWidth / 2, caret.y() * m_scale, caretWidth,
-            caret.height() * m_scale};
+    return scaledCaret(*m_places, m_edit.caret + m_preedit.caret, m_placement.scale);
+}
+
+/// From points right and down of the box's top left to those of the widget.
+QTransform CanvasTextLayerEditor::fromBox() const
+{
+    return m_placement.fromBox() * QTransform::fromTranslate(-x(), -y());
 }
 
 qsizetype CanvasTextLayerEditor::positionAt(const QPointF &point) const
 {
-    return m_scale > 0 ? m_places->positionAt(toWidget().inverted().map(point) / m_scale)
-                       : m_edit.caret;
+    const double scale = m_placement.scale;
+    return scale > 0 ? m_places->positionAt(fromBox().inverted().map(point) / scale) : m_edit.caret;
 }
 
 void CanvasTextLayerEditor::paintEvent(QPaintEvent * /*event*/)
 {
-    const ZelvoTheme &theme = themeOf(*this);
-    const auto scaled = [this](const QRectF &piece) {
-        return QRectF(piece.topLeft() * m_scale, piece.size() * m_scale);
-    };
     QPainter painter(this);
-    painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing
-                           | QPainter::SmoothPixmapTransform);
-    painter.setTransform(toWidget());
-    const QRectF base = plate().translated(-box().topLeft());
-    const QPainterPath outline = continuousRoundedRect(base, cornerRadius);
-    painter.fillPath(outline, inputColor(theme, m_layer.text->textColor.toColor()));
-
-    for (const QRectF &piece : m_places->pieces(m_edit.selectionStart(), m_edit.selectionEnd()))
-        painter.fillRect(scaled(piece), theme.selection);
-    painter.setPen(Qt::NoPen);
-    TextElementRenderView{shownText(), m_scale}.paint(painter, QRectF(QPointF(), box().size()),
-                                                      &m_places->block());
-    for (const QRectF &piece : m_places->pieces(m_edit.caret, m_edit.caret + m_preedit.size())) {
-        QRectF line = scaled(piece);
-        line.setTop(line.bottom() - preeditLineWidth);
-        painter.fillRect(line, theme.accent);
-    }
-    if (m_isCaretOn)
-        painter.fillRect(caretRect(), theme.accent);
-
-    painter.strokePath(outline, QPen(theme.accent, outlineWidth));
+    painter.translate(-pos());
+    EditedTextView{.text = m_shownText,
+                   .placement = m_placement,
+                   .edit = m_edit,
+                   .preedit = m_preedit,
+                   .places = *m_places,
+                   .showsCaret = m_isCaretOn}
+        .paint(painter, themeOf(*this));
 }
 
 void CanvasTextLayerEditor::keyPressEvent(QKeyEvent *event)
@@ -270,8 +193,13 @@ CanvasTextLayerEditor::Action CanvasTextLayerEditor::commandFor(const QKeyEvent 
 
 void CanvasTextLayerEditor::moveTo(qsizetype position, Selecting selecting)
 {
-    m_column.reset();
     m_edit.moveTo(position, selecting);
+    showMovedCaret();
+}
+
+void CanvasTextLayerEditor::showMovedCaret()
+{
+    m_column.reset();
     showCaret();
     QAccessibleTextCursorEvent moved(this, int(m_edit.caret));
     QAccessible::updateAccessibility(&moved);
@@ -326,34 +254,16 @@ void CanvasTextLayerEditor::copySelection()
 
 void CanvasTextLayerEditor::inputMethodEvent(QInputMethodEvent *event)
 {
+    const Preedit preedit = preeditOf(*event);
     const bool isInput = !event->commitString().isEmpty() || event->replacementLength() > 0
-        || event->preeditString() != m_preedit;
-    m_preedit = event->preeditString();
-    m_preeditCaret = m_preedit.size();
-    for (const QInputMethodEvent::Attribute &attribute : event->attributes()) {
-        if (attribute.type == QInputMethodEvent::Cursor)
-            m_preeditCaret = attribute.start;
-    }
+        || preedit.text != m_preedit.text;
+    m_preedit = preedit;
     change([&](EditedText &edit) {
-        if (!isInput)
-            return;
-        edit.removeTo(edit.caret);
-        const qsizetype start =
-            std::clamp<qsizetype>(edit.caret + event->replacementStart(), 0, edit.text.size());
-        const qsizetype length =
-            std::clamp<qsizetype>(event->replacementLength(), 0, edit.text.size() - start);
-        if (length > 0) {
-            edit.moveTo(start);
-            edit.removeTo(start + length);
-        }
-        edit.insert(event->commitString());
+        if (isInput)
+            commit(edit, *event);
     });
-    for (const QInputMethodEvent::Attribute &attribute : event->attributes()) {
-        if (attribute.type == QInputMethodEvent::Selection) {
-            moveTo(m_edit.placeFrom(attribute.start), Selecting::no);
-            moveTo(m_edit.placeFrom(qsizetype(attribute.start) + attribute.length), Selecting::yes);
-        }
-    }
+    if (select(m_edit, *event))
+        showMovedCaret();
     event->accept();
 }
 
@@ -361,7 +271,7 @@ QVariant CanvasTextLayerEditor::inputMethodQuery(Qt::InputMethodQuery query) con
 {
     switch (query) {
     case Qt::ImCursorRectangle:
-        return toWidget().mapRect(caretRect()).toAlignedRect();
+        return fromBox().mapRect(caretRect()).toAlignedRect();
     case Qt::ImCursorPosition:
         return m_edit.caret;
     case Qt::ImAnchorPosition:

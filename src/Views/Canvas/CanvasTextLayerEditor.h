@@ -1,13 +1,13 @@
 #pragma once
 
 #include "EditedText.h"
+#include "InputMethodEdits.h"
+#include "TextLayerPlacement.h"
 #include "TextPlaces.h"
 #include "WorkspaceStore.h"
 
 #include <QBasicTimer>
 #include <QClipboard>
-#include <QPainterPath>
-#include <QTransform>
 #include <QWidget>
 
 #include <functional>
@@ -60,6 +60,7 @@ private:
     Action changeFor(const QKeyEvent &event);
     Action commandFor(const QKeyEvent &event);
     void moveTo(qsizetype position, Selecting selecting);
+    void showMovedCaret();
     void moveByLines(int lines, Selecting selecting);
     void change(const std::function<void(EditedText &)> &edit);
     void paste(QClipboard::Mode mode);
@@ -68,21 +69,17 @@ private:
     void showCaret();
     void stopTyping();
 
-    TextElementProperties shownText() const;
-    QRectF box() const;
-    QRectF plate() const;
-    QTransform toWidget() const;
     QRectF caretRect() const;
+    QTransform fromBox() const;
     qsizetype positionAt(const QPointF &point) const;
 
     WorkspaceStore &m_store;
-    SlideElement m_layer;
-    QPointF m_slideTopLeft; ///< in the parent
-    double m_scale = 1;
+    TextElementProperties m_text; ///< of the layer, as the store has it
+    TextLayerPlacement m_placement;
     EditedText m_edit;
-    QString m_preedit; ///< what an input method is composing, at the caret
-    qsizetype m_preeditCaret = 0;
-    std::optional<TextPlaces> m_places; ///< of what is shown
+    Preedit m_preedit;
+    TextElementProperties m_shownText; ///< with what is typed and composed
+    std::optional<TextPlaces> m_places; ///< of \c m_shownText
     std::optional<double> m_column; ///< where the caret keeps to while it moves by lines
     GestureID m_typing{};
     QBasicTimer m_blinking;

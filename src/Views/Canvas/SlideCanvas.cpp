@@ -1,9 +1,8 @@
 #include "SlideCanvas.h"
 
+#include "CanvasBackdrop.h"
 #include "CanvasTextLayerEditor.h"
-#include "DeviceLayer.h"
-#include "DevicePixels.h"
-#include "GaussianBlur.h"
+#include "SelectionMarks.h"
 #include "Show.h"
 #include "ThemeColors.h"
 
@@ -20,19 +19,6 @@ namespace {
 // Points
 constexpr double moveDistance = 2; ///< of the pointer before a press becomes a drag
 constexpr double resizeDistance = 1;
-constexpr double outlineWidth = 1.5;
-constexpr double outlineMiterLimit = 10;
-constexpr double handleOutlineWidth = 1;
-constexpr double handleCornerRadius = 2;
-constexpr double guideWidth = 1;
-constexpr float guideOpacity = 0.72F;
-constexpr double shadowRadius = 18;
-constexpr double shadowOffset = 10;
-
-double shadowOpacity(ColorScheme scheme)
-{
-    return scheme == ColorScheme::dark ? 0.45 : 0.18;
-}
 
 } // namespace
 
@@ -92,12 +78,7 @@ const SlideElement *SlideCanvas::markedLayer() const
 QRect SlideCanvas::marksRect() const
 {
     const SlideElement *layer = markedLayer();
-    if (!layer)
-        return {};
-    const QRectF box = boxOf(*layer);
-    return (box.normalized() | resizeHandle(box))
-        .adjusted(-outlineWidth, -outlineWidth, outlineWidth, outlineWidth)
-        .toAlignedRect();
+    return layer ? selectionMarksRect(boxOf(*layer)) : QRect();
 }
 
 void SlideCanvas::showStore()
@@ -114,7 +95,7 @@ void SlideCanvas::showStore()
             // within a device pixel reaches one further than its points tell.
             update(place.toAlignedRect().adjusted(-1, -1, 1, 1) | marks | marksRect());
         } else {
-            m_surroundings = {};
+            m_backdrop = {};
             update();
         }
     }
@@ -271,32 +252,17 @@ void SlideCanvas::endDrag()
 void SlideCanvas::showGuides(bool vertical, bool horizontal)
 {
     if (vertical != m_showVerticalCenterGuide)
-        update(verticalGuide().toAlignedRect());
+        update(verticalCenterGuide(slideRect()).toAlignedRect());
     if (horizontal != m_showHorizontalCenterGuide)
-        update(horizontalGuide().toAlignedRect());
+        update(horizontalCenterGuide(slideRect()).toAlignedRect());
     m_showVerticalCenterGuide = vertical;
     m_showHorizontalCenterGuide = horizontal;
-}
-
-/// On whole points, so that it is as thin as it is to be.
-QRectF SlideCanvas::verticalGuide() const
-{
-    const QRectF slide = slideRect();
-    return {std::round(slide.center().x() - guideWidth / 2), slide.top(), guideWidth,
-            slide.height()};
-}
-
-QRectF SlideCanvas::horizontalGuide() const
-{
-    const QRectF slide = slideRect();
-    return {slide.left(), std::round(slide.center().y() - guideWidth / 2), slide.width(),
-            guideWidth};
 }
 
 void SlideCanvas::changeEvent(QEvent *event)
 {
     if (changesTheme(*event)) {
-        m_surroundings = {};
+        m_backdrop = {};
         update();
     }
     QWidget::changeEvent(event);
@@ -304,7 +270,7 @@ void SlideCanvas::changeEvent(QEvent *event)
 
 void SlideCanvas::resizeEvent(QResizeEvent * /*event*/)
 {
-    m_surroundings = {};
+    m_backdrop = {};
     showEditor();
 }
 
@@ -312,9 +278,11 @@ void SlideCanvas::paintEvent(QPaintEvent * /*event*/)
 {
     const ZelvoTheme &theme = themeOf(*this);
     QPainter painter(this);
-    if (m_surroundings.isNull())
-        paintSurroundings();
-    painter.drawImage(0, 0, m_surroundings);
+    if (m_backdrop.isNull()) {
+        m_backdrop =
+            canvasBackdrop(size(), devicePixelRatioF(), slideRect(), colorSchemeOf(palette()));
+    }
+    painter.drawImage(0, 0, m_backdrop);
     if (!m_slide)
         return;
     m_picture.paint(painter,
@@ -324,14 +292,12 @@ void SlideCanvas::paintEvent(QPaintEvent * /*event*/)
                      .selectedElementID = m_selectedElementID,
                      .pictures = &m_pictures},
                     slideRect().topLeft());
-    QColor guide = theme.accent;
-    guide.setAlphaF(guideOpacity);
     if (m_showVerticalCenterGuide)
-        painter.fillRect(verticalGuide(), guide);
+        painter.fillRect(verticalCenterGuide(slideRect()), centerGuideColor(theme));
     if (m_showHorizontalCenterGuide)
-        painter.fillRect(horizontalGuide(), guide);
+        painter.fillRect(horizontalCenterGuide(slideRect()), centerGuideColor(theme));
     if (const SlideElement *layer = markedLayer())
-        paintMarks(painter, boxOf(*layer), theme);
+        paintSelectionMarks(painter, boxOf(*layer), theme);
 }
 
 /// A layer whose text is edited is painted by its editor.
@@ -341,39 +307,6 @@ Slide SlideCanvas::paintedSlide() const
     if (const auto edited = elementIndex(slide, m_editingElementID))
         slide.design.elements[*edited].opacity = 0;
     return slide;
-}
-
-/// The area behind the slide with the slide's shadow.
-void SlideCanvas::paintSurroundings()
-{
-    const ColorScheme scheme = colorSchemeOf(palette());
-    m_surroundings = QImage(size() * devicePixelRatioF(), QImage::Format_RGB32);
-    m_surroundings.setDevicePixelRatio(devicePixelRatioF());
-    m_surroundings.fill(ZelvoTheme::current(scheme).canvasBackground);
-    QPainter painter(&m_surroundings);
-    painter.translate(0, shadowOffset);
-    const QRectF slide = slideRect();
-    const BlurPlan plan(shadowRadius / 2 * deviceScale(painter));
-    DeviceLayer shadow = DeviceLayer::painted(
-        painter, slide, plan.reach, [&](QPainter &layer) { layer.fillRect(slide, Qt::black); },
-        plan.reduction);
-    shadow.image = gaussianBlurred(shadow.image, plan.sigma);
-    shadow.draw(painter, shadowOpacity(scheme));
-}
-
-void SlideCanvas::paintMarks(QPainter &painter, const QRectF &box, const ZelvoTheme &theme) const
-{
-    QPen outline(theme.accent, outlineWidth, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin);
-    outline.setMiterLimit(outlineMiterLimit);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(outline);
-    painter.setBrush(Qt::NoBrush);
-    painter.drawRect(box);
-    const double inset = handleOutlineWidth / 2;
-    painter.setPen(QPen(theme.primaryText, handleOutlineWidth));
-    painter.setBrush(theme.accent);
-    painter.drawRoundedRect(resizeHandle(box).adjusted(inset, inset, -inset, -inset),
-                            handleCornerRadius, handleCornerRadius);
 }
 
 } // namespace quenara

@@ -13,7 +13,6 @@ namespace quenara {
 
 class CanvasTextLayerEditor;
 class PictureCache;
-struct ZelvoTheme;
 
 /// The selected slide with the means to change its layers by pointer: a press selects a layer, a
 /// drag moves it or, on its handle, resizes it, a double click edits its text in place.
@@ -51,8 +50,6 @@ private:
     double scale() const;
     QPointF toCanvas(const QPointF &point) const;
     QRectF boxOf(const SlideElement &layer) const;
-    QRectF verticalGuide() const;
-    QRectF horizontalGuide() const;
     QRect marksRect() const;
     const SlideElement *selectedLayer() const;
     const SlideElement *markedLayer() const;
@@ -69,15 +66,13 @@ private:
     void endDrag();
     void setFrame(const CanvasFrame &frame);
     Slide paintedSlide() const;
-    void paintSurroundings();
-    void paintMarks(QPainter &painter, const QRectF &box, const ZelvoTheme &theme) const;
 
     WorkspaceStore &m_store;
     PictureCache &m_pictures;
     std::optional<Slide> m_slide; ///< what is shown
     std::optional<QString> m_selectedElementID;
     SlidePicture m_picture;
-    QImage m_surroundings;
+    QImage m_backdrop; ///< null once it is outdated
 
     std::optional<Press> m_press;
     std::optional<CanvasFrame> m_dragStartFrame;

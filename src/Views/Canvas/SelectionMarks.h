@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QPainter>
+#include <QRectF>
+
+namespace quenara {
+
+struct ZelvoTheme;
+
+// What the canvas paints over a slide. Everything is in points of the canvas.
+
+/// The outline of the selected layer, whose \a box may be of negative size, and its resize handle.
+void paintSelectionMarks(QPainter &painter, const QRectF &box, const ZelvoTheme &theme);
+/// All that paintSelectionMarks() paints on.
+QRect selectionMarksRect(const QRectF &box);
+
+/// The line through the middle of \a slide, on whole points so that it is not blurred.
+QRectF verticalCenterGuide(const QRectF &slide);
+QRectF horizontalCenterGuide(const QRectF &slide);
+QColor centerGuideColor(const ZelvoTheme &theme);
+
+} // namespace quenara

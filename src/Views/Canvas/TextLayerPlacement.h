@@ -1,0 +1,34 @@
+#pragma once
+
+#include "SlideDesignModels.h"
+
+#include <QPointF>
+#include <QPolygonF>
+#include <QRectF>
+#include <QTransform>
+
+namespace quenara {
+
+/// Where the text of a layer is edited on the canvas. What its functions give is in points of the
+/// canvas.
+struct TextLayerPlacement
+{
+    CanvasFrame frame; ///< canvas units
+    double rotation = 0; ///< degrees, clockwise
+    double padding = 0; ///< canvas units
+    QPointF slideTopLeft; ///< points of the canvas
+    double scale = 1; ///< points for one canvas unit; 0 without a slide
+
+    bool isTurned() const;
+    /// The layer's box before its rotation.
+    QRectF box() const;
+    /// What the text is edited on, before the rotation: the box and, where the padding is narrow,
+    /// some room around it, so that the text need not move. Never too small to be seen.
+    QRectF plate() const;
+    /// The plate as it is turned, with \a margin points more on every side.
+    QPolygonF outline(double margin) const;
+    /// Maps points right and down of the box's top left to points of the canvas.
+    QTransform fromBox() const;
+};
+
+} // namespace quenara
