@@ -1,6 +1,6 @@
 #include "CanvasBenchmarks.h"
 
-#include "BenchStore.h"
+#include "BenchCommands.h"
 #include "CanvasHand.h"
 #include "DesignCanvasView.h"
 #include "Photograph.h"
@@ -59,10 +59,10 @@ public:
     }
 
 private:
-    BenchStore m_workspace;
+    BenchCommands m_workspace;
     PictureCache m_pictures;
     QWidget m_window;
-    DesignCanvasView m_view{m_workspace.store, m_pictures};
+    DesignCanvasView m_view{m_workspace.store, m_workspace.commands, m_pictures};
     CanvasHand m_hand{m_workspace.store, m_view, [] { QCoreApplication::sendPostedEvents(); }};
 };
 

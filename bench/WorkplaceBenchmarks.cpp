@@ -1,10 +1,9 @@
 #include "WorkplaceBenchmarks.h"
 
-#include "BenchStore.h"
+#include "BenchCommands.h"
 #include "CanvasHand.h"
 #include "DisplayOutputView.h"
 #include "OperatorView.h"
-#include "OutputSwitches.h"
 #include "PictureCache.h"
 #include "ProjectGenerator.h"
 #include "RundownList.h"
@@ -33,16 +32,6 @@ constexpr ProjectSize show{.slideCount = 10'000, .itemCount = 500};
 constexpr int stepCount = 200;
 constexpr double frameLimit = 16e6; ///< nanoseconds
 constexpr double dragLimit = 8e6;
-
-/// Windows that the operator's switches do not move.
-class OpenOutputs : public OutputSwitches
-{
-public:
-    bool isDisplayWindowOpen() const override { return true; }
-    bool isStageWindowOpen() const override { return true; }
-    void toggleDisplayWindow() override {}
-    void toggleStageWindow() override {}
-};
 
 TextField *titleFieldOf(const QWidget &view)
 {
@@ -166,12 +155,11 @@ private:
         return project;
     }
 
-    BenchStore m_workspace;
+    BenchCommands m_workspace;
     PictureCache m_pictures;
-    OpenOutputs m_outputs;
     DisplayOutputView m_display{m_workspace.store, m_pictures};
     StageOutputView m_stage{m_workspace.store, m_pictures};
-    OperatorView m_view{m_workspace.store, m_outputs, m_pictures, [] { return true; }};
+    OperatorView m_view{m_workspace.store, m_workspace.commands, m_pictures};
     RundownList *m_list = m_view.findChild<RundownList *>();
     const RundownModel *m_model = m_view.findChild<RundownModel *>();
     TextField *m_title = titleFieldOf(m_view);

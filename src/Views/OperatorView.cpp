@@ -30,26 +30,26 @@ void layOutNow()
 
 } // namespace
 
-OperatorView::OperatorView(WorkspaceStore &store, OutputSwitches &outputs, PictureCache &pictures,
-                           const std::function<bool()> &mayReplaceDocument, QWidget *parent)
+OperatorView::OperatorView(WorkspaceStore &store, const CommandActions &commands,
+                           PictureCache &pictures, QWidget *parent)
     : QWidget(parent)
 {
     setAccessibleName(QStringLiteral("Operator"));
     setFocusPolicy(Qt::ClickFocus);
     auto *workArea = new QHBoxLayout;
     workArea->setSpacing(0);
-    workArea->addWidget(new RundownView(store, pictures));
+    workArea->addWidget(new RundownView(store, commands, pictures));
     workArea->addWidget(makeSeparator(Qt::Vertical));
-    auto *canvas = new DesignCanvasView(store, pictures);
+    auto *canvas = new DesignCanvasView(store, commands, pictures);
     canvas->setMinimumWidth(canvasMinimumWidth);
     workArea->addWidget(canvas, 1);
     workArea->addWidget(new InspectorView(store));
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(new ProjectBar(store, mayReplaceDocument));
+    layout->addWidget(new ProjectBar(store, commands));
     layout->addLayout(workArea, 1);
-    layout->addWidget(new TransportView(store, outputs, pictures));
+    layout->addWidget(new TransportView(store, commands, pictures));
     qApp->installEventFilter(this);
     // Connected last: after the parts above have shown the change.
     connect(&store, &WorkspaceStore::changed, this, layOutNow);

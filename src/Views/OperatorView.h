@@ -2,11 +2,9 @@
 
 #include <QWidget>
 
-#include <functional>
-
 namespace quenara {
 
-class OutputSwitches;
+class CommandActions;
 class PictureCache;
 class WorkspaceStore;
 
@@ -18,9 +16,8 @@ class OperatorView : public QWidget
     Q_OBJECT
 
 public:
-    /// \a mayReplaceDocument is asked before a document takes the place of the one there is.
-    OperatorView(WorkspaceStore &store, OutputSwitches &outputs, PictureCache &pictures,
-                 const std::function<bool()> &mayReplaceDocument, QWidget *parent = nullptr);
+    OperatorView(WorkspaceStore &store, const CommandActions &commands, PictureCache &pictures,
+                 QWidget *parent = nullptr);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;

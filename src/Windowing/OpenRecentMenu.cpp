@@ -1,6 +1,6 @@
 #include "OpenRecentMenu.h"
 
-#include "DocumentGuard.h"
+#include "CommandActions.h"
 #include "ElidedText.h"
 #include "PlainToolTip.h"
 #include "ShownPath.h"
@@ -15,8 +15,8 @@ constexpr int widestPath = 320;
 
 } // namespace
 
-OpenRecentMenu::OpenRecentMenu(WorkspaceStore &store, DocumentGuard &guard, QWidget *parent)
-    : QMenu(QStringLiteral("Open Recent"), parent), m_store(store), m_guard(guard)
+OpenRecentMenu::OpenRecentMenu(WorkspaceStore &store, CommandActions &commands, QWidget *parent)
+    : QMenu(QStringLiteral("Open Recent"), parent), m_store(store), m_commands(commands)
 {
     setToolTipsVisible(true);
     // Later, as the menu may be in the middle of the choice that changed the list.
@@ -37,10 +37,8 @@ void OpenRecentMenu::showProjects()
         // An ampersand alone would mark the next letter as the item's key.
         QAction *action = addAction(text.replace(QLatin1Char('&'), QStringLiteral("&&")));
         action->setToolTip(plainToolTip(project.path));
-        connect(action, &QAction::triggered, this, [this, url = project.url()] {
-            if (m_guard.mayReplaceDocument())
-                m_store.openProject(url);
-        });
+        connect(action, &QAction::triggered, this,
+                [this, url = project.url()] { m_commands.openProject(url); });
     }
     menuAction()->setEnabled(!isEmpty());
 }

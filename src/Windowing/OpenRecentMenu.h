@@ -4,7 +4,7 @@
 
 namespace quenara {
 
-class DocumentGuard;
+class CommandActions;
 class WorkspaceStore;
 
 /// The recent projects as a menu, disabled while there are none.
@@ -13,13 +13,13 @@ class OpenRecentMenu : public QMenu
     Q_OBJECT
 
 public:
-    OpenRecentMenu(WorkspaceStore &store, DocumentGuard &guard, QWidget *parent);
+    OpenRecentMenu(WorkspaceStore &store, CommandActions &commands, QWidget *parent);
 
 private:
     void showProjects();
 
     WorkspaceStore &m_store;
-    DocumentGuard &m_guard;
+    CommandActions &m_commands;
 };
 
 } // namespace quenara

@@ -1,6 +1,7 @@
 #include "OperatorWindow.h"
 
 #include "AlertBox.h"
+#include "CommandActions.h"
 #include "DocumentGuard.h"
 #include "OperatorView.h"
 #include "StartPanelView.h"
@@ -56,15 +57,14 @@ void openSheet(QPointer<Sheet> &sheet, Sheet *opened, const std::function<void()
 } // namespace
 
 OperatorWindow::OperatorWindow(WorkspaceStore &store, WindowCoordinator &windows,
-                               OutputSwitches &outputs, DocumentGuard &guard,
-                               ZelvoCommands &commands, PictureCache &pictures)
-    : m_store(store), m_windows(windows), m_guard(guard)
+                               DocumentGuard &guard, CommandActions &commands,
+                               const ZelvoCommands &menus, PictureCache &pictures)
+    : m_store(store), m_windows(windows), m_guard(guard), m_commands(commands)
 {
     setObjectName(QStringLiteral("operatorWindow"));
     m_windows.keepOff(*this);
-    commands.fill(*menuBar());
-    auto *content =
-        new OperatorView(store, outputs, pictures, [this] { return m_guard.mayReplaceDocument(); });
+    menus.fill(*menuBar());
+    auto *content = new OperatorView(store, commands, pictures);
     content->setMinimumSize(minimumContentSize);
     setCentralWidget(content);
     content->setFocus();
@@ -76,8 +76,8 @@ OperatorWindow::OperatorWindow(WorkspaceStore &store, WindowCoordinator &windows
     connect(&store, &WorkspaceStore::isSongImportPresentedChanged, this,
             &OperatorWindow::showSongImport);
     connect(&store, &WorkspaceStore::errorMessageChanged, this, &OperatorWindow::showError);
-    connect(&commands, &ZelvoCommands::quitRequested, this, &QWidget::close);
-    connect(&commands, &ZelvoCommands::aboutRequested, this, &OperatorWindow::showAbout);
+    connect(&commands, &CommandActions::quitRequested, this, &QWidget::close);
+    connect(&commands, &CommandActions::aboutRequested, this, &OperatorWindow::showAbout);
     showTitle();
     showError();
 }
@@ -137,8 +137,7 @@ void OperatorWindow::showStartPanel()
 {
     if (!m_store.isStartPanelPresented())
         return dismiss(m_startPanel);
-    const auto mayReplaceDocument = [this] { return m_guard.mayReplaceDocument(); };
-    openSheet(m_startPanel, new StartPanelView(m_store, mayReplaceDocument, this),
+    openSheet(m_startPanel, new StartPanelView(m_store, m_commands, this),
               [this] { m_store.setStartPanelPresented(false); });
 }
 

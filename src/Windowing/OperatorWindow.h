@@ -8,8 +8,8 @@
 namespace quenara {
 
 class AlertBox;
+class CommandActions;
 class DocumentGuard;
-class OutputSwitches;
 class PictureCache;
 class StartPanelView;
 class WindowCoordinator;
@@ -24,8 +24,8 @@ class OperatorWindow : public QMainWindow
     Q_OBJECT
 
 public:
-    OperatorWindow(WorkspaceStore &store, WindowCoordinator &windows, OutputSwitches &outputs,
-                   DocumentGuard &guard, ZelvoCommands &commands, PictureCache &pictures);
+    OperatorWindow(WorkspaceStore &store, WindowCoordinator &windows, DocumentGuard &guard,
+                   CommandActions &commands, const ZelvoCommands &menus, PictureCache &pictures);
     ~OperatorWindow() override;
 
     OperatorWindow(const OperatorWindow &) = delete;
@@ -47,6 +47,7 @@ private:
     WorkspaceStore &m_store;
     WindowCoordinator &m_windows;
     DocumentGuard &m_guard;
+    CommandActions &m_commands;
     SongImportDraft m_songImportDraft;
     QPointer<StartPanelView> m_startPanel;
     QPointer<SongImportSheet> m_songImport;

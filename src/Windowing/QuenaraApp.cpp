@@ -1,6 +1,7 @@
 #include "QuenaraApp.h"
 
 #include "ProjectTemplates.h"
+#include "Typing.h"
 
 #include <QApplication>
 #include <QFileInfo>
@@ -14,9 +15,14 @@ QuenaraApp::QuenaraApp(const QPalette &platformPalette)
       m_systemScheme(QDBusConnection::sessionBus(), platformPalette),
       m_sleepInhibitor(QDBusConnection::sessionBus()), m_windows(m_systemScheme, m_pictures),
       m_appearance(m_preferences), m_outputs(m_store, m_windows, m_appearance),
-      m_guard(m_store, m_windows, m_questions), m_commands(m_store, m_windows, m_outputs, m_guard),
-      m_operatorWindow(m_store, m_windows, m_outputs, m_guard, m_commands, m_pictures),
-      m_settingsWindow(m_appearance, m_commands, &m_operatorWindow)
+      m_guard(m_store, m_windows, m_questions),
+      m_commands({.store = m_store,
+                  .outputs = m_outputs,
+                  .mayReplaceDocument = [this] { return m_guard.mayReplaceDocument(); },
+                  .endTyping = endTyping}),
+      m_menus(m_store, m_commands, m_windows),
+      m_operatorWindow(m_store, m_windows, m_guard, m_commands, m_menus, m_pictures),
+      m_settingsWindow(m_appearance, m_menus, &m_operatorWindow)
 {
     qApp->installEventFilter(&m_shortcutGuard);
     QObject::connect(&m_appearance, &AppearancePreference::rawValueChanged, &m_windows,
@@ -29,7 +35,7 @@ QuenaraApp::QuenaraApp(const QPalette &platformPalette)
         if (const std::optional<QUrl> file = m_store.currentFileURL())
             m_panels.startBeside(*file);
     });
-    QObject::connect(&m_commands, &ZelvoCommands::settingsRequested, &m_settingsWindow,
+    QObject::connect(&m_commands, &CommandActions::settingsRequested, &m_settingsWindow,
                      &SettingsWindow::present);
     m_windows.updateAppearance(m_appearance.appearance());
     m_operatorWindow.show();

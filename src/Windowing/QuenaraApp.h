@@ -1,11 +1,12 @@
 #pragma once
 
 #include "AppearancePreference.h"
+#include "CommandActions.h"
 #include "DocumentGuard.h"
 #include "FileDialogRunner.h"
 #include "LeaveQuestionBox.h"
 #include "OperatorWindow.h"
-#include "OutputToggles.h"
+#include "OutputWindowController.h"
 #include "PictureCache.h"
 #include "SettingsWindow.h"
 #include "ShortcutGuard.h"
@@ -47,10 +48,11 @@ private:
     SleepInhibitor m_sleepInhibitor;
     WindowCoordinator m_windows;
     AppearancePreference m_appearance;
-    OutputToggles m_outputs;
+    OutputWindowController m_outputs;
     ShortcutGuard m_shortcutGuard;
     DocumentGuard m_guard;
-    ZelvoCommands m_commands;
+    CommandActions m_commands;
+    ZelvoCommands m_menus;
     OperatorWindow m_operatorWindow;
     SettingsWindow m_settingsWindow;
 };

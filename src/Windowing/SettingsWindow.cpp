@@ -9,7 +9,7 @@
 
 namespace quenara {
 
-SettingsWindow::SettingsWindow(AppearancePreference &appearance, const ZelvoCommands &commands,
+SettingsWindow::SettingsWindow(AppearancePreference &appearance, const ZelvoCommands &menus,
                                QWidget *operatorWindow)
     : QDialog(operatorWindow)
 {
@@ -21,7 +21,7 @@ SettingsWindow::SettingsWindow(AppearancePreference &appearance, const ZelvoComm
     layout->setSizeConstraint(QLayout::SetFixedSize);
     layout->addWidget(content);
     content->setFocus(); // on no choice, as the keys are the show's
-    commands.addTo(*this);
+    menus.addTo(*this);
 
     content->setAppAppearance(appearance.rawValue());
     connect(&appearance, &AppearancePreference::rawValueChanged, content,

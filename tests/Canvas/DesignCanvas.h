@@ -1,23 +1,23 @@
 #pragma once
 
 #include "CanvasTextLayerEditor.h"
+#include "CommandWorld.h"
 #include "DesignCanvasView.h"
 #include "GuiTestSupport.h"
 #include "InterfaceStyle.h"
 #include "PictureCache.h"
 #include "SlideCanvas.h"
 #include "SymbolButton.h"
-#include "TestSupport.h"
 
 namespace quenara::test {
 
 /// A design canvas in a window of its own, shown.
 struct DesignCanvas
 {
-    World world;
+    CommandWorld world;
     WorkspaceStore &store = world.store;
     PictureCache pictures;
-    DesignCanvasView view{store, pictures};
+    DesignCanvasView view{store, world.commands, pictures};
     SlideCanvas *canvas = view.findChild<SlideCanvas *>();
     CanvasTextLayerEditor *editor = view.findChild<CanvasTextLayerEditor *>();
 

@@ -1,10 +1,10 @@
+#include "CommandWorld.h"
 #include "ElidedLabel.h"
 #include "GuiTestSupport.h"
 #include "InterfaceStyle.h"
 #include "ProjectFileService.h"
 #include "ProjectTemplates.h"
 #include "StartPanelView.h"
-#include "TestSupport.h"
 
 #include <QAccessible>
 #include <QHelpEvent>
@@ -20,11 +20,6 @@ using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
 namespace {
-
-bool always()
-{
-    return true;
-}
 
 /// The texts of the column of recent projects, from the top.
 QStringList recentTexts(const StartPanelView &panel)
@@ -76,8 +71,8 @@ private slots:
     {
         QFETCH(QString, title);
         QFETCH(QString, projectName);
-        World world(ZelvoProject{});
-        StartPanelView panel(world.store, always, nullptr);
+        CommandWorld world(ZelvoProject{});
+        StartPanelView panel(world.store, world.commands, nullptr);
         panel.show();
         press(panel, title);
         QCOMPARE(world.store.project().name, projectName);
@@ -87,31 +82,19 @@ private slots:
 
     void thePanelIsGoneBeforeAFileIsAskedFor()
     {
-        struct Observer : FilePanelRunner
-        {
-            const StartPanelView *panel = nullptr;
-            bool sawThePanel = true;
-
-            std::optional<QUrl> run(const FilePanel & /*panel*/) override
-            {
-                sawThePanel = panel->isVisible();
-                return std::nullopt;
-            }
-        };
-        World world;
-        Observer observer;
-        WorkspaceStore store(showOf({1}), {.preferences = world.preferences, .panels = observer});
-        StartPanelView panel(store, always, nullptr);
-        observer.panel = &panel;
+        CommandWorld world;
+        StartPanelView panel(world.store, world.commands, nullptr);
+        std::optional<bool> sawThePanel;
+        world.panels.whileOpen = [&] { sawThePanel = panel.isVisible(); };
         panel.show();
         press(panel, QStringLiteral("Open File..."));
-        QVERIFY(!observer.sawThePanel);
+        QCOMPARE(sawThePanel, std::optional(false));
     }
 
     void cancellingTheOpenPanelDismissesThePanelToo()
     {
-        World world;
-        StartPanelView panel(world.store, always, nullptr);
+        CommandWorld world;
+        StartPanelView panel(world.store, world.commands, nullptr);
         panel.show();
         press(panel, QStringLiteral("Open File..."));
         QCOMPARE(world.panels.asked.size(), 1);
@@ -121,25 +104,19 @@ private slots:
 
     void aDocumentThatIsKeptKeepsThePanelToo()
     {
-        World world;
+        CommandWorld world;
         const QUrl url = world.fileUrl(QStringLiteral("Easter.quenara"));
         ProjectFileService::save(ProjectTemplates::demoProject(someTime()), url, someTime());
         world.store.openProject(url);
         const WorkspaceState before = world.store.state();
-        int asked = 0;
-        StartPanelView panel(
-            world.store,
-            [&asked] {
-                ++asked;
-                return false;
-            },
-            nullptr);
+        world.mayReplaceDocument = false;
+        StartPanelView panel(world.store, world.commands, nullptr);
         panel.show();
         const auto buttons = panel.findChildren<QPushButton *>();
         QCOMPARE(buttons.size(), 5);
         for (QPushButton *button : buttons)
             QTest::mouseClick(button, Qt::LeftButton);
-        QCOMPARE(asked, 5);
+        QCOMPARE(world.consentCount, 5);
         QCOMPARE(world.store.state(), before);
         QVERIFY(world.panels.asked.isEmpty());
         QVERIFY(panel.isVisible());
@@ -147,8 +124,8 @@ private slots:
 
     void itHasItsSizeAndItsTexts()
     {
-        World world;
-        const StartPanelView panel(world.store, always, nullptr);
+        CommandWorld world;
+        const StartPanelView panel(world.store, world.commands, nullptr);
         QCOMPARE(panel.size(), QSize(700, 430));
         QCOMPARE(
             labelTexts(panel),
@@ -157,17 +134,17 @@ private slots:
 
     void withoutRecentProjectsThereIsOnlyWordOfThat()
     {
-        World world;
-        const StartPanelView panel(world.store, always, nullptr);
+        CommandWorld world;
+        const StartPanelView panel(world.store, world.commands, nullptr);
         QCOMPARE(recentTexts(panel), QStringList{u"No recent projects yet."_s});
         QCOMPARE(panel.findChildren<QPushButton *>().size(), 4);
     }
 
     void recentProjectsStandInTheirOrderWithNameAndPath()
     {
-        World world;
+        CommandWorld world;
         saveAll(world, {u"Easter"_s, u"Sunday"_s});
-        const StartPanelView panel(world.store, always, nullptr);
+        const StartPanelView panel(world.store, world.commands, nullptr);
         QCOMPARE(recentTexts(panel),
                  (QStringList{u"Sunday"_s, world.fileUrl(u"Sunday.quenara"_s).toLocalFile(),
                               u"Easter"_s, world.fileUrl(u"Easter.quenara"_s).toLocalFile()}));
@@ -175,8 +152,8 @@ private slots:
 
     void recentProjectsFollowTheStoreWhileThePanelIsOpen()
     {
-        World world;
-        StartPanelView panel(world.store, always, nullptr);
+        CommandWorld world;
+        StartPanelView panel(world.store, world.commands, nullptr);
         panel.show();
         saveAll(world, {u"Easter"_s});
         QTRY_COMPARE(recentTexts(panel).constFirst(), u"Easter"_s);
@@ -188,10 +165,10 @@ private slots:
     void aRecentProjectWithoutItsFileIsFainterAndSaysSo()
     {
         showIn(ZelvoTheme::dark());
-        World world;
+        CommandWorld world;
         saveAll(world, {u"Gone"_s, u"There"_s});
         QVERIFY(QFile::remove(world.fileUrl(u"Gone.quenara"_s).toLocalFile()));
-        StartPanelView panel(world.store, always, nullptr);
+        StartPanelView panel(world.store, world.commands, nullptr);
         panel.show();
         const auto &gone = named<QPushButton>(panel, u"Gone"_s);
         const auto &there = named<QPushButton>(panel, u"There"_s);
@@ -206,9 +183,9 @@ private slots:
 
     void longTextsStayInsideTheirRow()
     {
-        World world;
+        CommandWorld world;
         saveAll(world, {QString(120, u'w')});
-        StartPanelView panel(world.store, always, nullptr);
+        StartPanelView panel(world.store, world.commands, nullptr);
         panel.show();
         const auto &row = named<QPushButton>(panel, QString(120, u'w'));
         for (const auto *label : row.findChildren<ElidedLabel *>()) {
@@ -219,12 +196,12 @@ private slots:
 
     void theTooltipHasTheWholeOfATextThatIsCutShort()
     {
-        World world;
+        CommandWorld world;
         const QString longName = u"<b>%1</b>"_s.arg(QString(120, u'w'));
         world.panels.answer = world.fileUrl(u"short.quenara"_s);
         world.store.updateProjectName(longName);
         world.store.saveProjectAs();
-        StartPanelView panel(world.store, always, nullptr);
+        StartPanelView panel(world.store, world.commands, nullptr);
         panel.show();
         const auto labels = named<QPushButton>(panel, longName).findChildren<ElidedLabel *>();
         for (ElidedLabel *label : labels) {
@@ -243,12 +220,12 @@ private slots:
 
     void aFullListScrollsToTheRowThatTheTabKeyReaches()
     {
-        World world;
+        CommandWorld world;
         QStringList names;
         for (int i = 0; i < 10; ++i)
             names.append(u"Service %1"_s.arg(i));
         saveAll(world, names);
-        StartPanelView panel(world.store, always, nullptr);
+        StartPanelView panel(world.store, world.commands, nullptr);
         showActive(panel);
         const auto *scroll = panel.findChild<QScrollArea *>();
         QCOMPARE(scroll->verticalScrollBar()->value(), 0);
@@ -275,8 +252,8 @@ private slots:
     void returnAndSpacePressTheButtonThatHasTheFocus()
     {
         QFETCH(Qt::Key, key);
-        World world;
-        StartPanelView panel(world.store, always, nullptr);
+        CommandWorld world;
+        StartPanelView panel(world.store, world.commands, nullptr);
         showActive(panel);
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
         QTest::keyClick(QApplication::focusWidget(), key);
@@ -286,9 +263,9 @@ private slots:
 
     void escapeDismissesThePanelAndChangesNothing()
     {
-        World world;
+        CommandWorld world;
         const WorkspaceState before = world.store.state();
-        StartPanelView panel(world.store, always, nullptr);
+        StartPanelView panel(world.store, world.commands, nullptr);
         panel.show();
         QTest::keyClick(&panel, Qt::Key_Escape);
         QVERIFY(!panel.isVisible());
@@ -297,8 +274,8 @@ private slots:
 
     void theSymbolsTakeTheAccentOfTheSchemeThatIsShown()
     {
-        World world;
-        StartPanelView panel(world.store, always, nullptr);
+        CommandWorld world;
+        StartPanelView panel(world.store, world.commands, nullptr);
         panel.show();
         const auto &start = named<QPushButton>(panel, u"Open Demo Service"_s);
         const QRect symbol(14, 13, 18, 18);
@@ -314,9 +291,9 @@ private slots:
 
     void everyButtonHasItsAccessibleName()
     {
-        World world;
+        CommandWorld world;
         saveAll(world, {u"Easter"_s, QString()});
-        const StartPanelView panel(world.store, always, nullptr);
+        const StartPanelView panel(world.store, world.commands, nullptr);
         QStringList names;
         for (QPushButton *button : panel.findChildren<QPushButton *>())
             names.append(QAccessible::queryAccessibleInterface(button)->text(QAccessible::Name));
@@ -328,7 +305,7 @@ private slots:
 
     void aRecentProjectOpensEvenWhenThatFails()
     {
-        World world;
+        CommandWorld world;
         const QUrl url = world.fileUrl(QStringLiteral("Easter.quenara"));
         ZelvoProject easter = ProjectTemplates::newSundayServiceProject(someTime());
         easter.name = QStringLiteral("Easter");
@@ -336,14 +313,14 @@ private slots:
         world.store.openProject(url);
         world.store.newBlankProject();
         {
-            StartPanelView panel(world.store, always, nullptr);
+            StartPanelView panel(world.store, world.commands, nullptr);
             panel.show();
             press(panel, QStringLiteral("Easter"));
             QCOMPARE(world.store.project().name, QStringLiteral("Easter"));
             QVERIFY(!panel.isVisible());
         }
         QVERIFY(QFile::remove(url.toLocalFile()));
-        StartPanelView panel(world.store, always, nullptr);
+        StartPanelView panel(world.store, world.commands, nullptr);
         panel.show();
         press(panel, QStringLiteral("Easter"));
         QVERIFY(!panel.isVisible());

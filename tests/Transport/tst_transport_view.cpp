@@ -140,14 +140,14 @@ private slots:
     {
         Transport op;
         op.press(QStringLiteral("Display"));
-        QVERIFY(op.outputs.isDisplayWindowOpen());
+        QVERIFY(op.world.outputs.isDisplayWindowOpen());
         QVERIFY(op.isChecked(QStringLiteral("Display")));
         QVERIFY(!op.isChecked(QStringLiteral("Monitor")));
         op.press(QStringLiteral("Display"));
-        QVERIFY(!op.outputs.isDisplayWindowOpen());
+        QVERIFY(!op.world.outputs.isDisplayWindowOpen());
         op.press(QStringLiteral("Monitor"));
-        QVERIFY(op.outputs.isStageWindowOpen());
-        op.outputs.toggleStageWindow();
+        QVERIFY(op.world.outputs.isStageWindowOpen());
+        op.world.outputs.toggleStageWindow();
         QVERIFY(!op.isChecked(QStringLiteral("Monitor")));
     }
 

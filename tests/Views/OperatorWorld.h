@@ -1,47 +1,20 @@
 #pragma once
 
+#include "CommandWorld.h"
 #include "OperatorView.h"
-#include "OutputSwitches.h"
 #include "PictureCache.h"
 #include "RundownList.h"
 #include "RundownModel.h"
 #include "SymbolButton.h"
-#include "TestSupport.h"
 
 namespace quenara::test {
-
-/// Output windows of which only is known whether they are open.
-class PretendedOutputs : public OutputSwitches
-{
-public:
-    bool isDisplayWindowOpen() const override { return m_isDisplayWindowOpen; }
-    bool isStageWindowOpen() const override { return m_isStageWindowOpen; }
-
-    void toggleDisplayWindow() override
-    {
-        m_isDisplayWindowOpen = !m_isDisplayWindowOpen;
-        emit changed();
-    }
-
-    void toggleStageWindow() override
-    {
-        m_isStageWindowOpen = !m_isStageWindowOpen;
-        emit changed();
-    }
-
-private:
-    bool m_isDisplayWindowOpen = false;
-    bool m_isStageWindowOpen = false;
-};
 
 /// An operator view on a world of its own, shown at its smallest.
 struct OperatorWorld
 {
-    World world;
+    CommandWorld world;
     PictureCache pictures;
-    PretendedOutputs outputs;
-    bool mayReplaceDocument = true;
-    OperatorView view{world.store, outputs, pictures, [this] { return mayReplaceDocument; }};
+    OperatorView view{world.store, world.commands, pictures};
     WorkspaceStore &store = world.store;
     RundownList *list = view.findChild<RundownList *>();
     const RundownModel *model = qobject_cast<const RundownModel *>(list->model());

@@ -133,10 +133,10 @@ private slots:
     void openAsksForAFileUnlessTheDocumentIsToStay()
     {
         Operator op;
-        op.mayReplaceDocument = false;
+        op.world.mayReplaceDocument = false;
         op.press(QStringLiteral("Open"));
         QCOMPARE(op.world.panels.asked.size(), 0);
-        op.mayReplaceDocument = true;
+        op.world.mayReplaceDocument = true;
         op.press(QStringLiteral("Open"));
         QCOMPARE(op.world.panels.asked.size(), 1);
     }

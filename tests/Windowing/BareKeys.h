@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ZelvoCommands.h"
+#include "Command.h"
 
 #include <QKeySequence>
 
@@ -10,15 +10,11 @@ namespace quenara::test {
 inline QList<Qt::Key> bareKeys()
 {
     QList<Qt::Key> found{Qt::Key_Home, Qt::Key_End};
-    for (const MenuDescription &menu : menuDescriptions()) {
-        for (const auto &group : menu.groups) {
-            for (const CommandDescription &item : group) {
-                for (const char *shortcut : item.shortcuts) {
-                    const QKeySequence keys(QString::fromUtf8(shortcut));
-                    if (!keys.isEmpty() && keys[0].keyboardModifiers() == Qt::NoModifier)
-                        found.append(keys[0].key());
-                }
-            }
+    for (const CommandDescription &description : commandDescriptions()) {
+        for (const char *key : description.keys) {
+            const QKeySequence keys(QString::fromUtf8(key));
+            if (!keys.isEmpty() && keys[0].keyboardModifiers() == Qt::NoModifier)
+                found.append(keys[0].key());
         }
     }
     return found;

@@ -10,8 +10,8 @@ namespace quenara::test {
 struct ProgramWindows : WindowingWorld
 {
     ShortcutGuard shortcutGuard;
-    OperatorWindow operatorWindow{store, windows, outputs, guard, commands, pictures};
-    SettingsWindow settings{appearance, commands, &operatorWindow};
+    OperatorWindow operatorWindow{store, windows, guard, commands, menus, pictures};
+    SettingsWindow settings{appearance, menus, &operatorWindow};
 
     ProgramWindows()
     {

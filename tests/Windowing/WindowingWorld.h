@@ -1,13 +1,15 @@
 #pragma once
 
 #include "AppearancePreference.h"
+#include "CommandActions.h"
 #include "DocumentGuard.h"
 #include "OperatorWindow.h"
-#include "OutputToggles.h"
+#include "OutputWindowController.h"
 #include "PictureCache.h"
 #include "SlideCanvas.h"
 #include "SystemColorScheme.h"
 #include "TestSupport.h"
+#include "Typing.h"
 #include "WindowCoordinator.h"
 #include "ZelvoCommands.h"
 
@@ -39,10 +41,14 @@ struct WindowingWorld : World
     PictureCache pictures;
     WindowCoordinator windows{systemScheme, pictures};
     AppearancePreference appearance{preferences};
-    OutputToggles outputs{store, windows, appearance};
+    OutputWindowController outputs{store, windows, appearance};
     PreparedQuestions questions;
     DocumentGuard guard{store, windows, questions};
-    ZelvoCommands commands{store, windows, outputs, guard};
+    CommandActions commands{{.store = store,
+                             .outputs = outputs,
+                             .mayReplaceDocument = [this] { return guard.mayReplaceDocument(); },
+                             .endTyping = endTyping}};
+    ZelvoCommands menus{store, commands, windows};
 
     void openDisplay() { windows.openDisplayWindow(store, appearance.appearance()); }
     void openStage() { windows.openStageWindow(store, appearance.appearance()); }

@@ -12,17 +12,12 @@ namespace {
 struct Editing : WindowingWorld
 {
     ShortcutGuard shortcutGuard;
-    DesignCanvasView view{store, pictures};
+    DesignCanvasView view{store, commands, pictures};
 
     Editing()
     {
         qApp->installEventFilter(&shortcutGuard);
-        for (const MenuDescription &menu : menuDescriptions()) {
-            for (const auto &group : menu.groups) {
-                for (const CommandDescription &item : group)
-                    view.addAction(commands.action(item.command));
-            }
-        }
+        menus.addTo(view);
         view.resize(854, 664);
         view.show();
         view.activateWindow();
@@ -80,7 +75,7 @@ private slots:
         QTest::addColumn<Command>("command");
         QTest::newRow("save") << Command::save;
         QTest::newRow("undo") << Command::undo;
-        QTest::newRow("go live") << Command::goLiveBySpace;
+        QTest::newRow("go live") << Command::goLive;
     }
 
     void commandsLeaveTheKeyboardToTheText()

@@ -26,7 +26,7 @@ const QMenu &openRecentMenu(const OperatorWindow &window)
 /// The program's window over a document that is saved at first.
 struct Program : WindowingWorld
 {
-    OperatorWindow window{store, windows, outputs, guard, commands, pictures};
+    OperatorWindow window{store, windows, guard, commands, menus, pictures};
 
     Program()
     {
@@ -202,11 +202,9 @@ private slots:
         program.store.showStartPanel();
         QVERIFY(QApplication::activeModalWidget());
         const WorkspaceState before = program.store.state();
-        for (const MenuDescription &menu : menuDescriptions().first(2)) {
-            for (const auto &group : menu.groups) {
-                for (const CommandDescription &item : group)
-                    program.commands.action(item.command)->trigger();
-            }
+        for (const CommandDescription &item : commandDescriptions()) {
+            if (item.worksOnDocument)
+                program.commands.action(item.command)->trigger();
         }
         QCOMPARE(program.store.state(), before);
         QVERIFY(program.panels.asked.isEmpty() && program.questions.asked.isEmpty());
@@ -301,8 +299,8 @@ private slots:
     void openRecentIsOutOfReachWithoutProjects()
     {
         WindowingWorld world;
-        const OperatorWindow window(world.store, world.windows, world.outputs, world.guard,
-                                    world.commands, world.pictures);
+        const OperatorWindow window(world.store, world.windows, world.guard, world.commands,
+                                    world.menus, world.pictures);
         const QAction *item = openRecentMenu(window).menuAction();
         QVERIFY(!item->isEnabled());
         world.panels.answer = world.fileUrl(u"first.quenara"_s);

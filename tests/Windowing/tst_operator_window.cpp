@@ -15,7 +15,7 @@ namespace {
 
 struct Window : WindowingWorld
 {
-    OperatorWindow window{store, windows, outputs, guard, commands, pictures};
+    OperatorWindow window{store, windows, guard, commands, menus, pictures};
 
     Window() { window.show(); }
 

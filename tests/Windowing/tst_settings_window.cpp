@@ -13,8 +13,8 @@ namespace {
 
 struct Program : WindowingWorld
 {
-    OperatorWindow operatorWindow{store, windows, outputs, guard, commands, pictures};
-    SettingsWindow settings{appearance, commands, &operatorWindow};
+    OperatorWindow operatorWindow{store, windows, guard, commands, menus, pictures};
+    SettingsWindow settings{appearance, menus, &operatorWindow};
 
     Program()
     {
@@ -64,7 +64,7 @@ private slots:
     {
         WindowingWorld world;
         world.appearance.setRawValue(u"light"_s);
-        const SettingsWindow settings(world.appearance, world.commands, nullptr);
+        const SettingsWindow settings(world.appearance, world.menus, nullptr);
         QVERIFY(settings.findChildren<QPushButton *>().at(1)->isChecked());
     }
 

@@ -36,8 +36,8 @@ private slots:
     void theDisplayCoversTheSecondScreenWhateverScreenTheOperatorIsOn()
     {
         WindowingWorld world;
-        OperatorWindow operatorWindow(world.store, world.windows, world.outputs, world.guard,
-                                      world.commands, world.pictures);
+        OperatorWindow operatorWindow(world.store, world.windows, world.guard, world.commands,
+                                      world.menus, world.pictures);
         operatorWindow.setScreen(QGuiApplication::screens().at(1));
         operatorWindow.show();
         world.openDisplay();

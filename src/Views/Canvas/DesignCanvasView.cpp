@@ -1,10 +1,11 @@
 #include "DesignCanvasView.h"
 
+#include "CommandActions.h"
+#include "CommandButton.h"
 #include "ElidedLabel.h"
 #include "Panels.h"
 #include "RoleLabel.h"
 #include "SlideCanvas.h"
-#include "SymbolButton.h"
 #include "SymbolLabel.h"
 #include "WorkspaceStore.h"
 
@@ -26,7 +27,8 @@ constexpr int emptySymbolSize = 28;
 
 } // namespace
 
-DesignCanvasView::DesignCanvasView(WorkspaceStore &store, PictureCache &pictures, QWidget *parent)
+DesignCanvasView::DesignCanvasView(WorkspaceStore &store, const CommandActions &commands,
+                                   PictureCache &pictures, QWidget *parent)
     : QWidget(parent), m_store(store), m_area(new QStackedWidget),
       m_canvas(new SlideCanvas(store, pictures))
 {
@@ -35,13 +37,13 @@ DesignCanvasView::DesignCanvasView(WorkspaceStore &store, PictureCache &pictures
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(makeHeader());
+    layout->addWidget(makeHeader(commands));
     layout->addWidget(m_area, 1);
     connect(&store, &WorkspaceStore::changed, this, &DesignCanvasView::showStore);
     showStore();
 }
 
-QWidget *DesignCanvasView::makeHeader()
+QWidget *DesignCanvasView::makeHeader(const CommandActions &commands)
 {
     m_title = new ElidedLabel(QStringLiteral("canvasTitle"));
     auto *titles = new QVBoxLayout;
@@ -58,16 +60,11 @@ QWidget *DesignCanvasView::makeHeader()
     layout->setContentsMargins(headerMargin, 0, headerMargin, 0);
     layout->setSpacing(buttonSpacing);
     layout->addLayout(titles, 1);
-    const auto add = [&](const char *symbol, const char *title, auto operation) {
-        auto *button = new SymbolButton(QString::fromLatin1(symbol), QString::fromLatin1(title),
-                                        SymbolButton::Look::labelled);
-        connect(button, &SymbolButton::clicked, this, operation);
-        layout->addWidget(button);
-        m_addButtons.append(button);
-    };
-    add("textformat", "Text", [this] { m_store.addTextLayer(SlideElementKind::text); });
-    add("music.note", "Lyric", [this] { m_store.addTextLayer(SlideElementKind::songLyricText); });
-    add("photo", "Image", [this] { m_store.addImageLayerWithPanel(); });
+    for (const Command command :
+         {Command::addTextLayer, Command::addLyricLayer, Command::addImageLayer}) {
+        layout->addWidget(
+            new CommandButton(*commands.action(command), SymbolButton::Look::labelled));
+    }
     return header;
 }
 
@@ -93,8 +90,6 @@ void DesignCanvasView::showStore()
 {
     const std::optional<Slide> slide = m_store.slideWithID(m_store.selectedSlideID());
     m_title->setText(slide ? slide->title : QStringLiteral("No Slide"));
-    for (SymbolButton *button : m_addButtons)
-        button->setEnabled(slide.has_value());
     m_area->setCurrentIndex(slide ? 1 : 0);
 }
 

@@ -7,9 +7,9 @@ class QStackedWidget;
 
 namespace quenara {
 
+class CommandActions;
 class PictureCache;
 class SlideCanvas;
-class SymbolButton;
 class WorkspaceStore;
 
 /// The centre of the editor: the selected slide's title, what adds layers to it, and the slide as
@@ -19,16 +19,16 @@ class DesignCanvasView : public QWidget
     Q_OBJECT
 
 public:
-    DesignCanvasView(WorkspaceStore &store, PictureCache &pictures, QWidget *parent = nullptr);
+    DesignCanvasView(WorkspaceStore &store, const CommandActions &commands, PictureCache &pictures,
+                     QWidget *parent = nullptr);
 
 private:
-    QWidget *makeHeader();
+    QWidget *makeHeader(const CommandActions &commands);
     QWidget *makeEmptyState();
     void showStore();
 
     WorkspaceStore &m_store;
     QLabel *m_title = nullptr;
-    QList<SymbolButton *> m_addButtons;
     QStackedWidget *m_area = nullptr;
     SlideCanvas *m_canvas = nullptr;
 };

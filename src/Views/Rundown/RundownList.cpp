@@ -1,8 +1,9 @@
 #include "RundownList.h"
 
+#include "CommandActions.h"
+#include "CommandButton.h"
 #include "RundownModel.h"
 #include "RundownRowDelegate.h"
-#include "SymbolButton.h"
 #include "ThemeColors.h"
 #include "WorkspaceStore.h"
 
@@ -12,8 +13,6 @@
 #include <QPainter>
 #include <QWheelEvent>
 
-#include <functional>
-
 namespace quenara {
 
 namespace {
@@ -22,8 +21,9 @@ constexpr int buttonMargin = 8;
 
 } // namespace
 
-RundownList::RundownList(WorkspaceStore &store, PictureCache &pictures, QWidget *parent)
-    : QListView(parent), m_store(store), m_thumbnails(pictures),
+RundownList::RundownList(WorkspaceStore &store, const CommandActions &commands,
+                         PictureCache &pictures, QWidget *parent)
+    : QListView(parent), m_store(store), m_commands(commands), m_thumbnails(pictures),
       m_model(new RundownModel(store, this))
 {
     setObjectName(QStringLiteral("rundownList"));
@@ -91,22 +91,18 @@ void RundownList::contextMenuEvent(QContextMenuEvent *event)
     if (!m_model->slideAt(index))
         return;
     const QString id = index.data(RundownModel::idRole).toString();
-    const auto withSlide = [this, id](void (WorkspaceStore::*operation)()) {
-        return [this, id, operation] {
-            m_store.selectSlide(id, true);
-            std::invoke(operation, m_store);
-        };
-    };
     auto *menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->addAction(QStringLiteral("Go Live"), this, [this, id] {
-        m_store.queueSlide(id);
-        m_store.goLive();
-    });
-    menu->addAction(QStringLiteral("Duplicate"), this,
-                    withSlide(&WorkspaceStore::duplicateSelectedSlide));
-    menu->addAction(QStringLiteral("Delete"), this,
-                    withSlide(&WorkspaceStore::deleteSelectedSlide));
+    const auto add = [&](Command command, const auto &pick) {
+        QAction *action = m_commands.action(command);
+        menu->addAction(action->text(), action, [pick, action] {
+            pick();
+            action->trigger();
+        });
+    };
+    add(Command::goLive, [this, id] { m_store.queueSlide(id); });
+    add(Command::duplicateSlide, [this, id] { m_store.selectSlide(id, true); });
+    add(Command::deleteSlide, [this, id] { m_store.selectSlide(id, true); });
     menu->popup(isByKeyboard ? viewport()->mapToGlobal(visualRect(index).center())
                              : event->globalPos());
 }
@@ -159,16 +155,15 @@ QModelIndexList RundownList::rowsIn(const QRect &area) const
     return rows;
 }
 
-SymbolButton *RundownList::makeMoveButton(qsizetype position, qsizetype delta)
+SymbolButton *RundownList::makeMoveButton(qsizetype position, Command command)
 {
-    auto *button = new SymbolButton(
-        delta < 0 ? QStringLiteral("chevron.up") : QStringLiteral("chevron.down"),
-        delta < 0 ? QStringLiteral("Move section up") : QStringLiteral("Move section down"),
-        SymbolButton::Look::icon, m_buttonsArea);
+    QAction *move = m_commands.action(command);
+    auto *button = new SymbolButton(symbolOf(*move), move->iconText(), SymbolButton::Look::icon,
+                                    m_buttonsArea);
     button->setIconSize({12, 12});
-    connect(button, &SymbolButton::clicked, this, [this, position, delta] {
+    connect(button, &SymbolButton::clicked, this, [this, position, move] {
         m_store.selectServiceItem(m_sectionButtons.at(position).itemID);
-        m_store.moveSelectedServiceItem(delta);
+        move->trigger();
     });
     return button;
 }
@@ -176,8 +171,8 @@ SymbolButton *RundownList::makeMoveButton(qsizetype position, qsizetype delta)
 RundownList::SectionButtons &RundownList::sectionButtons(qsizetype position)
 {
     if (position == m_sectionButtons.size()) {
-        SymbolButton *up = makeMoveButton(position, -1);
-        SymbolButton *down = makeMoveButton(position, 1);
+        SymbolButton *up = makeMoveButton(position, Command::moveSectionUp);
+        SymbolButton *down = makeMoveButton(position, Command::moveSectionDown);
         setTabOrder(
             position == 0 ? static_cast<QWidget *>(this) : m_sectionButtons.constLast().down, up);
         setTabOrder(up, down);

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "Command.h"
 #include "SlideThumbnails.h"
 
 #include <QListView>
 
 namespace quenara {
 
+class CommandActions;
 class RundownModel;
 class SymbolButton;
 class WorkspaceStore;
@@ -17,7 +19,8 @@ class RundownList : public QListView
     Q_OBJECT
 
 public:
-    RundownList(WorkspaceStore &store, PictureCache &pictures, QWidget *parent = nullptr);
+    RundownList(WorkspaceStore &store, const CommandActions &commands, PictureCache &pictures,
+                QWidget *parent = nullptr);
 
     const SlideThumbnails &thumbnails() const { return m_thumbnails; }
 
@@ -45,10 +48,11 @@ private:
     void followStore();
     QModelIndexList rowsIn(const QRect &area) const;
     SectionButtons &sectionButtons(qsizetype position);
-    SymbolButton *makeMoveButton(qsizetype position, qsizetype delta);
+    SymbolButton *makeMoveButton(qsizetype position, Command command);
     void placeSectionButtons();
 
     WorkspaceStore &m_store;
+    const CommandActions &m_commands;
     SlideThumbnails m_thumbnails;
     RundownModel *m_model;
     QWidget *m_buttonsArea = nullptr; ///< over the rows, as wide as the buttons on it

@@ -4,9 +4,8 @@
 
 namespace quenara {
 
+class CommandActions;
 class PictureCache;
-class RundownList;
-class SymbolButton;
 class WorkspaceStore;
 
 /// The left panel of the operator window: the rundown, and the buttons that add, duplicate, delete
@@ -18,13 +17,8 @@ class RundownView : public QWidget
 public:
     static constexpr int panelWidth = 286; ///< points
 
-    RundownView(WorkspaceStore &store, PictureCache &pictures, QWidget *parent = nullptr);
-
-private:
-    QWidget *makeHeader();
-    QWidget *makeFooter();
-
-    WorkspaceStore &m_store;
+    RundownView(WorkspaceStore &store, const CommandActions &commands, PictureCache &pictures,
+                QWidget *parent = nullptr);
 };
 
 } // namespace quenara

@@ -1,5 +1,7 @@
 #include "StartPanelView.h"
 
+#include "CommandActions.h"
+#include "CommandButton.h"
 #include "ElidedLabel.h"
 #include "RoleLabel.h"
 #include "ShownPath.h"
@@ -16,7 +18,6 @@
 #include <QVBoxLayout>
 
 #include <array>
-#include <utility>
 
 namespace quenara {
 
@@ -37,26 +38,25 @@ constexpr int recentRowHeight = 56;
 constexpr int recentRowMargin = 12;
 constexpr int recentRowSpacing = 4;
 
-struct StartDescription
-{
-    const char *title;
-    const char *symbol;
-    void (WorkspaceStore::*operation)();
-};
-
-constexpr auto starts = std::to_array<StartDescription>({
-    {"New Blank Project", "doc.badge.plus", &WorkspaceStore::newBlankProject},
-    {"New Sunday Service", "calendar.badge.plus", &WorkspaceStore::newSundayServiceProject},
-    {"Open Demo Service", "play.square.stack", &WorkspaceStore::loadDemoProject},
-    {"Open File...", "folder", &WorkspaceStore::openProjectWithPanel},
+constexpr auto starts = std::to_array<Command>({
+    Command::newBlankProject,
+    Command::newSundayService,
+    Command::openDemoService,
+    Command::open,
 });
+
+/// A file is named here, where the others are projects to begin with.
+QString startTitle(const CommandActions &commands, Command command)
+{
+    return command == Command::open ? QStringLiteral("Open File...")
+                                    : commands.action(command)->text();
+}
 
 /// A title behind a symbol in the accent colour.
 class StartButton : public QPushButton
 {
 public:
-    explicit StartButton(const StartDescription &start)
-        : QPushButton(QString::fromUtf8(start.title)), m_symbol(QString::fromUtf8(start.symbol))
+    StartButton(const QString &title, const QString &symbol) : QPushButton(title), m_symbol(symbol)
     {
         setProperty("role", QStringLiteral("start"));
         setFixedHeight(startButtonHeight);
@@ -110,9 +110,8 @@ QPushButton *makeRecentRow(const RecentProject &project)
 
 } // namespace
 
-StartPanelView::StartPanelView(WorkspaceStore &store, MayReplaceDocument mayReplaceDocument,
-                               QWidget *parent)
-    : QDialog(parent), m_store(store), m_mayReplaceDocument(std::move(mayReplaceDocument))
+StartPanelView::StartPanelView(WorkspaceStore &store, CommandActions &commands, QWidget *parent)
+    : QDialog(parent), m_store(store), m_commands(commands)
 {
     setObjectName(QStringLiteral("startPanel"));
     setWindowTitle(QStringLiteral("Quenara"));
@@ -126,22 +125,20 @@ StartPanelView::StartPanelView(WorkspaceStore &store, MayReplaceDocument mayRepl
     layout->addWidget(separator);
     layout->addWidget(makeRecentColumn(), 1);
 
+    connect(&commands, &CommandActions::documentReleased, this, &StartPanelView::dismiss);
     // Queued, because the row whose click has changed the list is still handling that click.
     connect(&store, &WorkspaceStore::recentProjectsChanged, this,
             &StartPanelView::showRecentProjects, Qt::QueuedConnection);
     showRecentProjects();
 }
 
-void StartPanelView::choose(const Choice &choice)
+/// Before the choice is carried out, so that its panel or alert stands on the window.
+void StartPanelView::dismiss()
 {
-    if (!m_mayReplaceDocument())
-        return;
-    // The sheet goes first, so that a panel or an alert of the choice stands on the window.
     accept();
     // The keyboard may have been with the sheet, or with a question that stood on it.
     if (parentWidget())
         parentWidget()->window()->activateWindow();
-    choice(m_store);
 }
 
 QWidget *StartPanelView::makeStartColumn()
@@ -153,10 +150,11 @@ QWidget *StartPanelView::makeStartColumn()
     layout->setSpacing(spacing);
     layout->addWidget(makeRoleLabel(QStringLiteral("title"), QStringLiteral("Quenara")));
     layout->addWidget(makeRoleLabel(QStringLiteral("caption"), QStringLiteral("Projects")));
-    for (const StartDescription &start : starts) {
-        auto *button = new StartButton(start);
+    for (const Command command : starts) {
+        auto *button =
+            new StartButton(startTitle(m_commands, command), symbolOf(*m_commands.action(command)));
         connect(button, &QPushButton::clicked, this,
-                [this, operation = start.operation] { choose(operation); });
+                [this, command] { m_commands.perform(command, this); });
         layout->addWidget(button);
     }
     layout->addStretch();
@@ -193,9 +191,8 @@ void StartPanelView::showRecentProjects()
     }
     for (const RecentProject &project : recentProjects) {
         QPushButton *row = makeRecentRow(project);
-        connect(row, &QPushButton::clicked, this, [this, url = project.url()] {
-            choose([url](WorkspaceStore &store) { store.openProject(url); });
-        });
+        connect(row, &QPushButton::clicked, this,
+                [this, url = project.url()] { m_commands.openProject(url); });
         layout->addWidget(row);
     }
     layout->addStretch();

@@ -2,12 +2,11 @@
 
 #include <QDialog>
 
-#include <functional>
-
 class QScrollArea;
 
 namespace quenara {
 
+class CommandActions;
 class WorkspaceStore;
 
 /// The sheet that offers new projects, the demo, a file, and the recent projects. Every choice
@@ -17,21 +16,16 @@ class StartPanelView : public QDialog
     Q_OBJECT
 
 public:
-    /// Asked before each choice. False keeps the document and the sheet.
-    using MayReplaceDocument = std::function<bool()>;
-
-    StartPanelView(WorkspaceStore &store, MayReplaceDocument mayReplaceDocument, QWidget *parent);
+    StartPanelView(WorkspaceStore &store, CommandActions &commands, QWidget *parent);
 
 private:
-    using Choice = std::function<void(WorkspaceStore &)>;
-
-    void choose(const Choice &choice);
+    void dismiss();
     QWidget *makeStartColumn();
     QWidget *makeRecentColumn();
     void showRecentProjects();
 
     WorkspaceStore &m_store;
-    MayReplaceDocument m_mayReplaceDocument;
+    CommandActions &m_commands;
     QScrollArea *m_recentProjects = nullptr;
 };
 

@@ -1,10 +1,11 @@
 #include "ProjectBar.h"
 
+#include "CommandActions.h"
+#include "CommandButton.h"
 #include "ElidedLabel.h"
 #include "OutputModeBadge.h"
 #include "Panels.h"
 #include "RoleLabel.h"
-#include "SymbolButton.h"
 #include "SymbolLabel.h"
 #include "WorkspaceStore.h"
 
@@ -65,8 +66,7 @@ void ProjectNameField::showName()
     setCursorPosition(0);
 }
 
-ProjectBar::ProjectBar(WorkspaceStore &store, const std::function<bool()> &mayReplaceDocument,
-                       QWidget *parent)
+ProjectBar::ProjectBar(WorkspaceStore &store, const CommandActions &commands, QWidget *parent)
     : QWidget(parent), m_store(store),
       m_edited(makeRoleLabel(QStringLiteral("edited"), QStringLiteral("Edited"))),
       m_fileName(new ElidedLabel(QStringLiteral("fileName"))),
@@ -83,19 +83,10 @@ ProjectBar::ProjectBar(WorkspaceStore &store, const std::function<bool()> &mayRe
     layout->addWidget(m_edited);
     layout->addWidget(m_fileName);
     layout->addStretch(1);
-    const auto add = [&](const QString &symbol, const QString &title, auto action) {
-        auto *button = new SymbolButton(symbol, title, SymbolButton::Look::labelled);
-        connect(button, &SymbolButton::clicked, &store, action);
-        layout->addWidget(button);
-    };
-    add(QStringLiteral("doc.badge.plus"), QStringLiteral("New"),
-        [&store] { store.setStartPanelPresented(true); });
-    add(QStringLiteral("folder"), QStringLiteral("Open"), [&store, mayReplaceDocument] {
-        if (mayReplaceDocument())
-            store.openProjectWithPanel();
-    });
-    add(QStringLiteral("square.and.arrow.down"), QStringLiteral("Save"),
-        [&store] { store.saveProject(); });
+    for (const Command command : {Command::newProject, Command::open, Command::save}) {
+        layout->addWidget(
+            new CommandButton(*commands.action(command), SymbolButton::Look::labelled));
+    }
     layout->addWidget(m_outputMode);
 
     connect(&store, &WorkspaceStore::changed, this, &ProjectBar::showState);

@@ -2,12 +2,11 @@
 
 #include "TextField.h"
 
-#include <functional>
-
 class QLabel;
 
 namespace quenara {
 
+class CommandActions;
 class OutputModeBadge;
 class WorkspaceStore;
 
@@ -41,9 +40,7 @@ class ProjectBar : public QWidget
 public:
     static constexpr int barHeight = 52; ///< points
 
-    /// \a mayReplaceDocument is asked before "Open" replaces it.
-    ProjectBar(WorkspaceStore &store, const std::function<bool()> &mayReplaceDocument,
-               QWidget *parent = nullptr);
+    ProjectBar(WorkspaceStore &store, const CommandActions &commands, QWidget *parent = nullptr);
 
 private:
     void showState();

@@ -1,8 +1,8 @@
 #include "TransportView.h"
 
-#include "OutputSwitches.h"
+#include "CommandActions.h"
+#include "CommandButton.h"
 #include "Panels.h"
-#include "SymbolButton.h"
 #include "TransportPreview.h"
 #include "WorkspaceStore.h"
 
@@ -19,9 +19,9 @@ constexpr int navigationSpacing = 10;
 
 } // namespace
 
-TransportView::TransportView(WorkspaceStore &store, OutputSwitches &outputs, PictureCache &pictures,
-                             QWidget *parent)
-    : QWidget(parent), m_store(store), m_outputs(outputs),
+TransportView::TransportView(WorkspaceStore &store, const CommandActions &commands,
+                             PictureCache &pictures, QWidget *parent)
+    : QWidget(parent), m_store(store), m_commands(commands),
       m_queued(new TransportPreview(QStringLiteral("Queued"), &ZelvoTheme::accent, pictures)),
       m_live(new TransportPreview(QStringLiteral("Live"), &ZelvoTheme::live, pictures))
 {
@@ -36,65 +36,48 @@ TransportView::TransportView(WorkspaceStore &store, OutputSwitches &outputs, Pic
     layout->addWidget(m_live);
     layout->addStretch(1);
 
-    const auto addGroup = [layout](int spacing) {
+    const auto addGroup = [&](int between, std::initializer_list<Command> members) {
         auto *group = new QHBoxLayout;
-        group->setSpacing(spacing);
+        group->setSpacing(between);
+        for (const Command command : members) {
+            auto *button =
+                new CommandButton(*commands.action(command),
+                                  command == Command::goLive ? Look::prominent : Look::tile);
+            group->addWidget(button);
+            if (descriptionOf(command).isOn)
+                m_switches.append({button, command});
+        }
         layout->addLayout(group);
-        return group;
     };
-    const auto add = [this](QHBoxLayout *group, const QString &symbol, const QString &title,
-                            auto &receiver, auto operation, Look look = Look::tile) {
-        auto *button = new SymbolButton(symbol, title, look);
-        connect(button, &SymbolButton::clicked, &receiver, operation);
-        group->addWidget(button);
-        return button;
-    };
-    const auto addSwitch = [&](auto &&...arguments) {
-        SymbolButton *button = add(arguments...);
-        button->setCheckable(true);
-        // What the switch shows is not its own doing.
-        connect(button, &SymbolButton::clicked, this, &TransportView::showState);
-        return button;
-    };
-
-    QHBoxLayout *navigation = addGroup(navigationSpacing);
-    add(navigation, QStringLiteral("backward.end.fill"), QStringLiteral("Previous"), m_store,
-        &WorkspaceStore::previousLive);
-    add(navigation, QStringLiteral("play.fill"), QStringLiteral("Go Live"), m_store,
-        &WorkspaceStore::goLive, Look::prominent);
-    add(navigation, QStringLiteral("forward.end.fill"), QStringLiteral("Next"), m_store,
-        &WorkspaceStore::nextLive);
+    addGroup(navigationSpacing, {Command::previousLive, Command::goLive, Command::nextLive});
     layout->addStretch(1);
-    QHBoxLayout *queue = addGroup(buttonSpacing);
-    add(queue, QStringLiteral("arrow.up"), QStringLiteral("Queue Prev"), m_store,
-        &WorkspaceStore::queuePrevious);
-    add(queue, QStringLiteral("arrow.down"), QStringLiteral("Queue Next"), m_store,
-        &WorkspaceStore::queueNext);
-    QHBoxLayout *modes = addGroup(buttonSpacing);
-    m_blackout = addSwitch(modes, QStringLiteral("circle.fill"), QStringLiteral("Blackout"),
-                           m_store, &WorkspaceStore::toggleBlackout);
-    m_blackout->setObjectName(QStringLiteral("blackoutButton"));
-    m_logo = addSwitch(modes, QStringLiteral("sparkles"), QStringLiteral("Logo"), m_store,
-                       &WorkspaceStore::toggleLogo);
-    QHBoxLayout *windows = addGroup(buttonSpacing);
-    m_display = addSwitch(windows, QStringLiteral("tv"), QStringLiteral("Display"), m_outputs,
-                          &OutputSwitches::toggleDisplayWindow);
-    m_stage = addSwitch(windows, QStringLiteral("rectangle.inset.filled.and.person.filled"),
-                        QStringLiteral("Monitor"), m_outputs, &OutputSwitches::toggleStageWindow);
+    addGroup(buttonSpacing, {Command::queuePrevious, Command::queueNext});
+    addGroup(buttonSpacing, {Command::toggleBlackout, Command::toggleLogo});
+    addGroup(buttonSpacing, {Command::toggleDisplayWindow, Command::toggleStageWindow});
+    for (const Switch &one : m_switches) {
+        one.button->setCheckable(true);
+        // A click turns the button before the command has done anything, if it does.
+        connect(one.button, &SymbolButton::clicked, this, &TransportView::showSwitches);
+        if (one.command == Command::toggleBlackout)
+            one.button->setObjectName(QStringLiteral("blackoutButton"));
+    }
 
-    connect(&store, &WorkspaceStore::changed, this, &TransportView::showState);
-    connect(&outputs, &OutputSwitches::changed, this, &TransportView::showState);
-    showState();
+    connect(&store, &WorkspaceStore::changed, this, &TransportView::showSlides);
+    connect(&commands, &CommandActions::switched, this, &TransportView::showSwitches);
+    showSlides();
+    showSwitches();
 }
 
-void TransportView::showState()
+void TransportView::showSlides()
 {
     m_queued->setSlide(m_store.slideWithID(m_store.queuedSlideID()));
     m_live->setSlide(m_store.slideWithID(m_store.liveSlideID()));
-    m_blackout->setChecked(m_store.outputMode() == OutputMode::blackout);
-    m_logo->setChecked(m_store.outputMode() == OutputMode::logo);
-    m_display->setChecked(m_outputs.isDisplayWindowOpen());
-    m_stage->setChecked(m_outputs.isStageWindowOpen());
+}
+
+void TransportView::showSwitches()
+{
+    for (const Switch &one : m_switches)
+        one.button->setChecked(m_commands.isOn(one.command));
 }
 
 } // namespace quenara

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "Command.h"
+
 #include <QWidget>
 
 namespace quenara {
 
-class OutputSwitches;
+class CommandActions;
 class PictureCache;
 class SymbolButton;
 class TransportPreview;
@@ -19,20 +21,25 @@ class TransportView : public QWidget
 public:
     static constexpr int barHeight = 132; ///< points
 
-    TransportView(WorkspaceStore &store, OutputSwitches &outputs, PictureCache &pictures,
+    TransportView(WorkspaceStore &store, const CommandActions &commands, PictureCache &pictures,
                   QWidget *parent = nullptr);
 
 private:
-    void showState();
+    /// A button that is down while its command is on.
+    struct Switch
+    {
+        SymbolButton *button;
+        Command command;
+    };
+
+    void showSlides();
+    void showSwitches();
 
     WorkspaceStore &m_store;
-    OutputSwitches &m_outputs;
+    const CommandActions &m_commands;
     TransportPreview *m_queued;
     TransportPreview *m_live;
-    SymbolButton *m_blackout = nullptr;
-    SymbolButton *m_logo = nullptr;
-    SymbolButton *m_display = nullptr;
-    SymbolButton *m_stage = nullptr;
+    QList<Switch> m_switches;
 };
 
 } // namespace quenara

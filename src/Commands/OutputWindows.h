@@ -4,8 +4,8 @@
 
 namespace quenara {
 
-/// The windows for the audience and for the stage, as far as the operator's views switch them.
-class OutputSwitches : public QObject
+/// The audience display and the stage monitor, as far as a command opens and closes them.
+class OutputWindows : public QObject
 {
     Q_OBJECT
 
@@ -18,6 +18,7 @@ public:
     virtual void toggleStageWindow() = 0;
 
 signals:
+    /// A window was opened or closed, by whatever means.
     void changed();
 };
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "OutputSwitches.h"
+#include "OutputWindows.h"
 
 namespace quenara {
 
@@ -8,14 +8,14 @@ class AppearancePreference;
 class WindowCoordinator;
 class WorkspaceStore;
 
-/// Opens and closes the coordinator's windows, on one store and in the preferred appearance.
-class OutputToggles : public OutputSwitches
+/// The coordinator's windows for the commands: they show one store in the preferred appearance.
+class OutputWindowController : public OutputWindows
 {
     Q_OBJECT
 
 public:
-    OutputToggles(const WorkspaceStore &store, WindowCoordinator &windows,
-                  const AppearancePreference &appearance, QObject *parent = nullptr);
+    OutputWindowController(const WorkspaceStore &store, WindowCoordinator &windows,
+                           const AppearancePreference &appearance, QObject *parent = nullptr);
 
     bool isDisplayWindowOpen() const override;
     bool isStageWindowOpen() const override;

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "BenchStore.h"
+#include "CommandActions.h"
+#include "OutputWindows.h"
+
+namespace quenara::bench {
+
+/// Output windows that are always open.
+class OpenOutputs : public OutputWindows
+{
+public:
+    bool isDisplayWindowOpen() const override { return true; }
+    bool isStageWindowOpen() const override { return true; }
+    void toggleDisplayWindow() override {}
+    void toggleStageWindow() override {}
+};
+
+/// A store with its commands.
+struct BenchCommands : BenchStore
+{
+    using BenchStore::BenchStore;
+
+    OpenOutputs outputs;
+    CommandActions commands{{.store = store,
+                             .outputs = outputs,
+                             .mayReplaceDocument = [] { return true; },
+                             .endTyping = [] { return nullptr; }}};
+};
+
+} // namespace quenara::bench

@@ -1,0 +1,309 @@
+#include "Command.h"
+
+#include "CommandActions.h"
+#include "OutputWindows.h"
+#include "WorkspaceStore.h"
+
+#include <algorithm>
+#include <functional>
+#include <string_view>
+
+namespace quenara {
+
+namespace {
+
+/// Calls an operation of the store, with \a arguments if it takes some.
+template<auto operation, auto... arguments>
+void onStore(CommandActions &actions)
+{
+    std::invoke(operation, actions.store(), arguments...);
+}
+
+template<auto operation>
+void onOutputs(CommandActions &actions)
+{
+    std::invoke(operation, actions.outputs());
+}
+
+/// Emits a signal of the actions, for what the program's windows do.
+template<auto signal>
+void request(CommandActions &actions)
+{
+    std::invoke(signal, actions);
+}
+
+bool canUndo(const WorkspaceStore &store)
+{
+    return store.canUndo();
+}
+
+bool canRedo(const WorkspaceStore &store)
+{
+    return store.canRedo();
+}
+
+bool hasSelectedSlide(const WorkspaceStore &store)
+{
+    return store.slideWithID(store.selectedSlideID()).has_value();
+}
+
+template<OutputMode mode>
+bool isMode(const WorkspaceStore &store, const OutputWindows & /*outputs*/)
+{
+    return store.outputMode() == mode;
+}
+
+bool isDisplayOpen(const WorkspaceStore & /*store*/, const OutputWindows &outputs)
+{
+    return outputs.isDisplayWindowOpen();
+}
+
+bool isStageOpen(const WorkspaceStore & /*store*/, const OutputWindows &outputs)
+{
+    return outputs.isStageWindowOpen();
+}
+
+constexpr auto commands = std::to_array<CommandDescription>({
+    {.command = Command::newProject,
+     .title = "New Project...",
+     .buttonTitle = "New",
+     .symbol = "doc.badge.plus",
+     .keys = {"Ctrl+N"},
+     .worksOnDocument = true,
+     .run = onStore<&WorkspaceStore::showStartPanel>},
+    {.command = Command::newBlankProject,
+     .title = "New Blank Project",
+     .symbol = "doc.badge.plus",
+     .worksOnDocument = true,
+     .dropsDocument = true,
+     .run = onStore<&WorkspaceStore::newBlankProject>},
+    {.command = Command::newSundayService,
+     .title = "New Sunday Service",
+     .symbol = "calendar.badge.plus",
+     .worksOnDocument = true,
+     .dropsDocument = true,
+     .run = onStore<&WorkspaceStore::newSundayServiceProject>},
+    {.command = Command::openDemoService,
+     .title = "Open Demo Service",
+     .symbol = "play.square.stack",
+     .worksOnDocument = true,
+     .dropsDocument = true,
+     .run = onStore<&WorkspaceStore::loadDemoProject>},
+    {.command = Command::open,
+     .title = "Open...",
+     .buttonTitle = "Open",
+     .symbol = "folder",
+     .keys = {"Ctrl+O"},
+     .worksOnDocument = true,
+     .dropsDocument = true,
+     .run = onStore<&WorkspaceStore::openProjectWithPanel>},
+    {.command = Command::save,
+     .title = "Save",
+     .symbol = "square.and.arrow.down",
+     .keys = {"Ctrl+S"},
+     .worksOnDocument = true,
+     .continuesTyping = true,
+     .run = onStore<&WorkspaceStore::saveProject>},
+    {.command = Command::saveAs,
+     .title = "Save As...",
+     .keys = {"Ctrl+Shift+S"},
+     .worksOnDocument = true,
+     .run = onStore<&WorkspaceStore::saveProjectAs>},
+    {.command = Command::quit,
+     .title = "Quit",
+     .keys = {"Ctrl+Q"},
+     .role = QAction::QuitRole,
+     .worksOnDocument = true,
+     .run = request<&CommandActions::quitRequested>},
+    {.command = Command::undo,
+     .title = "Undo",
+     .keys = {"Ctrl+Z"},
+     .worksOnDocument = true,
+     .continuesTyping = true,
+     .repeats = true,
+     .isEnabled = canUndo,
+     .run = onStore<&WorkspaceStore::undo>},
+    {.command = Command::redo,
+     .title = "Redo",
+     .keys = {"Ctrl+Shift+Z"},
+     .worksOnDocument = true,
+     .continuesTyping = true,
+     .repeats = true,
+     .isEnabled = canRedo,
+     .run = onStore<&WorkspaceStore::redo>},
+    {.command = Command::settings,
+     .title = "Settings...",
+     .keys = {"Ctrl+,"},
+     .role = QAction::PreferencesRole,
+     .run = request<&CommandActions::settingsRequested>},
+    {.command = Command::goLive,
+     .title = "Go Live",
+     .symbol = "play.fill",
+     .keys = {"Space"},
+     .run = onStore<&WorkspaceStore::goLive>},
+    // The same once more, so that either key sends the queued slide live.
+    {.command = Command::goLiveByReturn,
+     .title = "Go Live",
+     .symbol = "play.fill",
+     .keys = {"Return", "Enter"},
+     .run = onStore<&WorkspaceStore::goLive>},
+    // Page Down and Page Up are what presentation remotes send.
+    {.command = Command::nextLive,
+     .title = "Next Live Slide",
+     .buttonTitle = "Next",
+     .symbol = "forward.end.fill",
+     .keys = {"Right", "PgDown"},
+     .run = onStore<&WorkspaceStore::nextLive>},
+    {.command = Command::previousLive,
+     .title = "Previous Live Slide",
+     .buttonTitle = "Previous",
+     .symbol = "backward.end.fill",
+     .keys = {"Left", "PgUp"},
+     .run = onStore<&WorkspaceStore::previousLive>},
+    {.command = Command::queueNext,
+     .title = "Queue Next",
+     .symbol = "arrow.down",
+     .keys = {"Down"},
+     .run = onStore<&WorkspaceStore::queueNext>},
+    {.command = Command::queuePrevious,
+     .title = "Queue Previous",
+     .buttonTitle = "Queue Prev",
+     .symbol = "arrow.up",
+     .keys = {"Up"},
+     .run = onStore<&WorkspaceStore::queuePrevious>},
+    {.command = Command::toggleBlackout,
+     .title = "Toggle Blackout",
+     .buttonTitle = "Blackout",
+     .symbol = "circle.fill",
+     .keys = {"B"},
+     .isOn = isMode<OutputMode::blackout>,
+     .run = onStore<&WorkspaceStore::toggleBlackout>},
+    {.command = Command::toggleLogo,
+     .title = "Toggle Logo",
+     .buttonTitle = "Logo",
+     .symbol = "sparkles",
+     .keys = {"L"},
+     .isOn = isMode<OutputMode::logo>,
+     .run = onStore<&WorkspaceStore::toggleLogo>},
+    {.command = Command::toggleDisplayWindow,
+     .title = "Open Display Window",
+     .titleWhileOn = "Close Display Window",
+     .buttonTitle = "Display",
+     .symbol = "tv",
+     .isOn = isDisplayOpen,
+     .run = onOutputs<&OutputWindows::toggleDisplayWindow>},
+    {.command = Command::toggleStageWindow,
+     .title = "Open Monitor Window",
+     .titleWhileOn = "Close Monitor Window",
+     .buttonTitle = "Monitor",
+     .symbol = "rectangle.inset.filled.and.person.filled",
+     .isOn = isStageOpen,
+     .run = onOutputs<&OutputWindows::toggleStageWindow>},
+    {.command = Command::about,
+     .title = "About Quenara",
+     .role = QAction::AboutRole,
+     .run = request<&CommandActions::aboutRequested>},
+    {.command = Command::addSection,
+     .title = "Add section",
+     .symbol = "folder.badge.plus",
+     .worksOnDocument = true,
+     .run = onStore<&WorkspaceStore::addServiceItem, ServiceItemType::custom>},
+    {.command = Command::pasteSongLyrics,
+     .title = "Paste song lyrics",
+     .symbol = "music.note.list",
+     .worksOnDocument = true,
+     .run = onStore<&WorkspaceStore::setSongImportPresented, true>},
+    {.command = Command::addSlide,
+     .title = "Slide",
+     .worksOnDocument = true,
+     .run = onStore<&WorkspaceStore::addSlide>},
+    {.command = Command::duplicateSlide,
+     .title = "Duplicate",
+     .buttonTitle = "Duplicate selected slide",
+     .symbol = "plus.square.on.square",
+     .worksOnDocument = true,
+     .run = onStore<&WorkspaceStore::duplicateSelectedSlide>},
+    {.command = Command::deleteSlide,
+     .title = "Delete",
+     .buttonTitle = "Delete selected slide",
+     .symbol = "trash",
+     .worksOnDocument = true,
+     .run = onStore<&WorkspaceStore::deleteSelectedSlide>},
+    {.command = Command::moveSlideUp,
+     .title = "Move slide up",
+     .symbol = "arrow.up",
+     .worksOnDocument = true,
+     .run = onStore<&WorkspaceStore::moveSelectedSlide, -1>},
+    {.command = Command::moveSlideDown,
+     .title = "Move slide down",
+     .symbol = "arrow.down",
+     .worksOnDocument = true,
+     .run = onStore<&WorkspaceStore::moveSelectedSlide, +1>},
+    {.command = Command::moveSectionUp,
+     .title = "Move section up",
+     .symbol = "chevron.up",
+     .worksOnDocument = true,
+     .run = onStore<&WorkspaceStore::moveSelectedServiceItem, -1>},
+    {.command = Command::moveSectionDown,
+     .title = "Move section down",
+     .symbol = "chevron.down",
+     .worksOnDocument = true,
+     .run = onStore<&WorkspaceStore::moveSelectedServiceItem, +1>},
+    {.command = Command::deleteSection,
+     .title = "Delete selected section",
+     .symbol = "folder.badge.minus",
+     .worksOnDocument = true,
+     .run = onStore<&WorkspaceStore::deleteSelectedServiceItem>},
+    {.command = Command::addTextLayer,
+     .title = "Text",
+     .symbol = "textformat",
+     .worksOnDocument = true,
+     .isEnabled = hasSelectedSlide,
+     .run = onStore<&WorkspaceStore::addTextLayer, SlideElementKind::text>},
+    {.command = Command::addLyricLayer,
+     .title = "Lyric",
+     .symbol = "music.note",
+     .worksOnDocument = true,
+     .isEnabled = hasSelectedSlide,
+     .run = onStore<&WorkspaceStore::addTextLayer, SlideElementKind::songLyricText>},
+    {.command = Command::addImageLayer,
+     .title = "Image",
+     .symbol = "photo",
+     .worksOnDocument = true,
+     .isEnabled = hasSelectedSlide,
+     .run = onStore<&WorkspaceStore::addImageLayerWithPanel>},
+});
+
+constexpr bool eachStandsAtItsPlace()
+{
+    for (std::size_t place = 0; place < commands.size(); ++place) {
+        if (commands[place].command != Command(place))
+            return false;
+    }
+    return commands.back().command == Command::addImageLayer;
+}
+static_assert(eachStandsAtItsPlace());
+
+constexpr bool eachIsWhole()
+{
+    return std::all_of(commands.begin(), commands.end(), [](const CommandDescription &command) {
+        return !std::string_view(command.title).empty() && command.run
+            && (!command.titleWhileOn || command.isOn)
+            && (!command.dropsDocument || command.worksOnDocument);
+    });
+}
+static_assert(eachIsWhole());
+
+} // namespace
+
+std::span<const CommandDescription> commandDescriptions()
+{
+    return commands;
+}
+
+const CommandDescription &descriptionOf(Command command)
+{
+    return commands.at(std::size_t(command));
+}
+
+} // namespace quenara

@@ -1,0 +1,96 @@
+#include "CommandActions.h"
+
+#include "OutputWindows.h"
+#include "WorkspaceStore.h"
+
+#include <QApplication>
+#include <QPointer>
+#include <QWidget>
+
+#include <utility>
+
+namespace quenara {
+
+CommandActions::CommandActions(Context context, QObject *parent)
+    : QObject(parent), m_context(std::move(context))
+{
+    for (const CommandDescription &description : commandDescriptions())
+        m_actions.append(makeAction(description));
+    connect(&store(), &WorkspaceStore::changed, this, &CommandActions::showState);
+    connect(&outputs(), &OutputWindows::changed, this, &CommandActions::showState);
+    showState();
+}
+
+QAction *CommandActions::makeAction(const CommandDescription &description)
+{
+    auto *action = new QAction(QString::fromUtf8(description.title), this);
+    action->setIconText(
+        QString::fromUtf8(description.buttonTitle ? description.buttonTitle : description.title));
+    action->setData(QString::fromUtf8(description.symbol));
+    QList<QKeySequence> shortcuts;
+    for (const char *key : description.keys) {
+        if (key)
+            shortcuts.append(QKeySequence(QString::fromUtf8(key), QKeySequence::PortableText));
+    }
+    action->setShortcuts(shortcuts);
+    // Not of the application: a dialog on one window must neither take its keys for commands nor
+    // keep them from the other windows.
+    action->setShortcutContext(Qt::WindowShortcut);
+    action->setAutoRepeat(description.repeats);
+    action->setMenuRole(description.role);
+    connect(action, &QAction::triggered, this,
+            [this, command = description.command] { perform(command); });
+    return action;
+}
+
+bool CommandActions::isOn(Command command) const
+{
+    return descriptionOf(command).isOn(store(), outputs());
+}
+
+void CommandActions::perform(Command command, const QWidget *sheet)
+{
+    const CommandDescription &description = descriptionOf(command);
+    // The keys of an output window, which takes part in the service while a dialog on the
+    // operator's window is open, leave the document alone until the dialog is answered.
+    const QWidget *dialog = QApplication::activeModalWidget();
+    if (description.worksOnDocument && dialog && dialog != sheet)
+        return;
+    const QPointer<QWidget> field = m_context.endTyping();
+    if (description.dropsDocument) {
+        replaceDocument([&] { description.run(*this); });
+    } else {
+        description.run(*this);
+    }
+    if (field && description.continuesTyping)
+        field->setFocus(Qt::OtherFocusReason);
+}
+
+void CommandActions::openProject(const QUrl &url)
+{
+    replaceDocument([&] { store().openProject(url); });
+}
+
+void CommandActions::replaceDocument(const std::function<void()> &replace)
+{
+    if (!m_context.mayReplaceDocument())
+        return;
+    emit documentReleased();
+    replace();
+}
+
+void CommandActions::showState()
+{
+    for (const CommandDescription &description : commandDescriptions()) {
+        QAction &action = *this->action(description.command);
+        if (description.isEnabled)
+            action.setEnabled(description.isEnabled(store()));
+        if (description.titleWhileOn) {
+            action.setText(QString::fromUtf8(isOn(description.command) ? description.titleWhileOn
+                                                                       : description.title));
+        }
+    }
+    emit switched();
+}
+
+} // namespace quenara

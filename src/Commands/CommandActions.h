@@ -1,0 +1,71 @@
+#pragma once
+
+#include "Command.h"
+
+#include <QList>
+#include <QObject>
+#include <QUrl>
+
+#include <functional>
+
+class QWidget;
+
+namespace quenara {
+
+/// The commands as actions, one a command, from which menus, keys and buttons are made: each is
+/// enabled and titled as its description says of the present state.
+class CommandActions : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// What the commands work on and whom they ask. The references must outlive the actions.
+    struct Context
+    {
+        WorkspaceStore &store;
+        OutputWindows &outputs;
+        /// Asks the operator if there is something to lose.
+        std::function<bool()> mayReplaceDocument;
+        /// Makes what is being typed part of the document; gives the field, or null.
+        std::function<QWidget *()> endTyping;
+    };
+
+    explicit CommandActions(Context context, QObject *parent = nullptr);
+
+    WorkspaceStore &store() const { return m_context.store; }
+    OutputWindows &outputs() const { return m_context.outputs; }
+
+    /// Never null. Its icon text is the button's title, its data the name of the button's symbol.
+    QAction *action(Command command) const { return m_actions.at(qsizetype(command)); }
+
+    /// For a command that switches something on and off.
+    bool isOn(Command command) const;
+
+    /// What triggering the action does. \a sheet is the dialog that offers the command, if one
+    /// does: no other dialog that stands open lets a command work on the document.
+    void perform(Command command, const QWidget *sheet = nullptr);
+
+    /// Opens a project that the operator picked from a list, in place of the present one.
+    void openProject(const QUrl &url);
+
+signals:
+    /// The operator has let the document go; another takes its place next, or a panel asks for it.
+    void documentReleased();
+    /// Something may have been switched on or off.
+    void switched();
+
+    // What the program's windows are to do.
+    void quitRequested();
+    void settingsRequested();
+    void aboutRequested();
+
+private:
+    QAction *makeAction(const CommandDescription &description);
+    void replaceDocument(const std::function<void()> &replace);
+    void showState();
+
+    Context m_context;
+    QList<QAction *> m_actions; ///< by the commands' places
+};
+
+} // namespace quenara

@@ -1,0 +1,47 @@
+#include "OutputWindowController.h"
+
+#include "AppearancePreference.h"
+#include "WindowCoordinator.h"
+
+namespace quenara {
+
+OutputWindowController::OutputWindowController(const WorkspaceStore &store,
+                                               WindowCoordinator &windows,
+                                               const AppearancePreference &appearance,
+                                               QObject *parent)
+    : OutputWindows(parent), m_store(store), m_windows(windows), m_appearance(appearance)
+{
+    connect(&windows, &WindowCoordinator::isDisplayWindowOpenChanged, this,
+            &OutputWindows::changed);
+    connect(&windows, &WindowCoordinator::isStageWindowOpenChanged, this, &OutputWindows::changed);
+}
+
+bool OutputWindowController::isDisplayWindowOpen() const
+{
+    return m_windows.isDisplayWindowOpen();
+}
+
+bool OutputWindowController::isStageWindowOpen() const
+{
+    return m_windows.isStageWindowOpen();
+}
+
+void OutputWindowController::toggleDisplayWindow()
+{
+    if (m_windows.isDisplayWindowOpen()) {
+        m_windows.closeDisplayWindow();
+    } else {
+        m_windows.openDisplayWindow(m_store, m_appearance.appearance());
+    }
+}
+
+void OutputWindowController::toggleStageWindow()
+{
+    if (m_windows.isStageWindowOpen()) {
+        m_windows.closeStageWindow();
+    } else {
+        m_windows.openStageWindow(m_store, m_appearance.appearance());
+    }
+}
+
+} // namespace quenara

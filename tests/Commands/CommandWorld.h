@@ -1,0 +1,54 @@
+#pragma once
+
+#include "CommandActions.h"
+#include "OutputWindows.h"
+#include "TestSupport.h"
+
+#include <utility>
+
+namespace quenara::test {
+
+/// Output windows of which only is known whether they are open.
+class FakeOutputWindows : public OutputWindows
+{
+public:
+    bool isDisplayWindowOpen() const override { return m_isDisplayWindowOpen; }
+    bool isStageWindowOpen() const override { return m_isStageWindowOpen; }
+
+    void toggleDisplayWindow() override
+    {
+        m_isDisplayWindowOpen = !m_isDisplayWindowOpen;
+        emit changed();
+    }
+
+    void toggleStageWindow() override
+    {
+        m_isStageWindowOpen = !m_isStageWindowOpen;
+        emit changed();
+    }
+
+private:
+    bool m_isDisplayWindowOpen = false;
+    bool m_isStageWindowOpen = false;
+};
+
+/// A world with commands around its store.
+struct CommandWorld : World
+{
+    using World::World;
+
+    FakeOutputWindows outputs;
+    bool mayReplaceDocument = true; ///< the operator's answer
+    int consentCount = 0; ///< how often the operator was asked for it
+    QWidget *field = nullptr; ///< what is being typed into
+    CommandActions commands{{.store = store,
+                             .outputs = outputs,
+                             .mayReplaceDocument =
+                                 [this] {
+                                     ++consentCount;
+                                     return mayReplaceDocument;
+                                 },
+                             .endTyping = [this] { return std::exchange(field, nullptr); }}};
+};
+
+} // namespace quenara::test

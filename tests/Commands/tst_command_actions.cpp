@@ -1,0 +1,366 @@
+#include "CommandWorld.h"
+#include "GuiTestSupport.h"
+
+#include <QDialog>
+#include <QFile>
+#include <QLineEdit>
+#include <QRegularExpression>
+#include <QSignalSpy>
+
+using namespace quenara;
+using namespace quenara::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Commands = QList<Command>;
+
+/// All commands of which something is true.
+Commands commandsThat(bool CommandDescription::*holds)
+{
+    Commands found;
+    for (const CommandDescription &description : commandDescriptions()) {
+        if (description.*holds)
+            found.append(description.command);
+    }
+    return found;
+}
+
+QString titleOf(Command command)
+{
+    return QString::fromUtf8(descriptionOf(command).title);
+}
+
+/// The rows of the guide's table of keys, each with the keys that it names.
+QList<QStringList> rowsOfTheGuide()
+{
+    QFile readme(QStringLiteral(README_PATH));
+    if (!readme.open(QIODevice::ReadOnly))
+        return {};
+    const QString text = QString::fromUtf8(readme.readAll());
+    const qsizetype table = text.indexOf(u"| key |"_s);
+    QList<QStringList> rows;
+    for (const QString &line : text.mid(table, text.indexOf(u"\n\n"_s, table) - table).split(u'\n'))
+        rows.append(line.section(u'|', 1, 1).trimmed().split(u", "_s));
+    return rows.mid(2); // below the heading and its line
+}
+
+/// As the guide writes a key.
+QString guideName(const char *key)
+{
+    QString name = QString::fromUtf8(key);
+    return name.replace(u"PgDown"_s, u"Page Down"_s).replace(u"PgUp"_s, u"Page Up"_s);
+}
+
+} // namespace
+
+class TestCommandActions : public GuiTest
+{
+    Q_OBJECT
+
+private slots:
+    void theGuideNamesEveryKeyOnceAndNoOther()
+    {
+        QStringList named;
+        for (const QStringList &row : rowsOfTheGuide())
+            named += row;
+        QStringList keys;
+        for (const CommandDescription &description : commandDescriptions()) {
+            for (const char *key : description.keys) {
+                // The keypad's Enter is a Return to everyone but the keyboard.
+                if (key && key != std::string_view("Enter"))
+                    keys.append(guideName(key));
+            }
+        }
+        QVERIFY(!keys.isEmpty());
+        named.sort();
+        keys.sort();
+        QCOMPARE(named, keys);
+    }
+
+    void noTwoCommandsHaveTheSameKey()
+    {
+        const CommandWorld world;
+        QList<QKeySequence> keys;
+        for (const CommandDescription &description : commandDescriptions())
+            keys += world.commands.action(description.command)->shortcuts();
+        QCOMPARE(QSet<QKeySequence>(keys.cbegin(), keys.cend()).size(), keys.size());
+    }
+
+    void everyButtonsSymbolIsThere()
+    {
+        const CommandWorld world;
+        for (const CommandDescription &description : commandDescriptions()) {
+            const QString symbol = world.commands.action(description.command)->data().toString();
+            QVERIFY2(symbol.isEmpty() || QFile::exists(u":/icons/%1.svg"_s.arg(symbol)),
+                     qPrintable(symbol));
+        }
+    }
+
+    void undoAndRedoAreEnabledWhileThereIsSomethingToUndoOrRedoAndLayersAddedToASlideOnly()
+    {
+        CommandWorld world;
+        const auto disabled = [&] {
+            Commands found;
+            for (const CommandDescription &description : commandDescriptions()) {
+                if (!world.commands.action(description.command)->isEnabled())
+                    found.append(description.command);
+            }
+            return found;
+        };
+        QCOMPARE(disabled(), (Commands{Command::undo, Command::redo}));
+        world.store.addSlide();
+        QCOMPARE(disabled(), Commands{Command::redo});
+        world.store.undo();
+        QCOMPARE(disabled(), Commands{Command::undo});
+        world.store.newBlankProject();
+        QCOMPARE(disabled(),
+                 (Commands{Command::undo, Command::redo, Command::addTextLayer,
+                           Command::addLyricLayer, Command::addImageLayer}));
+    }
+
+    void whatIsSwitchedOnIsToldAndTitlesFollow()
+    {
+        CommandWorld world;
+        const auto on = [&] {
+            Commands found;
+            for (const CommandDescription &description : commandDescriptions()) {
+                if (description.isOn && world.commands.isOn(description.command))
+                    found.append(description.command);
+            }
+            return found;
+        };
+        const QAction *display = world.commands.action(Command::toggleDisplayWindow);
+        QSignalSpy switched(&world.commands, &CommandActions::switched);
+        QCOMPARE(on(), Commands{});
+        QCOMPARE(display->text(), u"Open Display Window"_s);
+        world.commands.perform(Command::toggleBlackout);
+        QCOMPARE(on(), Commands{Command::toggleBlackout});
+        QVERIFY(!switched.isEmpty());
+        switched.clear();
+        world.outputs.toggleDisplayWindow();
+        QCOMPARE(on(), (Commands{Command::toggleBlackout, Command::toggleDisplayWindow}));
+        QVERIFY(!switched.isEmpty());
+        QCOMPARE(display->text(), u"Close Display Window"_s);
+        QCOMPARE(display->iconText(), u"Display"_s);
+    }
+
+    void whatDropsTheDocumentAsksBefore_data()
+    {
+        QTest::addColumn<Command>("command");
+        const Commands dropping = commandsThat(&CommandDescription::dropsDocument);
+        QCOMPARE(dropping.size(), 4);
+        for (const Command command : dropping)
+            QTest::newRow(qPrintable(titleOf(command))) << command;
+    }
+
+    void whatDropsTheDocumentAsksBefore()
+    {
+        QFETCH(Command, command);
+        CommandWorld world(showOf({1}));
+        const QSignalSpy released(&world.commands, &CommandActions::documentReleased);
+        const WorkspaceState before = world.store.state();
+        world.mayReplaceDocument = false;
+        world.commands.action(command)->trigger();
+        QCOMPARE(world.consentCount, 1);
+        QCOMPARE(world.store.state(), before);
+        QVERIFY(world.panels.asked.isEmpty());
+        QVERIFY(released.isEmpty());
+
+        world.mayReplaceDocument = true;
+        world.commands.action(command)->trigger();
+        QCOMPARE(world.consentCount, 2);
+        QVERIFY(world.store.state() != before || !world.panels.asked.isEmpty());
+        QCOMPARE(released.size(), 1);
+    }
+
+    void aProjectFromAListAsksBeforeItOpensToo()
+    {
+        CommandWorld world(showOf({1}));
+        const QUrl url = QUrl::fromLocalFile(dataPath(u"current.quenara"_s));
+        world.mayReplaceDocument = false;
+        world.commands.openProject(url);
+        QCOMPARE(world.store.currentFileURL(), std::nullopt);
+        world.mayReplaceDocument = true;
+        world.commands.openProject(url);
+        QCOMPARE(world.store.currentFileURL(), url);
+        QCOMPARE(world.consentCount, 2);
+    }
+
+    void nothingElseAsks()
+    {
+        CommandWorld world(showOf({2}));
+        for (const CommandDescription &description : commandDescriptions()) {
+            if (!description.dropsDocument)
+                world.commands.action(description.command)->trigger();
+        }
+        QCOMPARE(world.consentCount, 0);
+    }
+
+    void whileADialogAsksOnlyTheServiceGoesOn()
+    {
+        CommandWorld world(showOf({2}));
+        world.store.addSlide();
+        world.store.selectSlide(u"A1"_s, true);
+        QDialog dialog;
+        dialog.open();
+        QCOMPARE(QApplication::activeModalWidget(), &dialog);
+        const ZelvoProject project = world.store.project();
+        const QSignalSpy quit(&world.commands, &CommandActions::quitRequested);
+        for (const CommandDescription &description : commandDescriptions()) {
+            if (description.worksOnDocument)
+                world.commands.action(description.command)->trigger();
+        }
+        QCOMPARE(world.store.project(), project);
+        QVERIFY(!world.store.isStartPanelPresented());
+        QVERIFY(!world.store.isSongImportPresented());
+        QVERIFY(world.panels.asked.isEmpty());
+        QVERIFY(quit.isEmpty());
+
+        world.commands.action(Command::queueNext)->trigger();
+        world.commands.action(Command::goLive)->trigger();
+        QCOMPARE(world.store.liveSlideID(), u"A2"_s);
+        world.commands.action(Command::toggleDisplayWindow)->trigger();
+        QVERIFY(world.outputs.isDisplayWindowOpen());
+    }
+
+    void aSheetGivesTheCommandsThatItOffers()
+    {
+        CommandWorld world(showOf({2}));
+        QDialog sheet;
+        sheet.open();
+        world.commands.perform(Command::newSundayService, &sheet);
+        QCOMPARE(world.store.project().name, u"Sunday Service"_s);
+        QDialog question(&sheet);
+        question.open();
+        world.commands.perform(Command::newBlankProject, &sheet);
+        QCOMPARE(world.store.project().name, u"Sunday Service"_s);
+    }
+
+    void theFieldGetsTheKeyboardBackAfterSavingUndoAndRedoAlone()
+    {
+        QCOMPARE(commandsThat(&CommandDescription::continuesTyping),
+                 (Commands{Command::save, Command::undo, Command::redo}));
+        CommandWorld world(showOf({2}));
+        QWidget window;
+        auto *field = new QLineEdit(&window);
+        window.setFocusPolicy(Qt::StrongFocus);
+        window.show();
+        window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        for (const Command command : {Command::save, Command::nextLive}) {
+            window.setFocus();
+            world.field = field; // ended, and known by the commands
+            world.commands.perform(command);
+            QCOMPARE(field->hasFocus(), command == Command::save);
+        }
+    }
+
+    void eachDoesItsWork_data()
+    {
+        QTest::addColumn<Command>("command");
+        QTest::addColumn<std::function<void(WorkspaceStore &)>>("operation");
+        const auto row = [](Command command, const std::function<void(WorkspaceStore &)> &same) {
+            QTest::newRow(qPrintable(titleOf(command))) << command << same;
+        };
+        using Store = WorkspaceStore;
+        row(Command::newProject, &Store::showStartPanel);
+        row(Command::undo, &Store::undo);
+        row(Command::goLive, &Store::goLive);
+        QTest::newRow("Go Live by Return")
+            << Command::goLiveByReturn << std::function<void(Store &)>(&Store::goLive);
+        row(Command::nextLive, &Store::nextLive);
+        row(Command::previousLive, &Store::previousLive);
+        row(Command::queueNext, &Store::queueNext);
+        row(Command::queuePrevious, &Store::queuePrevious);
+        row(Command::toggleBlackout, &Store::toggleBlackout);
+        row(Command::toggleLogo, &Store::toggleLogo);
+        row(Command::pasteSongLyrics, [](Store &store) { store.setSongImportPresented(true); });
+        row(Command::deleteSlide, &Store::deleteSelectedSlide);
+        row(Command::moveSlideUp, [](Store &store) { store.moveSelectedSlide(-1); });
+        row(Command::moveSlideDown, [](Store &store) { store.moveSelectedSlide(1); });
+        row(Command::moveSectionUp, [](Store &store) { store.moveSelectedServiceItem(-1); });
+        row(Command::moveSectionDown, [](Store &store) { store.moveSelectedServiceItem(1); });
+        row(Command::deleteSection, &Store::deleteSelectedServiceItem);
+    }
+
+    void eachDoesItsWork()
+    {
+        QFETCH(Command, command);
+        QFETCH(std::function<void(WorkspaceStore &)>, operation);
+        const ZelvoProject show = showOf({2, 3, 2});
+        CommandWorld performed(show);
+        World called(show);
+        for (WorkspaceStore *store : {&performed.store, &called.store}) {
+            store->selectSlide(u"B2"_s, true);
+            store->goLive();
+            store->updateProjectName(u"changed"_s);
+            store->selectSlide(u"B2"_s, false);
+            store->queueNext();
+            store->selectSlide(u"B2"_s, false);
+        }
+        const WorkspaceState before = performed.store.state();
+        performed.commands.action(command)->trigger();
+        operation(called.store);
+        QCOMPARE(performed.store.state(), called.store.state());
+        QVERIFY(performed.store.state() != before);
+    }
+
+    void whatMakesSomethingNewMakesIt()
+    {
+        CommandWorld world(showOf({2}));
+        const auto item = [&](qsizetype place) {
+            return world.store.project().serviceItems.at(place);
+        };
+        world.commands.perform(Command::duplicateSlide);
+        QCOMPARE(item(0).slides.at(1).title, u"Title of A1 Copy"_s);
+        world.commands.perform(Command::addSlide);
+        QCOMPARE(item(0).slides.size(), 4);
+        world.commands.perform(Command::addSection);
+        QCOMPARE(item(1).type, ServiceItemType::custom);
+        world.commands.perform(Command::undo);
+        QCOMPARE(world.store.project().serviceItems.size(), 1);
+        world.commands.perform(Command::redo);
+        QCOMPARE(world.store.project().serviceItems.size(), 2);
+        world.store.selectSlide(u"A1"_s, true);
+        world.commands.perform(Command::addTextLayer);
+        QCOMPARE(world.store.selectedElement()->kind, SlideElementKind::text);
+        world.commands.perform(Command::addLyricLayer);
+        QCOMPARE(world.store.selectedElement()->kind, SlideElementKind::songLyricText);
+        world.commands.perform(Command::addImageLayer);
+        QCOMPARE(world.panels.asked.size(), 1);
+    }
+
+    void filesAreAskedForAndWritten()
+    {
+        CommandWorld world(showOf({1}));
+        world.commands.perform(Command::saveAs);
+        QCOMPARE(world.panels.asked.constLast().kind, FilePanel::Kind::save);
+        world.panels.answer = world.fileUrl(u"service.quenara"_s);
+        world.commands.perform(Command::save);
+        QVERIFY(QFile::exists(world.panels.answer->toLocalFile()));
+        world.commands.perform(Command::open);
+        QCOMPARE(world.panels.asked.constLast().kind, FilePanel::Kind::open);
+        world.commands.perform(Command::openDemoService);
+        QCOMPARE(world.store.project().name, u"Quenara Demo Service"_s);
+    }
+
+    void theProgramsWindowsAreAskedForWhatIsTheirs()
+    {
+        CommandWorld world;
+        const QSignalSpy quit(&world.commands, &CommandActions::quitRequested);
+        const QSignalSpy settings(&world.commands, &CommandActions::settingsRequested);
+        const QSignalSpy about(&world.commands, &CommandActions::aboutRequested);
+        world.commands.perform(Command::quit);
+        world.commands.perform(Command::settings);
+        world.commands.perform(Command::about);
+        world.commands.perform(Command::toggleStageWindow);
+        QCOMPARE(quit.size(), 1);
+        QCOMPARE(settings.size(), 1);
+        QCOMPARE(about.size(), 1);
+        QVERIFY(world.outputs.isStageWindowOpen());
+    }
+};
+
+QUENARA_GUI_TEST_MAIN(TestCommandActions)
+#include "tst_command_actions.moc"
