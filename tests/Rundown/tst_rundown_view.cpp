@@ -1,6 +1,10 @@
+#include "CommandWorld.h"
 #include "GuiTestSupport.h"
-#include "OperatorWorld.h"
+#include "PictureCache.h"
+#include "RundownList.h"
+#include "RundownModel.h"
 #include "RundownRowDelegate.h"
+#include "RundownView.h"
 
 #include <QAccessible>
 #include <QHelpEvent>
@@ -15,18 +19,49 @@ using namespace quenara::test;
 
 namespace {
 
-QModelIndex rowOfSlide(const OperatorWorld &op, const QString &id)
+/// The rundown as a window of its own.
+struct Rundown : CommandWorld
+{
+    PictureCache pictures;
+    RundownView view{store, commands, pictures};
+    RundownList *list = view.findChild<RundownList *>();
+    const RundownModel *model = view.findChild<RundownModel *>();
+
+    explicit Rundown(const ZelvoProject &project) : CommandWorld(project)
+    {
+        view.resize(RundownView::panelWidth, 576);
+        showActive(view);
+    }
+
+    QPoint middleOf(const QModelIndex &index) const { return list->visualRect(index).center(); }
+
+    void click(const QModelIndex &index) const
+    {
+        QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, middleOf(index));
+    }
+
+    /// The titles of the slides in an item, without what showOf() begins them with.
+    QStringList titlesOf(qsizetype item) const
+    {
+        QStringList titles;
+        for (const Slide &slide : store.project().serviceItems.at(item).slides)
+            titles.append(QString(slide.title).remove(QStringLiteral("Title of ")));
+        return titles;
+    }
+};
+
+QModelIndex rowOfSlide(const Rundown &op, const QString &id)
 {
     return op.model->indexOfSlide(id);
 }
 
-bool isInSight(const OperatorWorld &op, const QModelIndex &index)
+bool isInSight(const Rundown &op, const QModelIndex &index)
 {
     return index.isValid() && op.list->viewport()->rect().contains(op.list->visualRect(index));
 }
 
 /// Chooses from the context menu of a row.
-void chooseFromMenu(const OperatorWorld &op, const QModelIndex &index, const QString &title)
+void chooseFromMenu(const Rundown &op, const QModelIndex &index, const QString &title)
 {
     const QPoint place = op.middleOf(index);
     QContextMenuEvent event(QContextMenuEvent::Mouse, place,
@@ -44,7 +79,7 @@ void chooseFromMenu(const OperatorWorld &op, const QModelIndex &index, const QSt
     QFAIL(qPrintable(title));
 }
 
-QString tooltipOver(const OperatorWorld &op, const QModelIndex &index)
+QString tooltipOver(const Rundown &op, const QModelIndex &index)
 {
     const QPoint place = op.middleOf(index);
     QHelpEvent event(QEvent::ToolTip, place, op.list->viewport()->mapToGlobal(place));
@@ -53,7 +88,7 @@ QString tooltipOver(const OperatorWorld &op, const QModelIndex &index)
 }
 
 /// What a row looks like, on a slide's row without its thumbnail.
-QImage lookOf(OperatorWorld &op, const QModelIndex &index)
+QImage lookOf(Rundown &op, const QModelIndex &index)
 {
     return op.list->viewport()->grab(op.list->visualRect(index)).toImage();
 }
@@ -82,7 +117,7 @@ public:
 };
 
 /// What is on the screen of the list when everything is painted.
-QImage seenOf(const OperatorWorld &op)
+QImage seenOf(const Rundown &op)
 {
     QCoreApplication::processEvents();
     const QRect list(op.list->mapTo(&op.view, QPoint()), op.list->size());
@@ -91,7 +126,7 @@ QImage seenOf(const OperatorWorld &op)
         .toImage();
 }
 
-QImage paintedAnew(OperatorWorld &op)
+QImage paintedAnew(Rundown &op)
 {
     return op.view.grab(QRect(op.list->mapTo(&op.view, QPoint()), op.list->size())).toImage();
 }
@@ -105,7 +140,7 @@ class TestRundownView : public GuiTest
 private slots:
     void clickingASlideSelectsAndQueuesItAndNeverChangesTheLiveOne()
     {
-        OperatorWorld op(showOf({2, 3}));
+        Rundown op(showOf({2, 3}));
         op.click(rowOfSlide(op, QStringLiteral("B2")));
         QCOMPARE(op.store.selectedSlideID(), QStringLiteral("B2"));
         QCOMPARE(op.store.queuedSlideID(), QStringLiteral("B2"));
@@ -114,7 +149,7 @@ private slots:
 
     void clickingASectionSelectsItAndNothingElse()
     {
-        OperatorWorld op(showOf({2, 3}));
+        Rundown op(showOf({2, 3}));
         WorkspaceState expected = op.store.state();
         expected.selectedServiceItemID = QStringLiteral("B");
         op.click(op.model->indexOfServiceItem(QStringLiteral("B")));
@@ -123,9 +158,9 @@ private slots:
 
     void tabGoesFromTheHeaderThroughTheSectionsToTheFooter()
     {
-        OperatorWorld op(showOf({2, 3}));
+        Rundown op(showOf({2, 3}));
         op.store.addServiceItem(ServiceItemType::custom);
-        op.buttons(QStringLiteral("Delete selected slide")).constFirst()->setFocus();
+        shownButtons(op.view, QStringLiteral("Delete selected slide")).constFirst()->setFocus();
         QStringList reached;
         for (int i = 0; i < 7; ++i) {
             QTest::keyClick(op.view.windowHandle(), Qt::Key_Tab);
@@ -142,7 +177,7 @@ private slots:
 
     void goLiveInTheContextMenuQueuesTheSlideAndSendsIt()
     {
-        OperatorWorld op(showOf({2, 3}));
+        Rundown op(showOf({2, 3}));
         chooseFromMenu(op, rowOfSlide(op, QStringLiteral("B3")), QStringLiteral("Go Live"));
         QCOMPARE(op.store.liveSlideID(), QStringLiteral("B3"));
         QCOMPARE(op.store.queuedSlideID(), QStringLiteral("B3"));
@@ -150,7 +185,7 @@ private slots:
 
     void duplicateInTheContextMenuCopiesThatSlide()
     {
-        OperatorWorld op(showOf({2, 3}));
+        Rundown op(showOf({2, 3}));
         chooseFromMenu(op, rowOfSlide(op, QStringLiteral("B1")), QStringLiteral("Duplicate"));
         QCOMPARE(op.titlesOf(1), QStringList({u"B1"_s, u"B1 Copy"_s, u"B2"_s, u"B3"_s}));
         QCOMPARE(op.titlesOf(0), QStringList({u"A1"_s, u"A2"_s}));
@@ -158,7 +193,7 @@ private slots:
 
     void deleteInTheContextMenuRemovesThatSlide()
     {
-        OperatorWorld op(showOf({2, 3}));
+        Rundown op(showOf({2, 3}));
         chooseFromMenu(op, rowOfSlide(op, QStringLiteral("B2")), QStringLiteral("Delete"));
         QCOMPARE(op.titlesOf(1), QStringList({u"B1"_s, u"B3"_s}));
         QCOMPARE(op.titlesOf(0), QStringList({u"A1"_s, u"A2"_s}));
@@ -166,7 +201,7 @@ private slots:
 
     void theContextMenuKeyOpensTheMenuOfTheSelectedSlide()
     {
-        OperatorWorld op(showOf({2, 3}));
+        Rundown op(showOf({2, 3}));
         QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
         QApplication::sendEvent(op.list->viewport(), &event);
         auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
@@ -176,8 +211,8 @@ private slots:
 
     void addSectionAppendsACustomOne()
     {
-        OperatorWorld op(showOf({2}));
-        op.press(QStringLiteral("Add section"));
+        Rundown op(showOf({2}));
+        press(op.view, QStringLiteral("Add section"));
         QCOMPARE(op.store.project().serviceItems.size(), 2);
         QCOMPARE(op.store.project().serviceItems.last().type, ServiceItemType::custom);
         QCOMPARE(op.store.project().serviceItems.last().title, QStringLiteral("New Section"));
@@ -185,73 +220,73 @@ private slots:
 
     void pasteSongLyricsPresentsTheSheet()
     {
-        OperatorWorld op;
-        op.press(QStringLiteral("Paste song lyrics"));
+        Rundown op(showOf({2}));
+        press(op.view, QStringLiteral("Paste song lyrics"));
         QVERIFY(op.store.isSongImportPresented());
     }
 
     void slideAppendsToTheSelectedSection()
     {
-        OperatorWorld op(showOf({2, 1}));
+        Rundown op(showOf({2, 1}));
         op.click(op.model->indexOfServiceItem(QStringLiteral("B")));
-        op.press(QStringLiteral("Slide"));
+        press(op.view, QStringLiteral("Slide"));
         QCOMPARE(op.titlesOf(1), QStringList({u"B1"_s, u"New Slide"_s}));
     }
 
     void duplicateAndDeleteWorkOnTheSelectedSlide()
     {
-        OperatorWorld op(showOf({2}));
-        op.press(QStringLiteral("Duplicate selected slide"));
+        Rundown op(showOf({2}));
+        press(op.view, QStringLiteral("Duplicate selected slide"));
         QCOMPARE(op.titlesOf(0), QStringList({u"A1"_s, u"A1 Copy"_s, u"A2"_s}));
-        op.press(QStringLiteral("Delete selected slide"));
+        press(op.view, QStringLiteral("Delete selected slide"));
         QCOMPARE(op.titlesOf(0), QStringList({u"A1"_s, u"A2"_s}));
     }
 
     void theFooterMovesTheSelectedSlide()
     {
-        OperatorWorld op(showOf({3}));
-        op.press(QStringLiteral("Move slide down"));
+        Rundown op(showOf({3}));
+        press(op.view, QStringLiteral("Move slide down"));
         QCOMPARE(op.titlesOf(0), QStringList({u"A2"_s, u"A1"_s, u"A3"_s}));
-        op.press(QStringLiteral("Move slide up"));
+        press(op.view, QStringLiteral("Move slide up"));
         QCOMPARE(op.titlesOf(0), QStringList({u"A1"_s, u"A2"_s, u"A3"_s}));
     }
 
     void theFooterDeletesTheSelectedSection()
     {
-        OperatorWorld op(showOf({1, 1, 1}));
+        Rundown op(showOf({1, 1, 1}));
         op.click(op.model->indexOfServiceItem(QStringLiteral("B")));
-        op.press(QStringLiteral("Delete selected section"));
+        press(op.view, QStringLiteral("Delete selected section"));
         QCOMPARE(op.store.project().serviceItems.size(), 2);
         QCOMPARE(op.store.project().serviceItems.at(1).id, QStringLiteral("C"));
     }
 
     void aSectionsButtonsMoveThatSection()
     {
-        OperatorWorld op(showOf({1, 1, 1}));
-        op.press(QStringLiteral("Move section down"), 1);
+        Rundown op(showOf({1, 1, 1}));
+        press(op.view, QStringLiteral("Move section down"), 1);
         QCOMPARE(op.store.project().serviceItems.at(2).id, QStringLiteral("B"));
-        op.press(QStringLiteral("Move section up"), 2);
+        press(op.view, QStringLiteral("Move section up"), 2);
         QCOMPARE(op.store.project().serviceItems.at(1).id, QStringLiteral("B"));
     }
 
     void movingTheFirstSectionUpOrTheLastSlideDownDoesNothing()
     {
-        OperatorWorld op(showOf({2, 1}));
+        Rundown op(showOf({2, 1}));
         const ZelvoProject before = op.store.project();
-        op.press(QStringLiteral("Move section up"), 0);
+        press(op.view, QStringLiteral("Move section up"), 0);
         QCOMPARE(op.store.project(), before);
         QVERIFY(!op.store.canUndo());
         op.click(rowOfSlide(op, QStringLiteral("A2")));
-        op.press(QStringLiteral("Move slide down"));
+        press(op.view, QStringLiteral("Move slide down"));
         QCOMPARE(op.titlesOf(0), QStringList({u"A1"_s, u"A2"_s}));
     }
 
     void anEmptyProjectHasAnEmptyListAndSlideStillMakesASection()
     {
-        OperatorWorld op;
+        Rundown op(showOf({2}));
         op.store.newBlankProject();
         QCOMPARE(op.model->rowCount(), 0);
-        op.press(QStringLiteral("Slide"));
+        press(op.view, QStringLiteral("Slide"));
         QCOMPARE(op.model->rowCount(), 2);
         QCOMPARE(op.model->index(0).data().toString(), QStringLiteral("New Section"));
         QCOMPARE(op.titlesOf(0), QStringList({u"New Slide"_s}));
@@ -259,24 +294,28 @@ private slots:
 
     void everySectionInSightHasItsButtonsAndNoOther()
     {
-        OperatorWorld op(showOf({30, 30, 30}));
-        QCOMPARE(op.buttons(QStringLiteral("Move section up")).size(), 1);
-        QCOMPARE(op.buttons(QStringLiteral("Move section up")).first()->accessibleDescription(),
+        Rundown op(showOf({30, 30, 30}));
+        QCOMPARE(shownButtons(op.view, QStringLiteral("Move section up")).size(), 1);
+        QCOMPARE(shownButtons(op.view, QStringLiteral("Move section up"))
+                     .first()
+                     ->accessibleDescription(),
                  QStringLiteral("Item A"));
         op.list->scrollTo(op.model->indexOfServiceItem(QStringLiteral("B")),
                           QAbstractItemView::PositionAtCenter);
-        QCOMPARE(op.buttons(QStringLiteral("Move section up")).size(), 1);
-        QCOMPARE(op.buttons(QStringLiteral("Move section up")).first()->accessibleDescription(),
+        QCOMPARE(shownButtons(op.view, QStringLiteral("Move section up")).size(), 1);
+        QCOMPARE(shownButtons(op.view, QStringLiteral("Move section up"))
+                     .first()
+                     ->accessibleDescription(),
                  QStringLiteral("Item B"));
         op.list->scrollTo(op.model->indexOfSlide(QStringLiteral("B15")),
                           QAbstractItemView::PositionAtCenter);
-        QCOMPARE(op.buttons(QStringLiteral("Move section up")).size(), 0);
+        QCOMPARE(shownButtons(op.view, QStringLiteral("Move section up")).size(), 0);
     }
 
     void theWheelScrollsOverASectionsButtonsToo()
     {
-        OperatorWorld op(showOf({30, 30, 30}));
-        SymbolButton *button = op.buttons(QStringLiteral("Move section up")).first();
+        Rundown op(showOf({30, 30, 30}));
+        QWidget *button = shownButtons(op.view, QStringLiteral("Move section up")).first();
         // From widget to widget up to the window, as the toolkit does with a real one.
         for (QWidget *below = button; below && op.list->verticalScrollBar()->value() == 0;
              below = below->parentWidget()) {
@@ -323,14 +362,14 @@ private slots:
     void anOperationScrollsTheRowItAffectsIntoView()
     {
         QFETCH(std::function<void(WorkspaceStore &)>, operation);
-        OperatorWorld op(showOf({40, 40, 40}));
+        Rundown op(showOf({40, 40, 40}));
         operation(op.store);
         QVERIFY(isInSight(op, op.model->indexOfSlide(op.store.selectedSlideID())));
     }
 
     void whatHasScrolledLooksAsIfPaintedAnew()
     {
-        OperatorWorld op(showOf({9, 4, 11, 30, 3}));
+        Rundown op(showOf({9, 4, 11, 30, 3}));
         const auto look = [&] {
             // Where painting was clipped, the last bits of anti-aliasing may differ.
             QVERIFY(largestDifference(seenOf(op), paintedAnew(op)) <= 4);
@@ -354,7 +393,7 @@ private slots:
 
     void rowsThatStayInSightAreNotPaintedAgainAsTheListScrolls()
     {
-        OperatorWorld op(showOf({3, 40}));
+        Rundown op(showOf({3, 40}));
         SlideThumbnails thumbnails(op.pictures);
         CountedRows rows(thumbnails, op.list);
         op.list->setItemDelegate(&rows);
@@ -371,7 +410,7 @@ private slots:
 
     void theListStaysWhereItWasScrolledUntilTheSelectionChanges()
     {
-        OperatorWorld op(showOf({40, 40}));
+        Rundown op(showOf({40, 40}));
         op.store.selectSlide(QStringLiteral("B40"), true);
         op.list->verticalScrollBar()->setValue(0);
         op.store.toggleBlackout();
@@ -383,7 +422,7 @@ private slots:
 
     void selectedQueuedAndLiveRowsDifferInShape()
     {
-        OperatorWorld op(showOf({5}));
+        Rundown op(showOf({5}));
         for (int i = 1; i <= 5; ++i) {
             op.store.updateServiceItem(QStringLiteral("A"), [i](ServiceItem &item) {
                 item.slides[i - 1].title = QStringLiteral("Slide");
@@ -411,7 +450,7 @@ private slots:
 
     void rowsTellAReaderWhatTheyAreAndTheirState()
     {
-        OperatorWorld op(showOf({2}));
+        Rundown op(showOf({2}));
         op.store.queueNext();
         const QModelIndex live = rowOfSlide(op, QStringLiteral("A1"));
         const QModelIndex queued = rowOfSlide(op, QStringLiteral("A2"));
@@ -423,7 +462,7 @@ private slots:
 
     void aTitleThatDoesNotFitIsToldWhole()
     {
-        OperatorWorld op(showOf({2}));
+        Rundown op(showOf({2}));
         const QString longTitle = QStringLiteral("A title far too long for the room it has here");
         op.store.updateSelectedSlide([&](Slide &slide) { slide.title = longTitle; });
         QCOMPARE(tooltipOver(op, rowOfSlide(op, QStringLiteral("A2"))), QString());
@@ -432,7 +471,7 @@ private slots:
 
     void oneEditDrawsOneThumbnailAndScrollingBackNone()
     {
-        OperatorWorld op(showOf({60}));
+        Rundown op(showOf({60}));
         QTRY_VERIFY(op.list->thumbnails().madeCount() > 5);
         op.view.grab();
         const auto made = [&] { return op.list->thumbnails().madeCount(); };
@@ -456,7 +495,7 @@ private slots:
 
     void onlyRowsInSightGetThumbnails()
     {
-        OperatorWorld op(showOf({1000}));
+        Rundown op(showOf({1000}));
         op.view.grab();
         QTRY_VERIFY(!op.list->thumbnails().owesPictures());
         QVERIFY(op.list->thumbnails().madeCount() > 5);
@@ -466,7 +505,7 @@ private slots:
     void allRowsAreMeasuredOnlyWhenSomeComeOrGo()
     {
         constexpr int slideCount = 1000;
-        OperatorWorld op(showOf({slideCount}));
+        Rundown op(showOf({slideCount}));
         SlideThumbnails thumbnails(op.pictures);
         CountedRows rows(thumbnails, op.list);
         op.list->setItemDelegate(&rows);
@@ -484,7 +523,7 @@ private slots:
 
     void theListTakesNoKeys()
     {
-        OperatorWorld op(showOf({60}));
+        Rundown op(showOf({60}));
         op.click(rowOfSlide(op, QStringLiteral("A3")));
         const int scrolled = op.list->verticalScrollBar()->value();
         const WorkspaceState before = op.store.state();

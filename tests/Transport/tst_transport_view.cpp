@@ -1,10 +1,9 @@
+#include "CommandWorld.h"
 #include "GuiTestSupport.h"
-#include "OperatorWorld.h"
+#include "PictureCache.h"
 #include "SlideView.h"
-#include "TransportPreview.h"
+#include "SymbolButton.h"
 #include "TransportView.h"
-
-#include <QLabel>
 
 using namespace Qt::StringLiterals;
 using namespace quenara;
@@ -12,24 +11,28 @@ using namespace quenara::test;
 
 namespace {
 
-struct Transport : OperatorWorld
+/// The bar as a window of its own, as wide as it is in the smallest window of the operator.
+struct Transport : CommandWorld
 {
-    using OperatorWorld::OperatorWorld;
+    PictureCache pictures;
+    TransportView view{store, commands, pictures};
+
+    Transport() : Transport(showOf({1})) {}
+    explicit Transport(const ZelvoProject &project) : CommandWorld(project)
+    {
+        view.resize(1180, TransportView::barHeight);
+        showActive(view);
+    }
 
     const SlideView *picture(const QString &name) const { return &named<SlideView>(view, name); }
 
     /// The captions of the queued and the live preview.
-    QStringList captions() const
-    {
-        QStringList texts;
-        for (const TransportPreview *preview : view.findChildren<TransportPreview *>()) {
-            for (const QLabel *label : preview->findChildren<QLabel *>())
-                texts.append(label->text());
-        }
-        return texts;
-    }
+    QStringList captions() const { return labelTexts(view); }
 
-    bool isChecked(const QString &name) const { return buttons(name).first()->isChecked(); }
+    bool isChecked(const QString &name) const
+    {
+        return named<SymbolButton>(view, name).isChecked();
+    }
 };
 
 } // namespace
@@ -95,7 +98,7 @@ private slots:
             store->queueNext();
         }
         const WorkspaceState before = pressed.store.state();
-        pressed.press(name);
+        press(pressed.view, name);
         operation(called.store);
         QCOMPARE(selectionOf(pressed.store.state()), selectionOf(called.store.state()));
         QCOMPARE(pressed.store.outputMode(), called.store.outputMode());
@@ -106,9 +109,8 @@ private slots:
     {
         Transport op;
         op.store.newBlankProject();
-        const auto *bar = op.view.findChild<TransportView *>();
-        QCOMPARE(bar->findChildren<SymbolButton *>().size(), 9);
-        for (SymbolButton *button : bar->findChildren<SymbolButton *>()) {
+        QCOMPARE(op.view.findChildren<SymbolButton *>().size(), 9);
+        for (SymbolButton *button : op.view.findChildren<SymbolButton *>()) {
             QVERIFY(button->isEnabled());
             QTest::mouseClick(button, Qt::LeftButton);
         }
@@ -118,11 +120,11 @@ private slots:
     void blackoutTwiceReturnsToLiveAndOnlyItsButtonShowsIt()
     {
         Transport op;
-        op.press(QStringLiteral("Blackout"));
+        press(op.view, QStringLiteral("Blackout"));
         QCOMPARE(op.store.outputMode(), OutputMode::blackout);
         QVERIFY(op.isChecked(QStringLiteral("Blackout")));
         QVERIFY(!op.isChecked(QStringLiteral("Logo")));
-        op.press(QStringLiteral("Blackout"));
+        press(op.view, QStringLiteral("Blackout"));
         QCOMPARE(op.store.outputMode(), OutputMode::live);
         QVERIFY(!op.isChecked(QStringLiteral("Blackout")));
     }
@@ -139,23 +141,23 @@ private slots:
     void displayAndMonitorToggleTheirWindows()
     {
         Transport op;
-        op.press(QStringLiteral("Display"));
-        QVERIFY(op.world.outputs.isDisplayWindowOpen());
+        press(op.view, QStringLiteral("Display"));
+        QVERIFY(op.outputs.isDisplayWindowOpen());
         QVERIFY(op.isChecked(QStringLiteral("Display")));
         QVERIFY(!op.isChecked(QStringLiteral("Monitor")));
-        op.press(QStringLiteral("Display"));
-        QVERIFY(!op.world.outputs.isDisplayWindowOpen());
-        op.press(QStringLiteral("Monitor"));
-        QVERIFY(op.world.outputs.isStageWindowOpen());
-        op.world.outputs.toggleStageWindow();
+        press(op.view, QStringLiteral("Display"));
+        QVERIFY(!op.outputs.isDisplayWindowOpen());
+        press(op.view, QStringLiteral("Monitor"));
+        QVERIFY(op.outputs.isStageWindowOpen());
+        op.outputs.toggleStageWindow();
         QVERIFY(!op.isChecked(QStringLiteral("Monitor")));
     }
 
     void everyButtonFitsAtTheSmallestWidth()
     {
         Transport op;
-        const QList<SymbolButton *> buttons =
-            op.view.findChild<TransportView *>()->findChildren<SymbolButton *>();
+        const QList<SymbolButton *> buttons = op.view.findChildren<SymbolButton *>();
+        QVERIFY(!buttons.isEmpty());
         for (const SymbolButton *a : buttons) {
             QVERIFY(a->width() >= a->minimumSizeHint().width());
             QVERIFY(op.view.rect().contains({a->mapTo(&op.view, QPoint()), a->size()}));

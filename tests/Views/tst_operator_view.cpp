@@ -85,7 +85,7 @@ private slots:
         Operator op;
         QVERIFY(op.shows(QStringLiteral("Unsaved project")));
         op.world.panels.answer = op.world.fileUrl(QStringLiteral("Sunday.quenara"));
-        op.press(QStringLiteral("Save"));
+        press(op.view, QStringLiteral("Save"));
         QVERIFY(op.shows(QStringLiteral("Sunday.quenara")));
     }
 
@@ -96,7 +96,7 @@ private slots:
         QTest::mouseClick(op.name, Qt::LeftButton);
         op.name->selectAll();
         QTest::keyClicks(op.name, QStringLiteral("Easter"));
-        op.press(QStringLiteral("Save"));
+        press(op.view, QStringLiteral("Save"));
         QCOMPARE(ProjectFileService::load(*op.world.panels.answer, someTime()).name,
                  QStringLiteral("Easter"));
         QVERIFY(!op.store.hasUnsavedChanges());
@@ -126,7 +126,7 @@ private slots:
     void newPresentsTheStartPanel()
     {
         Operator op;
-        op.press(QStringLiteral("New"));
+        press(op.view, QStringLiteral("New"));
         QVERIFY(op.store.isStartPanelPresented());
     }
 
@@ -134,10 +134,10 @@ private slots:
     {
         Operator op;
         op.world.mayReplaceDocument = false;
-        op.press(QStringLiteral("Open"));
+        press(op.view, QStringLiteral("Open"));
         QCOMPARE(op.world.panels.asked.size(), 0);
         op.world.mayReplaceDocument = true;
-        op.press(QStringLiteral("Open"));
+        press(op.view, QStringLiteral("Open"));
         QCOMPARE(op.world.panels.asked.size(), 1);
     }
 
@@ -174,7 +174,7 @@ private slots:
         if (byRow) {
             op.click(op.model->index(1));
         } else {
-            op.press(QStringLiteral("Queue Next"));
+            press(op.view, QStringLiteral("Queue Next"));
         }
         QCOMPARE(op.store.project().name, QStringLiteral("Easter"));
         QVERIFY(!op.name->hasFocus());
