@@ -17,7 +17,7 @@ function(quenara_embed target resource)
 endfunction()
 
 function(quenara_embed_fonts target)
-  quenara_read_list(${CMAKE_SOURCE_DIR}/resources/fonts.list names)
+  quenara_read_list(${PROJECT_SOURCE_DIR}/resources/fonts.list names)
   foreach(name IN LISTS names)
     find_file(QUENARA_FONT_${name} ${name} REQUIRED NO_CMAKE_FIND_ROOT_PATH
       PATHS /usr/share/fonts /usr/local/share/fonts
@@ -29,7 +29,7 @@ function(quenara_embed_fonts target)
 endfunction()
 
 function(quenara_embed_icons target)
-  quenara_read_list(${CMAKE_SOURCE_DIR}/resources/icons.list symbols)
+  quenara_read_list(${PROJECT_SOURCE_DIR}/resources/icons.list symbols)
   find_path(QUENARA_BOOTSTRAP_ICONS play-fill.svg REQUIRED
     PATHS /usr/share/bootstrap-icons/svg /usr/share/nodejs/bootstrap-icons/icons
           /usr/share/bootstrap-icons/icons)

@@ -17,7 +17,7 @@ function(quenara_add_test name)
 
   set(platform offscreen)
   if(TEST_TWO_SCREENS)
-    set(platform offscreen:configfile=${CMAKE_SOURCE_DIR}/tests/GuiSupport/two-screens.json)
+    set(platform offscreen:configfile=${PROJECT_SOURCE_DIR}/tests/GuiSupport/two-screens.json)
   endif()
   set(fatalWarnings 1)
   if("quenara_gui_test_support" IN_LIST TEST_LINK)

@@ -1,5 +1,6 @@
 # Fails when a source file includes a project header by a path instead of its bare name, which
-# would get around the rooms' include directories.
+# would get around the rooms' include directories, or any other header before its own, which would
+# lend that what it forgot to include.
 file(GLOB_RECURSE files ${SOURCE_DIR}/*.h ${SOURCE_DIR}/*.cpp)
 list(LENGTH files count)
 if(count EQUAL 0)
@@ -10,4 +11,12 @@ foreach(file IN LISTS files)
   foreach(include IN LISTS includes)
     message(SEND_ERROR "${file}: ${include}")
   endforeach()
+  string(REGEX REPLACE "\\.cpp$" ".h" header ${file})
+  if(file MATCHES "\\.cpp$" AND EXISTS ${header})
+    cmake_path(GET header FILENAME name)
+    file(STRINGS ${file} first REGEX "^#include" LIMIT_COUNT 1)
+    if(NOT first STREQUAL "#include \"${name}\"")
+      message(SEND_ERROR "${file} does not include ${name} first")
+    endif()
+  endif()
 endforeach()
