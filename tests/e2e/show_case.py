@@ -173,9 +173,10 @@ class ReadCase(TwoScreenCase):
 def run():
     """Runs the tests of the main module and ends the process with what ctest understands."""
     result = unittest.main(exit=False, verbosity=2).result
+    for test, reason in result.skipped:
+        print(f"SKIP   : {test}: {reason}")
     if not result.wasSuccessful():
         sys.exit(1)
     if result.testsRun == len(result.skipped) or not result.testsRun:
-        print("Skipped:", "; ".join(reason for _, reason in result.skipped))
         sys.exit(NOTHING_RAN if result.skipped else 1)
     sys.exit(0)
