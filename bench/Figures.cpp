@@ -91,20 +91,25 @@ double heapInUse()
 void printTable(const QList<Figure> &figures)
 {
     const auto print = [](const QString &name, const QString &value, const QString &yardstickName,
-                          const QString &yardstick, const QString &ratio, const QString &limit) {
-        std::printf("%-50s %12s   %-28s %12s %9s %10s\n", qPrintable(name), qPrintable(value),
+                          const QString &yardstick, const QString &ratio, const QString &limit,
+                          const char *mark) {
+        std::printf("%-50s %12s   %-28s %12s %9s %10s%s\n", qPrintable(name), qPrintable(value),
                     qPrintable(yardstickName), qPrintable(yardstick), qPrintable(ratio),
-                    qPrintable(limit));
+                    qPrintable(limit), mark);
     };
     const auto word = [](const char *latin1) { return QString::fromLatin1(latin1); };
     print(word("figure"), word("measured"), word("yardstick"), word("measured"), word("ratio"),
-          word("limit"));
+          word("limit"), "");
     for (const Figure &figure : figures) {
         print(figure.name, text(figure.value, figure.unit), figure.yardstickName,
               text(figure.yardstick, figure.unit),
               QString::number(figure.value / figure.yardstick, 'f', 3),
-              figure.limit ? text(*figure.limit, figure.unit) : word("-"));
+              figure.limit ? text(*figure.limit, figure.unit) : word("-"),
+              figure.keepsItsLimit() ? "" : "  OVER");
     }
+    const auto over = std::count_if(figures.cbegin(), figures.cend(),
+                                    [](const Figure &figure) { return !figure.keepsItsLimit(); });
+    std::printf("%d of %d figures are over their limit\n", int(over), int(figures.size()));
 }
 
 } // namespace quenara::bench

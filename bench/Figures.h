@@ -54,7 +54,8 @@ private:
 /// The bytes that the program holds of the heap.
 double heapInUse();
 
-/// One line with the names of the columns, then one a figure.
+/// One line with the names of the columns, then one a figure, marked when it is over its limit, and
+/// the count of those that are.
 void printTable(const QList<Figure> &figures);
 
 } // namespace quenara::bench
