@@ -22,7 +22,8 @@ QuenaraApp::QuenaraApp(const QPalette &platformPalette)
                   .endTyping = endTyping}),
       m_menus(m_store, m_commands, m_windows),
       m_operatorWindow(m_store, m_windows, m_guard, m_commands, m_menus, m_pictures),
-      m_settingsWindow(m_appearance, m_menus, &m_operatorWindow)
+      m_settingsWindow(m_appearance, m_menus, &m_operatorWindow),
+      m_deferredPreferences(m_preferences, m_operatorWindow)
 {
     qApp->installEventFilter(&m_shortcutGuard);
     QObject::connect(&m_appearance, &AppearancePreference::rawValueChanged, &m_windows,

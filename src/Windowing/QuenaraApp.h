@@ -2,6 +2,7 @@
 
 #include "AppearancePreference.h"
 #include "CommandActions.h"
+#include "DeferredPreferences.h"
 #include "DocumentGuard.h"
 #include "FileDialogRunner.h"
 #include "LeaveQuestionBox.h"
@@ -55,6 +56,7 @@ private:
     ZelvoCommands m_menus;
     OperatorWindow m_operatorWindow;
     SettingsWindow m_settingsWindow;
+    DeferredPreferences m_deferredPreferences;
 };
 
 } // namespace quenara
