@@ -5,6 +5,7 @@
 #include "RawEnum.h"
 #include "Record.h"
 #include "SlideMedia.h"
+#include "SlideTemplateID.h"
 
 #include <QList>
 #include <QString>
@@ -46,7 +47,14 @@ inline constexpr auto rawCases<SlideElementKind> = std::to_array<RawCase<SlideEl
 });
 static_assert(casesStandAtTheirValues<SlideElementKind>);
 
-/// One to one the platform's font weights of these names; "heavy" is the one above bold.
+/// True for the three kinds whose payload is a text.
+constexpr bool isText(SlideElementKind kind)
+{
+    return kind == SlideElementKind::text || kind == SlideElementKind::scriptureText
+        || kind == SlideElementKind::songLyricText;
+}
+
+/// The platform's font weights of the same names; heavy is the one above bold.
 enum class TextFontWeight { regular, medium, semibold, bold, heavy };
 template<>
 inline constexpr auto rawCases<TextFontWeight> = std::to_array<RawCase<TextFontWeight>>({
@@ -93,7 +101,7 @@ struct GradientBackground
 };
 static_assert(listsEveryMember<GradientBackground>);
 
-/// A video that stands for itself by name; it is not played.
+/// A video, of which the name is shown; it is not played.
 struct VideoBackground
 {
     QString name;
@@ -122,8 +130,8 @@ struct SlideBackground
     double blurAmount = 0; ///< radius in canvas units
     double dimAmount = 0; ///< 0 to 1: opacity of the black laid over the background
 
-    static SlideBackground defaultDark();
-    static SlideBackground minimalDark();
+    [[nodiscard]] static SlideBackground defaultDark();
+    [[nodiscard]] static SlideBackground minimalDark();
 
     bool operator==(const SlideBackground &) const = default;
     static constexpr auto fields()
@@ -193,10 +201,10 @@ struct TextElementProperties
     double padding = 0; ///< inset of the text inside its frame, canvas units
 
     /// The text as shown: upper-cased by the full Unicode rules when uppercase is set.
-    QString displayText() const;
+    [[nodiscard]] QString displayText() const;
 
     /// The standard lyric style around \a text.
-    static TextElementProperties lyric(const QString &text);
+    [[nodiscard]] static TextElementProperties lyric(const QString &text);
 
     bool operator==(const TextElementProperties &) const = default;
     static constexpr auto fields()
@@ -310,13 +318,14 @@ struct SlideDesign
     bool safeAreaEnabled = true; ///< show the title-safe guide in editors
 
     /// The default design of a slide: one lyric layer over SlideBackground::defaultDark().
-    static SlideDesign centeredLyric(const QString &text, const QString &themeId);
+    [[nodiscard]] static SlideDesign centeredLyric(
+        const QString &text, const QString &themeId = rawValue(SlideTemplateID::centerLyric));
 
     /// The visible elements from the lowest zIndex up; equal ones keep their list order.
-    QList<SlideElement> visibleElementsInDrawingOrder() const;
+    [[nodiscard]] QList<SlideElement> visibleElementsInDrawingOrder() const;
 
     /// The id of the first element in list order that carries text properties.
-    std::optional<QString> firstTextElementID() const;
+    [[nodiscard]] std::optional<QString> firstTextElementID() const;
 
     bool operator==(const SlideDesign &) const = default;
     static constexpr auto fields()

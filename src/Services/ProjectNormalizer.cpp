@@ -56,7 +56,7 @@ ServiceItem importedItem(const LegacyQuenaraDocument &document)
         slides.append(ProjectNormalizer::slide(legacy, slides.size()));
     if (slides.isEmpty()) {
         slides.append(ProjectTemplates::slide(QStringLiteral("Imported Slide"), QString(), 0,
-                                              QStringLiteral("centerLyric")));
+                                              rawValue(SlideTemplateID::centerLyric)));
     }
     const QString title = document.title
         ? *document.title
@@ -126,8 +126,8 @@ Slide ProjectNormalizer::slide(const LegacySlide &legacy, std::int64_t orderInde
     const QString body = legacy.body ? *legacy.body : legacy.text.value_or(QString());
     const QString numbered = QStringLiteral("Slide %1").arg(orderIndex + 1);
     const QString prefix = legacy.emoji ? *legacy.emoji + QLatin1Char(' ') : QString();
-    const QString templateID =
-        legacy.image ? QStringLiteral("imageBackgroundLyric") : QStringLiteral("centerLyric");
+    const QString templateID = rawValue(legacy.image ? SlideTemplateID::imageBackgroundLyric
+                                                     : SlideTemplateID::centerLyric);
     return {
         .id = legacy.id ? *legacy.id : newIdentifier(),
         .title = legacy.title.value_or(prefix + numbered),

@@ -14,25 +14,26 @@ struct ProjectNormalizer
     /// The schema version at least 2, order indexes by list position, every design with elements
     /// (an empty one becomes the default template of its item's type), bodies recomputed, a missing
     /// slide image taken from the design's background. Nothing else changes.
-    static ZelvoProject normalized(ZelvoProject project);
+    [[nodiscard]] static ZelvoProject normalized(ZelvoProject project);
 
     /// normalized(), updated at \a now to the second, as a document holds it.
-    static ZelvoProject normalizedForSave(ZelvoProject project, const QDateTime &now);
+    [[nodiscard]] static ZelvoProject normalizedForSave(ZelvoProject project, const QDateTime &now);
 
     /// A current project out of a legacy one. \a now stands in for a missing time of update.
-    static ZelvoProject project(const LegacyQuenaraDocument &document, const QDateTime &now);
+    [[nodiscard]] static ZelvoProject project(const LegacyQuenaraDocument &document,
+                                              const QDateTime &now);
 
     /// A legacy slide at the 0-based position \a orderIndex as a current one.
-    static Slide slide(const LegacySlide &legacy, std::int64_t orderIndex);
+    [[nodiscard]] static Slide slide(const LegacySlide &legacy, std::int64_t orderIndex);
 
     /// The plain text that agrees with the slide's design: the first text in drawing order among
     /// its visible elements, whatever their kind; a lower third that is blank counts as the empty
     /// text. Without any such element, the slide's body.
-    static QString compatibilityBody(const Slide &slide);
+    [[nodiscard]] static QString compatibilityBody(const Slide &slide);
 
     /// The schema version at least 2 and the order indexes by list position. Writes only numbers
     /// that differ, so that what is in order already stays shared with its copies.
-    static ZelvoProject withMirroredOrder(ZelvoProject project);
+    [[nodiscard]] static ZelvoProject withMirroredOrder(ZelvoProject project);
 };
 
 } // namespace quenara

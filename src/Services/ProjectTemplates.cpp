@@ -3,16 +3,13 @@
 #include "Identifier.h"
 #include "SlideRecipes.h"
 
-#include <algorithm>
+#include <string_view>
 
 namespace quenara {
 
 namespace {
 
-QString string(std::string_view text)
-{
-    return QString::fromUtf8(text.data(), qsizetype(text.size()));
-}
+using Template = SlideTemplateID;
 
 /// A slide of a starting project as it stands in the tables below.
 struct SlideRow
@@ -20,7 +17,7 @@ struct SlideRow
     const char *title;
     const char *body;
     const char *footer; ///< none when null
-    const char *templateID;
+    SlideTemplateID templateID;
 };
 
 /// A service item of a starting project.
@@ -43,7 +40,7 @@ ServiceItem item(const ItemRow &row, std::int64_t orderIndex)
     for (const SlideRow &slide : row.slides) {
         slides.append(ProjectTemplates::slide(
             QString::fromUtf8(slide.title), QString::fromUtf8(slide.body), slides.size(),
-            QString::fromUtf8(slide.templateID), optionalString(slide.footer)));
+            rawValue(slide.templateID), optionalString(slide.footer)));
     }
     return {.id = newIdentifier(),
             .title = QString::fromUtf8(row.title),
@@ -67,13 +64,37 @@ ZelvoProject project(const QString &name, ProjectKind kind, const QDateTime &now
             .serviceItems = items};
 }
 
+SlideTemplateID defaultTemplateID(ServiceItemType type)
+{
+    switch (type) {
+    case ServiceItemType::welcome:
+        return SlideTemplateID::welcome;
+    case ServiceItemType::song:
+        return SlideTemplateID::centerLyric;
+    case ServiceItemType::scripture:
+        return SlideTemplateID::scriptureReading;
+    case ServiceItemType::message:
+        return SlideTemplateID::sermonTitle;
+    case ServiceItemType::announcement:
+        return SlideTemplateID::announcement;
+    case ServiceItemType::closing:
+        return SlideTemplateID::closing;
+    case ServiceItemType::custom:
+        break;
+    }
+    return SlideTemplateID::minimalDark;
+}
+
 } // namespace
 
 QList<SlideTemplate> ProjectTemplates::templates()
 {
     QList<SlideTemplate> catalogue;
-    for (const SlideRecipe &recipe : slideRecipes())
-        catalogue.append({string(recipe.id), string(recipe.name), string(recipe.subtitle)});
+    for (const SlideTemplateID id : allCases<SlideTemplateID>()) {
+        const std::string_view subtitle = slideRecipe(id).subtitle;
+        catalogue.append({rawValue(id), title(id),
+                          QString::fromUtf8(subtitle.data(), qsizetype(subtitle.size()))});
+    }
     return catalogue;
 }
 
@@ -81,35 +102,16 @@ SlideDesign ProjectTemplates::design(const QString &templateID, const QString &t
                                      const QString &body, const std::optional<QString> &footer,
                                      const std::optional<SlideMedia> &image)
 {
-    const auto recipes = slideRecipes();
-    const auto found = std::find_if(recipes.begin(), recipes.end(), [&](const SlideRecipe &recipe) {
-        return string(recipe.id) == templateID;
-    });
-    const SlideRecipe &recipe = found == recipes.end() ? recipes.front() : *found;
-    SlideDesign design = recipe.design({title, body, footer, image});
-    design.themeId = string(recipe.id);
+    const SlideTemplateID id =
+        fromRawValue<SlideTemplateID>(templateID).value_or(SlideTemplateID::centerLyric);
+    SlideDesign design = slideRecipe(id).design({title, body, footer, image});
+    design.themeId = rawValue(id);
     return design;
 }
 
 QString ProjectTemplates::defaultTemplate(ServiceItemType type)
 {
-    switch (type) {
-    case ServiceItemType::welcome:
-        return QStringLiteral("welcome");
-    case ServiceItemType::song:
-        return QStringLiteral("centerLyric");
-    case ServiceItemType::scripture:
-        return QStringLiteral("scriptureReading");
-    case ServiceItemType::message:
-        return QStringLiteral("sermonTitle");
-    case ServiceItemType::announcement:
-        return QStringLiteral("announcement");
-    case ServiceItemType::closing:
-        return QStringLiteral("closing");
-    case ServiceItemType::custom:
-        break;
-    }
-    return QStringLiteral("minimalDark");
+    return rawValue(defaultTemplateID(type));
 }
 
 Slide ProjectTemplates::slide(const QString &title, const QString &body, std::int64_t orderIndex,
@@ -140,30 +142,30 @@ ZelvoProject ProjectTemplates::newSundayServiceProject(const QDateTime &now)
             {"Welcome",
              welcome,
              "Doors and gathering",
-             {{"Welcome", "We are glad you are here", nullptr, "welcome"},
+             {{"Welcome", "We are glad you are here", nullptr, Template::welcome},
               {"Connect", "Scan the QR code\nor visit the welcome table", nullptr,
-               "announcement"}}},
+               Template::announcement}}},
             {"Worship",
              song,
              "Opening song",
              {{"Verse 1", "Your light breaks through the morning\nYour mercy wakes the room",
-               nullptr, "centerLyric"},
-              {"Chorus", "We lift our eyes\nWe lift our song", nullptr, "lowerLyric"}}},
+               nullptr, Template::centerLyric},
+              {"Chorus", "We lift our eyes\nWe lift our song", nullptr, Template::lowerLyric}}},
             {"Scripture",
              scripture,
              "Reading",
              {{"Psalm 96:1-2",
                "Sing to the Lord a new song;\nsing to the Lord, all the earth.\n"
                "Sing to the Lord, praise his name.",
-               "Psalm 96", "scriptureReading"}}},
+               "Psalm 96", Template::scriptureReading}}},
             {"Message",
              message,
              "Teaching",
-             {{"A People of Hope", "Week 3", nullptr, "sermonTitle"}}},
+             {{"A People of Hope", "Week 3", nullptr, Template::sermonTitle}}},
             {"Closing",
              closing,
              nullptr,
-             {{"Go In Peace", "You are loved\nand sent with purpose", nullptr, "closing"}}},
+             {{"Go In Peace", "You are loved\nand sent with purpose", nullptr, Template::closing}}},
         });
 }
 
@@ -176,37 +178,40 @@ ZelvoProject ProjectTemplates::demoProject(const QDateTime &now)
             {"Pre-Service",
              welcome,
              "House open",
-             {{"Welcome", "Welcome to Mirrowen Church", nullptr, "welcome"},
+             {{"Welcome", "Welcome to Mirrowen Church", nullptr, Template::welcome},
               {"Today", "Worship\nScripture\nMessage\nPrayer", "Service begins at 10:30",
-               "announcement"}}},
+               Template::announcement}}},
             {"Song - Great Is The Morning",
              song,
              "Band",
-             {{"Verse 1", "Great is the morning\nBright with your mercy", nullptr, "centerLyric"},
-              {"Chorus", "We rise and sing\nYou are faithful", nullptr, "lowerLyric"},
-              {"Tag", "Faithful forever\nFaithful today", nullptr, "warmAmber"}}},
+             {{"Verse 1", "Great is the morning\nBright with your mercy", nullptr,
+               Template::centerLyric},
+              {"Chorus", "We rise and sing\nYou are faithful", nullptr, Template::lowerLyric},
+              {"Tag", "Faithful forever\nFaithful today", nullptr, Template::warmAmber}}},
             {"Scripture Reading",
              scripture,
              "Romans 15",
              {{"Romans 15:13",
                "May the God of hope fill you with all joy and peace as you trust in him, so that "
                "you may overflow with hope.",
-               "Romans 15:13", "scriptureReading"}}},
+               "Romans 15:13", Template::scriptureReading}}},
             {"Message",
              message,
              "Series bumper",
-             {{"Rooted in Hope", "Part 2: Patience in the Waiting", nullptr, "sermonTitle"},
-              {"Reflection", "Where do you need courage this week?", nullptr, "minimalDark"}}},
+             {{"Rooted in Hope", "Part 2: Patience in the Waiting", nullptr, Template::sermonTitle},
+              {"Reflection", "Where do you need courage this week?", nullptr,
+               Template::minimalDark}}},
             {"Announcements",
              announcement,
              nullptr,
              {{"Community Lunch", "Today after service\nFellowship Hall", "All are welcome",
-               "announcement"},
-              {"Serve Team Night", "Wednesday 6:30 PM\nDinner provided", nullptr, "announcement"}}},
+               Template::announcement},
+              {"Serve Team Night", "Wednesday 6:30 PM\nDinner provided", nullptr,
+               Template::announcement}}},
             {"Dismissal",
              closing,
              nullptr,
-             {{"Blessing", "Grace and peace be with you", nullptr, "closing"}}},
+             {{"Blessing", "Grace and peace be with you", nullptr, Template::closing}}},
         });
 }
 

@@ -24,27 +24,28 @@ struct SlideTemplate
 struct ProjectTemplates
 {
     /// The catalogue, in the order it is offered.
-    static QList<SlideTemplate> templates();
+    [[nodiscard]] static QList<SlideTemplate> templates();
 
     /// The design of the template with exactly this identifier; any other gives "centerLyric".
     /// Each recipe takes the inputs it needs and ignores the rest. Layer identifiers are new.
-    static SlideDesign design(const QString &templateID, const QString &title, const QString &body,
-                              const std::optional<QString> &footer = std::nullopt,
-                              const std::optional<SlideMedia> &image = std::nullopt);
+    [[nodiscard]] static SlideDesign design(const QString &templateID, const QString &title,
+                                            const QString &body,
+                                            const std::optional<QString> &footer = std::nullopt,
+                                            const std::optional<SlideMedia> &image = std::nullopt);
 
-    static QString defaultTemplate(ServiceItemType type);
+    [[nodiscard]] static QString defaultTemplate(ServiceItemType type);
 
     /// A new slide with the template's design of its own texts and image.
-    static Slide slide(const QString &title, const QString &body, std::int64_t orderIndex,
-                       const QString &templateID,
-                       const std::optional<QString> &footer = std::nullopt,
-                       const std::optional<SlideMedia> &image = std::nullopt);
+    [[nodiscard]] static Slide slide(const QString &title, const QString &body,
+                                     std::int64_t orderIndex, const QString &templateID,
+                                     const std::optional<QString> &footer = std::nullopt,
+                                     const std::optional<SlideMedia> &image = std::nullopt);
 
     /// "Untitled Quenara", without items.
-    static ZelvoProject blankProject(const QDateTime &now);
-    static ZelvoProject newSundayServiceProject(const QDateTime &now);
+    [[nodiscard]] static ZelvoProject blankProject(const QDateTime &now);
+    [[nodiscard]] static ZelvoProject newSundayServiceProject(const QDateTime &now);
     /// A service that shows every kind of slide at work.
-    static ZelvoProject demoProject(const QDateTime &now);
+    [[nodiscard]] static ZelvoProject demoProject(const QDateTime &now);
 };
 
 } // namespace quenara

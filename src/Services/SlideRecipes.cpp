@@ -45,7 +45,7 @@ SlideElement layer(const char16_t *name, SlideElementKind kind, const CanvasFram
     return element;
 }
 
-/// What sets one text layer of a template apart from another.
+/// What a text layer of a template has of its own; the rest is the standard lyric style.
 struct TextStyle
 {
     double size;
@@ -59,21 +59,12 @@ SlideElement textElement(const char16_t *name, SlideElementKind kind, const QStr
                          const CanvasFrame &frame, const TextStyle &style, int z)
 {
     SlideElement element = layer(name, kind, frame, z);
-    element.text = TextElementProperties{
-        .text = text,
-        .fontFamily = QStringLiteral("Avenir Next"),
-        .fontSize = style.size,
-        .weight = style.weight,
-        .textColor = style.color,
-        .alignment = style.alignment,
-        .lineHeight = 1.12,
-        .characterSpacing = 0,
-        .uppercase = false,
-        .shadow = style.shadow,
-        .outline = std::nullopt,
-        .backgroundFill = std::nullopt,
-        .padding = 18,
-    };
+    element.text = TextElementProperties::lyric(text);
+    element.text->fontSize = style.size;
+    element.text->weight = style.weight;
+    element.text->textColor = style.color;
+    element.text->alignment = style.alignment;
+    element.text->shadow = style.shadow;
     return element;
 }
 
@@ -228,26 +219,27 @@ SlideDesign imageBackgroundLyric(const SlideContents &contents)
 }
 
 constexpr auto recipes = std::to_array<SlideRecipe>({
-    {"centerLyric", "Center Lyric", "Large lyric centered with soft shadow", centerLyric},
-    {"lowerLyric", "Lower Lyric", "Lyric anchored low for motion or camera backgrounds",
+    {SlideTemplateID::centerLyric, "Large lyric centered with soft shadow", centerLyric},
+    {SlideTemplateID::lowerLyric, "Lyric anchored low for motion or camera backgrounds",
      lowerLyric},
-    {"scriptureReading", "Scripture Reading", "Reference, passage, and small footer label",
+    {SlideTemplateID::scriptureReading, "Reference, passage, and small footer label",
      scriptureReading},
-    {"sermonTitle", "Sermon Title", "Bold title slide with subtitle", sermonTitle},
-    {"welcome", "Welcome", "Warm gathering opener", welcome},
-    {"announcement", "Announcement", "Title, body, and clear visual hierarchy", announcement},
-    {"closing", "Closing", "Simple closing blessing or dismissal", closing},
-    {"minimalDark", "Minimal Dark", "Clean black room-safe slide", minimalDark},
-    {"warmAmber", "Warm Amber", "Amber gradient with restrained accents", warmAmber},
-    {"imageBackgroundLyric", "Image Background Lyric", "Image-ready lyric design with dim overlay",
+    {SlideTemplateID::sermonTitle, "Bold title slide with subtitle", sermonTitle},
+    {SlideTemplateID::welcome, "Warm gathering opener", welcome},
+    {SlideTemplateID::announcement, "Title, body, and clear visual hierarchy", announcement},
+    {SlideTemplateID::closing, "Simple closing blessing or dismissal", closing},
+    {SlideTemplateID::minimalDark, "Clean black room-safe slide", minimalDark},
+    {SlideTemplateID::warmAmber, "Amber gradient with restrained accents", warmAmber},
+    {SlideTemplateID::imageBackgroundLyric, "Image-ready lyric design with dim overlay",
      imageBackgroundLyric},
 });
+static_assert(entriesStandAtTheirCases(recipes, &SlideRecipe::id));
 
 } // namespace
 
-std::span<const SlideRecipe> slideRecipes()
+const SlideRecipe &slideRecipe(SlideTemplateID id)
 {
-    return recipes;
+    return recipes[std::size_t(id)];
 }
 
 } // namespace quenara

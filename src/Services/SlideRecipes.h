@@ -5,7 +5,6 @@
 #include <QString>
 
 #include <optional>
-#include <span>
 #include <string_view>
 
 namespace quenara {
@@ -19,16 +18,14 @@ struct SlideContents
     std::optional<SlideMedia> image;
 };
 
-/// A template of the catalogue and how it lays out a slide. The design still lacks its themeId.
+/// How a template lays out a slide. The design still lacks its themeId.
 struct SlideRecipe
 {
-    std::string_view id;
-    std::string_view name;
+    SlideTemplateID id;
     std::string_view subtitle;
     SlideDesign (*design)(const SlideContents &contents);
 };
 
-/// All recipes in catalogue order; the first one serves for unknown identifiers.
-std::span<const SlideRecipe> slideRecipes();
+[[nodiscard]] const SlideRecipe &slideRecipe(SlideTemplateID id);
 
 } // namespace quenara

@@ -98,9 +98,10 @@ ServiceItem SongImportService::serviceItem(const QString &title, const QString &
 {
     QList<Slide> slides;
     for (const SongSection &section : parseSections(lyrics)) {
-        slides.append(ProjectTemplates::slide(
-            section.title, section.body, slides.size(),
-            section.isChorusLike() ? QStringLiteral("lowerLyric") : QStringLiteral("centerLyric")));
+        slides.append(ProjectTemplates::slide(section.title, section.body, slides.size(),
+                                              rawValue(section.isChorusLike()
+                                                           ? SlideTemplateID::lowerLyric
+                                                           : SlideTemplateID::centerLyric)));
     }
     return {.id = newIdentifier(),
             .title = title.isEmpty() ? QStringLiteral("Imported Song") : title,

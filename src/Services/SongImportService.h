@@ -33,12 +33,12 @@ struct SongImportService
     /// hold, or one of at most 32 characters without a full stop before the colon that ends it; one
     /// with nothing below it is a section without a body. Lines end with a line feed or with
     /// carriage return and line feed. A byte-order mark that begins the text is none of it.
-    static QList<SongSection> parseSections(const QString &text);
+    [[nodiscard]] static QList<SongSection> parseSections(const QString &text);
 
     /// A song with a slide a section: in the lower third of the screen those that are like a
     /// chorus, the others in its middle. "Imported Song" if the title is empty.
-    static ServiceItem serviceItem(const QString &title, const QString &lyrics,
-                                   std::int64_t orderIndex);
+    [[nodiscard]] static ServiceItem serviceItem(const QString &title, const QString &lyrics,
+                                                 std::int64_t orderIndex);
 };
 
 } // namespace quenara

@@ -28,15 +28,22 @@ inline constexpr std::array<RawCase<E>, 0> rawCases = {};
 template<class E>
 concept RawEnum = std::is_enum_v<E> && !rawCases<E>.empty();
 
-/// True when every case of \a E stands at the index of its value, as the lookups below rely on.
-template<RawEnum E>
-inline constexpr bool casesStandAtTheirValues = [] {
-    for (std::size_t i = 0; i < rawCases<E>.size(); ++i) {
-        if (rawCases<E>[i].value != static_cast<E>(i))
+/// True when \a table has one entry for each case of the enumeration, which names its case in
+/// \a key and stands at the index of that case, where lookups find it.
+template<class Entry, class E, std::size_t count>
+constexpr bool entriesStandAtTheirCases(const std::array<Entry, count> &table, E Entry::*key)
+{
+    for (std::size_t i = 0; i < count; ++i) {
+        if (table[i].*key != static_cast<E>(i))
             return false;
     }
-    return true;
-}();
+    return count == rawCases<E>.size();
+}
+
+/// What the lookups below rely on.
+template<RawEnum E>
+inline constexpr bool casesStandAtTheirValues =
+    entriesStandAtTheirCases(rawCases<E>, &RawCase<E>::value);
 
 template<RawEnum E>
 QString rawValue(E value)

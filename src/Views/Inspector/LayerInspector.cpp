@@ -68,12 +68,6 @@ QWidget *makeCommonRows(SelectionBindings &selection)
     return rows;
 }
 
-bool isText(SlideElementKind kind)
-{
-    return kind == SlideElementKind::text || kind == SlideElementKind::scriptureText
-        || kind == SlideElementKind::songLyricText;
-}
-
 } // namespace
 
 LayerInspector::LayerInspector(SelectionBindings &selection, QWidget *parent)
