@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Identifier.h"
 #include "RawEnum.h"
 #include "Record.h"
 #include "SlideDesignModels.h"
@@ -39,6 +40,7 @@ inline constexpr auto rawCases<ServiceItemType> = std::to_array<RawCase<ServiceI
 });
 static_assert(casesStandAtTheirValues<ServiceItemType>);
 
+/// Whatever a document does not say of a slide has a default.
 struct Slide
 {
     QString id;
@@ -48,17 +50,21 @@ struct Slide
     std::optional<QString> footer;
     std::optional<SlideMedia> image;
     std::optional<SlideMedia> audio;
-    /// Unless given, the centred lyric design of the body above.
-    SlideDesign design = SlideDesign::centeredLyric(body, QStringLiteral("centerLyric"));
+    SlideDesign design = SlideDesign::centeredLyric(body);
 
     bool operator==(const Slide &) const = default;
     static constexpr auto fields()
     {
         return std::tuple{
-            field("id", &Slide::id),         field("title", &Slide::title),
-            field("body", &Slide::body),     field("orderIndex", &Slide::orderIndex),
-            field("footer", &Slide::footer), field("image", &Slide::image),
-            field("audio", &Slide::audio),   field("design", &Slide::design),
+            field("id", &Slide::id, newIdentifier),
+            field("title", &Slide::title, [] { return QStringLiteral("Slide"); }),
+            field("body", &Slide::body, [] { return QString(); }),
+            field("orderIndex", &Slide::orderIndex, 0),
+            field("footer", &Slide::footer),
+            field("image", &Slide::image),
+            field("audio", &Slide::audio),
+            field("design", &Slide::design,
+                  [](const Slide &slide) { return SlideDesign::centeredLyric(slide.body); }),
         };
     }
 };

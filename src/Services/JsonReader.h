@@ -20,6 +20,7 @@
 #include <optional>
 #include <string_view>
 #include <tuple>
+#include <type_traits>
 #include <utility>
 
 namespace quenara::json {
@@ -30,30 +31,37 @@ using Element = simdjson::dom::element;
 template<Record T>
 using PresentFields = std::bitset<fieldCount<T>>;
 
-/// What a record starts from before its fields are read.
+/// What a value starts from before it is read. The members of a record are empty, whatever their
+/// initializers say: those may cost more than the reading.
 template<class T>
 T unread()
 {
-    return {};
+    if constexpr (Record<T>) {
+        using Fields = decltype(T::fields());
+        return []<std::size_t... index>(std::index_sequence<index...>) {
+            return T{typename std::tuple_element_t<index, Fields>::Type()...};
+        }(std::make_index_sequence<fieldCount<T>>());
+    } else {
+        return {};
+    }
 }
 
-/// Empties the optionals that \a record lacked and says whether it may stay so. Required fields
-/// must be present unless a specialisation fills the gaps.
+/// Fills the fields in that the document of \a record lacked. False if one of them is required.
 template<Record T>
-bool complete(T &record, const PresentFields<T> &present)
+bool fillGaps(T &record, const PresentFields<T> &present)
 {
-    bool whole = true;
+    bool isWhole = true;
     std::size_t index = 0;
-    forEachField<T>([&]<class Member>(const Field<T, Member> &f) {
-        const bool isPresent = present.test(index++);
-        if constexpr (requires(Member member) { member.reset(); }) {
-            if (!isPresent)
-                (record.*f.member).reset();
-        } else {
-            whole = whole && isPresent;
+    forEachField<T>([&](const auto &f) {
+        if (present.test(index++))
+            return;
+        if constexpr (std::decay_t<decltype(f)>::isRequired) {
+            isWhole = false;
+        } else if (isWhole) {
+            f.fillIn(record);
         }
     });
-    return whole;
+    return isWhole;
 }
 
 /// Reads the records of one document by their field lists: strict in type, unknown keys ignored,
@@ -70,7 +78,7 @@ public:
         if (element.get(utf8) != simdjson::SUCCESS)
             return false;
         value = QString::fromUtf8(utf8.data(), qsizetype(utf8.size()));
-        // Qt takes a byte-order mark off that begins a text.
+        // Qt drops a byte-order mark at the start of a text.
         if (utf8.starts_with("\xef\xbb\xbf"))
             value.prepend(QChar::ByteOrderMark);
         return true;
@@ -138,7 +146,7 @@ public:
         simdjson::dom::array array;
         if (element.get(array) != simdjson::SUCCESS)
             return false;
-        // What the list says of its length is not trusted with memory.
+        // A document does not get more memory than this by saying how long its list is.
         constexpr std::size_t mostReserved = 4096;
         values.clear();
         values.reserve(qsizetype(std::min(array.size(), mostReserved)));
@@ -175,12 +183,12 @@ public:
                 continue;
             expected = rank + 1;
             const FieldReader<T> &f = fieldReaders<T>[rank];
-            // What needs a value takes a null for a missing key.
+            // A null says what a missing key says.
             present.set(f.index, !entry.value.is_null());
             if (!f.read(*this, entry.value, record) && !entry.value.is_null())
                 return false;
         }
-        return complete(record, present);
+        return fillGaps(record, present);
     }
 
 private:
@@ -204,8 +212,8 @@ private:
                            }}...};
     }(std::make_index_sequence<fieldCount<T>>());
 
-    /// Where \a key is among the sorted fields, their count if nowhere. \a expected is looked at
-    /// first.
+    /// The index of \a key among the sorted fields, their count if it is none of them. Tries
+    /// \a expected first.
     template<Record T>
     static std::size_t rankOf(std::string_view key, std::size_t expected)
     {

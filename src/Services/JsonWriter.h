@@ -23,7 +23,7 @@ enum class KeyOrder { declaration, sorted };
 /// True when \a utf8 can stand in a JSON string as it is.
 inline bool isPlain(QByteArrayView utf8)
 {
-    // Without a way out of the inner loop the compiler looks at many bytes at once.
+    // The compiler vectorizes a loop without an early exit.
     constexpr qsizetype block = 4096;
     unsigned char special = 0;
     for (qsizetype start = 0; special == 0 && start < utf8.size(); start += block) {
@@ -55,8 +55,8 @@ public:
             m_output.String(utf8.constData(), rapidjson::SizeType(utf8.size()));
             return;
         }
-        // The format sees to what stands between the values, and the string, which may be many
-        // megabytes of media, is copied whole.
+        // The empty value makes the format write what stands between two values. The string, which
+        // may be many megabytes of media, is then copied in one go.
         m_output.RawValue("", 0, rapidjson::kStringType);
         m_sink.Put('"');
         m_sink.append(utf8);
@@ -68,7 +68,8 @@ public:
     void write(double value)
     {
         m_hasFailed = m_hasFailed || !std::isfinite(value);
-        // A zero loses its sign without a fraction, and beyond 64 bits no reader takes an integer.
+        // Readers take a number without a fraction for an integer: a zero would lose its sign, and
+        // what is beyond 64 bits would be refused.
         constexpr double integersEnd = 9007199254740992.0; // 2^53
         const bool needsFraction =
             value == 0 ? std::signbit(value) : std::abs(value) >= integersEnd;
@@ -124,11 +125,11 @@ private:
         }
     }
 
-    template<Record T, class Member>
-    void writeField(const T &record, const Field<T, Member> &f)
+    template<Record T, class Member, class WhenMissing>
+    void writeField(const T &record, const Field<T, Member, WhenMissing> &f)
     {
         const Member &value = record.*f.member;
-        if constexpr (requires { value.has_value(); }) {
+        if constexpr (isOptional<Member>) {
             if (value)
                 writeKeyed(f.name, *value);
         } else {

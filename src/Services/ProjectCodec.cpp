@@ -1,7 +1,5 @@
 #include "ProjectCodec.h"
 
-#include "Identifier.h"
-
 #include <rapidjson/prettywriter.h>
 #include <rapidjson/writer.h>
 
@@ -14,45 +12,6 @@
 #include "JsonWriter.h"
 
 namespace quenara {
-
-namespace json {
-
-template<>
-Slide unread<Slide>()
-{
-    return {.id = {},
-            .title = {},
-            .body = {},
-            .orderIndex = 0,
-            .footer = {},
-            .image = {},
-            .audio = {},
-            .design = {}};
-}
-
-/// A slide is the one record whose every key may be missing.
-template<>
-bool complete(Slide &record, const PresentFields<Slide> &present)
-{
-    const auto isMissing = [&present](std::string_view name) {
-        std::size_t index = 0;
-        bool missing = false;
-        forEachField<Slide>([&](const auto &f) {
-            missing = missing || (f.name == name && !present.test(index));
-            ++index;
-        });
-        return missing;
-    };
-    if (isMissing("id"))
-        record.id = newIdentifier();
-    if (isMissing("title"))
-        record.title = QStringLiteral("Slide");
-    if (isMissing("design"))
-        record.design = SlideDesign::centeredLyric(record.body, QStringLiteral("centerLyric"));
-    return true;
-}
-
-} // namespace json
 
 namespace {
 
@@ -103,7 +62,7 @@ QByteArray withLongIntegersAsReals(std::string_view json)
 simdjson::simdjson_result<json::Element> parse(simdjson::dom::parser &parser, QByteArray &bytes)
 {
     const qsizetype start = bytes.startsWith(byteOrderMark) ? byteOrderMark.size() : 0;
-    // The parser reads a little beyond the end.
+    // The parser reads as far beyond the end as its padding says.
     bytes.reserve(bytes.size() + qsizetype(simdjson::SIMDJSON_PADDING));
     const bool copies = false;
     return parser.parse(bytes.constData() + start, std::size_t(bytes.size() - start), copies);
@@ -115,7 +74,7 @@ std::optional<json::Element> parsed(simdjson::dom::parser &parser, QByteArray by
 {
     simdjson::simdjson_result<json::Element> root = parse(parser, bytes);
     if (root.error() == simdjson::NUMBER_ERROR) {
-        // The parser refuses integers that others write for large reals.
+        // Other programs write large reals as integers, which the parser refuses beyond 64 bits.
         bytes = withLongIntegersAsReals({bytes.constData(), std::size_t(bytes.size())});
         root = parse(parser, bytes);
     }

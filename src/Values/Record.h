@@ -12,20 +12,62 @@
 
 namespace quenara {
 
-/// One stored member of a record: the key it has in a document and where it lives.
-template<class Owner, class Member>
+template<class T>
+inline constexpr bool isOptional = false;
+template<class T>
+inline constexpr bool isOptional<std::optional<T>> = true;
+
+/// What a Field says that no document may lack.
+struct Required
+{};
+
+/// One stored member of a record: the key it has in a document, where it lives and what it is in a
+/// document without that key.
+template<class Owner, class Member, class WhenMissing = Required>
 struct Field
 {
     using Type = Member;
 
     std::string_view name;
     Member Owner::*member;
+    WhenMissing whenMissing;
+
+    static constexpr bool isRequired = !isOptional<Member> && std::is_same_v<WhenMissing, Required>;
+
+    /// Makes the member what a document without the key means by it. The fields before this one
+    /// must have their values.
+    void fillIn(Owner &record) const
+        requires(!isRequired)
+    {
+        if constexpr (isOptional<Member>) {
+            (record.*member).reset();
+        } else if constexpr (std::is_invocable_v<WhenMissing, const Owner &>) {
+            record.*member = whenMissing(record);
+        } else if constexpr (std::is_invocable_v<WhenMissing>) {
+            record.*member = whenMissing();
+        } else {
+            record.*member = whenMissing;
+        }
+    }
 };
 
+/// A field that every document must hold or, if the member is an optional, that is empty in a
+/// document without it.
 template<class Owner, class Member>
 constexpr Field<Owner, Member> field(std::string_view name, Member Owner::*member)
 {
-    return {name, member};
+    return {name, member, {}};
+}
+
+/// A field that may be missing from a document, as one must that is added to a record of which
+/// documents exist. The member then is \a whenMissing, or what that returns: it may be a function
+/// of the record, in which the fields before this one have their values, or of nothing.
+template<class Owner, class Member, class WhenMissing>
+constexpr Field<Owner, Member, WhenMissing> field(std::string_view name, Member Owner::*member,
+                                                  WhenMissing whenMissing)
+{
+    static_assert(!isOptional<Member>, "an empty optional is written as a missing key");
+    return {name, member, whenMissing};
 }
 
 /// An aggregate that lists all its members, in declaration order, in a static fields(). Equality

@@ -40,12 +40,8 @@ QString keyOf(std::string_view name)
 
 // What the field lists say of a document, told apart from the reader under test.
 
-template<class Member>
-constexpr bool isOptional = requires(Member member) { member.reset(); };
-
-/// True when a record of the type \a T may lack the key of a \a Member.
-template<Record T, class Member>
-constexpr bool mayBeMissing = isOptional<Member> || std::is_same_v<T, Slide>;
+template<class AnyField>
+constexpr bool mayBeMissing = !std::decay_t<AnyField>::isRequired;
 
 /// Values of every type of JSON, none of which names a case of an enumeration or a date.
 const QList<QJsonValue> &strayValues()
@@ -63,9 +59,8 @@ bool fits(const QJsonValue &value)
         return value.isNull() || fits<typename T::value_type>(value);
     } else if constexpr (Record<T>) {
         bool allMayBeMissing = true;
-        forEachField<T>([&]<class Member>(const Field<T, Member> &) {
-            allMayBeMissing = allMayBeMissing && mayBeMissing<T, Member>;
-        });
+        forEachField<T>(
+            [&](const auto &f) { allMayBeMissing = allMayBeMissing && mayBeMissing<decltype(f)>; });
         return value.isObject() && allMayBeMissing;
     } else if constexpr (std::is_same_v<T, bool>) {
         return value.isBool();
@@ -92,15 +87,15 @@ void forEachChange(const QJsonValue &value, const QString &path, const Rebuild &
                    const Visit &visit);
 
 /// Visits \a object with its key \a f taken away, set to each stray value and changed inside.
-template<Record T, class Member>
-void forEachChangeOf(const Field<T, Member> &f, const QJsonObject &object, const QString &path,
+template<class AnyField>
+void forEachChangeOf(const AnyField &f, const QJsonObject &object, const QString &path,
                      const Rebuild &rebuild, const Visit &visit)
 {
     const QString key = keyOf(f.name);
     const QString keyPath = path + u'.' + key;
     QJsonObject without = object;
     without.remove(key);
-    visit(keyPath + u" missing"_s, rebuild(without), mayBeMissing<T, Member>);
+    visit(keyPath + u" missing"_s, rebuild(without), mayBeMissing<AnyField>);
     const auto rebuildWith = [&](const QJsonValue &changed) {
         QJsonObject copy = object;
         copy.insert(key, changed);
@@ -109,10 +104,10 @@ void forEachChangeOf(const Field<T, Member> &f, const QJsonObject &object, const
     // Where a key may be missing, a null says the same.
     const auto visitKey = [&](const QString &changePath, const QJsonValue &document,
                               bool changeFits) {
-        const bool isNullAllowed = changePath == keyPath + u" null"_s && mayBeMissing<T, Member>;
+        const bool isNullAllowed = changePath == keyPath + u" null"_s && mayBeMissing<AnyField>;
         visit(changePath, document, changeFits || isNullAllowed);
     };
-    forEachChange<Member>(object[key], keyPath, rebuildWith, visitKey);
+    forEachChange<typename AnyField::Type>(object[key], keyPath, rebuildWith, visitKey);
 }
 
 /// Visits the document for every change of \a value, which stands for a \a T, and all inside it.
@@ -162,7 +157,8 @@ bool legacyLayoutTakes(const QString &key, const QJsonValue &value)
 {
     bool takes = true;
     forEachField<LegacyQuenaraDocument>(
-        [&]<class Member>(const Field<LegacyQuenaraDocument, Member> &f) {
+        [&]<class Member, class WhenMissing>(
+            const Field<LegacyQuenaraDocument, Member, WhenMissing> &f) {
             takes = takes && (keyOf(f.name) != key || fits<Member>(value));
         });
     return takes;
@@ -196,7 +192,8 @@ private slots:
             QVERIFY2(readingOf(jsonOf(document)) == (fits ? Reading::current : otherwise),
                      jsonOf(document).constData());
         };
-        forEachField<ZelvoProject>([&]<class Member>(const Field<ZelvoProject, Member> &f) {
+        forEachField<ZelvoProject>([&]<class Member, class WhenMissing>(
+                                       const Field<ZelvoProject, Member, WhenMissing> &f) {
             const QString key = keyOf(f.name);
             QJsonObject document = sample;
             document.remove(key);

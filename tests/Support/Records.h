@@ -64,15 +64,16 @@ struct Values
     {
         T value = {};
         if constexpr (Record<T>) {
-            forEachField<T>([&value]<class Member>(const Field<T, Member> &f) {
-                if constexpr (Record<Member>) {
-                    value.*f.member = filled<Member>();
-                } else if constexpr (requires { (value.*f.member).clear(); }) {
-                    value.*f.member = altered(Member());
-                } else {
-                    value.*f.member = altered(value.*f.member);
-                }
-            });
+            forEachField<T>(
+                [&value]<class Member, class WhenMissing>(const Field<T, Member, WhenMissing> &f) {
+                    if constexpr (Record<Member>) {
+                        value.*f.member = filled<Member>();
+                    } else if constexpr (requires { (value.*f.member).clear(); }) {
+                        value.*f.member = altered(Member());
+                    } else {
+                        value.*f.member = altered(value.*f.member);
+                    }
+                });
             return value;
         } else {
             return altered(value);
@@ -86,14 +87,15 @@ template<class T>
 T withoutIdentifiers(T value)
 {
     if constexpr (Record<T>) {
-        forEachField<T>([&value]<class Member>(const Field<T, Member> &f) {
-            if constexpr (std::is_same_v<Member, QString>) {
-                if (f.name == "id")
-                    (value.*f.member).clear();
-            } else {
-                value.*f.member = withoutIdentifiers(value.*f.member);
-            }
-        });
+        forEachField<T>(
+            [&value]<class Member, class WhenMissing>(const Field<T, Member, WhenMissing> &f) {
+                if constexpr (std::is_same_v<Member, QString>) {
+                    if (f.name == "id")
+                        (value.*f.member).clear();
+                } else {
+                    value.*f.member = withoutIdentifiers(value.*f.member);
+                }
+            });
     } else if constexpr (requires { value.has_value(); }) {
         if (value)
             *value = withoutIdentifiers(*value);

@@ -16,10 +16,11 @@ template<class T>
 void collect(Words &words)
 {
     if constexpr (Record<T>) {
-        forEachField<T>([&words]<class Member>(const Field<T, Member> &f) {
-            words.insert(f.name);
-            collect<Member>(words);
-        });
+        forEachField<T>(
+            [&words]<class Member, class WhenMissing>(const Field<T, Member, WhenMissing> &f) {
+                words.insert(f.name);
+                collect<Member>(words);
+            });
     } else if constexpr (RawEnum<T>) {
         for (const RawCase<T> &entry : rawCases<T>)
             words.insert(entry.rawValue);
