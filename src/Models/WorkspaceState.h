@@ -22,41 +22,48 @@ inline constexpr auto rawCases<OutputMode> = std::to_array<RawCase<OutputMode>>(
 });
 static_assert(casesStandAtTheirValues<OutputMode>);
 
+// What the workspace publishes: FIELD(type, name, initial value) for each field, in the order in
+// which changes are announced. The members of WorkspaceState and the properties, getters and
+// signals of WorkspaceStore are all made of this one list. Qt's meta-object compiler expands it,
+// too, and needs the full names of types.
+#define QUENARA_PUBLISHED_FIELDS(FIELD)                                                            \
+    FIELD(quenara::ZelvoProject, project, {})                                                      \
+    FIELD(std::optional<QString>, selectedServiceItemID, {})                                       \
+    /* The slide being edited. */                                                                  \
+    FIELD(std::optional<QString>, selectedSlideID, {})                                             \
+    /* The slide that going live will send. */                                                     \
+    FIELD(std::optional<QString>, queuedSlideID, {})                                               \
+    /* The slide on the audience output. */                                                        \
+    FIELD(std::optional<QString>, liveSlideID, {})                                                 \
+    /* The layer selected on the canvas. */                                                        \
+    FIELD(std::optional<QString>, selectedElementID, {})                                           \
+    FIELD(quenara::OutputMode, outputMode, quenara::OutputMode::live)                              \
+    /* Where the project was opened from or saved to. */                                           \
+    FIELD(std::optional<QUrl>, currentFileURL, {})                                                 \
+    FIELD(bool, hasUnsavedChanges, false)                                                          \
+    /* Newest first. */                                                                            \
+    FIELD(QList<quenara::RecentProject>, recentProjects, {})                                       \
+    FIELD(bool, isStartPanelPresented, false)                                                      \
+    FIELD(bool, isSongImportPresented, false)                                                      \
+    /* Shown as an alert while present. */                                                         \
+    FIELD(std::optional<QString>, errorMessage, {})                                                \
+    /* What the history allows. */                                                                 \
+    FIELD(bool, canUndo, false)                                                                    \
+    FIELD(bool, canRedo, false)
+
 /// Everything the workspace publishes, as one value. An absent id means that nothing is chosen.
 struct WorkspaceState
 {
-    ZelvoProject project;
-    std::optional<QString> selectedServiceItemID;
-    std::optional<QString> selectedSlideID; ///< the slide being edited
-    std::optional<QString> queuedSlideID; ///< the slide that going live will send
-    std::optional<QString> liveSlideID; ///< the slide on the audience output
-    std::optional<QString> selectedElementID; ///< the layer selected on the canvas
-    OutputMode outputMode = OutputMode::live;
-    std::optional<QUrl> currentFileURL; ///< where the project was opened from or saved to
-    bool hasUnsavedChanges = false;
-    QList<RecentProject> recentProjects; ///< newest first
-    bool isStartPanelPresented = false;
-    bool isSongImportPresented = false;
-    std::optional<QString> errorMessage; ///< shown as an alert while present
+#define QUENARA_MEMBER(type, name, initial) type name = initial;
+    QUENARA_PUBLISHED_FIELDS(QUENARA_MEMBER)
+#undef QUENARA_MEMBER
 
     bool operator==(const WorkspaceState &) const = default;
     static constexpr auto fields()
     {
-        return std::tuple{
-            field("project", &WorkspaceState::project),
-            field("selectedServiceItemID", &WorkspaceState::selectedServiceItemID),
-            field("selectedSlideID", &WorkspaceState::selectedSlideID),
-            field("queuedSlideID", &WorkspaceState::queuedSlideID),
-            field("liveSlideID", &WorkspaceState::liveSlideID),
-            field("selectedElementID", &WorkspaceState::selectedElementID),
-            field("outputMode", &WorkspaceState::outputMode),
-            field("currentFileURL", &WorkspaceState::currentFileURL),
-            field("hasUnsavedChanges", &WorkspaceState::hasUnsavedChanges),
-            field("recentProjects", &WorkspaceState::recentProjects),
-            field("isStartPanelPresented", &WorkspaceState::isStartPanelPresented),
-            field("isSongImportPresented", &WorkspaceState::isSongImportPresented),
-            field("errorMessage", &WorkspaceState::errorMessage),
-        };
+#define QUENARA_FIELD(type, name, initial) field(#name, &WorkspaceState::name),
+        return std::tuple{QUENARA_PUBLISHED_FIELDS(QUENARA_FIELD)};
+#undef QUENARA_FIELD
     }
 };
 static_assert(listsEveryMember<WorkspaceState>);

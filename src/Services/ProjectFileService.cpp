@@ -6,6 +6,7 @@
 #include "ProjectNormalizer.h"
 
 #include <new>
+#include <utility>
 
 namespace quenara {
 
@@ -24,17 +25,17 @@ ZelvoProject loaded(const QUrl &url, const QDateTime &now)
     return ProjectNormalizer::normalized(std::get<ZelvoProject>(std::move(*document)));
 }
 
-bool isSaved(const ZelvoProject &project, const QUrl &url, const QDateTime &now)
+/// False if the project could not be written.
+bool write(const ZelvoProject &project, const QUrl &url)
 {
-    const std::optional<QByteArray> bytes =
-        ProjectCodec::encode(ProjectNormalizer::normalizedForSave(project, now));
+    const std::optional<QByteArray> bytes = ProjectCodec::encode(project);
     return bytes && bytes->size() <= largestFile && url.isLocalFile()
         && replaceFile(url.toLocalFile(), *bytes);
 }
 
 } // namespace
 
-// A document may need more memory than there is; the service goes on all the same.
+// A document may need more memory than there is, which is a failure like any other.
 
 ZelvoProject ProjectFileService::load(const QUrl &url, const QDateTime &now)
 {
@@ -45,13 +46,14 @@ ZelvoProject ProjectFileService::load(const QUrl &url, const QDateTime &now)
     }
 }
 
-void ProjectFileService::save(const ZelvoProject &project, const QUrl &url, const QDateTime &now)
+ZelvoProject ProjectFileService::save(ZelvoProject project, const QUrl &url, const QDateTime &now)
 {
     try {
-        if (isSaved(project, url, now))
-            return;
+        project = ProjectNormalizer::normalizedForSave(std::move(project), now);
+        if (write(project, url))
+            return project;
     } catch (const std::bad_alloc &) {
-        // Like any other reason.
+        // Falls through to the error below.
     }
     throw ProjectFileError(ProjectFileError::unableToWrite);
 }

@@ -9,11 +9,11 @@
 
 namespace quenara {
 
-WorkspaceStore::WorkspaceStore(ZelvoProject project, Surroundings surroundings, QObject *parent)
-    : QObject(parent), m_surroundings(std::move(surroundings))
+WorkspaceStore::WorkspaceStore(ZelvoProject project, Environment environment, QObject *parent)
+    : QObject(parent), m_environment(std::move(environment))
 {
     m_state.project = ProjectNormalizer::withMirroredOrder(std::move(project));
-    m_state.recentProjects = RecentProjectsStore::load(m_surroundings.preferences);
+    m_state.recentProjects = RecentProjectsStore::load(m_environment.preferences);
     m_state = edits::startAtFirstSlide(std::move(m_state));
 }
 
@@ -64,8 +64,8 @@ void WorkspaceStore::publish(WorkspaceState state)
 
 void WorkspaceStore::publish(WorkspaceState state, UndoRedoStore history)
 {
-    const bool couldUndo = canUndo();
-    const bool couldRedo = canRedo();
+    state.canUndo = !history.undoStack().isEmpty();
+    state.canRedo = !history.redoStack().isEmpty();
     const WorkspaceState before = std::exchange(m_state, std::move(state));
     m_undoStore = std::move(history);
     const bool isSelectionKept = before.selectedServiceItemID == m_state.selectedServiceItemID
@@ -76,38 +76,17 @@ void WorkspaceStore::publish(WorkspaceState state, UndoRedoStore history)
 
     // What differs is settled before the first signal: a slot may call another operation.
     QList<void (WorkspaceStore::*)()> signalsToEmit;
-    const auto compare = [&](bool differs, void (WorkspaceStore::*signal)()) {
-        if (differs)
-            signalsToEmit.append(signal);
-    };
-    const auto compareField = [&](auto WorkspaceState::*field, void (WorkspaceStore::*signal)()) {
-        compare(before.*field != m_state.*field, signal);
-    };
-    compareField(&WorkspaceState::project, &WorkspaceStore::projectChanged);
-    if (!signalsToEmit.isEmpty()) {
+#define QUENARA_COMPARE(type, name, initial)                                                       \
+    if (before.name != m_state.name)                                                               \
+        signalsToEmit.append(&WorkspaceStore::name##Changed);
+    QUENARA_PUBLISHED_FIELDS(QUENARA_COMPARE)
+#undef QUENARA_COMPARE
+    if (signalsToEmit.contains(&WorkspaceStore::projectChanged)) {
         m_flattenedSlides.reset();
         m_positions.clear();
     }
-    compareField(&WorkspaceState::selectedServiceItemID,
-                 &WorkspaceStore::selectedServiceItemIDChanged);
-    compareField(&WorkspaceState::selectedSlideID, &WorkspaceStore::selectedSlideIDChanged);
-    compareField(&WorkspaceState::queuedSlideID, &WorkspaceStore::queuedSlideIDChanged);
-    compareField(&WorkspaceState::liveSlideID, &WorkspaceStore::liveSlideIDChanged);
-    compareField(&WorkspaceState::selectedElementID, &WorkspaceStore::selectedElementIDChanged);
-    compareField(&WorkspaceState::outputMode, &WorkspaceStore::outputModeChanged);
-    compareField(&WorkspaceState::currentFileURL, &WorkspaceStore::currentFileURLChanged);
-    compareField(&WorkspaceState::hasUnsavedChanges, &WorkspaceStore::hasUnsavedChangesChanged);
-    compareField(&WorkspaceState::recentProjects, &WorkspaceStore::recentProjectsChanged);
-    compareField(&WorkspaceState::isStartPanelPresented,
-                 &WorkspaceStore::isStartPanelPresentedChanged);
-    compareField(&WorkspaceState::isSongImportPresented,
-                 &WorkspaceStore::isSongImportPresentedChanged);
-    compareField(&WorkspaceState::errorMessage, &WorkspaceStore::errorMessageChanged);
-    compare(couldUndo != canUndo(), &WorkspaceStore::canUndoChanged);
-    compare(couldRedo != canRedo(), &WorkspaceStore::canRedoChanged);
     if (!signalsToEmit.isEmpty())
         signalsToEmit.append(&WorkspaceStore::changed);
-
     for (const auto signal : std::as_const(signalsToEmit))
         emit(this->*signal)();
 }

@@ -31,31 +31,13 @@ enum class GestureID : quint64 {};
 class WorkspaceStore : public QObject
 {
     Q_OBJECT
-    Q_PROPERTY(quenara::ZelvoProject project READ project NOTIFY projectChanged)
-    Q_PROPERTY(std::optional<QString> selectedServiceItemID READ selectedServiceItemID NOTIFY
-                   selectedServiceItemIDChanged)
-    Q_PROPERTY(
-        std::optional<QString> selectedSlideID READ selectedSlideID NOTIFY selectedSlideIDChanged)
-    Q_PROPERTY(std::optional<QString> queuedSlideID READ queuedSlideID NOTIFY queuedSlideIDChanged)
-    Q_PROPERTY(std::optional<QString> liveSlideID READ liveSlideID NOTIFY liveSlideIDChanged)
-    Q_PROPERTY(std::optional<QString> selectedElementID READ selectedElementID NOTIFY
-                   selectedElementIDChanged)
-    Q_PROPERTY(quenara::OutputMode outputMode READ outputMode NOTIFY outputModeChanged)
-    Q_PROPERTY(std::optional<QUrl> currentFileURL READ currentFileURL NOTIFY currentFileURLChanged)
-    Q_PROPERTY(bool hasUnsavedChanges READ hasUnsavedChanges NOTIFY hasUnsavedChangesChanged)
-    Q_PROPERTY(QList<quenara::RecentProject> recentProjects READ recentProjects NOTIFY
-                   recentProjectsChanged)
-    Q_PROPERTY(bool isStartPanelPresented READ isStartPanelPresented WRITE setStartPanelPresented
-                   NOTIFY isStartPanelPresentedChanged)
-    Q_PROPERTY(bool isSongImportPresented READ isSongImportPresented WRITE setSongImportPresented
-                   NOTIFY isSongImportPresentedChanged)
-    Q_PROPERTY(std::optional<QString> errorMessage READ errorMessage NOTIFY errorMessageChanged)
-    Q_PROPERTY(bool canUndo READ canUndo NOTIFY canUndoChanged)
-    Q_PROPERTY(bool canRedo READ canRedo NOTIFY canRedoChanged)
+#define QUENARA_PROPERTY(type, name, initial) Q_PROPERTY(type name READ name NOTIFY name##Changed)
+    QUENARA_PUBLISHED_FIELDS(QUENARA_PROPERTY)
+#undef QUENARA_PROPERTY
 
 public:
-    /// The world outside, handed in. The references must outlive the store.
-    struct Surroundings
+    /// What the store needs of the world outside. The references must outlive the store.
+    struct Environment
     {
         QSettings &preferences;
         FilePanelRunner &panels;
@@ -64,24 +46,15 @@ public:
 
     /// Starts on \a project with its order indexes renumbered, the first slide selected, queued
     /// and live, and the recent projects of the preferences.
-    WorkspaceStore(ZelvoProject project, Surroundings surroundings, QObject *parent = nullptr);
+    WorkspaceStore(ZelvoProject project, Environment environment, QObject *parent = nullptr);
 
     // Published fields
 
     const WorkspaceState &state() const { return m_state; }
-    const ZelvoProject &project() const { return m_state.project; }
-    std::optional<QString> selectedServiceItemID() const { return m_state.selectedServiceItemID; }
-    std::optional<QString> selectedSlideID() const { return m_state.selectedSlideID; }
-    std::optional<QString> queuedSlideID() const { return m_state.queuedSlideID; }
-    std::optional<QString> liveSlideID() const { return m_state.liveSlideID; }
-    std::optional<QString> selectedElementID() const { return m_state.selectedElementID; }
-    OutputMode outputMode() const { return m_state.outputMode; }
-    std::optional<QUrl> currentFileURL() const { return m_state.currentFileURL; }
-    bool hasUnsavedChanges() const { return m_state.hasUnsavedChanges; }
-    QList<RecentProject> recentProjects() const { return m_state.recentProjects; }
-    bool isStartPanelPresented() const { return m_state.isStartPanelPresented; }
-    bool isSongImportPresented() const { return m_state.isSongImportPresented; }
-    std::optional<QString> errorMessage() const { return m_state.errorMessage; }
+#define QUENARA_GETTER(type, name, initial)                                                        \
+    const type &name() const { return m_state.name; }
+    QUENARA_PUBLISHED_FIELDS(QUENARA_GETTER)
+#undef QUENARA_GETTER
 
     // Derived values
 
@@ -92,8 +65,6 @@ public:
     std::optional<Slide> nextSlide() const;
     std::optional<Slide> slideWithID(const std::optional<QString> &id) const;
     const UndoRedoStore &undoStore() const { return m_undoStore; }
-    bool canUndo() const { return !m_undoStore.undoStack().isEmpty(); }
-    bool canRedo() const { return !m_undoStore.redoStack().isEmpty(); }
 
     // Selection, queue and live (WorkspaceStoreSelection.cpp)
 
@@ -173,21 +144,10 @@ public:
     void dismissError();
 
 signals:
-    void projectChanged();
-    void selectedServiceItemIDChanged();
-    void selectedSlideIDChanged();
-    void queuedSlideIDChanged();
-    void liveSlideIDChanged();
-    void selectedElementIDChanged();
-    void outputModeChanged();
-    void currentFileURLChanged();
-    void hasUnsavedChangesChanged();
-    void recentProjectsChanged();
-    void isStartPanelPresentedChanged();
-    void isSongImportPresentedChanged();
-    void errorMessageChanged();
-    void canUndoChanged();
-    void canRedoChanged();
+#define QUENARA_SIGNAL(type, name, initial) void name##Changed();
+    QUENARA_PUBLISHED_FIELDS(QUENARA_SIGNAL)
+#undef QUENARA_SIGNAL
+
     /// Once after every operation that changed anything.
     void changed();
 
@@ -203,9 +163,9 @@ private:
         bool hadUnsavedChanges;
     };
 
-    enum class Step { ofTheGesture, ofItsOwn };
-    void updateProject(const Edit &edit, Step step = Step::ofTheGesture);
-    void editProject(const Edit &edit);
+    /// Whether an edit is undone by itself or together with the open gesture, if there is one.
+    enum class UndoStep { ofItsOwn, ofTheGesture };
+    void editProject(const Edit &edit, UndoStep step = UndoStep::ofItsOwn);
     std::optional<SlideMedia> pictureFromPanel();
     void restore(std::optional<ZelvoProject> project, UndoRedoStore history);
     void load(ZelvoProject project, const std::optional<QUrl> &fileURL);
@@ -215,13 +175,13 @@ private:
     void publish(WorkspaceState state);
     void publish(WorkspaceState state, UndoRedoStore history);
 
-    Surroundings m_surroundings;
+    Environment m_environment;
     WorkspaceState m_state;
     UndoRedoStore m_undoStore;
     std::optional<Gesture> m_gesture;
     GestureID m_lastGesture{};
 
-    // Of the project as it is.
+    // Caches, which hold for the present project.
     mutable std::optional<QList<FlattenedSlide>> m_flattenedSlides;
     mutable QHash<QString, SlidePosition> m_positions; ///< of the slides that were asked for
 };

@@ -19,8 +19,8 @@ void WorkspaceStore::load(ZelvoProject project, const std::optional<QUrl> &fileU
     next.outputMode = OutputMode::live;
     next.isStartPanelPresented = false;
     if (fileURL) {
-        next.recentProjects = RecentProjectsStore::add(m_surroundings.preferences, *fileURL,
-                                                       next.project.name, m_surroundings.now());
+        next.recentProjects = RecentProjectsStore::add(m_environment.preferences, *fileURL,
+                                                       next.project.name, m_environment.now());
     }
     m_gesture.reset();
     publish(edits::startAtFirstSlide(std::move(next)), UndoRedoStore());
@@ -35,29 +35,29 @@ void WorkspaceStore::fail(const QString &message)
 
 void WorkspaceStore::newBlankProject()
 {
-    load(ProjectTemplates::blankProject(m_surroundings.now()), std::nullopt);
+    load(ProjectTemplates::blankProject(m_environment.now()), std::nullopt);
 }
 
 void WorkspaceStore::newSundayServiceProject()
 {
-    load(ProjectTemplates::newSundayServiceProject(m_surroundings.now()), std::nullopt);
+    load(ProjectTemplates::newSundayServiceProject(m_environment.now()), std::nullopt);
 }
 
 void WorkspaceStore::loadDemoProject()
 {
-    load(ProjectTemplates::demoProject(m_surroundings.now()), std::nullopt);
+    load(ProjectTemplates::demoProject(m_environment.now()), std::nullopt);
 }
 
 void WorkspaceStore::openProjectWithPanel()
 {
-    if (const std::optional<QUrl> url = m_surroundings.panels.run(zelvoProjectOpenPanel()))
+    if (const std::optional<QUrl> url = m_environment.panels.run(zelvoProjectOpenPanel()))
         openProject(*url);
 }
 
 void WorkspaceStore::openProject(const QUrl &url)
 {
     try {
-        load(ProjectFileService::load(url, m_surroundings.now()), url);
+        load(ProjectFileService::load(url, m_environment.now()), url);
     } catch (const ProjectFileError &error) {
         fail(error.description());
     }
@@ -75,12 +75,10 @@ void WorkspaceStore::saveProject()
 /// The document moves to \a url only when it is written there.
 void WorkspaceStore::save(const QUrl &url)
 {
-    const QDateTime now = m_surroundings.now();
-    // What normalizing adds has identifiers of its own each time, and the file shall have these.
+    const QDateTime now = m_environment.now();
     WorkspaceState next = m_state;
-    next.project = ProjectNormalizer::normalizedForSave(std::move(next.project), now);
     try {
-        ProjectFileService::save(next.project, url, now);
+        next.project = ProjectFileService::save(std::move(next.project), url, now);
     } catch (const ProjectFileError &error) {
         fail(error.description());
         return;
@@ -88,7 +86,7 @@ void WorkspaceStore::save(const QUrl &url)
     next.currentFileURL = url;
     next.hasUnsavedChanges = false;
     next.recentProjects =
-        RecentProjectsStore::add(m_surroundings.preferences, url, next.project.name, now);
+        RecentProjectsStore::add(m_environment.preferences, url, next.project.name, now);
     m_gesture.reset();
     publish(std::move(next));
 }
@@ -98,7 +96,7 @@ void WorkspaceStore::saveProjectAs()
     const QString &name = m_state.project.name;
     const FilePanel panel =
         zelvoProjectSavePanel(name.isEmpty() ? QStringLiteral("Quenara") : name);
-    if (const std::optional<QUrl> url = m_surroundings.panels.run(panel))
+    if (const std::optional<QUrl> url = m_environment.panels.run(panel))
         save(*url);
 }
 

@@ -7,14 +7,14 @@
 
 namespace quenara {
 
-/// The one path by which the open document changes. Inside a gesture the step goes from where the
-/// gesture began, and there is none while the project is as it was then.
-void WorkspaceStore::updateProject(const Edit &edit, Step step)
+/// The one path by which the open document changes. A step of the gesture goes from where that
+/// began, and there is none while the project is as it was then.
+void WorkspaceStore::editProject(const Edit &edit, UndoStep step)
 {
     std::optional<WorkspaceState> edited = edit(m_state);
     if (!edited)
         return;
-    if (step == Step::ofItsOwn)
+    if (step == UndoStep::ofItsOwn)
         m_gesture.reset();
     edited->project = ProjectNormalizer::withMirroredOrder(std::move(edited->project));
     edited = edits::repairSelection(*std::move(edited));
@@ -26,11 +26,6 @@ void WorkspaceStore::updateProject(const Edit &edit, Step step)
         edited->hasUnsavedChanges = true;
     }
     publish(*std::move(edited), std::move(history));
-}
-
-void WorkspaceStore::editProject(const Edit &edit)
-{
-    updateProject(edit, Step::ofItsOwn);
 }
 
 GestureID WorkspaceStore::beginGesture()
@@ -91,7 +86,8 @@ void WorkspaceStore::redo()
 
 void WorkspaceStore::updateProjectName(const QString &name)
 {
-    updateProject([&](const WorkspaceState &state) { return edits::renameProject(state, name); });
+    editProject([&](const WorkspaceState &state) { return edits::renameProject(state, name); },
+                UndoStep::ofTheGesture);
 }
 
 void WorkspaceStore::addServiceItem(ServiceItemType type)
@@ -108,8 +104,9 @@ void WorkspaceStore::importSong(const QString &title, const QString &lyrics)
 void WorkspaceStore::updateServiceItem(const QString &id,
                                        const std::function<void(ServiceItem &)> &update)
 {
-    updateProject(
-        [&](const WorkspaceState &state) { return edits::updateServiceItem(state, id, update); });
+    editProject(
+        [&](const WorkspaceState &state) { return edits::updateServiceItem(state, id, update); },
+        UndoStep::ofTheGesture);
 }
 
 void WorkspaceStore::deleteSelectedServiceItem()
@@ -146,8 +143,9 @@ void WorkspaceStore::moveSelectedSlide(qsizetype delta)
 
 void WorkspaceStore::updateSelectedSlide(const std::function<void(Slide &)> &update)
 {
-    updateProject(
-        [&](const WorkspaceState &state) { return edits::updateSelectedSlide(state, update); });
+    editProject(
+        [&](const WorkspaceState &state) { return edits::updateSelectedSlide(state, update); },
+        UndoStep::ofTheGesture);
 }
 
 void WorkspaceStore::applyTemplateToSelectedSlide(const QString &templateID)

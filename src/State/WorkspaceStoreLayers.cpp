@@ -38,14 +38,15 @@ std::optional<SlideMedia> WorkspaceStore::pictureFromPanel()
     const std::optional<QString> slideID = m_state.selectedSlideID;
     if (!slideWithID(slideID))
         return std::nullopt;
-    const std::optional<QUrl> url = m_surroundings.panels.run(zelvoImageOpenPanel());
+    const std::optional<QUrl> url = m_environment.panels.run(zelvoImageOpenPanel());
     return url && m_state.selectedSlideID == slideID ? pictureFromFile(*url) : std::nullopt;
 }
 
 void WorkspaceStore::updateSelectedElement(const std::function<void(SlideElement &)> &update)
 {
-    updateProject(
-        [&](const WorkspaceState &state) { return edits::updateSelectedElement(state, update); });
+    editProject(
+        [&](const WorkspaceState &state) { return edits::updateSelectedElement(state, update); },
+        UndoStep::ofTheGesture);
 }
 
 void WorkspaceStore::duplicateSelectedElement()

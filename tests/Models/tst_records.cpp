@@ -162,7 +162,8 @@ private:
             "workspace",
             "project selectedServiceItemID selectedSlideID queuedSlideID liveSlideID "
             "selectedElementID outputMode currentFileURL hasUnsavedChanges "
-            "recentProjects isStartPanelPresented isSongImportPresented errorMessage");
+            "recentProjects isStartPanelPresented isSongImportPresented errorMessage "
+            "canUndo canRedo");
     }
 
     template<Record T>

@@ -18,16 +18,13 @@ namespace {
 using Operation = std::function<void(World &)>;
 
 /// The values of everything published, by property.
-QHash<QString, bool> differences(const WorkspaceStore &store, const WorkspaceState &before,
-                                 bool couldUndo, bool couldRedo)
+QHash<QString, bool> differences(const WorkspaceStore &store, const WorkspaceState &before)
 {
     QHash<QString, bool> differs;
     forEachField<WorkspaceState>([&](const auto &f) {
         const auto name = QString::fromLatin1(f.name.data(), qsizetype(f.name.size()));
         differs.insert(name, store.state().*f.member != before.*f.member);
     });
-    differs.insert(u"canUndo"_s, store.canUndo() != couldUndo);
-    differs.insert(u"canRedo"_s, store.canRedo() != couldRedo);
     return differs;
 }
 
@@ -60,7 +57,7 @@ private slots:
             const auto name = QString::fromLatin1(f.name.data(), qsizetype(f.name.size()));
             QVERIFY2(properties.contains(name), qPrintable(name));
         });
-        QCOMPARE(properties.size(), fieldCount<WorkspaceState> + 2);
+        QCOMPARE(properties.size(), fieldCount<WorkspaceState>);
     }
 
     void everyPropertyReadsThePublishedValue()
@@ -86,14 +83,12 @@ private slots:
         World world(showOf({2, 1}));
         prepare(world);
         const WorkspaceState before = world.store.state();
-        const bool couldUndo = world.store.canUndo();
-        const bool couldRedo = world.store.canRedo();
         NotificationLog log(world.store);
         operation(world);
         const QStringList announced = log.takeProperties();
         QCOMPARE(announced.join(u' '), expected);
         QCOMPARE(log.takeChangedCount(), announced.isEmpty() ? 0 : 1);
-        const auto differs = differences(world.store, before, couldUndo, couldRedo);
+        const auto differs = differences(world.store, before);
         for (auto it = differs.cbegin(); it != differs.cend(); ++it)
             QVERIFY2(announced.contains(it.key()) == it.value(), qPrintable(it.key()));
     }
@@ -107,16 +102,12 @@ private slots:
         World world(showOf({2, 1}));
         prepare(world);
         QList<WorkspaceState> seen;
-        QList<bool> couldUndo;
-        const NotificationLog log(world.store, [&](const QString &) {
-            seen.append(world.store.state());
-            couldUndo.append(world.store.canUndo());
-        });
+        const NotificationLog log(world.store,
+                                  [&](const QString &) { seen.append(world.store.state()); });
         operation(world);
         QCOMPARE(seen.isEmpty(), expected.isEmpty());
         for (const WorkspaceState &state : std::as_const(seen))
             QCOMPARE(state, world.store.state());
-        QVERIFY(!couldUndo.contains(!world.store.canUndo()));
     }
 
     void selectionQueueAndLiveMoveInOneStep()

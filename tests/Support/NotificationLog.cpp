@@ -7,21 +7,10 @@ namespace quenara::test {
 const QList<Notification> &notifications()
 {
     static const QList<Notification> all = {
-        {QStringLiteral("project"), &WorkspaceStore::projectChanged},
-        {QStringLiteral("selectedServiceItemID"), &WorkspaceStore::selectedServiceItemIDChanged},
-        {QStringLiteral("selectedSlideID"), &WorkspaceStore::selectedSlideIDChanged},
-        {QStringLiteral("queuedSlideID"), &WorkspaceStore::queuedSlideIDChanged},
-        {QStringLiteral("liveSlideID"), &WorkspaceStore::liveSlideIDChanged},
-        {QStringLiteral("selectedElementID"), &WorkspaceStore::selectedElementIDChanged},
-        {QStringLiteral("outputMode"), &WorkspaceStore::outputModeChanged},
-        {QStringLiteral("currentFileURL"), &WorkspaceStore::currentFileURLChanged},
-        {QStringLiteral("hasUnsavedChanges"), &WorkspaceStore::hasUnsavedChangesChanged},
-        {QStringLiteral("recentProjects"), &WorkspaceStore::recentProjectsChanged},
-        {QStringLiteral("isStartPanelPresented"), &WorkspaceStore::isStartPanelPresentedChanged},
-        {QStringLiteral("isSongImportPresented"), &WorkspaceStore::isSongImportPresentedChanged},
-        {QStringLiteral("errorMessage"), &WorkspaceStore::errorMessageChanged},
-        {QStringLiteral("canUndo"), &WorkspaceStore::canUndoChanged},
-        {QStringLiteral("canRedo"), &WorkspaceStore::canRedoChanged},
+#define QUENARA_NOTIFICATION(type, name, initial)                                                  \
+    {QStringLiteral(#name), &WorkspaceStore::name##Changed},
+        QUENARA_PUBLISHED_FIELDS(QUENARA_NOTIFICATION)
+#undef QUENARA_NOTIFICATION
     };
     return all;
 }
