@@ -35,12 +35,12 @@ struct CanvasFrame
     constexpr double midX() const { return x + width / 2; }
     constexpr double midY() const { return y + height / 2; }
 
-    constexpr CanvasFrame offsetBy(double dx, double dy) const
+    [[nodiscard]] constexpr CanvasFrame offsetBy(double dx, double dy) const
     {
         return {x + dx, y + dy, width, height};
     }
 
-    constexpr CanvasFrame resizedBy(double dw, double dh) const
+    [[nodiscard]] constexpr CanvasFrame resizedBy(double dw, double dh) const
     {
         return {x, y, std::max(minimumWidth, width + dw), std::max(minimumHeight, height + dh)};
     }

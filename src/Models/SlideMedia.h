@@ -7,7 +7,7 @@
 
 namespace quenara {
 
-/// a == b, but what the two share is not read through: media is large.
+/// a == b, without reading bytes that the two share: media is large.
 inline bool areEqual(const QByteArray &a, const QByteArray &b)
 {
     return a.size() == b.size() && (a.constData() == b.constData() || a == b);

@@ -33,10 +33,10 @@ struct FilePanel
     bool operator==(const FilePanel &) const = default;
 };
 
-FilePanel zelvoProjectOpenPanel();
-FilePanel zelvoImageOpenPanel();
+[[nodiscard]] FilePanel zelvoProjectOpenPanel();
+[[nodiscard]] FilePanel zelvoImageOpenPanel();
 /// The name field starts with \a defaultName, with ".quenara" added unless it ends so already.
-FilePanel zelvoProjectSavePanel(const QString &defaultName);
+[[nodiscard]] FilePanel zelvoProjectSavePanel(const QString &defaultName);
 
 /// Shows file panels to the operator.
 class FilePanelRunner

@@ -7,7 +7,7 @@ namespace quenara {
 
 std::optional<QByteArray> wholeFile(const QUrl &url, qint64 limit)
 {
-    // A pipe or a device might never come to its end.
+    // Reading a pipe or a device might never end.
     QFile file(url.toLocalFile());
     if (!url.isLocalFile() || !QFileInfo(file).isFile() || file.size() > limit
         || !file.open(QIODevice::ReadOnly))

@@ -29,7 +29,7 @@ QFileInfo linkTarget(const QString &path)
     constexpr int longestChain = 40;
     QFileInfo file(path);
     for (int length = 0; file.isSymbolicLink() && length < longestChain; ++length) {
-        // The toolkit would take a way up out of a linked folder for one to where the link stands.
+        // Qt resolves ".." by the text of a path; in a linked folder it leads elsewhere.
         const std::filesystem::path link = file.filesystemFilePath();
         std::error_code error;
         file.setFile(link.parent_path() / std::filesystem::read_symlink(link, error));
@@ -76,8 +76,8 @@ public:
     /// EINVAL: the file system has nothing to synchronize.
     bool synchronize() const { return ::fsync(m_number) == 0 || errno == EINVAL; }
 
-    /// The permissions of the file at \a path and, as far as this user may give them away, its
-    /// owner and its group. What its group was allowed to is not allowed to another.
+    /// Takes over the permissions of the file at \a path and, as far as this user may give them
+    /// away, its owner and its group. Another group does not get the permissions of that one.
     bool takeAttributes(const QString &path) const
     {
         struct stat attributes
@@ -105,7 +105,8 @@ private:
     int m_number;
 };
 
-/// As short for the longest name.
+/// The name of the new file until it takes the old one's place: hidden, and of one length, since
+/// the name of the target may be as long as names can be.
 QString passingPath(const QFileInfo &target)
 {
     const QByteArray name =
@@ -113,7 +114,7 @@ QString passingPath(const QFileInfo &target)
     return QStringLiteral("%1/.saving-%2").arg(target.path(), QLatin1String(name.toHex()));
 }
 
-/// Nothing if the file system has no files without a name.
+/// Whether the file was replaced; nothing if the file system has no files without a name.
 std::optional<bool> replaceByUnnamedFile(const QFileInfo &target, const QByteArray &bytes)
 {
     constexpr mode_t newFileMode = 0666; // less the user's mask
@@ -124,8 +125,8 @@ std::optional<bool> replaceByUnnamedFile(const QFileInfo &target, const QByteArr
     if (!file.write(bytes) || (target.exists() && !file.takeAttributes(path))
         || !file.synchronize())
         return false;
-    // A name cannot be taken from another file, only be moved onto it. What a process that was
-    // killed in between has left goes with the next save.
+    // A new link cannot replace a file, a renamed one can. A file that a process left under the
+    // passing name when it was killed goes with the next save.
     const QString passing = passingPath(target);
     QFile::remove(passing);
     if (!file.giveName(passing))

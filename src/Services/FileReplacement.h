@@ -12,6 +12,6 @@ namespace quenara {
 ///
 /// Where the file system can have files without a name, a killed process leaves nothing behind
 /// either, or at most, hidden and until the next save, the complete new file.
-bool replaceFile(const QString &path, const QByteArray &bytes);
+[[nodiscard]] bool replaceFile(const QString &path, const QByteArray &bytes);
 
 } // namespace quenara

@@ -21,16 +21,16 @@ struct ProjectCodec
     /// The bytes as a current project with at least one item, else as a legacy document; nothing
     /// if they are neither. Bytes that are moved in are given back to the heap as soon as they are
     /// parsed, before the records are made. Throws std::bad_alloc.
-    static std::optional<DecodedDocument> decode(QByteArray bytes);
+    [[nodiscard]] static std::optional<DecodedDocument> decode(QByteArray bytes);
 
     /// Pretty-printed with sorted keys: the same project always gives the same bytes. Nothing if a
     /// number in it is not finite.
-    static std::optional<QByteArray> encode(const ZelvoProject &project);
+    [[nodiscard]] static std::optional<QByteArray> encode(const ZelvoProject &project);
 
     /// The list as the preferences keep it: compact, keys in declaration order, dates as seconds
     /// since 2001-01-01 UTC.
-    static QByteArray encode(const QList<RecentProject> &recentProjects);
-    static std::optional<QList<RecentProject>> decodeRecentProjects(QByteArray bytes);
+    [[nodiscard]] static QByteArray encode(const QList<RecentProject> &recentProjects);
+    [[nodiscard]] static std::optional<QList<RecentProject>> decodeRecentProjects(QByteArray bytes);
 };
 
 } // namespace quenara

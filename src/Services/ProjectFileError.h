@@ -10,7 +10,7 @@ class ProjectFileError
 public:
     enum Case { unableToRead, unableToWrite, unsupportedFormat };
 
-    constexpr ProjectFileError(Case value) : m_case(value) {}
+    constexpr explicit ProjectFileError(Case value) : m_case(value) {}
 
     /// The text shown to the operator.
     QString description() const

@@ -18,7 +18,7 @@ struct RecentProjectsStore
     static constexpr qsizetype limit = 10;
 
     /// The stored list, newest first; empty if there is none or it does not decode.
-    static QList<RecentProject> load(const QSettings &preferences);
+    [[nodiscard]] static QList<RecentProject> load(const QSettings &preferences);
 
     /// Records a project as used at \a now, in front of the others and in the place of an entry of
     /// exactly the same path. Stores and returns the new list.

@@ -11,28 +11,28 @@ namespace quenara::edits {
 
 /// Adds a text of the standard lyric style on top, selected. Its name and its first text go by
 /// \a kind; every kind but scripture and lyric is plain text.
-Edited addTextLayer(WorkspaceState state, SlideElementKind kind);
+[[nodiscard]] Edited addTextLayer(WorkspaceState state, SlideElementKind kind);
 
 /// Adds a translucent rectangle on top, selected.
-Edited addShapeLayer(WorkspaceState state);
+[[nodiscard]] Edited addShapeLayer(WorkspaceState state);
 
 /// Adds \a media as a layer of half the canvas each way in its middle, on top, selected.
-Edited addImageLayer(WorkspaceState state, const SlideMedia &media);
+[[nodiscard]] Edited addImageLayer(WorkspaceState state, const SlideMedia &media);
 
 /// What else the background holds stays, for when its kind changes back.
-Edited setBackgroundImage(WorkspaceState state, const SlideMedia &media);
+[[nodiscard]] Edited setBackgroundImage(WorkspaceState state, const SlideMedia &media);
 
-Edited updateSelectedElement(WorkspaceState state,
-                             const std::function<void(SlideElement &)> &update);
+[[nodiscard]] Edited updateSelectedElement(WorkspaceState state,
+                                           const std::function<void(SlideElement &)> &update);
 
 /// A copy under a new id on top, a little to the right and below; selected.
-Edited duplicateSelectedElement(WorkspaceState state);
+[[nodiscard]] Edited duplicateSelectedElement(WorkspaceState state);
 
 /// Puts the remaining layers in the order of their zIndex; the lowest is selected.
-Edited deleteSelectedElement(WorkspaceState state);
+[[nodiscard]] Edited deleteSelectedElement(WorkspaceState state);
 
 /// One step of zIndex, whatever the other layers have.
-Edited bringSelectedElementForward(WorkspaceState state);
-Edited sendSelectedElementBackward(WorkspaceState state);
+[[nodiscard]] Edited bringSelectedElementForward(WorkspaceState state);
+[[nodiscard]] Edited sendSelectedElementBackward(WorkspaceState state);
 
 } // namespace quenara::edits

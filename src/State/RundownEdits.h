@@ -14,46 +14,47 @@ namespace quenara::edits {
 
 using Edited = std::optional<WorkspaceState>;
 
-Edited renameProject(WorkspaceState state, const QString &name);
+[[nodiscard]] Edited renameProject(WorkspaceState state, const QString &name);
 
 /// Appends an item with one slide of the type's default template; both selected, the slide queued.
-Edited addServiceItem(WorkspaceState state, ServiceItemType type);
+[[nodiscard]] Edited addServiceItem(WorkspaceState state, ServiceItemType type);
 
 /// Appends a song made of pasted lyrics; it and its first slide, if any, selected, the slide
 /// queued.
-Edited importSong(WorkspaceState state, const QString &title, const QString &lyrics);
+[[nodiscard]] Edited importSong(WorkspaceState state, const QString &title, const QString &lyrics);
 
 /// Applies \a update to the first item with this id. An unknown id is an edit without a change.
-Edited updateServiceItem(WorkspaceState state, const QString &id,
-                         const std::function<void(ServiceItem &)> &update);
+[[nodiscard]] Edited updateServiceItem(WorkspaceState state, const QString &id,
+                                       const std::function<void(ServiceItem &)> &update);
 
 /// Removes the selected item; the first remaining one and its first slide are selected and queued,
 /// and live if nothing was.
-Edited deleteSelectedServiceItem(WorkspaceState state);
+[[nodiscard]] Edited deleteSelectedServiceItem(WorkspaceState state);
 
 /// Swaps the selected item with the one \a delta places away; nothing if there is none.
-Edited moveSelectedServiceItem(WorkspaceState state, qsizetype delta);
+[[nodiscard]] Edited moveSelectedServiceItem(WorkspaceState state, qsizetype delta);
 
 /// Appends a slide to the selected item (else to the first); without such an item, a custom item
 /// with its slide.
-Edited addSlide(WorkspaceState state);
+[[nodiscard]] Edited addSlide(WorkspaceState state);
 
 /// A copy under a new id, right after the selected slide; selected and queued. Layers keep their
 /// ids.
-Edited duplicateSelectedSlide(WorkspaceState state);
+[[nodiscard]] Edited duplicateSelectedSlide(WorkspaceState state);
 
 /// Its successor in the item (else the predecessor, else the first slide of the show) is selected
 /// and queued, and live if the deleted one was. An emptied item stays.
-Edited deleteSelectedSlide(WorkspaceState state);
+[[nodiscard]] Edited deleteSelectedSlide(WorkspaceState state);
 
 /// Swaps the selected slide with the one \a delta places away in its item. Where there is none,
 /// this is an edit without a change.
-Edited moveSelectedSlide(WorkspaceState state, qsizetype delta);
+[[nodiscard]] Edited moveSelectedSlide(WorkspaceState state, qsizetype delta);
 
 /// Applies \a update to the selected slide and brings its body in step with its design.
-Edited updateSelectedSlide(WorkspaceState state, const std::function<void(Slide &)> &update);
+[[nodiscard]] Edited updateSelectedSlide(WorkspaceState state,
+                                         const std::function<void(Slide &)> &update);
 
 /// Rebuilds the selected slide's design; the first text layer is selected.
-Edited applyTemplateToSelectedSlide(WorkspaceState state, const QString &templateID);
+[[nodiscard]] Edited applyTemplateToSelectedSlide(WorkspaceState state, const QString &templateID);
 
 } // namespace quenara::edits

@@ -11,32 +11,32 @@
 namespace quenara::edits {
 
 /// \a id is taken even if no slide has it; its item and layer selection then are empty.
-WorkspaceState selectSlide(WorkspaceState state, const QString &id, bool queue);
+[[nodiscard]] WorkspaceState selectSlide(WorkspaceState state, const QString &id, bool queue);
 
 /// The first slide with its item and its first text layer selected; nothing in an empty show.
-WorkspaceState selectFirstSlide(WorkspaceState state);
+[[nodiscard]] WorkspaceState selectFirstSlide(WorkspaceState state);
 
 /// selectFirstSlide(), and that slide queued and live.
-WorkspaceState startAtFirstSlide(WorkspaceState state);
+[[nodiscard]] WorkspaceState startAtFirstSlide(WorkspaceState state);
 
 /// Sends the queued slide (else the selected one, else the first) live and ends any other output
 /// mode.
-WorkspaceState goLive(WorkspaceState state);
+[[nodiscard]] WorkspaceState goLive(WorkspaceState state);
 
 /// Moves selection, queue and live together by \a offset from the live (else the selected) slide.
 /// Without a neighbour there, the first slide of the show; in an empty show nothing changes. The
 /// selected item and layer stay as they are.
-WorkspaceState stepLive(WorkspaceState state, qsizetype offset);
+[[nodiscard]] WorkspaceState stepLive(WorkspaceState state, qsizetype offset);
 
 /// Selects and queues the neighbour by \a offset of the queued (else the live, else the selected)
 /// slide; nothing changes where there is none.
-WorkspaceState stepQueue(WorkspaceState state, qsizetype offset);
+[[nodiscard]] WorkspaceState stepQueue(WorkspaceState state, qsizetype offset);
 
 /// \a mode, or live if it is on already. The live slide stays.
-WorkspaceState toggleOutputMode(WorkspaceState state, OutputMode mode);
+[[nodiscard]] WorkspaceState toggleOutputMode(WorkspaceState state, OutputMode mode);
 
 /// Makes every id point at something that exists: an unknown selected slide becomes the first one,
 /// an unknown queued or live slide the selected one, an unknown layer the selected slide's first.
-WorkspaceState repairSelection(WorkspaceState state);
+[[nodiscard]] WorkspaceState repairSelection(WorkspaceState state);
 
 } // namespace quenara::edits

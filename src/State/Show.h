@@ -11,7 +11,7 @@ namespace quenara {
 
 /// Every slide of every item as one list: items, and slides within each, by orderIndex, equal ones
 /// in stored order.
-QList<FlattenedSlide> flattenedSlides(const ZelvoProject &project);
+[[nodiscard]] QList<FlattenedSlide> flattenedSlides(const ZelvoProject &project);
 
 /// Where a slide stands in a project whose order indexes mirror its lists.
 struct SlidePosition
@@ -26,24 +26,26 @@ struct SlidePosition
 // The functions below walk the lists as they are stored, without building the flattened list.
 
 /// The first slide with this id; nothing for an absent or unknown one.
-std::optional<SlidePosition> positionOf(const ZelvoProject &project,
-                                        const std::optional<QString> &slideID);
+[[nodiscard]] std::optional<SlidePosition> positionOf(const ZelvoProject &project,
+                                                      const std::optional<QString> &slideID);
 
 /// The slide at the 0-based place \a absolute of the show; nothing outside it.
-std::optional<SlidePosition> positionAt(const ZelvoProject &project, qsizetype absolute);
+[[nodiscard]] std::optional<SlidePosition> positionAt(const ZelvoProject &project,
+                                                      qsizetype absolute);
 
 /// The number of slides in the show.
-qsizetype slideCount(const ZelvoProject &project);
+[[nodiscard]] qsizetype slideCount(const ZelvoProject &project);
 
-const Slide &slideAt(const ZelvoProject &project, const SlidePosition &position);
+[[nodiscard]] const Slide &slideAt(const ZelvoProject &project, const SlidePosition &position);
 
 /// The slide after that one: nothing after the last, the first one after none.
-std::optional<SlidePosition> positionAfter(const ZelvoProject &project,
-                                           const std::optional<SlidePosition> &position);
+[[nodiscard]] std::optional<SlidePosition> positionAfter(
+    const ZelvoProject &project, const std::optional<SlidePosition> &position);
 
-std::optional<QString> firstSlideID(const ZelvoProject &project);
+[[nodiscard]] std::optional<QString> firstSlideID(const ZelvoProject &project);
 
 /// The index of the slide's first layer with this id; nothing for an absent or unknown one.
-std::optional<qsizetype> elementIndex(const Slide &slide, const std::optional<QString> &elementID);
+[[nodiscard]] std::optional<qsizetype> elementIndex(const Slide &slide,
+                                                    const std::optional<QString> &elementID);
 
 } // namespace quenara

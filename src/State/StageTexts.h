@@ -19,6 +19,6 @@ struct StageTexts
 
 /// Derived from the live slide's id, the output mode and the project, whose order indexes mirror
 /// its lists.
-StageTexts stageTexts(const WorkspaceState &state);
+[[nodiscard]] StageTexts stageTexts(const WorkspaceState &state);
 
 } // namespace quenara

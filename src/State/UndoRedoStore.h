@@ -21,8 +21,8 @@ public:
 
     /// The project to show after an undo, \a current going to the redo stack; nothing, and nothing
     /// changed, when there is nothing to undo.
-    std::optional<ZelvoProject> undo(const ZelvoProject &current);
-    std::optional<ZelvoProject> redo(const ZelvoProject &current);
+    [[nodiscard]] std::optional<ZelvoProject> undo(const ZelvoProject &current);
+    [[nodiscard]] std::optional<ZelvoProject> redo(const ZelvoProject &current);
 
     /// Oldest first. Undo and redo move snapshots between the stacks without trimming either.
     const QList<ZelvoProject> &undoStack() const { return m_undoStack; }

@@ -16,7 +16,7 @@ struct HexDigits
     qsizetype characterCount = 0;
 
     /// Trims every character that is neither letter nor digit from both ends of \a text.
-    static HexDigits scan(QStringView text);
+    [[nodiscard]] static HexDigits scan(QStringView text);
 
     /// The \a count bits from bit \a shift up.
     constexpr int bits(unsigned shift, unsigned count) const

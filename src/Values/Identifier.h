@@ -8,13 +8,13 @@ namespace quenara {
 
 /// A fresh identifier: the upper-case canonical text of a random UUID (8-4-4-4-12 hexadecimal
 /// digits with hyphens). Nothing parses identifiers.
-QString newIdentifier();
+[[nodiscard]] QString newIdentifier();
 
-/// Equality for those who walk long lists: it looks at no more of an identifier than it must, which
-/// is nothing where a list is shared, and does so where it is called.
-inline bool isSameIdentifier(const QString &a, const QString &b)
+/// a == b, for walks over long lists: inlined, and mostly decided by the address, the length or the
+/// first character.
+[[nodiscard]] inline bool isSameIdentifier(const QString &a, const QString &b)
 {
-    // The first characters, which even empty strings have, tell most apart without a call.
+    // Even an empty string has a first character, its terminator.
     return &a == &b
         || (a.size() == b.size() && *a.constData() == *b.constData()
             && std::memcmp(a.constData(), b.constData(), std::size_t(a.size()) * sizeof(QChar))

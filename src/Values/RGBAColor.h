@@ -21,16 +21,16 @@ struct RGBAColor
     /// Trims what is not alphanumeric from both ends and scans the rest as a hexadecimal number up
     /// to its first other character. Six characters give two digits a channel, three one digit
     /// doubled; any other length gives black. \a alpha is taken as given.
-    static RGBAColor fromHex(QStringView hex, double alpha = 1);
+    [[nodiscard]] static RGBAColor fromHex(QStringView hex, double alpha = 1);
 
     /// The four sRGB components of \a color; opaque white if it has no such form (an invalid one).
-    static RGBAColor fromColor(const QColor &color);
+    [[nodiscard]] static RGBAColor fromColor(const QColor &color);
 
     /// The reverse of fromColor(); channels outside 0 to 1 are clamped.
     QColor toColor() const;
 
     /// \a rgb is 0xRRGGBB.
-    static constexpr RGBAColor fromRgb(std::uint32_t rgb, double alpha = 1)
+    [[nodiscard]] static constexpr RGBAColor fromRgb(std::uint32_t rgb, double alpha = 1)
     {
         return {((rgb >> 16U) & 255U) / 255.0, ((rgb >> 8U) & 255U) / 255.0, (rgb & 255U) / 255.0,
                 alpha};

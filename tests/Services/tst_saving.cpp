@@ -214,6 +214,25 @@ private slots:
         QCOMPARE(f.names(), (QStringList{u"archive"_s, u"current"_s, u"Sunday.quenara"_s}));
     }
 
+    void linksAreFollowedAsFarAsTheSystemFollowsThem()
+    {
+        constexpr int longestChain = 40;
+        Folder f;
+        const auto linkAt = [&f](int length) {
+            return length == 0 ? f.path : f.folder.filePath(u"link%1"_s.arg(length));
+        };
+        for (int length = 1; length <= longestChain + 1; ++length)
+            QVERIFY(QFile::link(linkAt(length - 1), linkAt(length)));
+        f.project.name = u"At the end of the chain"_s;
+        f.save(linkAt(longestChain));
+        const QByteArray saved = contents(f.path);
+        QCOMPARE(ProjectFileService::load(f.url(), someTime()).name, f.project.name);
+        f.project.name = u"Too far"_s;
+        QVERIFY(f.savingFails(linkAt(longestChain + 1)));
+        QCOMPARE(contents(f.path), saved);
+        QVERIFY(QFileInfo(linkAt(1)).isSymLink());
+    }
+
     void nothingIsLeftWhereSavingFails_data()
     {
         QTest::addColumn<QString>("name");

@@ -66,7 +66,7 @@ int broughtToDisk(int file)
 
 } // namespace
 
-// These stand in the place of the C library's, for the toolkit as well.
+// These stand in the place of the C library's, for Qt as well.
 // NOLINTBEGIN(readability-inconsistent-declaration-parameter-name): its names are not ours to use
 
 extern "C" int open(const char *path, int flags, ...)
@@ -165,6 +165,22 @@ private slots:
         QVERIFY(replaceFile(m_path, newBytes));
         QCOMPARE(askedSystem.calls,
                  (QStringList{makingUnnamed, newFileToDisk, naming, renaming, folderToDisk}));
+    }
+
+    void aProgramWithoutStandardInputSavesTheSameWay()
+    {
+        const int input = ::dup(STDIN_FILENO);
+        QVERIFY(input > 0);
+        ::close(STDIN_FILENO); // the next file that is opened takes its number
+        const bool isReplaced = replaceFile(m_path, newBytes);
+        const bool isOneLeftOpen = ::fcntl(STDIN_FILENO, F_GETFD) >= 0;
+        QCOMPARE(::dup2(input, STDIN_FILENO), STDIN_FILENO);
+        ::close(input);
+        QVERIFY(isReplaced);
+        QVERIFY(!isOneLeftOpen);
+        QCOMPARE(askedSystem.calls,
+                 (QStringList{makingUnnamed, newFileToDisk, naming, renaming, folderToDisk}));
+        QCOMPARE(contents(), newBytes);
     }
 
     void theOldFileStaysWhereTheSystemRefuses_data()

@@ -133,6 +133,17 @@ private slots:
         QCOMPARE(show.selection(), (Selection{u"A"_s, u"A1"_s, {}, u"A1"_s, u"A1.lyric"_s}));
     }
 
+    void selectingAnItemChangesTheItemAlone()
+    {
+        Show show;
+        show.store.selectServiceItem(u"D"_s);
+        QCOMPARE(show.selection(), (Selection{u"D"_s, u"A1"_s, u"A1"_s, u"A1"_s, u"A1.lyric"_s}));
+        show.store.selectServiceItem(u"C"_s);
+        QCOMPARE(show.selection(), (Selection{u"C"_s, u"A1"_s, u"A1"_s, u"A1"_s, u"A1.lyric"_s}));
+        QVERIFY(!show.store.hasUnsavedChanges());
+        QVERIFY(!show.store.canUndo());
+    }
+
     void selectingALayerChangesTheLayerAlone()
     {
         Show show;

@@ -91,6 +91,8 @@ private slots:
         row("marks inside are kept", u"#1 2#", 0x1, 3);
         row("a character outside the first plane is one", u"f\U0001d7d8f", 0xf, 3);
         row("sixteen digits fit", u"ffffffffffffffff", 0xffffffffffffffff, 16);
+        row("sixteen digits just below the largest number", u"fffffffffffffffe", 0xfffffffffffffffe,
+            16);
         row("seventeen digits saturate", u"10000000000000000", 0xffffffffffffffff, 17);
         row("leading zeros do not saturate", u"00000000000000000001", 1, 20);
     }
