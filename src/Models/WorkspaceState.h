@@ -24,10 +24,9 @@ static_assert(casesStandAtTheirValues<OutputMode>);
 
 // What the workspace publishes: FIELD(type, name, initial value) for each field, in the order in
 // which changes are announced. The members of WorkspaceState and the properties, getters and
-// signals of WorkspaceStore are all made of this one list. Qt's meta-object compiler expands it,
-// too, and needs the full names of types.
+// signals of WorkspaceStore are all made of this one list.
 #define QUENARA_PUBLISHED_FIELDS(FIELD)                                                            \
-    FIELD(quenara::ZelvoProject, project, {})                                                      \
+    FIELD(ZelvoProject, project, {})                                                               \
     FIELD(std::optional<QString>, selectedServiceItemID, {})                                       \
     /* The slide being edited. */                                                                  \
     FIELD(std::optional<QString>, selectedSlideID, {})                                             \
@@ -37,12 +36,12 @@ static_assert(casesStandAtTheirValues<OutputMode>);
     FIELD(std::optional<QString>, liveSlideID, {})                                                 \
     /* The layer selected on the canvas. */                                                        \
     FIELD(std::optional<QString>, selectedElementID, {})                                           \
-    FIELD(quenara::OutputMode, outputMode, quenara::OutputMode::live)                              \
+    FIELD(OutputMode, outputMode, OutputMode::live)                                                \
     /* Where the project was opened from or saved to. */                                           \
     FIELD(std::optional<QUrl>, currentFileURL, {})                                                 \
     FIELD(bool, hasUnsavedChanges, false)                                                          \
     /* Newest first. */                                                                            \
-    FIELD(QList<quenara::RecentProject>, recentProjects, {})                                       \
+    FIELD(QList<RecentProject>, recentProjects, {})                                                \
     FIELD(bool, isStartPanelPresented, false)                                                      \
     FIELD(bool, isSongImportPresented, false)                                                      \
     /* Shown as an alert while present. */                                                         \

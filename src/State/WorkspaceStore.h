@@ -81,7 +81,7 @@ public:
     void toggleBlackout();
     void toggleLogo();
 
-    // Gestures (WorkspaceStoreEditing.cpp)
+    // Gestures and history (WorkspaceStoreEditing.cpp)
 
     /// Opens a gesture, such as a drag or the typing into one field: all update operations until it
     /// ends are one undo step together, or none while they leave the project as it was before. The
@@ -96,10 +96,13 @@ public:
     void cancelGesture(GestureID gesture);
     bool isGestureOpen(GestureID gesture) const;
 
-    // Editing (WorkspaceStoreEditing.cpp); see RundownEdits.h for what each does
-
     void undo();
     void redo();
+
+    // What changes the project are slots, so that tests can see that they try each of them.
+public slots:
+    // Items and slides (WorkspaceStoreEditing.cpp); see RundownEdits.h for what each does
+
     void updateProjectName(const QString &name);
     void addServiceItem(ServiceItemType type);
     void updateServiceItem(const QString &id, const std::function<void(ServiceItem &)> &update);
@@ -126,6 +129,7 @@ public:
     void bringSelectedElementForward();
     void sendSelectedElementBackward();
 
+public:
     // Documents (WorkspaceStoreDocuments.cpp); none asks before it drops unsaved changes
 
     void newBlankProject();
