@@ -1,6 +1,7 @@
 #include "EditingBenchmarks.h"
 
 #include "BenchStore.h"
+#include "EveryEdit.h"
 #include "ProjectGenerator.h"
 #include "Show.h"
 
@@ -52,59 +53,6 @@ struct Workspace : BenchStore
 private:
     int m_editNumber = 0;
 };
-
-struct Edit
-{
-    const char *name;
-    std::function<void(WorkspaceStore &)> run;
-};
-
-Edit edit(const char *name, void (WorkspaceStore::*operation)())
-{
-    return {name, [operation](WorkspaceStore &store) { (store.*operation)(); }};
-}
-
-QList<Edit> allEdits()
-{
-    using Store = WorkspaceStore;
-    return {
-        {"renaming the project", [](Store &s) { s.updateProjectName(QStringLiteral("New")); }},
-        {"updating an item",
-         [](Store &s) {
-             s.updateServiceItem(*s.selectedServiceItemID(),
-                                 [](ServiceItem &item) { item.title += u'+'; });
-         }},
-        {"updating a slide",
-         [](Store &s) { s.updateSelectedSlide([](Slide &slide) { slide.title += u'+'; }); }},
-        {"updating a layer",
-         [](Store &s) {
-             s.updateSelectedElement([](SlideElement &element) { element.frame.x += 1; });
-         }},
-        {"adding an item", [](Store &s) { s.addServiceItem(ServiceItemType::song); }},
-        {"importing a song",
-         [](Store &s) {
-             s.importSong(QStringLiteral("Song"), QStringLiteral("a\nb\n\n").repeated(8));
-         }},
-        edit("deleting an item", &Store::deleteSelectedServiceItem),
-        {"moving an item down", [](Store &s) { s.moveSelectedServiceItem(1); }},
-        {"moving an item up", [](Store &s) { s.moveSelectedServiceItem(-1); }},
-        edit("adding a slide", &Store::addSlide),
-        edit("duplicating a slide", &Store::duplicateSelectedSlide),
-        edit("deleting a slide", &Store::deleteSelectedSlide),
-        {"moving a slide down", [](Store &s) { s.moveSelectedSlide(1); }},
-        {"moving a slide up", [](Store &s) { s.moveSelectedSlide(-1); }},
-        {"applying a template",
-         [](Store &s) { s.applyTemplateToSelectedSlide(QStringLiteral("closing")); }},
-        {"adding a text", [](Store &s) { s.addTextLayer(SlideElementKind::text); }},
-        edit("adding a shape", &Store::addShapeLayer),
-        edit("adding a picture", &Store::addImageLayerWithPanel),
-        edit("setting a background", &Store::setBackgroundImageWithPanel),
-        edit("duplicating a layer", &Store::duplicateSelectedElement),
-        edit("deleting a layer", &Store::deleteSelectedElement),
-        edit("raising a layer", &Store::bringSelectedElementForward),
-        edit("lowering a layer", &Store::sendSelectedElementBackward),
-    };
-}
 
 /// A plain copy of the bytes of all slide records.
 double copyOfTheSlides(const ZelvoProject &project)
@@ -171,7 +119,7 @@ void measureEdits(Workspace &workspace, const QString &slideID, WorstTimes &wors
         benchmark::DoNotOptimize(store.flattenedSlides().size());
         times.measure(operation);
     };
-    for (const Edit &edit : allEdits()) {
+    for (const test::NamedEdit &edit : test::everyEdit()) {
         Times editing;
         Times undoing;
         Times redoing;

@@ -20,6 +20,11 @@ Operation call(void (WorkspaceStore::*operation)())
     return [operation](World &world) { (world.store.*operation)(); };
 }
 
+Operation operationOf(const NamedEdit &edit)
+{
+    return [edit](World &world) { world.run(edit); };
+}
+
 void rename(World &world, const QString &name)
 {
     world.store.updateProjectName(name);
@@ -29,7 +34,7 @@ void rename(World &world, const QString &name)
 bool takesAStep(World &world, const NamedEdit &edit)
 {
     const qsizetype steps = world.store.undoStore().undoStack().size();
-    edit.run(world);
+    world.run(edit);
     return world.store.undoStore().undoStack().size() > steps;
 }
 
@@ -123,8 +128,8 @@ private slots:
         const ZelvoProject before = world.store.project();
         const GestureID gesture = world.store.beginGesture();
         for (const NamedEdit &edit : everyEdit()) {
-            if (edit.isUpdate)
-                edit.run(world);
+            if (edit.joinsGesture)
+                world.run(edit);
         }
         world.store.endGesture(gesture);
         QCOMPARE(world.store.undoStore().undoStack(), QList{before});
@@ -221,8 +226,8 @@ private slots:
         const Snapshot before = snapshotOf(world.store);
         const GestureID gesture = world.store.beginGesture();
         for (const NamedEdit &edit : everyEdit()) {
-            if (edit.isUpdate)
-                edit.run(world);
+            if (edit.joinsGesture)
+                world.run(edit);
         }
         QVERIFY(!(snapshotOf(world.store) == before));
         world.store.cancelGesture(gesture);
@@ -278,8 +283,8 @@ private slots:
         });
         for (const NamedEdit &edit : everyEdit()) {
             SavedWorld world;
-            if (!edit.isUpdate && takesAStep(world, edit))
-                row(edit.name, edit.run);
+            if (!edit.joinsGesture && takesAStep(world, edit))
+                row(edit.name, operationOf(edit));
         }
     }
 
@@ -305,8 +310,8 @@ private slots:
         QTest::addColumn<Operation>("edit");
         for (const NamedEdit &edit : everyEdit()) {
             SavedWorld world;
-            if (!edit.isUpdate && takesAStep(world, edit))
-                QTest::newRow(edit.name) << edit.run;
+            if (!edit.joinsGesture && takesAStep(world, edit))
+                QTest::newRow(edit.name) << operationOf(edit);
         }
     }
 
@@ -608,8 +613,8 @@ private:
     {
         QTest::addColumn<Operation>("update");
         for (const NamedEdit &edit : everyEdit()) {
-            if (edit.isUpdate)
-                QTest::newRow(edit.name) << edit.run;
+            if (edit.joinsGesture)
+                QTest::newRow(edit.name) << operationOf(edit);
         }
     }
 };

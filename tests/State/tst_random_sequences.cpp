@@ -1,3 +1,4 @@
+#include "EveryEdit.h"
 #include "ProjectNormalizer.h"
 #include "ProjectTemplates.h"
 #include "Show.h"
@@ -227,8 +228,12 @@ const QList<Step> &steps()
     return all;
 }
 
-/// Changes the project, if there is something to work on; says whether there was.
-using Edit = bool (*)(Run &);
+struct Edit
+{
+    const char *operation;
+    /// Changes the project, if there is something to work on; says whether there was.
+    bool (*run)(Run &);
+};
 
 bool isItemSelected(const Run &run)
 {
@@ -250,104 +255,135 @@ bool isLayerSelected(const Run &run)
 const QList<Edit> &edits()
 {
     static const QList<Edit> all = {
-        [](Run &run) {
-            run.store().addServiceItem(ServiceItemType(run.random.bounded(7)));
-            return true;
-        },
-        [](Run &run) {
-            run.store().addSlide();
-            return true;
-        },
-        [](Run &run) {
-            run.store().updateProjectName(QString::number(run.random.bounded(3)));
-            return true;
-        },
-        [](Run &run) {
-            const int number = run.random.bounded(100);
-            run.store().updateServiceItem(run.anyItem(), [number](ServiceItem &item) {
-                item.title = QString::number(number);
-                item.orderIndex = number;
-                if (number % 4 == 0 && item.slides.size() > 1)
-                    item.slides.move(0, item.slides.size() - 1);
-            });
-            return true;
-        },
-        [](Run &run) {
-            const bool possible = run.model.at.item.has_value();
-            run.store().deleteSelectedServiceItem();
-            return possible;
-        },
-        [](Run &run) {
-            const int delta = run.random.bounded(-2, 3);
-            const qsizetype from =
-                isItemSelected(run) ? run.model.items.indexOf(*run.model.at.item) : -1;
-            run.store().moveSelectedServiceItem(delta);
-            return from >= 0 && from + delta >= 0 && from + delta < run.model.items.size();
-        },
-        [](Run &run) {
-            run.store().duplicateSelectedSlide();
-            return isSlideSelected(run);
-        },
-        [](Run &run) {
-            run.store().deleteSelectedSlide();
-            return isSlideSelected(run);
-        },
-        [](Run &run) {
-            run.store().moveSelectedSlide(run.random.bounded(-2, 3));
-            return run.model.at.slide.has_value();
-        },
-        [](Run &run) {
-            const int number = run.random.bounded(100);
-            run.store().updateSelectedSlide([number](Slide &slide) {
-                slide.title = QString::number(number);
-                if (number % 3 == 0 && !slide.design.elements.isEmpty())
-                    slide.design.elements.removeFirst();
-            });
-            return isSlideSelected(run);
-        },
-        [](Run &run) {
-            const auto templates = ProjectTemplates::templates();
-            run.store().applyTemplateToSelectedSlide(
-                templates.at(run.random.bounded(int(templates.size()))).id);
-            return isSlideSelected(run);
-        },
-        [](Run &run) {
-            run.store().importSong(u"Song"_s, u"a\n\n"_s.repeated(run.random.bounded(3)));
-            return true;
-        },
-        [](Run &run) {
-            run.store().addTextLayer(SlideElementKind(run.random.bounded(6)));
-            return isSlideSelected(run);
-        },
-        [](Run &run) {
-            run.store().addShapeLayer();
-            return isSlideSelected(run);
-        },
-        [](Run &run) {
-            const int number = run.random.bounded(100);
-            run.store().updateSelectedElement([number](SlideElement &element) {
-                element.zIndex = number;
-                if (number % 5 == 0)
-                    element.id = u"layer %1"_s.arg(number);
-            });
-            return isLayerSelected(run);
-        },
-        [](Run &run) {
-            run.store().duplicateSelectedElement();
-            return isLayerSelected(run);
-        },
-        [](Run &run) {
-            run.store().deleteSelectedElement();
-            return isLayerSelected(run);
-        },
-        [](Run &run) {
-            run.store().bringSelectedElementForward();
-            return isLayerSelected(run);
-        },
-        [](Run &run) {
-            run.store().sendSelectedElementBackward();
-            return isLayerSelected(run);
-        },
+        {"addServiceItem",
+         [](Run &run) {
+             run.store().addServiceItem(ServiceItemType(run.random.bounded(7)));
+             return true;
+         }},
+        {"addSlide",
+         [](Run &run) {
+             run.store().addSlide();
+             return true;
+         }},
+        {"updateProjectName",
+         [](Run &run) {
+             run.store().updateProjectName(QString::number(run.random.bounded(3)));
+             return true;
+         }},
+        {"updateServiceItem",
+         [](Run &run) {
+             const int number = run.random.bounded(100);
+             run.store().updateServiceItem(run.anyItem(), [number](ServiceItem &item) {
+                 item.title = QString::number(number);
+                 item.orderIndex = number;
+                 if (number % 4 == 0 && item.slides.size() > 1)
+                     item.slides.move(0, item.slides.size() - 1);
+             });
+             return true;
+         }},
+        {"deleteSelectedServiceItem",
+         [](Run &run) {
+             const bool possible = run.model.at.item.has_value();
+             run.store().deleteSelectedServiceItem();
+             return possible;
+         }},
+        {"moveSelectedServiceItem",
+         [](Run &run) {
+             const int delta = run.random.bounded(-2, 3);
+             const qsizetype from =
+                 isItemSelected(run) ? run.model.items.indexOf(*run.model.at.item) : -1;
+             run.store().moveSelectedServiceItem(delta);
+             return from >= 0 && from + delta >= 0 && from + delta < run.model.items.size();
+         }},
+        {"duplicateSelectedSlide",
+         [](Run &run) {
+             run.store().duplicateSelectedSlide();
+             return isSlideSelected(run);
+         }},
+        {"deleteSelectedSlide",
+         [](Run &run) {
+             run.store().deleteSelectedSlide();
+             return isSlideSelected(run);
+         }},
+        {"moveSelectedSlide",
+         [](Run &run) {
+             run.store().moveSelectedSlide(run.random.bounded(-2, 3));
+             return run.model.at.slide.has_value();
+         }},
+        {"updateSelectedSlide",
+         [](Run &run) {
+             const int number = run.random.bounded(100);
+             run.store().updateSelectedSlide([number](Slide &slide) {
+                 slide.title = QString::number(number);
+                 if (number % 3 == 0 && !slide.design.elements.isEmpty())
+                     slide.design.elements.removeFirst();
+             });
+             return isSlideSelected(run);
+         }},
+        {"applyTemplateToSelectedSlide",
+         [](Run &run) {
+             const auto templates = ProjectTemplates::templates();
+             run.store().applyTemplateToSelectedSlide(
+                 templates.at(run.random.bounded(int(templates.size()))).id);
+             return isSlideSelected(run);
+         }},
+        {"importSong",
+         [](Run &run) {
+             run.store().importSong(u"Song"_s, u"a\n\n"_s.repeated(run.random.bounded(3)));
+             return true;
+         }},
+        {"addTextLayer",
+         [](Run &run) {
+             run.store().addTextLayer(SlideElementKind(run.random.bounded(6)));
+             return isSlideSelected(run);
+         }},
+        {"addShapeLayer",
+         [](Run &run) {
+             run.store().addShapeLayer();
+             return isSlideSelected(run);
+         }},
+        {"updateSelectedElement",
+         [](Run &run) {
+             const int number = run.random.bounded(100);
+             run.store().updateSelectedElement([number](SlideElement &element) {
+                 element.zIndex = number;
+                 if (number % 5 == 0)
+                     element.id = u"layer %1"_s.arg(number);
+             });
+             return isLayerSelected(run);
+         }},
+        {"addImageLayerWithPanel",
+         [](Run &run) {
+             run.world.offerPicture();
+             run.store().addImageLayerWithPanel();
+             return isSlideSelected(run);
+         }},
+        {"setBackgroundImageWithPanel",
+         [](Run &run) {
+             run.world.offerPicture();
+             run.store().setBackgroundImageWithPanel();
+             return isSlideSelected(run);
+         }},
+        {"duplicateSelectedElement",
+         [](Run &run) {
+             run.store().duplicateSelectedElement();
+             return isLayerSelected(run);
+         }},
+        {"deleteSelectedElement",
+         [](Run &run) {
+             run.store().deleteSelectedElement();
+             return isLayerSelected(run);
+         }},
+        {"bringSelectedElementForward",
+         [](Run &run) {
+             run.store().bringSelectedElementForward();
+             return isLayerSelected(run);
+         }},
+        {"sendSelectedElementBackward",
+         [](Run &run) {
+             run.store().sendSelectedElementBackward();
+             return isLayerSelected(run);
+         }},
     };
     return all;
 }
@@ -360,6 +396,8 @@ void compare(const Run &run)
     QCOMPARE(store.outputMode(), run.model.mode);
     QCOMPARE(store.undoStore().undoStack(), run.model.past);
     QCOMPARE(store.undoStore().redoStack(), run.model.future);
+    QCOMPARE(store.canUndo(), !run.model.past.isEmpty());
+    QCOMPARE(store.canRedo(), !run.model.future.isEmpty());
     QCOMPARE(store.flattenedSlides(), flattenedSlides(store.project()));
     const qsizetype live = run.model.indexOf(run.model.at.live);
     const Id next = live + 1 < run.model.show.size() ? Id(run.model.show.at(live + 1).slide) : Id();
@@ -392,8 +430,8 @@ void takeStep(Run &run)
 void takeEdit(Run &run)
 {
     const WorkspaceState before = run.store().state();
-    const Edit edit = edits().at(run.random.bounded(int(edits().size())));
-    if (!edit(run)) {
+    const Edit &edit = edits().at(run.random.bounded(int(edits().size())));
+    if (!edit.run(run)) {
         QCOMPARE(run.store().state(), before);
         return;
     }
@@ -464,6 +502,15 @@ class TestRandomSequences : public QObject
     Q_OBJECT
 
 private slots:
+    void everyOperationThatEditsTakesPart()
+    {
+        QStringList taking;
+        for (const Edit &edit : edits())
+            taking.append(QString::fromLatin1(edit.operation));
+        taking.sort();
+        QCOMPARE(taking, editingOperations());
+    }
+
     void anySequenceKeepsToTheRulesAndIsUndoneToItsStart_data()
     {
         QTest::addColumn<quint32>("seed");

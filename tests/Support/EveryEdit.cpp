@@ -1,6 +1,6 @@
 #include "EveryEdit.h"
 
-#include "Pictures.h"
+#include <QMetaMethod>
 
 namespace quenara::test {
 
@@ -8,33 +8,29 @@ namespace {
 
 using Needs = NamedEdit::Needs;
 
-std::function<void(World &)> call(void (WorkspaceStore::*operation)())
+using Run = std::function<void(WorkspaceStore &)>;
+
+Run addText(SlideElementKind kind)
 {
-    return [operation](World &world) { (world.store.*operation)(); };
+    return [kind](WorkspaceStore &store) { store.addTextLayer(kind); };
 }
 
-std::function<void(World &)> callWithPicture(void (WorkspaceStore::*operation)())
+Run moveItem(qsizetype delta)
 {
-    return [operation](World &world) {
-        world.panels.answer =
-            world.written(QStringLiteral("picture.png"), encoded(quarters({8, 8}), "PNG"));
-        (world.store.*operation)();
-    };
+    return [delta](WorkspaceStore &store) { store.moveSelectedServiceItem(delta); };
 }
 
-std::function<void(World &)> addText(SlideElementKind kind)
+Run moveSlide(qsizetype delta)
 {
-    return [kind](World &world) { world.store.addTextLayer(kind); };
+    return [delta](WorkspaceStore &store) { store.moveSelectedSlide(delta); };
 }
 
-std::function<void(World &)> moveItem(qsizetype delta)
+/// An operation without arguments that no gesture takes in.
+NamedEdit plain(const char *name, const char *operation, Needs needs,
+                void (WorkspaceStore::*function)())
 {
-    return [delta](World &world) { world.store.moveSelectedServiceItem(delta); };
-}
-
-std::function<void(World &)> moveSlide(qsizetype delta)
-{
-    return [delta](World &world) { world.store.moveSelectedSlide(delta); };
+    return {name, operation, needs, false,
+            [function](WorkspaceStore &store) { (store.*function)(); }};
 }
 
 void lengthen(QString &text)
@@ -44,62 +40,83 @@ void lengthen(QString &text)
 
 } // namespace
 
+QStringList editingOperations()
+{
+    const QMetaObject &store = WorkspaceStore::staticMetaObject;
+    QStringList operations;
+    for (int i = store.methodOffset(); i < store.methodCount(); ++i) {
+        if (store.method(i).methodType() == QMetaMethod::Slot)
+            operations.append(QString::fromLatin1(store.method(i).name()));
+    }
+    operations.sort();
+    return operations;
+}
+
 const QList<NamedEdit> &everyEdit()
 {
     using Store = WorkspaceStore;
     static const QList<NamedEdit> all = {
-        {"rename the project", Needs::nothing, true,
-         [](World &w) { w.store.updateProjectName(w.store.project().name + u'+'); }},
-        {"update an item", Needs::item, true,
-         [](World &w) {
-             w.store.updateServiceItem(w.store.selectedServiceItemID().value_or(QString()),
-                                       [](ServiceItem &item) { lengthen(item.title); });
+        {"rename the project", "updateProjectName", Needs::nothing, true,
+         [](Store &s) { s.updateProjectName(s.project().name + u'+'); }},
+        {"update an item", "updateServiceItem", Needs::item, true,
+         [](Store &s) {
+             s.updateServiceItem(s.selectedServiceItemID().value_or(QString()),
+                                 [](ServiceItem &item) { lengthen(item.title); });
          }},
-        {"update a slide", Needs::slide, true,
-         [](World &w) {
-             w.store.updateSelectedSlide([](Slide &slide) {
+        {"update a slide", "updateSelectedSlide", Needs::slide, true,
+         [](Store &s) {
+             s.updateSelectedSlide([](Slide &slide) {
                  lengthen(slide.title);
                  slide.design.background.dimAmount += 0.125;
              });
          }},
-        {"update a layer", Needs::layer, true,
-         [](World &w) {
-             w.store.updateSelectedElement([](SlideElement &element) {
+        {"update a layer", "updateSelectedElement", Needs::layer, true,
+         [](Store &s) {
+             s.updateSelectedElement([](SlideElement &element) {
                  lengthen(element.name);
                  if (element.text)
                      lengthen(element.text->text);
              });
          }},
-        {"add an item", Needs::nothing, false,
-         [](World &w) { w.store.addServiceItem(ServiceItemType::scripture); }},
-        {"import a song", Needs::nothing, false,
-         [](World &w) {
-             w.store.importSong(QStringLiteral("Song"), QStringLiteral("[A]\na\n\nTag:\nb"));
+        {"add an item", "addServiceItem", Needs::nothing, false,
+         [](Store &s) { s.addServiceItem(ServiceItemType::scripture); }},
+        {"import a song", "importSong", Needs::nothing, false,
+         [](Store &s) {
+             s.importSong(QStringLiteral("Song"), QStringLiteral("[A]\na\n\nTag:\nb"));
          }},
-        {"import a song without words", Needs::nothing, false,
-         [](World &w) { w.store.importSong(QString(), QString()); }},
-        {"delete an item", Needs::item, false, call(&Store::deleteSelectedServiceItem)},
-        {"move an item down", Needs::item, false, moveItem(1)},
-        {"move an item up", Needs::item, false, moveItem(-1)},
-        {"move an item two down", Needs::item, false, moveItem(2)},
-        {"add a slide", Needs::nothing, false, call(&Store::addSlide)},
-        {"duplicate a slide", Needs::slide, false, call(&Store::duplicateSelectedSlide)},
-        {"delete a slide", Needs::slide, false, call(&Store::deleteSelectedSlide)},
-        {"move a slide down", Needs::slide, false, moveSlide(1)},
-        {"move a slide up", Needs::slide, false, moveSlide(-1)},
-        {"apply a template", Needs::slide, false,
-         [](World &w) { w.store.applyTemplateToSelectedSlide(QStringLiteral("announcement")); }},
-        {"add a text", Needs::slide, false, addText(SlideElementKind::text)},
-        {"add a scripture", Needs::slide, false, addText(SlideElementKind::scriptureText)},
-        {"add a lyric", Needs::slide, false, addText(SlideElementKind::songLyricText)},
-        {"add a shape", Needs::slide, false, call(&Store::addShapeLayer)},
-        {"add a picture", Needs::slide, false, callWithPicture(&Store::addImageLayerWithPanel)},
-        {"set the background's picture", Needs::slide, false,
-         callWithPicture(&Store::setBackgroundImageWithPanel)},
-        {"duplicate a layer", Needs::layer, false, call(&Store::duplicateSelectedElement)},
-        {"delete a layer", Needs::layer, false, call(&Store::deleteSelectedElement)},
-        {"bring a layer forward", Needs::layer, false, call(&Store::bringSelectedElementForward)},
-        {"send a layer backward", Needs::layer, false, call(&Store::sendSelectedElementBackward)},
+        {"import a song without words", "importSong", Needs::nothing, false,
+         [](Store &s) { s.importSong(QString(), QString()); }},
+        plain("delete an item", "deleteSelectedServiceItem", Needs::item,
+              &Store::deleteSelectedServiceItem),
+        {"move an item down", "moveSelectedServiceItem", Needs::item, false, moveItem(1)},
+        {"move an item up", "moveSelectedServiceItem", Needs::item, false, moveItem(-1)},
+        {"move an item two down", "moveSelectedServiceItem", Needs::item, false, moveItem(2)},
+        plain("add a slide", "addSlide", Needs::nothing, &Store::addSlide),
+        plain("duplicate a slide", "duplicateSelectedSlide", Needs::slide,
+              &Store::duplicateSelectedSlide),
+        plain("delete a slide", "deleteSelectedSlide", Needs::slide, &Store::deleteSelectedSlide),
+        {"move a slide down", "moveSelectedSlide", Needs::slide, false, moveSlide(1)},
+        {"move a slide up", "moveSelectedSlide", Needs::slide, false, moveSlide(-1)},
+        {"apply a template", "applyTemplateToSelectedSlide", Needs::slide, false,
+         [](Store &s) { s.applyTemplateToSelectedSlide(QStringLiteral("announcement")); }},
+        {"add a text", "addTextLayer", Needs::slide, false, addText(SlideElementKind::text)},
+        {"add a scripture", "addTextLayer", Needs::slide, false,
+         addText(SlideElementKind::scriptureText)},
+        {"add a lyric", "addTextLayer", Needs::slide, false,
+         addText(SlideElementKind::songLyricText)},
+        plain("add a shape", "addShapeLayer", Needs::slide, &Store::addShapeLayer),
+        plain("add a picture", "addImageLayerWithPanel", Needs::slide,
+              &Store::addImageLayerWithPanel),
+        plain("set the background's picture", "setBackgroundImageWithPanel", Needs::slide,
+              &Store::setBackgroundImageWithPanel),
+        plain("duplicate a layer", "duplicateSelectedElement", Needs::layer,
+              &Store::duplicateSelectedElement),
+        plain("delete a layer", "deleteSelectedElement", Needs::layer,
+              &Store::deleteSelectedElement),
+        plain("bring a layer forward", "bringSelectedElementForward", Needs::layer,
+              &Store::bringSelectedElementForward),
+        plain("send a layer backward", "sendSelectedElementBackward", Needs::layer,
+              &Store::sendSelectedElementBackward),
     };
     return all;
 }

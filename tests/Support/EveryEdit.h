@@ -1,8 +1,9 @@
 #pragma once
 
-#include "TestSupport.h"
+#include "WorkspaceStore.h"
 
 #include <QList>
+#include <QStringList>
 
 #include <functional>
 
@@ -12,14 +13,21 @@ namespace quenara::test {
 struct NamedEdit
 {
     const char *name;
+    /// The operation: the name of a slot of WorkspaceStore.
+    const char *operation;
     /// What it needs to have anything to do.
     enum class Needs { nothing, item, slide, layer } needs;
-    /// True for the operations that a gesture holds together.
-    bool isUpdate;
-    std::function<void(World &)> run;
+    /// True for the operations that a gesture makes one undo step of.
+    bool joinsGesture;
+    /// Some ask for a picture by the store's file panels.
+    std::function<void(WorkspaceStore &)> run;
 };
 
-/// All of them, each at least once.
+/// The operations of WorkspaceStore that change the project, which are its slots: their names in
+/// alphabetical order.
+QStringList editingOperations();
+
+/// Each of them at least once.
 const QList<NamedEdit> &everyEdit();
 
 } // namespace quenara::test

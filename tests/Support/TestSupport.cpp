@@ -1,5 +1,7 @@
 #include "TestSupport.h"
 
+#include "EveryEdit.h"
+#include "Pictures.h"
 #include "ProjectTemplates.h"
 
 #include <QFile>
@@ -76,6 +78,18 @@ QUrl World::written(const QString &name, const QByteArray &bytes, const Caller &
     if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
         fail(QStringLiteral("cannot write ") + file.fileName(), caller);
     return fileUrl(name);
+}
+
+void World::offerPicture(const Caller &caller)
+{
+    panels.answer =
+        written(QStringLiteral("picture.png"), encoded(quarters({8, 8}), "PNG"), caller);
+}
+
+void World::run(const NamedEdit &edit, const Caller &caller)
+{
+    offerPicture(caller);
+    edit.run(store);
 }
 
 Slide World::slide(const Caller &caller) const

@@ -22,6 +22,8 @@ inline char *QTest::toString(const std::optional<QString> &text)
 
 namespace quenara::test {
 
+struct NamedEdit;
+
 /// Answers file panels as a test has prepared and keeps what was asked.
 class PreparedPanels : public FilePanelRunner
 {
@@ -57,6 +59,11 @@ struct World
     /// fileUrl() of a file that is made to hold \a bytes.
     QUrl written(const QString &name, const QByteArray &bytes,
                  const Caller &caller = Caller::current()) const;
+
+    /// Makes the operator choose a picture in every file panel from now on.
+    void offerPicture(const Caller &caller = Caller::current());
+    /// Runs \a edit with a picture to choose.
+    void run(const NamedEdit &edit, const Caller &caller = Caller::current());
 
     /// The selected slide, which there has to be.
     Slide slide(const Caller &caller = Caller::current()) const;
