@@ -4,6 +4,7 @@
 #include "InspectorView.h"
 #include "Panels.h"
 #include "ProjectBar.h"
+#include "QtWorkarounds.h"
 #include "RundownView.h"
 #include "TransportView.h"
 #include "Typing.h"
@@ -18,15 +19,6 @@ namespace quenara {
 namespace {
 
 constexpr int canvasMinimumWidth = 560;
-
-/// Has the layouts done that are asked for. Else parts would be painted where they were before, and
-/// again where they belong: each layout tells the one around it by an event of its own.
-void layOutNow()
-{
-    constexpr int depth = 8; // layouts within one another; what lies deeper is laid out later
-    for (int i = 0; i < depth; ++i)
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
-}
 
 } // namespace
 

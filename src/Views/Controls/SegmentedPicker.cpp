@@ -1,5 +1,7 @@
 #include "SegmentedPicker.h"
 
+#include "ExclusiveButtons.h"
+
 #include <QHBoxLayout>
 #include <QPushButton>
 
@@ -35,11 +37,7 @@ SegmentedPicker::SegmentedPicker(const QString &title, const QStringList &segmen
 
 void SegmentedPicker::setCurrentIndex(int index)
 {
-    // An exclusive group does not let go of its last choice.
-    m_segments.setExclusive(false);
-    for (QAbstractButton *button : m_segments.buttons())
-        button->setChecked(m_segments.id(button) == index);
-    m_segments.setExclusive(true);
+    checkOnly(m_segments, index);
 }
 
 void SegmentedPicker::setShortcuts(const QList<QKeySequence> &shortcuts)

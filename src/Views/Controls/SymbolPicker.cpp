@@ -1,5 +1,6 @@
 #include "SymbolPicker.h"
 
+#include "ExclusiveButtons.h"
 #include "SymbolButton.h"
 
 #include <QHBoxLayout>
@@ -39,11 +40,7 @@ QString SymbolPicker::value() const
 
 void SymbolPicker::setValue(const QString &value)
 {
-    // An exclusive group does not let go of its last choice.
-    m_buttons.setExclusive(false);
-    for (QAbstractButton *button : m_buttons.buttons())
-        button->setChecked(m_values.at(m_buttons.id(button)) == value);
-    m_buttons.setExclusive(true);
+    checkOnly(m_buttons, int(m_values.indexOf(value)));
 }
 
 } // namespace quenara

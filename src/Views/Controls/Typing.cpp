@@ -1,6 +1,7 @@
 #include "Typing.h"
 
-#include <QAbstractItemView>
+#include "QtWorkarounds.h"
+
 #include <QApplication>
 #include <QLineEdit>
 
@@ -8,10 +9,8 @@ namespace quenara {
 
 bool takesText(const QObject *receiver)
 {
-    // Item views ask for an input method on behalf of their editors, which have the focus then.
     const auto *widget = qobject_cast<const QWidget *>(receiver);
-    return widget && widget->testAttribute(Qt::WA_InputMethodEnabled)
-        && !qobject_cast<const QAbstractItemView *>(widget);
+    return widget && wantsInputMethod(*widget);
 }
 
 void leaveField(QWidget &field)

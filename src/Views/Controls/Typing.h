@@ -6,7 +6,7 @@ class QWidget;
 namespace quenara {
 
 /// Whether keys that reach \a receiver are typed into a text there.
-bool takesText(const QObject *receiver);
+[[nodiscard]] bool takesText(const QObject *receiver);
 
 /// Ends the typing into \a field: it takes what was typed, and the keyboard goes to the nearest
 /// widget around it that takes the focus from a click. Keys are the show's there; merely cleared,

@@ -1,0 +1,22 @@
+#include "QtWorkarounds.h"
+
+#include <QAbstractItemView>
+#include <QCoreApplication>
+#include <QEvent>
+
+namespace quenara {
+
+void layOutNow()
+{
+    constexpr int depth = 8; // layouts within one another; what lies deeper is laid out later
+    for (int i = 0; i < depth; ++i)
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+}
+
+bool wantsInputMethod(const QWidget &widget)
+{
+    return widget.testAttribute(Qt::WA_InputMethodEnabled)
+        && !qobject_cast<const QAbstractItemView *>(&widget);
+}
+
+} // namespace quenara
