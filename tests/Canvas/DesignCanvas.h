@@ -4,7 +4,6 @@
 #include "CommandWorld.h"
 #include "DesignCanvasView.h"
 #include "GuiTestSupport.h"
-#include "InterfaceStyle.h"
 #include "PictureCache.h"
 #include "SlideCanvas.h"
 #include "SymbolButton.h"
@@ -21,38 +20,34 @@ struct DesignCanvas
     SlideCanvas *canvas = view.findChild<SlideCanvas *>();
     CanvasTextLayerEditor *editor = view.findChild<CanvasTextLayerEditor *>();
 
-    DesignCanvas() : DesignCanvas(showOf({2})) {}
-    explicit DesignCanvas(const ZelvoProject &project) : world(project) { setUp(); }
-
-    static void setTheme(const ZelvoTheme &theme)
+    explicit DesignCanvas(const ZelvoProject &project = showOf({2}),
+                          const Caller &caller = Caller::current())
+        : world(project)
     {
-        QApplication::setPalette(interfacePalette(theme));
-        qApp->setStyleSheet(interfaceStyleSheet(theme));
+        showIn(ZelvoTheme::dark());
+        view.resize(854, 664);
+        showActive(view, caller);
     }
 
-    SymbolButton *button(const QString &title) const
+    SymbolButton *button(const QString &title, const Caller &caller = Caller::current()) const
     {
-        for (auto *button : view.findChildren<SymbolButton *>()) {
-            if (button->text() == title)
-                return button;
-        }
-        qFatal("there is no button %s", qPrintable(title));
+        return &named<SymbolButton>(view, title, caller);
     }
 
     Slide slide() const { return *store.slideWithID(store.selectedSlideID()); }
 
-    SlideElement layer(const QString &id) const
+    SlideElement layer(const QString &id, const Caller &caller = Caller::current()) const
     {
         for (const SlideElement &element : slide().design.elements) {
             if (element.id == id)
                 return element;
         }
-        qFatal("there is no layer %s", qPrintable(id));
+        fail(QStringLiteral("there is no layer \"%1\"").arg(id), caller);
     }
 
     double scale() const { return canvas->slideRect().width() / slide().design.canvasSize.width; }
 
-    /// Of a point in canvas units.
+    /// Where a point of the slide, in canvas units, is on the canvas.
     QPoint pointOf(const QPointF &point) const
     {
         return (canvas->slideRect().topLeft() + point * scale()).toPoint();
@@ -98,17 +93,6 @@ struct DesignCanvas
     }
 
     QImage picture() { return view.grab().toImage().convertToFormat(QImage::Format_RGB32); }
-
-private:
-    void setUp()
-    {
-        setTheme(ZelvoTheme::dark());
-        view.resize(854, 664);
-        view.show();
-        view.activateWindow();
-        if (!QTest::qWaitForWindowActive(&view))
-            qFatal("the view does not become active");
-    }
 };
 
 } // namespace quenara::test

@@ -35,7 +35,7 @@ struct Editing : DesignCanvas
         QTest::keyClick(editor, key, modifiers);
     }
 
-    /// As an input method does.
+    /// Sends what an input method sends.
     void compose(const QString &preedit, const QString &commit = {}, int replaceFrom = 0,
                  int replaced = 0) const
     {
@@ -44,7 +44,7 @@ struct Editing : DesignCanvas
         QApplication::sendEvent(editor, &event);
     }
 
-    /// In the editor's coordinates, of the place before the \a index-th character.
+    /// The place before the \a index-th character, in the editor's coordinates.
     QPoint placeOf(int index) const
     {
         type(Qt::Key_Home, Qt::ControlModifier);
@@ -488,7 +488,7 @@ private slots:
         QFETCH(std::function<void(SlideElement &)>, style);
         Editing e(QStringLiteral("We rise and sing\nYou are faithful"));
         e.type(Qt::Key_Escape);
-        // On a slide of the editor's own colour the letters alone are to be seen.
+        // On a slide of the editor's own colour nothing but the letters is seen.
         const QColor input = ZelvoTheme::dark().inputBackground;
         e.store.updateSelectedSlide([&](Slide &slide) {
             slide.design.background =
@@ -506,7 +506,7 @@ private slots:
             const CanvasFrame frame = e.layer(lyric).frame;
             const QRectF box(e.pointOf({frame.x, frame.y}),
                              e.pointOf({frame.x + frame.width, frame.y + frame.height}));
-            // The marks of the selection and those of the editor aside.
+            // Without the marks of the selection and of the editor.
             painter.setPen(QPen(Qt::black, 24));
             for (const double rotation : {0.0, e.layer(lyric).rotation}) {
                 painter.translate(box.center());
@@ -563,7 +563,7 @@ private slots:
         QFETCH(RGBAColor, letters);
         QFETCH(QColor, expected);
         Editing e;
-        DesignCanvas::setTheme(isDark ? ZelvoTheme::dark() : ZelvoTheme::light());
+        showIn(isDark ? ZelvoTheme::dark() : ZelvoTheme::light());
         e.store.updateSelectedElement(
             [&](SlideElement &element) { element.text->textColor = letters; });
         QCOMPARE(e.editor->grab().toImage().pixelColor(12, 12), expected);

@@ -27,7 +27,7 @@ ZelvoProject shapes()
 const QString back = QStringLiteral("back");
 const QString front = QStringLiteral("front");
 
-/// How far a frame lies from where it is expected, at most, in canvas units.
+/// The largest distance between an edge of a frame and where it is expected, in canvas units.
 double distance(const CanvasFrame &a, const CanvasFrame &b)
 {
     return std::max({std::abs(a.x - b.x), std::abs(a.y - b.y), std::abs(a.width - b.width),
@@ -504,14 +504,14 @@ private slots:
     {
         DesignCanvas c(shapes());
         QCOMPARE(c.canvas->grab().toImage().pixelColor(1, 1), ZelvoTheme::dark().canvasBackground);
-        DesignCanvas::setTheme(ZelvoTheme::light());
+        showIn(ZelvoTheme::light());
         QCOMPARE(c.canvas->grab().toImage().pixelColor(1, 1), ZelvoTheme::light().canvasBackground);
     }
 
     void theSlideThrowsAShadowDownwards()
     {
         DesignCanvas c(shapes());
-        DesignCanvas::setTheme(ZelvoTheme::light());
+        showIn(ZelvoTheme::light());
         const QRect slide = c.canvas->slideRect().toAlignedRect();
         const QImage image = c.canvas->grab().toImage();
         const auto lightness = [&](int x, int y) { return image.pixelColor(x, y).lightness(); };

@@ -8,7 +8,7 @@ using Selecting = EditedText::Selecting;
 
 namespace {
 
-/// Of \a marked, where "|" is the caret and "^", if it is there, the anchor.
+/// The text that \a marked stands for: "|" is the caret and "^", if there is one, the anchor.
 EditedText edited(QString marked)
 {
     EditedText edit;
@@ -20,7 +20,7 @@ EditedText edited(QString marked)
     return edit;
 }
 
-/// The other way round.
+/// What edited() makes \a edit of.
 QString marked(const EditedText &edit)
 {
     QString text = edit.text;

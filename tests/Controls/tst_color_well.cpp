@@ -24,7 +24,7 @@ struct Well : Shown<ColorWell>
     }
 
     void click() { QTest::mouseClick(&control, Qt::LeftButton); }
-    /// The open ones.
+    /// The dialogs that are open.
     QList<QColorDialog *> dialogs() const
     {
         QList<QColorDialog *> open = control.findChildren<QColorDialog *>();

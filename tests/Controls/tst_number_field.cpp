@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A field with the focus that shows what is entered, as one does that is bound to a store.
+/// A field with the focus that shows what is entered, as one that is bound to a store.
 struct Entry : Shown<NumberField>
 {
     QList<double> entered;

@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A slider over -3 to 12 that shows what it is pulled to, as one does that is bound to a store.
+/// A slider from -3 to 12 that shows the value it is pulled to, as one that is bound to a store.
 struct Tracking : Shown<Slider>
 {
     QList<double> values;

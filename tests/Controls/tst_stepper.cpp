@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A stepper over 12 to 180 that shows where it has been stepped to.
+/// A stepper from 12 to 180 that shows the value it was stepped to.
 struct Size : Shown<Stepper>
 {
     QList<double> values;

@@ -8,7 +8,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Whether a symbol in \a ink is seen.
+/// Whether any pixel shows a symbol in \a ink.
 bool shows(QWidget &control, const QColor &ink)
 {
     const QImage image = control.grab().toImage();

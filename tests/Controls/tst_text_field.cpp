@@ -40,7 +40,7 @@ private slots:
         QCOMPARE(field.control.text(), text);
         QTEST(field.control.cursorPosition(), "expectedCaret");
         QTEST(field.control.selectedText(), "expectedSelection");
-        // It is the caret that moves on from where it is, not the other end.
+        // The caret moves on from its own end of the selection.
         if (caret < anchor && field.control.hasSelectedText()) {
             QTest::keyClick(&field.control, Qt::Key_Left, Qt::ShiftModifier);
             QCOMPARE(field.control.selectedText(), u"RACE"_s);

@@ -26,21 +26,11 @@ struct Sheet
     QLineEdit *title = sheet.findChild<QLineEdit *>();
     QPlainTextEdit *lyrics = sheet.findChild<QPlainTextEdit *>();
 
-    Sheet()
-    {
-        sheet.show();
-        sheet.activateWindow();
-        if (!QTest::qWaitForWindowActive(&sheet))
-            qFatal("the sheet does not become active");
-    }
+    explicit Sheet(const Caller &caller = Caller::current()) { showActive(sheet, caller); }
 
-    QPushButton *button(const QString &text) const
+    QPushButton *button(const QString &text, const Caller &caller = Caller::current()) const
     {
-        for (auto *candidate : sheet.findChildren<QPushButton *>()) {
-            if (candidate->text() == text)
-                return candidate;
-        }
-        qFatal("no button %s", qPrintable(text));
+        return &named<QPushButton>(sheet, text, caller);
     }
 
     void click(const QString &text) const { QTest::mouseClick(button(text), Qt::LeftButton); }

@@ -14,20 +14,17 @@ struct Editing : WindowingWorld
     ShortcutGuard shortcutGuard;
     DesignCanvasView view{store, commands, pictures};
 
-    Editing()
+    explicit Editing(const Caller &caller = Caller::current())
     {
         qApp->installEventFilter(&shortcutGuard);
         menus.addTo(view);
         view.resize(854, 664);
-        view.show();
-        view.activateWindow();
-        if (!QTest::qWaitForWindowActive(&view))
-            qFatal("the view does not become active");
+        showActive(view, caller);
         openText(view);
         press(Qt::Key_End, Qt::ControlModifier);
     }
 
-    /// As the desktop sends it: to the window.
+    /// Sends the key to the window, as the desktop does.
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier)
     {
         QTest::keyClick(view.windowHandle(), key, modifiers);

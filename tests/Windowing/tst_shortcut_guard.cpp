@@ -101,8 +101,7 @@ private slots:
         layout->addWidget(new QDialogButtonBox(QDialogButtonBox::Ok));
         connect(dialog.findChild<QDialogButtonBox *>(), &QDialogButtonBox::accepted, &dialog,
                 &QDialog::accept);
-        dialog.show();
-        QVERIFY(QTest::qWaitForWindowActive(&dialog));
+        showActive(dialog);
         box->setFocus();
         box->showPopup();
         QTest::keyClick(dialog.windowHandle(), key);

@@ -14,7 +14,7 @@ using namespace quenara::test;
 
 namespace {
 
-/// What a key writes; empty for one that does something else.
+/// The text that a key writes; empty for a key that does something else.
 QString textOf(Qt::Key key)
 {
     const QString name = QKeySequence(key).toString().toLower();
@@ -66,7 +66,8 @@ struct Typing : ProgramWindows
         return found;
     }
 
-    /// As its user begins: on the slide by a double click. All of the text is selected.
+    /// Begins to type as a user does, on the slide by a double click, with all of the text
+    /// selected.
     void begin(QWidget &control)
     {
         if (!control.isVisible()) {
@@ -88,7 +89,7 @@ struct Typing : ProgramWindows
         return store.selectedElement()->text->text;
     }
 
-    /// What of the service the keys of the menus change.
+    /// What the keys of the menus change of the service.
     QString service() const
     {
         return QStringLiteral("slide %1 live, slide %2 queued, mode %3")
