@@ -9,7 +9,7 @@ namespace quenara {
 
 /// The area behind a slide on the canvas, \a size points large, with the shadow of the slide at
 /// \a slide (points).
-QImage canvasBackdrop(const QSize &size, double devicePixelRatio, const QRectF &slide,
-                      ColorScheme scheme);
+[[nodiscard]] QImage canvasBackdrop(const QSize &size, double devicePixelRatio, const QRectF &slide,
+                                    ColorScheme scheme);
 
 } // namespace quenara

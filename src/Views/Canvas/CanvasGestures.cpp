@@ -13,7 +13,7 @@ constexpr double margin = 24; // points, on every side at least
 constexpr double snapDistance = 18; // canvas units
 constexpr double handleSize = 12; // points
 
-/// Not QRectF::contains(), which would turn a frame of negative size around.
+/// QRectF::contains() would count a frame of negative size as one of positive size.
 bool contains(const CanvasFrame &frame, const QPointF &point)
 {
     return point.x() >= frame.x && point.x() < frame.x + frame.width && point.y() >= frame.y

@@ -14,7 +14,7 @@ namespace quenara {
 
 namespace {
 
-/// Reads what the editor tells input methods, and asks of it what they do.
+/// Tells what the editor tells input methods, and moves the caret as they do.
 class CanvasTextInterface : public QAccessibleWidget, public QAccessibleTextInterface
 {
 public:
@@ -52,7 +52,7 @@ public:
         std::tie(*start, *end) = std::minmax({cursorPosition(), anchor()});
     }
 
-    /// Of the caret alone: what stands elsewhere the editor does not tell.
+    /// Empty but at the caret: the editor tells of no other place.
     QRect characterRect(int offset) const override
     {
         const QRect caret = m_editor.inputMethodQuery(Qt::ImCursorRectangle).toRect();
@@ -75,7 +75,7 @@ public:
     void scrollToSubstring(int /*start*/, int /*end*/) override {} // all of it is in sight
 
 private:
-    /// As an input method does.
+    /// Selects as an input method does.
     void select(int start, int end)
     {
         QGuiApplication::inputMethod()->commit();

@@ -66,7 +66,7 @@ void CanvasTextLayerEditor::endEditing()
     hide();
 }
 
-/// What is typed from now on is another step.
+/// What is typed from now on is another undo step.
 void CanvasTextLayerEditor::stopTyping()
 {
     m_store.endGesture(m_typing);
@@ -82,7 +82,7 @@ void CanvasTextLayerEditor::layOut()
     showCaret();
 }
 
-/// Lit, from now on blinking again.
+/// Shows the caret at once. It blinks from then on.
 void CanvasTextLayerEditor::showCaret()
 {
     m_isCaretOn = hasFocus();
@@ -135,7 +135,7 @@ void CanvasTextLayerEditor::keyPressEvent(QKeyEvent *event)
     }
 }
 
-/// What a key does; empty if nothing.
+/// What the key does; empty if it does nothing here.
 CanvasTextLayerEditor::Action CanvasTextLayerEditor::actionFor(const QKeyEvent &event)
 {
     for (const auto find : {&CanvasTextLayerEditor::movementFor, &CanvasTextLayerEditor::changeFor,
@@ -232,7 +232,7 @@ void CanvasTextLayerEditor::change(const std::function<void(EditedText &)> &edit
     QAccessible::updateAccessibility(&typed);
     if (!m_store.isGestureOpen(m_typing))
         m_typing = m_store.beginGesture();
-    // What the store then has comes back by setLayer().
+    // The canvas answers the store's change with setLayer().
     m_store.updateSelectedElement([text = m_edit.text](SlideElement &element) {
         if (element.text)
             element.text->text = text;

@@ -15,8 +15,8 @@
 
 namespace quenara {
 
-/// Edits the text of the selected layer where it stands on the canvas, set as the renderer sets it.
-/// Each change is written at once; what is typed in one go is one undo step.
+/// Edits the text of the selected layer where it stands on the canvas, laid out as the renderer
+/// lays it out. Each change is written at once. What is typed in one go is one undo step.
 class CanvasTextLayerEditor : public QWidget
 {
     Q_OBJECT
@@ -24,13 +24,14 @@ class CanvasTextLayerEditor : public QWidget
 public:
     CanvasTextLayerEditor(WorkspaceStore &store, QWidget *parent);
 
-    /// Stands over \a layer, which is the selected one and carries text. The slide's top left is at
-    /// \a slideTopLeft of the parent, and \a scale points are one canvas unit.
+    /// Lays the editor over \a layer, which is the selected one and has a text. The slide's top
+    /// left is at \a slideTopLeft of the parent, and \a scale points are one canvas unit.
     void setLayer(const SlideElement &layer, const QPointF &slideTopLeft, double scale);
 
-    /// Appears with the caret nearest to \a point of the parent and takes the keyboard.
+    /// Shows the editor with the caret nearest to \a point of the parent, and gives it the
+    /// keyboard.
     void beginEditing(const QPointF &point);
-    /// Disappears.
+    /// Hides the editor.
     void endEditing();
 
     QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;

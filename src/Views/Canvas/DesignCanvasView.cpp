@@ -50,7 +50,7 @@ QWidget *DesignCanvasView::makeHeader(const CommandActions &commands)
     titles->setSpacing(lineSpacing);
     titles->addStretch();
     titles->addWidget(m_title);
-    // The same whatever the design's own size.
+    // This text is fixed, whatever size the design has.
     titles->addWidget(
         makeRoleLabel(QStringLiteral("canvasSize"), QStringLiteral("1920 x 1080  |  16:9 canvas")));
     titles->addStretch();

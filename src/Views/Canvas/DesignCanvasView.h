@@ -12,8 +12,8 @@ class PictureCache;
 class SlideCanvas;
 class WorkspaceStore;
 
-/// The centre of the editor: the selected slide's title, what adds layers to it, and the slide as
-/// it is edited; a hint while no slide is selected.
+/// The middle of the operator's view: the title of the selected slide, the buttons that add layers
+/// to it, and the canvas on which it is edited. A hint while no slide is selected.
 class DesignCanvasView : public QWidget
 {
     Q_OBJECT

@@ -10,7 +10,8 @@ namespace {
 
 using Finder = QTextBoundaryFinder;
 
-/// Where \a step, of the finder, comes to a boundary for one of \a reasons; else \a end.
+/// The first boundary, in the direction of \a step from \a position, that is there for one of
+/// \a reasons; \a end if there is none.
 qsizetype boundary(Finder::BoundaryType type, const QString &text, qsizetype position,
                    Finder::BoundaryReasons reasons, qsizetype (Finder::*step)(), qsizetype end)
 {

@@ -4,18 +4,18 @@
 
 namespace quenara {
 
-/// A text as it is being edited: with a caret and what is selected between the anchor and it.
-/// Positions lie between characters as people see them.
+/// A text that is being edited: the selection lies between the anchor and the caret. Positions lie
+/// between characters as people see them.
 struct EditedText
 {
     QString text;
     qsizetype anchor = 0;
     qsizetype caret = 0;
 
-    qsizetype selectionStart() const;
-    qsizetype selectionEnd() const;
-    bool hasSelection() const { return anchor != caret; }
-    QString selectedText() const;
+    [[nodiscard]] qsizetype selectionStart() const;
+    [[nodiscard]] qsizetype selectionEnd() const;
+    [[nodiscard]] bool hasSelection() const { return anchor != caret; }
+    [[nodiscard]] QString selectedText() const;
 
     enum class Selecting { no, yes };
     /// With Selecting::yes the anchor stays.
@@ -23,24 +23,24 @@ struct EditedText
     void selectWordAt(qsizetype position);
     void selectAll();
 
-    /// In place of what is selected, the caret behind it.
+    /// Puts \a inserted in the place of the selection, and the caret behind it.
     void insert(const QString &inserted);
-    /// What is selected or, without that, what lies between the caret and \a position.
+    /// Removes the selection or, without one, the text between the caret and \a position.
     void removeTo(qsizetype position);
-    /// Takes over a text that something else has changed, the caret behind what differs.
+    /// Takes over the text after something else changed it. The caret comes behind what differs.
     void replace(const QString &other);
 
-    /// The first position between characters from \a position on, which may be any number; the end
-    /// if there is none.
-    qsizetype placeFrom(qsizetype position) const;
+    /// The first position between characters that is not before \a position, which may be any
+    /// number; the end of the text if there is none.
+    [[nodiscard]] qsizetype placeFrom(qsizetype position) const;
 
-    // From the caret on; the end of the text where there is no more.
-    qsizetype nextCharacter() const;
-    qsizetype previousCharacter() const;
-    qsizetype nextWord() const;
-    qsizetype previousWord() const;
-    qsizetype startOfParagraph() const;
-    qsizetype endOfParagraph() const;
+    // Positions seen from the caret; an end of the text where there is no other.
+    [[nodiscard]] qsizetype nextCharacter() const;
+    [[nodiscard]] qsizetype previousCharacter() const;
+    [[nodiscard]] qsizetype nextWord() const;
+    [[nodiscard]] qsizetype previousWord() const;
+    [[nodiscard]] qsizetype startOfParagraph() const;
+    [[nodiscard]] qsizetype endOfParagraph() const;
 
     bool operator==(const EditedText &) const = default;
 };

@@ -31,6 +31,6 @@ struct EditedTextView
 
 /// The caret before the character at \a position, in points right and down of the box's top left;
 /// \a scale points are one canvas unit.
-QRectF scaledCaret(const TextPlaces &places, qsizetype position, double scale);
+[[nodiscard]] QRectF scaledCaret(const TextPlaces &places, qsizetype position, double scale);
 
 } // namespace quenara

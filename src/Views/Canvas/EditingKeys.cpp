@@ -71,13 +71,13 @@ constexpr auto removals = std::to_array<Removal>({
     {QKeySequence::DeleteEndOfLine, endOfLine},
 });
 
-/// Not every platform says that the key of this name is what it is for.
+/// Some platforms give the standard Backspace no key sequence, or none with Shift.
 bool isBackspace(const QKeyEvent &event)
 {
     return event.key() == Qt::Key_Backspace && !(event.modifiers() & ~Qt::ShiftModifier);
 }
 
-/// Whether what the key gives is meant to be written, not to be a command.
+/// Whether the text of a key press is to be written. Else the press is a command.
 bool isTyped(const QKeyEvent &event)
 {
     const QString text = event.text();

@@ -11,10 +11,10 @@ class QKeyEvent;
 
 namespace quenara {
 
-// What a key means to a text that is being edited, as the platform has it; nothing or an empty text
-// where it means something else.
+// What a key means, by the customs of the platform, to a text that is being edited: nothing, or an
+// empty text, if it means something else.
 
-/// A place to go to from where the caret stands, as an index into the text.
+/// Gives a position in the text, seen from the caret.
 using EditingTarget = qsizetype (*)(const EditedText &, const TextPlaces &);
 
 struct CaretMove
@@ -29,11 +29,11 @@ struct LineMove
     EditedText::Selecting selecting;
 };
 
-std::optional<CaretMove> caretMoveOf(const QKeyEvent &event);
-std::optional<LineMove> lineMoveOf(const QKeyEvent &event);
-/// Up to where the key removes what is written.
-std::optional<EditingTarget> removalOf(const QKeyEvent &event);
-/// What the key writes.
-QString typedTextOf(const QKeyEvent &event);
+[[nodiscard]] std::optional<CaretMove> caretMoveOf(const QKeyEvent &event);
+[[nodiscard]] std::optional<LineMove> lineMoveOf(const QKeyEvent &event);
+/// The position up to which the key removes text.
+[[nodiscard]] std::optional<EditingTarget> removalOf(const QKeyEvent &event);
+/// The text that the key writes.
+[[nodiscard]] QString typedTextOf(const QKeyEvent &event);
 
 } // namespace quenara

@@ -19,7 +19,7 @@ struct Preedit
     bool operator==(const Preedit &) const = default;
 };
 
-Preedit preeditOf(const QInputMethodEvent &event);
+[[nodiscard]] Preedit preeditOf(const QInputMethodEvent &event);
 
 /// Removes what is selected and what \a event replaces, and inserts what it commits.
 void commit(EditedText &edit, const QInputMethodEvent &event);

@@ -12,11 +12,11 @@ struct ZelvoTheme;
 /// The outline of the selected layer, whose \a box may be of negative size, and its resize handle.
 void paintSelectionMarks(QPainter &painter, const QRectF &box, const ZelvoTheme &theme);
 /// All that paintSelectionMarks() paints on.
-QRect selectionMarksRect(const QRectF &box);
+[[nodiscard]] QRect selectionMarksRect(const QRectF &box);
 
 /// The line through the middle of \a slide, on whole points so that it is not blurred.
-QRectF verticalCenterGuide(const QRectF &slide);
-QRectF horizontalCenterGuide(const QRectF &slide);
-QColor centerGuideColor(const ZelvoTheme &theme);
+[[nodiscard]] QRectF verticalCenterGuide(const QRectF &slide);
+[[nodiscard]] QRectF horizontalCenterGuide(const QRectF &slide);
+[[nodiscard]] QColor centerGuideColor(const ZelvoTheme &theme);
 
 } // namespace quenara

@@ -67,8 +67,8 @@ const SlideElement *SlideCanvas::selectedLayer() const
     return index ? &m_slide->design.elements.at(*index) : nullptr;
 }
 
-/// The selected layer if it is marked as such: what is hidden has no marks, and what is edited
-/// those of its editor.
+/// The selected layer if marks are painted around it. A hidden layer has none, and one that is
+/// edited has those of its editor.
 const SlideElement *SlideCanvas::markedLayer() const
 {
     const SlideElement *layer = selectedLayer();
@@ -91,8 +91,8 @@ void SlideCanvas::showStore()
         m_slide = slide;
         m_selectedElementID = selected;
         if (slideRect() == place) {
-            // One rectangle, which is painted without regard to its shape. A canvas that begins
-            // within a device pixel reaches one further than its points tell.
+            // One rectangle, since painting a region clips every pixel to its shape. A canvas that
+            // begins within a device pixel reaches one pixel further than its points tell.
             update(place.toAlignedRect().adjusted(-1, -1, 1, 1) | marks | marksRect());
         } else {
             m_backdrop = {};
@@ -129,7 +129,7 @@ void SlideCanvas::beginEditing(const QString &layerID, const QPointF &point)
 void SlideCanvas::endEditing()
 {
     m_editingElementID.reset();
-    // Not to whatever comes next in the window, where keys may be text.
+    // Qt would give the focus to the next widget of the window, which may be a text field.
     if (window()->focusWidget() == m_editor)
         setFocus();
     m_editor->endEditing();
@@ -300,7 +300,7 @@ void SlideCanvas::paintEvent(QPaintEvent * /*event*/)
         paintSelectionMarks(painter, boxOf(*layer), theme);
 }
 
-/// A layer whose text is edited is painted by its editor.
+/// The slide without the layer whose text is edited, which the editor paints.
 Slide SlideCanvas::paintedSlide() const
 {
     Slide slide = *m_slide;

@@ -14,8 +14,8 @@ namespace quenara {
 class CanvasTextLayerEditor;
 class PictureCache;
 
-/// The selected slide with the means to change its layers by pointer: a press selects a layer, a
-/// drag moves it or, on its handle, resizes it, a double click edits its text in place.
+/// The selected slide, whose layers the pointer changes: a press selects a layer, a drag moves it
+/// or, by its handle, resizes it, and a double click edits its text in place.
 class SlideCanvas : public QWidget
 {
     Q_OBJECT
@@ -39,7 +39,7 @@ protected:
 private:
     enum class Grip { layer, handle };
 
-    /// What the button went down on.
+    /// What the mouse button was pressed on.
     struct Press
     {
         Grip grip;

@@ -19,16 +19,16 @@ struct TextLayerPlacement
     QPointF slideTopLeft; ///< points of the canvas
     double scale = 1; ///< points for one canvas unit; 0 without a slide
 
-    bool isTurned() const;
+    [[nodiscard]] bool isTurned() const;
     /// The layer's box before its rotation.
-    QRectF box() const;
+    [[nodiscard]] QRectF box() const;
     /// What the text is edited on, before the rotation: the box and, where the padding is narrow,
     /// some room around it, so that the text need not move. Never too small to be seen.
-    QRectF plate() const;
+    [[nodiscard]] QRectF plate() const;
     /// The plate as it is turned, with \a margin points more on every side.
-    QPolygonF outline(double margin) const;
+    [[nodiscard]] QPolygonF outline(double margin) const;
     /// Maps points right and down of the box's top left to points of the canvas.
-    QTransform fromBox() const;
+    [[nodiscard]] QTransform fromBox() const;
 };
 
 } // namespace quenara

@@ -18,7 +18,7 @@ struct Badge
     double verticalPadding = 2.5; ///< above and below the line
 
     /// Whole points.
-    QSizeF size() const;
+    [[nodiscard]] QSizeF size() const;
     void paint(QPainter &painter, const QPointF &topLeft) const;
 };
 

@@ -9,9 +9,9 @@ namespace quenara {
 
 /// The text that a paste of \a source writes, its lines ended by line feeds. Empty where there is
 /// none, and for null.
-QString pastedText(const QMimeData *source);
+[[nodiscard]] QString pastedText(const QMimeData *source);
 
 /// That of the clipboard or of the selection. After a login on X11 nobody owns either.
-QString pastedText(QClipboard::Mode mode);
+[[nodiscard]] QString pastedText(QClipboard::Mode mode);
 
 } // namespace quenara

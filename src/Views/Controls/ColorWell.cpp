@@ -14,7 +14,7 @@ constexpr QSize wellSize{44, 22};
 constexpr double cornerRadius = 5;
 constexpr int checkSize = 6;
 
-/// What shows through a translucent colour.
+/// Paints the pattern that shows through a translucent colour.
 void paintChecks(QPainter &painter, const QRect &area, const ZelvoTheme &theme)
 {
     painter.fillRect(area, theme.primaryText);

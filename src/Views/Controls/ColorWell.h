@@ -11,8 +11,8 @@ class QColorDialog;
 
 namespace quenara {
 
-/// A colour that is chosen in the platform's dialog, alpha included. Shows what setColor() says and
-/// tells of each colour that the operator tries there.
+/// A colour that is chosen, alpha included, in a dialog. Shows the colour that setColor() gives,
+/// and emits edited() for each colour that the operator tries in the dialog.
 class ColorWell : public QAbstractButton
 {
     Q_OBJECT
@@ -21,10 +21,10 @@ public:
     explicit ColorWell(const QString &title, QWidget *parent = nullptr);
 
     const std::optional<RGBAColor> &color() const { return m_color; }
-    /// No colour is an empty well, which opens no dialog.
+    /// Without a colour the well is empty and opens no dialog.
     void setColor(const std::optional<RGBAColor> &color);
 
-    /// Closes the dialog, leaving the colour as it has been tried.
+    /// Closes the dialog and keeps the colour that was tried last.
     void endEditing();
 
     QSize sizeHint() const override;

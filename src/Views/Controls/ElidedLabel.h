@@ -4,8 +4,8 @@
 
 namespace quenara {
 
-/// A text in one line, with an ellipsis where the room ends; the tooltip then has the whole. A
-/// plain-text label to the style sheet, known by its \a role.
+/// A text in one line, with an ellipsis where the room ends; the tooltip then shows all of
+/// it. The style sheet knows the label by its \a role.
 class ElidedLabel : public QLabel
 {
     Q_OBJECT

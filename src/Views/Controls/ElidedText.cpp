@@ -15,7 +15,7 @@ QString elidedText(const QString &text, const QFontMetricsF &metrics, Qt::TextEl
                    double width)
 {
     QString line = text.simplified();
-    // Letters are wider than a point: what lies between so many at both ends is not seen.
+    // A letter is at least a point wide, so that no more than these are seen at either end.
     const auto most = qsizetype(std::clamp(width, 0.0, widest)) + 1;
     if (line.size() > 2 * most)
         line = line.first(most) + ellipsis + line.last(most);

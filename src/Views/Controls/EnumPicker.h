@@ -7,7 +7,7 @@ namespace quenara {
 
 /// A picker whose choices are the raw values of \a E, shown by title where the cases have one.
 template<RawEnum E>
-Picker *makeEnumPicker(const QString &name)
+[[nodiscard]] Picker *makeEnumPicker(const QString &name)
 {
     auto *picker = new Picker(name);
     for (const E value : allCases<E>())

@@ -10,7 +10,7 @@ namespace quenara {
 
 namespace {
 
-/// What the operator types goes by the customs of the place, or by those of programs.
+/// Reads a number written as the system's locale has it or, failing that, as programs write it.
 std::optional<double> numberIn(const QString &text)
 {
     for (QLocale locale : {QLocale(), QLocale::c()}) {
@@ -28,7 +28,7 @@ QString textOf(double number)
 {
     constexpr double lastWithHundredths = 1e13;
     if (std::abs(number) < lastWithHundredths)
-        number = std::round(number * 100) / 100 + 0.0; // not minus nought
+        number = std::round(number * 100) / 100 + 0.0; // no minus before a zero
     QLocale locale;
     locale.setNumberOptions(QLocale::OmitGroupSeparator);
     return locale.toString(number, 'f', QLocale::FloatingPointShortest);

@@ -8,18 +8,18 @@
 namespace quenara {
 
 /// A number that can be typed, taken when the typing ends, or stepped by the arrow keys. Shows what
-/// showNumber() says, again after what is no number, and tells of what the operator enters.
+/// showNumber() gives, which takes the place of a typed text that is no number.
 class NumberField : public TextField
 {
     Q_OBJECT
 
 public:
-    /// What is entered below \a minimum becomes that.
+    /// A number below \a minimum that is entered counts as \a minimum.
     explicit NumberField(const QString &title,
                          double minimum = std::numeric_limits<double>::lowest(),
                          QWidget *parent = nullptr);
 
-    /// Leaves what is being typed as it is. Empty for no number.
+    /// Shows nothing without a number. While a number is being typed, that stays shown.
     void showNumber(std::optional<double> number);
 
     /// Drops what has been typed.

@@ -50,7 +50,7 @@ void Picker::paintEvent(QPaintEvent * /*event*/)
 
 void Picker::keyPressEvent(QKeyEvent *event)
 {
-    // Any other would choose unseen.
+    // Qt would have the other keys choose without showing the list.
     const bool opensTheList = event->key() == Qt::Key_F4
         || (event->key() == Qt::Key_Down && event->modifiers().testFlag(Qt::AltModifier));
     if (opensTheList) {

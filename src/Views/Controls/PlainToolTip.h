@@ -4,7 +4,7 @@
 
 namespace quenara {
 
-/// \a text as a tooltip of just these characters, whatever markup they look like.
-QString plainToolTip(const QString &text);
+/// A tooltip that shows \a text as it is, even if it looks like markup.
+[[nodiscard]] QString plainToolTip(const QString &text);
 
 } // namespace quenara

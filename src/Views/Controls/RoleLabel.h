@@ -6,6 +6,6 @@
 namespace quenara {
 
 /// A plain-text label that the style sheet knows by its \a role.
-QLabel *makeRoleLabel(const QString &role, const QString &text = {});
+[[nodiscard]] QLabel *makeRoleLabel(const QString &role, const QString &text = {});
 
 } // namespace quenara

@@ -8,8 +8,8 @@
 
 namespace quenara {
 
-/// One of a few choices, all of them seen side by side. Shows what setCurrentIndex() says and tells
-/// of what the operator chooses.
+/// One of a few choices, all of which are seen side by side. Shows the one that setCurrentIndex()
+/// gives.
 class SegmentedPicker : public QFrame
 {
     Q_OBJECT

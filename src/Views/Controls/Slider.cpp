@@ -77,7 +77,7 @@ QAccessibleInterface *accessibleSlider(const QString & /*className*/, QObject *o
 Slider::Slider(const QString &title, double minimum, double maximum, QWidget *parent)
     : QWidget(parent), m_minimum(minimum), m_maximum(maximum), m_value(minimum)
 {
-    QAccessible::installFactory(accessibleSlider); // once, however many sliders there are
+    QAccessible::installFactory(accessibleSlider); // Qt keeps it once, however often it is called
     setAccessibleName(title);
     setFocusPolicy(Qt::TabFocus);
     setAttribute(Qt::WA_Hover);
@@ -165,7 +165,7 @@ void Slider::keyPressEvent(QKeyEvent *event)
     edit(m_value + direction * (m_maximum - m_minimum) / keyStepsOfRange);
 }
 
-/// Control may have been let go of before the arrow.
+/// The Control key may have been released before the arrow key.
 void Slider::keyReleaseEvent(QKeyEvent *event)
 {
     if (directionOf(event->key()) == 0)

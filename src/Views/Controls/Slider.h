@@ -7,8 +7,8 @@
 namespace quenara {
 
 /// A real number between two others, set by pulling a knob, or by Ctrl and the arrow keys in
-/// fiftieths of the range. Shows what setValue() says and tells of each place that the operator
-/// takes the knob to. Plain keys are left to the show, and the mouse wheel scrolls what it lies in.
+/// fiftieths of the range. Shows the value that setValue() gives. It leaves plain keys to the show,
+/// and the mouse wheel to the area around it that scrolls.
 class Slider : public QWidget
 {
     Q_OBJECT
@@ -19,7 +19,7 @@ public:
     double minimum() const { return m_minimum; }
     double maximum() const { return m_maximum; }
     double value() const { return m_value; }
-    /// The knob of a value outside the range stands at its end.
+    /// For a \a value outside the range the knob stands at that end of it.
     void setValue(double value);
 
     /// Lets go of the knob.
@@ -51,7 +51,7 @@ private:
     double m_maximum;
     double m_value;
     std::optional<double> m_grip; ///< from the knob's middle to the pointer that pulls it
-    bool m_isStepped = false; ///< by a key that is down
+    bool m_isStepped = false; ///< by a key that is still down
 };
 
 } // namespace quenara

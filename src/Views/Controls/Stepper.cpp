@@ -56,7 +56,7 @@ SymbolButton *Stepper::makeButton(const QString &symbol, const QString &title, d
     button->setAutoRepeat(true);
     connect(button, &SymbolButton::pressed, this, [this, step] { takeStep(step); });
     connect(button, &SymbolButton::released, this, [this, button] {
-        // One that repeats says so between its steps, too.
+        // A button that repeats emits released() between its steps, too.
         if (!button->isDown())
             emit editingFinished();
     });
@@ -66,7 +66,7 @@ SymbolButton *Stepper::makeButton(const QString &symbol, const QString &title, d
 void Stepper::takeStep(double step)
 {
     const double next = std::clamp(m_value + step, m_range.minimum, m_range.maximum);
-    // A value outside the range is not led away from it, nor back against the step.
+    // A value above the range is not changed by a step up, nor one below it by a step down.
     if ((next - m_value) * step > 0)
         emit edited(next);
 }

@@ -10,9 +10,8 @@ namespace quenara {
 
 class SymbolButton;
 
-/// A number that is written after its title, with buttons that take it down and up. Shows what
-/// setValue() says and tells of each step of the operator; a button that is held goes on stepping
-/// until it is let go.
+/// A number, written after its title, with buttons that take it down and up. Shows the value that
+/// setValue() gives. A button that is held down goes on stepping until it is released.
 class Stepper : public QWidget
 {
     Q_OBJECT
@@ -30,7 +29,7 @@ public:
     void setTitleWidth(int width);
     QString shownText() const;
 
-    /// Shown truncated to a whole number.
+    /// The number that is shown is truncated to a whole one.
     void setValue(double value);
 
 signals:

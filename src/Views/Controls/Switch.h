@@ -4,7 +4,7 @@
 
 namespace quenara {
 
-/// A setting that is on or off at once.
+/// A setting that is on or off and changes at once.
 class Switch : public QAbstractButton
 {
     Q_OBJECT

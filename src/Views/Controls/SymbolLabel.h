@@ -6,7 +6,7 @@
 
 namespace quenara {
 
-/// A symbol that only adorns, in a colour of the theme.
+/// A symbol as an ornament, in a colour of the theme.
 class SymbolLabel : public QWidget
 {
     Q_OBJECT

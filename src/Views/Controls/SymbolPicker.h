@@ -6,8 +6,7 @@
 
 namespace quenara {
 
-/// One of a few choices, each of them a symbol. Shows what setValue() says and tells of what the
-/// operator chooses.
+/// One of a few choices, each of which is a symbol. Shows the one that setValue() gives.
 class SymbolPicker : public QWidget
 {
     Q_OBJECT
@@ -31,7 +30,7 @@ signals:
 
 private:
     QButtonGroup m_buttons;
-    QStringList m_values; ///< by the id of their buttons
+    QStringList m_values; ///< each at the id of its button
 };
 
 } // namespace quenara

@@ -4,8 +4,8 @@
 
 namespace quenara {
 
-/// Several lines of text. Selects all of it for whoever comes with the Tab key, as fields of one
-/// line do. Tab leads on.
+/// Several lines of plain text. The Tab key leads on; whoever comes by it finds all of the text
+/// selected, as in fields of one line.
 class TextBox : public QPlainTextEdit
 {
     Q_OBJECT

@@ -12,12 +12,12 @@ class TextField : public QLineEdit
 public:
     explicit TextField(const QString &title, QWidget *parent = nullptr);
 
-    /// Caret and selection stay where they are as far as \a text reaches.
+    /// The caret and the selection stay where they are, as far as \a text reaches.
     void showText(const QString &text);
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
-    /// A long text is read from its beginning again.
+    /// Shows a long text from its beginning again.
     void focusOutEvent(QFocusEvent *event) override;
 };
 

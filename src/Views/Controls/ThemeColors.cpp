@@ -7,7 +7,7 @@ namespace quenara {
 
 const ZelvoTheme &themeOf(const QWidget &widget)
 {
-    // What a style sheet makes transparent has a palette of no scheme.
+    // The palette of a widget that the style sheet makes transparent belongs to neither scheme.
     const QWidget *filled = &widget;
     while (filled->palette().color(QPalette::Window).alpha() == 0 && filled->parentWidget())
         filled = filled->parentWidget();

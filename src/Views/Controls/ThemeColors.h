@@ -8,9 +8,9 @@ class QWidget;
 namespace quenara {
 
 /// The theme of the scheme that \a widget is in.
-const ZelvoTheme &themeOf(const QWidget &widget);
+[[nodiscard]] const ZelvoTheme &themeOf(const QWidget &widget);
 
-/// Whether \a event, one of changeEvent(), may have brought another theme.
-bool changesTheme(const QEvent &event);
+/// Whether \a event, which changeEvent() was called with, may have changed the theme.
+[[nodiscard]] bool changesTheme(const QEvent &event);
 
 } // namespace quenara

@@ -10,7 +10,8 @@ namespace quenara {
 class TextBox;
 class WorkspaceStore;
 
-/// What stands in the song import sheet; outlives the sheet, so that a cancel keeps it.
+/// The texts of the song import sheet. They outlive the sheet, so that they are still there after
+/// it was cancelled.
 struct SongImportDraft
 {
     QString songTitle;
@@ -24,7 +25,7 @@ class SongImportSheet : public QDialog
     Q_OBJECT
 
 public:
-    /// \a draft is shown and kept up to date; it must outlive the sheet.
+    /// Shows \a draft and keeps it up to date; it must outlive the sheet.
     SongImportSheet(WorkspaceStore &store, SongImportDraft &draft, QWidget *parent);
 
 protected:
