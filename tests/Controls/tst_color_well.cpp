@@ -1,5 +1,7 @@
 #include "ColorWell.h"
 #include "ControlTest.h"
+#include "Pixels.h"
+#include "ThemeColors.h"
 
 #include <QColorDialog>
 #include <QSignalSpy>
@@ -55,6 +57,19 @@ private slots:
         // The windows of the audience keep their keys.
         QCOMPARE(dialog.windowModality(), Qt::WindowModal);
         QVERIFY(well.tried.isEmpty());
+    }
+
+    void theWellWithTheFocusIsFramedInTheAccent()
+    {
+        Well well(glass);
+        const auto accents = [&] {
+            return pixelsOf(themeOf(well.control).accent, well.control.grab().toImage());
+        };
+        well.control.clearFocus();
+        well.control.setAttribute(Qt::WA_UnderMouse, false); // as a click of another row left it
+        QCOMPARE(accents(), 0);
+        well.control.setFocus(Qt::TabFocusReason);
+        QVERIFY(accents() > 0);
     }
 
     void eachColourThatIsTriedIsToldOf()

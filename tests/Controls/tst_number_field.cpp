@@ -62,6 +62,13 @@ private slots:
         QTEST(field.control.text(), "text");
     }
 
+    void theLargestNumbersAreShownAsTheyAre()
+    {
+        constexpr double large = 1e307;
+        Entry field(large);
+        QCOMPARE(field.control.text().toDouble(), large);
+    }
+
     void aNumberIsEnteredWhenItsTypingEnds()
     {
         Entry field(7);

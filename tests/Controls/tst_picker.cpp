@@ -24,6 +24,22 @@ class TestPicker : public GuiTest
     Q_OBJECT
 
 private slots:
+    void thePickerThatIsOfNoUseHasAFainterChevron()
+    {
+        showIn(ZelvoTheme::dark());
+        Shown picker(directions());
+        const auto chevron = [&] {
+            const QSize size = picker.control.size();
+            return picker.control.grab(QRect(size.width() - 22, 5, 14, size.height() - 10))
+                .toImage();
+        };
+        const QImage inUse = chevron();
+        picker.control.setEnabled(false);
+        QVERIFY(chevron() != inUse);
+        picker.control.setEnabled(true);
+        QCOMPARE(chevron(), inUse);
+    }
+
     void keysDoNotChooseWhileTheListIsClosed_data()
     {
         QTest::addColumn<Qt::Key>("key");

@@ -1,5 +1,7 @@
 #include "ControlTest.h"
+#include "Pixels.h"
 #include "Slider.h"
+#include "ThemeColors.h"
 
 #include <QSignalSpy>
 #include <QWheelEvent>
@@ -60,6 +62,16 @@ private slots:
         QCOMPARE(slider.values, QList<double>());
     }
 
+    void theKnobStaysUnderThePointerWhereItWasTaken()
+    {
+        Tracking slider(4.5);
+        slider.press(0.52);
+        slider.moveTo(0.7);
+        slider.moveTo(0.52);
+        QCOMPARE(slider.values.size(), 2);
+        QVERIFY(std::abs(slider.values.constLast() - 4.5) < 1e-9);
+    }
+
     void aPullIsToldOfContinuouslyAndFinishedOnce()
     {
         Tracking slider(-3);
@@ -100,6 +112,9 @@ private slots:
         slider.control.setFocus(Qt::TabFocusReason);
         for (int i = 0; i < 3; ++i)
             QTest::keyPress(slider.window.windowHandle(), Qt::Key_Right, Qt::ControlModifier);
+        // Between the repeats of a held key, X11 has releases.
+        QKeyEvent repeated(QEvent::KeyRelease, Qt::Key_Right, Qt::ControlModifier, {}, true);
+        QApplication::sendEvent(&slider.control, &repeated);
         QCOMPARE(slider.values.size(), 3);
         QVERIFY(slider.finished.isEmpty());
         QTest::keyRelease(slider.window.windowHandle(), Qt::Key_Right);
@@ -176,6 +191,19 @@ private slots:
         QCOMPARE(slider.control.value(), 40.0);
         slider.control.setValue(12);
         QCOMPARE(slider.control.grab().toImage(), beyond);
+    }
+
+    void aSliderThatIsOfNoUseHasNoAccent()
+    {
+        Tracking slider(12);
+        const auto accents = [&] {
+            const ZelvoTheme &theme = themeOf(slider.control);
+            const QImage image = slider.control.grab().toImage();
+            return pixelsOf(theme.accent, image) + pixelsOf(theme.accentHover, image);
+        };
+        QVERIFY(accents() > 0);
+        slider.control.setEnabled(false);
+        QCOMPARE(accents(), 0);
     }
 
     void theMouseWheelIsLeftToWhatTheSliderLiesIn()

@@ -1,5 +1,5 @@
 #include "ControlTest.h"
-#include "InterfaceStyle.h"
+#include "Pixels.h"
 #include "SymbolButton.h"
 
 using namespace quenara;
@@ -8,24 +8,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Whether any pixel shows a symbol in \a ink.
+/// Whether anything in \a ink is seen.
 bool shows(QWidget &control, const QColor &ink)
 {
-    const QImage image = control.grab().toImage();
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            if (image.pixelColor(x, y) == ink)
-                return true;
-        }
-    }
-    return false;
+    return pixelsOf(ink, control.grab().toImage()) > 0;
 }
 
 void wear(ColorScheme scheme)
 {
-    const ZelvoTheme &theme = ZelvoTheme::current(scheme);
-    QApplication::setPalette(interfacePalette(theme));
-    qApp->setStyleSheet(interfaceStyleSheet(theme));
+    showIn(ZelvoTheme::current(scheme));
 }
 
 } // namespace
@@ -53,6 +44,9 @@ private slots:
             << ZelvoTheme::dark().secondaryText;
         QTest::newRow("framed") << SymbolButton::Look::framed << ZelvoTheme::light().primaryText
                                 << ZelvoTheme::dark().primaryText;
+        QTest::newRow("prominent")
+            << SymbolButton::Look::prominent << readableOn(ZelvoTheme::light().live)
+            << readableOn(ZelvoTheme::dark().live);
     }
 
     void theSymbolFollowsTheScheme()
@@ -67,6 +61,37 @@ private slots:
         QVERIFY(shows(button.control, dark));
         wear(ColorScheme::light);
         QVERIFY(shows(button.control, light));
+    }
+
+    void theTooltipHasATitleThatIsNotWrittenOut_data()
+    {
+        QTest::addColumn<SymbolButton::Look>("look");
+        QTest::addColumn<QString>("toolTip");
+        using enum SymbolButton::Look;
+        QTest::newRow("without a frame") << icon << u"Add"_s;
+        QTest::newRow("framed") << framed << u"Add"_s;
+        QTest::newRow("labelled") << labelled << QString();
+        QTest::newRow("tile") << tile << QString();
+        QTest::newRow("prominent") << prominent << QString();
+    }
+
+    void theTooltipHasATitleThatIsNotWrittenOut()
+    {
+        QFETCH(SymbolButton::Look, look);
+        const SymbolButton button(u"circle.fill"_s, u"Add"_s, look);
+        QTEST(button.toolTip(), "toolTip");
+    }
+
+    void onlyTheLargeButtonsGiveWay()
+    {
+        const auto slackOf = [](SymbolButton::Look look) {
+            const SymbolButton button(u"circle.fill"_s, u"Add"_s, look);
+            return button.sizeHint() - button.minimumSizeHint();
+        };
+        using enum SymbolButton::Look;
+        QCOMPARE(slackOf(labelled), QSize(0, 0));
+        QCOMPARE(slackOf(tile), QSize(8, 0));
+        QCOMPARE(slackOf(prominent), QSize(12, 0));
     }
 };
 

@@ -59,8 +59,34 @@ private slots:
     void aFieldThatIsNotBeingEditedShowsTheBeginningOfItsText()
     {
         Shown field(new TextField(u"Title"_s));
+        field.control.clearFocus();
         field.control.showText(u"amazing grace"_s);
         QCOMPARE(field.control.cursorPosition(), 0);
+        field.control.setCursorPosition(7);
+        field.control.showText(u"amazing light"_s);
+        QCOMPARE(field.control.cursorPosition(), 0);
+    }
+
+    void aFieldThatIsLeftShowsTheBeginningOfItsText_data()
+    {
+        QTest::addColumn<Qt::FocusReason>("reason");
+        QTest::addColumn<int>("caret");
+        QTest::newRow("by Tab") << Qt::TabFocusReason << 0;
+        QTest::newRow("by a click elsewhere") << Qt::MouseFocusReason << 0;
+        QTest::newRow("for its own menu, it keeps the caret") << Qt::PopupFocusReason << 7;
+        QTest::newRow("for another window, too") << Qt::ActiveWindowFocusReason << 7;
+    }
+
+    void aFieldThatIsLeftShowsTheBeginningOfItsText()
+    {
+        QFETCH(Qt::FocusReason, reason);
+        Shown field(new TextField(u"Title"_s));
+        field.control.setText(u"amazing grace"_s);
+        field.control.setFocus();
+        field.control.setCursorPosition(7);
+        QFocusEvent left(QEvent::FocusOut, reason);
+        QApplication::sendEvent(&field.control, &left);
+        QTEST(field.control.cursorPosition(), "caret");
     }
 
     void textsOfAnyLengthAreShownWhole()

@@ -288,6 +288,75 @@ private slots:
         QCOMPARE(inspector.undoSteps(), 2);
     }
 
+    void theRadiusGoesInStepsOfTwoFrom0To80()
+    {
+        Inspector inspector;
+        makeKind(inspector.store, SlideElementKind::shape);
+        const auto stepped = [&](double radius, const QString &button) {
+            inspector.store.updateSelectedElement([radius](SlideElement &layer) {
+                layer.shape = ShapeProperties{.kind = ShapeKind::rectangle,
+                                              .fill = RGBAColor::amber,
+                                              .stroke = {},
+                                              .strokeWidth = 0,
+                                              .cornerRadius = radius};
+            });
+            inspector.press(button);
+            return inspector.layer().shape->cornerRadius;
+        };
+        QCOMPARE(stepped(40, u"Increase Radius"_s), 42.0);
+        QCOMPARE(stepped(79, u"Increase Radius"_s), 80.0);
+        QCOMPARE(stepped(80, u"Increase Radius"_s), 80.0);
+        QCOMPARE(stepped(1, u"Decrease Radius"_s), 0.0);
+    }
+
+    void theSlidersGoFromEndToEnd_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<double>("least");
+        QTest::addColumn<double>("most");
+        QTest::newRow("dimming") << u"Dim"_s << 0.0 << 0.8;
+        QTest::newRow("opacity") << u"Opacity"_s << 0.0 << 1.0;
+        QTest::newRow("line height") << u"Line"_s << 0.85 << 1.8;
+        QTest::newRow("tracking") << u"Tracking"_s << -3.0 << 12.0;
+    }
+
+    void theSlidersGoFromEndToEnd()
+    {
+        QFETCH(QString, name);
+        Inspector inspector;
+        auto &slider = inspector.control<Slider>(name);
+        const auto pulledTo = [&](int x) {
+            QTest::mouseClick(&slider, Qt::LeftButton, {}, {x, slider.height() / 2});
+            return slider.value();
+        };
+        QTEST(pulledTo(slider.width() - 1), "most");
+        QTEST(pulledTo(0), "least");
+    }
+
+    void theControlsBeginOnOneLine()
+    {
+        const Inspector inspector;
+        const auto left = [&](const QString &name) {
+            return inspector.control(name).mapTo(&inspector.view, QPoint()).x();
+        };
+        for (const QString &name : {u"Template"_s, u"Solid"_s, u"Dim"_s, u"Name"_s, u"Opacity"_s})
+            QCOMPARE(left(name), left(u"Title"_s));
+    }
+
+    void aPickerIsLabelledByItsTitle()
+    {
+        const Inspector inspector;
+        for (const QString &name : {u"Template"_s, u"Type"_s, u"Direction"_s, u"Font"_s}) {
+            const QWidget *picker = &inspector.control(name);
+            const auto labels = inspector.view.findChildren<QLabel *>();
+            const auto label = std::find_if(labels.begin(), labels.end(), [&](const QLabel *title) {
+                return title->buddy() == picker;
+            });
+            QVERIFY2(label != labels.end(), qPrintable(name));
+            QCOMPARE((*label)->text(), name);
+        }
+    }
+
     void softCenterIsTheRadialDirection()
     {
         const Inspector inspector;
@@ -534,6 +603,20 @@ private slots:
         QCOMPARE(inspector.layer().opacity, before);
     }
 
+    void typingStaysOneStepWhileAPullElsewhereEnds()
+    {
+        const Inspector inspector;
+        auto &slider = inspector.control<Slider>(u"Opacity"_s);
+        const QPoint place(120, slider.height() / 2);
+        QTest::mousePress(&slider, Qt::LeftButton, {}, place);
+        TextField &field = inspector.field(u"Name"_s);
+        field.setFocus(Qt::TabFocusReason);
+        QTest::keyClicks(&field, u"a"_s);
+        QTest::mouseRelease(&slider, Qt::LeftButton, {}, place);
+        QTest::keyClicks(&field, u"b"_s);
+        QCOMPARE(inspector.undoSteps(), 2);
+    }
+
     void aPullEndsWhereTheSelectionChanges()
     {
         Inspector inspector;
@@ -698,6 +781,10 @@ private slots:
         QVERIFY(inspector.view.findChild<QScrollArea *>()->verticalScrollBar()->isVisible());
         QCOMPARE(inspector.control(u"Title"_s).width(), width);
         QCOMPARE(inspector.control(u"X"_s).width(), 82);
+        const QWidget &title = inspector.control(u"Title"_s);
+        const QWidget *bar = inspector.view.findChild<QScrollArea *>()->verticalScrollBar();
+        QVERIFY(title.mapTo(&inspector.view, title.rect().topRight()).x()
+                < bar->mapTo(&inspector.view, QPoint()).x());
     }
 };
 

@@ -3,6 +3,10 @@
 #include "LayerListView.h"
 #include "LayerRow.h"
 #include "SymbolButton.h"
+#include "ZelvoTheme.h"
+
+#include <QPaintEvent>
+#include <QWindow>
 
 using namespace quenara;
 using namespace quenara::test;
@@ -178,6 +182,68 @@ private slots:
         }
         QCOMPARE(titles, (QStringList{u"Show"_s, u"Unlock layer"_s}));
         QCOMPARE(tips, titles);
+    }
+
+    void theButtonsOfARowAreDescribedByItsLayer()
+    {
+        const LayerList list;
+        for (const QString &button : {u"Hide"_s, u"Lock layer"_s}) {
+            QCOMPARE(named(list.row(u"middle"_s), button).accessibleDescription(),
+                     u"Layer middle"_s);
+        }
+    }
+
+    void aRowUnderThePointerLightsUp()
+    {
+        showIn(ZelvoTheme::dark());
+        const LayerList list;
+        LayerRow &row = list.row(u"low"_s);
+        const auto background = [&] { return row.grab().toImage().pixelColor(200, 2); };
+        QVERIFY(background() != ZelvoTheme::dark().controlBackground);
+        QTest::mouseMove(list.view.windowHandle(), row.mapTo(&list.view, row.rect().center()));
+        QTRY_VERIFY(row.underMouse());
+        QCOMPARE(background(), ZelvoTheme::dark().controlBackground);
+    }
+
+    void rowsAreThirtyPointsHigh()
+    {
+        const LayerList list;
+        for (const LayerRow *row : list.rows())
+            QCOMPARE(row->height(), 30);
+    }
+
+    void anotherKindBringsItsSymbolAtOnce()
+    {
+        struct Repainted : QObject
+        {
+            QRegion region;
+
+            bool eventFilter(QObject * /*watched*/, QEvent *event) override
+            {
+                if (event->type() == QEvent::Paint)
+                    region |= static_cast<QPaintEvent *>(event)->region();
+                return false;
+            }
+        };
+        LayerList list;
+        list.store.selectElement(u"middle"_s);
+        LayerRow &row = list.row(u"middle"_s);
+        QTRY_VERIFY(!row.visibleRegion().isEmpty());
+        QCoreApplication::processEvents();
+        Repainted repainted;
+        row.installEventFilter(&repainted);
+        list.store.updateSelectedElement(
+            [](SlideElement &layer) { layer.kind = SlideElementKind::image; });
+        const QPoint symbol(15, row.height() / 2);
+        QTRY_VERIFY(repainted.region.contains(symbol));
+    }
+
+    void whatIsChangedAfterAClickOnARowsButtonIsAStepOfItsOwn()
+    {
+        LayerList list;
+        list.pressOn(u"high"_s, u"Hide"_s);
+        list.store.updateSelectedElement([](SlideElement &layer) { layer.name = u"Typed"_s; });
+        QCOMPARE(list.undoSteps(), 2);
     }
 
     void aClickOnARowsButtonIsAStepOfItsOwnWhileAGestureIsOpen()

@@ -2,6 +2,7 @@
 #include "InterfaceStyle.h"
 #include "PreferencesView.h"
 
+#include <QDialog>
 #include <QLabel>
 #include <QPushButton>
 #include <QSignalSpy>
@@ -100,6 +101,17 @@ private slots:
         QCOMPARE(chosen.at(0).constFirst().toString(), u"system"_s);
         QCOMPARE(chosen.at(1).constFirst().toString(), u"light"_s);
         QCOMPARE(chosen.at(2).constFirst().toString(), u"dark"_s);
+    }
+
+    void returnChoosesNoneInADialog()
+    {
+        QDialog dialog;
+        PreferencesView view(&dialog);
+        const QSignalSpy chosen(&view, &PreferencesView::appAppearanceChosen);
+        showActive(dialog);
+        dialog.setFocus();
+        QTest::keyClick(&dialog, Qt::Key_Return);
+        QVERIFY(chosen.isEmpty());
     }
 
     void altAndTheFirstLetterChooseToo()

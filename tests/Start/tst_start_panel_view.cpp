@@ -2,6 +2,7 @@
 #include "ElidedLabel.h"
 #include "GuiTestSupport.h"
 #include "InterfaceStyle.h"
+#include "Pixels.h"
 #include "ProjectFileService.h"
 #include "ProjectTemplates.h"
 #include "StartPanelView.h"
@@ -35,17 +36,6 @@ void saveAll(World &world, const QStringList &names)
         world.store.updateProjectName(name);
         world.store.saveProjectAs();
     }
-}
-
-/// How many pixels of \a image have this colour.
-int pixelsOf(const QColor &color, const QImage &image)
-{
-    int count = 0;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x)
-            count += image.pixelColor(x, y) == color;
-    }
-    return count;
 }
 
 } // namespace

@@ -7,18 +7,23 @@
 #include <QPushButton>
 #include <QRegularExpression>
 
+#include <cmath>
+
 using namespace quenara;
 using namespace quenara::test;
 
 namespace {
 
-QImage painted(const QString &symbol, const QColor &color, double ratio = 1)
+/// The symbol on a square of that many points, transparent elsewhere.
+QImage painted(const QString &symbol, const QColor &color, int size, double ratio = 1)
 {
-    QImage image(QSize(16, 16) * ratio, QImage::Format_ARGB32_Premultiplied);
+    QImage image(QSize(size, size) * ratio, QImage::Format_ARGB32_Premultiplied);
     image.setDevicePixelRatio(ratio);
     image.fill(Qt::transparent);
     QPainter painter(&image);
-    paintSymbol(painter, QRect(0, 0, 16, 16), symbol, color);
+    paintSymbol(painter, QRect(0, 0, size, size), symbol, color);
+    painter.end();
+    image.setDevicePixelRatio(1);
     return image;
 }
 
@@ -73,7 +78,10 @@ private slots:
             QCOMPARE(palette.color(QPalette::Button), theme->controlBackground);
             QCOMPARE(palette.color(QPalette::WindowText), theme->primaryText);
             QCOMPARE(palette.color(QPalette::Highlight), theme->accent);
-            QCOMPARE(palette.color(QPalette::Disabled, QPalette::Text), theme->mutedText);
+            QCOMPARE(palette.color(QPalette::HighlightedText), theme->appBackground);
+            QCOMPARE(palette.color(QPalette::PlaceholderText), theme->mutedText);
+            for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
+                QCOMPARE(palette.color(QPalette::Disabled, role), theme->mutedText);
             for (int role = 0; role < QPalette::NColorRoles; ++role) {
                 if (role == QPalette::NoRole)
                     continue;
@@ -92,7 +100,8 @@ private slots:
     {
         const QColor color(10, 200, 30);
         for (const double ratio : {1.0, 2.0}) {
-            const QImage image = painted(QStringLiteral("folder"), color, ratio);
+            const QImage image = painted(QStringLiteral("folder"), color, 16, ratio);
+            QCOMPARE(image, painted(QStringLiteral("folder"), color, int(16 * ratio)));
             bool isOpaqueSomewhere = false;
             for (int y = 0; y < image.height(); ++y) {
                 for (int x = 0; x < image.width(); ++x) {
@@ -112,7 +121,9 @@ private slots:
         QCOMPARE(contrast(Qt::white, Qt::black), 21.0);
         QCOMPARE(contrast(Qt::black, Qt::white), 21.0);
         QCOMPARE(contrast(Qt::red, Qt::red), 1.0);
+        QVERIFY(std::abs(contrast(QColor(0x26, 0x26, 0x26), Qt::white) - 15.13) < 0.005);
         QCOMPARE(readableOn(Qt::black), QColor(Qt::white));
+        QCOMPARE(readableOn(Qt::white), ZelvoTheme::dark().canvasBackground);
         for (const ZelvoTheme *theme : {&ZelvoTheme::dark(), &ZelvoTheme::light()}) {
             for (const QColor &fill : {theme->live, theme->accent, theme->accentHover})
                 QVERIFY(contrast(readableOn(fill), fill) >= 4.5);
@@ -125,7 +136,7 @@ private slots:
         QVERIFY(files.size() > 40);
         for (const QString &file : files) {
             const QString symbol = file.chopped(4);
-            const QImage image = painted(symbol, Qt::white);
+            const QImage image = painted(symbol, Qt::white, 16);
             QImage blank(image.size(), image.format());
             blank.fill(Qt::transparent);
             QVERIFY2(image != blank, qPrintable(symbol));

@@ -2,6 +2,7 @@
 #include "InterfaceStyle.h"
 #include "ZelvoTheme.h"
 
+#include <QPalette>
 #include <QTest>
 
 using namespace quenara;
@@ -92,6 +93,19 @@ private slots:
     {
         QCOMPARE(colorSchemeOf(interfacePalette(ZelvoTheme::dark())), ColorScheme::dark);
         QCOMPARE(colorSchemeOf(interfacePalette(ZelvoTheme::light())), ColorScheme::light);
+    }
+
+    void aPaletteIsDarkWhereItsWindowsAreDarkerThanTheirText()
+    {
+        const auto palette = [](int window, int text) {
+            QPalette greys;
+            greys.setColor(QPalette::Window, QColor(window, window, window));
+            greys.setColor(QPalette::WindowText, QColor(text, text, text));
+            return greys;
+        };
+        QCOMPARE(colorSchemeOf(palette(120, 121)), ColorScheme::dark);
+        QCOMPARE(colorSchemeOf(palette(121, 120)), ColorScheme::light);
+        QCOMPARE(colorSchemeOf(palette(40, 39)), ColorScheme::light);
     }
 
     void appearancesStandInTheirOrderWithTitlesAndSchemes()

@@ -28,7 +28,7 @@ QString textOf(double number)
 {
     constexpr double lastWithHundredths = 1e13;
     if (std::abs(number) < lastWithHundredths)
-        number = std::round(number * 100) / 100 + 0.0; // no minus before a zero
+        number = std::round(number * 100) / 100;
     QLocale locale;
     locale.setNumberOptions(QLocale::OmitGroupSeparator);
     return locale.toString(number, 'f', QLocale::FloatingPointShortest);
