@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QUrl>
 
+#include <functional>
 #include <optional>
 
 namespace quenara {
@@ -10,8 +11,13 @@ namespace quenara {
 /// The size of the largest project file in bytes: the JSON parser takes no more.
 inline constexpr qint64 largestFile = 4'000'000'000;
 
-/// The bytes of the file, all of them. Nothing if it cannot be read to its end, is no plain file
-/// of this machine or is larger than \a limit. Throws std::bad_alloc.
+/// Hands the bytes of the file to \a take, piece by piece. False if it cannot be read to its end,
+/// is no plain file of this machine or is larger than \a limit; some pieces may have been taken
+/// then.
+[[nodiscard]] bool readFile(const QUrl &url, const std::function<void(QByteArrayView)> &take,
+                            qint64 limit = largestFile);
+
+/// The bytes of the file, all of them; nothing where readFile() fails. Throws std::bad_alloc.
 [[nodiscard]] std::optional<QByteArray> wholeFile(const QUrl &url, qint64 limit = largestFile);
 
 } // namespace quenara

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "DetachedMedia.h"
 #include "JsonDates.h"
 #include "RawEnum.h"
 #include "Record.h"
@@ -72,11 +73,17 @@ template<DateForm dateForm>
 class Reader
 {
 public:
+    Reader() = default;
+    /// For the text of \a media.
+    explicit Reader(DetachedMedia media) : m_media(std::move(media)) {}
+
     bool read(Element element, QString &value)
     {
         std::string_view utf8;
         if (element.get(utf8) != simdjson::SUCCESS)
             return false;
+        if (const QByteArray *url = m_media.urlBehind(utf8))
+            utf8 = {url->constData(), std::size_t(url->size())};
         value = QString::fromUtf8(utf8.data(), qsizetype(utf8.size()));
         // Qt drops a byte-order mark at the start of a text.
         if (utf8.starts_with("\xef\xbb\xbf"))
@@ -89,7 +96,8 @@ public:
         std::string_view utf8;
         if (element.get(utf8) != simdjson::SUCCESS)
             return false;
-        value = shared(utf8);
+        const QByteArray *url = m_media.urlBehind(utf8);
+        value = url ? *url : shared(utf8);
         return true;
     }
 
@@ -233,6 +241,7 @@ private:
                                              : *m_byteStrings.insert(QByteArray(utf8.data(), size));
     }
 
+    DetachedMedia m_media;
     QSet<QByteArray> m_byteStrings;
 };
 

@@ -86,13 +86,20 @@ std::optional<json::Element> parsed(simdjson::dom::parser &parser, QByteArray by
 
 } // namespace
 
-std::optional<DecodedDocument> ProjectCodec::decode(QByteArray bytes)
+std::optional<DecodedDocument> ProjectCodec::decode(QByteArrayView bytes)
+{
+    json::MediaDetacher document;
+    document.append(bytes);
+    return decode(document.finish());
+}
+
+std::optional<DecodedDocument> ProjectCodec::decode(json::DetachedMedia media)
 {
     simdjson::dom::parser parser;
-    const std::optional<json::Element> root = parsed(parser, std::move(bytes));
+    const std::optional<json::Element> root = parsed(parser, std::move(media.text));
     if (!root)
         return std::nullopt;
-    DocumentReader reader;
+    DocumentReader reader(std::move(media));
     ZelvoProject project;
     if (reader.read(*root, project) && !project.serviceItems.isEmpty())
         return project;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "DetachedMedia.h"
 #include "LegacyDocument.h"
 #include "ProjectModels.h"
 #include "RecentProject.h"
@@ -19,9 +20,10 @@ using DecodedDocument = std::variant<ZelvoProject, LegacyQuenaraDocument>;
 struct ProjectCodec
 {
     /// The bytes as a current project with at least one item, else as a legacy document; nothing
-    /// if they are neither. Bytes that are moved in are given back to the heap as soon as they are
-    /// parsed, before the records are made. Throws std::bad_alloc.
-    [[nodiscard]] static std::optional<DecodedDocument> decode(QByteArray bytes);
+    /// if they are neither. Throws std::bad_alloc.
+    [[nodiscard]] static std::optional<DecodedDocument> decode(QByteArrayView bytes);
+    /// The same for bytes whose media were taken out of them already.
+    [[nodiscard]] static std::optional<DecodedDocument> decode(json::DetachedMedia media);
 
     /// Pretty-printed with sorted keys: the same project always gives the same bytes. Nothing if a
     /// number in it is not finite.

@@ -5,6 +5,9 @@
 #include "ProjectCodec.h"
 #include "ProjectNormalizer.h"
 
+#include <QFileInfo>
+
+#include <algorithm>
 #include <new>
 #include <utility>
 
@@ -14,10 +17,11 @@ namespace {
 
 ZelvoProject loaded(const QUrl &url, const QDateTime &now)
 {
-    std::optional<QByteArray> bytes = wholeFile(url);
-    if (!bytes)
+    json::MediaDetacher bytes;
+    bytes.reserve(qsizetype(std::min(QFileInfo(url.toLocalFile()).size(), largestFile)));
+    if (!readFile(url, [&bytes](QByteArrayView piece) { bytes.append(piece); }))
         throw ProjectFileError(ProjectFileError::unableToRead);
-    std::optional<DecodedDocument> document = ProjectCodec::decode(*std::move(bytes));
+    std::optional<DecodedDocument> document = ProjectCodec::decode(bytes.finish());
     if (!document)
         throw ProjectFileError(ProjectFileError::unsupportedFormat);
     if (const auto *legacy = std::get_if<LegacyQuenaraDocument>(&*document))

@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+#include <QSet>
+
+#include <string_view>
+
+namespace quenara::json {
+
+/// A JSON text whose large media stand beside it, since a parser would copy every byte of them.
+struct DetachedMedia
+{
+    QByteArray text; ///< holds a placeholder in the place of each data URL that was taken out
+    QByteArray mark; ///< what a placeholder begins with, before the index of its URL
+    QList<QByteArray> urls; ///< equal ones share their storage
+
+    /// The URL whose placeholder a string of the text is; null for any other string.
+    const QByteArray *urlBehind(std::string_view string) const;
+};
+
+/// Takes the large data URLs out of a JSON text that comes in pieces, as far as they consist of
+/// printable ASCII without escapes. The text that remains is valid JSON just when all of it was.
+/// Placeholders are random, so that no document holds one of its own.
+class MediaDetacher
+{
+public:
+    /// \a leastSize, in bytes, is that of the smallest URL to take out.
+    explicit MediaDetacher(qsizetype leastSize = 64 * 1024);
+
+    /// Makes room for a text of \a size bytes, which spares it being moved as it grows.
+    void reserve(qsizetype size) { m_media.text.reserve(size); }
+    void append(QByteArrayView json);
+    /// What was appended; to be called once.
+    [[nodiscard]] DetachedMedia finish();
+
+private:
+    void take(QByteArrayView piece);
+    void beginUrl();
+    void endUrl(bool isString);
+
+    qsizetype m_leastSize;
+    qsizetype m_sinceBoundary = 0; ///< the bytes that came since the last multiple of m_leastSize
+    DetachedMedia m_media;
+    QByteArray m_url; ///< what may be a URL, as far as it has come; empty outside of any
+    QSet<QByteArray> m_known;
+};
+
+} // namespace quenara::json
