@@ -4,8 +4,8 @@
 #include "CanvasHand.h"
 #include "DesignCanvasView.h"
 #include "Photograph.h"
-#include "PictureCache.h"
 #include "ProjectTemplates.h"
+#include "RenderCaches.h"
 
 #include <QApplication>
 #include <QPainter>
@@ -60,9 +60,9 @@ public:
 
 private:
     BenchCommands m_workspace;
-    PictureCache m_pictures;
+    RenderCaches m_caches;
     QWidget m_window;
-    DesignCanvasView m_view{m_workspace.store, m_workspace.commands, m_pictures};
+    DesignCanvasView m_view{m_workspace.store, m_workspace.commands, m_caches};
     CanvasHand m_hand{m_workspace.store, m_view, [] { QCoreApplication::sendPostedEvents(); }};
 };
 

@@ -1,8 +1,8 @@
 #include "RenderingBenchmarks.h"
 
 #include "Photograph.h"
-#include "PictureCache.h"
 #include "ProjectTemplates.h"
+#include "RenderCaches.h"
 #include "SlideRendererView.h"
 
 #include <QPainter>
@@ -45,12 +45,11 @@ public:
         return {
             .name =
                 QStringLiteral("%1, %2 x %3").arg(name).arg(m_size.width()).arg(m_size.height()),
-            .value =
-                timeOfPainting(m_size,
-                               [&](QPainter &painter) {
-                                   SlideRendererView{.slide = slide, .pictures = &m_pictures}.paint(
-                                       painter, QRectF(QPointF(), m_size));
-                               }),
+            .value = timeOfPainting(m_size,
+                                    [&](QPainter &painter) {
+                                        SlideRendererView{.slide = slide}.paint(
+                                            painter, QRectF(QPointF(), m_size), m_caches);
+                                    }),
             .yardstickName = QStringLiteral("a solid fill"),
             .yardstick = m_fill,
             .limit = limit * millisecond};
@@ -59,7 +58,7 @@ public:
 private:
     QSize m_size;
     double m_fill;
-    PictureCache m_pictures;
+    RenderCaches m_caches;
 };
 
 Slide slideOf(const QString &templateID)

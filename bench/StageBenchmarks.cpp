@@ -2,8 +2,8 @@
 
 #include "BenchStore.h"
 #include "DisplayOutputView.h"
-#include "PictureCache.h"
 #include "ProjectGenerator.h"
+#include "RenderCaches.h"
 #include "StageOutputView.h"
 
 #include <QApplication>
@@ -41,8 +41,8 @@ double timeOfFilling(QImage &image)
 Figure wholeStage(const QSize &size)
 {
     BenchStore workspace(generateProject(show));
-    PictureCache pictures;
-    StageOutputView view(workspace.store, pictures);
+    RenderCaches caches;
+    StageOutputView view(workspace.store, caches);
     view.resize(size);
     QImage image(size, QImage::Format_RGB32);
     const double fill = timeOfFilling(image);
@@ -88,7 +88,7 @@ public:
         QObject::connect(&m_workspace.store, &WorkspaceStore::liveSlideIDChanged, &m_display,
                          [this] { m_seen = Clock::now(); });
         if (stageSize) {
-            m_stage.emplace(m_workspace.store, m_pictures);
+            m_stage.emplace(m_workspace.store, m_caches);
             m_stage->resize(*stageSize);
             m_stage->show();
         }
@@ -117,8 +117,8 @@ public:
 
 private:
     BenchStore m_workspace{generateProject(show)};
-    PictureCache m_pictures;
-    DisplayOutputView m_display{m_workspace.store, m_pictures};
+    RenderCaches m_caches;
+    DisplayOutputView m_display{m_workspace.store, m_caches};
     std::optional<StageOutputView> m_stage;
     Clock::time_point m_seen;
     std::vector<double> m_untilSeen;

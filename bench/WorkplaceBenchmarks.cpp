@@ -4,8 +4,8 @@
 #include "CanvasHand.h"
 #include "DisplayOutputView.h"
 #include "OperatorView.h"
-#include "PictureCache.h"
 #include "ProjectGenerator.h"
+#include "RenderCaches.h"
 #include "RundownList.h"
 #include "RundownModel.h"
 #include "StageOutputView.h"
@@ -156,10 +156,10 @@ private:
     }
 
     BenchCommands m_workspace;
-    PictureCache m_pictures;
-    DisplayOutputView m_display{m_workspace.store, m_pictures};
-    StageOutputView m_stage{m_workspace.store, m_pictures};
-    OperatorView m_view{m_workspace.store, m_workspace.commands, m_pictures};
+    RenderCaches m_caches;
+    DisplayOutputView m_display{m_workspace.store, m_caches};
+    StageOutputView m_stage{m_workspace.store, m_caches};
+    OperatorView m_view{m_workspace.store, m_workspace.commands, m_caches};
     RundownList *m_list = m_view.findChild<RundownList *>();
     const RundownModel *m_model = m_view.findChild<RundownModel *>();
     TextField *m_title = titleFieldOf(m_view);

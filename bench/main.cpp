@@ -6,6 +6,7 @@
 #include "RenderingBenchmarks.h"
 #include "StageBenchmarks.h"
 #include "WorkplaceBenchmarks.h"
+#include "ZelvoImageLoader.h"
 
 #include <QApplication>
 #include <QStyleFactory>
@@ -33,6 +34,7 @@ void dress()
     using namespace quenara;
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     loadBundledFonts();
+    ZelvoImageLoader::limitMemory();
     QApplication::setFont(systemFont(13, QFont::Normal));
     QApplication::setPalette(interfacePalette(ZelvoTheme::dark()));
     qApp->setStyleSheet(interfaceStyleSheet(ZelvoTheme::dark()));

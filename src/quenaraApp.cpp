@@ -1,6 +1,7 @@
 #include "QuenaraApp.h"
 
 #include "Fonts.h"
+#include "ZelvoImageLoader.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -24,6 +25,7 @@ int main(int argc, char *argv[])
     const QPalette platformPalette = QGuiApplication::palette();
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     quenara::loadBundledFonts();
+    quenara::ZelvoImageLoader::limitMemory();
     QApplication::setFont(quenara::systemFont(13, QFont::Normal));
 
     quenara::QuenaraApp app(platformPalette);

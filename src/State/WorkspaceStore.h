@@ -120,7 +120,7 @@ public slots:
 
     void addTextLayer(SlideElementKind kind);
     void addShapeLayer();
-    /// Asks for a picture; nothing happens without a selected slide or without a picture.
+    /// Asks for an image; nothing happens without a selected slide or without an image.
     void addImageLayerWithPanel();
     void setBackgroundImageWithPanel();
     void updateSelectedElement(const std::function<void(SlideElement &)> &update);
@@ -170,7 +170,7 @@ private:
     /// Whether an edit is undone by itself or together with the open gesture, if there is one.
     enum class UndoStep { ofItsOwn, ofTheGesture };
     void editProject(const Edit &edit, UndoStep step = UndoStep::ofItsOwn);
-    std::optional<SlideMedia> pictureFromPanel();
+    std::optional<SlideMedia> imageFromPanel();
     void restore(std::optional<ZelvoProject> project, UndoRedoStore history);
     void load(ZelvoProject project, const std::optional<QUrl> &fileURL);
     void save(const QUrl &url);

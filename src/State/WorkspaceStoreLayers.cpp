@@ -1,5 +1,5 @@
 #include "LayerEdits.h"
-#include "PictureFile.h"
+#include "ImageFile.h"
 #include "WorkspaceStore.h"
 
 namespace quenara {
@@ -16,30 +16,30 @@ void WorkspaceStore::addShapeLayer()
 
 void WorkspaceStore::addImageLayerWithPanel()
 {
-    if (const std::optional<SlideMedia> picture = pictureFromPanel()) {
+    if (const std::optional<SlideMedia> image = imageFromPanel()) {
         editProject(
-            [&](const WorkspaceState &state) { return edits::addImageLayer(state, *picture); });
+            [&](const WorkspaceState &state) { return edits::addImageLayer(state, *image); });
     }
 }
 
 void WorkspaceStore::setBackgroundImageWithPanel()
 {
-    if (const std::optional<SlideMedia> picture = pictureFromPanel()) {
+    if (const std::optional<SlideMedia> image = imageFromPanel()) {
         editProject([&](const WorkspaceState &state) {
-            return edits::setBackgroundImage(state, *picture);
+            return edits::setBackgroundImage(state, *image);
         });
     }
 }
 
-/// Asks only if there is a slide to put a picture on. Nothing comes back if another is selected by
+/// Asks only if there is a slide to put an image on. Nothing comes back if another is selected by
 /// the time of the answer, as the show may go on meanwhile: that one was not asked about.
-std::optional<SlideMedia> WorkspaceStore::pictureFromPanel()
+std::optional<SlideMedia> WorkspaceStore::imageFromPanel()
 {
     const std::optional<QString> slideID = m_state.selectedSlideID;
     if (!slideWithID(slideID))
         return std::nullopt;
     const std::optional<QUrl> url = m_environment.panels.run(zelvoImageOpenPanel());
-    return url && m_state.selectedSlideID == slideID ? pictureFromFile(*url) : std::nullopt;
+    return url && m_state.selectedSlideID == slideID ? imageFromFile(*url) : std::nullopt;
 }
 
 void WorkspaceStore::updateSelectedElement(const std::function<void(SlideElement &)> &update)

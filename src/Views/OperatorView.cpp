@@ -23,16 +23,16 @@ constexpr int canvasMinimumWidth = 560;
 } // namespace
 
 OperatorView::OperatorView(WorkspaceStore &store, const CommandActions &commands,
-                           PictureCache &pictures, QWidget *parent)
+                           RenderCaches &caches, QWidget *parent)
     : QWidget(parent)
 {
     setAccessibleName(QStringLiteral("Operator"));
     setFocusPolicy(Qt::ClickFocus);
     auto *workArea = new QHBoxLayout;
     workArea->setSpacing(0);
-    workArea->addWidget(new RundownView(store, commands, pictures));
+    workArea->addWidget(new RundownView(store, commands, caches));
     workArea->addWidget(makeSeparator(Qt::Vertical));
-    auto *canvas = new DesignCanvasView(store, commands, pictures);
+    auto *canvas = new DesignCanvasView(store, commands, caches);
     canvas->setMinimumWidth(canvasMinimumWidth);
     workArea->addWidget(canvas, 1);
     workArea->addWidget(new InspectorView(store));
@@ -41,7 +41,7 @@ OperatorView::OperatorView(WorkspaceStore &store, const CommandActions &commands
     layout->setSpacing(0);
     layout->addWidget(new ProjectBar(store, commands));
     layout->addLayout(workArea, 1);
-    layout->addWidget(new TransportView(store, commands, pictures));
+    layout->addWidget(new TransportView(store, commands, caches));
     qApp->installEventFilter(this);
     // Connected last: after the parts above have shown the change.
     connect(&store, &WorkspaceStore::changed, this, layOutNow);

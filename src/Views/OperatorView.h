@@ -5,7 +5,7 @@
 namespace quenara {
 
 class CommandActions;
-class PictureCache;
+struct RenderCaches;
 class WorkspaceStore;
 
 /// The content of the operator window: the project bar, the rundown, the slide that is being worked
@@ -16,7 +16,7 @@ class OperatorView : public QWidget
     Q_OBJECT
 
 public:
-    OperatorView(WorkspaceStore &store, const CommandActions &commands, PictureCache &pictures,
+    OperatorView(WorkspaceStore &store, const CommandActions &commands, RenderCaches &caches,
                  QWidget *parent = nullptr);
 
 protected:

@@ -58,13 +58,13 @@ void openSheet(QPointer<Sheet> &sheet, Sheet *opened, const std::function<void()
 
 OperatorWindow::OperatorWindow(WorkspaceStore &store, WindowCoordinator &windows,
                                DocumentGuard &guard, CommandActions &commands,
-                               const ZelvoCommands &menus, PictureCache &pictures)
+                               const ZelvoCommands &menus, RenderCaches &caches)
     : m_store(store), m_windows(windows), m_guard(guard), m_commands(commands)
 {
     setObjectName(QStringLiteral("operatorWindow"));
     m_windows.keepOff(*this);
     menus.fill(*menuBar());
-    auto *content = new OperatorView(store, commands, pictures);
+    auto *content = new OperatorView(store, commands, caches);
     content->setMinimumSize(minimumContentSize);
     setCentralWidget(content);
     content->setFocus();

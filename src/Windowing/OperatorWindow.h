@@ -10,7 +10,7 @@ namespace quenara {
 class AlertBox;
 class CommandActions;
 class DocumentGuard;
-class PictureCache;
+struct RenderCaches;
 class StartPanelView;
 class WindowCoordinator;
 class WorkspaceStore;
@@ -25,7 +25,7 @@ class OperatorWindow : public QMainWindow
 
 public:
     OperatorWindow(WorkspaceStore &store, WindowCoordinator &windows, DocumentGuard &guard,
-                   CommandActions &commands, const ZelvoCommands &menus, PictureCache &pictures);
+                   CommandActions &commands, const ZelvoCommands &menus, RenderCaches &caches);
     ~OperatorWindow() override;
 
     OperatorWindow(const OperatorWindow &) = delete;

@@ -13,7 +13,7 @@ QuenaraApp::QuenaraApp(const QPalette &platformPalette)
       m_store(ProjectTemplates::blankProject(QDateTime::currentDateTimeUtc()),
               {.preferences = m_preferences, .panels = m_panels}),
       m_systemScheme(QDBusConnection::sessionBus(), platformPalette),
-      m_sleepInhibitor(QDBusConnection::sessionBus()), m_windows(m_systemScheme, m_pictures),
+      m_sleepInhibitor(QDBusConnection::sessionBus()), m_windows(m_systemScheme, m_caches),
       m_appearance(m_preferences), m_outputs(m_store, m_windows, m_appearance),
       m_guard(m_store, m_windows, m_questions),
       m_commands({.store = m_store,
@@ -21,7 +21,7 @@ QuenaraApp::QuenaraApp(const QPalette &platformPalette)
                   .mayReplaceDocument = [this] { return m_guard.mayReplaceDocument(); },
                   .endTyping = endTyping}),
       m_menus(m_store, m_commands, m_windows),
-      m_operatorWindow(m_store, m_windows, m_guard, m_commands, m_menus, m_pictures),
+      m_operatorWindow(m_store, m_windows, m_guard, m_commands, m_menus, m_caches),
       m_settingsWindow(m_appearance, m_menus, &m_operatorWindow),
       m_deferredPreferences(m_preferences, m_operatorWindow)
 {

@@ -8,7 +8,7 @@
 #include "LeaveQuestionBox.h"
 #include "OperatorWindow.h"
 #include "OutputWindowController.h"
-#include "PictureCache.h"
+#include "RenderCaches.h"
 #include "SettingsWindow.h"
 #include "ShortcutGuard.h"
 #include "SleepInhibitor.h"
@@ -45,7 +45,7 @@ private:
     LeaveQuestionBox m_questions;
     WorkspaceStore m_store;
     SystemColorScheme m_systemScheme;
-    PictureCache m_pictures;
+    RenderCaches m_caches;
     SleepInhibitor m_sleepInhibitor;
     WindowCoordinator m_windows;
     AppearancePreference m_appearance;

@@ -50,9 +50,9 @@ std::optional<qsizetype> indexOf(const QList<PlacedScreen> &screens, const QScre
 
 } // namespace
 
-WindowCoordinator::WindowCoordinator(const SystemColorScheme &systemScheme, PictureCache &pictures,
+WindowCoordinator::WindowCoordinator(const SystemColorScheme &systemScheme, RenderCaches &caches,
                                      QObject *parent)
-    : QObject(parent), m_systemScheme(systemScheme), m_pictures(pictures)
+    : QObject(parent), m_systemScheme(systemScheme), m_caches(caches)
 {
     connect(&systemScheme, &SystemColorScheme::schemeChanged, this,
             &WindowCoordinator::applyScheme);
@@ -150,7 +150,7 @@ void WindowCoordinator::moveDisplay(const PlacedScreen &target)
 void WindowCoordinator::openDisplay(const WorkspaceStore &store, AppAppearance appearance,
                                     const PlacedScreen &screen)
 {
-    auto *window = new OutputWindow(new DisplayOutputView(store, m_pictures),
+    auto *window = new OutputWindow(new DisplayOutputView(store, m_caches),
                                     Qt::Window | Qt::FramelessWindowHint);
     window->setBackground(Qt::black);
     window->setObjectName(QStringLiteral("displayWindow"));
@@ -171,7 +171,7 @@ void WindowCoordinator::openStageWindow(const WorkspaceStore &store, AppAppearan
         bringToFront(*m_stage.window);
         return;
     }
-    auto *window = new OutputWindow(new StageOutputView(store, m_pictures), Qt::Window);
+    auto *window = new OutputWindow(new StageOutputView(store, m_caches), Qt::Window);
     window->setObjectName(QStringLiteral("stageWindow"));
     window->setWindowTitle(QStringLiteral("Quenara Stage"));
     window->setMinimumSize(stageMinimumSize);

@@ -13,7 +13,7 @@
 
 namespace quenara {
 
-class PictureCache;
+struct RenderCaches;
 class SystemColorScheme;
 class WorkspaceStore;
 
@@ -32,7 +32,7 @@ class WindowCoordinator : public QObject
     Q_PROPERTY(bool isStageWindowOpen READ isStageWindowOpen NOTIFY isStageWindowOpenChanged)
 
 public:
-    WindowCoordinator(const SystemColorScheme &systemScheme, PictureCache &pictures,
+    WindowCoordinator(const SystemColorScheme &systemScheme, RenderCaches &caches,
                       QObject *parent = nullptr);
     ~WindowCoordinator() override;
 
@@ -91,7 +91,7 @@ private:
     void applyScheme();
 
     const SystemColorScheme &m_systemScheme;
-    PictureCache &m_pictures;
+    RenderCaches &m_caches;
     ScreenWatch m_screens;
     AppAppearance m_appearance = AppAppearance::system;
     QPointer<const QWidget> m_operatorWindow;

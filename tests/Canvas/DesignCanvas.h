@@ -4,7 +4,7 @@
 #include "CommandWorld.h"
 #include "DesignCanvasView.h"
 #include "GuiTestSupport.h"
-#include "PictureCache.h"
+#include "RenderCaches.h"
 #include "SlideCanvas.h"
 #include "SymbolButton.h"
 
@@ -15,8 +15,8 @@ struct DesignCanvas
 {
     CommandWorld world;
     WorkspaceStore &store = world.store;
-    PictureCache pictures;
-    DesignCanvasView view{store, world.commands, pictures};
+    RenderCaches caches;
+    DesignCanvasView view{store, world.commands, caches};
     SlideCanvas *canvas = view.findChild<SlideCanvas *>();
     CanvasTextLayerEditor *editor = view.findChild<CanvasTextLayerEditor *>();
 

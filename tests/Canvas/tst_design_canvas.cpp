@@ -420,10 +420,10 @@ private slots:
             QImage image(c.canvas->size(), QImage::Format_ARGB32_Premultiplied);
             image.fill(Qt::black);
             QPainter painter(&image);
-            SlideRendererView{.slide = c.slide(),
-                              .showSafeArea = true,
-                              .selectedElementID = c.store.selectedElementID()}
-                .paint(painter, c.canvas->slideRect());
+            paintAnew({.slide = c.slide(),
+                       .showSafeArea = true,
+                       .selectedElementID = c.store.selectedElementID()},
+                      painter, c.canvas->slideRect());
             painter.end();
             return largestDifference(shown.convertToFormat(QImage::Format_ARGB32),
                                      image.copy(slide).convertToFormat(QImage::Format_ARGB32));

@@ -84,19 +84,18 @@ private slots:
         }
     }
 
-    void aPictureDrawnInBandsLooksAsIfDrawnAtOnce_data() { addTransforms(); }
+    void anImageDrawnInBandsLooksAsIfDrawnAtOnce_data() { addTransforms(); }
 
-    void aPictureDrawnInBandsLooksAsIfDrawnAtOnce()
+    void anImageDrawnInBandsLooksAsIfDrawnAtOnce()
     {
         QFETCH(QTransform, transform);
         QFETCH(double, ratio);
-        QImage picture(90, 70, QImage::Format_ARGB32_Premultiplied);
-        picture.fill(Qt::transparent);
-        QPainter painter(&picture);
-        painter.fillPath(continuousRoundedRect(picture.rect(), 20),
-                         QGradient(QGradient::WarmFlame));
+        QImage image(90, 70, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::transparent);
+        QPainter painter(&image);
+        painter.fillPath(continuousRoundedRect(image.rect(), 20), QGradient(QGradient::WarmFlame));
         painter.end();
-        const auto draw = [&](QPainter &target) { target.drawImage(box, picture); };
+        const auto draw = [&](QPainter &target) { target.drawImage(box, image); };
         const QImage inBands = painted(transform, ratio, [&](QPainter &target) {
             paintInBands(target, box, 1, [&] { draw(target); });
         });

@@ -75,14 +75,14 @@ private slots:
         QVERIFY(std::abs(qAlpha(blurred.pixel(0, side / 2)) - atTheEdge) < 8);
     }
 
-    void anEvenPictureStaysAsItIsAwayFromItsEdges_data()
+    void anEvenImageStaysAsItIsAwayFromItsEdges_data()
     {
         QTest::addColumn<double>("sigma");
         for (const double sigma : {0.5, 1.0, 2.5, 4.5, 9.0, 18.0})
             QTest::addRow("standard deviation %g", sigma) << sigma;
     }
 
-    void anEvenPictureStaysAsItIsAwayFromItsEdges()
+    void anEvenImageStaysAsItIsAwayFromItsEdges()
     {
         QFETCH(double, sigma);
         QImage image(side, side, QImage::Format_ARGB32_Premultiplied);

@@ -19,19 +19,19 @@ QImage photograph(const QSize &size)
     return image;
 }
 
-/// What the frame stands for, as the toolkit paints it.
-QImage framedByPainter(const QImage &picture, const RoundedFrame::Shape &shape, const QColor &line)
+/// What the frame stands for, as Qt paints it.
+QImage framedByPainter(const QImage &plain, const RoundedFrame::Shape &shape, const QColor &line)
 {
     const auto edge = [&](double inset) {
         const QRectF rect = shape.rect.adjusted(inset, inset, -inset, -inset);
         return rect.isEmpty() ? QPainterPath() : continuousRoundedRect(rect, shape.radius - inset);
     };
-    QImage image(picture.size(), QImage::Format_ARGB32_Premultiplied);
+    QImage image(plain.size(), QImage::Format_ARGB32_Premultiplied);
     image.fill(Qt::transparent);
     QPainter painter(&image);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setClipPath(edge(shape.lineWidth / 2));
-    painter.drawImage(0, 0, picture);
+    painter.drawImage(0, 0, plain);
     painter.setClipping(false);
     QPainterPath outline = edge(0);
     outline.addPath(edge(shape.lineWidth));
@@ -39,10 +39,10 @@ QImage framedByPainter(const QImage &picture, const RoundedFrame::Shape &shape, 
     return image;
 }
 
-QImage framed(QImage picture, const RoundedFrame::Shape &shape, const QColor &line)
+QImage framed(QImage image, const RoundedFrame::Shape &shape, const QColor &line)
 {
-    RoundedFrame().apply(picture, shape, line);
-    return picture;
+    RoundedFrame().apply(image, shape, line);
+    return image;
 }
 
 } // namespace
@@ -52,7 +52,7 @@ class TestRoundedFrame : public GuiTest
     Q_OBJECT
 
 private slots:
-    void aPictureIsCutAndOutlined_data()
+    void anImageIsCutAndOutlined_data()
     {
         QTest::addColumn<RoundedFrame::Shape>("shape");
         QTest::addColumn<QColor>("line");
@@ -65,21 +65,20 @@ private slots:
         row("square corners", {{0, 0, 240, 180}, 0, 1}, grey);
         row("as round as it can be", {{0, 0, 240, 180}, 200, 1}, grey);
         row("edges between pixels", {{3.3, 2.6, 230.5, 170.2}, 8, 1.5}, grey);
-        row("partly out of the picture", {{-40, -10, 400, 150}, 12, 1}, grey);
+        row("partly out of the image", {{-40, -10, 400, 150}, 12, 1}, grey);
         row("no larger than its line", {{20, 20, 2, 2}, 1, 4}, grey);
     }
 
-    void aPictureIsCutAndOutlined()
+    void anImageIsCutAndOutlined()
     {
         QFETCH(RoundedFrame::Shape, shape);
         QFETCH(QColor, line);
-        const QImage picture = photograph({240, 180});
-        QVERIFY(
-            largestDifference(framed(picture, shape, line), framedByPainter(picture, shape, line))
-            <= rounding);
+        const QImage image = photograph({240, 180});
+        QVERIFY(largestDifference(framed(image, shape, line), framedByPainter(image, shape, line))
+                <= rounding);
     }
 
-    void oneFrameServesPicturesOfAllSizesAndShapes()
+    void oneFrameServesImagesOfAllSizesAndShapes()
     {
         const QColor line(90, 90, 90);
         RoundedFrame frame;
@@ -87,14 +86,14 @@ private slots:
         const RoundedFrame::Shape rounder{{0, 0, 240, 180}, 30, 1};
         for (const RoundedFrame::Shape &shape : {first, rounder, first}) {
             for (const QSize &size : {QSize(240, 180), QSize(100, 100), QSize(240, 180)}) {
-                QImage picture = photograph(size);
-                frame.apply(picture, shape, line);
-                QCOMPARE(picture, framed(photograph(size), shape, line));
+                QImage image = photograph(size);
+                frame.apply(image, shape, line);
+                QCOMPARE(image, framed(photograph(size), shape, line));
             }
         }
     }
 
-    void withoutAPictureThereIsNothingToFrame()
+    void withoutAnImageThereIsNothingToFrame()
     {
         QCOMPARE(framed({}, {{0, 0, 10, 10}, 2, 1}, Qt::red), QImage());
     }

@@ -1,6 +1,7 @@
 #include "GuiTestSupport.h"
 
 #include "Fonts.h"
+#include "RenderCaches.h"
 
 #include <QBuffer>
 #include <QRegularExpression>
@@ -22,16 +23,30 @@ void setUpApplication()
 {
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     loadBundledFonts();
+    ZelvoImageLoader::limitMemory();
     QApplication::setFont(systemFont(13, QFont::Normal));
 }
 
+void paintAnew(const SlideRendererView &view, QPainter &painter, const QRectF &area)
+{
+    RenderCaches caches;
+    view.paint(painter, area, caches);
+}
+
 QImage rendered(const SlideRendererView &view, const QSize &size, double devicePixelRatio)
+{
+    RenderCaches caches;
+    return rendered(view, size, devicePixelRatio, caches);
+}
+
+QImage rendered(const SlideRendererView &view, const QSize &size, double devicePixelRatio,
+                RenderCaches &caches)
 {
     QImage image(size * devicePixelRatio, QImage::Format_ARGB32_Premultiplied);
     image.setDevicePixelRatio(devicePixelRatio);
     image.fill(magenta);
     QPainter painter(&image);
-    view.paint(painter, QRectF(QPointF(), size));
+    view.paint(painter, QRectF(QPointF(), size), caches);
     painter.end();
     return image.convertToFormat(QImage::Format_ARGB32);
 }
@@ -110,7 +125,7 @@ SlideElement rectangleLayer(const QString &id, const CanvasFrame &frame, const R
     return element;
 }
 
-SlideMedia solidPicture(const QSize &size, const QColor &color)
+SlideMedia solidImage(const QSize &size, const QColor &color)
 {
     QImage image(size, QImage::Format_RGB32);
     image.fill(color);

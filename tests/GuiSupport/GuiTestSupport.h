@@ -23,12 +23,18 @@ private slots:
 /// Gives the application the program's fonts and style.
 void setUpApplication();
 
-/// What \a view paints over magenta, which shows wherever it paints nothing.
+/// Paints \a view with new caches.
+void paintAnew(const SlideRendererView &view, QPainter &painter, const QRectF &area);
+
+/// What \a view paints over magenta, which shows wherever it paints nothing. Uses new caches unless
+/// it is given some.
 QImage rendered(const SlideRendererView &view, const QSize &size, double devicePixelRatio = 1);
+QImage rendered(const SlideRendererView &view, const QSize &size, double devicePixelRatio,
+                RenderCaches &caches);
 
 inline constexpr QRgb magenta = 0xffff00ff;
 
-/// The largest difference of any channel of any pixel; 255 for pictures of different sizes.
+/// The largest difference of any channel of any pixel; 255 for images of different sizes.
 int largestDifference(const QImage &a, const QImage &b);
 
 /// The smallest rectangle around everything in \a image, of 32 bits a pixel, that is not black.
@@ -45,7 +51,7 @@ SlideElement rectangleLayer(const QString &id, const CanvasFrame &frame, const R
                             int zIndex);
 
 /// A PNG of one colour as media.
-SlideMedia solidPicture(const QSize &size, const QColor &color);
+SlideMedia solidImage(const QSize &size, const QColor &color);
 
 } // namespace quenara::test
 

@@ -459,7 +459,7 @@ private slots:
         QCOMPARE(inspector.undoSteps(), 0);
         inspector.panels.answer = inspector.written(
             u"red.png"_s,
-            QByteArray::fromBase64(solidPicture({4, 4}, Qt::red).dataUrl.split(',').at(1)));
+            QByteArray::fromBase64(solidImage({4, 4}, Qt::red).dataUrl.split(',').at(1)));
         inspector.press(u"Choose Image..."_s);
         QCOMPARE(inspector.slide().design.background.kind, SlideBackgroundKind::image);
         QCOMPARE(inspector.slide().design.background.image->name, u"red.png"_s);

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "InterfaceStyle.h"
-#include "PictureCache.h"
+#include "RenderCaches.h"
 #include "StageOutputView.h"
 #include "TestSupport.h"
 
@@ -15,8 +15,8 @@ struct StageMonitor
 {
     World world;
     QDateTime now{QDate(2026, 3, 1), QTime(10, 32, 7)};
-    PictureCache pictures;
-    StageOutputView view{world.store, pictures, [this] { return now; }};
+    RenderCaches caches;
+    StageOutputView view{world.store, caches, [this] { return now; }};
 
     StageMonitor() { setUp(); }
     explicit StageMonitor(const ZelvoProject &project) : world(project) { setUp(); }
@@ -42,7 +42,7 @@ struct StageMonitor
     /// Gives every part its place, as showing would.
     void layOut() { view.grab(QRect(0, 0, 1, 1)); }
 
-    QImage picture() { return view.grab().toImage().convertToFormat(QImage::Format_RGB32); }
+    QImage image() { return view.grab().toImage().convertToFormat(QImage::Format_RGB32); }
 
 private:
     void setUp()

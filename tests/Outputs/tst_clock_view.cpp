@@ -35,7 +35,7 @@ struct Wall
             qFatal("the clock is not shown");
     }
 
-    QImage pictureAt(const QDateTime &time)
+    QImage imageAt(const QDateTime &time)
     {
         now = time;
         clock.hide();
@@ -45,7 +45,7 @@ struct Wall
     }
 };
 
-/// The columns in which two pictures of one size differ.
+/// The columns in which two images of one size differ.
 QPair<int, int> differentColumns(const QImage &a, const QImage &b)
 {
     QPair<int, int> columns{-1, -1};
@@ -190,7 +190,7 @@ private slots:
         Wall wall;
         const QSize size = wall.clock.sizeHint();
         for (const QDateTime &time : {at(0, 0, 0), at(1, 11, 11), at(10, 40, 44), at(20, 0, 0)}) {
-            wall.pictureAt(time);
+            wall.imageAt(time);
             QCOMPARE(wall.clock.sizeHint(), size);
         }
     }
@@ -201,8 +201,8 @@ private slots:
         wall.clock.resize(wall.clock.sizeHint());
         const int digit = wall.clock.fontMetrics().horizontalAdvance(QLatin1Char('8'));
         for (int second = 10; second < 19; ++second) {
-            const auto [first, last] = differentColumns(wall.pictureAt(at(10, 32, second)),
-                                                        wall.pictureAt(at(10, 32, second + 1)));
+            const auto [first, last] = differentColumns(wall.imageAt(at(10, 32, second)),
+                                                        wall.imageAt(at(10, 32, second + 1)));
             QVERIFY(first > wall.clock.width() / 2);
             QVERIFY2(last - first <= digit, QByteArray::number(last - first).constData());
         }

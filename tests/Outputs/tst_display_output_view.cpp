@@ -2,8 +2,8 @@
 #include "Fonts.h"
 #include "GuiTestSupport.h"
 #include "InterfaceStyle.h"
-#include "PictureCache.h"
 #include "ProjectTemplates.h"
+#include "RenderCaches.h"
 #include "TestSupport.h"
 
 using namespace quenara;
@@ -17,13 +17,13 @@ constexpr QSize screen(960, 540);
 struct AudienceScreen
 {
     World world;
-    PictureCache pictures;
-    DisplayOutputView view{world.store, pictures};
+    RenderCaches caches;
+    DisplayOutputView view{world.store, caches};
 
     AudienceScreen() { view.resize(screen); }
     explicit AudienceScreen(const ZelvoProject &project) : world(project) { view.resize(screen); }
 
-    QImage picture() { return view.grab().toImage().convertToFormat(QImage::Format_RGB32); }
+    QImage image() { return view.grab().toImage().convertToFormat(QImage::Format_RGB32); }
 };
 
 QImage black(const QSize &size = screen)
@@ -33,11 +33,11 @@ QImage black(const QSize &size = screen)
     return image;
 }
 
-QImage pictureOf(const std::optional<Slide> &slide)
+QImage imageOf(const std::optional<Slide> &slide)
 {
     QImage image = black();
     QPainter painter(&image);
-    SlideRendererView{.slide = slide}.paint(painter, image.rect());
+    paintAnew({.slide = slide}, painter, image.rect());
     painter.end();
     return image;
 }
@@ -52,11 +52,11 @@ private slots:
     void liveShowsTheLiveSlide()
     {
         AudienceScreen display;
-        QCOMPARE(display.picture(),
-                 pictureOf(display.world.store.slideWithID(display.world.store.liveSlideID())));
+        QCOMPARE(display.image(),
+                 imageOf(display.world.store.slideWithID(display.world.store.liveSlideID())));
         display.world.store.nextLive();
-        QCOMPARE(display.picture(),
-                 pictureOf(display.world.store.slideWithID(display.world.store.liveSlideID())));
+        QCOMPARE(display.image(),
+                 imageOf(display.world.store.slideWithID(display.world.store.liveSlideID())));
     }
 
     void aTranslucentSlideLiesOnBlackAndNotOnTheOneBefore()
@@ -76,7 +76,7 @@ private slots:
         store.nextLive();
         const QImage shown = display.view.screen()->grabWindow(display.view.winId()).toImage();
         QCOMPARE(shown.convertToFormat(QImage::Format_RGB32),
-                 pictureOf(store.slideWithID(store.liveSlideID())));
+                 imageOf(store.slideWithID(store.liveSlideID())));
         QCOMPARE(shown.pixelColor(1, 1), QColor(0, 64, 128));
     }
 
@@ -108,7 +108,7 @@ private slots:
             QImage fresh(size, QImage::Format_RGB32);
             fresh.fill(Qt::black);
             QPainter painter(&fresh);
-            SlideRendererView{.slide = slideWith(next)}.paint(painter, fresh.rect());
+            paintAnew({.slide = slideWith(next)}, painter, fresh.rect());
             painter.end();
             // All white, then the next.
             for (const SlideDesign &design : {designOver(solidBackground({1, 1, 1, 1})), next}) {
@@ -124,39 +124,39 @@ private slots:
     void selectingAndQueueingChangesNothing()
     {
         AudienceScreen display;
-        const QImage before = display.picture();
+        const QImage before = display.image();
         display.world.store.queueNext();
         display.world.store.selectSlide(display.world.store.flattenedSlides().at(4).id(), true);
-        QCOMPARE(display.picture(), before);
+        QCOMPARE(display.image(), before);
     }
 
     void liveWithoutALiveSlideShowsTheRenderersEmptyState()
     {
         AudienceScreen display(ProjectTemplates::blankProject(someTime()));
         QVERIFY(!display.world.store.liveSlideID());
-        QCOMPARE(display.picture(), black());
+        QCOMPARE(display.image(), black());
     }
 
     void blackoutIsPureBlackAndLiveShowsTheSameSlideAgain()
     {
         AudienceScreen display;
-        const QImage live = display.picture();
+        const QImage live = display.image();
         display.world.store.toggleBlackout();
-        QCOMPARE(display.picture(), black());
+        QCOMPARE(display.image(), black());
         display.world.store.toggleBlackout();
-        QCOMPARE(display.picture(), live);
+        QCOMPARE(display.image(), live);
     }
 
     void logoIsTheHoldingScreenWhateverTheLiveSlideIs()
     {
         AudienceScreen display;
         display.world.store.toggleLogo();
-        const QImage holding = display.picture();
+        const QImage holding = display.image();
         QVERIFY(holding != black());
         display.world.store.nextLive();
-        QVERIFY(display.picture() != holding);
+        QVERIFY(display.image() != holding);
         display.world.store.toggleLogo();
-        QCOMPARE(display.picture(), holding);
+        QCOMPARE(display.image(), holding);
     }
 
     void theHoldingScreenIsNotScaledWithTheWindow()
@@ -166,7 +166,7 @@ private slots:
         // The bar under the name: 360 points wide and 6 high at any size of the window.
         for (const QSize &size : {QSize(960, 540), QSize(1920, 1080), QSize(1280, 1024)}) {
             display.view.resize(size);
-            const QImage image = display.picture();
+            const QImage image = display.image();
             const QRgb amber = qRgb(0xf0, 0xb8, 0x4a);
             int widest = 0;
             int rows = 0;
@@ -187,7 +187,7 @@ private slots:
     {
         AudienceScreen display;
         display.world.store.toggleLogo();
-        const QImage holding = display.picture();
+        const QImage holding = display.image();
         QImage elsewhere(400, 60, QImage::Format_RGB32);
         QPainter painter(&elsewhere);
         for (const double size : {10.0, 11.0, 13.0, 15.0, 24.0}) {
@@ -195,7 +195,7 @@ private slots:
             painter.drawText(10, 40, QStringLiteral("Logo Live Queued"));
         }
         painter.end();
-        QCOMPARE(display.picture(), holding);
+        QCOMPARE(display.image(), holding);
     }
 
     void theSafeAreaGuideOfTheEditorIsNeverDrawn()
@@ -206,10 +206,10 @@ private slots:
         QVERIFY(live->design.safeAreaEnabled);
         QImage guided = black();
         QPainter painter(&guided);
-        SlideRendererView{.slide = live, .showSafeArea = true}.paint(painter, guided.rect());
+        paintAnew({.slide = live, .showSafeArea = true}, painter, guided.rect());
         painter.end();
-        QVERIFY(display.picture() != guided);
-        QCOMPARE(display.picture(), pictureOf(live));
+        QVERIFY(display.image() != guided);
+        QCOMPARE(display.image(), imageOf(live));
     }
 
     void theAppearanceChangesNothing()
@@ -220,10 +220,10 @@ private slots:
                 display.world.store.toggleLogo();
             display.view.setPalette(interfacePalette(ZelvoTheme::dark()));
             display.view.setStyleSheet(interfaceStyleSheet(ZelvoTheme::dark()));
-            const QImage dark = display.picture();
+            const QImage dark = display.image();
             display.view.setPalette(interfacePalette(ZelvoTheme::light()));
             display.view.setStyleSheet(interfaceStyleSheet(ZelvoTheme::light()));
-            QCOMPARE(display.picture(), dark);
+            QCOMPARE(display.image(), dark);
         }
     }
 

@@ -1,5 +1,6 @@
 #include "FittedText.h"
 #include "GuiTestSupport.h"
+#include "RenderCaches.h"
 #include "TestSupport.h"
 
 #include <QPaintEvent>
@@ -17,7 +18,8 @@ constexpr FittedText::Setting setting{
 /// White on black.
 struct Words
 {
-    FittedText label{setting};
+    RenderCaches caches;
+    FittedText label{setting, caches};
 
     explicit Words(const QString &text, const QSize &size = room)
     {
@@ -29,8 +31,8 @@ struct Words
         label.resize(size);
     }
 
-    QImage picture() { return label.grab().toImage().convertToFormat(QImage::Format_RGB32); }
-    QRect ink() { return inkOf(picture()); }
+    QImage image() { return label.grab().toImage().convertToFormat(QImage::Format_RGB32); }
+    QRect ink() { return inkOf(image()); }
 };
 
 /// What of a widget was painted.
@@ -126,7 +128,7 @@ private slots:
 
     void emojiAreInColour()
     {
-        const QImage image = Words(QStringLiteral("\U0001f499 \U0001f49a")).picture();
+        const QImage image = Words(QStringLiteral("\U0001f499 \U0001f49a")).image();
         bool isColoured = false;
         for (int y = 0; y < image.height(); ++y) {
             for (int x = 0; x < image.width(); ++x) {
@@ -143,7 +145,7 @@ private slots:
         QPalette palette = words.label.palette();
         palette.setColor(QPalette::WindowText, Qt::green);
         words.label.setPalette(palette);
-        const QImage image = words.picture();
+        const QImage image = words.image();
         const QRect ink = inkOf(image);
         bool isGreen = false;
         for (int x = ink.left(); x <= ink.right(); ++x)
@@ -172,20 +174,20 @@ private slots:
                                       ->grabWindow(words.label.winId())
                                       .toImage()
                                       .convertToFormat(QImage::Format_RGB32);
-            QCOMPARE(screen, Words(text, whole.size()).picture());
+            QCOMPARE(screen, Words(text, whole.size()).image());
         }
     }
 
     void itFollowsItsTextAndItsSize()
     {
         Words words(lines(1));
-        const QImage one = words.picture();
+        const QImage one = words.image();
         words.label.setText(lines(4));
-        const QImage four = words.picture();
+        const QImage four = words.image();
         QVERIFY(four != one);
         QCOMPARE(words.label.text(), lines(4));
         words.label.resize(480, 400);
-        QVERIFY(inkOf(words.picture()).height() > inkOf(four).height());
+        QVERIFY(inkOf(words.image()).height() > inkOf(four).height());
         words.label.setText({});
         QVERIFY(words.ink().isEmpty());
     }

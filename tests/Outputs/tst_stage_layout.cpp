@@ -116,14 +116,14 @@ private slots:
             QVERIFY2(stage.part(name)->height() >= stage.part(name)->fontMetrics().height(), name);
     }
 
-    void thePicturesHaveTheirHeightsInEveryWindow_data()
+    void theImagesHaveTheirHeightsInEveryWindow_data()
     {
         QTest::addColumn<QSize>("size");
         for (const QSize &size : {QSize(900, 540), QSize(1180, 720), QSize(3840, 2160)})
             QTest::addRow("%d x %d", size.width(), size.height()) << size;
     }
 
-    void thePicturesHaveTheirHeightsInEveryWindow()
+    void theImagesHaveTheirHeightsInEveryWindow()
     {
         QFETCH(QSize, size);
         StageMonitor stage;
@@ -131,9 +131,9 @@ private slots:
         stage.layOut();
         const QList<SlideView *> slides = stage.view.findChildren<SlideView *>();
         const QRect current =
-            slides.at(0)->pictureRect().translated(slides.at(0)->mapTo(&stage.view, QPoint()));
+            slides.at(0)->slideRect().translated(slides.at(0)->mapTo(&stage.view, QPoint()));
         const QRect next =
-            slides.at(1)->pictureRect().translated(slides.at(1)->mapTo(&stage.view, QPoint()));
+            slides.at(1)->slideRect().translated(slides.at(1)->mapTo(&stage.view, QPoint()));
         QCOMPARE(current.size(), QSize(409, 230));
         QCOMPARE(next.size(), QSize(329, 185));
         QCOMPARE(current.left(), 18);
@@ -161,7 +161,7 @@ private slots:
         QCOMPARE(stage.text("currentSection"), endlessTitle);
         const QRect title = placeOf(*stage.part("currentSection"), stage.view);
         QVERIFY(title.right() < placeOf(*stage.part<QWidget>("stageClock"), stage.view).left());
-        const QImage line = stage.picture().copy(title);
+        const QImage line = stage.image().copy(title);
         const QRect ink = inkOf(line);
         constexpr int dot = 3;
         QVERIFY(ink.right() > line.width() - 40);

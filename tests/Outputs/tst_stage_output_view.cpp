@@ -102,10 +102,10 @@ private slots:
         QCOMPARE(stage.text("slideCount"), QStringLiteral("0 / 0"));
         QCOMPARE(stage.text("currentText"), QStringLiteral("No live slide"));
         QCOMPARE(stage.text("nextText"), QStringLiteral("No next slide"));
-        const QImage image = stage.picture();
+        const QImage image = stage.image();
         const auto *slide = stage.view.findChild<SlideView *>();
         QVERIFY(!slide->slide());
-        const QPoint middle = slide->mapTo(&stage.view, slide->pictureRect().center());
+        const QPoint middle = slide->mapTo(&stage.view, slide->slideRect().center());
         QCOMPARE(image.pixel(middle), qRgb(0, 0, 0));
     }
 
@@ -162,7 +162,7 @@ private slots:
         StageMonitor stage;
         StageMonitor::setTheme(*theme);
         const auto background = [&stage] {
-            const QImage image = stage.picture();
+            const QImage image = stage.image();
             const auto *badge = stage.part<OutputModeBadge>("outputMode");
             return image.pixelColor(badge->mapTo(&stage.view, QPoint(badge->width() / 2, 2)));
         };
@@ -178,7 +178,7 @@ private slots:
         StageMonitor stage(showOf({1}));
         for (const ZelvoTheme *theme : {&ZelvoTheme::dark(), &ZelvoTheme::light()}) {
             StageMonitor::setTheme(*theme);
-            const QImage image = stage.picture();
+            const QImage image = stage.image();
             QCOMPARE(image.pixelColor(600, 3), theme->panelHeaderBackground);
             QCOMPARE(image.pixelColor(3, 700), theme->appBackground);
             QCOMPARE(image.pixelColor(1177, 700), theme->panelBackground);

@@ -1,7 +1,7 @@
 #include "GoldenSlides.h"
 
 #include "GuiTestSupport.h"
-#include "Pictures.h"
+#include "Images.h"
 #include "ProjectTemplates.h"
 
 #include <QLinearGradient>
@@ -112,7 +112,7 @@ SlideBackground gradient(GradientDirection direction)
     return background;
 }
 
-SlideBackground picture(const SlideMedia &media, double blurAmount, double dimAmount)
+SlideBackground imageBackground(const SlideMedia &media, double blurAmount, double dimAmount)
 {
     SlideBackground background = gradient(GradientDirection::vertical);
     background.kind = SlideBackgroundKind::image;
@@ -157,13 +157,15 @@ QList<GoldenSlide> backgroundSlides()
     SlideBackground video = solidBackground(night);
     video.kind = SlideBackgroundKind::video;
     const SlideMedia missing{.dataUrl = "data:image/png;base64", .name = {}, .mimeType = {}};
-    SlideBackground nothing = picture(missing, 0, 0);
+    SlideBackground nothing = imageBackground(missing, 0, 0);
     nothing.gradient.reset();
     slides += {
-        slideOf(QStringLiteral("background-image"), {}, picture(landscape(), 0, 0)),
-        slideOf(QStringLiteral("background-image-blurred"), {}, picture(landscape(), 24, 0)),
-        slideOf(QStringLiteral("background-image-dimmed"), {}, picture(landscape(), 0, 0.48)),
-        slideOf(QStringLiteral("background-image-missing"), {}, picture(missing, 0, 0)),
+        slideOf(QStringLiteral("background-image"), {}, imageBackground(landscape(), 0, 0)),
+        slideOf(QStringLiteral("background-image-blurred"), {},
+                imageBackground(landscape(), 24, 0)),
+        slideOf(QStringLiteral("background-image-dimmed"), {},
+                imageBackground(landscape(), 0, 0.48)),
+        slideOf(QStringLiteral("background-image-missing"), {}, imageBackground(missing, 0, 0)),
         slideOf(QStringLiteral("background-image-and-gradient-missing"), {}, nothing),
         slideOf(QStringLiteral("background-video"), {}, video),
     };
@@ -199,7 +201,7 @@ QList<GoldenSlide> layerSlides()
         slideOf(QStringLiteral("layer-image"),
                 {imageLayer(landscape(), left), imageLayer(landscape(), {1020, 390, 760, 200})}),
         slideOf(QStringLiteral("layer-image-missing"),
-                {imageLayer(std::nullopt, left), imageLayer(mediaOf("no picture"), right)}),
+                {imageLayer(std::nullopt, left), imageLayer(mediaOf("no image"), right)}),
         slideOf(QStringLiteral("layer-lower-third"),
                 {lowerThirdLayer(QStringLiteral("Ana Sofía Morales"),
                                  QStringLiteral("Guest of the Evening"), {120, 780, 900, 180}),
@@ -217,8 +219,8 @@ QList<GoldenSlide> compositionSlides()
     turned.text->backgroundFill = rose;
     turned.text->shadow = TextShadow::soft;
     turned.rotation = 30;
-    SlideElement picture = imageLayer(landscape(), {1240, 620, 480, 300});
-    picture.rotation = -12;
+    SlideElement image = imageLayer(landscape(), {1240, 620, 480, 300});
+    image.rotation = -12;
 
     SlideElement faded = shapeLayer(ShapeKind::rectangle, {200, 240, 900, 500}, rose);
     faded.shape->strokeWidth = 24;
@@ -240,7 +242,7 @@ QList<GoldenSlide> compositionSlides()
     hidden.visible = false;
     hidden.zIndex = 9;
     return {
-        slideOf(QStringLiteral("rotation"), {turned, picture}),
+        slideOf(QStringLiteral("rotation"), {turned, image}),
         slideOf(QStringLiteral("opacity"), {faded, fadedText},
                 gradient(GradientDirection::diagonal)),
         slideOf(QStringLiteral("drawing-order"), {over, between, hidden, under}),

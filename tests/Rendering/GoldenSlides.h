@@ -10,14 +10,14 @@
 
 namespace quenara::test {
 
-/// Something the renderer shows, under the name of its picture.
+/// Something the renderer shows, under the name of its image.
 struct GoldenSlide
 {
     QString name;
     SlideRendererView view;
 };
 
-/// What there is a golden picture of. All text is in the faces that are compiled in, so that it
+/// What there is a golden image of. All text is in the faces that are compiled in, so that it
 /// looks alike on every machine.
 QList<GoldenSlide> goldenSlides();
 
@@ -26,7 +26,7 @@ QList<GoldenSlide> machineSlides();
 
 inline constexpr std::array goldenSizes = {QSize(480, 270), QSize(960, 540)};
 
-/// The file name of a slide's picture of \a size.
+/// The file name of a slide's image of \a size.
 QString goldenFileName(const GoldenSlide &slide, const QSize &size);
 
 } // namespace quenara::test

@@ -1,5 +1,5 @@
-// paint_golden SHEET [FOLDER]: lays everything that the renderer shows out on one picture, to be
-// looked at. With a folder, leaves the golden pictures in it.
+// paint_golden SHEET [FOLDER]: lays everything that the renderer shows out on one image, to be
+// looked at. With a folder, leaves the golden images in it.
 
 #include "Fonts.h"
 #include "GoldenSlides.h"
@@ -39,7 +39,7 @@ QImage contactSheet(const QList<GoldenSlide> &slides)
     return sheet;
 }
 
-/// False if a picture could not be written.
+/// False if an image could not be written.
 bool rewrite(const QDir &folder)
 {
     for (const QString &name : folder.entryList(QDir::Files))

@@ -1,6 +1,6 @@
 #include "Fonts.h"
 #include "TextBlock.h"
-#include "TextPictures.h"
+#include "TextImages.h"
 
 using namespace quenara;
 using namespace quenara::test;
@@ -52,11 +52,11 @@ private slots:
         text.shadow = TextShadow::soft;
         Slide slide = textSlide(text, frame);
         slide.design.elements.first().opacity = opacity;
-        const QImage picture = rendered({.slide = slide}, canvas);
-        const QRect ink = inkOf(picture);
+        const QImage image = rendered({.slide = slide}, canvas);
+        const QRect ink = inkOf(image);
         QVERIFY(ink.height() > 0.8 * fontSize);
         QVERIFY(ink.height() < 1.4 * fontSize);
-        QVERIFY(colouredPixels(picture) > ink.width() * ink.height() / 2);
+        QVERIFY(colouredPixels(image) > ink.width() * ink.height() / 2);
     }
 
     void whatIsAnEmojiHasColourAndTheOtherSymbolsThatOfTheText_data()
@@ -80,12 +80,12 @@ private slots:
     {
         QFETCH(QString, text);
         QFETCH(bool, isColoured);
-        const QImage picture = textPicture(plainText(text), frame);
-        QVERIFY(!inkOf(picture).isEmpty());
-        QCOMPARE(colouredPixels(picture) > 200, isColoured);
+        const QImage image = textImage(plainText(text), frame);
+        QVERIFY(!inkOf(image).isEmpty());
+        QCOMPARE(colouredPixels(image) > 200, isColoured);
     }
 
-    void joinedEmojiAreOnePicture()
+    void joinedEmojiAreOneImage()
     {
         const auto width = [](const QString &text) {
             return TextBlock(plainText(text), {1500, 600}).bounds().width();
@@ -115,10 +115,10 @@ private slots:
                                                   {0, 0, 0, 1}};
         SlideDesign design = designOver(solidBackground({0, 0, 0, 1}));
         design.elements = {element};
-        const QImage picture = rendered({.slide = slideWith(design)}, canvas);
+        const QImage image = rendered({.slide = slideWith(design)}, canvas);
         const int middle = 800;
-        QVERIFY(colouredPixels(picture.copy(0, 0, canvas.width(), middle)) > 500);
-        QVERIFY(colouredPixels(picture.copy(0, middle, canvas.width(), 280)) > 150);
+        QVERIFY(colouredPixels(image.copy(0, 0, canvas.width(), middle)) > 500);
+        QVERIFY(colouredPixels(image.copy(0, middle, canvas.width(), 280)) > 150);
     }
 
     void emojiStandOnTheLineOfTheLettersBesideThem()
@@ -126,10 +126,9 @@ private slots:
         const QString letters = QStringLiteral("HH");
         const QString both = QStringLiteral("HH \U0001F600");
         QCOMPARE(TextBlock(plainText(both), {1500, 600}).lines(), QStringList{both});
-        const QImage picture = textPicture(plainText(both), frame);
-        QVERIFY(inkOf(picture).width()
-                > inkOf(textPicture(plainText(letters), frame)).width() + 60);
-        QVERIFY(colouredPixels(picture) > 2000);
+        const QImage image = textImage(plainText(both), frame);
+        QVERIFY(inkOf(image).width() > inkOf(textImage(plainText(letters), frame)).width() + 60);
+        QVERIFY(colouredPixels(image) > 2000);
     }
 };
 

@@ -1,4 +1,4 @@
-#include "Pictures.h"
+#include "Images.h"
 #include "ZelvoImageLoader.h"
 
 #include <QDir>
@@ -52,8 +52,8 @@ QByteArray gif()
         + QByteArray("\0;", 2);
 }
 
-/// How a camera stores an upright picture by its EXIF orientation, from the definition: on which
-/// side of the upright picture its first row and its first column lie.
+/// How a camera stores an upright image by its EXIF orientation, from the definition: on which
+/// side of the upright image its first row and its first column lie.
 QImage asStored(const QImage &upright, int orientation)
 {
     const int right = upright.width() - 1;
@@ -93,7 +93,7 @@ QByteArray photograph(int orientation)
 
 } // namespace
 
-/// No GuiTest: the picture readers may warn of what they refuse.
+/// No GuiTest: the image readers may warn of what they refuse.
 class TestImageLoader : public QObject
 {
     Q_OBJECT
@@ -114,8 +114,7 @@ private slots:
         QFETCH(QByteArray, bytes);
         const QImage image = ZelvoImageLoader::image(mediaOf(bytes));
         QVERIFY(showsQuarters(image));
-        const ZelvoImageLoader::Decoded reduced =
-            ZelvoImageLoader::image(mediaOf(bytes), image.size() / 4);
+        const DecodedImage reduced = ZelvoImageLoader::image(mediaOf(bytes), image.size() / 4);
         QCOMPARE(reduced.reduction, 4);
         QCOMPARE(reduced.fullSize, image.size());
         QCOMPARE(reduced.image.size(), image.size() / 4);
@@ -123,7 +122,7 @@ private slots:
             QVERIFY(showsQuarters(reduced.image));
     }
 
-    void aPictureKeepsItsTransparency()
+    void anImageKeepsItsTransparency()
     {
         QImage image(4, 4, QImage::Format_ARGB32);
         image.fill(QColor(255, 0, 0, 128));
@@ -146,14 +145,14 @@ private slots:
         QCOMPARE(whole.size(), size);
         QVERIFY(showsQuarters(whole));
 
-        const ZelvoImageLoader::Decoded reduced = ZelvoImageLoader::image(media, {150, 100});
+        const DecodedImage reduced = ZelvoImageLoader::image(media, {150, 100});
         QCOMPARE(reduced.reduction, 4);
         QCOMPARE(reduced.fullSize, size);
         QCOMPARE(reduced.image.size(), size / 4);
         QVERIFY(showsQuarters(reduced.image));
     }
 
-    void aPictureIsReducedAsFarAsItKeepsWhatIsNeeded_data()
+    void anImageIsReducedAsFarAsItKeepsWhatIsNeeded_data()
     {
         QTest::addColumn<QSize>("needed");
         QTest::addColumn<int>("reduction");
@@ -167,11 +166,11 @@ private slots:
         QTest::newRow("less than nothing") << QSize(-5, -5) << 256;
     }
 
-    void aPictureIsReducedAsFarAsItKeepsWhatIsNeeded()
+    void anImageIsReducedAsFarAsItKeepsWhatIsNeeded()
     {
         QFETCH(QSize, needed);
         QFETCH(int, reduction);
-        const ZelvoImageLoader::Decoded decoded =
+        const DecodedImage decoded =
             ZelvoImageLoader::image(mediaOf(encoded(quarters(size), "PNG")), needed);
         QCOMPARE(decoded.reduction, reduction);
         QVERIFY(decoded.image.width() >= std::min(needed.width(), size.width()));
@@ -191,15 +190,15 @@ private slots:
     void onlyStrictBase64AfterTheFirstCommaIsDecoded_data()
     {
         QTest::addColumn<QByteArray>("dataUrl");
-        QTest::addColumn<bool>("isPicture");
+        QTest::addColumn<bool>("isImage");
         // Padded, so that there is a padding to do without.
         QByteArray bytes = encoded(quarters({8, 8}), "PNG");
         bytes.append(QByteArray(4 - bytes.size() % 3, '\0'));
         const QByteArray payload = bytes.toBase64();
         QVERIFY(payload.endsWith("==") && bytes.size() % 3 == 1);
         const QByteArray head = "data:image/png;base64,";
-        const auto row = [&](const char *name, const QByteArray &dataUrl, bool isPicture) {
-            QTest::newRow(name) << dataUrl << isPicture;
+        const auto row = [&](const char *name, const QByteArray &dataUrl, bool isImage) {
+            QTest::newRow(name) << dataUrl << isImage;
         };
         row("as it should be", head + payload, true);
         row("with a media type that lies", "data:text/plain;base64," + payload, true);
@@ -220,30 +219,30 @@ private slots:
         row("with a character that is not base64", head + QByteArray(payload).replace(20, 1, "*"),
             false);
         row("with the letters of URLs", head + QByteArray(payload).replace(20, 2, "-_"), false);
-        row("with bytes that are no picture", head + QByteArray("no picture").toBase64(), false);
-        row("with half of a picture's header",
+        row("with bytes that are no image", head + QByteArray("no image").toBase64(), false);
+        row("with half of an image's header",
             head + encoded(quarters({8, 8}), "PNG").first(20).toBase64(), false);
     }
 
     void onlyStrictBase64AfterTheFirstCommaIsDecoded()
     {
         QFETCH(QByteArray, dataUrl);
-        QFETCH(bool, isPicture);
-        QCOMPARE(!ZelvoImageLoader::image(mediaAt(dataUrl)).isNull(), isPicture);
+        QFETCH(bool, isImage);
+        QCOMPARE(!ZelvoImageLoader::image(mediaAt(dataUrl)).isNull(), isImage);
     }
 
     void aFileIsFoundByItsUrlAndByItsPath_data()
     {
         QTest::addColumn<QString>("name");
-        QTest::newRow("a plain name") << QStringLiteral("picture.png");
-        QTest::newRow("spaces") << QStringLiteral("a picture of us.png");
+        QTest::newRow("a plain name") << QStringLiteral("image.png");
+        QTest::newRow("spaces") << QStringLiteral("an image of us.png");
         QTest::newRow("umlauts") << QStringLiteral("Übermäßig schön.png");
         QTest::newRow("a percent sign") << QStringLiteral("100% sure.png");
         QTest::newRow("what looks percent-encoded") << QStringLiteral("a%20b%C3%BC.png");
         QTest::newRow("signs that divide URLs") << QStringLiteral("why? #1 & more.png");
         QTest::newRow("an emoji") << QStringLiteral("\U0001F600.png");
-        QTest::newRow("an extension that lies") << QStringLiteral("picture.txt");
-        QTest::newRow("no extension") << QStringLiteral("picture");
+        QTest::newRow("an extension that lies") << QStringLiteral("image.txt");
+        QTest::newRow("no extension") << QStringLiteral("image");
     }
 
     void aFileIsFoundByItsUrlAndByItsPath()
@@ -268,7 +267,7 @@ private slots:
         QTest::newRow("a device without end") << QByteArray("/dev/zero");
         QTest::newRow("its URL, too") << QByteArray("file:///dev/zero");
         QTest::newRow("a folder") << m_folder.path().toUtf8();
-        QTest::newRow("nothing") << QByteArray("/nonexistent/picture.png");
+        QTest::newRow("nothing") << QByteArray("/nonexistent/image.png");
         QTest::newRow("an empty text") << QByteArray();
         QTest::newRow("a file URL without a path") << QByteArray("file://");
         QTest::newRow("a NUL") << QByteArray("/tmp/a\0b", 8);
@@ -283,8 +282,8 @@ private slots:
     void anAddressOnTheNetIsNoFile_data()
     {
         QTest::addColumn<QByteArray>("place");
-        for (const char *place : {"http://127.0.0.1/picture.png", "https://localhost/picture.png",
-                                  "ftp://127.0.0.1/picture.png"})
+        for (const char *place : {"http://127.0.0.1/image.png", "https://localhost/image.png",
+                                  "ftp://127.0.0.1/image.png"})
             QTest::newRow(place) << QByteArray(place);
     }
 
@@ -294,10 +293,10 @@ private slots:
         QVERIFY(ZelvoImageLoader::image(mediaAt(place)).isNull());
     }
 
-    void whatIsNotAPictureIsNone()
+    void whatIsNotAnImageIsNone()
     {
         const QString path = m_folder.filePath(QStringLiteral("text.png"));
-        write(path, "no picture");
+        write(path, "no image");
         QVERIFY(ZelvoImageLoader::image(mediaAt(path.toUtf8())).isNull());
         write(path, {});
         QVERIFY(ZelvoImageLoader::image(mediaAt(path.toUtf8())).isNull());

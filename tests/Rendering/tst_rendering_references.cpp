@@ -1,6 +1,6 @@
 #include "GaussianBlur.h"
-#include "Pictures.h"
-#include "TextPictures.h"
+#include "Images.h"
+#include "TextImages.h"
 
 #include <cmath>
 #include <numeric>
@@ -11,7 +11,7 @@ using namespace quenara::test;
 
 namespace {
 
-/// One channel of a picture as real numbers, 0 to 1.
+/// One channel of an image as real numbers, 0 to 1.
 struct Plane
 {
     int width;
@@ -158,11 +158,11 @@ private slots:
         TextElementProperties text = words(green);
         const Plane letters = planeOf(rendered({.slide = textSlide(text, frame)}, screen), qGreen);
         text.shadow = TextShadow{red, radius, offset.x() / scale, offset.y() / scale};
-        const QImage picture = rendered({.slide = textSlide(text, frame)}, screen);
+        const QImage image = rendered({.slide = textSlide(text, frame)}, screen);
         const double sigma = radius / 2 * scale;
         const Plane shadow = shifted(sigma > 0 ? gaussian(letters, sigma) : letters, offset);
         const Plane expected = beside(letters, shadow);
-        const Plane seen = planeOf(picture, qRed);
+        const Plane seen = planeOf(image, qRed);
         QVERIFY(meanDifference(seen, expected) <= twoPercent);
         QVERIFY(std::abs(light(seen, expected) - 1) <= 0.05);
     }
@@ -172,9 +172,9 @@ private slots:
         TextElementProperties text = words(green);
         const Plane letters = planeOf(rendered({.slide = textSlide(text, frame)}, screen), qGreen);
         text.outline = TextOutline{red, 24};
-        const QImage picture = rendered({.slide = textSlide(text, frame)}, screen);
+        const QImage image = rendered({.slide = textSlide(text, frame)}, screen);
         const Plane expected = beside(letters, gaussian(letters, 12 * scale));
-        const Plane seen = planeOf(picture, qRed);
+        const Plane seen = planeOf(image, qRed);
         QVERIFY(meanDifference(seen, expected) <= twoPercent);
         QVERIFY(std::abs(light(seen, expected) - 1) <= 0.05);
     }
@@ -189,21 +189,20 @@ private slots:
     void aBackgroundIsBlurredByTheGaussianOfItsAmountAndFadesAtItsEdges()
     {
         QFETCH(double, amount);
-        const QImage image = quarters(screen);
+        const QImage original = quarters(screen);
         SlideBackground background = solidBackground({0, 0, 0, 1});
         background.kind = SlideBackgroundKind::image;
-        background.image = mediaOf(encoded(image, "PNG"));
+        background.image = mediaOf(encoded(original, "PNG"));
         background.blurAmount = amount;
-        SlideRendererView view{.slide = slideWith(designOver(background))};
         // Over black, what fades away is dark.
-        QImage picture(screen, QImage::Format_RGB32);
-        picture.fill(Qt::black);
-        QPainter painter(&picture);
-        view.paint(painter, QRectF(QPointF(), screen));
+        QImage image(screen, QImage::Format_RGB32);
+        image.fill(Qt::black);
+        QPainter painter(&image);
+        paintAnew({.slide = slideWith(designOver(background))}, painter, QRectF(QPointF(), screen));
         painter.end();
         for (const Channel channel : std::initializer_list<Channel>{qRed, qGreen, qBlue}) {
-            const Plane expected = gaussian(planeOf(image, channel), amount * scale);
-            QVERIFY(meanDifference(planeOf(picture, channel), expected) <= twoPercent);
+            const Plane expected = gaussian(planeOf(original, channel), amount * scale);
+            QVERIFY(meanDifference(planeOf(image, channel), expected) <= twoPercent);
         }
     }
 

@@ -1,4 +1,4 @@
-#include "TextPictures.h"
+#include "TextImages.h"
 
 using namespace quenara;
 using namespace quenara::test;
@@ -30,7 +30,7 @@ private slots:
             TextElementProperties properties = plainText(text);
             properties.fontSize = fontSize;
             properties.shadow = TextShadow::soft;
-            QVERIFY(!inkOf(textPicture(properties, {200, 200, 1500, 600})).isEmpty());
+            QVERIFY(!inkOf(textImage(properties, {200, 200, 1500, 600})).isEmpty());
         }
     }
 };

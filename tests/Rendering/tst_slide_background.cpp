@@ -1,6 +1,6 @@
 #include "GradientFill.h"
 #include "GuiTestSupport.h"
-#include "Pictures.h"
+#include "Images.h"
 #include "SlideRendererView.h"
 
 #include <cmath>
@@ -22,7 +22,7 @@ SlideBackground gradient(GradientDirection direction)
     return background;
 }
 
-QImage picture(const SlideBackground &background)
+QImage imageOf(const SlideBackground &background)
 {
     return rendered({.slide = slideWith(designOver(background))}, canvas);
 }
@@ -81,7 +81,7 @@ private slots:
     void gradientsRunAsTheirDirectionSays()
     {
         QFETCH(GradientDirection, direction);
-        const QImage image = picture(gradient(direction));
+        const QImage image = imageOf(gradient(direction));
         for (int y = 0; y < canvas.height(); y += 60) {
             for (int x = 0; x < canvas.width(); x += 60) {
                 const QColor expected = mixed(progress(direction, {x + 0.5, y + 0.5}, canvas, 760));
@@ -187,7 +187,7 @@ private slots:
         QImage image(canvas, QImage::Format_RGB32);
         image.fill(Qt::white);
         QPainter painter(&image);
-        SlideRendererView{.slide = slideWith(designOver(background))}.paint(painter, image.rect());
+        paintAnew({.slide = slideWith(designOver(background))}, painter, image.rect());
         painter.end();
         QVERIFY(difference(image.pixelColor(0, 540), Qt::white) <= 1);
         const QColor half = QColor::fromRgbF(0.95F, 0.8F, 0.7F);
@@ -198,7 +198,7 @@ private slots:
     {
         SlideBackground background = gradient(GradientDirection::vertical);
         background.gradient.reset();
-        QCOMPARE(picture(background).pixel(960, 540), qRgb(0, 255, 0));
+        QCOMPARE(imageOf(background).pixel(960, 540), qRgb(0, 255, 0));
     }
 
     void anImageFillsTheSlide()
@@ -212,7 +212,7 @@ private slots:
         painter.fillRect(0, 0, 40, 8, Qt::red);
         painter.end();
         background.image = mediaOf(encoded(square, "PNG"));
-        const QImage image = picture(background);
+        const QImage image = imageOf(background);
         QCOMPARE(image.pixel(1, 1), qRgb(0, 0, 255));
         QCOMPARE(image.pixel(1918, 1078), qRgb(0, 0, 255));
     }
@@ -222,10 +222,10 @@ private slots:
         QTest::addColumn<QByteArray>("dataUrl");
         QTest::newRow("a data URL without a comma") << QByteArray("data:image/png;base64");
         QTest::newRow("base64 with a line break")
-            << solidPicture({4, 4}, Qt::blue).dataUrl.insert(40, "\n");
-        QTest::newRow("bytes that are no picture") << QByteArray("data:image/png;base64,aGVsbG8=");
-        QTest::newRow("a path to nothing") << QByteArray("/nonexistent/picture.png");
-        QTest::newRow("a file URL to nothing") << QByteArray("file:///nonexistent/picture.png");
+            << solidImage({4, 4}, Qt::blue).dataUrl.insert(40, "\n");
+        QTest::newRow("bytes that are no image") << QByteArray("data:image/png;base64,aGVsbG8=");
+        QTest::newRow("a path to nothing") << QByteArray("/nonexistent/image.png");
+        QTest::newRow("a file URL to nothing") << QByteArray("file:///nonexistent/image.png");
         QTest::newRow("nothing at all") << QByteArray();
     }
 
@@ -233,12 +233,12 @@ private slots:
     {
         QFETCH(QByteArray, dataUrl);
         SlideBackground background = gradient(GradientDirection::horizontal);
-        const QImage expected = picture(background);
+        const QImage expected = imageOf(background);
         background.kind = SlideBackgroundKind::image;
         background.image = SlideMedia{dataUrl, {}, {}};
-        QCOMPARE(picture(background), expected);
+        QCOMPARE(imageOf(background), expected);
         background.gradient.reset();
-        QCOMPARE(picture(background).pixel(0, 0), qRgb(0, 255, 0));
+        QCOMPARE(imageOf(background).pixel(0, 0), qRgb(0, 255, 0));
     }
 
     void aVideoIsItsSolidColourWithACaption()
@@ -246,7 +246,7 @@ private slots:
         SlideBackground background = solidBackground({0, 0, 0, 1});
         background.kind = SlideBackgroundKind::video;
         background.video = VideoBackground{QStringLiteral("clip.mp4"), std::nullopt};
-        const QImage image = picture(background);
+        const QImage image = imageOf(background);
         QCOMPARE(image.pixel(100, 100), qRgb(0, 0, 0));
         int brightest = 0;
         for (int y = 520; y < 560; ++y) {
@@ -256,12 +256,12 @@ private slots:
         QVERIFY(std::abs(brightest - qRound(255 * 0.38)) <= 2);
     }
 
-    void darkeningLiesOverGradientsCaptionsPicturesAndWhatShowsThrough()
+    void darkeningLiesOverGradientsCaptionsImagesAndWhatShowsThrough()
     {
         const auto isDarkened = [](SlideBackground background, const QPoint &at) {
-            const QColor bright = picture(background).pixelColor(at);
+            const QColor bright = imageOf(background).pixelColor(at);
             background.dimAmount = 0.5;
-            const QColor dark = picture(background).pixelColor(at);
+            const QColor dark = imageOf(background).pixelColor(at);
             return bright.lightness() > 20
                 && difference(dark, {bright.red() / 2, bright.green() / 2, bright.blue() / 2}) <= 1;
         };
@@ -274,7 +274,7 @@ private slots:
             QVERIFY(isDarkened(gradient(direction), {700, 300}));
         SlideBackground image = solidBackground({0, 0, 0, 1});
         image.kind = SlideBackgroundKind::image;
-        image.image = solidPicture({4, 4}, Qt::white);
+        image.image = solidImage({4, 4}, Qt::white);
         QVERIFY(isDarkened(image, {700, 300}));
 
         SlideBackground clear = solidBackground({1, 1, 1, 0});
@@ -282,7 +282,7 @@ private slots:
         QImage below(canvas, QImage::Format_RGB32);
         below.fill(Qt::white);
         QPainter painter(&below);
-        SlideRendererView{.slide = slideWith(designOver(clear))}.paint(painter, below.rect());
+        paintAnew({.slide = slideWith(designOver(clear))}, painter, below.rect());
         painter.end();
         QVERIFY(std::abs(qRed(below.pixel(700, 300)) - 128) <= 1);
     }
@@ -290,15 +290,15 @@ private slots:
     void dimmingZeroOrLessDrawsNothingAndHalfDarkensByHalf()
     {
         SlideBackground background = solidBackground({1, 1, 1, 1});
-        QCOMPARE(picture(background).pixel(5, 5), qRgb(255, 255, 255));
+        QCOMPARE(imageOf(background).pixel(5, 5), qRgb(255, 255, 255));
         for (const double nothing : {-0.5, std::nan("")}) {
             background.dimAmount = nothing;
-            QCOMPARE(picture(background).pixel(5, 5), qRgb(255, 255, 255));
+            QCOMPARE(imageOf(background).pixel(5, 5), qRgb(255, 255, 255));
         }
         background.dimAmount = 0.5;
-        QVERIFY(std::abs(qRed(picture(background).pixel(5, 5)) - 128) <= 1);
+        QVERIFY(std::abs(qRed(imageOf(background).pixel(5, 5)) - 128) <= 1);
         background.dimAmount = 7;
-        QCOMPARE(picture(background).pixel(5, 5), qRgb(0, 0, 0));
+        QCOMPARE(imageOf(background).pixel(5, 5), qRgb(0, 0, 0));
     }
 };
 

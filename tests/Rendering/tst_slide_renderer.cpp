@@ -1,5 +1,5 @@
 #include "GuiTestSupport.h"
-#include "Pictures.h"
+#include "Images.h"
 #include "SlideDesignRenderView.h"
 
 using namespace quenara;
@@ -84,7 +84,7 @@ private slots:
         QImage image(8, 8, QImage::Format_ARGB32_Premultiplied);
         image.fill(magenta);
         QPainter painter(&image);
-        SlideRendererView{.slide = slideOver(red, {})}.paint(painter, QRectF(0, 0, 0, 8));
+        paintAnew({.slide = slideOver(red, {})}, painter, QRectF(0, 0, 0, 8));
         painter.end();
         QImage untouched = image;
         untouched.fill(magenta);
@@ -100,9 +100,9 @@ private slots:
         video.kind = SlideBackgroundKind::video;
         SlideBackground translucent = SlideBackground::defaultDark();
         translucent.gradient->endColor.alpha = 0.9;
-        SlideBackground picture = solidBackground(gray);
-        picture.kind = SlideBackgroundKind::image;
-        picture.image = solidPicture({4, 4}, Qt::white);
+        SlideBackground image = solidBackground(gray);
+        image.kind = SlideBackgroundKind::image;
+        image.image = solidImage({4, 4}, Qt::white);
         QTest::newRow("one colour")
             << solidBackground(gray) << QSize(1920, 1080) << QRect(2, 2, 1916, 1076);
         QTest::newRow("between black bars")
@@ -113,7 +113,7 @@ private slots:
         QTest::newRow("a translucent colour")
             << solidBackground({1, 1, 1, 0.99}) << QSize(1920, 1080) << QRect();
         QTest::newRow("a translucent gradient") << translucent << QSize(1920, 1080) << QRect();
-        QTest::newRow("a picture, which may have holes") << picture << QSize(1920, 1080) << QRect();
+        QTest::newRow("an image, which may have holes") << image << QSize(1920, 1080) << QRect();
     }
 
     void aSlideHidesItsPlaceButForTheEdges()
@@ -128,7 +128,7 @@ private slots:
         QImage onGreen(area, QImage::Format_ARGB32);
         onGreen.fill(Qt::green);
         QPainter painter(&onGreen);
-        view.paint(painter, onGreen.rect());
+        paintAnew(view, painter, onGreen.rect());
         painter.end();
         QCOMPARE(onGreen.copy(hidden), rendered(view, area).copy(hidden));
     }
@@ -148,7 +148,7 @@ private slots:
             image.fill(Qt::blue);
             QPainter painter(&image);
             painter.setOpacity(0.5);
-            SlideRendererView{.slide = slideOver(blue, {layer})}.paint(painter, image.rect());
+            paintAnew({.slide = slideOver(blue, {layer})}, painter, image.rect());
             painter.end();
             return image.pixelColor(96, 54);
         };
@@ -160,7 +160,7 @@ private slots:
         QVERIFY(std::abs(color().blue() - plain.blue()) <= 1);
     }
 
-    void anAbsentSlideIsABlackPictureOfTheStandardShape()
+    void anAbsentSlideIsABlackImageOfTheStandardShape()
     {
         const QImage image = rendered({}, {160, 160});
         QCOMPARE(image.pixel(80, 34), magenta);
@@ -403,7 +403,7 @@ private slots:
         QCOMPARE(image.pixel(98, 300), qRgb(128, 128, 128));
     }
 
-    void anImageLayerWithoutAPictureShowsAPlaceholder()
+    void anImageLayerWithoutAnImageShowsAPlaceholder()
     {
         SlideElement layer;
         layer.id = QStringLiteral("image");
@@ -452,7 +452,7 @@ private slots:
         QFETCH(double, number);
         Slide slide = slideWith(SlideDesign::centeredLyric(QStringLiteral("Sing"), {}));
         slide.design.background.kind = SlideBackgroundKind::image;
-        slide.design.background.image = solidPicture({8, 8}, Qt::red);
+        slide.design.background.image = solidImage({8, 8}, Qt::red);
         slide.design.background.blurAmount = number;
         SlideElement &element = slide.design.elements.first();
         element.text->shadow = TextShadow{{0, 0, 0, 1}, number, number, number};
@@ -474,8 +474,8 @@ private slots:
         painter.translate(3, 4);
         painter.setPen(Qt::green);
         const QTransform transform = painter.transform();
-        SlideRendererView{.slide = slideWith(SlideDesign::centeredLyric(QStringLiteral("a"), {}))}
-            .paint(painter, QRectF(0, 0, 160, 90));
+        paintAnew({.slide = slideWith(SlideDesign::centeredLyric(QStringLiteral("a"), {}))},
+                  painter, QRectF(0, 0, 160, 90));
         QCOMPARE(painter.transform(), transform);
         QCOMPARE(painter.pen().color(), QColor(Qt::green));
         QCOMPARE(painter.opacity(), 1.0);

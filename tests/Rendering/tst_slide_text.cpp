@@ -1,6 +1,6 @@
 #include "SlideFonts.h"
 #include "TextBlock.h"
-#include "TextPictures.h"
+#include "TextImages.h"
 
 #include <QFontDatabase>
 #include <QFontInfo>
@@ -70,7 +70,7 @@ private slots:
         TextElementProperties text = plainText(QStringLiteral("HHH"));
         text.alignment = alignment;
         text.padding = 40;
-        const QRect ink = inkOf(textPicture(text, {200, 300, 1000, 400}));
+        const QRect ink = inkOf(textImage(text, {200, 300, 1000, 400}));
         constexpr int tolerance = 12; // side bearings
         if (alignment == TextAlignmentValue::left) {
             QVERIFY(std::abs(ink.left() - 240) <= tolerance);
@@ -116,9 +116,9 @@ private slots:
     {
         TextElementProperties text = plainText(QStringLiteral("HHHH"));
         text.shadow = TextShadow{{1, 0, 0, 1}, 0, 0, 60};
-        const QImage image = textPicture(text, {200, 300, 1000, 400});
+        const QImage image = textImage(text, {200, 300, 1000, 400});
         text.shadow.reset();
-        const QRect ink = inkOf(textPicture(text, {200, 300, 1000, 400}));
+        const QRect ink = inkOf(textImage(text, {200, 300, 1000, 400}));
         const QPoint insideStem(ink.left() + 4, ink.bottom() - 4);
         QCOMPARE(image.pixel(insideStem), qRgb(255, 255, 255));
         QCOMPARE(image.pixel(insideStem + QPoint(0, 60)), qRgb(255, 0, 0));
@@ -128,7 +128,7 @@ private slots:
     {
         TextElementProperties text = plainText(QString());
         text.backgroundFill = RGBAColor{0, 0, 1, 1};
-        const QImage image = textPicture(text, {200, 300, 1000, 400});
+        const QImage image = textImage(text, {200, 300, 1000, 400});
         QCOMPARE(image.pixel(700, 301), qRgb(0, 0, 255));
         QCOMPARE(image.pixel(201, 500), qRgb(0, 0, 255));
         QCOMPARE(image.pixel(200, 300), qRgb(0, 0, 0));

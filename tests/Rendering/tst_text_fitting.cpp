@@ -1,5 +1,5 @@
 #include "TextBlock.h"
-#include "TextPictures.h"
+#include "TextImages.h"
 
 using namespace quenara;
 using namespace quenara::test;
@@ -151,7 +151,7 @@ private slots:
     void aShrunkTextIsPaintedInsideItsBox()
     {
         const CanvasFrame frame{300, 200, 1200, 300};
-        const QRect ink = inkOf(textPicture(sized(longText(), 78), frame));
+        const QRect ink = inkOf(textImage(sized(longText(), 78), frame));
         QVERIFY(QRect(300, 200, 1200, 300).contains(ink));
         QVERIFY(ink.height() > 230);
     }
@@ -252,11 +252,11 @@ private slots:
         TextElementProperties text = sized(QStringLiteral("xxxx\n").repeated(30), 78);
         text.alignment = TextAlignmentValue::left;
         const CanvasFrame frame{200, 200, 900, 130};
-        const QImage picture = textPicture(text, frame);
+        const QImage image = textImage(text, frame);
         const auto inkBetween = [&](int top, int bottom) {
-            return inkOf(picture.copy(0, top, canvas.width(), bottom - top));
+            return inkOf(image.copy(0, top, canvas.width(), bottom - top));
         };
-        const QRect whole = inkOf(picture);
+        const QRect whole = inkOf(image);
         const int lastLine = whole.bottom() - 20;
         const QRect first = inkBetween(0, lastLine);
         const QRect last = inkBetween(lastLine, canvas.height());

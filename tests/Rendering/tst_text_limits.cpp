@@ -1,5 +1,5 @@
 #include "TextBlock.h"
-#include "TextPictures.h"
+#include "TextImages.h"
 
 using namespace quenara;
 using namespace quenara::test;

@@ -1,5 +1,6 @@
+#include "RenderCaches.h"
 #include "TextBlock.h"
-#include "TextPictures.h"
+#include "TextImages.h"
 
 using namespace quenara;
 using namespace quenara::test;
@@ -53,16 +54,16 @@ private slots:
         constexpr double spacing = 20;
         TextElementProperties properties = leftAligned(text);
         const double plainWidth = TextBlock(properties, {1500, 600}).bounds().width();
-        const QRect plainInk = inkOf(textPicture(properties, frame));
+        const QRect plainInk = inkOf(textImage(properties, frame));
         properties.characterSpacing = spacing;
         const double spacedWidth = TextBlock(properties, {1500, 600}).bounds().width();
-        const QRect spacedInk = inkOf(textPicture(properties, frame));
+        const QRect spacedInk = inkOf(textImage(properties, frame));
         QVERIFY(std::abs(spacedWidth - plainWidth - characters * spacing) < 0.1);
         // What follows the last character is not seen, but counts for the alignment.
         QVERIFY(std::abs(spacedInk.width() - plainInk.width() - (characters - 1) * spacing) <= 1);
         QCOMPARE(spacedInk.left(), plainInk.left());
         properties.alignment = TextAlignmentValue::right;
-        const int rightMargin = 1700 - inkOf(textPicture(properties, frame)).right();
+        const int rightMargin = 1700 - inkOf(textImage(properties, frame)).right();
         QVERIFY(rightMargin >= spacing);
     }
 
@@ -80,11 +81,11 @@ private slots:
         text.fontSize = fontSize;
         text.characterSpacing = -fontSize / 3;
         text.textColor.alpha = 0.5;
-        const QImage picture = textPicture(text, frame);
+        const QImage image = textImage(text, frame);
         int brightest = 0;
-        for (int y = 0; y < picture.height(); ++y) {
-            for (int x = 0; x < picture.width(); ++x)
-                brightest = std::max(brightest, qGray(picture.pixel(x, y)));
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x)
+                brightest = std::max(brightest, qGray(image.pixel(x, y)));
         }
         QVERIFY(brightest >= 126 && brightest <= 129);
     }
@@ -93,9 +94,9 @@ private slots:
     {
         TextElementProperties text = plainText(QStringLiteral("HHHH"));
         text.characterSpacing = -40;
-        const QRect opaque = inkOf(textPicture(text, frame));
+        const QRect opaque = inkOf(textImage(text, frame));
         text.textColor.alpha = 0.9;
-        QCOMPARE(inkOf(textPicture(text, frame)), opaque);
+        QCOMPARE(inkOf(textImage(text, frame)), opaque);
     }
 
     void aRightToLeftLineEndsOnItsLeft_data()
@@ -112,9 +113,9 @@ private slots:
         const QString word = QStringLiteral("\u05e9\u05dc\u05d5\u05dd");
         TextElementProperties text = plainText(word);
         text.alignment = TextAlignmentValue::right;
-        const QRect bare = inkOf(textPicture(text, frame));
+        const QRect bare = inkOf(textImage(text, frame));
         text.text += mark;
-        const QRect marked = inkOf(textPicture(text, frame));
+        const QRect marked = inkOf(textImage(text, frame));
         QVERIFY(marked.left() < bare.left() - 4);
         QVERIFY(std::abs(marked.right() - bare.right()) <= 1);
     }
@@ -138,9 +139,9 @@ private slots:
         QFETCH(TextAlignmentValue, alignment);
         TextElementProperties text = plainText(line + QLatin1Char('\n') + line);
         text.alignment = alignment;
-        const QImage bare = textPicture(text, frame);
+        const QImage bare = textImage(text, frame);
         text.text = line + QStringLiteral("  \t\r\n") + line + QLatin1Char(' ');
-        QCOMPARE(textPicture(text, frame), bare);
+        QCOMPARE(textImage(text, frame), bare);
     }
 
     void linesArePaintedAsFarApartAsTheirSpacingSays()
@@ -148,7 +149,7 @@ private slots:
         const auto pitch = [](double lineHeight) {
             TextElementProperties text = plainText(QStringLiteral("HH\nHH\nHH"));
             text.lineHeight = lineHeight;
-            const QList<int> tops = topsOfInk(textPicture(text, frame));
+            const QList<int> tops = topsOfInk(textImage(text, frame));
             return tops.size() == 3 ? (tops.at(2) - tops.at(0)) / 2.0 : 0;
         };
         const double set = pitch(1);
@@ -161,8 +162,8 @@ private slots:
 
     void blankLinesArePaintedAsTheRoomOfALine()
     {
-        const QList<int> closed = topsOfInk(textPicture(plainText(QStringLiteral("H\nH")), frame));
-        const QList<int> open = topsOfInk(textPicture(plainText(QStringLiteral("H\n\nH")), frame));
+        const QList<int> closed = topsOfInk(textImage(plainText(QStringLiteral("H\nH")), frame));
+        const QList<int> open = topsOfInk(textImage(plainText(QStringLiteral("H\n\nH")), frame));
         QCOMPARE(closed.size(), 2);
         QCOMPARE(open.size(), 2);
         const int pitch = closed.at(1) - closed.at(0);
@@ -172,7 +173,7 @@ private slots:
     void blankLinesAtTheStartAndTheEndCountForTheCentring()
     {
         const auto top = [](const QString &text) {
-            return inkOf(textPicture(plainText(text), frame)).top();
+            return inkOf(textImage(plainText(text), frame)).top();
         };
         const int alone = top(QStringLiteral("H"));
         QVERIFY(top(QStringLiteral("\nH")) > alone + 30);
@@ -197,8 +198,8 @@ private slots:
         QFETCH(QString, text);
         QCOMPARE(TextBlock(plainText(text), {1500, 900}).lines(),
                  (QStringList{QStringLiteral("one"), QStringLiteral("two")}));
-        QCOMPARE(textPicture(plainText(text), frame),
-                 textPicture(plainText(QStringLiteral("one\ntwo")), frame));
+        QCOMPARE(textImage(plainText(text), frame),
+                 textImage(plainText(QStringLiteral("one\ntwo")), frame));
     }
 
     void linesBreakBetweenWordsAndInsideThoseThatAloneAreTooLong()
@@ -214,15 +215,14 @@ private slots:
     {
         TextElementProperties text = plainText(QStringLiteral("straße"));
         text.uppercase = true;
-        QCOMPARE(textPicture(text, frame),
-                 textPicture(plainText(QStringLiteral("STRASSE")), frame));
+        QCOMPARE(textImage(text, frame), textImage(plainText(QStringLiteral("STRASSE")), frame));
         QCOMPARE(text.text, QStringLiteral("straße"));
     }
 
     void aLetterWithItsCombiningMarkIsPaintedLikeTheOneCharacter()
     {
-        QCOMPARE(textPicture(plainText(QStringLiteral("caf\u0065\u0301")), frame),
-                 textPicture(plainText(QStringLiteral("caf\u00e9")), frame));
+        QCOMPARE(textImage(plainText(QStringLiteral("caf\u0065\u0301")), frame),
+                 textImage(plainText(QStringLiteral("caf\u00e9")), frame));
     }
 
     void rightToLeftTextRunsFromTheRight_data()
@@ -243,7 +243,7 @@ private slots:
         const auto flushRight = [](const QString &text) {
             TextElementProperties properties = plainText(text);
             properties.alignment = TextAlignmentValue::right;
-            return textPicture(properties, frame);
+            return textImage(properties, frame);
         };
         const QImage one = flushRight(first);
         const QImage two = flushRight(both);
@@ -255,7 +255,7 @@ private slots:
 
     void leftIsTheLeftEdgeForRightToLeftTextToo()
     {
-        const QRect ink = inkOf(textPicture(leftAligned(QStringLiteral("\u05e9\u05dc")), frame));
+        const QRect ink = inkOf(textImage(leftAligned(QStringLiteral("\u05e9\u05dc")), frame));
         QVERIFY(std::abs(ink.left() - 200) <= 12);
     }
 
@@ -277,7 +277,7 @@ private slots:
         row("right-to-left", QStringLiteral("\u05d4\u05dc\u05dc\u05d5 \u05d0\u05ea"));
         row("shrunk", QStringLiteral("great is the morning ").repeated(12));
         row("truncated", QStringLiteral("great is the morning ").repeated(200));
-        row("a picture", QStringLiteral("a \U0001f499"), 0, false);
+        row("an image", QStringLiteral("a \U0001f499"), 0, false);
     }
 
     void inkBoundsHoldTheLettersAndLittleElse()
@@ -289,8 +289,9 @@ private slots:
         properties.characterSpacing = spacing;
         constexpr QSizeF box(1400, 600);
         const QRectF ink =
-            inkOf(textPicture(properties, {200, 200, box.width(), box.height()})).toRectF();
-        const QRectF bounds = TextBlock(properties, box).inkBounds().translated(200, 200);
+            inkOf(textImage(properties, {200, 200, box.width(), box.height()})).toRectF();
+        RenderCaches caches;
+        const QRectF bounds = TextBlock(properties, box).inkBounds(caches).translated(200, 200);
         QVERIFY(bounds.adjusted(-1, -1, 1, 1).contains(ink));
         if (isTight)
             QVERIFY(ink.adjusted(-2, -2, 2, 2).contains(bounds));
@@ -298,8 +299,10 @@ private slots:
 
     void nothingHasNoInkBounds()
     {
-        QVERIFY(TextBlock(plainText({}), {100, 100}).inkBounds().isEmpty());
-        QVERIFY(TextBlock(plainText(QStringLiteral("  \n ")), {100, 100}).inkBounds().isEmpty());
+        RenderCaches caches;
+        QVERIFY(TextBlock(plainText({}), {100, 100}).inkBounds(caches).isEmpty());
+        QVERIFY(
+            TextBlock(plainText(QStringLiteral("  \n ")), {100, 100}).inkBounds(caches).isEmpty());
     }
 };
 

@@ -1,5 +1,5 @@
-#include "Pictures.h"
-#include "TextPictures.h"
+#include "Images.h"
+#include "TextImages.h"
 
 using namespace quenara;
 using namespace quenara::test;
@@ -8,7 +8,7 @@ namespace {
 
 const RGBAColor red{1, 0, 0, 1};
 
-QImage picture(const TextElementProperties &text, const CanvasFrame &frame, double opacity)
+QImage imageOf(const TextElementProperties &text, const CanvasFrame &frame, double opacity)
 {
     Slide slide = textSlide(text, frame);
     slide.design.elements.first().opacity = opacity;
@@ -35,9 +35,9 @@ private slots:
     {
         QFETCH(double, opacity);
         TextElementProperties text = plainText(QStringLiteral("HHH"));
-        const QRect inside = inkOf(picture(text, {300, 200, 1200, 200}, opacity));
+        const QRect inside = inkOf(imageOf(text, {300, 200, 1200, 200}, opacity));
         text.shadow = TextShadow{text.textColor, 0, 0, 600};
-        const QRect shadow = inkOf(picture(text, {300, -400, 1200, 200}, opacity));
+        const QRect shadow = inkOf(imageOf(text, {300, -400, 1200, 200}, opacity));
         QCOMPARE(shadow, inside);
     }
 
@@ -49,9 +49,9 @@ private slots:
         TextElementProperties text = plainText(QStringLiteral("HHH"));
         text.shadow = TextShadow{red, 0, 0, 300};
         const CanvasFrame frame{300, 200, 1200, 120};
-        const QImage hard = picture(text, frame, opacity);
+        const QImage hard = imageOf(text, frame, opacity);
         text.shadow->radius = -50;
-        QCOMPARE(picture(text, frame, opacity), hard);
+        QCOMPARE(imageOf(text, frame, opacity), hard);
     }
 
     void whatIsBlurredFromLettersIsAsTranslucentAsThey()
@@ -60,7 +60,7 @@ private slots:
             TextElementProperties text = plainText(QStringLiteral("HHH"));
             text.textColor.alpha = alpha;
             text.shadow = TextShadow{red, 8, 0, 200};
-            const QImage image = picture(text, {300, 200, 1200, 120}, 1).copy(300, 400, 1200, 120);
+            const QImage image = imageOf(text, {300, 200, 1200, 120}, 1).copy(300, 400, 1200, 120);
             int most = 0;
             for (int y = 0; y < image.height(); ++y) {
                 for (int x = 0; x < image.width(); ++x)
@@ -79,10 +79,10 @@ private slots:
         TextElementProperties text = plainText(QStringLiteral("one\ntwo\nthree"));
         text.shadow = TextShadow::soft;
         const CanvasFrame tooLow{300, 500, 1200, 12};
-        QCOMPARE(inkOf(picture(text, tooLow, 0.9)), inkOf(picture(text, tooLow, 1)));
+        QCOMPARE(inkOf(imageOf(text, tooLow, 0.9)), inkOf(imageOf(text, tooLow, 1)));
         text.padding = -300;
         const CanvasFrame low{300, 500, 1200, 60};
-        QCOMPARE(inkOf(picture(text, low, 0.9)), inkOf(picture(text, low, 1)));
+        QCOMPARE(inkOf(imageOf(text, low, 0.9)), inkOf(imageOf(text, low, 1)));
     }
 
     void pixelsAreTheSameWhateverTheirRatio_data()
@@ -94,7 +94,7 @@ private slots:
         QTest::newRow("faded") << 0.6 << 0.0 << 0.0;
         QTest::newRow("turned") << 1.0 << 21.0 << 0.0;
         QTest::newRow("turned and faded") << 0.6 << 21.0 << 0.0;
-        QTest::newRow("before a blurred picture") << 0.6 << 0.0 << 20.0;
+        QTest::newRow("before a blurred image") << 0.6 << 0.0 << 20.0;
     }
 
     void pixelsAreTheSameWhateverTheirRatio()

@@ -1,5 +1,5 @@
 #include "ProjectTemplates.h"
-#include "TextPictures.h"
+#include "TextImages.h"
 
 #include <cmath>
 #include <numeric>
@@ -13,7 +13,7 @@ namespace {
 constexpr QSize thumbnail(64, 36);
 constexpr double thumbnailTolerance = 0.08;
 
-/// How the ink of a picture is shared out over as many columns and rows as a thumbnail has.
+/// How the ink of an image is shared out over as many columns and rows as a thumbnail has.
 struct InkShares
 {
     std::vector<double> columns = std::vector<double>(std::size_t(thumbnail.width()));

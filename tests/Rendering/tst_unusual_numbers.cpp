@@ -1,6 +1,6 @@
-#include "Pictures.h"
+#include "Images.h"
 #include "SlideDesignRenderView.h"
-#include "TextPictures.h"
+#include "TextImages.h"
 
 #include <limits>
 
@@ -30,7 +30,7 @@ SlideElement redLayer(const CanvasFrame &frame = {480, 270, 960, 540})
     return rectangleLayer(QStringLiteral("layer"), frame, red, 1);
 }
 
-QImage picture(const Slide &slide)
+QImage imageOf(const Slide &slide)
 {
     return rendered({.slide = slide}, screen);
 }
@@ -153,7 +153,7 @@ private slots:
     {
         QFETCH(SlideElement, layer);
         SlideElement corner = rectangleLayer(QStringLiteral("corner"), {0, 0, 40, 40}, blue, 9);
-        const QImage image = picture(slideOf({layer, corner}));
+        const QImage image = imageOf(slideOf({layer, corner}));
         QCOMPARE(image.pixel(4, 4), qRgb(0, 0, 255));
         QVERIFY(image.pixel(2, 268) != magenta);
     }
@@ -173,16 +173,16 @@ private slots:
         QFETCH(QRgb, expected);
         const SlideElement layer =
             rectangleLayer(QStringLiteral("layer"), {480, 270, 960, 540}, color, 1);
-        QCOMPARE(middleOf(picture(slideOf({layer}))), expected);
+        QCOMPARE(middleOf(imageOf(slideOf({layer}))), expected);
     }
 
     void opacityIsCutToItsRange()
     {
         SlideElement layer = redLayer();
         layer.opacity = 2;
-        QCOMPARE(middleOf(picture(slideOf({layer}))), redPixel);
+        QCOMPARE(middleOf(imageOf(slideOf({layer}))), redPixel);
         layer.opacity = -1;
-        QCOMPARE(middleOf(picture(slideOf({layer}))), grayPixel);
+        QCOMPARE(middleOf(imageOf(slideOf({layer}))), grayPixel);
     }
 
     void aFrameWithoutExtentShowsNothing_data()
@@ -207,7 +207,7 @@ private slots:
         QFETCH(CanvasFrame, frame);
         QFETCH(SlideElement, layer);
         layer.frame = frame;
-        QCOMPARE(picture(slideOf({layer})), picture(slideOf({})));
+        QCOMPARE(imageOf(slideOf({layer})), imageOf(slideOf({})));
     }
 
     void aHugeFrameCoversTheSlide_data()
@@ -222,7 +222,7 @@ private slots:
         QFETCH(double, opacity);
         SlideElement layer = redLayer({-5e8, -5e8, 1e9, 1e9});
         layer.opacity = opacity;
-        const QImage image = picture(slideOf({layer}));
+        const QImage image = imageOf(slideOf({layer}));
         for (const QPoint &place :
              {QPoint(0, 0), QPoint(479, 0), QPoint(240, 135), QPoint(479, 269)}) {
             QVERIFY(std::abs(qRed(image.pixel(place)) - (opacity < 1 ? 192 : 255)) <= 1);
@@ -230,23 +230,23 @@ private slots:
         }
     }
 
-    void aPictureInAHugeFrameIsShown()
+    void anImageInAHugeFrameIsShown()
     {
         SlideElement layer = everyKindOfLayer().at(3);
-        layer.image = solidPicture({64, 48}, Qt::green);
+        layer.image = solidImage({64, 48}, Qt::green);
         for (const double side : {1e5, 1e7, 1e9}) {
             layer.frame = {-side / 2, -side / 2, side, side};
-            QCOMPARE(middleOf(picture(slideOf({layer}))), qRgb(0, 255, 0));
+            QCOMPARE(middleOf(imageOf(slideOf({layer}))), qRgb(0, 255, 0));
         }
     }
 
     void wholeTurnsTurnNothing()
     {
         SlideElement layer = redLayer({600, 500, 700, 100});
-        const QImage straight = picture(slideOf({layer}));
+        const QImage straight = imageOf(slideOf({layer}));
         for (const double rotation : {360.0, -720.0, 360e9}) {
             layer.rotation = rotation;
-            QCOMPARE(picture(slideOf({layer})), straight);
+            QCOMPARE(imageOf(slideOf({layer})), straight);
         }
     }
 
@@ -254,9 +254,9 @@ private slots:
     {
         TextElementProperties text = plainText(QStringLiteral("one\ntwo\nthree"));
         const CanvasFrame frame{500, 400, 900, 100};
-        const QRect inside = inkOf(textPicture(text, frame));
+        const QRect inside = inkOf(textImage(text, frame));
         text.padding = -200;
-        const QRect outside = inkOf(textPicture(text, frame));
+        const QRect outside = inkOf(textImage(text, frame));
         QVERIFY(outside.height() > 2 * inside.height());
         QVERIFY(std::abs(outside.center().y() - inside.center().y()) <= 40);
     }
@@ -265,24 +265,24 @@ private slots:
     {
         TextElementProperties text = plainText(QStringLiteral("one two three"));
         text.padding = 5000;
-        QVERIFY(inkOf(textPicture(text, {500, 400, 900, 100})).isEmpty());
+        QVERIFY(inkOf(textImage(text, {500, 400, 900, 100})).isEmpty());
     }
 
     void aRadiusBelowZeroIsNone()
     {
         SlideElement layer = redLayer();
-        const QImage sharp = picture(slideOf({layer}));
+        const QImage sharp = imageOf(slideOf({layer}));
         layer.shape->cornerRadius = -40;
-        QCOMPARE(picture(slideOf({layer})), sharp);
+        QCOMPARE(imageOf(slideOf({layer})), sharp);
     }
 
     void aRadiusBeyondTheHalfOfASideIsThatHalf()
     {
         SlideElement layer = redLayer();
         layer.shape->cornerRadius = 1e6;
-        const QImage round = picture(slideOf({layer}));
+        const QImage round = imageOf(slideOf({layer}));
         layer.shape->kind = ShapeKind::capsule;
-        QCOMPARE(picture(slideOf({layer})), round);
+        QCOMPARE(imageOf(slideOf({layer})), round);
     }
 
     void anyNumberInABackgroundHasItsMeaningOrNone_data()
@@ -301,10 +301,10 @@ private slots:
         QFETCH(double, dimAmount);
         SlideBackground background = solidBackground(red);
         background.kind = SlideBackgroundKind::image;
-        background.image = solidPicture({64, 36}, Qt::green);
+        background.image = solidImage({64, 36}, Qt::green);
         background.blurAmount = blurAmount;
         background.dimAmount = dimAmount;
-        const QRgb middle = middleOf(picture(slideWith(designOver(background))));
+        const QRgb middle = middleOf(imageOf(slideWith(designOver(background))));
         if (dimAmount >= 1) {
             QCOMPARE(middle, qRgb(0, 0, 0));
         } else if (blurAmount < 1) {
@@ -400,7 +400,7 @@ private slots:
              {CanvasSize{1, 10000}, CanvasSize{1e9, 1}, CanvasSize{1, 1e300}}) {
             Slide slide = slideOf(everyKindOfLayer());
             slide.design.background.kind = SlideBackgroundKind::image;
-            slide.design.background.image = solidPicture({8, 8}, Qt::green);
+            slide.design.background.image = solidImage({8, 8}, Qt::green);
             slide.design.background.blurAmount = 10;
             slide.design.canvasSize = size;
             const QImage image = rendered({.slide = slide, .showSafeArea = true}, screen);
@@ -415,8 +415,8 @@ private slots:
         SlideElement bottom = redLayer();
         bottom.shape->fill = blue;
         bottom.zIndex = std::numeric_limits<std::int64_t>::min();
-        QCOMPARE(middleOf(picture(slideOf({top, bottom}))), redPixel);
-        QCOMPARE(middleOf(picture(slideOf({bottom, top}))), redPixel);
+        QCOMPARE(middleOf(imageOf(slideOf({top, bottom}))), redPixel);
+        QCOMPARE(middleOf(imageOf(slideOf({bottom, top}))), redPixel);
     }
 
     void fiveHundredLayersAreAllDrawn()
@@ -460,7 +460,7 @@ private slots:
     {
         QFETCH(QString, text);
         QFETCH(bool, hasInk);
-        const QImage image = textPicture(plainText(text), {200, 200, 1500, 600});
+        const QImage image = textImage(plainText(text), {200, 200, 1500, 600});
         QCOMPARE(!inkOf(image).isEmpty(), hasInk);
     }
 };

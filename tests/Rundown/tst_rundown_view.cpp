@@ -1,6 +1,6 @@
 #include "CommandWorld.h"
 #include "GuiTestSupport.h"
-#include "PictureCache.h"
+#include "RenderCaches.h"
 #include "RundownList.h"
 #include "RundownModel.h"
 #include "RundownRowDelegate.h"
@@ -22,8 +22,8 @@ namespace {
 /// The rundown as a window of its own.
 struct Rundown : CommandWorld
 {
-    PictureCache pictures;
-    RundownView view{store, commands, pictures};
+    RenderCaches caches;
+    RundownView view{store, commands, caches};
     RundownList *list = view.findChild<RundownList *>();
     const RundownModel *model = view.findChild<RundownModel *>();
 
@@ -394,7 +394,7 @@ private slots:
     void rowsThatStayInSightAreNotPaintedAgainAsTheListScrolls()
     {
         Rundown op(showOf({3, 40}));
-        SlideThumbnails thumbnails(op.pictures);
+        SlideThumbnails thumbnails(op.caches);
         CountedRows rows(thumbnails, op.list);
         op.list->setItemDelegate(&rows);
         const auto scrollTo = [&](int place) {
@@ -475,7 +475,7 @@ private slots:
         QTRY_VERIFY(op.list->thumbnails().madeCount() > 5);
         op.view.grab();
         const auto made = [&] { return op.list->thumbnails().madeCount(); };
-        QTRY_VERIFY(!op.list->thumbnails().owesPictures());
+        QTRY_VERIFY(!op.list->thumbnails().owesThumbnails());
         const int before = made();
         op.store.updateSelectedElement([](SlideElement &layer) { layer.frame.x += 10; });
         op.view.grab();
@@ -497,7 +497,7 @@ private slots:
     {
         Rundown op(showOf({1000}));
         op.view.grab();
-        QTRY_VERIFY(!op.list->thumbnails().owesPictures());
+        QTRY_VERIFY(!op.list->thumbnails().owesThumbnails());
         QVERIFY(op.list->thumbnails().madeCount() > 5);
         QVERIFY(op.list->thumbnails().madeCount() < 30);
     }
@@ -506,7 +506,7 @@ private slots:
     {
         constexpr int slideCount = 1000;
         Rundown op(showOf({slideCount}));
-        SlideThumbnails thumbnails(op.pictures);
+        SlideThumbnails thumbnails(op.caches);
         CountedRows rows(thumbnails, op.list);
         op.list->setItemDelegate(&rows);
         op.view.grab();

@@ -1,7 +1,7 @@
 #include "GuiTestSupport.h"
 #include "InterfaceStyle.h"
-#include "PictureCache.h"
 #include "ProjectTemplates.h"
+#include "RenderCaches.h"
 #include "SlideView.h"
 #include "TestSupport.h"
 
@@ -31,8 +31,8 @@ Slide slideOfShape(const CanvasSize &canvas)
 
 struct Preview
 {
-    PictureCache pictures;
-    SlideView view{pictures};
+    RenderCaches caches;
+    SlideView view{caches};
 
     explicit Preview(const std::optional<Slide> &slide = lyricSlide(), const QSize &size = room)
     {
@@ -41,10 +41,10 @@ struct Preview
         view.setPalette(interfacePalette(ZelvoTheme::dark()));
     }
 
-    QImage picture() { return view.grab().toImage().convertToFormat(QImage::Format_ARGB32); }
+    QImage image() { return view.grab().toImage().convertToFormat(QImage::Format_ARGB32); }
 };
 
-/// Without the outline, which the widget draws over the renderer's picture.
+/// Without the outline, which the widget draws over the renderer's image.
 QImage inside(const QImage &image)
 {
     return image.copy(image.rect().adjusted(lineWidth, lineWidth, -lineWidth, -lineWidth));
@@ -60,7 +60,7 @@ private slots:
     void itShowsWhatTheRendererPaints()
     {
         Preview preview;
-        QVERIFY(largestDifference(inside(preview.picture()),
+        QVERIFY(largestDifference(inside(preview.image()),
                                   inside(rendered({.slide = lyricSlide()}, room)))
                 <= rounding);
     }
@@ -70,7 +70,7 @@ private slots:
         QWidget window;
         window.resize(900, 800);
         Preview preview;
-        const QImage alone = preview.picture();
+        const QImage alone = preview.image();
         window.setPalette(preview.view.palette());
         preview.view.setParent(&window);
         for (const QPoint &place : {QPoint(0, 0), QPoint(13, 271), QPoint(400, 500)}) {
@@ -80,7 +80,7 @@ private slots:
         }
     }
 
-    void thePictureKeepsItsShapeWhereItIsToLie_data()
+    void theImageKeepsItsShapeWhereItIsToLie_data()
     {
         QTest::addColumn<CanvasSize>("canvas");
         QTest::addColumn<Qt::Alignment>("alignment");
@@ -99,15 +99,15 @@ private slots:
             << CanvasSize{900, 1800} << middle << QRect(243, 0, 115, 230);
     }
 
-    void thePictureKeepsItsShapeWhereItIsToLie()
+    void theImageKeepsItsShapeWhereItIsToLie()
     {
         QFETCH(CanvasSize, canvas);
         QFETCH(Qt::Alignment, alignment);
         QFETCH(QRect, expected);
         Preview preview(slideOfShape(canvas), {600, 230});
         preview.view.setAlignment(alignment);
-        QCOMPARE(preview.view.pictureRect(), expected);
-        const QImage image = preview.picture();
+        QCOMPARE(preview.view.slideRect(), expected);
+        const QImage image = preview.image();
         QCOMPARE(image.pixel(expected.center()), qRgb(255, 255, 255));
         QCOMPARE(image.pixelColor(expected.center().x(), expected.top()),
                  ZelvoTheme::dark().border);
@@ -115,28 +115,28 @@ private slots:
                  ZelvoTheme::dark().border);
     }
 
-    void withoutASlideThePictureIsBlack()
+    void withoutASlideTheImageIsBlack()
     {
         Preview preview(std::nullopt);
-        QCOMPARE(preview.picture().pixel(240, 135), qRgb(0, 0, 0));
-        QCOMPARE(preview.picture().pixelColor(240, 0), ZelvoTheme::dark().border);
+        QCOMPARE(preview.image().pixel(240, 135), qRgb(0, 0, 0));
+        QCOMPARE(preview.image().pixelColor(240, 0), ZelvoTheme::dark().border);
     }
 
-    void aSlideWithoutASizeIsNoPicture()
+    void aSlideWithoutASizeIsNoImage()
     {
         for (const CanvasSize &canvas : {CanvasSize{0, 1080}, CanvasSize{1920, -1}}) {
             Preview preview(slideOfShape(canvas));
-            QVERIFY(preview.view.pictureRect().isEmpty());
-            QCOMPARE(preview.picture().pixelColor(240, 135), ZelvoTheme::dark().appBackground);
+            QVERIFY(preview.view.slideRect().isEmpty());
+            QCOMPARE(preview.image().pixelColor(240, 135), ZelvoTheme::dark().appBackground);
         }
     }
 
-    void cornersAreRoundAndNothingOfThePictureIsSeenBeyondThem()
+    void cornersAreRoundAndNothingOfTheImageIsSeenBeyondThem()
     {
         constexpr double radius = 8;
         Preview preview(slideOfShape({1920, 1080}));
         preview.view.setCornerRadius(radius);
-        const QImage image = preview.picture();
+        const QImage image = preview.image();
         const QColor around = ZelvoTheme::dark().appBackground;
         const QSize size = image.size();
         for (const QPoint &corner :

@@ -1,5 +1,5 @@
 #include "ChildProcess.h"
-#include "Pictures.h"
+#include "Images.h"
 #include "ProjectNormalizer.h"
 #include "TestSupport.h"
 
@@ -30,7 +30,7 @@ QByteArray png()
     return encoded(quarters({8, 8}), "PNG");
 }
 
-Edit editWithPicture(Operation operation)
+Edit editWithImage(Operation operation)
 {
     return [operation](World &world) {
         world.panels.answer = world.written(u"picture.png"_s, png());
@@ -134,8 +134,8 @@ private slots:
         };
         const Edit addPlain = addText(SlideElementKind::text);
         const Edit addShape = edit(&WorkspaceStore::addShapeLayer);
-        const Edit addPicture = editWithPicture(&WorkspaceStore::addImageLayerWithPanel);
-        const Edit setBackground = editWithPicture(&WorkspaceStore::setBackgroundImageWithPanel);
+        const Edit addPicture = editWithImage(&WorkspaceStore::addImageLayerWithPanel);
+        const Edit setBackground = editWithImage(&WorkspaceStore::setBackgroundImageWithPanel);
         const Edit duplicate = edit(&WorkspaceStore::duplicateSelectedElement);
         const Edit remove = edit(&WorkspaceStore::deleteSelectedElement);
         const Edit forward = edit(&WorkspaceStore::bringSelectedElementForward);
@@ -238,9 +238,9 @@ private slots:
         QTest::addColumn<Edit>("edit");
         QTest::newRow("add a text") << addText(SlideElementKind::text);
         QTest::newRow("add a shape") << edit(&WorkspaceStore::addShapeLayer);
-        QTest::newRow("add a picture") << editWithPicture(&WorkspaceStore::addImageLayerWithPanel);
+        QTest::newRow("add a picture") << editWithImage(&WorkspaceStore::addImageLayerWithPanel);
         QTest::newRow("set a background")
-            << editWithPicture(&WorkspaceStore::setBackgroundImageWithPanel);
+            << editWithImage(&WorkspaceStore::setBackgroundImageWithPanel);
         QTest::newRow("update a layer") << renameLayer;
         QTest::newRow("duplicate a layer") << edit(&WorkspaceStore::duplicateSelectedElement);
         QTest::newRow("delete a layer") << edit(&WorkspaceStore::deleteSelectedElement);

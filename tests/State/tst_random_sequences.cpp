@@ -354,13 +354,13 @@ const QList<Edit> &edits()
          }},
         {"addImageLayerWithPanel",
          [](Run &run) {
-             run.world.offerPicture();
+             run.world.offerImage();
              run.store().addImageLayerWithPanel();
              return isSlideSelected(run);
          }},
         {"setBackgroundImageWithPanel",
          [](Run &run) {
-             run.world.offerPicture();
+             run.world.offerImage();
              run.store().setBackgroundImageWithPanel();
              return isSlideSelected(run);
          }},

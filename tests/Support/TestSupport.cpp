@@ -1,7 +1,7 @@
 #include "TestSupport.h"
 
 #include "EveryEdit.h"
-#include "Pictures.h"
+#include "Images.h"
 #include "ProjectTemplates.h"
 
 #include <QFile>
@@ -80,7 +80,7 @@ QUrl World::written(const QString &name, const QByteArray &bytes, const Caller &
     return fileUrl(name);
 }
 
-void World::offerPicture(const Caller &caller)
+void World::offerImage(const Caller &caller)
 {
     panels.answer =
         written(QStringLiteral("picture.png"), encoded(quarters({8, 8}), "PNG"), caller);
@@ -88,7 +88,7 @@ void World::offerPicture(const Caller &caller)
 
 void World::run(const NamedEdit &edit, const Caller &caller)
 {
-    offerPicture(caller);
+    offerImage(caller);
     edit.run(store);
 }
 

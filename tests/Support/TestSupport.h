@@ -61,7 +61,7 @@ struct World
                  const Caller &caller = Caller::current()) const;
 
     /// Makes the operator choose a picture in every file panel from now on.
-    void offerPicture(const Caller &caller = Caller::current());
+    void offerImage(const Caller &caller = Caller::current());
     /// Runs \a edit with a picture to choose.
     void run(const NamedEdit &edit, const Caller &caller = Caller::current());
 

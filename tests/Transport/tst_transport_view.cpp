@@ -1,6 +1,6 @@
 #include "CommandWorld.h"
 #include "GuiTestSupport.h"
-#include "PictureCache.h"
+#include "RenderCaches.h"
 #include "SlideView.h"
 #include "SymbolButton.h"
 #include "TransportView.h"
@@ -14,8 +14,8 @@ namespace {
 /// The bar as a window of its own, as wide as it is in the smallest window of the operator.
 struct Transport : CommandWorld
 {
-    PictureCache pictures;
-    TransportView view{store, commands, pictures};
+    RenderCaches caches;
+    TransportView view{store, commands, caches};
 
     Transport() : Transport(showOf({1})) {}
     explicit Transport(const ZelvoProject &project) : CommandWorld(project)

@@ -2,7 +2,7 @@
 
 #include "CommandWorld.h"
 #include "OperatorView.h"
-#include "PictureCache.h"
+#include "RenderCaches.h"
 #include "RundownList.h"
 #include "RundownModel.h"
 #include "Widgets.h"
@@ -13,8 +13,8 @@ namespace quenara::test {
 struct OperatorWorld
 {
     CommandWorld world;
-    PictureCache pictures;
-    OperatorView view{world.store, world.commands, pictures};
+    RenderCaches caches;
+    OperatorView view{world.store, world.commands, caches};
     WorkspaceStore &store = world.store;
     RundownList *list = view.findChild<RundownList *>();
     const RundownModel *model = qobject_cast<const RundownModel *>(list->model());

@@ -95,8 +95,8 @@ private slots:
         qApp->setStyleSheet(interfaceStyleSheet(ZelvoTheme::dark()));
         OperatorWorld operatorWorld(showOfAllTemplates());
         WorkspaceStore &store = operatorWorld.store;
-        DisplayOutputView display(store, operatorWorld.pictures);
-        StageOutputView stage(store, operatorWorld.pictures);
+        DisplayOutputView display(store, operatorWorld.caches);
+        StageOutputView stage(store, operatorWorld.caches);
         display.resize(1920, 1080);
         stage.resize(1180, 720);
         operatorWorld.view.resize(1480, 900);

@@ -10,7 +10,7 @@ namespace quenara::test {
 struct ProgramWindows : WindowingWorld
 {
     ShortcutGuard shortcutGuard;
-    OperatorWindow operatorWindow{store, windows, guard, commands, menus, pictures};
+    OperatorWindow operatorWindow{store, windows, guard, commands, menus, caches};
     SettingsWindow settings{appearance, menus, &operatorWindow};
 
     ProgramWindows()

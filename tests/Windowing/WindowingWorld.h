@@ -5,7 +5,7 @@
 #include "DocumentGuard.h"
 #include "OperatorWindow.h"
 #include "OutputWindowController.h"
-#include "PictureCache.h"
+#include "RenderCaches.h"
 #include "SlideCanvas.h"
 #include "SystemColorScheme.h"
 #include "TestSupport.h"
@@ -38,8 +38,8 @@ public:
 struct WindowingWorld : World
 {
     SystemColorScheme systemScheme{QDBusConnection(QStringLiteral("none")), QPalette(Qt::white)};
-    PictureCache pictures;
-    WindowCoordinator windows{systemScheme, pictures};
+    RenderCaches caches;
+    WindowCoordinator windows{systemScheme, caches};
     AppearancePreference appearance{preferences};
     OutputWindowController outputs{store, windows, appearance};
     PreparedQuestions questions;

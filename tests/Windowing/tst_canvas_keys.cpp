@@ -12,7 +12,7 @@ namespace {
 struct Editing : WindowingWorld
 {
     ShortcutGuard shortcutGuard;
-    DesignCanvasView view{store, commands, pictures};
+    DesignCanvasView view{store, commands, caches};
 
     explicit Editing(const Caller &caller = Caller::current())
     {

@@ -26,7 +26,7 @@ const QMenu &openRecentMenu(const OperatorWindow &window)
 /// The program's window over a document that is saved at first.
 struct Program : WindowingWorld
 {
-    OperatorWindow window{store, windows, guard, commands, menus, pictures};
+    OperatorWindow window{store, windows, guard, commands, menus, caches};
 
     Program()
     {
@@ -300,7 +300,7 @@ private slots:
     {
         WindowingWorld world;
         const OperatorWindow window(world.store, world.windows, world.guard, world.commands,
-                                    world.menus, world.pictures);
+                                    world.menus, world.caches);
         const QAction *item = openRecentMenu(window).menuAction();
         QVERIFY(!item->isEnabled());
         world.panels.answer = world.fileUrl(u"first.quenara"_s);

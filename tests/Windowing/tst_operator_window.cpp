@@ -15,7 +15,7 @@ namespace {
 
 struct Window : WindowingWorld
 {
-    OperatorWindow window{store, windows, guard, commands, menus, pictures};
+    OperatorWindow window{store, windows, guard, commands, menus, caches};
 
     Window() { window.show(); }
 

@@ -13,7 +13,7 @@ namespace {
 
 struct Program : WindowingWorld
 {
-    OperatorWindow operatorWindow{store, windows, guard, commands, menus, pictures};
+    OperatorWindow operatorWindow{store, windows, guard, commands, menus, caches};
     SettingsWindow settings{appearance, menus, &operatorWindow};
 
     Program()

@@ -104,8 +104,8 @@ private slots:
         Desktop desktop(prefersLight);
         SystemColorScheme system(desktop.connection(QStringLiteral("program")),
                                  QPalette(Qt::white));
-        PictureCache pictures;
-        WindowCoordinator windows(system, pictures);
+        RenderCaches caches;
+        WindowCoordinator windows(system, caches);
         windows.updateAppearance(AppAppearance::system);
         const auto background = [] { return QApplication::palette().color(QPalette::Window); };
         QCOMPARE(background(), ZelvoTheme::light().appBackground);

@@ -37,7 +37,7 @@ private slots:
     {
         WindowingWorld world;
         OperatorWindow operatorWindow(world.store, world.windows, world.guard, world.commands,
-                                      world.menus, world.pictures);
+                                      world.menus, world.caches);
         operatorWindow.setScreen(QGuiApplication::screens().at(1));
         operatorWindow.show();
         world.openDisplay();

@@ -16,8 +16,9 @@
 
 namespace quenara {
 
-CanvasTextLayerEditor::CanvasTextLayerEditor(WorkspaceStore &store, QWidget *parent)
-    : QWidget(parent), m_store(store)
+CanvasTextLayerEditor::CanvasTextLayerEditor(WorkspaceStore &store, RenderCaches &caches,
+                                             QWidget *parent)
+    : QWidget(parent), m_store(store), m_caches(caches)
 {
     setObjectName(QStringLiteral("canvasTextLayerEditor"));
     makeCanvasTextReadable();
@@ -123,7 +124,7 @@ void CanvasTextLayerEditor::paintEvent(QPaintEvent * /*event*/)
                    .preedit = m_preedit,
                    .places = *m_places,
                    .showsCaret = m_isCaretOn}
-        .paint(painter, themeOf(*this));
+        .paint(painter, themeOf(*this), m_caches);
 }
 
 void CanvasTextLayerEditor::keyPressEvent(QKeyEvent *event)

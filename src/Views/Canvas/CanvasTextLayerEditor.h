@@ -3,7 +3,7 @@
 #include "EditedText.h"
 #include "InputMethodEdits.h"
 #include "TextLayerPlacement.h"
-#include "TextPlaces.h"
+#include "TextLayoutGeometry.h"
 #include "WorkspaceStore.h"
 
 #include <QBasicTimer>
@@ -15,6 +15,8 @@
 
 namespace quenara {
 
+struct RenderCaches;
+
 /// Edits the text of the selected layer where it stands on the canvas, laid out as the renderer
 /// lays it out. Each change is written at once. What is typed in one go is one undo step.
 class CanvasTextLayerEditor : public QWidget
@@ -22,7 +24,7 @@ class CanvasTextLayerEditor : public QWidget
     Q_OBJECT
 
 public:
-    CanvasTextLayerEditor(WorkspaceStore &store, QWidget *parent);
+    CanvasTextLayerEditor(WorkspaceStore &store, RenderCaches &caches, QWidget *parent);
 
     /// Lays the editor over \a layer, which is the selected one and has a text. The slide's top
     /// left is at \a slideTopLeft of the parent, and \a scale points are one canvas unit.
@@ -75,12 +77,13 @@ private:
     qsizetype positionAt(const QPointF &point) const;
 
     WorkspaceStore &m_store;
+    RenderCaches &m_caches;
     TextElementProperties m_text; ///< of the layer, as the store has it
     TextLayerPlacement m_placement;
     EditedText m_edit;
     Preedit m_preedit;
     TextElementProperties m_shownText; ///< with what is typed and composed
-    std::optional<TextPlaces> m_places; ///< of \c m_shownText
+    std::optional<TextLayoutGeometry> m_places; ///< of \c m_shownText
     std::optional<double> m_column; ///< where the caret keeps to while it moves by lines
     GestureID m_typing{};
     QBasicTimer m_blinking;

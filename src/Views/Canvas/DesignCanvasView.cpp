@@ -28,9 +28,9 @@ constexpr int emptySymbolSize = 28;
 } // namespace
 
 DesignCanvasView::DesignCanvasView(WorkspaceStore &store, const CommandActions &commands,
-                                   PictureCache &pictures, QWidget *parent)
+                                   RenderCaches &caches, QWidget *parent)
     : QWidget(parent), m_store(store), m_area(new QStackedWidget),
-      m_canvas(new SlideCanvas(store, pictures))
+      m_canvas(new SlideCanvas(store, caches))
 {
     m_area->addWidget(makeEmptyState());
     m_area->addWidget(m_canvas);

@@ -8,7 +8,7 @@ class QStackedWidget;
 namespace quenara {
 
 class CommandActions;
-class PictureCache;
+struct RenderCaches;
 class SlideCanvas;
 class WorkspaceStore;
 
@@ -19,7 +19,7 @@ class DesignCanvasView : public QWidget
     Q_OBJECT
 
 public:
-    DesignCanvasView(WorkspaceStore &store, const CommandActions &commands, PictureCache &pictures,
+    DesignCanvasView(WorkspaceStore &store, const CommandActions &commands, RenderCaches &caches,
                      QWidget *parent = nullptr);
 
 private:

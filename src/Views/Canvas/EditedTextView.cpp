@@ -28,14 +28,14 @@ QColor inputColor(const ZelvoTheme &theme, const QColor &text)
 
 } // namespace
 
-QRectF scaledCaret(const TextPlaces &places, qsizetype position, double scale)
+QRectF scaledCaret(const TextLayoutGeometry &places, qsizetype position, double scale)
 {
     const QRectF caret = places.caret(position);
     return {caret.x() * scale - caretWidth / 2, caret.y() * scale, caretWidth,
             caret.height() * scale};
 }
 
-void EditedTextView::paint(QPainter &painter, const ZelvoTheme &theme) const
+void EditedTextView::paint(QPainter &painter, const ZelvoTheme &theme, RenderCaches &caches) const
 {
     const double scale = placement.scale;
     const auto scaled = [scale](const QRectF &piece) {
@@ -53,7 +53,7 @@ void EditedTextView::paint(QPainter &painter, const ZelvoTheme &theme) const
     for (const QRectF &piece : places.pieces(edit.selectionStart(), edit.selectionEnd()))
         painter.fillRect(scaled(piece), theme.selection);
     painter.setPen(Qt::NoPen);
-    TextElementRenderView{text, scale}.paint(painter, QRectF(QPointF(), box.size()),
+    TextElementRenderView{text, scale}.paint(painter, QRectF(QPointF(), box.size()), caches,
                                              &places.block());
     for (const QRectF &piece : places.pieces(edit.caret, edit.caret + preedit.text.size())) {
         QRectF line = scaled(piece);

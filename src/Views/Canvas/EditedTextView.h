@@ -3,12 +3,13 @@
 #include "EditedText.h"
 #include "InputMethodEdits.h"
 #include "TextLayerPlacement.h"
-#include "TextPlaces.h"
+#include "TextLayoutGeometry.h"
 
 #include <QPainter>
 
 namespace quenara {
 
+struct RenderCaches;
 struct ZelvoTheme;
 
 /// The text of a layer as it is edited on the canvas: on a plate of its own, with the selection,
@@ -19,11 +20,11 @@ struct EditedTextView
     const TextLayerPlacement &placement;
     const EditedText &edit;
     const Preedit &preedit;
-    TextPlaces &places; ///< of \c text
+    TextLayoutGeometry &places; ///< of \c text
     bool showsCaret;
 
     /// \a painter draws in points of the canvas.
-    void paint(QPainter &painter, const ZelvoTheme &theme) const;
+    void paint(QPainter &painter, const ZelvoTheme &theme, RenderCaches &caches) const;
 
     /// How far the line around the plate reaches beyond it, in points.
     static constexpr double outlineMargin = 1;
@@ -31,6 +32,7 @@ struct EditedTextView
 
 /// The caret before the character at \a position, in points right and down of the box's top left;
 /// \a scale points are one canvas unit.
-[[nodiscard]] QRectF scaledCaret(const TextPlaces &places, qsizetype position, double scale);
+[[nodiscard]] QRectF scaledCaret(const TextLayoutGeometry &places, qsizetype position,
+                                 double scale);
 
 } // namespace quenara

@@ -17,36 +17,38 @@ struct Movement
     EditingTarget target;
 };
 
-constexpr EditingTarget start = [](const EditedText &, const TextPlaces &) { return qsizetype(0); };
-constexpr EditingTarget end = [](const EditedText &edit, const TextPlaces &) {
+constexpr EditingTarget start = [](const EditedText &, const TextLayoutGeometry &) {
+    return qsizetype(0);
+};
+constexpr EditingTarget end = [](const EditedText &edit, const TextLayoutGeometry &) {
     return edit.text.size();
 };
-constexpr EditingTarget endOfLine = [](const EditedText &edit, const TextPlaces &places) {
+constexpr EditingTarget endOfLine = [](const EditedText &edit, const TextLayoutGeometry &places) {
     return places.endOfLine(places.lineOf(edit.caret));
 };
 
 constexpr auto movements = std::to_array<Movement>({
     {QKeySequence::MoveToNextChar, QKeySequence::SelectNextChar,
-     [](const EditedText &edit, const TextPlaces &) {
+     [](const EditedText &edit, const TextLayoutGeometry &) {
          return edit.text.isRightToLeft() ? edit.previousCharacter() : edit.nextCharacter();
      }},
     {QKeySequence::MoveToPreviousChar, QKeySequence::SelectPreviousChar,
-     [](const EditedText &edit, const TextPlaces &) {
+     [](const EditedText &edit, const TextLayoutGeometry &) {
          return edit.text.isRightToLeft() ? edit.nextCharacter() : edit.previousCharacter();
      }},
     {QKeySequence::MoveToNextWord, QKeySequence::SelectNextWord,
-     [](const EditedText &edit, const TextPlaces &) { return edit.nextWord(); }},
+     [](const EditedText &edit, const TextLayoutGeometry &) { return edit.nextWord(); }},
     {QKeySequence::MoveToPreviousWord, QKeySequence::SelectPreviousWord,
-     [](const EditedText &edit, const TextPlaces &) { return edit.previousWord(); }},
+     [](const EditedText &edit, const TextLayoutGeometry &) { return edit.previousWord(); }},
     {QKeySequence::MoveToStartOfLine, QKeySequence::SelectStartOfLine,
-     [](const EditedText &edit, const TextPlaces &places) {
+     [](const EditedText &edit, const TextLayoutGeometry &places) {
          return places.startOfLine(places.lineOf(edit.caret));
      }},
     {QKeySequence::MoveToEndOfLine, QKeySequence::SelectEndOfLine, endOfLine},
     {QKeySequence::MoveToStartOfBlock, QKeySequence::SelectStartOfBlock,
-     [](const EditedText &edit, const TextPlaces &) { return edit.startOfParagraph(); }},
+     [](const EditedText &edit, const TextLayoutGeometry &) { return edit.startOfParagraph(); }},
     {QKeySequence::MoveToEndOfBlock, QKeySequence::SelectEndOfBlock,
-     [](const EditedText &edit, const TextPlaces &) { return edit.endOfParagraph(); }},
+     [](const EditedText &edit, const TextLayoutGeometry &) { return edit.endOfParagraph(); }},
     {QKeySequence::MoveToStartOfDocument, QKeySequence::SelectStartOfDocument, start},
     {QKeySequence::MoveToEndOfDocument, QKeySequence::SelectEndOfDocument, end},
     {QKeySequence::MoveToPreviousPage, QKeySequence::SelectPreviousPage, start},
@@ -61,13 +63,13 @@ struct Removal
 
 constexpr auto removals = std::to_array<Removal>({
     {QKeySequence::Delete,
-     [](const EditedText &edit, const TextPlaces &) { return edit.nextCharacter(); }},
+     [](const EditedText &edit, const TextLayoutGeometry &) { return edit.nextCharacter(); }},
     {QKeySequence::Backspace,
-     [](const EditedText &edit, const TextPlaces &) { return edit.previousCharacter(); }},
+     [](const EditedText &edit, const TextLayoutGeometry &) { return edit.previousCharacter(); }},
     {QKeySequence::DeleteEndOfWord,
-     [](const EditedText &edit, const TextPlaces &) { return edit.nextWord(); }},
+     [](const EditedText &edit, const TextLayoutGeometry &) { return edit.nextWord(); }},
     {QKeySequence::DeleteStartOfWord,
-     [](const EditedText &edit, const TextPlaces &) { return edit.previousWord(); }},
+     [](const EditedText &edit, const TextLayoutGeometry &) { return edit.previousWord(); }},
     {QKeySequence::DeleteEndOfLine, endOfLine},
 });
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "EditedText.h"
-#include "TextPlaces.h"
+#include "TextLayoutGeometry.h"
 
 #include <QString>
 
@@ -15,7 +15,7 @@ namespace quenara {
 // empty text, if it means something else.
 
 /// Gives a position in the text, seen from the caret.
-using EditingTarget = qsizetype (*)(const EditedText &, const TextPlaces &);
+using EditingTarget = qsizetype (*)(const EditedText &, const TextLayoutGeometry &);
 
 struct CaretMove
 {

@@ -22,9 +22,9 @@ constexpr double resizeDistance = 1;
 
 } // namespace
 
-SlideCanvas::SlideCanvas(WorkspaceStore &store, PictureCache &pictures, QWidget *parent)
-    : QWidget(parent), m_store(store), m_pictures(pictures),
-      m_editor(new CanvasTextLayerEditor(store, this))
+SlideCanvas::SlideCanvas(WorkspaceStore &store, RenderCaches &caches, QWidget *parent)
+    : QWidget(parent), m_store(store), m_caches(caches),
+      m_editor(new CanvasTextLayerEditor(store, caches, this))
 {
     setObjectName(QStringLiteral("slideCanvas"));
     setAccessibleName(QStringLiteral("Design canvas"));
@@ -285,13 +285,12 @@ void SlideCanvas::paintEvent(QPaintEvent * /*event*/)
     painter.drawImage(0, 0, m_backdrop);
     if (!m_slide)
         return;
-    m_picture.paint(painter,
-                    {.slide = paintedSlide(),
-                     .scale = scale(),
-                     .showSafeArea = true,
-                     .selectedElementID = m_selectedElementID,
-                     .pictures = &m_pictures},
-                    slideRect().topLeft());
+    m_slideImage.paint(painter,
+                       {.slide = paintedSlide(),
+                        .scale = scale(),
+                        .showSafeArea = true,
+                        .selectedElementID = m_selectedElementID},
+                       slideRect().topLeft(), m_caches);
     if (m_showVerticalCenterGuide)
         painter.fillRect(verticalCenterGuide(slideRect()), centerGuideColor(theme));
     if (m_showHorizontalCenterGuide)

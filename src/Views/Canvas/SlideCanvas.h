@@ -1,7 +1,7 @@
 #pragma once
 
 #include "CanvasGestures.h"
-#include "SlidePicture.h"
+#include "SlideImage.h"
 #include "WorkspaceStore.h"
 
 #include <QImage>
@@ -12,7 +12,7 @@
 namespace quenara {
 
 class CanvasTextLayerEditor;
-class PictureCache;
+struct RenderCaches;
 
 /// The selected slide, whose layers the pointer changes: a press selects a layer, a drag moves it
 /// or, by its handle, resizes it, and a double click edits its text in place.
@@ -21,7 +21,7 @@ class SlideCanvas : public QWidget
     Q_OBJECT
 
 public:
-    SlideCanvas(WorkspaceStore &store, PictureCache &pictures, QWidget *parent = nullptr);
+    SlideCanvas(WorkspaceStore &store, RenderCaches &caches, QWidget *parent = nullptr);
 
     /// The slide in points of the widget; empty without one.
     QRectF slideRect() const;
@@ -68,10 +68,10 @@ private:
     Slide paintedSlide() const;
 
     WorkspaceStore &m_store;
-    PictureCache &m_pictures;
+    RenderCaches &m_caches;
     std::optional<Slide> m_slide; ///< what is shown
     std::optional<QString> m_selectedElementID;
-    SlidePicture m_picture;
+    SlideImage m_slideImage;
     QImage m_backdrop; ///< null once it is outdated
 
     std::optional<Press> m_press;

@@ -10,9 +10,9 @@
 
 namespace quenara {
 
-DisplayOutputView::DisplayOutputView(const WorkspaceStore &store, PictureCache &pictures,
+DisplayOutputView::DisplayOutputView(const WorkspaceStore &store, RenderCaches &caches,
                                      QWidget *parent)
-    : QWidget(parent), m_store(store), m_pictures(pictures), m_content(storeContent())
+    : QWidget(parent), m_store(store), m_caches(caches), m_content(storeContent())
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setCursor(Qt::BlankCursor);
@@ -56,13 +56,13 @@ void DisplayOutputView::showSoon()
 void DisplayOutputView::paintEvent(QPaintEvent * /*event*/)
 {
     QPainter painter(this);
-    const SlideRendererView slide{.slide = m_content.slide, .pictures = &m_pictures};
+    const SlideRendererView slide{.slide = m_content.slide};
     // Each pixel is written once where it can be: the first time, it has to be fetched.
     for (const QRect &part : QRegion(rect()) - slide.hiddenRect(rect()))
         painter.fillRect(part, Qt::black);
     switch (m_content.mode) {
     case OutputMode::live:
-        slide.paint(painter, rect());
+        slide.paint(painter, rect(), m_caches);
         break;
     case OutputMode::blackout:
         break;

@@ -8,7 +8,7 @@
 
 namespace quenara {
 
-class PictureCache;
+struct RenderCaches;
 class WorkspaceStore;
 
 /// What the audience sees: the live slide, black, or the holding screen, as the output mode says.
@@ -18,8 +18,7 @@ class DisplayOutputView : public QWidget
     Q_OBJECT
 
 public:
-    DisplayOutputView(const WorkspaceStore &store, PictureCache &pictures,
-                      QWidget *parent = nullptr);
+    DisplayOutputView(const WorkspaceStore &store, RenderCaches &caches, QWidget *parent = nullptr);
 
 protected:
     void paintEvent(QPaintEvent *event) override;
@@ -40,7 +39,7 @@ private:
     void showSoon();
 
     const WorkspaceStore &m_store;
-    PictureCache &m_pictures;
+    RenderCaches &m_caches;
     Content m_content;
 };
 

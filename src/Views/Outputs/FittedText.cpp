@@ -1,6 +1,7 @@
 #include "FittedText.h"
 
 #include "Fonts.h"
+#include "RenderCaches.h"
 #include "SlideFonts.h"
 
 #include <QFontMetricsF>
@@ -16,7 +17,8 @@ constexpr double spareRoom = 1.5; // for faces with higher lines that stand in f
 
 } // namespace
 
-FittedText::FittedText(const Setting &setting, QWidget *parent) : QLabel(parent), m_setting(setting)
+FittedText::FittedText(const Setting &setting, RenderCaches &caches, QWidget *parent)
+    : QLabel(parent), m_setting(setting), m_caches(caches)
 {
     setTextFormat(Qt::PlainText);
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
@@ -26,30 +28,26 @@ FittedText::FittedText(const Setting &setting, QWidget *parent) : QLabel(parent)
                      + qCeil(setting.limits.lineMaximum * metrics.lineSpacing() * spareRoom));
 }
 
-TextBlock &FittedText::block()
+std::shared_ptr<TextBlock> FittedText::block() const
 {
-    const QSize room = size() - QSize(0, headroom);
-    if (m_block && m_properties.text == text() && m_room == room)
-        return *m_block;
-    m_room = room;
-    m_properties = {.text = text(),
-                    .fontFamily = systemFontFamily(),
-                    .fontSize = m_setting.size,
-                    .weight = m_setting.weight,
-                    .textColor = {},
-                    .alignment = text().isRightToLeft() ? TextAlignmentValue::right
-                                                        : TextAlignmentValue::left,
-                    .shadow = {},
-                    .outline = {},
-                    .backgroundFill = {}};
-    return m_block.emplace(m_properties, m_room, m_setting.limits);
+    const TextElementProperties properties{
+        .text = text(),
+        .fontFamily = systemFontFamily(),
+        .fontSize = m_setting.size,
+        .weight = m_setting.weight,
+        .textColor = {},
+        .alignment = text().isRightToLeft() ? TextAlignmentValue::right : TextAlignmentValue::left,
+        .shadow = {},
+        .outline = {},
+        .backgroundFill = {}};
+    return m_caches.textBlocks.block(properties, size() - QSize(0, headroom), m_setting.limits);
 }
 
-QRect FittedText::inkRect()
+QRect FittedText::inkRect() const
 {
-    TextBlock &text = block();
-    return text.inkBounds()
-        .translated(0, headroom - text.bounds().top())
+    const std::shared_ptr<TextBlock> text = block();
+    return text->inkBounds(m_caches)
+        .translated(0, headroom - text->bounds().top())
         .marginsAdded({roundingRoom, roundingRoom, roundingRoom, roundingRoom})
         .toAlignedRect();
 }
@@ -68,11 +66,11 @@ void FittedText::setText(const QString &text)
 
 void FittedText::paintEvent(QPaintEvent * /*event*/)
 {
-    TextBlock &text = block();
+    const std::shared_ptr<TextBlock> text = block();
     QPainter painter(this);
     painter.setPen(palette().color(foregroundRole()));
-    painter.translate(0, headroom - text.bounds().top());
-    text.draw(painter);
+    painter.translate(0, headroom - text->bounds().top());
+    text->draw(painter, m_caches);
 }
 
 } // namespace quenara

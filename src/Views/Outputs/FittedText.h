@@ -5,9 +5,11 @@
 
 #include <QLabel>
 
-#include <optional>
+#include <memory>
 
 namespace quenara {
+
+struct RenderCaches;
 
 /// A large text at the top of the room it is given: wrapped, shrunk to fit, then cut. To the style
 /// sheet and to screen readers a plain-text label with the whole text.
@@ -26,7 +28,7 @@ public:
     /// What is left free above the first line, for accents that reach beyond it; points.
     static constexpr int headroom = 4;
 
-    explicit FittedText(const Setting &setting, QWidget *parent = nullptr);
+    FittedText(const Setting &setting, RenderCaches &caches, QWidget *parent = nullptr);
 
     /// Paints no more than where the letters were and will be.
     void setText(const QString &text);
@@ -38,13 +40,11 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    TextBlock &block();
-    QRect inkRect();
+    std::shared_ptr<TextBlock> block() const;
+    QRect inkRect() const;
 
     Setting m_setting;
-    TextElementProperties m_properties; ///< what m_block was laid out from
-    QSize m_room; ///< likewise
-    std::optional<TextBlock> m_block;
+    RenderCaches &m_caches;
 };
 
 } // namespace quenara

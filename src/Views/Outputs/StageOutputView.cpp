@@ -44,7 +44,7 @@ Widget *described(Widget *widget, const QString &name, const QString &descriptio
     return widget;
 }
 
-/// Caption, picture and words below one another.
+/// Puts caption, slide and words below one another.
 void fillPanel(QVBoxLayout &panel, QLayout *caption, SlideView *slide, FittedText *words)
 {
     panel.setSpacing(0);
@@ -56,9 +56,9 @@ void fillPanel(QVBoxLayout &panel, QLayout *caption, SlideView *slide, FittedTex
     panel.addStretch();
 }
 
-SlideView *makeSlideView(PictureCache &pictures, int height, const QString &name)
+SlideView *makeSlideView(RenderCaches &caches, int height, const QString &name)
 {
-    auto *view = new SlideView(pictures);
+    auto *view = new SlideView(caches);
     view->setAccessibleName(name);
     view->setFixedHeight(height);
     view->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
@@ -68,9 +68,9 @@ SlideView *makeSlideView(PictureCache &pictures, int height, const QString &name
 
 } // namespace
 
-StageOutputView::StageOutputView(const WorkspaceStore &store, PictureCache &pictures,
+StageOutputView::StageOutputView(const WorkspaceStore &store, RenderCaches &caches,
                                  ClockView::Now now, QWidget *parent)
-    : QWidget(parent), m_store(store), m_pictures(pictures)
+    : QWidget(parent), m_store(store), m_caches(caches)
 {
     setPanelName(*this, QStringLiteral("stageMonitor"));
     // The system's locale, not its language: the clock is written as the user has times written.
@@ -117,9 +117,9 @@ QWidget *StageOutputView::makeHeader(ClockView::Now now)
 
 QWidget *StageOutputView::makeCurrentPanel()
 {
-    m_currentSlide = makeSlideView(m_pictures, currentSlideHeight, QStringLiteral("Current slide"));
-    m_currentText = described(new FittedText(currentSetting), QStringLiteral("currentText"),
-                              QStringLiteral("Current words"));
+    m_currentSlide = makeSlideView(m_caches, currentSlideHeight, QStringLiteral("Current slide"));
+    m_currentText = described(new FittedText(currentSetting, m_caches),
+                              QStringLiteral("currentText"), QStringLiteral("Current words"));
 
     auto *caption = new QHBoxLayout;
     caption->addWidget(makeRoleLabel(QStringLiteral("currentCaption"), QStringLiteral("CURRENT")));
@@ -135,8 +135,8 @@ QWidget *StageOutputView::makeNextPanel()
 {
     m_queuedTitle = described(new ElidedLabel(QStringLiteral("queuedTitle")),
                               QStringLiteral("queuedTitle"), QStringLiteral("Queued slide"));
-    m_nextSlide = makeSlideView(m_pictures, nextSlideHeight, QStringLiteral("Next slide"));
-    m_nextText = described(new FittedText(nextSetting), QStringLiteral("nextText"),
+    m_nextSlide = makeSlideView(m_caches, nextSlideHeight, QStringLiteral("Next slide"));
+    m_nextText = described(new FittedText(nextSetting, m_caches), QStringLiteral("nextText"),
                            QStringLiteral("Next words"));
     auto *caption = new QHBoxLayout;
     caption->setSpacing(captionSpacing);

@@ -11,7 +11,7 @@ namespace quenara {
 class ElidedLabel;
 class FittedText;
 class OutputModeBadge;
-class PictureCache;
+struct RenderCaches;
 class SlideView;
 class WorkspaceStore;
 
@@ -23,7 +23,7 @@ class StageOutputView : public QWidget
 
 public:
     StageOutputView(
-        const WorkspaceStore &store, PictureCache &pictures,
+        const WorkspaceStore &store, RenderCaches &caches,
         ClockView::Now now = [] { return QDateTime::currentDateTime(); },
         QWidget *parent = nullptr);
 
@@ -34,7 +34,7 @@ private:
     void showStore();
 
     const WorkspaceStore &m_store;
-    PictureCache &m_pictures;
+    RenderCaches &m_caches;
     ElidedLabel *m_section = nullptr;
     QLabel *m_slideCount = nullptr;
     OutputModeBadge *m_outputMode = nullptr;

@@ -3,7 +3,7 @@
 #include "DashedOutline.h"
 #include "DevicePixels.h"
 #include "Fonts.h"
-#include "PictureCache.h"
+#include "RenderCaches.h"
 
 #include <algorithm>
 
@@ -46,12 +46,12 @@ QRectF fillingPart(const QSizeF &size, const QRectF &box)
     return {QPointF((size.width() - part.width()) / 2, (size.height() - part.height()) / 2), part};
 }
 
-void ImageElementRenderView::paint(QPainter &painter, const QRectF &box) const
+void ImageElementRenderView::paint(QPainter &painter, const QRectF &box, RenderCaches &caches) const
 {
     if (box.isEmpty())
         return;
     const QSize needed = (box.size() * deviceScale(painter)).toSize();
-    const QImage image = media ? pictureOf(*media, needed, pictures) : QImage();
+    const QImage image = media ? caches.images.image(*media, needed) : QImage();
     if (image.isNull()) {
         paintPlaceholder(painter, box);
     } else {

@@ -9,19 +9,18 @@
 
 namespace quenara {
 
-class PictureCache;
+struct RenderCaches;
 
-/// An image layer, or its placeholder while there is no picture to show.
+/// An image layer, or its placeholder while there is no image to show.
 struct ImageElementRenderView
 {
     std::optional<SlideMedia> media;
-    PictureCache *pictures = nullptr; ///< decodes afresh without one
 
-    void paint(QPainter &painter, const QRectF &box) const;
+    void paint(QPainter &painter, const QRectF &box, RenderCaches &caches) const;
 };
 
-/// The part of a picture of \a size that fills \a box at its aspect ratio, centred; in pixels of
-/// the picture.
+/// The part of an image of \a size that fills \a box at its aspect ratio, centred; in pixels of the
+/// image.
 QRectF fillingPart(const QSizeF &size, const QRectF &box);
 
 } // namespace quenara

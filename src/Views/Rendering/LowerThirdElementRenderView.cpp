@@ -1,7 +1,7 @@
 #include "LowerThirdElementRenderView.h"
 
 #include "Fonts.h"
-#include "TextBlock.h"
+#include "RenderCaches.h"
 
 namespace quenara {
 
@@ -29,17 +29,20 @@ TextElementProperties lineOf(const QString &text, double size, TextFontWeight we
 }
 
 /// One line in the painter's pen, cut where it is too long.
-void drawLine(QPainter &painter, const TextElementProperties &text, const QRectF &line)
+void drawLine(QPainter &painter, const TextElementProperties &text, const QRectF &line,
+              RenderCaches &caches)
 {
     painter.save();
     painter.translate(line.topLeft());
-    TextBlock(text, line.size(), {.smallestFit = 1, .lineMaximum = 1}).draw(painter);
+    caches.textBlocks.block(text, line.size(), {.smallestFit = 1, .lineMaximum = 1})
+        ->draw(painter, caches);
     painter.restore();
 }
 
 } // namespace
 
-void LowerThirdElementRenderView::paint(QPainter &painter, const QRectF &box) const
+void LowerThirdElementRenderView::paint(QPainter &painter, const QRectF &box,
+                                        RenderCaches &caches) const
 {
     if (!lowerThird || box.isEmpty() || scale <= 0)
         return;
@@ -59,10 +62,10 @@ void LowerThirdElementRenderView::paint(QPainter &painter, const QRectF &box) co
     const double top = (height - titleHeight - lineGap - subtitleHeight) / 2;
     painter.setPen(Qt::white);
     drawLine(painter, lineOf(lowerThird->title, titleSize, TextFontWeight::bold),
-             {textLeft, top, textWidth, titleHeight});
+             {textLeft, top, textWidth, titleHeight}, caches);
     painter.setPen(QColor::fromRgbF(1, 1, 1, subtitleOpacity));
     drawLine(painter, lineOf(lowerThird->subtitle, subtitleSize, TextFontWeight::medium),
-             {textLeft, top + titleHeight + lineGap, textWidth, subtitleHeight});
+             {textLeft, top + titleHeight + lineGap, textWidth, subtitleHeight}, caches);
     painter.restore();
 }
 

@@ -9,13 +9,15 @@
 
 namespace quenara {
 
+struct RenderCaches;
+
 /// A name caption band: an accent bar and two lines over a fill. Nothing without properties.
 struct LowerThirdElementRenderView
 {
     std::optional<LowerThirdProperties> lowerThird;
     double scale; ///< points of the target for one canvas unit
 
-    void paint(QPainter &painter, const QRectF &box) const;
+    void paint(QPainter &painter, const QRectF &box, RenderCaches &caches) const;
 };
 
 } // namespace quenara

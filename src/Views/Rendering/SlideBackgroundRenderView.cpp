@@ -5,7 +5,7 @@
 #include "GaussianBlur.h"
 #include "GradientFill.h"
 #include "ImageElementRenderView.h"
-#include "PictureCache.h"
+#include "RenderCaches.h"
 
 #include <algorithm>
 
@@ -63,12 +63,13 @@ void SlideBackgroundRenderView::paintCaption(QPainter &painter, const QRectF &sl
     painter.restore();
 }
 
-bool SlideBackgroundRenderView::paintPicture(QPainter &painter, const QRectF &slide) const
+bool SlideBackgroundRenderView::paintImage(QPainter &painter, const QRectF &slide,
+                                           RenderCaches &caches) const
 {
     const double device = deviceScale(painter);
     const BlurPlan blur(background.blurAmount * device * scale);
     const QSizeF size = slide.size() * device / blur.reduction;
-    const QImage image = pictureOf(*background.image, size.toSize(), pictures);
+    const QImage image = caches.images.image(*background.image, size.toSize());
     if (image.isNull())
         return false;
     if (blur.isNone()) {
@@ -96,7 +97,8 @@ bool SlideBackgroundRenderView::isOpaque() const
     return isWhole(background.solidColor);
 }
 
-void SlideBackgroundRenderView::paint(QPainter &painter, const QRectF &slide) const
+void SlideBackgroundRenderView::paint(QPainter &painter, const QRectF &slide,
+                                      RenderCaches &caches) const
 {
     if (slide.isEmpty() || scale <= 0)
         return;
@@ -109,7 +111,7 @@ void SlideBackgroundRenderView::paint(QPainter &painter, const QRectF &slide) co
         paintCaption(painter, slide);
         break;
     case SlideBackgroundKind::image:
-        if (background.image && paintPicture(painter, slide)) {
+        if (background.image && paintImage(painter, slide, caches)) {
             painter.fillRect(slide, QColor::fromRgbF(0, 0, 0, float(dim())));
             break;
         }

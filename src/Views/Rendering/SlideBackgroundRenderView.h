@@ -8,28 +8,27 @@
 
 namespace quenara {
 
-class PictureCache;
+struct RenderCaches;
 
 /// What lies behind the layers of a slide, its darkening included.
 struct SlideBackgroundRenderView
 {
     SlideBackground background;
     double scale; ///< points of the target for one canvas unit
-    PictureCache *pictures = nullptr; ///< decodes afresh without one
 
-    void paint(QPainter &painter, const QRectF &slide) const;
+    void paint(QPainter &painter, const QRectF &slide, RenderCaches &caches) const;
 
-    /// Whether nothing shows through. Pictures are not asked: they count as if something did.
+    /// Whether nothing shows through. An image counts as translucent: it is not looked at here.
     bool isOpaque() const;
 
 private:
-    /// What is left of \a color under the darkening.
+    /// \a color under the darkening.
     QColor darkened(const RGBAColor &color) const;
     double dim() const;
     void paintGradient(QPainter &painter, const QRectF &slide) const;
     void paintCaption(QPainter &painter, const QRectF &slide) const;
-    /// False if there is no picture to be had.
-    bool paintPicture(QPainter &painter, const QRectF &slide) const;
+    /// Returns false, having painted nothing, if there is no image to be had.
+    bool paintImage(QPainter &painter, const QRectF &slide, RenderCaches &caches) const;
 };
 
 } // namespace quenara

@@ -20,20 +20,21 @@ constexpr double safeAreaInsetY = 150;
 constexpr QPainter::RenderHints hints =
     QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform;
 
-void paintContent(QPainter &painter, const SlideElementRenderView &content, const QRectF &box)
+void paintContent(QPainter &painter, const SlideElementRenderView &content, const QRectF &box,
+                  RenderCaches &caches)
 {
     const double opacity = std::clamp(content.element.opacity, 0.0, 1.0);
     if (opacity == 0)
         return;
     if (opacity == 1 || content.isOnePiece()) {
         painter.setOpacity(painter.opacity() * opacity);
-        content.paint(painter, box);
+        content.paint(painter, box, caches);
     } else {
         // The layer fades as a whole, not part by part where its parts overlap.
         const double around = content.overhang();
         const QRectF bounds = box.adjusted(-around, -around, around, around);
         DeviceLayer::painted(painter, bounds, 1, [&](QPainter &layer) {
-            content.paint(layer, box);
+            content.paint(layer, box, caches);
         }).draw(painter, opacity);
     }
 }
@@ -61,22 +62,23 @@ QRectF SlideDesignRenderView::whole() const
     return {0, 0, canvas.width * scale, canvas.height * scale};
 }
 
-void SlideDesignRenderView::paint(QPainter &painter) const
+void SlideDesignRenderView::paint(QPainter &painter, RenderCaches &caches) const
 {
-    paintBackground(painter);
-    paintLayers(painter, slide.design.visibleElementsInDrawingOrder());
+    paintBackground(painter, caches);
+    paintLayers(painter, slide.design.visibleElementsInDrawingOrder(), caches);
     paintGuide(painter);
 }
 
-void SlideDesignRenderView::paintBackground(QPainter &painter) const
+void SlideDesignRenderView::paintBackground(QPainter &painter, RenderCaches &caches) const
 {
     painter.save();
     painter.setRenderHints(hints);
-    SlideBackgroundRenderView{slide.design.background, scale, pictures}.paint(painter, whole());
+    SlideBackgroundRenderView{slide.design.background, scale}.paint(painter, whole(), caches);
     painter.restore();
 }
 
-void SlideDesignRenderView::paintLayers(QPainter &painter, const QList<SlideElement> &layers) const
+void SlideDesignRenderView::paintLayers(QPainter &painter, const QList<SlideElement> &layers,
+                                        RenderCaches &caches) const
 {
     for (const SlideElement &element : layers) {
         const QRectF elementBox = box(element);
@@ -86,7 +88,7 @@ void SlideDesignRenderView::paintLayers(QPainter &painter, const QList<SlideElem
         painter.translate(elementBox.center());
         painter.rotate(std::fmod(element.rotation, 360));
         painter.translate(-elementBox.center());
-        paintContent(painter, {element, scale, pictures}, elementBox);
+        paintContent(painter, {element, scale}, elementBox, caches);
         painter.restore();
         // The outline runs along the slide's edges; the editor draws handles around the layer.
         if (selectedElementID == element.id) {

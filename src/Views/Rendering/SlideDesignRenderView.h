@@ -9,7 +9,7 @@
 
 namespace quenara {
 
-class PictureCache;
+struct RenderCaches;
 
 /// A slide at exactly its canvas size times the scale: background, layers, editing aids.
 struct SlideDesignRenderView
@@ -18,15 +18,15 @@ struct SlideDesignRenderView
     double scale; ///< points of the target for one canvas unit
     bool showSafeArea = false;
     std::optional<QString> selectedElementID = std::nullopt;
-    PictureCache *pictures = nullptr; ///< decodes afresh without one
 
     /// Paints with the slide's top left at the origin of the painter's coordinates.
-    void paint(QPainter &painter) const;
+    void paint(QPainter &painter, RenderCaches &caches) const;
 
-    // What that paints, one over the other.
-    void paintBackground(QPainter &painter) const;
-    /// Each of \a layers with what marks the selected one, from the first up.
-    void paintLayers(QPainter &painter, const QList<SlideElement> &layers) const;
+    // The parts that paint() paints, in this order, each over the one before.
+    void paintBackground(QPainter &painter, RenderCaches &caches) const;
+    /// Paints \a layers from the first up, and the outline of the selected one with it.
+    void paintLayers(QPainter &painter, const QList<SlideElement> &layers,
+                     RenderCaches &caches) const;
     void paintGuide(QPainter &painter) const;
 
     /// The title-safe guide in points of the target.
@@ -37,6 +37,8 @@ struct SlideDesignRenderView
 
     /// The slide in points of the target.
     QRectF whole() const;
+
+    bool operator==(const SlideDesignRenderView &) const = default;
 };
 
 } // namespace quenara

@@ -30,23 +30,23 @@ double overhangOf(const TextElementProperties &text)
 
 } // namespace
 
-void SlideElementRenderView::paint(QPainter &painter, const QRectF &box) const
+void SlideElementRenderView::paint(QPainter &painter, const QRectF &box, RenderCaches &caches) const
 {
     switch (element.kind) {
     case SlideElementKind::text:
     case SlideElementKind::scriptureText:
     case SlideElementKind::songLyricText:
         if (element.text)
-            TextElementRenderView{*element.text, scale}.paint(painter, box);
+            TextElementRenderView{*element.text, scale}.paint(painter, box, caches);
         break;
     case SlideElementKind::image:
-        ImageElementRenderView{element.image, pictures}.paint(painter, box);
+        ImageElementRenderView{element.image}.paint(painter, box, caches);
         break;
     case SlideElementKind::shape:
         ShapeElementRenderView{element.shape}.paint(painter, box);
         break;
     case SlideElementKind::lowerThird:
-        LowerThirdElementRenderView{element.lowerThird, scale}.paint(painter, box);
+        LowerThirdElementRenderView{element.lowerThird, scale}.paint(painter, box, caches);
         break;
     }
 }

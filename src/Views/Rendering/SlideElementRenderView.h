@@ -7,16 +7,15 @@
 
 namespace quenara {
 
-class PictureCache;
+struct RenderCaches;
 
 /// One layer's content, chosen by its kind.
 struct SlideElementRenderView
 {
     SlideElement element;
     double scale; ///< points of the target for one canvas unit
-    PictureCache *pictures = nullptr; ///< decodes afresh without one
 
-    void paint(QPainter &painter, const QRectF &box) const;
+    void paint(QPainter &painter, const QRectF &box, RenderCaches &caches) const;
 
     /// Whether nothing of the content lies over another part of it.
     bool isOnePiece() const;

@@ -35,7 +35,7 @@ QRect SlideRendererView::hiddenRect(const QRectF &area) const
     return slideRect(area).toAlignedRect().adjusted(2, 2, -2, -2);
 }
 
-void SlideRendererView::paint(QPainter &painter, const QRectF &area) const
+void SlideRendererView::paint(QPainter &painter, const QRectF &area, RenderCaches &caches) const
 {
     const QRectF fitted = slideRect(area);
     if (fitted.isEmpty())
@@ -48,8 +48,8 @@ void SlideRendererView::paint(QPainter &painter, const QRectF &area) const
     painter.setClipRect(fitted, Qt::IntersectClip);
     painter.translate(fitted.topLeft());
     SlideDesignRenderView{*slide, fitted.width() / slide->design.canvasSize.width, showSafeArea,
-                          selectedElementID, pictures}
-        .paint(painter);
+                          selectedElementID}
+        .paint(painter, caches);
     painter.restore();
 }
 

@@ -11,20 +11,18 @@
 
 namespace quenara {
 
-class PictureCache;
+struct RenderCaches;
 
 /// The one renderer of slides: fitted and centred in the area it is given, clipped to the slide.
-/// Reads only its fields and leaves the painter as it found it; what lies around the slide is not
-/// painted.
+/// Leaves the painter as it found it; what lies around the slide is not painted.
 struct SlideRendererView
 {
-    /// Without a slide, a black picture of the standard aspect ratio.
+    /// Without a slide, a black rectangle of the standard aspect ratio.
     std::optional<Slide> slide;
     bool showSafeArea = false;
     std::optional<QString> selectedElementID = std::nullopt;
-    PictureCache *pictures = nullptr; ///< decodes afresh without one
 
-    void paint(QPainter &painter, const QRectF &area) const;
+    void paint(QPainter &painter, const QRectF &area, RenderCaches &caches) const;
 
     /// What of \a area the slide hides, whatever was there; empty where it may be seen through.
     QRect hiddenRect(const QRectF &area) const;

@@ -2,8 +2,7 @@
 
 #include "DevicePixels.h"
 #include "EmojiText.h"
-#include "GlyphOutlines.h"
-#include "ScaledFonts.h"
+#include "RenderCaches.h"
 #include "SlideFonts.h"
 #include "VectorRegisters.h"
 
@@ -224,11 +223,11 @@ QStringList TextBlock::lines() const
     return lines;
 }
 
-QRectF TextBlock::inkBounds()
+QRectF TextBlock::inkBounds(RenderCaches &caches)
 {
-    traceGlyphs();
+    traceGlyphs(caches);
     QRectF ink(m_ink.topLeft() * unit() + QPointF(0, m_bounds.top()), m_ink.size() * unit());
-    if (!m_pictures.isEmpty()) {
+    if (!m_emoji.isEmpty()) {
         // Pictures of glyphs do not say what they cover.
         const double overhang =
             unit() * layoutPixelSize / 2 + std::max(0.0, -m_text.characterSpacing);
@@ -237,22 +236,22 @@ QRectF TextBlock::inkBounds()
     return ink;
 }
 
-void TextBlock::draw(QPainter &painter, Placement placement)
+void TextBlock::draw(QPainter &painter, RenderCaches &caches, Placement placement)
 {
     gatherGlyphs();
     painter.save();
     painter.translate(0, m_bounds.top());
     painter.scale(unit(), unit());
-    for (const QGlyphRun &run : m_pictures)
+    for (const QGlyphRun &run : m_emoji)
         painter.drawGlyphRun({}, run);
     const double scale = deviceScale(painter);
     if (scale * layoutPixelSize < largestCachedGlyph && placement == Placement::onWholeRows) {
         for (QGlyphRun run : m_letters) {
-            run.setRawFont(fontForScale(run.rawFont(), scale));
+            run.setRawFont(caches.fonts.font(run.rawFont(), scale));
             painter.drawGlyphRun({}, run);
         }
     } else {
-        drawOutlines(painter);
+        drawOutlines(painter, caches);
     }
     painter.restore();
 }
@@ -270,14 +269,14 @@ void TextBlock::gatherGlyphs()
     };
     for (const QTextLayout::FormatRange &emoji : m_layout->formats()) {
         gatherLetters(emoji.start);
-        m_pictures += m_layout->glyphRuns(emoji.start, emoji.length);
+        m_emoji += m_layout->glyphRuns(emoji.start, emoji.length);
         start = emoji.start + emoji.length;
     }
     gatherLetters(int(m_layout->text().size()));
 }
 
 /// Qt would ask the font for the outline of every glyph anew each time it is drawn.
-void TextBlock::traceGlyphs()
+void TextBlock::traceGlyphs(RenderCaches &caches)
 {
     gatherGlyphs();
     if (!m_outlines.isEmpty())
@@ -287,16 +286,16 @@ void TextBlock::traceGlyphs()
         const QList<quint32> glyphs = run.glyphIndexes();
         const QList<QPointF> positions = run.positions();
         for (qsizetype i = 0; i < glyphs.size(); ++i) {
-            m_outlines.append({glyphOutline(font, glyphs.at(i)), positions.at(i)});
+            m_outlines.append({caches.outlines.outline(font, glyphs.at(i)), positions.at(i)});
             m_ink |= m_outlines.constLast().path.controlPointRect().translated(positions.at(i));
         }
     }
 }
 
 /// Glyph by glyph: one path of them all takes the rasterizer longer.
-void TextBlock::drawOutlines(QPainter &painter)
+void TextBlock::drawOutlines(QPainter &painter, RenderCaches &caches)
 {
-    traceGlyphs();
+    traceGlyphs(caches);
     painter.save();
     painter.setBrush(painter.pen().color());
     painter.setPen(Qt::NoPen);

@@ -18,11 +18,15 @@ class QTextLayout;
 
 namespace quenara {
 
+struct RenderCaches;
+
 /// How far a text may be shrunk to fit, and in how many lines it may be set.
 struct TextLimits
 {
     double smallestFit = 0.45;
     int lineMaximum = std::numeric_limits<int>::max();
+
+    bool operator==(const TextLimits &) const = default;
 };
 
 /// A text laid out in a box. Everything is in canvas units and independent of any device, so that
@@ -46,7 +50,7 @@ public:
     QStringList lines() const;
 
     /// The lines in units of their own, beginning at the left edge of the box and at the top of the
-    /// bounds. Its text is the one that is shown, see TextPositions.
+    /// bounds. Its text is the one that is shown, see TextOffsetMap.
     const QTextLayout &layout() const { return *m_layout; }
 
     /// Canvas units for one of the layout's.
@@ -56,13 +60,14 @@ public:
     QRectF bounds() const { return m_bounds; }
 
     /// What the letters cover when they are placed exactly, in the box's coordinates.
-    QRectF inkBounds();
+    QRectF inkBounds(RenderCaches &caches);
 
     /// How letters of less than 64 device pixels are placed; larger ones are always exact.
     enum class Placement { onWholeRows, exact };
 
     /// Draws in the painter's pen, the box's top left at the origin of its coordinates.
-    void draw(QPainter &painter, Placement placement = Placement::onWholeRows);
+    void draw(QPainter &painter, RenderCaches &caches,
+              Placement placement = Placement::onWholeRows);
 
 private:
     struct GlyphOutline
@@ -78,8 +83,8 @@ private:
     void shrink();
     void truncate();
     void gatherGlyphs();
-    void traceGlyphs();
-    void drawOutlines(QPainter &painter);
+    void traceGlyphs(RenderCaches &caches);
+    void drawOutlines(QPainter &painter, RenderCaches &caches);
 
     TextElementProperties m_text;
     QSizeF m_box;
@@ -89,7 +94,7 @@ private:
     QRectF m_bounds;
     bool m_areGathered = false;
     QList<QGlyphRun> m_letters; ///< in faces that have outlines
-    QList<QGlyphRun> m_pictures; ///< emoji, which have none
+    QList<QGlyphRun> m_emoji; ///< emoji, which have none
     QList<GlyphOutline> m_outlines; ///< of the letters, once they are needed
     QRectF m_ink; ///< what the outlines cover, in the layout's units
 };

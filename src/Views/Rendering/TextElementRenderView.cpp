@@ -3,7 +3,7 @@
 #include "DeviceLayer.h"
 #include "DevicePixels.h"
 #include "GaussianBlur.h"
-#include "KeptTextBlocks.h"
+#include "RenderCaches.h"
 #include "RoundedShapes.h"
 #include "VectorRegisters.h"
 
@@ -67,17 +67,17 @@ QImage tinted(const QImage &mask, const QColor &color)
 }
 
 /// \a painter is in canvas units, the block's box at its origin.
-void paintGlow(QPainter &painter, TextBlock &block, const Glow &glow)
+void paintGlow(QPainter &painter, TextBlock &block, const Glow &glow, RenderCaches &caches)
 {
     // A blur radius is twice the standard deviation of the Gaussian.
     const BlurPlan plan(glow.radius / 2 * deviceScale(painter));
     painter.save();
     painter.translate(glow.offset);
     DeviceLayer layer = DeviceLayer::painted(
-        painter, block.inkBounds(), plan.reach + roundingRoom,
+        painter, block.inkBounds(caches), plan.reach + roundingRoom,
         [&](QPainter &mask) {
             mask.setPen(Qt::black);
-            block.draw(mask,
+            block.draw(mask, caches,
                        plan.reduction > 1 ? TextBlock::Placement::exact
                                           : TextBlock::Placement::onWholeRows);
         },
@@ -92,16 +92,16 @@ void paintGlow(QPainter &painter, TextBlock &block, const Glow &glow)
 
 /// Letters that overlap or join, as those of Arabic do, show no seams where the colour is
 /// translucent.
-void paintText(QPainter &painter, TextBlock &block, QColor color)
+void paintText(QPainter &painter, TextBlock &block, QColor color, RenderCaches &caches)
 {
     const double opacity = color.alphaF();
     color.setAlphaF(1);
     const auto paint = [&](QPainter &target) {
         target.setPen(color);
-        block.draw(target);
+        block.draw(target, caches);
     };
     if (opacity < 1) {
-        DeviceLayer::painted(painter, block.inkBounds(), roundingRoom, paint)
+        DeviceLayer::painted(painter, block.inkBounds(caches), roundingRoom, paint)
             .draw(painter, opacity);
     } else {
         paint(painter);
@@ -109,22 +109,25 @@ void paintText(QPainter &painter, TextBlock &block, QColor color)
 }
 
 /// \a painter is in canvas units, the layer's box at its origin.
-void paintLetters(QPainter &painter, const TextElementProperties &text, TextBlock &block)
+void paintLetters(QPainter &painter, const TextElementProperties &text, TextBlock &block,
+                  RenderCaches &caches)
 {
     painter.translate(text.padding, text.padding);
     const auto asStrong = [&](const RGBAColor &color) { return faded(color, text.textColor); };
     if (text.outline)
-        paintGlow(painter, block, {asStrong(text.outline->color), text.outline->width, {}});
+        paintGlow(painter, block, {asStrong(text.outline->color), text.outline->width, {}}, caches);
     if (text.shadow) {
         const TextShadow &shadow = *text.shadow;
-        paintGlow(painter, block, {asStrong(shadow.color), shadow.radius, {shadow.x, shadow.y}});
+        paintGlow(painter, block, {asStrong(shadow.color), shadow.radius, {shadow.x, shadow.y}},
+                  caches);
     }
-    paintText(painter, block, text.textColor.toColor());
+    paintText(painter, block, text.textColor.toColor(), caches);
 }
 
 } // namespace
 
-void TextElementRenderView::paint(QPainter &painter, const QRectF &box, TextBlock *laidOut) const
+void TextElementRenderView::paint(QPainter &painter, const QRectF &box, RenderCaches &caches,
+                                  TextBlock *laidOut) const
 {
     if (scale <= 0)
         return;
@@ -136,7 +139,8 @@ void TextElementRenderView::paint(QPainter &painter, const QRectF &box, TextBloc
     painter.scale(scale, scale);
     if (text.fontSize * deviceScale(painter) >= smallestLetters) {
         const QSizeF size = box.size() / scale - 2 * QSizeF(text.padding, text.padding);
-        paintLetters(painter, text, laidOut ? *laidOut : *keptTextBlock(text, size));
+        paintLetters(painter, text, laidOut ? *laidOut : *caches.textBlocks.block(text, size),
+                     caches);
     }
     painter.restore();
 }

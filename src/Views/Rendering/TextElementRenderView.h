@@ -8,6 +8,7 @@
 namespace quenara {
 
 class TextBlock;
+struct RenderCaches;
 
 /// A text layer.
 struct TextElementRenderView
@@ -16,9 +17,10 @@ struct TextElementRenderView
     double scale; ///< points of the target for one canvas unit
 
     /// Paints into the layer's \a box, in points of the target. Shadow and outline may reach
-    /// beyond it. \a laidOut spares laying the text out: it is the same one in the box without its
+    /// beyond it. \a laidOut, if given, is the same text already laid out in the box without its
     /// padding.
-    void paint(QPainter &painter, const QRectF &box, TextBlock *laidOut = nullptr) const;
+    void paint(QPainter &painter, const QRectF &box, RenderCaches &caches,
+               TextBlock *laidOut = nullptr) const;
 };
 
 } // namespace quenara

@@ -16,22 +16,21 @@ namespace {
 
 constexpr QByteArrayView dataScheme = "data:";
 
-/// The largest picture in memory, and what its pixels take: 67 megapixels. Where a format can be
-/// read at a fraction of its size, larger ones lose what no screen shows.
+/// The largest image in memory: 67 megapixels at four bytes each. A larger one of a format that can
+/// be read at a fraction of its size is reduced to that, which no screen shows.
 constexpr int largestMegabytes = 256;
 constexpr qint64 bytesPerPixel = 4;
 constexpr qint64 largestPixelCount = (qint64(largestMegabytes) << 20U) / bytesPerPixel;
 
-/// As painters draw it fastest.
+/// \a image in the format that painters draw fastest.
 QImage paintable(const QImage &image)
 {
     return image.convertToFormat(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied
                                                          : QImage::Format_RGB32);
 }
 
-ZelvoImageLoader::Decoded decoded(QIODevice &device, const QSize &needed)
+DecodedImage decoded(QIODevice &device, const QSize &needed)
 {
-    QImageReader::setAllocationLimit(largestMegabytes);
     QImageReader reader(&device);
     reader.setAutoTransform(true);
     reader.setDecideFormatFromContent(true);
@@ -69,7 +68,7 @@ QImage ZelvoImageLoader::image(const SlideMedia &media)
     return image(media, {all, all}).image;
 }
 
-ZelvoImageLoader::Decoded ZelvoImageLoader::image(const SlideMedia &media, const QSize &needed)
+DecodedImage ZelvoImageLoader::image(const SlideMedia &media, const QSize &needed)
 {
     if (media.dataUrl.startsWith(dataScheme)) {
         std::optional<QByteArray> bytes = payload(media.dataUrl);
@@ -77,12 +76,12 @@ ZelvoImageLoader::Decoded ZelvoImageLoader::image(const SlideMedia &media, const
         if (!bytes)
             return {};
         buffer.setBuffer(&*bytes);
-        return buffer.open(QIODevice::ReadOnly) ? decoded(buffer, needed) : Decoded();
+        return buffer.open(QIODevice::ReadOnly) ? decoded(buffer, needed) : DecodedImage();
     }
     // A pipe or a device might never come to its end.
     QFile file(fileName(media));
     return QFileInfo(file).isFile() && file.open(QIODevice::ReadOnly) ? decoded(file, needed)
-                                                                      : Decoded();
+                                                                      : DecodedImage();
 }
 
 int ZelvoImageLoader::reduction(const QSize &fullSize, const QSize &needed)
@@ -95,6 +94,11 @@ int ZelvoImageLoader::reduction(const QSize &fullSize, const QSize &needed)
     while (pixelCount / reduction / reduction >= largestPixelCount)
         reduction *= 2;
     return reduction;
+}
+
+void ZelvoImageLoader::limitMemory()
+{
+    QImageReader::setAllocationLimit(largestMegabytes);
 }
 
 QString ZelvoImageLoader::fileName(const SlideMedia &media)

@@ -22,8 +22,8 @@ constexpr int buttonMargin = 8;
 } // namespace
 
 RundownList::RundownList(WorkspaceStore &store, const CommandActions &commands,
-                         PictureCache &pictures, QWidget *parent)
-    : QListView(parent), m_store(store), m_commands(commands), m_thumbnails(pictures),
+                         RenderCaches &caches, QWidget *parent)
+    : QListView(parent), m_store(store), m_commands(commands), m_thumbnails(caches),
       m_model(new RundownModel(store, this))
 {
     setObjectName(QStringLiteral("rundownList"));
@@ -121,7 +121,7 @@ void RundownList::paintEvent(QPaintEvent *event)
         QPaintEvent ofRows(some);
         QListView::paintEvent(&ofRows);
     }
-    if (m_thumbnails.owesPictures())
+    if (m_thumbnails.owesThumbnails())
         viewport()->update(event->rect());
 }
 

@@ -19,7 +19,7 @@ class RundownList : public QListView
     Q_OBJECT
 
 public:
-    RundownList(WorkspaceStore &store, const CommandActions &commands, PictureCache &pictures,
+    RundownList(WorkspaceStore &store, const CommandActions &commands, RenderCaches &caches,
                 QWidget *parent = nullptr);
 
     const SlideThumbnails &thumbnails() const { return m_thumbnails; }

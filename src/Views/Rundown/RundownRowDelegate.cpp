@@ -86,16 +86,16 @@ void drawPointer(QPainter &painter, const QPointF &leftMiddle, const QColor &col
     painter.fillPath(triangle, color);
 }
 
-void drawThumbnail(QPainter &painter, const QPixmap &picture, const QRectF &box,
+void drawThumbnail(QPainter &painter, const QPixmap &thumbnail, const QRectF &box,
                    const ZelvoTheme &theme)
 {
     const QPainterPath shape = continuousRoundedRect(box, thumbnailRadius);
     painter.save();
     painter.setClipPath(shape);
-    if (picture.isNull()) {
+    if (thumbnail.isNull()) {
         painter.fillRect(box, theme.canvasBackground);
     } else {
-        painter.drawPixmap(box.topLeft(), picture);
+        painter.drawPixmap(box.topLeft(), thumbnail);
     }
     painter.restore();
     painter.strokePath(
@@ -162,13 +162,13 @@ void RundownRowDelegate::paintSlide(QPainter &painter, const QStyleOptionViewIte
              {row.left() + numberLeft, row.top(), numberRight - numberLeft, row.height()},
              Qt::AlignRight);
     const QSizeF size = SlideThumbnails::size;
-    const QRectF picture(
+    const QRectF thumbnailBox(
         QPointF(row.left() + thumbnailLeft, row.top() + (row.height() - size.height()) / 2), size);
     const auto *model = qobject_cast<const RundownModel *>(index.model());
     if (const Slide *slide = model ? model->slideAt(index) : nullptr) {
         drawThumbnail(painter,
                       m_thumbnails.thumbnail(*slide, painter.device()->devicePixelRatioF()),
-                      picture, theme);
+                      thumbnailBox, theme);
     }
     const QRectF title = titleBox(row, index);
     if (index.data(RundownModel::isLiveRole).toBool()) {

@@ -56,7 +56,7 @@ QWidget *makeFooter(const CommandActions &commands)
 } // namespace
 
 RundownView::RundownView(WorkspaceStore &store, const CommandActions &commands,
-                         PictureCache &pictures, QWidget *parent)
+                         RenderCaches &caches, QWidget *parent)
     : QWidget(parent)
 {
     setFixedWidth(panelWidth);
@@ -64,7 +64,7 @@ RundownView::RundownView(WorkspaceStore &store, const CommandActions &commands,
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(makeHeader(commands));
-    layout->addWidget(new RundownList(store, commands, pictures), 1);
+    layout->addWidget(new RundownList(store, commands, caches), 1);
     layout->addWidget(makeFooter(commands));
 }
 

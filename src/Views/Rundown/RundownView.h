@@ -5,7 +5,7 @@
 namespace quenara {
 
 class CommandActions;
-class PictureCache;
+struct RenderCaches;
 class WorkspaceStore;
 
 /// The left panel of the operator window: the rundown, and the buttons that add, duplicate, delete
@@ -17,7 +17,7 @@ class RundownView : public QWidget
 public:
     static constexpr int panelWidth = 286; ///< points
 
-    RundownView(WorkspaceStore &store, const CommandActions &commands, PictureCache &pictures,
+    RundownView(WorkspaceStore &store, const CommandActions &commands, RenderCaches &caches,
                 QWidget *parent = nullptr);
 };
 

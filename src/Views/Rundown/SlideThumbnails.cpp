@@ -15,34 +15,35 @@ constexpr int patience = 6; ///< milliseconds, of the 16 that a frame lasts
 void SlideThumbnails::startMaking()
 {
     m_making.start();
-    m_owesPictures = false;
+    m_owesThumbnails = false;
     m_countBefore = m_madeCount;
 }
 
 QPixmap SlideThumbnails::thumbnail(const Slide &slide, double devicePixelRatio)
 {
+    const Key key{slide.design, devicePixelRatio};
     const Entry *known = m_entries.object(slide.id);
-    if (known && known->pixmap.devicePixelRatio() == devicePixelRatio
-        && known->design == slide.design) {
+    if (known && known->key == key)
         return known->pixmap;
-    }
     if (m_making.elapsed() > patience && m_madeCount > m_countBefore) {
-        m_owesPictures = true;
+        m_owesThumbnails = true;
         return {};
     }
     ++m_madeCount;
-    const QPixmap pixmap = made(slide, devicePixelRatio);
-    m_entries.insert(slide.id, new Entry{slide.design, pixmap});
+    const QPixmap pixmap = made(key);
+    m_entries.insert(slide.id, new Entry{key, pixmap});
     return pixmap;
 }
 
-QPixmap SlideThumbnails::made(const Slide &slide, double devicePixelRatio) const
+QPixmap SlideThumbnails::made(const Key &key) const
 {
-    QImage image((QSizeF(size) * devicePixelRatio).toSize(), QImage::Format_RGB32);
-    image.setDevicePixelRatio(devicePixelRatio);
+    QImage image((QSizeF(size) * key.devicePixelRatio).toSize(), QImage::Format_RGB32);
+    image.setDevicePixelRatio(key.devicePixelRatio);
     image.fill(Qt::black);
+    Slide slide;
+    slide.design = key.design;
     QPainter painter(&image);
-    SlideRendererView{.slide = slide, .pictures = &m_pictures}.paint(painter, {{0, 0}, size});
+    SlideRendererView{.slide = slide}.paint(painter, {{0, 0}, size}, m_caches);
     painter.end();
     return QPixmap::fromImage(image);
 }

@@ -8,42 +8,51 @@
 
 namespace quenara {
 
-class PictureCache;
+struct RenderCaches;
 
-/// Small pictures of slides, each kept until its slide looks otherwise. Makes no more at a time
-/// than a list can wait for while it scrolls.
+/// Small images of slides, each held until its slide looks otherwise. Makes no more at a time than
+/// a list can wait for while it scrolls.
 class SlideThumbnails
 {
 public:
     static constexpr QSize size{64, 36}; ///< points
 
-    explicit SlideThumbnails(PictureCache &pictures) : m_pictures(pictures) {}
+    explicit SlideThumbnails(RenderCaches &caches) : m_caches(caches) {}
 
-    /// From here on pictures are made for a few milliseconds, the first one in any case.
+    /// From now on thumbnails are made for a few milliseconds, the first one in any case.
     void startMaking();
 
-    /// Null while the picture is not made and the time is up; \a slide is then owed.
+    /// Null if the thumbnail is not made yet and the time is up; it is then owed.
     QPixmap thumbnail(const Slide &slide, double devicePixelRatio);
 
-    /// Whether any picture was asked for and not given since startMaking().
-    bool owesPictures() const { return m_owesPictures; }
+    /// Whether any thumbnail was asked for and not given since startMaking().
+    bool owesThumbnails() const { return m_owesThumbnails; }
 
-    /// How many were made since the beginning.
+    /// How many were ever made.
     int madeCount() const { return m_madeCount; }
 
 private:
-    struct Entry
+    /// All that a thumbnail is made from.
+    struct Key
     {
         SlideDesign design;
+        double devicePixelRatio;
+
+        bool operator==(const Key &) const = default;
+    };
+
+    struct Entry
+    {
+        Key key;
         QPixmap pixmap;
     };
 
-    QPixmap made(const Slide &slide, double devicePixelRatio) const;
+    QPixmap made(const Key &key) const;
 
-    PictureCache &m_pictures;
-    QCache<QString, Entry> m_entries{1000};
+    RenderCaches &m_caches;
+    QCache<QString, Entry> m_entries{1000}; ///< by the slide's id; one for each slide
     QElapsedTimer m_making;
-    bool m_owesPictures = false;
+    bool m_owesThumbnails = false;
     int m_madeCount = 0;
     int m_countBefore = 0;
 };

@@ -16,17 +16,15 @@ constexpr double lineWidth = 1;
 
 } // namespace
 
-SlideView::SlideView(PictureCache &pictures, QWidget *parent)
-    : QWidget(parent), m_pictures(pictures)
-{}
+SlideView::SlideView(RenderCaches &caches, QWidget *parent) : QWidget(parent), m_caches(caches) {}
 
 void SlideView::setSlide(const std::optional<Slide> &slide)
 {
     if (slide == m_slide)
         return;
-    update(pictureRect());
+    update(slideRect());
     m_slide = slide;
-    update(pictureRect());
+    update(slideRect());
 }
 
 void SlideView::setAlignment(Qt::Alignment alignment)
@@ -48,7 +46,7 @@ void SlideView::setOutline(QColor ZelvoTheme::*color, double opacity)
     update();
 }
 
-QRect SlideView::pictureRect() const
+QRect SlideView::slideRect() const
 {
     const CanvasSize canvas = m_slide ? m_slide->design.canvasSize : CanvasSize();
     if (!(canvas.width > 0) || !(canvas.height > 0))
@@ -60,20 +58,20 @@ QRect SlideView::pictureRect() const
 
 void SlideView::paintEvent(QPaintEvent * /*event*/)
 {
-    const QRectF picture = pictureRect();
-    if (picture.isEmpty())
+    const QRectF area = slideRect();
+    if (area.isEmpty())
         return;
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    // By itself: what is painted through a clip with round corners takes longer.
-    DeviceLayer slide = DeviceLayer::painted(painter, picture, 0, [&](QPainter &layer) {
-        SlideRendererView{.slide = m_slide, .pictures = &m_pictures}.paint(layer, picture);
+    // The corners are cut afterwards: to paint through a clip with round corners takes longer.
+    DeviceLayer slide = DeviceLayer::painted(painter, area, 0, [&](QPainter &layer) {
+        SlideRendererView{.slide = m_slide}.paint(layer, area, m_caches);
     });
     const double scale = deviceScale(painter);
     QColor line = themeOf(*this).*m_outlineColor;
     line.setAlphaF(line.alphaF() * float(m_outlineOpacity));
     m_frame.apply(slide.image,
-                  {.rect = painter.deviceTransform().mapRect(picture).translated(-slide.origin),
+                  {.rect = painter.deviceTransform().mapRect(area).translated(-slide.origin),
                    .radius = m_cornerRadius * scale,
                    .lineWidth = lineWidth * scale},
                   line);

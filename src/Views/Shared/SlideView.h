@@ -10,36 +10,37 @@
 
 namespace quenara {
 
-class PictureCache;
+struct RenderCaches;
 
-/// A picture of a slide inside a window of the interface, as large as there is room, outlined.
+/// Shows a slide inside a window of the interface, as large as there is room, outlined.
 class SlideView : public QWidget
 {
     Q_OBJECT
 
 public:
-    explicit SlideView(PictureCache &pictures, QWidget *parent = nullptr);
+    explicit SlideView(RenderCaches &caches, QWidget *parent = nullptr);
 
     void setSlide(const std::optional<Slide> &slide);
     const std::optional<Slide> &slide() const { return m_slide; }
 
-    /// Where the picture lies in the room that its shape leaves; in the middle unless set.
+    /// Where the slide lies in the room that its shape leaves; in the middle unless set.
     void setAlignment(Qt::Alignment alignment);
 
-    /// Of continuous corners, in points; square unless set.
+    /// The radius of the slide's continuous corners, in points; 0 unless set.
     void setCornerRadius(double radius);
 
-    /// The theme's colour of the line around it, at an opacity of 0 to 1; its borders' unless set.
+    /// The theme's colour of the line around the slide, at an opacity of 0 to 1; its colour of
+    /// borders, opaque, unless set.
     void setOutline(QColor ZelvoTheme::*color, double opacity);
 
-    /// What the picture covers of the widget, on whole points; empty if there is none to be had.
-    QRect pictureRect() const;
+    /// What the slide covers of the widget, on whole points; empty if its canvas has no size.
+    QRect slideRect() const;
 
 protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    PictureCache &m_pictures;
+    RenderCaches &m_caches;
     std::optional<Slide> m_slide;
     Qt::Alignment m_alignment = Qt::AlignCenter;
     double m_cornerRadius = 0;

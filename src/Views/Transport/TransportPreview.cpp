@@ -15,9 +15,9 @@ namespace quenara {
 namespace {
 
 constexpr int previewWidth = 190;
-constexpr QSize pictureSize{178, 100};
+constexpr QSize slideSize{178, 100};
 constexpr int captionHeight = 14;
-constexpr int pictureGap = 4;
+constexpr int captionGap = 4;
 constexpr int captionSpacing = 6;
 constexpr int dotSize = 6;
 constexpr double cornerRadius = 6;
@@ -26,16 +26,16 @@ constexpr double outlineOpacity = 0.8;
 } // namespace
 
 TransportPreview::TransportPreview(const QString &title, QColor ZelvoTheme::*accent,
-                                   PictureCache &pictures, QWidget *parent)
+                                   RenderCaches &caches, QWidget *parent)
     : QWidget(parent), m_title(title), m_accent(accent),
       m_slideTitle(new ElidedLabel(QStringLiteral("previewTitle"))),
-      m_picture(new SlideView(pictures))
+      m_slideView(new SlideView(caches))
 {
-    setFixedSize(previewWidth, captionHeight + pictureGap + pictureSize.height());
-    m_picture->setFixedSize(pictureSize);
-    m_picture->setCornerRadius(cornerRadius);
-    m_picture->setOutline(accent, outlineOpacity);
-    m_picture->setAccessibleName(QStringLiteral("%1 slide").arg(title));
+    setFixedSize(previewWidth, captionHeight + captionGap + slideSize.height());
+    m_slideView->setFixedSize(slideSize);
+    m_slideView->setCornerRadius(cornerRadius);
+    m_slideView->setOutline(accent, outlineOpacity);
+    m_slideView->setAccessibleName(QStringLiteral("%1 slide").arg(title));
     auto *caption = new QHBoxLayout;
     caption->setContentsMargins(dotSize + captionSpacing, 0, 0, 0);
     caption->setSpacing(captionSpacing);
@@ -45,18 +45,18 @@ TransportPreview::TransportPreview(const QString &title, QColor ZelvoTheme::*acc
     caption->addWidget(name);
     caption->addWidget(m_slideTitle, 1);
     auto *layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, previewWidth - pictureSize.width(), 0);
-    layout->setSpacing(pictureGap);
+    layout->setContentsMargins(0, 0, previewWidth - slideSize.width(), 0);
+    layout->setSpacing(captionGap);
     layout->addLayout(caption);
-    layout->addWidget(m_picture);
+    layout->addWidget(m_slideView);
 }
 
 void TransportPreview::setSlide(const std::optional<Slide> &slide)
 {
     const QString title = slide ? slide->title : QStringLiteral("None");
     m_slideTitle->setText(title);
-    m_picture->setAccessibleDescription(title);
-    m_picture->setSlide(slide);
+    m_slideView->setAccessibleDescription(title);
+    m_slideView->setSlide(slide);
 }
 
 /// The accent as a dot before the caption, which the smallest texts could not be read in.

@@ -9,18 +9,18 @@ class QLabel;
 namespace quenara {
 
 class ElidedLabel;
-class PictureCache;
+struct RenderCaches;
 class SlideView;
 struct Slide;
 
-/// A small picture of a slide under its role in the show and its title.
+/// A small view of a slide under its role in the show and its title.
 class TransportPreview : public QWidget
 {
     Q_OBJECT
 
 public:
     /// \a accent is the theme's colour for that role.
-    TransportPreview(const QString &title, QColor ZelvoTheme::*accent, PictureCache &pictures,
+    TransportPreview(const QString &title, QColor ZelvoTheme::*accent, RenderCaches &caches,
                      QWidget *parent = nullptr);
 
     void setSlide(const std::optional<Slide> &slide);
@@ -32,7 +32,7 @@ private:
     QString m_title;
     QColor ZelvoTheme::*m_accent;
     ElidedLabel *m_slideTitle;
-    SlideView *m_picture;
+    SlideView *m_slideView;
 };
 
 } // namespace quenara

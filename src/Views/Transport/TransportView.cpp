@@ -20,10 +20,10 @@ constexpr int navigationSpacing = 10;
 } // namespace
 
 TransportView::TransportView(WorkspaceStore &store, const CommandActions &commands,
-                             PictureCache &pictures, QWidget *parent)
+                             RenderCaches &caches, QWidget *parent)
     : QWidget(parent), m_store(store), m_commands(commands),
-      m_queued(new TransportPreview(QStringLiteral("Queued"), &ZelvoTheme::accent, pictures)),
-      m_live(new TransportPreview(QStringLiteral("Live"), &ZelvoTheme::live, pictures))
+      m_queued(new TransportPreview(QStringLiteral("Queued"), &ZelvoTheme::accent, caches)),
+      m_live(new TransportPreview(QStringLiteral("Live"), &ZelvoTheme::live, caches))
 {
     using Look = SymbolButton::Look;
     setPanelName(*this, QStringLiteral("transportBar"));

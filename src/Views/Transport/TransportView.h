@@ -7,7 +7,7 @@
 namespace quenara {
 
 class CommandActions;
-class PictureCache;
+struct RenderCaches;
 class SymbolButton;
 class TransportPreview;
 class WorkspaceStore;
@@ -21,7 +21,7 @@ class TransportView : public QWidget
 public:
     static constexpr int barHeight = 132; ///< points
 
-    TransportView(WorkspaceStore &store, const CommandActions &commands, PictureCache &pictures,
+    TransportView(WorkspaceStore &store, const CommandActions &commands, RenderCaches &caches,
                   QWidget *parent = nullptr);
 
 private:

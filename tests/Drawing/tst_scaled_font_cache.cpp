@@ -1,5 +1,5 @@
 #include "GuiTestSupport.h"
-#include "ScaledFonts.h"
+#include "ScaledFontCache.h"
 #include "SlideFonts.h"
 
 #include <QGlyphRun>
@@ -34,42 +34,45 @@ QImage letters(const QRawFont &font, double scale)
 
 } // namespace
 
-class TestScaledFonts : public GuiTest
+class TestScaledFontCache : public GuiTest
 {
     Q_OBJECT
 
 private slots:
     void aFontForAScaleDrawsTheSameLetters()
     {
+        ScaledFontCache cache;
         for (const TextFontWeight weight : allCases<TextFontWeight>()) {
             for (const double scale : scales) {
                 const QImage plain = letters(font(weight), scale);
                 QVERIFY(!inkOf(plain).isEmpty());
-                QCOMPARE(letters(fontForScale(font(weight), scale), scale), plain);
+                QCOMPARE(letters(cache.font(font(weight), scale), scale), plain);
             }
         }
     }
 
     void aScaleKeepsItsFont()
     {
-        const QRawFont one = fontForScale(font(TextFontWeight::bold), 0.25);
-        QCOMPARE(fontForScale(font(TextFontWeight::bold), 0.25), one);
-        QVERIFY(fontForScale(font(TextFontWeight::bold), 0.26) != one);
-        QVERIFY(fontForScale(font(TextFontWeight::regular), 0.25) != one);
+        ScaledFontCache cache;
+        const QRawFont one = cache.font(font(TextFontWeight::bold), 0.25);
+        QCOMPARE(cache.font(font(TextFontWeight::bold), 0.25), one);
+        QVERIFY(cache.font(font(TextFontWeight::bold), 0.26) != one);
+        QVERIFY(cache.font(font(TextFontWeight::regular), 0.25) != one);
     }
 
     void scalesThatAreNotUsedAnyMoreGo()
     {
-        const QRawFont used = fontForScale(font(TextFontWeight::bold), 0.25);
-        const QRawFont left = fontForScale(font(TextFontWeight::bold), 0.26);
+        ScaledFontCache cache;
+        const QRawFont used = cache.font(font(TextFontWeight::bold), 0.25);
+        const QRawFont left = cache.font(font(TextFontWeight::bold), 0.26);
         for (int i = 1; i < 1000; ++i) {
-            fontForScale(font(TextFontWeight::bold), 0.3 + 0.0001 * i);
-            fontForScale(font(TextFontWeight::bold), 0.25);
+            cache.font(font(TextFontWeight::bold), 0.3 + 0.0001 * i);
+            cache.font(font(TextFontWeight::bold), 0.25);
         }
-        QCOMPARE(fontForScale(font(TextFontWeight::bold), 0.25), used);
-        QVERIFY(fontForScale(font(TextFontWeight::bold), 0.26) != left);
+        QCOMPARE(cache.font(font(TextFontWeight::bold), 0.25), used);
+        QVERIFY(cache.font(font(TextFontWeight::bold), 0.26) != left);
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestScaledFonts)
-#include "tst_scaled_fonts.moc"
+QUENARA_GUI_TEST_MAIN(TestScaledFontCache)
+#include "tst_scaled_font_cache.moc"

@@ -1,5 +1,5 @@
-#include "TextPictures.h"
-#include "TextPlaces.h"
+#include "TextImages.h"
+#include "TextLayoutGeometry.h"
 
 #include <QTextBoundaryFinder>
 
@@ -22,7 +22,7 @@ TextElementProperties leftAligned(const QString &text)
 /// The ink of \a text alone, painted into a box at the origin, in canvas units.
 QRectF inkOfText(const TextElementProperties &text)
 {
-    const QRect ink = inkOf(textPicture(text, {200, 200, box.width(), box.height()}));
+    const QRect ink = inkOf(textImage(text, {200, 200, box.width(), box.height()}));
     return ink.translated(-200, -200).toRectF();
 }
 
@@ -38,7 +38,7 @@ QList<qsizetype> placesIn(const QString &text)
 
 } // namespace
 
-class TestTextPlaces : public GuiTest
+class TestTextLayoutGeometry : public GuiTest
 {
     Q_OBJECT
 
@@ -73,7 +73,7 @@ private slots:
         QFETCH(QString, shown);
         QFETCH(bool, uppercase);
         QFETCH(QList<int>, places);
-        const TextPositions positions(stored, shown, uppercase);
+        const TextOffsetMap positions(stored, shown, uppercase);
         QList<int> traced;
         for (qsizetype i = 0; i <= stored.size(); ++i)
             traced.append(int(positions.shown(i)));
@@ -85,7 +85,7 @@ private slots:
     void theCaretStandsBesideTheInk()
     {
         const TextElementProperties text = leftAligned(QStringLiteral("HHHH"));
-        const TextPlaces places(text, box);
+        const TextLayoutGeometry places(text, box);
         const QRectF ink = inkOfText(text);
         const double width = places.caret(4).x() - places.caret(0).x();
         QVERIFY(std::abs(places.caret(0).x() - ink.left()) < 0.15 * width / 4);
@@ -127,7 +127,7 @@ private slots:
     {
         QFETCH(TextElementProperties, text);
         constexpr double overhang = 8; // letters may lean out of their places
-        const TextPlaces places(text, box);
+        const TextLayoutGeometry places(text, box);
         QRectF covered;
         for (const QRectF &piece : places.pieces(0, text.text.size()))
             covered |= piece;
@@ -158,7 +158,7 @@ private slots:
     void aPointFindsThePlaceWhoseCaretIsThere()
     {
         QFETCH(TextElementProperties, text);
-        const TextPlaces places(text, box);
+        const TextLayoutGeometry places(text, box);
         for (const qsizetype place : placesIn(text.text)) {
             const QPointF caret = places.caret(place).center();
             QCOMPARE(places.caret(places.positionAt(caret)).center(), caret);
@@ -167,7 +167,7 @@ private slots:
 
     void aPointOutsideFindsTheNearestPlace()
     {
-        const TextPlaces places(leftAligned(QStringLiteral("one\nthree")), box);
+        const TextLayoutGeometry places(leftAligned(QStringLiteral("one\nthree")), box);
         QCOMPARE(places.positionAt({-100, -100}), 0);
         QCOMPARE(places.positionAt({5000, -100}), 3);
         QCOMPARE(places.positionAt({-100, 5000}), 4);
@@ -176,7 +176,7 @@ private slots:
 
     void linesAreThoseThatAreSeen()
     {
-        const TextPlaces places(leftAligned(QStringLiteral("one two\nthree")), {260, 600});
+        const TextLayoutGeometry places(leftAligned(QStringLiteral("one two\nthree")), {260, 600});
         QCOMPARE(places.lineCount(), 3);
         QCOMPARE(places.startOfLine(0), 0);
         QCOMPARE(places.endOfLine(0), 3);
@@ -203,7 +203,7 @@ private slots:
     {
         QFETCH(QString, text);
         QFETCH(int, direction);
-        const TextPlaces places(plainText(text), box);
+        const TextLayoutGeometry places(plainText(text), box);
         const double step = direction * (places.caret(3).x() - places.caret(2).x());
         QVERIFY(step > 0);
         QCOMPARE(direction * (places.caret(4).x() - places.caret(3).x()), step);
@@ -212,7 +212,7 @@ private slots:
 
     void aBreakThatIsSelectedIsAsWideAsASpace()
     {
-        const TextPlaces places(leftAligned(QStringLiteral("a\n\nb")), box);
+        const TextLayoutGeometry places(leftAligned(QStringLiteral("a\n\nb")), box);
         const QList<QRectF> pieces = places.pieces(1, 3);
         QCOMPARE(pieces.size(), 2);
         for (const QRectF &piece : pieces)
@@ -222,7 +222,7 @@ private slots:
 
     void nothingSelectedIsNoPiece()
     {
-        const TextPlaces places(plainText(QStringLiteral("abc")), box);
+        const TextLayoutGeometry places(plainText(QStringLiteral("abc")), box);
         QVERIFY(places.pieces(1, 1).isEmpty());
         QVERIFY(places.pieces(0, 0).isEmpty());
     }
@@ -230,11 +230,11 @@ private slots:
     void whatIsTruncatedLiesAtTheEllipsis()
     {
         const QString words = QStringLiteral("Great is the morning ").repeated(40);
-        const TextPlaces places(leftAligned(words), {600, 100});
+        const TextLayoutGeometry places(leftAligned(words), {600, 100});
         QCOMPARE(places.caret(words.size()), places.caret(words.size() - 30));
         QCOMPARE(places.positionAt({5000, 5000}), words.size());
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestTextPlaces)
-#include "tst_text_places.moc"
+QUENARA_GUI_TEST_MAIN(TestTextLayoutGeometry)
+#include "tst_text_layout_geometry.moc"

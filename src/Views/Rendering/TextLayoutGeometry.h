@@ -1,7 +1,7 @@
 #pragma once
 
 #include "TextBlock.h"
-#include "TextPositions.h"
+#include "TextOffsetMap.h"
 
 class QTextLine;
 
@@ -10,10 +10,10 @@ namespace quenara {
 /// Where the characters of a text layer stand as it is painted, for editing them there. Positions
 /// count in the stored text; points and rectangles are canvas units from the top left of the
 /// layer's box.
-class TextPlaces
+class TextLayoutGeometry
 {
 public:
-    TextPlaces(TextElementProperties text, const QSizeF &size);
+    TextLayoutGeometry(TextElementProperties text, const QSizeF &size);
 
     /// The text as it is laid out in the box without its padding.
     TextBlock &block() { return m_block; }
@@ -44,7 +44,7 @@ private:
 
     TextElementProperties m_text;
     TextBlock m_block;
-    TextPositions m_positions;
+    TextOffsetMap m_positions;
 };
 
 } // namespace quenara

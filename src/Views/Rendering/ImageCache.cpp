@@ -1,4 +1,4 @@
-#include "PictureCache.h"
+#include "ImageCache.h"
 
 #include <QFileInfo>
 
@@ -8,12 +8,6 @@ namespace quenara {
 
 namespace {
 
-/// Media of one document share their bytes, so that most comparisons end at once.
-bool isSame(const QByteArray &a, const QByteArray &b)
-{
-    return a.constData() == b.constData() || a == b;
-}
-
 QDateTime modificationTime(const SlideMedia &media)
 {
     const QString fileName = ZelvoImageLoader::fileName(media);
@@ -22,13 +16,13 @@ QDateTime modificationTime(const SlideMedia &media)
 
 } // namespace
 
-QImage PictureCache::image(const SlideMedia &media, const QSize &needed)
+QImage ImageCache::image(const SlideMedia &media, const QSize &needed)
 {
     const QDateTime modified = modificationTime(media);
     const auto found = std::find_if(m_entries.begin(), m_entries.end(), [&](const Entry &entry) {
         return entry.decoded.reduction
             == ZelvoImageLoader::reduction(entry.decoded.fullSize, needed)
-            && entry.modified == modified && isSame(entry.dataUrl, media.dataUrl);
+            && entry.modified == modified && areEqual(entry.dataUrl, media.dataUrl);
     });
     if (found == m_entries.end())
         return added({media.dataUrl, modified, ZelvoImageLoader::image(media, needed)});
@@ -36,7 +30,7 @@ QImage PictureCache::image(const SlideMedia &media, const QSize &needed)
     return found->decoded.image;
 }
 
-QImage PictureCache::added(Entry entry)
+QImage ImageCache::added(Entry entry)
 {
     m_byteCount += entry.byteCount();
     m_entries.push_front(std::move(entry));
@@ -45,11 +39,6 @@ QImage PictureCache::added(Entry entry)
         m_entries.pop_back();
     }
     return m_entries.front().decoded.image;
-}
-
-QImage pictureOf(const SlideMedia &media, const QSize &needed, PictureCache *pictures)
-{
-    return pictures ? pictures->image(media, needed) : ZelvoImageLoader::image(media, needed).image;
 }
 
 } // namespace quenara

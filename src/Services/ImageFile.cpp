@@ -1,4 +1,4 @@
-#include "PictureFile.h"
+#include "ImageFile.h"
 
 #include "FileReading.h"
 
@@ -13,9 +13,9 @@ namespace quenara {
 namespace {
 
 /// Of every three bytes base64 makes four.
-constexpr qint64 largestPicture = largestFile / 4 * 3;
+constexpr qint64 largestImage = largestFile / 4 * 3;
 
-/// The reader's name for the format in which the bytes can be read as a picture; empty if there is
+/// The reader's name for the format in which the bytes can be read as an image; empty if there is
 /// none.
 QByteArray readableFormat(QByteArray bytes)
 {
@@ -30,8 +30,8 @@ QByteArray readableFormat(QByteArray bytes)
     return reader.read().isNull() ? QByteArray() : format;
 }
 
-/// The MIME type of a picture; empty for anything else.
-QString pictureType(const QByteArray &bytes)
+/// The MIME type of an image; empty for anything else.
+QString imageType(const QByteArray &bytes)
 {
     const QMimeType type = QMimeDatabase().mimeTypeForData(bytes);
     const bool isImage = type.name().startsWith(QLatin1String("image/"));
@@ -47,8 +47,8 @@ QString pictureType(const QByteArray &bytes)
 
 std::optional<SlideMedia> embedded(const QUrl &url)
 {
-    const std::optional<QByteArray> bytes = wholeFile(url, largestPicture);
-    const QString type = bytes ? pictureType(*bytes) : QString();
+    const std::optional<QByteArray> bytes = wholeFile(url, largestImage);
+    const QString type = bytes ? imageType(*bytes) : QString();
     if (type.isEmpty())
         return std::nullopt;
     return SlideMedia{.dataUrl = "data:" + type.toLatin1() + ";base64," + bytes->toBase64(),
@@ -58,7 +58,7 @@ std::optional<SlideMedia> embedded(const QUrl &url)
 
 } // namespace
 
-std::optional<SlideMedia> pictureFromFile(const QUrl &url)
+std::optional<SlideMedia> imageFromFile(const QUrl &url)
 {
     try {
         return embedded(url);

@@ -1,6 +1,6 @@
 #include "ChildProcess.h"
-#include "PictureFile.h"
-#include "Pictures.h"
+#include "ImageFile.h"
+#include "Images.h"
 #include "TestSupport.h"
 
 #include <QDir>
@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QByteArray picture(const char *format)
+QByteArray encodedImage(const char *format)
 {
     return encoded(quarters({48, 32}), format);
 }
@@ -38,18 +38,18 @@ QByteArray declared(const QByteArray &markup)
 
 } // namespace
 
-class TestPictureFile : public QObject
+class TestImageFile : public QObject
 {
     Q_OBJECT
 
 private slots:
     void initTestCase()
     {
-        // What Qt says of broken pictures.
+        // What Qt says of broken images.
         QLoggingCategory::setFilterRules(u"qt.gui.imageio*=false\nqt.svg*=false"_s);
     }
 
-    void aPictureIsEmbeddedWithTheTypeOfItsContent_data()
+    void anImageIsEmbeddedWithTheTypeOfItsContent_data()
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QByteArray>("bytes");
@@ -58,12 +58,12 @@ private slots:
             QTest::newRow(qPrintable(name)) << name << bytes << type;
         };
         const QByteArray longComment = "<!-- " + QByteArray(2000, 'x') + " -->\n";
-        row(u"picture.png"_s, picture("PNG"), u"image/png"_s);
-        row(u"picture.jpg"_s, picture("JPG"), u"image/jpeg"_s);
-        row(u"picture.webp"_s, picture("WEBP"), u"image/webp"_s);
-        row(u"picture.bmp"_s, picture("BMP"), u"image/bmp"_s);
-        row(u"picture.tiff"_s, picture("TIFF"), u"image/tiff"_s);
-        row(u"picture.gif"_s,
+        row(u"image.png"_s, encodedImage("PNG"), u"image/png"_s);
+        row(u"image.jpg"_s, encodedImage("JPG"), u"image/jpeg"_s);
+        row(u"image.webp"_s, encodedImage("WEBP"), u"image/webp"_s);
+        row(u"image.bmp"_s, encodedImage("BMP"), u"image/bmp"_s);
+        row(u"image.tiff"_s, encodedImage("TIFF"), u"image/tiff"_s);
+        row(u"image.gif"_s,
             QByteArray::fromBase64("R0lGODlhAQABAIAAAAAAAP///yH5BAEAAAAALAAAAAABAAEAAAIBRAA7"),
             u"image/gif"_s);
         row(u"drawing.svg"_s, drawing, u"image/svg+xml"_s);
@@ -71,15 +71,15 @@ private slots:
         row(u"commented.svg"_s, declared(longComment + drawing), u"image/svg+xml"_s);
         row(u"cut short.jpg"_s, halfOf("JPG"), u"image/jpeg"_s);
         row(u"cut short.bmp"_s, halfOf("BMP"), u"image/bmp"_s);
-        row(u"a PNG called.jpg"_s, picture("PNG"), u"image/png"_s);
-        row(u"a JPEG called.png"_s, picture("JPG"), u"image/jpeg"_s);
-        row(u"a PNG called.txt"_s, picture("PNG"), u"image/png"_s);
+        row(u"a PNG called.jpg"_s, encodedImage("PNG"), u"image/png"_s);
+        row(u"a JPEG called.png"_s, encodedImage("JPG"), u"image/jpeg"_s);
+        row(u"a PNG called.txt"_s, encodedImage("PNG"), u"image/png"_s);
         row(u"a drawing called.jpg"_s, declared(drawing), u"image/svg+xml"_s);
-        row(u"without a suffix"_s, picture("JPG"), u"image/jpeg"_s);
-        row(u"Grüße, 100% \u6b4c #1?.png"_s, picture("PNG"), u"image/png"_s);
+        row(u"without a suffix"_s, encodedImage("JPG"), u"image/jpeg"_s);
+        row(u"Grüße, 100% \u6b4c #1?.png"_s, encodedImage("PNG"), u"image/png"_s);
     }
 
-    void aPictureIsEmbeddedWithTheTypeOfItsContent()
+    void anImageIsEmbeddedWithTheTypeOfItsContent()
     {
         QFETCH(QString, name);
         QFETCH(QByteArray, bytes);
@@ -89,10 +89,10 @@ private slots:
                                       "data:" + type.toLatin1() + ";base64," + bytes.toBase64(),
                                   .name = name,
                                   .mimeType = type};
-        QCOMPARE(pictureFromFile(world.written(name, bytes)), expected);
+        QCOMPARE(imageFromFile(world.written(name, bytes)), expected);
     }
 
-    void whatIsNoPictureIsNotTaken_data()
+    void whatIsNoImageIsNotTaken_data()
     {
         QTest::addColumn<QString>("name");
         QTest::addColumn<QByteArray>("bytes");
@@ -105,20 +105,20 @@ private slots:
         row(u"other markup called.svg"_s, declared("<score><note/></score>"));
         row(u"a drawing's beginning.svg"_s, declared(drawing).first(100));
         row(u"a project called.png"_s, dataBytes(u"current.quenara"_s));
-        row(u"a PNG's beginning.png"_s, picture("PNG").first(40));
-        row(u"a PNG's signature.png"_s, picture("PNG").first(8));
+        row(u"a PNG's beginning.png"_s, encodedImage("PNG").first(40));
+        row(u"a PNG's signature.png"_s, encodedImage("PNG").first(8));
         row(u"cut short.png"_s, halfOf("PNG"));
-        row(u"a JPEG's beginning.jpg"_s, picture("JPG").first(20));
+        row(u"a JPEG's beginning.jpg"_s, encodedImage("JPG").first(20));
         row(u"zeros.jpg"_s, QByteArray(4096, '\0'));
         row(u"a document of another kind.png"_s, "%PDF-1.4\n1 0 obj\n<<>>\nendobj\n");
     }
 
-    void whatIsNoPictureIsNotTaken()
+    void whatIsNoImageIsNotTaken()
     {
         QFETCH(QString, name);
         QFETCH(QByteArray, bytes);
         const World world;
-        QVERIFY(!pictureFromFile(world.written(name, bytes)));
+        QVERIFY(!imageFromFile(world.written(name, bytes)));
     }
 
     void aPlaceWithoutAFileIsNotTaken()
@@ -130,27 +130,27 @@ private slots:
         for (const QUrl &url :
              {world.fileUrl(u"missing.png"_s), world.fileUrl(u"folder.png"_s),
               world.fileUrl(u"pipe.png"_s), QUrl::fromLocalFile(u"/dev/zero"_s), QUrl(),
-              QUrl(u"https://example.org/picture.png"_s), QUrl(u"picture.png"_s)})
-            QVERIFY2(!pictureFromFile(url), qPrintable(url.toString()));
+              QUrl(u"https://example.org/image.png"_s), QUrl(u"image.png"_s)})
+            QVERIFY2(!imageFromFile(url), qPrintable(url.toString()));
     }
 
     void aFileWithoutLeaveToReadIsNotTaken()
     {
         const World world;
-        const QUrl url = world.written(u"picture.png"_s, picture("PNG"));
+        const QUrl url = world.written(u"image.png"_s, encodedImage("PNG"));
         QCOMPARE(::chmod(QFile::encodeName(world.folder.path()).constData(), 0755), 0);
         QVERIFY(QFile::setPermissions(url.toLocalFile(), {}));
         // Root may read every file.
-        QCOMPARE(statusOfProcess([&] { return dropPrivileges() && !pictureFromFile(url) ? 0 : 1; }),
+        QCOMPARE(statusOfProcess([&] { return dropPrivileges() && !imageFromFile(url) ? 0 : 1; }),
                  0);
     }
 
     void aFileThatNoDocumentCouldHoldIsNotTaken()
     {
         const World world;
-        const QUrl url = world.written(u"large.png"_s, picture("PNG"));
+        const QUrl url = world.written(u"large.png"_s, encodedImage("PNG"));
         QVERIFY(QFile::resize(url.toLocalFile(), 3'000'000'001));
-        QVERIFY(!pictureFromFile(url));
+        QVERIFY(!imageFromFile(url));
     }
 
     void aFileBeyondTheMemoryIsNotTaken()
@@ -159,13 +159,13 @@ private slots:
         QSKIP("the sanitizer needs more address space than any limit leaves");
 #endif
         const World world;
-        const QUrl url = world.written(u"large.png"_s, picture("PNG"));
+        const QUrl url = world.written(u"large.png"_s, encodedImage("PNG"));
         QVERIFY(QFile::resize(url.toLocalFile(), 2'000'000'000));
         QCOMPARE(statusOfProcess(
-                     [&] { return limitMemory(1'500'000'000) && !pictureFromFile(url) ? 0 : 1; }),
+                     [&] { return limitMemory(1'500'000'000) && !imageFromFile(url) ? 0 : 1; }),
                  0);
     }
 };
 
-QTEST_MAIN(TestPictureFile)
-#include "tst_picture_file.moc"
+QTEST_MAIN(TestImageFile)
+#include "tst_image_file.moc"

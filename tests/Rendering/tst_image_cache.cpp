@@ -1,6 +1,6 @@
 #include "GuiTestSupport.h"
-#include "PictureCache.h"
-#include "Pictures.h"
+#include "Images.h"
+#include "RenderCaches.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -11,14 +11,14 @@ using namespace quenara::test;
 namespace {
 
 constexpr QSize size(320, 240);
-constexpr qsizetype pictureBytes = qsizetype(320) * 240 * 4;
+constexpr qsizetype imageBytes = qsizetype(320) * 240 * 4;
 
 SlideMedia solid(const QColor &color)
 {
-    return solidPicture(size, color);
+    return solidImage(size, color);
 }
 
-/// A slide with this picture behind everything and in a layer.
+/// A slide with this image behind everything and in a layer.
 Slide slideShowing(const SlideMedia &media, double blurAmount)
 {
     SlideBackground background = solidBackground({0, 0, 0, 1});
@@ -26,7 +26,7 @@ Slide slideShowing(const SlideMedia &media, double blurAmount)
     background.image = media;
     background.blurAmount = blurAmount;
     SlideDesign design = designOver(background);
-    SlideElement layer = rectangleLayer(QStringLiteral("picture"), {300, 200, 500, 400}, {}, 1);
+    SlideElement layer = rectangleLayer(QStringLiteral("image"), {300, 200, 500, 400}, {}, 1);
     layer.kind = SlideElementKind::image;
     layer.image = media;
     layer.rotation = 10;
@@ -47,16 +47,16 @@ SlideMedia detailed(int seed)
     return mediaOf(encoded(image, "PNG"));
 }
 
-bool isKept(PictureCache &pictures, const SlideMedia &media)
+bool isKept(ImageCache &images, const SlideMedia &media)
 {
     // What is decoded anew has a key of its own, and so had what was kept.
-    const qint64 first = pictures.image(media, size).cacheKey();
-    return pictures.image(media, size).cacheKey() == first;
+    const qint64 first = images.image(media, size).cacheKey();
+    return images.image(media, size).cacheKey() == first;
 }
 
 } // namespace
 
-class TestPictureCache : public GuiTest
+class TestImageCache : public GuiTest
 {
     Q_OBJECT
 
@@ -64,15 +64,15 @@ private slots:
     void slidesLookTheSameWithAndWithoutIt_data()
     {
         QTest::addColumn<qsizetype>("byteLimit");
-        QTest::newRow("with room for everything") << PictureCache::usualByteLimit;
-        QTest::newRow("with room for one picture") << qsizetype(8 * 1024 * 1024);
+        QTest::newRow("with room for everything") << ImageCache::usualByteLimit;
+        QTest::newRow("with room for one image") << qsizetype(8 * 1024 * 1024);
         QTest::newRow("with no room at all") << qsizetype(0);
     }
 
     void slidesLookTheSameWithAndWithoutIt()
     {
         QFETCH(qsizetype, byteLimit);
-        PictureCache pictures(byteLimit);
+        RenderCaches caches{.images = ImageCache(byteLimit)};
         const SlideMedia one = detailed(1);
         const QList<Slide> slides = {slideShowing(one, 0), slideShowing(detailed(2), 0),
                                      slideShowing(one, 12)};
@@ -81,107 +81,105 @@ private slots:
         for (const auto &[screen, ratio] : screens) {
             for (const Slide &slide : slides) {
                 const QImage without = rendered({.slide = slide}, screen, ratio);
-                const QImage with =
-                    rendered({.slide = slide, .pictures = &pictures}, screen, ratio);
-                const QImage again =
-                    rendered({.slide = slide, .pictures = &pictures}, screen, ratio);
+                const QImage with = rendered({.slide = slide}, screen, ratio, caches);
+                const QImage again = rendered({.slide = slide}, screen, ratio, caches);
                 QCOMPARE(with, without);
                 QCOMPARE(again, without);
             }
         }
     }
 
-    void aPictureIsDecodedOnce()
+    void anImageIsDecodedOnce()
     {
-        PictureCache pictures;
+        ImageCache images;
         const SlideMedia media = solid(Qt::red);
-        const QImage first = pictures.image(media, size);
-        QCOMPARE(pictures.image(media, size).cacheKey(), first.cacheKey());
-        QCOMPARE(pictures.byteCount(), pictureBytes + media.dataUrl.size());
+        const QImage first = images.image(media, size);
+        QCOMPARE(images.image(media, size).cacheKey(), first.cacheKey());
+        QCOMPARE(images.byteCount(), imageBytes + media.dataUrl.size());
     }
 
     void equalDataIsFoundWhereverItLies()
     {
-        PictureCache pictures;
+        ImageCache images;
         const SlideMedia media = solid(Qt::red);
         SlideMedia copy = media;
         copy.dataUrl = QByteArray(media.dataUrl.constData(), media.dataUrl.size());
         copy.name = QStringLiteral("another name");
         QVERIFY(copy.dataUrl.constData() != media.dataUrl.constData());
-        const QImage first = pictures.image(media, size);
-        QCOMPARE(pictures.image(copy, size).cacheKey(), first.cacheKey());
+        const QImage first = images.image(media, size);
+        QCOMPARE(images.image(copy, size).cacheKey(), first.cacheKey());
     }
 
     void dataThatDiffersInItsLastPixelIsToldApart()
     {
-        PictureCache pictures;
+        ImageCache images;
         QImage image = quarters(size);
         const SlideMedia one = mediaOf(encoded(image, "BMP"));
         image.setPixel(size.width() - 1, 0, qRgb(1, 2, 3)); // bitmaps are stored upside down
         const SlideMedia other = mediaOf(encoded(image, "BMP"));
         QCOMPARE(one.dataUrl.size(), other.dataUrl.size());
-        pictures.image(one, size);
-        QCOMPARE(pictures.image(other, size).pixel(size.width() - 1, 0), qRgb(1, 2, 3));
+        images.image(one, size);
+        QCOMPARE(images.image(other, size).pixel(size.width() - 1, 0), qRgb(1, 2, 3));
     }
 
     void eachSizeThatIsNeededIsDecodedToIt()
     {
-        PictureCache pictures;
+        ImageCache images;
         const SlideMedia media = solid(Qt::red);
-        QCOMPARE(pictures.image(media, size / 8).size(), size / 8);
-        QCOMPARE(pictures.image(media, size).size(), size);
-        const QImage reduced = pictures.image(media, size / 8);
+        QCOMPARE(images.image(media, size / 8).size(), size / 8);
+        QCOMPARE(images.image(media, size).size(), size);
+        const QImage reduced = images.image(media, size / 8);
         QCOMPARE(reduced.size(), size / 8);
-        QCOMPARE(pictures.image(media, size / 8 - QSize(1, 1)).cacheKey(), reduced.cacheKey());
+        QCOMPARE(images.image(media, size / 8 - QSize(1, 1)).cacheKey(), reduced.cacheKey());
     }
 
-    void theLeastRecentlyUsedPictureGoesFirst()
+    void theLeastRecentlyUsedImageGoesFirst()
     {
         const SlideMedia red = solid(Qt::red);
         const SlideMedia green = solid(Qt::green);
         const SlideMedia blue = solid(Qt::blue);
-        PictureCache pictures(2 * pictureBytes + pictureBytes / 2);
-        const qint64 redKey = pictures.image(red, size).cacheKey();
-        const qint64 greenKey = pictures.image(green, size).cacheKey();
-        QCOMPARE(pictures.image(red, size).cacheKey(), redKey);
-        const qint64 blueKey = pictures.image(blue, size).cacheKey();
-        QCOMPARE(pictures.image(red, size).cacheKey(), redKey);
-        QCOMPARE(pictures.image(blue, size).cacheKey(), blueKey);
-        QVERIFY(pictures.image(green, size).cacheKey() != greenKey);
+        ImageCache images(2 * imageBytes + imageBytes / 2);
+        const qint64 redKey = images.image(red, size).cacheKey();
+        const qint64 greenKey = images.image(green, size).cacheKey();
+        QCOMPARE(images.image(red, size).cacheKey(), redKey);
+        const qint64 blueKey = images.image(blue, size).cacheKey();
+        QCOMPARE(images.image(red, size).cacheKey(), redKey);
+        QCOMPARE(images.image(blue, size).cacheKey(), blueKey);
+        QVERIFY(images.image(green, size).cacheKey() != greenKey);
     }
 
     void itsBoundIsKept()
     {
-        constexpr qsizetype limit = 5 * pictureBytes;
-        PictureCache pictures(limit);
+        constexpr qsizetype limit = 5 * imageBytes;
+        ImageCache images(limit);
         for (int i = 0; i < 40; ++i) {
             const SlideMedia media = solid(QColor::fromHsv(i * 9, 255, 255));
-            QVERIFY(showsOneColour(pictures.image(media, size / (1 + i % 3)),
+            QVERIFY(showsOneColour(images.image(media, size / (1 + i % 3)),
                                    QColor::fromHsv(i * 9, 255, 255)));
-            QVERIFY(pictures.byteCount() <= limit);
+            QVERIFY(images.byteCount() <= limit);
         }
-        QVERIFY(pictures.byteCount() > limit / 2);
+        QVERIFY(images.byteCount() > limit / 2);
     }
 
-    void aPictureLargerThanItsBoundIsShownAndKeptAlone()
+    void anImageLargerThanItsBoundIsShownAndKeptAlone()
     {
-        PictureCache pictures(pictureBytes / 2);
+        ImageCache images(imageBytes / 2);
         const SlideMedia red = solid(Qt::red);
         const SlideMedia green = solid(Qt::green);
-        QVERIFY(isKept(pictures, red));
-        QVERIFY(isKept(pictures, green));
-        QCOMPARE(pictures.byteCount(), pictureBytes + green.dataUrl.size());
+        QVERIFY(isKept(images, red));
+        QVERIFY(isKept(images, green));
+        QCOMPARE(images.byteCount(), imageBytes + green.dataUrl.size());
     }
 
     void whatCannotBeDecodedIsRemembered()
     {
         QTemporaryDir folder;
-        const QString path = folder.filePath(QStringLiteral("picture.png"));
-        write(path, "no picture");
+        const QString path = folder.filePath(QStringLiteral("image.png"));
+        write(path, "no image");
         const QDateTime modified = QFileInfo(path).lastModified();
-        PictureCache pictures;
+        ImageCache images;
         const SlideMedia media{.dataUrl = path.toUtf8(), .name = {}, .mimeType = {}};
-        QVERIFY(pictures.image(media, size).isNull());
+        QVERIFY(images.image(media, size).isNull());
 
         // It would be read if it were looked into again.
         write(path, encoded(quarters(size), "PNG"));
@@ -189,22 +187,22 @@ private slots:
         QVERIFY(file.open(QIODevice::ReadWrite));
         QVERIFY(file.setFileTime(modified, QFileDevice::FileModificationTime));
         file.close();
-        QVERIFY(pictures.image(media, size).isNull());
-        QVERIFY(pictures.image(media, size / 4).isNull());
-        QCOMPARE(pictures.byteCount(), media.dataUrl.size());
+        QVERIFY(images.image(media, size).isNull());
+        QVERIFY(images.image(media, size / 4).isNull());
+        QCOMPARE(images.byteCount(), media.dataUrl.size());
     }
 
     void aFileThatHasChangedIsReadAgain()
     {
         QTemporaryDir folder;
-        const QString path = folder.filePath(QStringLiteral("picture.png"));
+        const QString path = folder.filePath(QStringLiteral("image.png"));
         const SlideMedia byPath{.dataUrl = path.toUtf8(), .name = {}, .mimeType = {}};
         const SlideMedia byUrl{
             .dataUrl = QUrl::fromLocalFile(path).toEncoded(), .name = {}, .mimeType = {}};
-        PictureCache pictures;
+        ImageCache images;
         for (const SlideMedia &media : {byPath, byUrl}) {
             QFile::remove(path);
-            QVERIFY(pictures.image(media, size).isNull());
+            QVERIFY(images.image(media, size).isNull());
             QDateTime time = QDateTime::currentDateTime().addDays(-1);
             for (const QColor &color : {QColor(Qt::red), QColor(Qt::green)}) {
                 QImage image(size, QImage::Format_RGB32);
@@ -215,10 +213,10 @@ private slots:
                 QVERIFY(file.open(QIODevice::ReadWrite));
                 QVERIFY(file.setFileTime(time, QFileDevice::FileModificationTime));
                 file.close();
-                QVERIFY(showsOneColour(pictures.image(media, size), color));
+                QVERIFY(showsOneColour(images.image(media, size), color));
             }
             QFile::remove(path);
-            QVERIFY(pictures.image(media, size).isNull());
+            QVERIFY(images.image(media, size).isNull());
         }
     }
 
@@ -237,5 +235,5 @@ private:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestPictureCache)
-#include "tst_picture_cache.moc"
+QUENARA_GUI_TEST_MAIN(TestImageCache)
+#include "tst_image_cache.moc"

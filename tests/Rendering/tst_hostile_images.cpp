@@ -67,7 +67,7 @@ QByteArray png(const QSize &size, const Depth &depth, int rows)
 
 SlideMedia mediaOf(const QByteArray &bytes)
 {
-    return {"data:image/png;base64," + bytes.toBase64(), u"picture.png"_s, u"image/png"_s};
+    return {"data:image/png;base64," + bytes.toBase64(), u"image.png"_s, u"image/png"_s};
 }
 
 Slide slideOf(const SlideMedia &media)
@@ -76,7 +76,7 @@ Slide slideOf(const SlideMedia &media)
     background.kind = SlideBackgroundKind::image;
     background.image = media;
     SlideDesign design = designOver(background);
-    SlideElement layer = rectangleLayer(u"picture"_s, {100, 100, 400, 300}, {}, 1);
+    SlideElement layer = rectangleLayer(u"image"_s, {100, 100, 400, 300}, {}, 1);
     layer.kind = SlideElementKind::image;
     layer.shape.reset();
     layer.image = media;
@@ -86,37 +86,37 @@ Slide slideOf(const SlideMedia &media)
 
 } // namespace
 
-/// No GuiTest: the picture readers may warn of what they refuse.
-class TestLyingPictures : public QObject
+/// No GuiTest: the image readers may warn of what they refuse.
+class TestHostileImages : public QObject
 {
     Q_OBJECT
 
 private slots:
-    void aPictureTakesNoMoreMemoryThanItMay_data()
+    void anImageTakesNoMoreMemoryThanItMay_data()
     {
         QTest::addColumn<QByteArray>("bytes");
         QTest::newRow("a header of 60,000 by 60,000 alone")
             << png({60000, 60000}, trueColour, 0).first(33);
         QTest::newRow("60,000 by 60,000 with one row") << png({60000, 60000}, trueColour, 1);
         QTest::newRow("one bit a pixel, with one row") << png({60000, 60000}, blackAndWhite, 1);
-        QTest::newRow("a small picture whose header lies") << png({5000, 5000}, trueColour, 4);
+        QTest::newRow("a small image whose header lies") << png({5000, 5000}, trueColour, 4);
         QTest::newRow("the largest sides that PNG has")
             << png({2147483647, 2147483647}, blackAndWhite, 0);
         QTest::newRow("black and white, and all of it there")
             << png({5500, 5500}, blackAndWhite, 5500);
     }
 
-    void aPictureTakesNoMoreMemoryThanItMay()
+    void anImageTakesNoMoreMemoryThanItMay()
     {
         QFETCH(QByteArray, bytes);
         const qint64 before = peakBytes();
         const Slide slide = slideOf(mediaOf(bytes));
-        const QImage picture = rendered({.slide = slide}, {480, 270});
-        QCOMPARE(picture.size(), QSize(480, 270));
+        const QImage image = rendered({.slide = slide}, {480, 270});
+        QCOMPARE(image.size(), QSize(480, 270));
         constexpr qint64 most = qint64(512) * 1024 * 1024;
         QVERIFY2(peakBytes() - before < most, QByteArray::number(peakBytes() - before).constData());
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestLyingPictures)
-#include "tst_lying_pictures.moc"
+QUENARA_GUI_TEST_MAIN(TestHostileImages)
+#include "tst_hostile_images.moc"

@@ -8,10 +8,10 @@ namespace quenara {
 /// Which places of a stored text the characters of the text that is shown for it stand at. That one
 /// may be in capitals, ends its lines in separators, and leaves out what takes no place in it:
 /// spacing at the end of a line, selectors inside emoji, all after an ellipsis.
-class TextPositions
+class TextOffsetMap
 {
 public:
-    TextPositions(const QString &stored, const QString &shown, bool uppercase);
+    TextOffsetMap(const QString &stored, const QString &shown, bool uppercase);
 
     /// Of the character at \a stored or, if that is left out, of the next one that is shown.
     qsizetype shown(qsizetype stored) const;

@@ -1,4 +1,4 @@
-#include "TextPlaces.h"
+#include "TextLayoutGeometry.h"
 
 #include <QFontMetricsF>
 #include <QTextLayout>
@@ -24,12 +24,12 @@ int endOf(const QTextLayout &layout, const QTextLine &line)
 
 } // namespace
 
-TextPlaces::TextPlaces(TextElementProperties text, const QSizeF &size)
+TextLayoutGeometry::TextLayoutGeometry(TextElementProperties text, const QSizeF &size)
     : m_text(std::move(text)), m_block(m_text, size - 2 * QSizeF(m_text.padding, m_text.padding)),
       m_positions(m_text.text, m_block.layout().text(), m_text.uppercase)
 {}
 
-QRectF TextPlaces::caret(qsizetype position) const
+QRectF TextLayoutGeometry::caret(qsizetype position) const
 {
     const QTextLine line = m_block.layout().lineAt(lineOf(position));
     return toBox({line.cursorToX(int(m_positions.shown(position))) + spacingBefore(position),
@@ -37,7 +37,7 @@ QRectF TextPlaces::caret(qsizetype position) const
 }
 
 /// How much further spacing would lead that is left out right before \a position.
-double TextPlaces::spacingBefore(qsizetype position) const
+double TextLayoutGeometry::spacingBefore(qsizetype position) const
 {
     const qsizetype count = m_positions.leftOutBefore(position);
     const QString leftOut = m_text.text.sliced(position - count, count);
@@ -47,7 +47,7 @@ double TextPlaces::spacingBefore(qsizetype position) const
     return (isRightToLeft ? -1 : 1) * double(count) * spaceWidth();
 }
 
-QList<QRectF> TextPlaces::pieces(qsizetype start, qsizetype end) const
+QList<QRectF> TextLayoutGeometry::pieces(qsizetype start, qsizetype end) const
 {
     const QTextLayout &layout = m_block.layout();
     const int first = int(m_positions.shown(start));
@@ -71,7 +71,7 @@ QList<QRectF> TextPlaces::pieces(qsizetype start, qsizetype end) const
     return pieces;
 }
 
-QRectF TextPlaces::pieceOf(const QTextLine &line, int character) const
+QRectF TextLayoutGeometry::pieceOf(const QTextLine &line, int character) const
 {
     const double leading = line.cursorToX(character, QTextLine::Leading);
     const bool isBreak = m_block.layout().text().at(character) == QChar::LineSeparator;
@@ -81,7 +81,7 @@ QRectF TextPlaces::pieceOf(const QTextLine &line, int character) const
         .normalized();
 }
 
-qsizetype TextPlaces::positionAt(const QPointF &point) const
+qsizetype TextLayoutGeometry::positionAt(const QPointF &point) const
 {
     int line = 0;
     while (line + 1 < lineCount()
@@ -90,30 +90,30 @@ qsizetype TextPlaces::positionAt(const QPointF &point) const
     return positionInLine(line, point.x());
 }
 
-int TextPlaces::lineCount() const
+int TextLayoutGeometry::lineCount() const
 {
     return m_block.layout().lineCount();
 }
 
 /// What is not laid out because there is no room for it counts to the last line.
-int TextPlaces::lineOf(qsizetype position) const
+int TextLayoutGeometry::lineOf(qsizetype position) const
 {
     const QTextLine line = m_block.layout().lineForTextPosition(int(m_positions.shown(position)));
     return line.isValid() ? line.lineNumber() : lineCount() - 1;
 }
 
-qsizetype TextPlaces::startOfLine(int line) const
+qsizetype TextLayoutGeometry::startOfLine(int line) const
 {
     return m_positions.stored(m_block.layout().lineAt(line).textStart());
 }
 
-qsizetype TextPlaces::endOfLine(int line) const
+qsizetype TextLayoutGeometry::endOfLine(int line) const
 {
     const QTextLayout &layout = m_block.layout();
     return m_positions.stored(endOf(layout, layout.lineAt(line)));
 }
 
-qsizetype TextPlaces::positionInLine(int line, double x) const
+qsizetype TextLayoutGeometry::positionInLine(int line, double x) const
 {
     const QTextLayout &layout = m_block.layout();
     const QTextLine target = layout.lineAt(line);
@@ -121,7 +121,7 @@ qsizetype TextPlaces::positionInLine(int line, double x) const
     return m_positions.stored(std::min(nearest, endOf(layout, target)));
 }
 
-QRectF TextPlaces::toBox(const QRectF &rect) const
+QRectF TextLayoutGeometry::toBox(const QRectF &rect) const
 {
     const double unit = m_block.unit();
     return {m_text.padding + rect.x() * unit,
@@ -129,7 +129,7 @@ QRectF TextPlaces::toBox(const QRectF &rect) const
             rect.height() * unit};
 }
 
-double TextPlaces::spaceWidth() const
+double TextLayoutGeometry::spaceWidth() const
 {
     return QFontMetricsF(m_block.layout().font()).horizontalAdvance(u' ');
 }

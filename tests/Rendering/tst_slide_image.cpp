@@ -1,7 +1,7 @@
 #include "GuiTestSupport.h"
-#include "PictureCache.h"
 #include "ProjectTemplates.h"
-#include "SlidePicture.h"
+#include "RenderCaches.h"
+#include "SlideImage.h"
 
 using namespace quenara;
 using namespace quenara::test;
@@ -11,14 +11,14 @@ namespace {
 constexpr QSize area(960, 540);
 constexpr int rounding = 2; // where something translucent is laid over what lies around
 
-/// Words with a shadow over a picture, shapes below and above them.
+/// Words with a shadow over an image, shapes below and above them.
 Slide layeredSlide()
 {
     Slide slide = ProjectTemplates::slide(QStringLiteral("Verse"),
                                           QStringLiteral("Great is the morning\nBright with mercy"),
                                           0, QStringLiteral("centerLyric"));
     slide.design.background.kind = SlideBackgroundKind::image;
-    slide.design.background.image = solidPicture({64, 36}, Qt::darkCyan);
+    slide.design.background.image = solidImage({64, 36}, Qt::darkCyan);
     slide.design.elements = {
         slide.design.elements.constFirst(),
         rectangleLayer(QStringLiteral("low"), {300, 300, 600, 300}, {1, 0, 0, 0.5}, -5),
@@ -38,11 +38,11 @@ SlideElement &layer(Slide &slide, const QString &id)
     qFatal("there is no layer %s", qPrintable(id));
 }
 
-/// A picture that is kept, beside what the renderer paints of the same.
+/// A slide image, beside what the renderer paints of the same slide.
 struct Kept
 {
-    PictureCache pictures;
-    SlidePicture picture;
+    RenderCaches caches;
+    SlideImage slideImage;
     Slide slide = layeredSlide();
     std::optional<QString> selectedElementID = QStringLiteral("words");
     QPointF topLeft;
@@ -51,32 +51,31 @@ struct Kept
 
     QImage painted()
     {
-        return picturePaintedBy([&](QPainter &painter) {
-            picture.paint(painter,
-                          {.slide = slide,
-                           .scale = width / slide.design.canvasSize.width,
-                           .showSafeArea = true,
-                           .selectedElementID = selectedElementID,
-                           .pictures = &pictures},
-                          topLeft);
+        return imagePaintedBy([&](QPainter &painter) {
+            slideImage.paint(painter,
+                             {.slide = slide,
+                              .scale = width / slide.design.canvasSize.width,
+                              .showSafeArea = true,
+                              .selectedElementID = selectedElementID},
+                             topLeft, caches);
         });
     }
 
     QImage rendered() const
     {
-        return picturePaintedBy([&](QPainter &painter) {
+        return imagePaintedBy([&](QPainter &painter) {
             const double height =
                 width * slide.design.canvasSize.height / slide.design.canvasSize.width;
-            SlideRendererView{
-                .slide = slide, .showSafeArea = true, .selectedElementID = selectedElementID}
-                .paint(painter, QRectF(topLeft, QSizeF(width, height)));
+            paintAnew(
+                {.slide = slide, .showSafeArea = true, .selectedElementID = selectedElementID},
+                painter, QRectF(topLeft, QSizeF(width, height)));
         });
     }
 
     int difference() { return largestDifference(painted(), rendered()); }
 
 private:
-    QImage picturePaintedBy(const std::function<void(QPainter &)> &paint) const
+    QImage imagePaintedBy(const std::function<void(QPainter &)> &paint) const
     {
         QImage image(area * devicePixelRatio, QImage::Format_ARGB32_Premultiplied);
         image.setDevicePixelRatio(devicePixelRatio);
@@ -90,7 +89,7 @@ private:
 
 } // namespace
 
-class TestSlidePicture : public GuiTest
+class TestSlideImage : public GuiTest
 {
     Q_OBJECT
 
@@ -177,5 +176,5 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestSlidePicture)
-#include "tst_slide_picture.moc"
+QUENARA_GUI_TEST_MAIN(TestSlideImage)
+#include "tst_slide_image.moc"

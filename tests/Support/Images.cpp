@@ -1,4 +1,4 @@
-#include "Pictures.h"
+#include "Images.h"
 
 #include <QBuffer>
 #include <QColor>

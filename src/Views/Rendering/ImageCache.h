@@ -8,19 +8,22 @@
 
 namespace quenara {
 
-/// Decoded pictures, shared by all that paint slides. What it gives is what ZelvoImageLoader gives;
-/// a picture is decoded again only after its file has changed or others have taken its room.
-class PictureCache
+/// Decoded images, shared by all that paint slides. It gives what ZelvoImageLoader gives, and
+/// decodes an image again only after its file has changed or others have taken its room. That there
+/// is no image is remembered, too.
+class ImageCache
 {
 public:
     static constexpr qsizetype usualByteLimit = qsizetype(256) * 1024 * 1024;
 
-    explicit PictureCache(qsizetype byteLimit = usualByteLimit) : m_byteLimit(byteLimit) {}
+    explicit ImageCache(qsizetype byteLimit = usualByteLimit) : m_byteLimit(byteLimit) {}
 
-    /// The picture of \a media with at least \a needed pixels each way, if it has them.
+    /// The image of \a media with at least \a needed pixels each way, if it has them. Null if there
+    /// is none to be had.
     QImage image(const SlideMedia &media, const QSize &needed);
 
-    /// What the pictures and the media they are found by take.
+    /// The size of all images and of the media they were decoded from. Above the limit only while
+    /// one image alone is.
     qsizetype byteCount() const { return m_byteCount; }
 
 private:
@@ -28,7 +31,7 @@ private:
     {
         QByteArray dataUrl;
         QDateTime modified; ///< of the file, if the media names one
-        ZelvoImageLoader::Decoded decoded;
+        DecodedImage decoded;
 
         qsizetype byteCount() const { return dataUrl.size() + decoded.image.sizeInBytes(); }
     };
@@ -39,8 +42,5 @@ private:
     qsizetype m_byteCount = 0;
     std::list<Entry> m_entries; ///< the most recently used first
 };
-
-/// From \a pictures, or decoded afresh without them.
-QImage pictureOf(const SlideMedia &media, const QSize &needed, PictureCache *pictures);
 
 } // namespace quenara

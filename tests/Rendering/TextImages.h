@@ -14,6 +14,6 @@ TextElementProperties plainText(const QString &text);
 Slide textSlide(const TextElementProperties &text, const CanvasFrame &frame);
 
 /// What that shows on the canvas.
-QImage textPicture(const TextElementProperties &text, const CanvasFrame &frame);
+QImage textImage(const TextElementProperties &text, const CanvasFrame &frame);
 
 } // namespace quenara::test

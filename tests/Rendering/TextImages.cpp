@@ -1,4 +1,4 @@
-#include "TextPictures.h"
+#include "TextImages.h"
 
 namespace quenara::test {
 
@@ -22,7 +22,7 @@ Slide textSlide(const TextElementProperties &text, const CanvasFrame &frame)
     return slideWith(design);
 }
 
-QImage textPicture(const TextElementProperties &text, const CanvasFrame &frame)
+QImage textImage(const TextElementProperties &text, const CanvasFrame &frame)
 {
     return rendered({.slide = textSlide(text, frame)}, canvas);
 }

@@ -1,4 +1,4 @@
-#include "TextPositions.h"
+#include "TextOffsetMap.h"
 
 #include <QStringView>
 
@@ -13,7 +13,7 @@ constexpr QStringView dropped = u" \t\uFE0F";
 
 } // namespace
 
-TextPositions::TextPositions(const QString &stored, const QString &shown, bool uppercase)
+TextOffsetMap::TextOffsetMap(const QString &stored, const QString &shown, bool uppercase)
     : m_length(stored.size())
 {
     qsizetype end = 0;
@@ -39,17 +39,17 @@ TextPositions::TextPositions(const QString &stored, const QString &shown, bool u
     }
 }
 
-qsizetype TextPositions::shown(qsizetype stored) const
+qsizetype TextOffsetMap::shown(qsizetype stored) const
 {
     return std::lower_bound(m_origins.begin(), m_origins.end(), stored) - m_origins.begin();
 }
 
-qsizetype TextPositions::stored(qsizetype shown) const
+qsizetype TextOffsetMap::stored(qsizetype shown) const
 {
     return shown < m_origins.size() ? m_origins.at(shown) : m_length;
 }
 
-qsizetype TextPositions::leftOutBefore(qsizetype stored) const
+qsizetype TextOffsetMap::leftOutBefore(qsizetype stored) const
 {
     const qsizetype next = shown(stored);
     return std::max<qsizetype>(0, stored - (next > 0 ? m_ends.at(next - 1) : 0));

@@ -15,13 +15,13 @@ constexpr int tolerance = 4;
 
 const QDir &goldenFolder()
 {
-    static const QDir folder(QStringLiteral(QUENARA_GOLDEN_PICTURES));
+    static const QDir folder(QStringLiteral(QUENARA_GOLDEN_IMAGES));
     return folder;
 }
 
 } // namespace
 
-class TestGoldenPictures : public GuiTest
+class TestGoldenImages : public GuiTest
 {
     Q_OBJECT
 
@@ -53,7 +53,7 @@ private slots:
         }
     }
 
-    void everyGoldenPictureIsOfASlide()
+    void everyGoldenImageIsOfASlide()
     {
         QStringList expected;
         for (const GoldenSlide &slide : goldenSlides()) {
@@ -65,5 +65,5 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestGoldenPictures)
-#include "tst_golden_pictures.moc"
+QUENARA_GUI_TEST_MAIN(TestGoldenImages)
+#include "tst_golden_images.moc"
