@@ -33,40 +33,42 @@ class PopupKeys(ReadCase):
 
     def see_nothing_moved(self):
         self.assertEqual(self.show(), [LIVE, QUEUED])
-        self.see_slide(LIVE)
 
-    def pickers(self):
-        return [thing.title for thing in self.shown() if thing.role == PICKER]
+    def pickers(self, layer):
+        """All that is chosen from lists while a layer is selected."""
+        self.click(layer, SWITCH)
+        pickers = [thing for thing in self.shown() if thing.role == PICKER]
+        self.assertTrue(pickers)
+        return pickers
 
     def open(self, picker):
-        self.click(picker, PICKER)
-        wait_until(lambda: self.is_open(picker), f"the list of {picker} to open")
+        x, y, width, height = picker.area
+        self.server.run("xdotool", "mousemove", str(x + width // 2), str(y + height // 2),
+                        "click", "1")
+        wait_until(lambda: self.is_open(picker), f"the list of {picker.title} to open")
 
-    def is_open(self, picker):
-        return any(child.has("SHOWING") and child.children
-                   for child in self.thing(picker, PICKER).children)
+    @staticmethod
+    def is_open(picker):
+        return any(child.has("SHOWING") and child.children for child in picker.children)
 
     def wait_until_closed(self, picker):
-        wait_until(lambda: not self.is_open(picker), f"the list of {picker} to close")
+        wait_until(lambda: not self.is_open(picker), f"the list of {picker.title} to close")
 
     def test_a_list_has_every_key_while_it_is_open(self):
         for layer in LAYERS:
-            self.click(layer, SWITCH)
-            pickers = self.pickers()
-            self.assertTrue(pickers)
-            for picker in pickers:
-                with self.subTest(layer=layer, picker=picker):
+            for picker in self.pickers(layer):
+                with self.subTest(layer=layer, picker=picker.title):
                     self.open(picker)
                     self.program.press(*BARE_KEYS, "Escape")
                     self.wait_until_closed(picker)
                     self.see_nothing_moved()
+        self.see_slide(LIVE)
 
     def test_return_and_enter_choose_in_a_list_and_send_nothing_live(self):
         for layer in LAYERS:
-            self.click(layer, SWITCH)
-            for picker in self.pickers():
+            for picker in self.pickers(layer):
                 for key in CLOSING_KEYS:
-                    with self.subTest(layer=layer, picker=picker, key=key):
+                    with self.subTest(layer=layer, picker=picker.title, key=key):
                         self.open(picker)
                         self.program.press(key)
                         self.wait_until_closed(picker)
@@ -74,6 +76,7 @@ class PopupKeys(ReadCase):
                         # A template has taken the place of the layers.
                         self.program.press("ctrl+z")
                         self.click(layer, SWITCH)
+        self.see_slide(LIVE)
 
     def test_a_menu_has_every_key_while_it_is_open(self):
         arrows = ("Right", "Left", "Down", "Up")
@@ -83,6 +86,7 @@ class PopupKeys(ReadCase):
                 self.see_nothing_moved()
         self.program.press("alt", *arrows, "Escape", "Escape")
         self.see_nothing_moved()
+        self.see_slide(LIVE)
 
     def test_a_colour_dialog_has_every_key_and_the_display_keeps_its_own(self):
         self.click("Band", SWITCH)
@@ -96,6 +100,7 @@ class PopupKeys(ReadCase):
                     self.program.press("Escape")
                 self.program.wait_for_no_window("Fill")
                 self.see_nothing_moved()
+        self.see_slide(LIVE)
         self.click("Fill", BUTTON)
         self.program.focus("Fill")
         self.program.focus(DISPLAY)
