@@ -1,7 +1,6 @@
 #include "CanvasBenchmarks.h"
 #include "EditingBenchmarks.h"
 #include "FileBenchmarks.h"
-#include "Fonts.h"
 #include "InterfaceStyle.h"
 #include "RenderingBenchmarks.h"
 #include "StageBenchmarks.h"
@@ -9,7 +8,6 @@
 #include "ZelvoImageLoader.h"
 
 #include <QApplication>
-#include <QStyleFactory>
 
 #include <algorithm>
 
@@ -28,18 +26,6 @@ constexpr Group groups[] = {
     {"stage", stageFigures},     {"canvas", canvasFigures}, {"workplace", workplaceFigures},
 };
 
-/// Fonts and style as the program has them.
-void dress()
-{
-    using namespace quenara;
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    loadBundledFonts();
-    ZelvoImageLoader::limitMemory();
-    QApplication::setFont(systemFont(13, QFont::Normal));
-    QApplication::setPalette(interfacePalette(ZelvoTheme::dark()));
-    qApp->setStyleSheet(interfaceStyleSheet(ZelvoTheme::dark()));
-}
-
 } // namespace
 
 /// Prints the figures of the groups that are named, else of all; fails when one is beyond its
@@ -55,7 +41,9 @@ int main(int argc, char *argv[])
         return 0;
     }
     benchmark::Initialize(&argc, argv);
-    dress();
+    quenara::setUpInterface();
+    quenara::ZelvoImageLoader::limitMemory();
+    quenara::applyTheme(quenara::ZelvoTheme::dark());
     QStringList wanted;
     for (int i = 1; i < argc; ++i)
         wanted.append(QString::fromLocal8Bit(argv[i]));

@@ -1,11 +1,10 @@
 #include "QuenaraApp.h"
 
-#include "Fonts.h"
+#include "InterfaceStyle.h"
 #include "ZelvoImageLoader.h"
 
 #include <QApplication>
 #include <QIcon>
-#include <QStyleFactory>
 
 #include <csignal>
 
@@ -21,12 +20,9 @@ int main(int argc, char *argv[])
     QApplication::setApplicationVersion(QStringLiteral(QUENARA_VERSION));
     QApplication::setDesktopFileName(QStringLiteral("quenara"));
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/application/quenara.svg")));
-    // One style on every desktop, so that the style sheet meets what it was drawn for.
-    const QPalette platformPalette = QGuiApplication::palette();
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    quenara::loadBundledFonts();
+    const QPalette platformPalette = QGuiApplication::palette(); // before the style has its own
+    quenara::setUpInterface();
     quenara::ZelvoImageLoader::limitMemory();
-    QApplication::setFont(quenara::systemFont(13, QFont::Normal));
 
     quenara::QuenaraApp app(platformPalette);
     const QStringList arguments = QApplication::arguments();

@@ -1,7 +1,11 @@
 #include "InterfaceStyle.h"
 
+#include "Fonts.h"
+
+#include <QApplication>
 #include <QFile>
 #include <QRegularExpression>
+#include <QStyleFactory>
 
 #include <algorithm>
 
@@ -32,6 +36,20 @@ QString roleColor(const ZelvoTheme &theme, const QString &name)
 }
 
 } // namespace
+
+void setUpInterface()
+{
+    constexpr double textSize = 13; // points
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    loadBundledFonts();
+    QApplication::setFont(systemFont(textSize, QFont::Normal));
+}
+
+void applyTheme(const ZelvoTheme &theme)
+{
+    QApplication::setPalette(interfacePalette(theme));
+    qApp->setStyleSheet(interfaceStyleSheet(theme));
+}
 
 QPalette interfacePalette(const ZelvoTheme &theme)
 {

@@ -7,6 +7,13 @@
 
 namespace quenara {
 
+/// Gives the application the style that the style sheet was drawn for, the bundled faces, and the
+/// interface's font: one look on every desktop. Needs a QApplication.
+void setUpInterface();
+
+/// Gives the whole application the palette and the style sheet of \a theme.
+void applyTheme(const ZelvoTheme &theme);
+
 /// The one palette of the interface, made of the theme's roles alone.
 [[nodiscard]] QPalette interfacePalette(const ZelvoTheme &theme);
 

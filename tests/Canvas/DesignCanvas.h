@@ -24,7 +24,7 @@ struct DesignCanvas
                           const Caller &caller = Caller::current())
         : world(project)
     {
-        showIn(ZelvoTheme::dark());
+        applyTheme(ZelvoTheme::dark());
         view.resize(854, 664);
         showActive(view, caller);
     }

@@ -563,7 +563,7 @@ private slots:
         QFETCH(RGBAColor, letters);
         QFETCH(QColor, expected);
         Editing e;
-        showIn(isDark ? ZelvoTheme::dark() : ZelvoTheme::light());
+        applyTheme(isDark ? ZelvoTheme::dark() : ZelvoTheme::light());
         e.store.updateSelectedElement(
             [&](SlideElement &element) { element.text->textColor = letters; });
         QCOMPARE(e.editor->grab().toImage().pixelColor(12, 12), expected);

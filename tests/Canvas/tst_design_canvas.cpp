@@ -504,14 +504,14 @@ private slots:
     {
         DesignCanvas c(shapes());
         QCOMPARE(c.canvas->grab().toImage().pixelColor(1, 1), ZelvoTheme::dark().canvasBackground);
-        showIn(ZelvoTheme::light());
+        applyTheme(ZelvoTheme::light());
         QCOMPARE(c.canvas->grab().toImage().pixelColor(1, 1), ZelvoTheme::light().canvasBackground);
     }
 
     void theSlideThrowsAShadowDownwards()
     {
         DesignCanvas c(shapes());
-        showIn(ZelvoTheme::light());
+        applyTheme(ZelvoTheme::light());
         const QRect slide = c.canvas->slideRect().toAlignedRect();
         const QImage image = c.canvas->grab().toImage();
         const auto lightness = [&](int x, int y) { return image.pixelColor(x, y).lightness(); };

@@ -26,7 +26,7 @@ class TestPicker : public GuiTest
 private slots:
     void thePickerThatIsOfNoUseHasAFainterChevron()
     {
-        showIn(ZelvoTheme::dark());
+        applyTheme(ZelvoTheme::dark());
         Shown picker(directions());
         const auto chevron = [&] {
             const QSize size = picker.control.size();

@@ -16,7 +16,7 @@ bool shows(QWidget &control, const QColor &ink)
 
 void wear(ColorScheme scheme)
 {
-    showIn(ZelvoTheme::current(scheme));
+    applyTheme(ZelvoTheme::current(scheme));
 }
 
 } // namespace

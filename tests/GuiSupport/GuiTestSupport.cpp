@@ -1,11 +1,10 @@
 #include "GuiTestSupport.h"
 
-#include "Fonts.h"
+#include "InterfaceStyle.h"
 #include "RenderCaches.h"
 
 #include <QBuffer>
 #include <QRegularExpression>
-#include <QStyleFactory>
 
 #include <algorithm>
 #include <cstdlib>
@@ -21,10 +20,8 @@ void GuiTest::init()
 
 void setUpApplication()
 {
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-    loadBundledFonts();
+    setUpInterface();
     ZelvoImageLoader::limitMemory();
-    QApplication::setFont(systemFont(13, QFont::Normal));
 }
 
 void paintAnew(const SlideRendererView &view, QPainter &painter, const QRectF &area)

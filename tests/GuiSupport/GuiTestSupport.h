@@ -1,5 +1,6 @@
 #pragma once
 
+#include "InterfaceStyle.h"
 #include "SlideRendererView.h"
 #include "TestFailure.h"
 #include "Widgets.h"
@@ -20,7 +21,7 @@ private slots:
     void init();
 };
 
-/// Gives the application the program's fonts and style.
+/// Sets the application up as the program does.
 void setUpApplication();
 
 /// Paints \a view with new caches.

@@ -1,7 +1,5 @@
 #include "Widgets.h"
 
-#include "InterfaceStyle.h"
-
 #include <QApplication>
 #include <QLabel>
 #include <QTest>
@@ -55,12 +53,6 @@ void showActive(QWidget &window, const Caller &caller)
     // QTest's own wait takes a dialog for active while its parent is.
     if (!QTest::qWaitFor([&] { return window.isActiveWindow(); }))
         fail(QStringLiteral("the window does not get the keyboard"), caller);
-}
-
-void showIn(const ZelvoTheme &theme)
-{
-    QApplication::setPalette(interfacePalette(theme));
-    qApp->setStyleSheet(interfaceStyleSheet(theme));
 }
 
 } // namespace quenara::test

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "TestFailure.h"
-#include "ZelvoTheme.h"
 
 #include <QAbstractButton>
 #include <QList>
@@ -37,8 +36,5 @@ QStringList labelTexts(const QWidget &parent);
 
 /// Shows a window and waits until it has the keyboard.
 void showActive(QWidget &window, const Caller &caller = Caller::current());
-
-/// Gives the whole application the palette and the style sheet of \a theme.
-void showIn(const ZelvoTheme &theme);
 
 } // namespace quenara::test

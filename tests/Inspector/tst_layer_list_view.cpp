@@ -195,7 +195,7 @@ private slots:
 
     void aRowUnderThePointerLightsUp()
     {
-        showIn(ZelvoTheme::dark());
+        applyTheme(ZelvoTheme::dark());
         const LayerList list;
         LayerRow &row = list.row(u"low"_s);
         const auto background = [&] { return row.grab().toImage().pixelColor(200, 2); };

@@ -22,11 +22,7 @@ struct StageMonitor
     explicit StageMonitor(const ZelvoProject &project) : world(project) { setUp(); }
 
     /// For the whole application.
-    static void setTheme(const ZelvoTheme &theme)
-    {
-        QApplication::setPalette(interfacePalette(theme));
-        qApp->setStyleSheet(interfaceStyleSheet(theme));
-    }
+    static void setTheme(const ZelvoTheme &theme) { applyTheme(theme); }
 
     template<class Part = QLabel>
     Part *part(const char *name) const

@@ -154,7 +154,7 @@ private slots:
 
     void aRecentProjectWithoutItsFileIsFainterAndSaysSo()
     {
-        showIn(ZelvoTheme::dark());
+        applyTheme(ZelvoTheme::dark());
         CommandWorld world;
         saveAll(world, {u"Gone"_s, u"There"_s});
         QVERIFY(QFile::remove(world.fileUrl(u"Gone.quenara"_s).toLocalFile()));
@@ -271,7 +271,7 @@ private slots:
         const QRect symbol(14, 13, 18, 18);
         for (const ZelvoTheme *theme :
              {&ZelvoTheme::dark(), &ZelvoTheme::light(), &ZelvoTheme::dark()}) {
-            showIn(*theme);
+            applyTheme(*theme);
             const QImage image =
                 panel.grab(QRect(start.mapTo(&panel, symbol.topLeft()), symbol.size())).toImage();
             QVERIFY(pixelsOf(theme->accent, image) > 10);
