@@ -22,10 +22,8 @@ struct BenchCommands : BenchStore
     using BenchStore::BenchStore;
 
     OpenOutputs outputs;
-    CommandActions commands{{.store = store,
-                             .outputs = outputs,
-                             .mayReplaceDocument = [] { return true; },
-                             .endTyping = [] { return nullptr; }}};
+    CommandActions commands{
+        {.store = store, .outputs = outputs, .mayReplaceDocument = [] { return true; }}};
 };
 
 } // namespace quenara::bench

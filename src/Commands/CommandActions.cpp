@@ -1,6 +1,7 @@
 #include "CommandActions.h"
 
 #include "OutputWindows.h"
+#include "Typing.h"
 #include "WorkspaceStore.h"
 
 #include <QApplication>
@@ -56,7 +57,7 @@ void CommandActions::perform(Command command, const QWidget *sheet)
     const QWidget *dialog = QApplication::activeModalWidget();
     if (description.worksOnDocument && dialog && dialog != sheet)
         return;
-    const QPointer<QWidget> field = m_context.endTyping();
+    const QPointer<QWidget> field = endTyping();
     if (description.dropsDocument) {
         replaceDocument([&] { description.run(*this); });
     } else {

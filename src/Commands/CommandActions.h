@@ -26,8 +26,6 @@ public:
         OutputWindows &outputs;
         /// Asks the operator if there is something to lose.
         std::function<bool()> mayReplaceDocument;
-        /// Makes what is being typed part of the document; gives the field, or null.
-        std::function<QWidget *()> endTyping;
     };
 
     explicit CommandActions(Context context, QObject *parent = nullptr);

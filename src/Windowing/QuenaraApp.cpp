@@ -1,7 +1,6 @@
 #include "QuenaraApp.h"
 
 #include "ProjectTemplates.h"
-#include "Typing.h"
 
 #include <QApplication>
 #include <QFileInfo>
@@ -18,8 +17,7 @@ QuenaraApp::QuenaraApp(const QPalette &platformPalette)
       m_guard(m_store, m_windows, m_questions),
       m_commands({.store = m_store,
                   .outputs = m_outputs,
-                  .mayReplaceDocument = [this] { return m_guard.mayReplaceDocument(); },
-                  .endTyping = endTyping}),
+                  .mayReplaceDocument = [this] { return m_guard.mayReplaceDocument(); }}),
       m_menus(m_store, m_commands, m_windows),
       m_operatorWindow(m_store, m_windows, m_guard, m_commands, m_menus, m_caches),
       m_settingsWindow(m_appearance, m_menus, &m_operatorWindow),

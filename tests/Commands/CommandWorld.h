@@ -4,8 +4,6 @@
 #include "OutputWindows.h"
 #include "TestSupport.h"
 
-#include <utility>
-
 namespace quenara::test {
 
 /// Output windows of which only is known whether they are open.
@@ -40,15 +38,10 @@ struct CommandWorld : World
     FakeOutputWindows outputs;
     bool mayReplaceDocument = true; ///< the operator's answer
     int consentCount = 0; ///< how often the operator was asked for it
-    QWidget *field = nullptr; ///< what is being typed into
-    CommandActions commands{{.store = store,
-                             .outputs = outputs,
-                             .mayReplaceDocument =
-                                 [this] {
-                                     ++consentCount;
-                                     return mayReplaceDocument;
-                                 },
-                             .endTyping = [this] { return std::exchange(field, nullptr); }}};
+    CommandActions commands{{.store = store, .outputs = outputs, .mayReplaceDocument = [this] {
+                                 ++consentCount;
+                                 return mayReplaceDocument;
+                             }}};
 };
 
 } // namespace quenara::test

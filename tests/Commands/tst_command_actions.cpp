@@ -243,14 +243,11 @@ private slots:
                  (Commands{Command::save, Command::undo, Command::redo}));
         CommandWorld world(showOf({2}));
         QWidget window;
+        window.setFocusPolicy(Qt::ClickFocus);
         auto *field = new QLineEdit(&window);
-        window.setFocusPolicy(Qt::StrongFocus);
-        window.show();
-        window.activateWindow();
-        QVERIFY(QTest::qWaitForWindowActive(&window));
+        showActive(window);
         for (const Command command : {Command::save, Command::nextLive}) {
-            window.setFocus();
-            world.field = field; // ended, and known by the commands
+            field->setFocus();
             world.commands.perform(command);
             QCOMPARE(field->hasFocus(), command == Command::save);
         }

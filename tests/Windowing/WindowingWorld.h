@@ -9,7 +9,6 @@
 #include "SlideCanvas.h"
 #include "SystemColorScheme.h"
 #include "TestSupport.h"
-#include "Typing.h"
 #include "WindowCoordinator.h"
 #include "ZelvoCommands.h"
 
@@ -44,10 +43,9 @@ struct WindowingWorld : World
     OutputWindowController outputs{store, windows, appearance};
     PreparedQuestions questions;
     DocumentGuard guard{store, windows, questions};
-    CommandActions commands{{.store = store,
-                             .outputs = outputs,
-                             .mayReplaceDocument = [this] { return guard.mayReplaceDocument(); },
-                             .endTyping = endTyping}};
+    CommandActions commands{{.store = store, .outputs = outputs, .mayReplaceDocument = [this] {
+                                 return guard.mayReplaceDocument();
+                             }}};
     ZelvoCommands menus{store, commands, windows};
 
     void openDisplay() { windows.openDisplayWindow(store, appearance.appearance()); }
