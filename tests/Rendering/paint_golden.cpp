@@ -60,7 +60,7 @@ bool rewrite(const QDir &folder)
 int main(int argc, char *argv[])
 {
     const QApplication application(argc, argv);
-    setUpInterface();
+    setUpApplication();
     const QStringList arguments = QApplication::arguments();
     if (arguments.size() < 2 || arguments.size() > 3) {
         std::fputs("usage: paint_golden SHEET [FOLDER]\n", stderr);

@@ -1,9 +1,8 @@
 #include "RundownList.h"
 
-#include "CommandActions.h"
-#include "CommandButton.h"
 #include "RundownModel.h"
 #include "RundownRowDelegate.h"
+#include "SlideMenu.h"
 #include "ThemeColors.h"
 #include "WorkspaceStore.h"
 
@@ -11,15 +10,8 @@
 #include <QMenu>
 #include <QPaintEvent>
 #include <QPainter>
-#include <QWheelEvent>
 
 namespace quenara {
-
-namespace {
-
-constexpr int buttonMargin = 8;
-
-} // namespace
 
 RundownList::RundownList(WorkspaceStore &store, const CommandActions &commands,
                          RenderCaches &caches, QWidget *parent)
@@ -68,7 +60,7 @@ void RundownList::followStore()
         m_followedRow = row.row();
         scrollTo(row);
     }
-    placeSectionButtons();
+    emit rowsPlaced();
 }
 
 /// A row keeps its height whatever it shows: a list view would ask all of them for theirs.
@@ -90,19 +82,8 @@ void RundownList::contextMenuEvent(QContextMenuEvent *event)
     const QModelIndex index = isByKeyboard ? affectedRow() : indexAt(event->pos());
     if (!m_model->slideAt(index))
         return;
-    const QString id = index.data(RundownModel::idRole).toString();
-    auto *menu = new QMenu(this);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    const auto add = [&](Command command, const auto &pick) {
-        QAction *action = m_commands.action(command);
-        menu->addAction(action->text(), action, [pick, action] {
-            pick();
-            action->trigger();
-        });
-    };
-    add(Command::goLive, [this, id] { m_store.queueSlide(id); });
-    add(Command::duplicateSlide, [this, id] { m_store.selectSlide(id, true); });
-    add(Command::deleteSlide, [this, id] { m_store.selectSlide(id, true); });
+    QMenu *menu =
+        makeSlideMenu(m_store, m_commands, index.data(RundownModel::idRole).toString(), this);
     menu->popup(isByKeyboard ? viewport()->mapToGlobal(visualRect(index).center())
                              : event->globalPos());
 }
@@ -127,23 +108,17 @@ void RundownList::paintEvent(QPaintEvent *event)
 
 void RundownList::scrollContentsBy(int dx, int dy)
 {
-    if (m_buttonsArea) {
-        // Pixels that stay in sight are moved, not painted again, where nothing lies over them.
-        constexpr QRect nowhere(-1, -1, 1, 1);
-        viewport()->update(m_buttonsArea->mask());
-        m_buttonsArea->setMask(nowhere);
-    }
+    emit aboutToScroll();
     QListView::scrollContentsBy(dx, dy);
-    placeSectionButtons();
+    emit rowsPlaced();
 }
 
 void RundownList::updateGeometries()
 {
     QListView::updateGeometries();
-    placeSectionButtons();
+    emit rowsPlaced();
 }
 
-/// From the top down, those that lie at least in part on an \a area of the viewport.
 QModelIndexList RundownList::rowsIn(const QRect &area) const
 {
     QModelIndexList rows;
@@ -153,79 +128,6 @@ QModelIndexList RundownList::rowsIn(const QRect &area) const
         rows.append(row);
     }
     return rows;
-}
-
-SymbolButton *RundownList::makeMoveButton(qsizetype position, Command command)
-{
-    QAction *move = m_commands.action(command);
-    auto *button = new SymbolButton(symbolOf(*move), move->iconText(), SymbolButton::Look::icon,
-                                    m_buttonsArea);
-    button->setIconSize({12, 12});
-    connect(button, &SymbolButton::clicked, this, [this, position, move] {
-        m_store.selectServiceItem(m_sectionButtons.at(position).itemID);
-        move->trigger();
-    });
-    return button;
-}
-
-RundownList::SectionButtons &RundownList::sectionButtons(qsizetype position)
-{
-    if (position == m_sectionButtons.size()) {
-        SymbolButton *up = makeMoveButton(position, Command::moveSectionUp);
-        SymbolButton *down = makeMoveButton(position, Command::moveSectionDown);
-        setTabOrder(
-            position == 0 ? static_cast<QWidget *>(this) : m_sectionButtons.constLast().down, up);
-        setTabOrder(up, down);
-        m_sectionButtons.append({up, down, {}});
-    }
-    return m_sectionButtons[position];
-}
-
-void RundownList::placeSectionButtons()
-{
-    if (!parentWidget())
-        return;
-    if (!m_buttonsArea) {
-        // Beside the list, not in it: what a list tells a screen reader of are its rows alone.
-        m_buttonsArea = new QWidget(parentWidget());
-        m_buttonsArea->installEventFilter(this);
-    }
-    qsizetype used = 0;
-    QRegion covered;
-    for (const QModelIndex &index : rowsIn(viewport()->rect())) {
-        if (!index.data(RundownModel::isServiceItemRole).toBool())
-            continue;
-        const QRect row = visualRect(index);
-        SectionButtons &buttons = sectionButtons(used++);
-        buttons.itemID = index.data(RundownModel::idRole).toString();
-        int right = row.right() + 1 - buttonMargin;
-        for (SymbolButton *button : {buttons.down, buttons.up}) {
-            const QSize size = button->sizeHint();
-            right -= size.width();
-            button->setGeometry({{right, row.center().y() - size.height() / 2 + 1}, size});
-            button->setAccessibleDescription(index.data(Qt::DisplayRole).toString());
-            button->show();
-            covered += button->geometry();
-        }
-    }
-    for (qsizetype i = used; i < m_sectionButtons.size(); ++i) {
-        m_sectionButtons.at(i).up->hide();
-        m_sectionButtons.at(i).down->hide();
-    }
-    m_buttonsArea->setGeometry(
-        {viewport()->mapTo(parentWidget(), QPoint(0, 0)), viewport()->size()});
-    m_buttonsArea->setMask(covered);
-    m_buttonsArea->setVisible(used > 0);
-    m_buttonsArea->raise();
-}
-
-bool RundownList::eventFilter(QObject *watched, QEvent *event)
-{
-    if (watched == m_buttonsArea && event->type() == QEvent::Wheel) {
-        wheelEvent(static_cast<QWheelEvent *>(event));
-        return true;
-    }
-    return QListView::eventFilter(watched, event);
 }
 
 } // namespace quenara

@@ -5,6 +5,7 @@
 #include "Panels.h"
 #include "RoleLabel.h"
 #include "RundownList.h"
+#include "SectionButtons.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>
@@ -64,8 +65,10 @@ RundownView::RundownView(WorkspaceStore &store, const CommandActions &commands,
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(makeHeader(commands));
-    layout->addWidget(new RundownList(store, commands, caches), 1);
+    auto *list = new RundownList(store, commands, caches);
+    layout->addWidget(list, 1);
     layout->addWidget(makeFooter(commands));
+    new SectionButtons(store, commands, *list, this);
 }
 
 } // namespace quenara

@@ -1,0 +1,100 @@
+#include "SectionButtons.h"
+
+#include "CommandActions.h"
+#include "CommandButton.h"
+#include "RundownList.h"
+#include "RundownModel.h"
+#include "WorkspaceStore.h"
+
+#include <QApplication>
+#include <QWheelEvent>
+
+namespace quenara {
+
+namespace {
+
+constexpr int margin = 8; // points
+constexpr QSize iconSize{12, 12};
+
+} // namespace
+
+SectionButtons::SectionButtons(WorkspaceStore &store, const CommandActions &commands,
+                               RundownList &list, QWidget *parent)
+    : QWidget(parent), m_store(store), m_commands(commands), m_list(list)
+{
+    connect(&list, &RundownList::aboutToScroll, this, &SectionButtons::uncover);
+    connect(&list, &RundownList::rowsPlaced, this, &SectionButtons::place);
+    place();
+}
+
+SymbolButton *SectionButtons::makeButton(qsizetype position, Command command)
+{
+    QAction *move = m_commands.action(command);
+    auto *button =
+        new SymbolButton(symbolOf(*move), move->iconText(), SymbolButton::Look::icon, this);
+    button->setIconSize(iconSize);
+    connect(button, &SymbolButton::clicked, this, [this, position, move] {
+        m_store.selectServiceItem(m_pairs.at(position).itemID);
+        move->trigger();
+    });
+    return button;
+}
+
+SectionButtons::Pair &SectionButtons::pairAt(qsizetype position)
+{
+    if (position == m_pairs.size()) {
+        SymbolButton *up = makeButton(position, Command::moveSectionUp);
+        SymbolButton *down = makeButton(position, Command::moveSectionDown);
+        setTabOrder(position == 0 ? static_cast<QWidget *>(&m_list) : m_pairs.constLast().down, up);
+        setTabOrder(up, down);
+        m_pairs.append({up, down, {}});
+    }
+    return m_pairs[position];
+}
+
+/// Pixels that stay in sight are moved when the list scrolls, not painted again, unless something
+/// lies over them.
+void SectionButtons::uncover()
+{
+    constexpr QRect nowhere(-1, -1, 1, 1);
+    m_list.viewport()->update(mask());
+    setMask(nowhere);
+}
+
+void SectionButtons::place()
+{
+    const QWidget &viewport = *m_list.viewport();
+    qsizetype used = 0;
+    QRegion covered;
+    for (const QModelIndex &index : m_list.rowsIn(viewport.rect())) {
+        if (!index.data(RundownModel::isServiceItemRole).toBool())
+            continue;
+        const QRect row = m_list.visualRect(index);
+        Pair &pair = pairAt(used++);
+        pair.itemID = index.data(RundownModel::idRole).toString();
+        int right = row.right() + 1 - margin;
+        for (SymbolButton *button : {pair.down, pair.up}) {
+            const QSize size = button->sizeHint();
+            right -= size.width();
+            button->setGeometry({{right, row.center().y() - size.height() / 2 + 1}, size});
+            button->setAccessibleDescription(index.data(Qt::DisplayRole).toString());
+            button->show();
+            covered += button->geometry();
+        }
+    }
+    for (qsizetype i = used; i < m_pairs.size(); ++i) {
+        m_pairs.at(i).up->hide();
+        m_pairs.at(i).down->hide();
+    }
+    setGeometry({viewport.mapTo(parentWidget(), QPoint(0, 0)), viewport.size()});
+    setMask(covered);
+    setVisible(used > 0);
+    raise();
+}
+
+void SectionButtons::wheelEvent(QWheelEvent *event)
+{
+    QApplication::sendEvent(m_list.viewport(), event);
+}
+
+} // namespace quenara

@@ -1,0 +1,30 @@
+#include "SlideMenu.h"
+
+#include "CommandActions.h"
+#include "WorkspaceStore.h"
+
+#include <QMenu>
+
+namespace quenara {
+
+QMenu *makeSlideMenu(WorkspaceStore &store, const CommandActions &commands, const QString &slideID,
+                     QWidget *parent)
+{
+    auto *menu = new QMenu(parent);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const auto add = [&](Command command, const auto &pickSlide) {
+        QAction *action = commands.action(command);
+        menu->addAction(action->text(), action, [pickSlide, action] {
+            pickSlide();
+            action->trigger();
+        });
+    };
+    const auto queue = [&store, slideID] { store.queueSlide(slideID); };
+    const auto select = [&store, slideID] { store.selectSlide(slideID, true); };
+    add(Command::goLive, queue);
+    add(Command::duplicateSlide, select);
+    add(Command::deleteSlide, select);
+    return menu;
+}
+
+} // namespace quenara
