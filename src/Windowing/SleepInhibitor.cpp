@@ -1,5 +1,7 @@
 #include "SleepInhibitor.h"
 
+#include <QDBusPendingCallWatcher>
+
 #include <utility>
 
 namespace quenara {
@@ -7,7 +9,8 @@ namespace quenara {
 InhibitLock::InhibitLock(const QDBusConnection &bus, Service service, QObject *parent)
     : QObject(parent), m_bus(bus), m_service(std::move(service)), m_watcher(m_service.name, m_bus)
 {
-    connect(&m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this, &InhibitLock::meetService);
+    connect(&m_watcher, &QDBusServiceWatcher::serviceOwnerChanged, this,
+            &InhibitLock::followService);
 }
 
 InhibitLock::~InhibitLock()
@@ -18,18 +21,22 @@ InhibitLock::~InhibitLock()
 void InhibitLock::setHeld(bool held)
 {
     m_isWanted = held;
-    settle();
+    update();
 }
 
-void InhibitLock::settle()
+void InhibitLock::update()
 {
     if (!m_bus.isConnected() || m_isAsking)
         return;
     if (m_isWanted && !m_cookie) {
         QDBusMessage request = call(QStringLiteral("Inhibit"));
         request << QStringLiteral("Quenara") << QStringLiteral("The audience display is open");
-        m_isAsking =
-            m_bus.callWithCallback(request, this, SLOT(takeCookie(QDBusMessage)), SLOT(giveUp()));
+        m_isAsking = true;
+        auto *watcher = new QDBusPendingCallWatcher(m_bus.asyncCall(request), this);
+        connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
+            watcher->deleteLater();
+            takeAnswer(*watcher);
+        });
     } else if (!m_isWanted && m_cookie) {
         QDBusMessage request = call(QStringLiteral("UnInhibit"));
         request << *std::exchange(m_cookie, std::nullopt);
@@ -37,27 +44,21 @@ void InhibitLock::settle()
     }
 }
 
-void InhibitLock::takeCookie(const QDBusMessage &answer)
+void InhibitLock::takeAnswer(const QDBusPendingReply<unsigned> &answer)
 {
     m_isAsking = false;
-    if (!answer.arguments().isEmpty())
-        m_cookie = answer.arguments().constFirst().toUInt();
-    if (m_cookie)
-        settle();
+    if (answer.isError())
+        return; // followService() asks again once there is such a service
+    m_cookie = answer.value();
+    update(); // the inhibition may not be wanted any more
 }
 
-/// Until the service comes up.
-void InhibitLock::giveUp()
+void InhibitLock::followService(const QString & /*service*/, const QString & /*oldOwner*/,
+                                const QString &newOwner)
 {
-    m_isAsking = false;
-}
-
-void InhibitLock::meetService(const QString & /*service*/, const QString & /*oldOwner*/,
-                              const QString &newOwner)
-{
-    m_cookie.reset(); // the one that gave it is gone
+    m_cookie.reset(); // the service that gave it is gone
     if (!newOwner.isEmpty())
-        settle();
+        update();
 }
 
 QDBusMessage InhibitLock::call(const QString &method) const

@@ -2,6 +2,7 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QDBusPendingReply>
 #include <QDBusServiceWatcher>
 #include <QObject>
 #include <QString>
@@ -10,8 +11,8 @@
 
 namespace quenara {
 
-/// Asks one of the desktop's services not to let the screens go dark; one that comes up later or
-/// again is asked then.
+/// Asks one of the desktop's services not to let the screens go dark. A service that comes up later
+/// or restarts is asked then.
 class InhibitLock : public QObject
 {
     Q_OBJECT
@@ -26,18 +27,15 @@ public:
     };
 
     InhibitLock(const QDBusConnection &bus, Service service, QObject *parent = nullptr);
-    /// Gives up what it holds. What is not answered yet goes with the bus.
+    /// Releases the inhibition. A request without an answer yet ends with the bus connection.
     ~InhibitLock() override;
 
     void setHeld(bool held);
 
-private slots:
-    void takeCookie(const QDBusMessage &answer);
-    void giveUp();
-    void meetService(const QString &service, const QString &oldOwner, const QString &newOwner);
-
 private:
-    void settle();
+    void update();
+    void takeAnswer(const QDBusPendingReply<unsigned> &answer);
+    void followService(const QString &service, const QString &oldOwner, const QString &newOwner);
     QDBusMessage call(const QString &method) const;
 
     QDBusConnection m_bus;
@@ -45,7 +43,7 @@ private:
     QDBusServiceWatcher m_watcher;
     bool m_isWanted = false;
     bool m_isAsking = false;
-    std::optional<unsigned> m_cookie;
+    std::optional<unsigned> m_cookie; ///< names the inhibition that the service holds for us
 };
 
 /// Keeps the screens from going dark while the audience watches one, through the desktop's screen

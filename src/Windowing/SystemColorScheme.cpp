@@ -1,15 +1,13 @@
 #include "SystemColorScheme.h"
 
+#include <QDBusPendingCallWatcher>
 #include <QPalette>
 
 namespace quenara {
 
 namespace {
 
-// The settings interface of the freedesktop desktop portal.
-const auto portalService = QStringLiteral("org.freedesktop.portal.Desktop");
-const auto portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
-const auto settingsInterface = QStringLiteral("org.freedesktop.portal.Settings");
+// The setting of the freedesktop desktop portal, and its values.
 const auto settingGroup = QStringLiteral("org.freedesktop.appearance");
 const auto settingKey = QStringLiteral("color-scheme");
 constexpr unsigned prefersDark = 1;
@@ -26,30 +24,41 @@ QVariant unwrapped(QVariant value)
 
 } // namespace
 
-SystemColorScheme::SystemColorScheme(QDBusConnection bus, const QPalette &platformPalette,
+SettingsPortal::SettingsPortal(const QDBusConnection &bus)
+    : QDBusAbstractInterface(QStringLiteral("org.freedesktop.portal.Desktop"),
+                             QStringLiteral("/org/freedesktop/portal/desktop"),
+                             "org.freedesktop.portal.Settings", bus, nullptr)
+{}
+
+SystemColorScheme::SystemColorScheme(const QDBusConnection &bus, const QPalette &platformPalette,
                                      QObject *parent)
-    : QObject(parent), m_paletteScheme(colorSchemeOf(platformPalette))
+    : QObject(parent), m_portal(bus), m_paletteScheme(colorSchemeOf(platformPalette))
 {
     if (!bus.isConnected())
         return;
-    bus.connect(portalService, portalPath, settingsInterface, QStringLiteral("SettingChanged"),
-                this, SLOT(takeSetting(QString, QString, QDBusVariant)));
-    readSetting(bus);
+    connect(&m_portal, &SettingsPortal::SettingChanged, this, &SystemColorScheme::takeSetting);
+    readSetting();
 }
 
-void SystemColorScheme::readSetting(const QDBusConnection &bus)
+void SystemColorScheme::readSetting()
 {
-    QDBusMessage request = QDBusMessage::createMethodCall(
-        portalService, portalPath, settingsInterface, QStringLiteral("Read"));
-    request << settingGroup << settingKey;
+    const auto method = QStringLiteral("Read");
     // Answered before the first window shows, so that none is drawn in the other scheme first.
-    const QDBusMessage answer = bus.call(request, QDBus::Block, answerMilliseconds);
+    m_portal.setTimeout(answerMilliseconds);
+    const QDBusMessage answer = m_portal.call(method, settingGroup, settingKey);
+    m_portal.setTimeout(-1);
     if (answer.type() == QDBusMessage::ReplyMessage) {
         takeAnswer(answer);
-    } else {
-        // A portal that is only starting answers later.
-        bus.callWithCallback(request, this, SLOT(takeAnswer(QDBusMessage)));
+        return;
     }
+    // A portal that is only starting answers later.
+    auto *watcher =
+        new QDBusPendingCallWatcher(m_portal.asyncCall(method, settingGroup, settingKey), this);
+    connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
+        watcher->deleteLater();
+        if (!watcher->isError())
+            takeAnswer(watcher->reply());
+    });
 }
 
 void SystemColorScheme::takeAnswer(const QDBusMessage &answer)

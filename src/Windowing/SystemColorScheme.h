@@ -2,6 +2,7 @@
 
 #include "ZelvoTheme.h"
 
+#include <QDBusAbstractInterface>
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusVariant>
@@ -11,6 +12,19 @@
 
 namespace quenara {
 
+/// The settings of the freedesktop desktop portal.
+class SettingsPortal : public QDBusAbstractInterface
+{
+    Q_OBJECT
+
+public:
+    explicit SettingsPortal(const QDBusConnection &bus);
+
+signals:
+    // NOLINTNEXTLINE(readability-identifier-naming): a signal of D-Bus is found by its name there
+    void SettingChanged(const QString &group, const QString &key, const QDBusVariant &value);
+};
+
 /// The colour scheme of the desktop, followed live: what the desktop portal's settings say, else
 /// the lightness of the platform's own palette.
 class SystemColorScheme : public QObject
@@ -19,7 +33,7 @@ class SystemColorScheme : public QObject
 
 public:
     /// Without a portal on \a bus, \a platformPalette decides.
-    SystemColorScheme(QDBusConnection bus, const QPalette &platformPalette,
+    SystemColorScheme(const QDBusConnection &bus, const QPalette &platformPalette,
                       QObject *parent = nullptr);
 
     ColorScheme scheme() const { return m_portalScheme.value_or(m_paletteScheme); }
@@ -27,13 +41,12 @@ public:
 signals:
     void schemeChanged(quenara::ColorScheme scheme);
 
-private slots:
+private:
+    void readSetting();
     void takeAnswer(const QDBusMessage &answer);
     void takeSetting(const QString &group, const QString &key, const QDBusVariant &value);
 
-private:
-    void readSetting(const QDBusConnection &bus);
-
+    SettingsPortal m_portal;
     ColorScheme m_paletteScheme;
     std::optional<ColorScheme> m_portalScheme; ///< absent while the portal states no preference
 };

@@ -2,6 +2,8 @@
 
 #include "SessionBus.h"
 
+#include <QAbstractEventDispatcher>
+#include <QDBusMessage>
 #include <QMutex>
 #include <QMutexLocker>
 #include <QObject>
@@ -88,6 +90,19 @@ inline const auto screenSaverService = QStringLiteral("org.freedesktop.ScreenSav
 inline void offer(SessionBus &bus, ScreenSaver &service)
 {
     bus.offer(screenSaverService, QStringLiteral("/org/freedesktop/ScreenSaver"), service);
+}
+
+/// Returns when the screen saver has answered all that was asked over \a program before, and the
+/// program has taken its answers.
+inline void takeAnswers(const QDBusConnection &program)
+{
+    // Both the service and the bus keep the order.
+    QDBusMessage last = QDBusMessage::createMethodCall(
+        screenSaverService, QStringLiteral("/org/freedesktop/ScreenSaver"), screenSaverService,
+        QStringLiteral("UnInhibit"));
+    program.call(last << 0U);
+    // One call leaves what has a lower priority than the events of windows.
+    while (QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents)) {}
 }
 
 } // namespace quenara::test

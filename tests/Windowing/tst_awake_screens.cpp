@@ -3,7 +3,6 @@
 #include "QuenaraApp.h"
 
 #include <QAction>
-#include <QDBusConnectionInterface>
 
 #include <memory>
 
@@ -30,8 +29,7 @@ private slots:
         QTRY_COMPARE(screenSaver.held(), 0);
         toggleDisplay();
         QTRY_COMPARE(screenSaver.held(), 1);
-        QDBusConnection::sessionBus().interface()->isServiceRegistered(screenSaverService);
-        QCoreApplication::processEvents();
+        takeAnswers(QDBusConnection::sessionBus());
         app.reset();
         QTRY_COMPARE(screenSaver.held(), 0);
     }
