@@ -1,7 +1,8 @@
 #pragma once
 
+#include "ApplicationAppearance.h"
+#include "DisplayPlacement.h"
 #include "OutputWindow.h"
-#include "ScreenWatch.h"
 #include "WindowCloseObserver.h"
 
 #include <QObject>
@@ -36,8 +37,8 @@ public:
                       QObject *parent = nullptr);
     ~WindowCoordinator() override;
 
-    /// The display never goes to the screen with \a window by itself.
-    void keepOff(const QWidget &window) { m_operatorWindow = &window; }
+    /// The display never goes to the screen with \a operatorWindow by itself.
+    void keepOff(const QWidget &operatorWindow) { m_placement.keepOff(operatorWindow); }
 
     /// Covers the second screen, else the main one. An open window is only raised.
     void openDisplayWindow(const WorkspaceStore &store, AppAppearance appearance);
@@ -70,37 +71,29 @@ private:
     /// An output window with what belongs to it; the three change together.
     struct Output
     {
-        std::unique_ptr<OutputWindow, DeleteLater> window;
-        std::unique_ptr<WindowCloseObserver, DeleteLater> closeObserver;
+        void (WindowCoordinator::*openChanged)();
+        std::unique_ptr<OutputWindow, DeleteLater> window = nullptr;
+        std::unique_ptr<WindowCloseObserver, DeleteLater> closeObserver = nullptr;
         bool isOpen = false;
     };
 
-    using Signal = void (WindowCoordinator::*)();
-
     void openDisplay(const WorkspaceStore &store, AppAppearance appearance,
                      const PlacedScreen &screen);
-    void adopt(Output &output, OutputWindow *window, Signal changed);
-    void release(Output &output, Signal changed);
-    PlacedScreen displayScreen() const;
-    bool goesUnmanaged(const QRect &frame) const;
-    void cover(QWidget &window, const PlacedScreen &target) const;
-    void moveDisplay(const PlacedScreen &target);
+    void adopt(Output &output, OutputWindow *window);
+    void release(Output &output);
+    void close(Output &output);
     void followScreens();
-    void comeBack();
-    QRect operatorScreen(const QList<QRect> &screens) const;
-    void applyScheme();
+    void reopenDisplay();
 
-    const SystemColorScheme &m_systemScheme;
     RenderCaches &m_caches;
-    ScreenWatch m_screens;
-    AppAppearance m_appearance = AppAppearance::system;
-    QPointer<const QWidget> m_operatorWindow;
-    Output m_display;
+    ApplicationAppearance m_appearance;
+    DisplayPlacement m_placement;
+    Output m_display{.openChanged = &WindowCoordinator::isDisplayWindowOpenChanged};
+    Output m_stage{.openChanged = &WindowCoordinator::isStageWindowOpenChanged};
     QPointer<QScreen> m_displayScreen; ///< the one the display covers; null without screens
     QPointer<const WorkspaceStore> m_displayStore; ///< what it shows or last showed
     bool m_isDisplayWaiting = false;
     QTimer m_screensSettled;
-    Output m_stage;
 };
 
 } // namespace quenara

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "ScreenWatch.h"
+
+#include <QPointer>
+#include <QWidget>
+
+#include <optional>
+
+namespace quenara {
+
+/// Decides which screen the audience display covers, and has a window cover it. Which screens there
+/// are comes from the desktop, what follows from that is decided by the functions of ScreenLayout.
+class DisplayPlacement : public QObject
+{
+    Q_OBJECT
+
+public:
+    explicit DisplayPlacement(QObject *parent = nullptr);
+
+    /// The display never goes to the screen with \a operatorWindow by itself.
+    void keepOff(const QWidget &operatorWindow) { m_operatorWindow = &operatorWindow; }
+
+    bool hasScreens() const { return !m_screens.screens().isEmpty(); }
+
+    /// The screen that a display opened by command covers. Its `screen` is null without screens.
+    PlacedScreen screenByCommand() const;
+    /// The screen for the display that covers \a current, after the screens changed; none if it has
+    /// to close.
+    std::optional<PlacedScreen> screenToFollow(const QScreen *current) const;
+    /// A screen that the display can open on by itself, if there is one.
+    std::optional<PlacedScreen> freeScreen() const;
+
+    /// Shows a new \a window without a frame over the whole of \a target.
+    void cover(QWidget &window, const PlacedScreen &target) const;
+    /// Has an open \a window cover \a target. False if only a new window can.
+    bool move(QWidget &window, const PlacedScreen &target) const;
+
+signals:
+    void screensChanged();
+
+private:
+    QRect operatorScreen(const QList<QRect> &screens) const;
+    bool goesUnmanaged(const QRect &frame) const;
+
+    ScreenWatch m_screens;
+    QPointer<const QWidget> m_operatorWindow;
+};
+
+} // namespace quenara
