@@ -74,7 +74,7 @@ struct CommandDescription
 };
 
 /// Every command once, at the place that its enumerator has.
-std::span<const CommandDescription> commandDescriptions();
-const CommandDescription &descriptionOf(Command command);
+[[nodiscard]] std::span<const CommandDescription> commandDescriptions();
+[[nodiscard]] const CommandDescription &descriptionOf(Command command);
 
 } // namespace quenara

@@ -34,7 +34,7 @@ public:
     /// Shows a new \a window without a frame over the whole of \a target.
     void cover(QWidget &window, const PlacedScreen &target) const;
     /// Has an open \a window cover \a target. False if only a new window can.
-    bool move(QWidget &window, const PlacedScreen &target) const;
+    [[nodiscard]] bool move(QWidget &window, const PlacedScreen &target) const;
 
 signals:
     void screensChanged();

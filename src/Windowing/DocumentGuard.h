@@ -13,7 +13,7 @@ class WorkspaceStore;
 struct LeaveQuestion
 {
     QString text;
-    QString detail; ///< what happens otherwise; may have several lines
+    QString detail; ///< what happens if the operator goes on; may have several lines
     bool offersSave = false;
     QString proceedTitle; ///< of the button that goes on all the same
 
@@ -41,8 +41,8 @@ public:
     DocumentGuard(WorkspaceStore &store, const WindowCoordinator &windows,
                   LeaveQuestionRunner &questions);
 
-    bool mayReplaceDocument();
-    bool mayQuit();
+    [[nodiscard]] bool mayReplaceDocument();
+    [[nodiscard]] bool mayQuit();
 
 private:
     bool mayLeave(bool endsShow);

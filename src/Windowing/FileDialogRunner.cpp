@@ -31,13 +31,13 @@ QStringList nameFilters(const FilePanel &panel)
     return filters;
 }
 
-/// The field of the toolkit's own dialog; null in a platform's.
+/// The field for the name in Qt's own dialog; null in a platform's dialog.
 QLineEdit *nameField(const QFileDialog &dialog)
 {
     return dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
 }
 
-/// The name that is read in the dialog. The toolkit's own one would rather give a file that became
+/// The file that the dialog's field names. Qt's own dialog would rather give a file that became
 /// selected when the folder had been read, and takes quotes for those of a list of names.
 QString chosenFile(const QFileDialog &dialog)
 {
@@ -49,7 +49,7 @@ QString chosenFile(const QFileDialog &dialog)
                                                  : dialog.directory().filePath(name);
 }
 
-/// The home folder where there is none of that kind.
+/// The user's folder for files of that \a kind, or the home folder if there is none.
 QDir userFolder(QStandardPaths::StandardLocation kind)
 {
     const QDir folder(QStandardPaths::writableLocation(kind));
@@ -96,7 +96,7 @@ std::optional<QString> FileDialogRunner::chosenPath(const FilePanel &panel)
     const bool saves = panel.kind == FilePanel::Kind::save;
     QFileDialog dialog(m_parent(), panel.title, folderOf(panel).path());
     dialog.resize(dialogSize);
-    // The toolkit's own dialog has one, and leaves the places hardly any room in it.
+    // Qt's own dialog has one, and leaves the list of places hardly any room in it.
     if (auto *splitter = dialog.findChild<QSplitter *>())
         splitter->setSizes({placesWidth, dialogSize.width() - placesWidth});
     dialog.setWindowModality(Qt::WindowModal); // the audience window keeps its keys

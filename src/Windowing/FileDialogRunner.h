@@ -37,9 +37,9 @@ private:
 
 /// \a name, which has a suffix, as the name of a file that is not hidden in a folder: without
 /// separators, quotes and control characters, and no longer than file systems take.
-QString fileNameFrom(const QString &name);
+[[nodiscard]] QString fileNameFrom(const QString &name);
 
 /// \a path as \a panel saves it: with the panel's suffix unless it ends so already.
-QString savedPath(const FilePanel &panel, const QString &path);
+[[nodiscard]] QString savedPath(const FilePanel &panel, const QString &path);
 
 } // namespace quenara

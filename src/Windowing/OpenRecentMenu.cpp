@@ -19,7 +19,7 @@ OpenRecentMenu::OpenRecentMenu(WorkspaceStore &store, CommandActions &commands, 
     : QMenu(QStringLiteral("Open Recent"), parent), m_store(store), m_commands(commands)
 {
     setToolTipsVisible(true);
-    // Later, as the menu may be in the middle of the choice that changed the list.
+    // Queued, because the menu may still be handling the choice that has changed the list.
     connect(&store, &WorkspaceStore::recentProjectsChanged, this, &OpenRecentMenu::showProjects,
             Qt::QueuedConnection);
     showProjects();
@@ -34,7 +34,7 @@ void OpenRecentMenu::showProjects()
             QStringLiteral("%1 \u2014 %2")
                 .arg(elidedText(project.name, metrics, Qt::ElideRight, widestName),
                      elidedText(shownPath(project.path), metrics, Qt::ElideMiddle, widestPath));
-        // An ampersand alone would mark the next letter as the item's key.
+        // A single ampersand would mark the next letter as the item's key.
         QAction *action = addAction(text.replace(QLatin1Char('&'), QStringLiteral("&&")));
         action->setToolTip(plainToolTip(project.path));
         connect(action, &QAction::triggered, this,

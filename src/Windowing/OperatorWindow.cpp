@@ -30,7 +30,8 @@ void dismiss(QDialog *sheet)
         sheet->close();
 }
 
-/// Where the top left of \a frame comes to lie amid \a window, within the \a room of a screen.
+/// The top left of \a frame when it is centred over \a window and kept within the \a room of a
+/// screen.
 QPoint centered(QRect frame, const QRect &window, const QRect &room)
 {
     frame.moveCenter(window.center());
@@ -41,7 +42,8 @@ QPoint centered(QRect frame, const QRect &window, const QRect &room)
     return frame.topLeft();
 }
 
-/// Opens what \a sheet points to from then on. However it goes, \a dismissed is called.
+/// Opens a sheet, to which \a sheet points until it is closed. Then \a dismissed is called, however
+/// the sheet was closed.
 template<class Sheet>
 void openSheet(QPointer<Sheet> &sheet, Sheet *opened, const std::function<void()> &dismissed)
 {
@@ -84,7 +86,7 @@ OperatorWindow::OperatorWindow(WorkspaceStore &store, WindowCoordinator &windows
 
 OperatorWindow::~OperatorWindow()
 {
-    // A field that is being typed into ends that now, while there is a window to show it.
+    // A field that is being typed into writes what was typed now, while the window still exists.
     hide();
 }
 
@@ -111,8 +113,8 @@ void OperatorWindow::resizeEvent(QResizeEvent *event)
     placeSheets();
 }
 
-/// In the middle of the window, which a window manager places only when they are open at the start,
-/// and on its screen, since nothing goes on before they are answered.
+/// Puts the open sheets in the middle of the window, where window managers put only those that are
+/// open at the start, and wholly on its screen, since nothing goes on before they are answered.
 void OperatorWindow::placeSheets() const
 {
     const QRect window = frameGeometry();
@@ -127,7 +129,7 @@ void OperatorWindow::placeSheets() const
 
 void OperatorWindow::showTitle()
 {
-    // Alone, this mark would stand for whether the window is modified.
+    // QWidget replaces the mark, unless it is doubled, by a sign that the window is modified.
     const QString mark = QStringLiteral("[*]");
     QString name = m_store.project().name.simplified();
     setWindowTitle(QStringLiteral("%1 \u2014 Quenara").arg(name.replace(mark, mark + mark)));

@@ -27,7 +27,7 @@ void OutputWindow::setAppearance(AppAppearance appearance)
     applyPalette();
 }
 
-/// Without a window manager, nobody else gives it the keyboard.
+/// Takes the keyboard: nobody else gives it to a window without a window manager.
 void OutputWindow::mousePressEvent(QMouseEvent * /*event*/)
 {
     activateWindow();

@@ -18,10 +18,10 @@ public:
     /// Takes \a content over and fills itself with it.
     OutputWindow(QWidget *content, Qt::WindowFlags flags);
 
-    /// What shows before and around the content, whatever the appearance; the theme's unless set.
+    /// The colour before and around the content, whatever the appearance. The theme's unless set.
     void setBackground(const QColor &color);
 
-    /// Light and dark are kept whatever the application has; system inherits it.
+    /// Light and dark hold whatever the application's appearance is; system follows it.
     void setAppearance(AppAppearance appearance);
     AppAppearance appearance() const { return m_appearance; }
 

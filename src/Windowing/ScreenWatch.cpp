@@ -17,12 +17,12 @@ namespace quenara {
 
 namespace {
 
-/// Frames in the server's pixels by the names that the toolkit knows the screens by.
+/// The screens' frames in the server's pixels, by the names that Qt gives the screens.
 using Monitors = QHash<QString, QRect>;
 
 #if QT_CONFIG(xcb)
 
-/// Answers of the server are freed as C allocated them.
+/// The answers of the server are allocated by C.
 struct Free
 {
     void operator()(void *answer) const { std::free(answer); }
@@ -45,7 +45,7 @@ QString nameOf(xcb_connection_t *server, xcb_atom_t atom)
                   : QString();
 }
 
-/// Nothing without a server, or from one that is too old to tell.
+/// Empty without a server and for one too old to answer.
 Monitors monitorsOf(xcb_connection_t *server)
 {
     Monitors monitors;
@@ -140,7 +140,7 @@ void ScreenWatch::follow(const QScreen *screen) const
     connect(screen, &QScreen::geometryChanged, this, &ScreenWatch::changed);
 }
 
-/// Once for a burst of events, and after the toolkit has had them.
+/// Emits changed() once for a burst of events, after Qt has handled them.
 void ScreenWatch::tellSoon()
 {
     if (std::exchange(m_isTelling, true))

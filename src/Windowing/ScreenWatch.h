@@ -17,8 +17,8 @@ struct PlacedScreen
     QRect frame;
 };
 
-/// Where the screens are, and when that changes. An X server is asked itself: the toolkit misses
-/// changes of resolution there, and screens that begin or cease to mirror another.
+/// Where the screens are, and when that changes. An X server is asked directly: Qt misses changes
+/// of resolution there, and screens that begin or cease to mirror another.
 class ScreenWatch : public QObject, private QAbstractNativeEventFilter
 {
     Q_OBJECT
@@ -27,15 +27,14 @@ public:
     explicit ScreenWatch(QObject *parent = nullptr);
 
     /// In the platform's order, the primary one first. A screen that is gone is not in it, even if
-    /// the toolkit has not heard of that yet.
+    /// Qt has not heard of that yet.
     QList<PlacedScreen> screens() const;
 
     /// Whether windows can do without a window manager.
     bool isX11() const { return m_server; }
 
 signals:
-    /// A screen came, went or changed. Of one that goes it is told before the toolkit moves its
-    /// windows.
+    /// A screen came, went or changed. When one goes, this is emitted before Qt moves its windows.
     void changed();
 
 private:

@@ -20,7 +20,7 @@ SettingsWindow::SettingsWindow(AppearancePreference &appearance, const ZelvoComm
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSizeConstraint(QLayout::SetFixedSize);
     layout->addWidget(content);
-    content->setFocus(); // on no choice, as the keys are the show's
+    content->setFocus(); // rather than a choice, as the keys are the show's
     menus.addTo(*this);
 
     content->setAppAppearance(appearance.rawValue());

@@ -30,7 +30,7 @@ RundownList::RundownList(WorkspaceStore &store, const CommandActions &commands,
     setVerticalScrollMode(ScrollPerPixel);
     connect(this, &QListView::clicked, this, &RundownList::choose);
     connect(&store, &WorkspaceStore::changed, this, &RundownList::followStore);
-    viewport()->setAttribute(Qt::WA_OpaquePaintEvent); // else it would be painted whole to scroll
+    viewport()->setAttribute(Qt::WA_OpaquePaintEvent); // so that scrolling moves what is painted
     followStore();
 }
 
@@ -50,8 +50,8 @@ QModelIndex RundownList::affectedRow() const
     return slide.isValid() ? slide : m_model->indexOfServiceItem(m_store.selectedServiceItemID());
 }
 
-/// Brings into sight what an operation has selected or moved, and leaves the list where it was
-/// scrolled to by whatever does neither.
+/// Brings into sight the row that an operation has selected or moved. Any other change leaves the
+/// list where it was scrolled to.
 void RundownList::followStore()
 {
     const QModelIndex row = affectedRow();
@@ -63,7 +63,8 @@ void RundownList::followStore()
     emit rowsPlaced();
 }
 
-/// A row keeps its height whatever it shows: a list view would ask all of them for theirs.
+/// Leaves the layout alone, since no change of a row changes its height: QListView would ask all
+/// rows for theirs.
 void RundownList::dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
                               const QList<int> &roles)
 {
@@ -88,7 +89,7 @@ void RundownList::contextMenuEvent(QContextMenuEvent *event)
                              : event->globalPos());
 }
 
-/// Row by row: a list view would paint all that lie between two that changed.
+/// Paints row by row: QListView would paint all rows that lie between two that changed.
 void RundownList::paintEvent(QPaintEvent *event)
 {
     m_thumbnails.startMaking();

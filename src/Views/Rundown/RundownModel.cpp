@@ -11,18 +11,24 @@ namespace quenara {
 
 namespace {
 
-constexpr auto symbols = std::to_array<const char *>({
-    "hand.wave",
-    "music.note",
-    "text.book.closed",
-    "mic",
-    "megaphone",
-    "figure.walk.departure",
-    "square.stack.3d.up",
-});
-static_assert(symbols.size() == rawCases<ServiceItemType>.size());
+struct TypeSymbol
+{
+    ServiceItemType type;
+    const char *name;
+};
 
-/// False for lists that are one, without looking at what they hold.
+constexpr auto symbols = std::to_array<TypeSymbol>({
+    {ServiceItemType::welcome, "hand.wave"},
+    {ServiceItemType::song, "music.note"},
+    {ServiceItemType::scripture, "text.book.closed"},
+    {ServiceItemType::message, "mic"},
+    {ServiceItemType::announcement, "megaphone"},
+    {ServiceItemType::closing, "figure.walk.departure"},
+    {ServiceItemType::custom, "square.stack.3d.up"},
+});
+static_assert(entriesStandAtTheirCases(symbols, &TypeSymbol::type));
+
+/// False for lists that share their storage. What the lists hold is not compared.
 bool mayDiffer(const QList<Slide> &a, const QList<Slide> &b)
 {
     return a.constData() != b.constData() || a.size() != b.size();
@@ -67,7 +73,7 @@ const Slide &RundownModel::slideOf(const Row &row) const
     return itemOf(row).slides.at(row.slide);
 }
 
-/// Makes room for the hashes of rows that have come.
+/// Inserts the hashes of \a count rows that have come at \a first.
 void RundownModel::hashIDs(int first, int count)
 {
     m_idHashes.insert(first, count, 0);
@@ -75,7 +81,7 @@ void RundownModel::hashIDs(int first, int count)
         m_idHashes[row] = qHash(idOf(m_project, m_rows.at(row)));
 }
 
-/// What both projects begin and end with stays; what lies between goes and comes.
+/// Keeps the rows that both projects begin and end with, removes and inserts those between.
 void RundownModel::showProject()
 {
     const ZelvoProject before = m_project;
@@ -188,7 +194,7 @@ QVariant RundownModel::itemData(const ServiceItem &item, int role) const
     case isSelectedRole:
         return item.id == m_marks.serviceItem;
     case symbolRole:
-        return QLatin1String(symbols.at(std::size_t(item.type)));
+        return QLatin1String(symbols.at(std::size_t(item.type)).name);
     default:
         return {};
     }
@@ -240,7 +246,7 @@ const Slide *RundownModel::slideAt(const QModelIndex &index) const
     return &slideOf(m_rows.at(index.row()));
 }
 
-/// The first at or after \a from, -1 if there is none.
+/// The first such row at or after \a from; -1 if there is none.
 int RundownModel::rowWith(const QString &id, bool isServiceItem, qsizetype from) const
 {
     const std::size_t hash = qHash(id);

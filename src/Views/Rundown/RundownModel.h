@@ -10,8 +10,8 @@ namespace quenara {
 
 class WorkspaceStore;
 
-/// The rundown as rows of a list: each service item followed by its slides. Tells its views which
-/// rows came, went and changed, so that nothing else need be drawn again.
+/// The rundown as rows of a list: each service item followed by its slides. The model announces
+/// which rows came, went and changed, so that views draw no others again.
 class RundownModel : public QAbstractListModel
 {
     Q_OBJECT
@@ -46,7 +46,7 @@ private:
         int slide; ///< -1 for the item's own row
     };
 
-    /// What a row shows besides what the project says of it.
+    /// The selection, as far as rows show it.
     struct Marks
     {
         std::optional<QString> serviceItem;
@@ -75,7 +75,7 @@ private:
     const WorkspaceStore &m_store;
     ZelvoProject m_project; ///< what the rows index into
     QList<Row> m_rows;
-    QList<std::size_t> m_idHashes; ///< of the rows; by them one is found and no other read
+    QList<std::size_t> m_idHashes; ///< of the rows' ids: finding a row reads no id but its own
     Marks m_marks;
 };
 

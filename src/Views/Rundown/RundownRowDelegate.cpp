@@ -64,7 +64,7 @@ QRectF rowOf(const QRectF &rect)
     return rect.adjusted(sideMargin, 1, -sideMargin, -1);
 }
 
-/// What the row leaves for the title of its service item or slide.
+/// The part of \a row that is left for the title of its service item or slide.
 QRectF titleBox(const QRectF &row, const QModelIndex &index)
 {
     if (index.data(RundownModel::isServiceItemRole).toBool())
@@ -76,7 +76,7 @@ QRectF titleBox(const QRectF &row, const QModelIndex &index)
                         0);
 }
 
-/// Points at the row that goes live next.
+/// Draws the mark of the row that goes live next.
 void drawPointer(QPainter &painter, const QPointF &leftMiddle, const QColor &color)
 {
     QPainterPath triangle(leftMiddle - QPointF(0, pointerSize / 2));
@@ -186,7 +186,7 @@ QSize RundownRowDelegate::sizeHint(const QStyleOptionViewItem &option,
             index.data(RundownModel::isServiceItemRole).toBool() ? itemRowHeight : slideRowHeight};
 }
 
-/// Only a title that is not seen whole needs telling.
+/// Shows a tooltip only for a title that is cut short in its row.
 bool RundownRowDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
                                    const QStyleOptionViewItem &option, const QModelIndex &index)
 {

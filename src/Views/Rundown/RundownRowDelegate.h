@@ -13,7 +13,7 @@ class RundownRowDelegate : public QStyledItemDelegate
     Q_OBJECT
 
 public:
-    /// Room that a service item's row leaves at its right end, in points.
+    /// The room for the buttons at the right end of a service item's row, in points.
     static constexpr int itemButtonsWidth = 64;
 
     RundownRowDelegate(SlideThumbnails &thumbnails, QObject *parent);

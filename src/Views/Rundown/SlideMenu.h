@@ -12,7 +12,7 @@ class WorkspaceStore;
 
 /// The context menu of the slide with that id: sends it live, duplicates it, deletes it. Deletes
 /// itself once it is closed.
-QMenu *makeSlideMenu(WorkspaceStore &store, const CommandActions &commands, const QString &slideID,
-                     QWidget *parent);
+[[nodiscard]] QMenu *makeSlideMenu(WorkspaceStore &store, const CommandActions &commands,
+                                   const QString &slideID, QWidget *parent);
 
 } // namespace quenara
