@@ -316,7 +316,7 @@ private slots:
     {
         Rundown op(showOf({30, 30, 30}));
         QWidget *button = shownButtons(op.view, QStringLiteral("Move section up")).first();
-        // From widget to widget up to the window, as the toolkit does with a real one.
+        // From widget to widget up to the window, as Qt does with a real one.
         for (QWidget *below = button; below && op.list->verticalScrollBar()->value() == 0;
              below = below->parentWidget()) {
             const QPointF place = button->mapTo(below, button->rect().center());

@@ -6,6 +6,7 @@
 #include "RundownView.h"
 #include "TransportView.h"
 
+#include <QAbstractEventDispatcher>
 #include <QLabel>
 #include <QLineEdit>
 
@@ -114,12 +115,15 @@ private slots:
             return layerCount(slide) != layerCount(show.first());
         });
         QVERIFY(other != show.end());
-        op.store.selectSlide(show.first().id(), true);
-        QTest::qWait(50);
         PaintedHeights painted;
         op.view.findChild<LayerListView *>()->installEventFilter(&painted);
         op.store.selectSlide(other->id(), true);
-        QTest::qWait(50);
+        QTRY_VERIFY(!painted.heights.isEmpty());
+        painted.heights.clear();
+        op.store.selectSlide(show.first().id(), true);
+        QTRY_VERIFY(!painted.heights.isEmpty());
+        // A second painting would come with what is left to do.
+        while (QAbstractEventDispatcher::instance()->processEvents(QEventLoop::AllEvents)) {}
         QCOMPARE(painted.heights, QList<int>{layers->height()});
     }
 

@@ -16,7 +16,7 @@ using namespace quenara::test;
 
 namespace {
 
-/// All threads that the toolkit may fill pixels with, at work on something else.
+/// All threads that Qt may fill pixels with, at work on something else.
 class BusyThreads
 {
 public:

@@ -2,6 +2,7 @@
 
 #include "SettingsWindow.h"
 #include "ShortcutGuard.h"
+#include "Widgets.h"
 #include "WindowingWorld.h"
 
 namespace quenara::test {
@@ -16,16 +17,12 @@ struct ProgramWindows : WindowingWorld
     ProgramWindows()
     {
         qApp->installEventFilter(&shortcutGuard);
-        operatorWindow.show();
-        activate(operatorWindow);
+        showActive(operatorWindow);
     }
 
-    static void activate(QWidget &window)
+    static void activate(QWidget &window, const Caller &caller = Caller::current())
     {
-        window.activateWindow();
-        // The toolkit's own wait takes a dialog for active while its parent is.
-        if (!QTest::qWaitFor([&] { return window.isActiveWindow(); }))
-            qFatal("the window does not become active");
+        showActive(window, caller);
     }
 
     /// As the desktop sends it: to the window.

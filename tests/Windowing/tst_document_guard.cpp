@@ -14,13 +14,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QMenu &openRecentMenu(const OperatorWindow &window)
+const QMenu &openRecentMenu(const OperatorWindow &window, const Caller &caller = Caller::current())
 {
     for (const QMenu *menu : window.findChildren<QMenu *>()) {
         if (menu->title() == u"Open Recent"_s)
             return *menu;
     }
-    qFatal("no Open Recent");
+    fail(QStringLiteral("there is no Open Recent"), caller);
 }
 
 /// The program's window over a document that is saved at first.

@@ -28,13 +28,9 @@ struct Window : WindowingWorld
     {
         QTest::keyClicks(songImport()->findChild<QLineEdit *>(), title);
     }
-    void pressInSongImport(const QString &button) const
+    void pressInSongImport(const QString &button, const Caller &caller = Caller::current()) const
     {
-        for (auto *candidate : songImport()->findChildren<QPushButton *>()) {
-            if (candidate->text() == button)
-                return QTest::mouseClick(candidate, Qt::LeftButton);
-        }
-        qFatal("no button %s", qPrintable(button));
+        press(*songImport(), button, 0, caller);
     }
 
 private:

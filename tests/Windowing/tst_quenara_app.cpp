@@ -31,7 +31,7 @@ QWidget *shownWindow(const QString &name)
     return nullptr;
 }
 
-void choose(const QString &title)
+void choose(const QString &title, const Caller &caller = Caller::current())
 {
     const auto *operatorWindow = qobject_cast<QMainWindow *>(shownWindow(u"operatorWindow"_s));
     for (const QAction *menu : operatorWindow->menuBar()->actions()) {
@@ -40,16 +40,12 @@ void choose(const QString &title)
                 return action->trigger();
         }
     }
-    qFatal("no menu item %s", qPrintable(title));
+    fail(QStringLiteral("there is no menu item \"%1\"").arg(title), caller);
 }
 
-void chooseAppearance(const QString &title)
+void chooseAppearance(const QString &title, const Caller &caller = Caller::current())
 {
-    for (auto *segment : shownWindow(u"settingsWindow"_s)->findChildren<QPushButton *>()) {
-        if (segment->text() == title)
-            return QTest::mouseClick(segment, Qt::LeftButton);
-    }
-    qFatal("no appearance %s", qPrintable(title));
+    press(*shownWindow(u"settingsWindow"_s), title, 0, caller);
 }
 
 QColor cornerOf(QWidget &window)

@@ -20,17 +20,12 @@ struct Program : WindowingWorld
     {
         operatorWindow.show();
         settings.present();
-        if (!QTest::qWaitForWindowActive(&settings))
-            qFatal("the settings window does not become active");
+        showActive(settings);
     }
 
-    QPushButton *segment(const QString &title) const
+    QPushButton *segment(const QString &title, const Caller &caller = Caller::current()) const
     {
-        for (auto *button : settings.findChildren<QPushButton *>()) {
-            if (button->text() == title)
-                return button;
-        }
-        qFatal("no segment %s", qPrintable(title));
+        return &named<QPushButton>(settings, title, caller);
     }
 
     QString selected() const
