@@ -165,7 +165,7 @@ QList<Figure> fileFigures()
     {
         const Document document("25 pictures", once);
         constexpr double allowance = 60e6 / 100e6; // 60 ms for 100 MB
-        figures += QList<Figure>{document.loading(1.5)} + document.encoding(1.5, allowance)
+        figures += QList<Figure>{document.loading(1.3)} + document.encoding(1.5, allowance)
             + document.memory(3, 1.1);
     }
     const Document twice("25 pictures twice", ProjectNormalizer::normalized(once));

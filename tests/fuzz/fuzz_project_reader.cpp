@@ -32,8 +32,13 @@ ZelvoProject normalized(const DecodedDocument &document)
 // NOLINTNEXTLINE(readability-identifier-naming)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
-    const std::optional<DecodedDocument> document =
-        ProjectCodec::decode(QByteArray(reinterpret_cast<const char *>(data), qsizetype(size)));
+    const QByteArrayView bytes(data, qsizetype(size));
+    const std::optional<DecodedDocument> document = ProjectCodec::decode(bytes);
+    constexpr qsizetype leastSize = 8;
+    json::MediaDetacher detacher(leastSize);
+    detacher.append(bytes);
+    demand(ProjectCodec::decode(detacher.finish()).has_value() == document.has_value(),
+           "whether media are taken out of a document does not matter");
     if (!document)
         return 0;
     const ZelvoProject project = normalized(*document);
