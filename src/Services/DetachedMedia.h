@@ -26,7 +26,7 @@ class MediaDetacher
 {
 public:
     /// \a leastSize, in bytes, is that of the smallest URL to take out.
-    explicit MediaDetacher(qsizetype leastSize = 64 * 1024);
+    explicit MediaDetacher(qsizetype leastSize = 65536);
 
     /// Makes room for a text of \a size bytes, which spares it being moved as it grows.
     void reserve(qsizetype size) { m_media.text.reserve(size); }

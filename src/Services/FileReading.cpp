@@ -14,7 +14,7 @@ bool readFile(const QUrl &url, const std::function<void(QByteArrayView)> &take, 
     if (!url.isLocalFile() || !QFileInfo(file).isFile() || file.size() > limit
         || !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
         return false;
-    constexpr std::size_t pieceSize = 64 * 1024; // stays in the processor's cache
+    constexpr std::size_t pieceSize = 65536; // stays in the processor's cache
     std::vector<char> piece(pieceSize);
     qint64 total = 0;
     for (qint64 size = 1; size > 0 && total <= limit; total += size) {

@@ -44,6 +44,11 @@ bool isValid(const QByteArray &json)
     return parser.parse(json.constData(), std::size_t(json.size())).error() == simdjson::SUCCESS;
 }
 
+QByteArray quoted(const QByteArray &text)
+{
+    return '"' + text + '"';
+}
+
 /// A data URL of \a size bytes.
 QByteArray urlOf(qsizetype size, char filling)
 {
@@ -77,21 +82,23 @@ private slots:
         const QByteArray url = urlOf(leastSize, 'A');
         const QByteArray longer = urlOf(5 * leastSize + 3, 'B');
         row("nothing", "");
-        row("one URL", "[\"" + url + "\"]", {url});
-        row("URLs of any length", "{\"a\": \"" + longer + "\", \"b\": \"" + url + "\"}",
+        row("one URL", '[' + quoted(url) + ']', {url});
+        row("URLs of any length",
+            "{" + quoted("a") + ": " + quoted(longer) + ", " + quoted("b") + ": " + quoted(url)
+                + '}',
             {longer, url});
-        row("URLs side by side", "[\"" + url + "\",\"" + url + "\",\"" + longer + "\"]",
+        row("URLs side by side", '[' + quoted(url) + ',' + quoted(url) + ',' + quoted(longer) + ']',
             {url, url, longer});
-        row("a URL as a key", "{\"" + longer + "\": 1}", {longer});
-        row("not a short one", "[\"" + url.chopped(1) + "\"]");
-        row("no other text", "[\"" + QByteArray(100, 'x') + "\"]");
+        row("a URL as a key", '{' + quoted(longer) + ": 1}", {longer});
+        row("not a short one", '[' + quoted(url.chopped(1)) + ']');
+        row("no other text", '[' + quoted(QByteArray(100, 'x')) + ']');
         row("no number", '[' + QByteArray(100, '1') + ']');
-        row("none with an escape in it", "[\"" + url + "\\n\"]");
-        row("none with an escape before it", "[\"\\\"" + url + "\"]");
-        row("none that is not ASCII", "[\"" + url + "\xc3\xa9\"]");
-        row("none with a control character", "[\"" + url + "\x01\"]");
+        row("none with an escape in it", '[' + quoted(url + "\\n") + ']');
+        row("none with an escape before it", '[' + quoted("\\\"" + url) + ']');
+        row("none that is not ASCII", '[' + quoted(url + "\xc3\xa9") + ']');
+        row("none with a control character", '[' + quoted(url + "\x01") + ']');
         row("none that does not end", "[\"" + url);
-        row("none outside of strings", "[\"\", " + url + ", \"\"]");
+        row("none outside of strings", '[' + quoted({}) + ", " + url + ", " + quoted({}) + ']');
     }
 
     void whatIsTakenOut()
@@ -111,13 +118,14 @@ private slots:
 
     void thePiecesInWhichATextComesDoNotMatter()
     {
-        const QByteArray json =
-            "[\"" + urlOf(5 * leastSize, 'A') + "\", \"x\", \"" + urlOf(leastSize, 'B') + "\"]";
+        const QByteArray json = '[' + quoted(urlOf(5 * leastSize, 'A')) + ", " + quoted("x") + ", "
+            + quoted(urlOf(leastSize, 'B')) + ']';
         for (qsizetype size = 1; size <= json.size(); ++size) {
             json::MediaDetacher detacher(leastSize);
-            for (qsizetype start = 0; start < json.size(); start += size)
+            for (qsizetype start = 0; start < json.size(); start += size) {
                 detacher.append(
                     QByteArrayView(json).sliced(start, std::min(size, json.size() - start)));
+            }
             const json::DetachedMedia media = detacher.finish();
             QCOMPARE(media.urls.size(), 2);
             QCOMPARE(restored(media), json);
@@ -128,7 +136,8 @@ private slots:
     {
         const QByteArray first = urlOf(leastSize, 'A');
         const QByteArray second = urlOf(leastSize, 'B');
-        const json::DetachedMedia media = detached("[\"" + first + "\", \"" + second + "\"]");
+        const json::DetachedMedia media =
+            detached('[' + quoted(first) + ',' + quoted(second) + ']');
         const auto behind = [&media](const QByteArray &text) {
             return media.urlBehind({text.constData(), std::size_t(text.size())});
         };
@@ -145,7 +154,7 @@ private slots:
     void equalUrlsShareTheirStorage()
     {
         const QByteArray url = urlOf(leastSize, 'A');
-        const json::DetachedMedia media = detached("[\"" + url + "\", \"" + url + "\"]");
+        const json::DetachedMedia media = detached('[' + quoted(url) + ',' + quoted(url) + ']');
         QCOMPARE(media.urls.size(), 2);
         QVERIFY(isSharedWith(media.urls.at(0), media.urls.at(1)));
     }
@@ -153,8 +162,8 @@ private slots:
     void noDamageIsHiddenOrAdded()
     {
         const QByteArray url = urlOf(leastSize, 'A');
-        const QByteArray whole = "{\"a\": [\"" + url + "\", \"x\\\\\", \"" + url + "B\", 1.5], \""
-            + url + "\": \"\xc3\xa9\"}";
+        const QByteArray whole = '{' + quoted("a") + ": [" + quoted(url) + ", " + quoted("x\\\\")
+            + ", " + quoted(url + 'B') + ", 1.5], " + quoted(url) + ": " + quoted("\xc3\xa9") + '}';
         QVERIFY(isValid(whole));
         int changeCount = 0;
         int validCount = 0;
