@@ -1,5 +1,6 @@
 #include "DevicePixels.h"
 #include "GuiTestSupport.h"
+#include "PaintingWorkarounds.h"
 #include "RoundedShapes.h"
 
 using namespace quenara;
@@ -9,7 +10,7 @@ namespace {
 
 constexpr QSize size(400, 300);
 constexpr QRectF box(20, 10, 350, 270);
-constexpr int rounding = 2; // of 255; along turned rows, which the toolkit walks from their start
+constexpr int rounding = 2; // of 255; along turned rows, which Qt walks from their start
 
 QImage painted(const QTransform &transform, double ratio,
                const std::function<void(QPainter &)> &paint)

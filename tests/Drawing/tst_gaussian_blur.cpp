@@ -92,6 +92,25 @@ private slots:
         }
     }
 
+    void aPlanReachesAsFarAsTheBlurIsSeen_data()
+    {
+        QTest::addColumn<double>("sigma");
+        for (const double sigma : {0.5, 3.0, 8.0, 21.3, 90.0, 400.0})
+            QTest::addRow("standard deviation %g", sigma) << sigma;
+    }
+
+    void aPlanReachesAsFarAsTheBlurIsSeen()
+    {
+        QFETCH(double, sigma);
+        const BlurPlan plan(sigma);
+        QCOMPARE(plan.sigma * plan.reduction, sigma);
+        QVERIFY(plan.sigma < 8);
+        // Three standard deviations away, half of an edge's blur has fallen below half a shade.
+        constexpr double halfAShade = 0.5 / 255;
+        QVERIFY(share(plan.reach, -1e9, 0, sigma) < halfAShade);
+        QVERIFY(plan.reach < 3 * sigma + 1);
+    }
+
     void aBlurOfNothingChangesNothing()
     {
         QCOMPARE(gaussianBlurred(square(), 0), square());

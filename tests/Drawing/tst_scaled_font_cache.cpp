@@ -1,5 +1,5 @@
 #include "GuiTestSupport.h"
-#include "ScaledFontCache.h"
+#include "PaintingWorkarounds.h"
 #include "SlideFonts.h"
 
 #include <QGlyphRun>

@@ -192,6 +192,28 @@ private slots:
         QCOMPARE(images.byteCount(), media.dataUrl.size());
     }
 
+    void whatIsMissingIsRememberedOnce_data()
+    {
+        QTest::addColumn<QByteArray>("dataUrl");
+        QTest::newRow("a file that is not there") << QByteArray("/nonexistent/image.png");
+        QTest::newRow("a data URL without an image")
+            << QByteArray("data:image/png;base64,aGVsbG8=");
+        QTest::newRow("a data URL without data") << QByteArray("data:image/png");
+        QTest::newRow("nothing") << QByteArray();
+    }
+
+    void whatIsMissingIsRememberedOnce()
+    {
+        QFETCH(QByteArray, dataUrl);
+        ImageCache images;
+        images.image(solid(Qt::red), size);
+        const qsizetype before = images.byteCount();
+        const SlideMedia missing{.dataUrl = dataUrl, .name = {}, .mimeType = {}};
+        for (const QSize &needed : {size, size * 4, QSize(1, 1), QSize(0, 0), QSize(-1, -1)})
+            QVERIFY(images.image(missing, needed).isNull());
+        QCOMPARE(images.byteCount(), before + dataUrl.size());
+    }
+
     void aFileThatHasChangedIsReadAgain()
     {
         QTemporaryDir folder;

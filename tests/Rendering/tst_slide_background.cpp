@@ -167,6 +167,25 @@ private slots:
         }
     }
 
+    void aSlideBeyondAllMeasureIsOfOneColourThroughEveryTransform()
+    {
+        const QTransform transforms[] = {QTransform(), QTransform::fromTranslate(30, 20),
+                                         QTransform::fromScale(3, 2),
+                                         QTransform::fromTranslate(-500, -500)};
+        for (const QTransform &transform : transforms) {
+            QImage image(60, 40, QImage::Format_RGB32);
+            image.fill(Qt::green);
+            QPainter painter(&image);
+            painter.setTransform(transform);
+            fill(GradientDirection::horizontal).paint(painter, {-3e6, -3e6, 6e6, 6e6});
+            QCOMPARE(painter.transform(), transform);
+            painter.end();
+            QImage expected(image.size(), image.format());
+            expected.fill(mixed(0));
+            QCOMPARE(image, expected);
+        }
+    }
+
     void aSoftCentreWithoutRadiusIsAllEnd()
     {
         QImage image(9, 9, QImage::Format_RGB32);

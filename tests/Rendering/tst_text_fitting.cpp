@@ -6,7 +6,6 @@ using namespace quenara::test;
 
 namespace {
 
-constexpr QChar ellipsis(0x2026);
 
 TextElementProperties sized(const QString &text, double fontSize)
 {

@@ -3,8 +3,6 @@
 
 #include <QTextBoundaryFinder>
 
-#include <array>
-
 using namespace quenara;
 using namespace quenara::test;
 
@@ -43,57 +41,18 @@ class TestTextLayoutGeometry : public GuiTest
     Q_OBJECT
 
 private slots:
-    void shownCharactersAreTracedToStoredOnes_data()
-    {
-        QTest::addColumn<QString>("stored");
-        QTest::addColumn<QString>("shown");
-        QTest::addColumn<bool>("uppercase");
-        QTest::addColumn<QList<int>>("places");
-        const auto row = [](const char *name, QStringView stored, QStringView shown,
-                            const QList<int> &places, bool uppercase = false) {
-            QTest::newRow(name) << stored.toString() << shown.toString() << uppercase << places;
-        };
-        row("as it is", u"abc", u"abc", {0, 1, 2, 3});
-        row("in capitals", u"abc", u"ABC", {0, 1, 2, 3}, true);
-        row("a capital of two letters", u"aßb", u"ASSB", {0, 1, 3, 4}, true);
-        row("lines", u"a\nb", u"a\u2028b", {0, 1, 2, 3});
-        row("a break of two characters", u"a\r\nb", u"a\u2028b", {0, 1, 1, 2, 3});
-        row("spacing at the end of a line", u"a \t\nb c", u"a\u2028b c", {0, 1, 1, 1, 2, 3, 4, 5});
-        row("spacing at the end of all", u"ab  ", u"ab", {0, 1, 2, 2, 2});
-        row("a selector inside an emoji", u"\u2764\uFE0Fx", u"\u2764x", {0, 1, 1, 2});
-        row("after an ellipsis", u"abcdef", u"abc\u2026", {0, 1, 2, 3, 4, 4, 4});
-        constexpr std::array<char16_t, 3> half{u'a', 0xd83d, u'b'};
-        row("half of a pair", QStringView(half.data(), half.size()), u"a\uFFFDb", {0, 1, 2, 3});
-        row("nothing", u"", u"", {0});
-    }
-
-    void shownCharactersAreTracedToStoredOnes()
-    {
-        QFETCH(QString, stored);
-        QFETCH(QString, shown);
-        QFETCH(bool, uppercase);
-        QFETCH(QList<int>, places);
-        const TextOffsetMap positions(stored, shown, uppercase);
-        QList<int> traced;
-        for (qsizetype i = 0; i <= stored.size(); ++i)
-            traced.append(int(positions.shown(i)));
-        QCOMPARE(traced, places);
-        QCOMPARE(positions.stored(0), 0);
-        QCOMPARE(positions.stored(shown.size()), stored.size());
-    }
-
     void theCaretStandsBesideTheInk()
     {
         const TextElementProperties text = leftAligned(QStringLiteral("HHHH"));
-        const TextLayoutGeometry places(text, box);
+        const TextLayoutGeometry geometry(text, box);
         const QRectF ink = inkOfText(text);
-        const double width = places.caret(4).x() - places.caret(0).x();
-        QVERIFY(std::abs(places.caret(0).x() - ink.left()) < 0.15 * width / 4);
-        QVERIFY(std::abs(places.caret(4).x() - ink.right()) < 0.15 * width / 4);
-        QVERIFY(places.caret(2).top() < ink.top());
-        QVERIFY(places.caret(2).bottom() > ink.bottom());
+        const double width = geometry.caret(4).x() - geometry.caret(0).x();
+        QVERIFY(std::abs(geometry.caret(0).x() - ink.left()) < 0.15 * width / 4);
+        QVERIFY(std::abs(geometry.caret(4).x() - ink.right()) < 0.15 * width / 4);
+        QVERIFY(geometry.caret(2).top() < ink.top());
+        QVERIFY(geometry.caret(2).bottom() > ink.bottom());
         for (int i = 1; i < 4; ++i)
-            QVERIFY(std::abs(places.caret(i).x() - places.caret(0).x() - i * width / 4) < 0.01);
+            QVERIFY(std::abs(geometry.caret(i).x() - geometry.caret(0).x() - i * width / 4) < 0.01);
     }
 
     void piecesCoverTheInkOfTheirCharacters_data()
@@ -127,9 +86,9 @@ private slots:
     {
         QFETCH(TextElementProperties, text);
         constexpr double overhang = 8; // letters may lean out of their places
-        const TextLayoutGeometry places(text, box);
+        const TextLayoutGeometry geometry(text, box);
         QRectF covered;
-        for (const QRectF &piece : places.pieces(0, text.text.size()))
+        for (const QRectF &piece : geometry.pieces(0, text.text.size()))
             covered |= piece;
         const QRectF ink = inkOfText(text);
         QVERIFY(covered.adjusted(-overhang, 0, overhang, 0).contains(ink));
@@ -158,36 +117,37 @@ private slots:
     void aPointFindsThePlaceWhoseCaretIsThere()
     {
         QFETCH(TextElementProperties, text);
-        const TextLayoutGeometry places(text, box);
+        const TextLayoutGeometry geometry(text, box);
         for (const qsizetype place : placesIn(text.text)) {
-            const QPointF caret = places.caret(place).center();
-            QCOMPARE(places.caret(places.positionAt(caret)).center(), caret);
+            const QPointF caret = geometry.caret(place).center();
+            QCOMPARE(geometry.caret(geometry.positionAt(caret)).center(), caret);
         }
     }
 
     void aPointOutsideFindsTheNearestPlace()
     {
-        const TextLayoutGeometry places(leftAligned(QStringLiteral("one\nthree")), box);
-        QCOMPARE(places.positionAt({-100, -100}), 0);
-        QCOMPARE(places.positionAt({5000, -100}), 3);
-        QCOMPARE(places.positionAt({-100, 5000}), 4);
-        QCOMPARE(places.positionAt({5000, 5000}), 9);
+        const TextLayoutGeometry geometry(leftAligned(QStringLiteral("one\nthree")), box);
+        QCOMPARE(geometry.positionAt({-100, -100}), 0);
+        QCOMPARE(geometry.positionAt({5000, -100}), 3);
+        QCOMPARE(geometry.positionAt({-100, 5000}), 4);
+        QCOMPARE(geometry.positionAt({5000, 5000}), 9);
     }
 
     void linesAreThoseThatAreSeen()
     {
-        const TextLayoutGeometry places(leftAligned(QStringLiteral("one two\nthree")), {260, 600});
-        QCOMPARE(places.lineCount(), 3);
-        QCOMPARE(places.startOfLine(0), 0);
-        QCOMPARE(places.endOfLine(0), 3);
-        QCOMPARE(places.startOfLine(1), 4);
-        QCOMPARE(places.endOfLine(1), 7);
-        QCOMPARE(places.startOfLine(2), 8);
-        QCOMPARE(places.endOfLine(2), 13);
-        QCOMPARE(places.lineOf(3), 0);
-        QCOMPARE(places.lineOf(4), 1);
-        QCOMPARE(places.lineOf(13), 2);
-        QCOMPARE(places.positionInLine(0, 5000), 3);
+        const TextLayoutGeometry geometry(leftAligned(QStringLiteral("one two\nthree")),
+                                          {260, 600});
+        QCOMPARE(geometry.lineCount(), 3);
+        QCOMPARE(geometry.startOfLine(0), 0);
+        QCOMPARE(geometry.endOfLine(0), 3);
+        QCOMPARE(geometry.startOfLine(1), 4);
+        QCOMPARE(geometry.endOfLine(1), 7);
+        QCOMPARE(geometry.startOfLine(2), 8);
+        QCOMPARE(geometry.endOfLine(2), 13);
+        QCOMPARE(geometry.lineOf(3), 0);
+        QCOMPARE(geometry.lineOf(4), 1);
+        QCOMPARE(geometry.lineOf(13), 2);
+        QCOMPARE(geometry.positionInLine(0, 5000), 3);
     }
 
     void theCaretGoesAlongBehindSpacingAtTheEndOfALine_data()
@@ -203,17 +163,17 @@ private slots:
     {
         QFETCH(QString, text);
         QFETCH(int, direction);
-        const TextLayoutGeometry places(plainText(text), box);
-        const double step = direction * (places.caret(3).x() - places.caret(2).x());
+        const TextLayoutGeometry geometry(plainText(text), box);
+        const double step = direction * (geometry.caret(3).x() - geometry.caret(2).x());
         QVERIFY(step > 0);
-        QCOMPARE(direction * (places.caret(4).x() - places.caret(3).x()), step);
-        QCOMPARE(places.caret(4).top(), places.caret(2).top());
+        QCOMPARE(direction * (geometry.caret(4).x() - geometry.caret(3).x()), step);
+        QCOMPARE(geometry.caret(4).top(), geometry.caret(2).top());
     }
 
     void aBreakThatIsSelectedIsAsWideAsASpace()
     {
-        const TextLayoutGeometry places(leftAligned(QStringLiteral("a\n\nb")), box);
-        const QList<QRectF> pieces = places.pieces(1, 3);
+        const TextLayoutGeometry geometry(leftAligned(QStringLiteral("a\n\nb")), box);
+        const QList<QRectF> pieces = geometry.pieces(1, 3);
         QCOMPARE(pieces.size(), 2);
         for (const QRectF &piece : pieces)
             QVERIFY(piece.width() > 5);
@@ -222,17 +182,17 @@ private slots:
 
     void nothingSelectedIsNoPiece()
     {
-        const TextLayoutGeometry places(plainText(QStringLiteral("abc")), box);
-        QVERIFY(places.pieces(1, 1).isEmpty());
-        QVERIFY(places.pieces(0, 0).isEmpty());
+        const TextLayoutGeometry geometry(plainText(QStringLiteral("abc")), box);
+        QVERIFY(geometry.pieces(1, 1).isEmpty());
+        QVERIFY(geometry.pieces(0, 0).isEmpty());
     }
 
     void whatIsTruncatedLiesAtTheEllipsis()
     {
         const QString words = QStringLiteral("Great is the morning ").repeated(40);
-        const TextLayoutGeometry places(leftAligned(words), {600, 100});
-        QCOMPARE(places.caret(words.size()), places.caret(words.size() - 30));
-        QCOMPARE(places.positionAt({5000, 5000}), words.size());
+        const TextLayoutGeometry geometry(leftAligned(words), {600, 100});
+        QCOMPARE(geometry.caret(words.size()), geometry.caret(words.size() - 30));
+        QCOMPARE(geometry.positionAt({5000, 5000}), words.size());
     }
 };
 

@@ -8,7 +8,6 @@ namespace {
 
 constexpr TextLimits sevenLines{.smallestFit = 0.52, .lineMaximum = 7};
 constexpr QSizeF roomy(1000, 5000);
-constexpr QChar ellipsis(0x2026);
 
 TextElementProperties sized(const QString &text, double fontSize)
 {

@@ -74,15 +74,48 @@ private slots:
         QCOMPARE(redness(0), 0);
     }
 
+    void aTextThatLeavesItsBoxFadesWhole_data()
+    {
+        QTest::addColumn<double>("height");
+        QTest::addColumn<double>("padding");
+        QTest::addColumn<double>("scale");
+        for (const double scale : {1.0, 2.0}) {
+            QTest::addRow("a box that is too low, at scale %g", scale) << 12.0 << 0.0 << scale;
+            for (const double padding : {-60.0, -104.0, -150.0, -300.0}) {
+                QTest::addRow("a padding of %g, at scale %g", padding, scale)
+                    << 60.0 << padding << scale;
+            }
+        }
+    }
+
     void aTextThatLeavesItsBoxFadesWhole()
     {
+        QFETCH(double, height);
+        QFETCH(double, padding);
+        QFETCH(double, scale);
         TextElementProperties text = plainText(QStringLiteral("one\ntwo\nthree"));
         text.shadow = TextShadow::soft;
-        const CanvasFrame tooLow{300, 500, 1200, 12};
-        QCOMPARE(inkOf(imageOf(text, tooLow, 0.9)), inkOf(imageOf(text, tooLow, 1)));
-        text.padding = -300;
-        const CanvasFrame low{300, 500, 1200, 60};
-        QCOMPARE(inkOf(imageOf(text, low, 0.9)), inkOf(imageOf(text, low, 1)));
+        text.padding = padding;
+        const auto ink = [&](double opacity) {
+            Slide slide = textSlide(text, {300, 500, 1200, height});
+            slide.design.elements.first().opacity = opacity;
+            return inkOf(rendered({.slide = slide}, canvas * scale));
+        };
+        QCOMPARE(ink(0.9), ink(1));
+    }
+
+    void aWideShadowIsOfItsColourWhereTheLettersAreWider()
+    {
+        // A line as thick as the box is high; what is blurred is painted at a reduced size.
+        TextElementProperties text = plainText(QStringLiteral("I"));
+        text.fontSize = 900;
+        text.weight = TextFontWeight::heavy;
+        text.alignment = TextAlignmentValue::left;
+        const CanvasFrame frame{200, 0, 700, 1080};
+        const QPoint middle = inkOf(imageOf(text, frame, 1)).center();
+        constexpr int offset = 800;
+        text.shadow = TextShadow{red, 24, offset, 0};
+        QCOMPARE(imageOf(text, frame, 1).pixel(middle + QPoint(offset, 0)), qRgb(255, 0, 0));
     }
 
     void pixelsAreTheSameWhateverTheirRatio_data()

@@ -77,8 +77,8 @@ class TestUnaidedPainting : public GuiTest
     Q_OBJECT
 
 private slots:
-    /// Else the other test says nothing.
-    void theToolkitWaitsForTheseThreads()
+    /// When this fails, paintInBands() can go, and the other test says nothing.
+    void qtWaitsForItsThreads()
     {
         QImage image(1000, 1000, QImage::Format_RGB32);
         BusyThreads threads(200);
@@ -90,7 +90,7 @@ private slots:
         QVERIFY(threads.wereWaitedFor());
     }
 
-    void noStepOfTheShowWaitsForTheThreadsOfTheToolkit()
+    void noStepOfTheShowWaitsForTheThreadsOfQt()
     {
         qApp->setStyleSheet(interfaceStyleSheet(ZelvoTheme::dark()));
         OperatorWorld operatorWorld(showOfAllTemplates());

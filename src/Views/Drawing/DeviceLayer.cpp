@@ -1,6 +1,7 @@
 #include "DeviceLayer.h"
 
 #include "DevicePixels.h"
+#include "PaintingWorkarounds.h"
 
 namespace quenara {
 

@@ -2,16 +2,9 @@
 
 #include <QPaintDevice>
 
-#include <algorithm>
 #include <cmath>
 
 namespace quenara {
-
-namespace {
-
-constexpr int runMaximum = 95; ///< that the toolkit fills without its threads
-
-} // namespace
 
 QRectF visibleDeviceRect(const QPainter &painter)
 {
@@ -52,31 +45,6 @@ void clipToPixels(QPainter &painter, const QRect &pixels)
 double deviceScale(const QPainter &painter)
 {
     return std::sqrt(std::abs(painter.deviceTransform().determinant()));
-}
-
-void paintInBands(QPainter &painter, const QRectF &bounds, int runs,
-                  const std::function<void()> &paint)
-{
-    const int height = std::max(1, runMaximum / runs);
-    const QRect covered = visiblePixels(painter, bounds);
-    if (covered.isEmpty())
-        return;
-    if (covered.height() <= height) {
-        paint();
-        return;
-    }
-    for (int top = covered.top(); top <= covered.bottom(); top += height) {
-        painter.save();
-        clipToPixels(painter, {covered.left(), top, covered.width(), height});
-        paint();
-        painter.restore();
-    }
-}
-
-void fillInBands(QPainter &painter, const QPainterPath &path, const QBrush &brush)
-{
-    constexpr int runs = 4; // the pixels of both edges, what lies between, and one for corners
-    paintInBands(painter, path.boundingRect(), runs, [&] { painter.fillPath(path, brush); });
 }
 
 } // namespace quenara

@@ -1,6 +1,6 @@
 #include "GaussianBlur.h"
 
-#include "VectorRegisters.h"
+#include "PaintingWorkarounds.h"
 
 #include <algorithm>
 #include <array>

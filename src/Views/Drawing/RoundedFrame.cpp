@@ -1,6 +1,7 @@
 #include "RoundedFrame.h"
 
 #include "DevicePixels.h"
+#include "PaintingWorkarounds.h"
 #include "RoundedShapes.h"
 
 #include <QPainter>

@@ -1,6 +1,7 @@
 #include "RoundedShapes.h"
 
 #include "DevicePixels.h"
+#include "PaintingWorkarounds.h"
 
 #include <QRegion>
 

@@ -56,7 +56,7 @@ void layOut(QTextLayout &layout, const QString &text, const QFont &font, const Q
 QString clockText(const QTime &time, const QLocale &locale)
 {
     QString format = locale.timeFormat(QLocale::ShortFormat);
-    // The part of the day by name, which this toolkit does not know.
+    // The part of the day by name, which Qt does not know.
     format.replace(QLatin1Char('B'), QStringLiteral("AP"));
     static const QRegularExpression hourAndMinutes(QStringLiteral("[Hh]+(.+?)m+(?!.*s)"));
     const QRegularExpressionMatch match = hourAndMinutes.match(format);

@@ -1,6 +1,7 @@
 #include "HoldingScreenView.h"
 
 #include "Fonts.h"
+#include "PaintingWorkarounds.h"
 #include "ZelvoTheme.h"
 
 #include <QFontMetricsF>
@@ -19,9 +20,7 @@ constexpr double barWidth = 360;
 constexpr double barHeight = 6;
 constexpr double emptyRowSize = 24;
 
-/// The outline of \a text from the left end of its baseline. \a font is not shared with other
-/// texts: a face rounds its outlines differently after it was used at another size, and the same
-/// screen must come out the same to the last pixel.
+/// The outline of \a text from the left end of its baseline.
 QPainterPath outlineOf(const QString &text, const QRawFont &font)
 {
     const QList<quint32> glyphs = font.glyphIndexesForString(text);
@@ -43,8 +42,8 @@ void HoldingScreenView::paint(QPainter &painter, const QRectF &area) const
     painter.fillRect(area, Qt::black);
 
     // An empty line of text holds the third row open under the bar.
-    const QRawFont nameFont(QStringLiteral(":/fonts/Inter-Bold.otf"), nameSize,
-                            QFont::PreferNoHinting);
+    // The same screen must come out the same to the last pixel, whatever was painted before it.
+    const QRawFont nameFont = unsharedFont(QStringLiteral(":/fonts/Inter-Bold.otf"), nameSize);
     const QPainterPath name = outlineOf(QStringLiteral("Quenara"), nameFont);
     const double nameHeight = nameFont.ascent() + nameFont.descent();
     const double emptyRowHeight = QFontMetricsF(systemFont(emptyRowSize, QFont::Normal)).height();

@@ -1,7 +1,7 @@
 #include "GradientFill.h"
 
 #include "DevicePixels.h"
-#include "VectorRegisters.h"
+#include "PaintingWorkarounds.h"
 
 #include <QImage>
 

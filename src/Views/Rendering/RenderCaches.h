@@ -2,7 +2,7 @@
 
 #include "GlyphOutlineCache.h"
 #include "ImageCache.h"
-#include "ScaledFontCache.h"
+#include "PaintingWorkarounds.h"
 #include "TextBlockCache.h"
 
 namespace quenara {

@@ -1,10 +1,9 @@
 #include "TextBlock.h"
 
 #include "DevicePixels.h"
-#include "EmojiText.h"
+#include "PaintingWorkarounds.h"
 #include "RenderCaches.h"
 #include "SlideFonts.h"
-#include "VectorRegisters.h"
 
 #include <QRawFont>
 #include <QTextBoundaryFinder>
@@ -20,11 +19,9 @@ namespace {
 /// that rounding inside the font engine does not show.
 constexpr int layoutPixelSize = 128;
 constexpr double fitTolerance = 0.25; // canvas units of the font size
-constexpr double finestFit = 1e-9; // for sizes beyond all measure
+constexpr double finestFit = 1e-9; // of the font size, however large that is
 constexpr double smallestFontSize = 0.1;
-constexpr double largestCachedGlyph = 64; // device pixels; Qt keeps pictures of glyphs up to here
-constexpr QChar ellipsis = u'\u2026';
-
+constexpr double largestCachedGlyph = 64; // device pixels; Qt holds bitmaps of smaller glyphs
 Qt::Alignment alignmentOf(TextAlignmentValue alignment)
 {
     switch (alignment) {
@@ -36,40 +33,6 @@ Qt::Alignment alignmentOf(TextAlignmentValue alignment)
         break;
     }
     return Qt::AlignRight | Qt::AlignAbsolute;
-}
-
-/// What of \a formats is about the first \a length characters.
-QList<QTextLayout::FormatRange> within(QList<QTextLayout::FormatRange> formats, int length)
-{
-    formats.removeIf([&](const auto &range) { return range.start >= length; });
-    for (QTextLayout::FormatRange &range : formats)
-        range.length = std::min(range.length, length - range.start);
-    return formats;
-}
-
-/// Every mandatory break as the one that the layout knows. Spacing before one goes: at the end of a
-/// right-to-left line it would push the letters out of their box.
-QString withLineSeparators(const QString &text)
-{
-    QString result;
-    result.reserve(text.size());
-    const auto dropSpacing = [&result] {
-        while (!result.isEmpty() && (result.back() == u' ' || result.back() == u'\t'))
-            result.chop(1);
-    };
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const QChar character = text.at(i);
-        if (character == u'\r' && text.mid(i + 1, 1) == QLatin1String("\n"))
-            continue;
-        if (QStringView(u"\n\v\f\r\u0085\u2028\u2029").contains(character)) {
-            dropSpacing();
-            result += QChar(QChar::LineSeparator);
-        } else {
-            result += character;
-        }
-    }
-    dropSpacing();
-    return result;
 }
 
 } // namespace
@@ -85,9 +48,7 @@ TextBlock::TextBlock(const TextElementProperties &text, const QSizeF &box, const
     m_layout->setTextOption(option);
     m_layout->setCacheEnabled(true); // else it would be shaped each time it is drawn
     m_layout->setFont(slideFont(m_text.fontFamily, m_text.weight, layoutPixelSize));
-    const EmojiText string(withLineSeparators(text.displayText()));
-    m_layout->setText(string.text);
-    m_layout->setFormats(string.formats);
+    setShown(shownText(text));
     layOut(1);
     if (doesFit())
         return;
@@ -100,6 +61,13 @@ TextBlock::TextBlock(const TextElementProperties &text, const QSizeF &box, const
 }
 
 TextBlock::~TextBlock() = default;
+
+void TextBlock::setShown(const ShownText &shown)
+{
+    m_shown = shown;
+    m_layout->setText(shown.text);
+    m_layout->setFormats(shown.formats);
+}
 
 double TextBlock::unit() const
 {
@@ -145,9 +113,9 @@ bool TextBlock::doesFit() const
     return m_bounds.height() <= m_box.height() && m_layout->lineCount() <= m_limits.lineMaximum;
 }
 
-/// Whether the text fits if it is shrunk by \a fit, as far as its \a lines tell, which it has at a
-/// smaller one: as long as they are not too wide they break alike, and in larger letters there are
-/// never fewer, which are all as high if the text \a isOfOneFace.
+/// Whether the text fits if it is shrunk by \a fit, as far as \a lines tell, the size of its lines
+/// when it is shrunk further. As long as they are not too wide at \a fit, they break as they did.
+/// Larger letters never give fewer lines, and none is lower if the text \a isOfOneFace.
 std::optional<bool> TextBlock::wouldFit(double fit, const QSizeF &lines, bool isOfOneFace) const
 {
     constexpr double rounding = 1; // of the layout's units, inside the font engine
@@ -187,8 +155,8 @@ void TextBlock::shrink()
 /// Ends the last line that fits with an ellipsis, dropping what that takes off its end.
 void TextBlock::truncate()
 {
-    const QString whole = m_layout->text();
-    const QList<QTextLayout::FormatRange> formats = m_layout->formats();
+    const ShownText shown = m_shown;
+    const QString &whole = shown.text;
     int fitting = 0;
     while (fitting < std::min(m_layout->lineCount(), m_limits.lineMaximum)
            && m_layout->lineAt(fitting).rect().bottom() * unit() <= m_box.height())
@@ -199,15 +167,14 @@ void TextBlock::truncate()
     QTextBoundaryFinder characters(QTextBoundaryFinder::Grapheme,
                                    whole.first(start + last.textLength()));
     characters.toEnd();
-    for (qsizetype end = characters.position();; end = characters.toPreviousBoundary()) {
-        const qsizetype kept = std::max<qsizetype>(start, end);
+    for (qsizetype at = characters.position();; at = characters.toPreviousBoundary()) {
+        const qsizetype kept = std::max<qsizetype>(start, at);
         if (kept > start && (whole.at(kept - 1).isSpace() || whole.at(kept - 1) == ellipsis))
             continue;
-        m_layout->setText(whole.first(kept) + ellipsis);
-        m_layout->setFormats(within(formats, int(kept)));
+        setShown(truncated(shown, kept));
         layOut(m_fit);
-        const QTextLine shown = m_layout->lineAt(std::min(lineCount, m_layout->lineCount()) - 1);
-        if (shown.textStart() + shown.textLength() == m_layout->text().size() || kept == start)
+        const QTextLine end = m_layout->lineAt(std::min(lineCount, m_layout->lineCount()) - 1);
+        if (end.textStart() + end.textLength() == m_layout->text().size() || kept == start)
             break;
     }
 }
@@ -228,7 +195,7 @@ QRectF TextBlock::inkBounds(RenderCaches &caches)
     traceGlyphs(caches);
     QRectF ink(m_ink.topLeft() * unit() + QPointF(0, m_bounds.top()), m_ink.size() * unit());
     if (!m_emoji.isEmpty()) {
-        // Pictures of glyphs do not say what they cover.
+        // Bitmaps of glyphs do not say what they cover.
         const double overhang =
             unit() * layoutPixelSize / 2 + std::max(0.0, -m_text.characterSpacing);
         ink |= m_bounds.adjusted(-overhang, -overhang, overhang, overhang);
@@ -256,7 +223,7 @@ void TextBlock::draw(QPainter &painter, RenderCaches &caches, Placement placemen
     painter.restore();
 }
 
-/// The layout would look for them anew each time it is drawn.
+/// Collects the glyphs once. A layout looks for them each time that it is drawn.
 void TextBlock::gatherGlyphs()
 {
     if (m_areGathered)
@@ -275,7 +242,8 @@ void TextBlock::gatherGlyphs()
     gatherLetters(int(m_layout->text().size()));
 }
 
-/// Qt would ask the font for the outline of every glyph anew each time it is drawn.
+/// Collects the outlines once. Qt asks the font for those of large glyphs each time that they are
+/// drawn.
 void TextBlock::traceGlyphs(RenderCaches &caches)
 {
     gatherGlyphs();
@@ -292,7 +260,7 @@ void TextBlock::traceGlyphs(RenderCaches &caches)
     }
 }
 
-/// Glyph by glyph: one path of them all takes the rasterizer longer.
+/// Draws glyph by glyph: the rasterizer takes longer for one path of them all.
 void TextBlock::drawOutlines(QPainter &painter, RenderCaches &caches)
 {
     traceGlyphs(caches);

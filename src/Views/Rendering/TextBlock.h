@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ShownText.h"
 #include "SlideDesignModels.h"
 
 #include <QGlyphRun>
@@ -34,7 +35,7 @@ struct TextLimits
 class TextBlock
 {
 public:
-    /// The smallest factor that a slide's text is shrunk by to fit.
+    /// The factor that a slide's text is shrunk by at most.
     static constexpr double smallestFit = TextLimits().smallestFit;
 
     /// Wraps \a text at words, then inside a word that alone is too long, and shrinks it as far as
@@ -47,22 +48,26 @@ public:
     /// The factor the font is shrunk by: the limits' smallestFit to 1.
     double fit() const { return m_fit; }
 
+    /// The shown text of each line, without what ends it.
     QStringList lines() const;
 
-    /// The lines in units of their own, beginning at the left edge of the box and at the top of the
-    /// bounds. Its text is the one that is shown, see TextOffsetMap.
+    /// The lines of the shown text in units of their own, beginning at the left edge of the box and
+    /// at the top of the bounds.
     const QTextLayout &layout() const { return *m_layout; }
 
-    /// Canvas units for one of the layout's.
+    /// Between the text that was given and the one that the layout has.
+    const TextOffsetMap &offsets() const { return m_shown.offsets; }
+
+    /// The length of one unit of the layout in canvas units.
     double unit() const;
 
-    /// What the lines cover, in the box's coordinates; vertically centred in it.
+    /// What the lines cover, in the box's coordinates. Vertically centred in the box.
     QRectF bounds() const { return m_bounds; }
 
-    /// What the letters cover when they are placed exactly, in the box's coordinates.
+    /// What letters that are placed exactly cover, in the box's coordinates.
     QRectF inkBounds(RenderCaches &caches);
 
-    /// How letters of less than 64 device pixels are placed; larger ones are always exact.
+    /// How letters of less than 64 device pixels are placed. Larger ones are always placed exactly.
     enum class Placement { onWholeRows, exact };
 
     /// Draws in the painter's pen, the box's top left at the origin of its coordinates.
@@ -76,6 +81,7 @@ private:
         QPointF position;
     };
 
+    void setShown(const ShownText &shown);
     void layOut(double fit);
     bool doesFit() const;
     double unitAt(double fit) const;
@@ -89,13 +95,14 @@ private:
     TextElementProperties m_text;
     QSizeF m_box;
     TextLimits m_limits;
+    ShownText m_shown;
     std::unique_ptr<QTextLayout> m_layout;
     double m_fit = 1;
     QRectF m_bounds;
     bool m_areGathered = false;
-    QList<QGlyphRun> m_letters; ///< in faces that have outlines
-    QList<QGlyphRun> m_emoji; ///< emoji, which have none
-    QList<GlyphOutline> m_outlines; ///< of the letters, once they are needed
+    QList<QGlyphRun> m_letters;
+    QList<QGlyphRun> m_emoji; ///< in a face that has bitmaps instead of outlines
+    QList<GlyphOutline> m_outlines; ///< of the letters; empty until they are needed
     QRectF m_ink; ///< what the outlines cover, in the layout's units
 };
 

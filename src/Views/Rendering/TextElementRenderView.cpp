@@ -3,9 +3,9 @@
 #include "DeviceLayer.h"
 #include "DevicePixels.h"
 #include "GaussianBlur.h"
+#include "PaintingWorkarounds.h"
 #include "RenderCaches.h"
 #include "RoundedShapes.h"
-#include "VectorRegisters.h"
 
 #include <QColor>
 

@@ -25,21 +25,20 @@ int endOf(const QTextLayout &layout, const QTextLine &line)
 } // namespace
 
 TextLayoutGeometry::TextLayoutGeometry(TextElementProperties text, const QSizeF &size)
-    : m_text(std::move(text)), m_block(m_text, size - 2 * QSizeF(m_text.padding, m_text.padding)),
-      m_positions(m_text.text, m_block.layout().text(), m_text.uppercase)
+    : m_text(std::move(text)), m_block(m_text, size - 2 * QSizeF(m_text.padding, m_text.padding))
 {}
 
 QRectF TextLayoutGeometry::caret(qsizetype position) const
 {
     const QTextLine line = m_block.layout().lineAt(lineOf(position));
-    return toBox({line.cursorToX(int(m_positions.shown(position))) + spacingBefore(position),
+    return toBox({line.cursorToX(int(m_block.offsets().shown(position))) + spacingBefore(position),
                   line.y(), 0, heightOf(line)});
 }
 
 /// How much further spacing would lead that is left out right before \a position.
 double TextLayoutGeometry::spacingBefore(qsizetype position) const
 {
-    const qsizetype count = m_positions.leftOutBefore(position);
+    const qsizetype count = m_block.offsets().leftOutBefore(position);
     const QString leftOut = m_text.text.sliced(position - count, count);
     if (!QStringView(leftOut).trimmed().isEmpty())
         return 0;
@@ -50,8 +49,8 @@ double TextLayoutGeometry::spacingBefore(qsizetype position) const
 QList<QRectF> TextLayoutGeometry::pieces(qsizetype start, qsizetype end) const
 {
     const QTextLayout &layout = m_block.layout();
-    const int first = int(m_positions.shown(start));
-    const int last = int(m_positions.shown(end));
+    const int first = int(m_block.offsets().shown(start));
+    const int last = int(m_block.offsets().shown(end));
     QList<QRectF> pieces;
     for (int i = 0; i < layout.lineCount(); ++i) {
         const QTextLine line = layout.lineAt(i);
@@ -98,19 +97,20 @@ int TextLayoutGeometry::lineCount() const
 /// What is not laid out because there is no room for it counts to the last line.
 int TextLayoutGeometry::lineOf(qsizetype position) const
 {
-    const QTextLine line = m_block.layout().lineForTextPosition(int(m_positions.shown(position)));
+    const QTextLine line =
+        m_block.layout().lineForTextPosition(int(m_block.offsets().shown(position)));
     return line.isValid() ? line.lineNumber() : lineCount() - 1;
 }
 
 qsizetype TextLayoutGeometry::startOfLine(int line) const
 {
-    return m_positions.stored(m_block.layout().lineAt(line).textStart());
+    return m_block.offsets().stored(m_block.layout().lineAt(line).textStart());
 }
 
 qsizetype TextLayoutGeometry::endOfLine(int line) const
 {
     const QTextLayout &layout = m_block.layout();
-    return m_positions.stored(endOf(layout, layout.lineAt(line)));
+    return m_block.offsets().stored(endOf(layout, layout.lineAt(line)));
 }
 
 qsizetype TextLayoutGeometry::positionInLine(int line, double x) const
@@ -118,7 +118,7 @@ qsizetype TextLayoutGeometry::positionInLine(int line, double x) const
     const QTextLayout &layout = m_block.layout();
     const QTextLine target = layout.lineAt(line);
     const int nearest = target.xToCursor((x - m_text.padding) / m_block.unit());
-    return m_positions.stored(std::min(nearest, endOf(layout, target)));
+    return m_block.offsets().stored(std::min(nearest, endOf(layout, target)));
 }
 
 QRectF TextLayoutGeometry::toBox(const QRectF &rect) const

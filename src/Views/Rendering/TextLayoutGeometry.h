@@ -1,15 +1,14 @@
 #pragma once
 
 #include "TextBlock.h"
-#include "TextOffsetMap.h"
 
 class QTextLine;
 
 namespace quenara {
 
-/// Where the characters of a text layer stand as it is painted, for editing them there. Positions
-/// count in the stored text; points and rectangles are canvas units from the top left of the
-/// layer's box.
+/// Where the characters of a text layer are painted, so that they can be edited there. Positions
+/// are offsets into the stored text. Points and rectangles are in canvas units from the top left of
+/// the layer's box.
 class TextLayoutGeometry
 {
 public:
@@ -18,18 +17,18 @@ public:
     /// The text as it is laid out in the box without its padding.
     TextBlock &block() { return m_block; }
 
-    /// Before the character at \a position: without width, as high as its line. Goes along behind
-    /// spacing that is not painted because a line ends in it.
+    /// The caret before the character at \a position: without width, as high as the line. Behind
+    /// spacing at the end of a line, which is not painted, it stands as if that were.
     QRectF caret(qsizetype position) const;
 
-    /// What the characters from \a start up to \a end cover, at least one piece a line. A break
+    /// What the characters from \a start up to \a end cover, in one piece a line or more. A break
     /// counts as wide as a space.
     QList<QRectF> pieces(qsizetype start, qsizetype end) const;
 
     /// The position nearest to \a point.
     qsizetype positionAt(const QPointF &point) const;
 
-    // By lines as they are wrapped.
+    // Lines are counted as they are wrapped.
     int lineCount() const;
     int lineOf(qsizetype position) const;
     qsizetype startOfLine(int line) const;
@@ -44,7 +43,6 @@ private:
 
     TextElementProperties m_text;
     TextBlock m_block;
-    TextOffsetMap m_positions;
 };
 
 } // namespace quenara

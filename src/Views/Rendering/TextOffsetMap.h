@@ -1,31 +1,40 @@
 #pragma once
 
 #include <QList>
-#include <QString>
 
 namespace quenara {
 
-/// Which places of a stored text the characters of the text that is shown for it stand at. That one
-/// may be in capitals, ends its lines in separators, and leaves out what takes no place in it:
-/// spacing at the end of a line, selectors inside emoji, all after an ellipsis.
+/// Between offsets into a stored text and offsets into the text that is shown for it. The shown one
+/// may have more characters (a capital of two letters) and may leave some out: spacing at the end
+/// of a line, selectors inside emoji, all after an ellipsis.
 class TextOffsetMap
 {
 public:
-    TextOffsetMap(const QString &stored, const QString &shown, bool uppercase);
+    /// Appends \a count characters to the shown text that stand for the stored ones from \a start
+    /// up to \a end, which lie behind all that was appended before.
+    void append(qsizetype count, qsizetype start, qsizetype end);
 
-    /// Of the character at \a stored or, if that is left out, of the next one that is shown.
+    /// Sets the length of the stored text, whose end lies at the end of the shown one.
+    void setStoredLength(qsizetype length) { m_storedLength = length; }
+
+    /// The map of a shown text that ends in an ellipsis after its first \a length characters. The
+    /// ellipsis stands for the character at \a next, if there is one.
+    [[nodiscard]] TextOffsetMap truncated(qsizetype length, qsizetype next) const;
+
+    /// The shown offset of the character at \a stored or, if it is left out, of the next one shown.
     qsizetype shown(qsizetype stored) const;
 
-    /// The end of the stored text at the end of the shown one.
+    /// The stored offset of the character at \a shown.
     qsizetype stored(qsizetype shown) const;
 
-    /// How many characters right before \a stored are left out.
+    /// How many stored characters right before \a stored are left out.
     qsizetype leftOutBefore(qsizetype stored) const;
 
 private:
-    QList<qsizetype> m_origins; ///< for each character shown, its place in the stored text
-    QList<qsizetype> m_ends; ///< likewise, the place behind it
-    qsizetype m_length;
+    // For each character shown, where the stored one that it stands for begins and ends.
+    QList<qsizetype> m_starts;
+    QList<qsizetype> m_ends;
+    qsizetype m_storedLength = 0;
 };
 
 } // namespace quenara

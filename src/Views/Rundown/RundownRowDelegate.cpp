@@ -1,9 +1,9 @@
 #include "RundownRowDelegate.h"
 
 #include "Badge.h"
-#include "DevicePixels.h"
 #include "ElidedText.h"
 #include "Fonts.h"
+#include "PaintingWorkarounds.h"
 #include "RoundedShapes.h"
 #include "RundownModel.h"
 #include "SlideThumbnails.h"

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "SlideDesignModels.h"
+#include "TextOffsetMap.h"
+
+#include <QList>
+#include <QString>
+#include <QTextLayout>
+
+namespace quenara {
+
+/// Ends a text that is cut.
+inline constexpr QChar ellipsis = u'\u2026';
+
+/// A text layer's text as it is laid out.
+struct ShownText
+{
+    QString text; ///< its lines end in U+2028
+    QList<QTextLayout::FormatRange> formats; ///< of the emoji in it
+    TextOffsetMap offsets; ///< between the stored text and this one
+};
+
+/// What is shown of the text that \a properties store: in capitals if they say so, every mandatory
+/// break as a line separator, without the spacing before one, and its emoji in colour where a face
+/// for that is installed. What is an emoji unless told otherwise becomes a letter before the
+/// selector U+FE0E; what is a letter unless told otherwise (a cross, a heart, an arrow) becomes an
+/// emoji before U+FE0F. Selectors inside emoji are left out: faces know joined emoji without them.
+[[nodiscard]] ShownText shownText(const TextElementProperties &properties);
+
+/// The first \a length characters of \a shown, and an ellipsis for those that follow.
+[[nodiscard]] ShownText truncated(const ShownText &shown, qsizetype length);
+
+} // namespace quenara
