@@ -7,7 +7,6 @@ outputs.py PROGRAM WRITE_SHOW FILL_ON_KEY [STARTS]: given how many times to star
 measures its starts alone.
 """
 
-import os
 import subprocess
 import sys
 import tempfile
@@ -16,7 +15,6 @@ from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).parents[1] / "tests" / "e2e"))
 
-from processes import wait_until
 from program import DISPLAY, OPERATOR, Program
 from screen_watch import ScreenWatch
 from xserver import SCREEN_WIDTH, XServer
@@ -99,11 +97,6 @@ def report(name, presses, limit, fills):
     print(f"{name}: {len(presses)} presses, {unanswered} without another picture", flush=True)
 
 
-def processor_seconds(program):
-    fields = Path(f"/proc/{program.pid}/stat").read_text().rsplit(")", 1)[1].split()
-    return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
-
-
 def steps(server, screen, press_keys):
     """What comes of pressing keys while the screen is watched."""
     with ScreenWatch(server, strip_of(screen)) as watch:
@@ -124,7 +117,7 @@ def start_once(server, strip, *command):
         start = time.monotonic()
         with Program(server, *command) as program:
             watch.wait_for(lambda frames: len(frames) > count, "a first picture")
-            computed = processor_seconds(program)
+            computed = program.computed()
         return watch.frames()[count].time - start, computed
 
 
@@ -133,24 +126,11 @@ def resident_bytes(program):
     return 1024 * int(status.split("VmRSS:")[1].split()[0])
 
 
-def wait_until_idle(program):
-    """Waits until a program computes nothing for half a second."""
-    computed = [-1]
-
-    def is_idle():
-        before = computed[0]
-        time.sleep(0.5)
-        computed[0] = processor_seconds(program)
-        return computed[0] == before
-
-    wait_until(is_idle, "the program to rest")
-
-
 def resident_bytes_of(server, title, *command):
     """What a program holds once its window stands."""
     with Program(server, *command) as program:
         program.wait_for_window(title)
-        wait_until_idle(program)
+        program.wait_until_at_rest()
         return resident_bytes(program)
 
 
@@ -192,10 +172,10 @@ def measure_keys(server, show, screen, name, limit):
         report(f"{name}, the stage open", steps(server, screen, presses_right(PRESSES)), limit,
                fills)
         if screen == (SCREEN_WIDTH, 1080):
-            wait_until_idle(program)
-            before = processor_seconds(program)
+            program.wait_until_at_rest()
+            before = program.computed()
             time.sleep(IDLE_SECONDS)
-            used = processor_seconds(program) - before
+            used = program.computed() - before
             row("idle with both outputs open, of one core", 100 * used / IDLE_SECONDS, "%", 1)
 
 

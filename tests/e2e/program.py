@@ -1,8 +1,10 @@
 """The program under test, used as a person uses it: windows, keys, the mouse and what is seen."""
 
 import contextlib
+import os
 import re
 import tempfile
+import time
 from pathlib import Path
 
 from processes import Process, wait_until
@@ -22,7 +24,11 @@ PROJECT_NAME = (100, 52)
 PASTE_SONG = (150, 104)
 SLIDE_TITLE = (712, 384)
 
-# What the toolkit and the system's libraries keep until the end of the process is not ours to free.
+# A program that has not woken up for so many seconds has no work left: longer than any timer of its
+# that is started by what happens to it.
+AT_REST = 0.5
+
+# What Qt and the system's libraries keep until the end of the process is not ours to free.
 SANITIZER_OPTIONS = "detect_leaks=0"
 
 
@@ -72,6 +78,24 @@ class Program:
         """The exit status, once the program has ended by itself."""
         wait_until(lambda: self.status() is not None, "the program to end")
         return self.status()
+
+    def computed(self):
+        """The seconds of the processor that it has used."""
+        fields = Path(f"/proc/{self.pid}/stat").read_text().rsplit(")", 1)[1].split()
+        return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
+
+    def wait_until_at_rest(self):
+        """Waits until it has answered all that it was told, be it by doing nothing."""
+        last = [None, time.monotonic()]
+
+        def rests():
+            status = Path(f"/proc/{self.pid}/status").read_text()
+            times_woken = re.search(r"\nvoluntary_ctxt_switches:\s*(\d+)", status).group(1)
+            if times_woken != last[0]:
+                last[:] = times_woken, time.monotonic()
+            return time.monotonic() - last[1] > AT_REST
+
+        wait_until(rests, "the program to rest")
 
     def windows(self):
         """The shown windows that have a title, by X window id, managed or not."""

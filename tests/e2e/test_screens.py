@@ -65,7 +65,7 @@ class Screens(TwoScreenCase):
         program.toggle_display()
         program.wait_for_no_window(DISPLAY)
         self.server.plug_second_screen()
-        time.sleep(1)
+        program.wait_until_at_rest()
         self.see_the_operator_window(program)
 
     def test_a_display_opened_on_the_only_screen_stays_there_when_another_comes(self):
@@ -74,7 +74,7 @@ class Screens(TwoScreenCase):
         program.open_display()
         self.see_slide(0, FIRST_SCREEN)
         self.server.plug_second_screen()
-        time.sleep(1)
+        program.wait_until_at_rest()
         self.assertEqual(program.area(DISPLAY), FIRST_SCREEN)
 
     def test_a_display_whose_screen_is_unplugged_goes_to_a_third_one(self):
@@ -150,7 +150,7 @@ class Screens(TwoScreenCase):
         self.server.unplug_second_screen()
         program.wait_for_no_window(DISPLAY)
         self.server.mirror_first_screen()
-        time.sleep(1)
+        program.wait_until_at_rest()
         self.see_the_operator_window(program)
         self.server.plug_second_screen()
         self.see_slide(0)
@@ -166,6 +166,7 @@ class Screens(TwoScreenCase):
             uncovered = corner.frames()[0].picture
             for cycle in range(CYCLES):
                 self.server.unplug_second_screen()
+                # At no moment may a screen come or go at the wrong one.
                 time.sleep(chance.uniform(0, 0.3))
                 if chance.random() < 0.5:
                     program.press("Right")
