@@ -13,7 +13,7 @@ function(quenara_add_test name)
   target_link_libraries(${name} PRIVATE ${rooms} ${modules} ${TEST_LINK} Qt6::Test
                                         quenara_test_support quenara_flags)
   set_target_properties(${name} PROPERTIES AUTOMOC ON)
-  quenara_precompile_qt(${name} Gui)
+  quenara_precompile_tests(${name} ${TEST_LINK})
 
   set(platform offscreen)
   if(TEST_TWO_SCREENS)
@@ -30,4 +30,30 @@ function(quenara_add_test name)
   set_tests_properties(${name} PROPERTIES
     TIMEOUT 300
     ENVIRONMENT "QT_QPA_PLATFORM=${platform};QT_FATAL_WARNINGS=${fatalWarnings};QT_HASH_SEED=0;HOME=${home};XDG_CONFIG_HOME=${home}/config;XDG_RUNTIME_DIR=${home}/runtime;DBUS_SESSION_BUS_ADDRESS=disabled:;LC_ALL=C.UTF-8")
+endfunction()
+
+# What nearly every test includes, parsed once for those with windows and once for the others.
+function(quenara_precompile_tests target)
+  if(NOT QUENARA_PRECOMPILE)
+    return()
+  endif()
+  set(support quenara_test_support)
+  set(headers <QSignalSpy> <QTest> <TestSupport.h>)
+  if("quenara_gui_test_support" IN_LIST ARGN)
+    set(support quenara_gui_test_support)
+    list(APPEND headers <QApplication> <QPushButton> <GuiTestSupport.h>)
+  endif()
+
+  set(owner ${support}_precompiled)
+  if(NOT TARGET ${owner})
+    # A precompiled header fits only those that define the same, and Qt would have each folder's
+    # tests define its path.
+    set_property(TARGET Qt6::Test PROPERTY INTERFACE_COMPILE_DEFINITIONS QT_TESTLIB_LIB)
+    set(source ${PROJECT_BINARY_DIR}/precompiled.cpp)
+    file(CONFIGURE OUTPUT ${source} CONTENT "")
+    add_library(${owner} OBJECT ${source})
+    target_link_libraries(${owner} PRIVATE ${support} quenara_test_support quenara_flags)
+    target_precompile_headers(${owner} PRIVATE ${headers})
+  endif()
+  target_precompile_headers(${target} REUSE_FROM ${owner})
 endfunction()
