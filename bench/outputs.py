@@ -7,6 +7,7 @@ outputs.py PROGRAM WRITE_SHOW FILL_ON_KEY [STARTS]: given how many times to star
 measures its starts alone.
 """
 
+import contextlib
 import subprocess
 import sys
 import tempfile
@@ -159,13 +160,20 @@ def measure_fill(server, screen):
         return steps(server, screen, presses_right(PRESSES))
 
 
-def measure_keys(server, show, screen, name, limit):
-    server.plug_second_screen(screen)
-    fills = measure_fill(server, screen)
+@contextlib.contextmanager
+def showing(server, show):
+    """The program meanwhile, its display open with the keyboard."""
     with Program(server, EXECUTABLE, show) as program:
         program.wait_for_window(OPERATOR)
         program.open_display()
         program.focus(DISPLAY)
+        yield program
+
+
+def measure_keys(server, show, screen, name, limit):
+    server.plug_second_screen(screen)
+    fills = measure_fill(server, screen)
+    with showing(server, show) as program:
         report(name, steps(server, screen, presses_right(PRESSES)), limit, fills)
         program.open_stage()
         program.focus(DISPLAY)
@@ -183,10 +191,7 @@ def measure_photographs(server, show):
     screen = (SCREEN_WIDTH, 1080)
     server.plug_second_screen(screen)
     fills = measure_fill(server, screen)
-    with Program(server, EXECUTABLE, show) as program:
-        program.wait_for_window(OPERATOR)
-        program.open_display()
-        program.focus(DISPLAY)
+    with showing(server, show) as program:
         cold = steps(server, screen, presses_right(SLIDES - 1))
         back_and_forth = steps(server, screen, lambda watch: [
             value for _ in range(10) for key in ("Left", "Right")

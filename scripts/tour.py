@@ -4,6 +4,7 @@ Leaves a screenshot of every window in the folder and prints their paths. Opens 
 the file if one is given.
 """
 
+import contextlib
 import shutil
 import sys
 from pathlib import Path
@@ -106,13 +107,16 @@ class Tour:
         program.press("Escape")
         program.wait_for_no_window(SONG_IMPORT)
 
+    def see_stage(self, name):
+        self._program.open_stage()
+        self.shoot(STAGE, name)
+
     def hold_the_service(self):
         program = self._program
         program.focus(OPERATOR)
         program.press("Down", "Return", "Right")
         self.shoot(OPERATOR, "operator-live")
-        program.open_stage()
-        self.shoot(STAGE, "stage")
+        self.see_stage("stage")
         program.open_display()
         self.shoot(DISPLAY, "display-live")
         program.press("b")
@@ -127,30 +131,25 @@ class Tour:
             raise AssertionError(f"the program ended with status {program.status()}")
 
 
-def start(server, executable, folder, files, appearance):
-    """A tour of the program with an appearance, the program to be ended by the caller."""
-    program = Program(server, executable, *files, preferences=f"appAppearance={appearance}\n")
-    return program, Tour(server, program, folder)
+@contextlib.contextmanager
+def preparation(server, executable, folder, files, appearance, suffix):
+    """The tour of a program with an appearance, once it was seen how a service is prepared."""
+    preferences = f"appAppearance={appearance}\n"
+    with Program(server, executable, *files, preferences=preferences) as program:
+        tour = Tour(server, program, folder)
+        tour.wait_for_document(files)
+        tour.meet_start_panel(f"start-panel{suffix}", files)
+        tour.see_settings(f"settings{suffix}")
+        tour.see_operator(f"operator{suffix}")
+        tour.see_song_import(f"song-import{suffix}")
+        yield tour
 
 
 def show_around(server, executable, folder, files):
-    program, tour = start(server, executable, folder, files, "light")
-    with program:
-        tour.wait_for_document(files)
-        tour.meet_start_panel("start-panel", files)
-        tour.see_settings("settings")
-        tour.see_operator("operator")
-        tour.see_song_import("song-import")
+    with preparation(server, executable, folder, files, "light", "") as tour:
         tour.hold_the_service()
-    program, tour = start(server, executable, folder, files, "dark")
-    with program:
-        tour.wait_for_document(files)
-        tour.meet_start_panel("start-panel-dark", files)
-        tour.see_settings("settings-dark")
-        tour.see_operator("operator-dark")
-        tour.see_song_import("song-import-dark")
-        program.open_stage()
-        tour.shoot(STAGE, "stage-dark")
+    with preparation(server, executable, folder, files, "dark", "-dark") as tour:
+        tour.see_stage("stage-dark")
 
 
 def main():
