@@ -22,8 +22,8 @@ namespace quenara::bench {
 class CanvasHand
 {
 public:
-    /// The canvas is the one in \a window. \a repaint returns once everything that a step has changed
-    /// is painted.
+    /// The canvas is the one in \a window. \a repaint returns once everything that a step has
+    /// changed is painted.
     CanvasHand(WorkspaceStore &store, const QWidget &window, std::function<void()> repaint);
 
     void beginDrag() { grasp(QEvent::MouseButtonPress); }
@@ -32,8 +32,8 @@ public:
 
     /// Moves the layer one step along a circle, so that no two steps leave it in one place.
     void drag();
-    /// Types a letter, every twentieth time a line break. Every hundredth step undoes the typing, so
-    /// that the text stays short.
+    /// Types a letter, every twentieth time a line break. Every hundredth step undoes the typing,
+    /// so that the text stays short.
     void type();
 
 private:

@@ -1,5 +1,5 @@
-#include "LayerEdits.h"
 #include "ImageFile.h"
+#include "LayerEdits.h"
 #include "WorkspaceStore.h"
 
 namespace quenara {
@@ -25,9 +25,8 @@ void WorkspaceStore::addImageLayerWithPanel()
 void WorkspaceStore::setBackgroundImageWithPanel()
 {
     if (const std::optional<SlideMedia> image = imageFromPanel()) {
-        editProject([&](const WorkspaceState &state) {
-            return edits::setBackgroundImage(state, *image);
-        });
+        editProject(
+            [&](const WorkspaceState &state) { return edits::setBackgroundImage(state, *image); });
     }
 }
 

@@ -6,7 +6,6 @@ using namespace quenara::test;
 
 namespace {
 
-
 TextElementProperties sized(const QString &text, double fontSize)
 {
     TextElementProperties properties = plainText(text);
