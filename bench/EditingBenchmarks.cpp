@@ -16,7 +16,7 @@ constexpr ProjectSize manySlides{.slideCount = 10'000, .itemCount = 200};
 constexpr ProjectSize someSlides{.slideCount = 1'000, .itemCount = 20};
 constexpr double editLimit = 4e6; ///< nanoseconds, with many slides
 constexpr int editCount = 60;
-constexpr int stride = 166; ///< spreads the edited slides over the whole show
+constexpr qsizetype stride = 166; ///< spreads the edited slides over the whole show
 constexpr double heapLimit = 8.0 * 1024 * 1024;
 
 /// A store on a generated project.
@@ -63,7 +63,7 @@ double copyOfTheSlides(const ZelvoProject &project)
             std::byte *end = bytes.data();
             for (const ServiceItem &item : project.serviceItems) {
                 const std::size_t count = std::size_t(item.slides.size()) * sizeof(Slide);
-                std::memcpy(end, item.slides.constData(), count);
+                std::memcpy(end, static_cast<const void *>(item.slides.constData()), count);
                 end += count;
             }
             benchmark::DoNotOptimize(bytes.data());

@@ -92,7 +92,9 @@ Slide slideOfLayers(int count)
     slide.design.elements.clear();
     for (int i = 0; i < count; ++i) {
         SlideElement element = layer;
-        element.frame = {double(i % 20) * 90, double(i / 20) * 100, 180, 90};
+        const int column = i % 20;
+        const int row = i / 20;
+        element.frame = {column * 90.0, row * 100.0, 180, 90};
         element.text->fontSize = 24;
         element.text->text = QStringLiteral("Layer %1").arg(i);
         slide.design.elements.append(element);

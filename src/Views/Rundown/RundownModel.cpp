@@ -176,10 +176,10 @@ QVariant RundownModel::data(const QModelIndex &index, int role) const
     if (!index.isValid() || index.row() >= m_rows.size())
         return {};
     const Row &row = m_rows.at(index.row());
-    return row.slide < 0 ? itemData(itemOf(row), role) : slideData(row, role);
+    return row.slide < 0 ? sectionData(itemOf(row), role) : slideData(row, role);
 }
 
-QVariant RundownModel::itemData(const ServiceItem &item, int role) const
+QVariant RundownModel::sectionData(const ServiceItem &item, int role) const
 {
     switch (role) {
     case Qt::DisplayRole:

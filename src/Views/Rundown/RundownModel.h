@@ -64,7 +64,7 @@ private:
     QModelIndex firstWith(const std::optional<QString> &id, bool isServiceItem) const;
     const ServiceItem &itemOf(const Row &row) const;
     const Slide &slideOf(const Row &row) const;
-    QVariant itemData(const ServiceItem &item, int role) const;
+    QVariant sectionData(const ServiceItem &item, int role) const;
     QVariant slideData(const Row &row, int role) const;
     QString stateOf(const Slide &slide) const;
     Marks marks() const;
