@@ -87,7 +87,7 @@ QRawFont ScaledFontCache::font(const QRawFont &font, double scale)
 
 QRawFont unsharedFont(const QString &fileName, double pixelSize)
 {
-    return QRawFont(fileName, pixelSize, QFont::PreferNoHinting);
+    return {fileName, pixelSize, QFont::PreferNoHinting};
 }
 
 } // namespace quenara
