@@ -11,9 +11,13 @@ namespace quenara {
 
 namespace {
 
-bool isWithoutModifiers(const QKeyEvent &event)
+/// Whether a press writes where there is text to write in. Many keyboards write by a third level
+/// (AltGr), too, in which Space stays a space.
+bool isWritten(const QKeyEvent &event)
 {
-    return (event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) == Qt::NoModifier;
+    constexpr Qt::KeyboardModifiers levels =
+        Qt::ShiftModifier | Qt::KeypadModifier | Qt::GroupSwitchModifier;
+    return (event.modifiers() & ~levels) == Qt::NoModifier;
 }
 
 bool isUndoOrRedo(const QKeyEvent &event)
@@ -34,7 +38,10 @@ bool ShortcutGuard::eventFilter(QObject *watched, QEvent *event)
     case QEvent::KeyRelease: {
         const auto &release = static_cast<const QKeyEvent &>(*event);
         m_released = {release.key(), release.timestamp()};
-        return wasForClosedPopup(release);
+        const bool isOfPopup = wasForClosedPopup(release);
+        if (isOfPopup && release.key() == Qt::Key_Escape)
+            leaveMenuBar();
+        return isOfPopup;
     }
     default:
         return QObject::eventFilter(watched, event);
@@ -59,8 +66,8 @@ bool ShortcutGuard::claims(QObject &receiver, QKeyEvent &press)
         press.ignore();
         return true;
     }
-    const bool isKeyOfReceiver = isWithoutModifiers(press)
-        && (takesText(&receiver) || qobject_cast<const QMenuBar *>(&receiver));
+    const bool isKeyOfReceiver =
+        isWritten(press) && (takesText(&receiver) || qobject_cast<const QMenuBar *>(&receiver));
     if (isRepeated || isKeyOfReceiver)
         press.accept();
     return isRepeated || isKeyOfReceiver;
@@ -77,6 +84,18 @@ void ShortcutGuard::giveToPopup(QObject &receiver, QKeyEvent &press)
 bool ShortcutGuard::wasForClosedPopup(const QKeyEvent &event) const
 {
     return event.key() == m_popupKey && !QApplication::activePopupWidget();
+}
+
+/// Qt has the menu bar keep the keyboard when Escape closes a menu, even one that the mouse opened:
+/// the show would have no keys until Escape is pressed once more.
+void ShortcutGuard::leaveMenuBar()
+{
+    auto *bar = qobject_cast<QMenuBar *>(QApplication::focusWidget());
+    if (!bar)
+        return;
+    m_popupKey.reset();
+    QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    QCoreApplication::sendEvent(bar, &escape);
 }
 
 /// X servers repeat a key that is held down as a release and a press at one moment, which Qt takes

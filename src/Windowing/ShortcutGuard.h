@@ -39,6 +39,7 @@ private:
     bool claims(QObject &receiver, QKeyEvent &press);
     void giveToPopup(QObject &receiver, QKeyEvent &press);
     bool wasForClosedPopup(const QKeyEvent &event) const;
+    void leaveMenuBar();
     bool isRepeat(const QKeyEvent &press);
 
     Moment m_pressed;

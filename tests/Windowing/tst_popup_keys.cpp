@@ -264,6 +264,20 @@ private slots:
             menu->close();
     }
 
+    void escapeFromAMenuGivesTheShowItsKeysBack()
+    {
+        Service service(SlideElementKind::text);
+        QMenuBar *bar = service.operatorWindow.menuBar();
+        const qsizetype live = service.live();
+        QTest::mouseClick(bar, Qt::LeftButton, Qt::NoModifier,
+                          bar->actionGeometry(bar->actions().constFirst()).center());
+        QVERIFY(qobject_cast<QMenu *>(QApplication::activePopupWidget()));
+        service.press(Qt::Key_Escape);
+        QVERIFY(!QApplication::activePopupWidget());
+        service.press(Qt::Key_PageDown);
+        QCOMPARE(service.live(), live + 1);
+    }
+
     void aMenuBarThatHasTheKeyboardHasEveryKey_data()
     {
         QTest::addColumn<Qt::Key>("key");

@@ -80,6 +80,15 @@ private slots:
         QVERIFY(!isAccepted(field, QEvent::ShortcutOverride, Qt::Key_S, 0, Qt::ControlModifier));
     }
 
+    void aSpaceOfTheThirdLevelIsNoShortcutWhereATextTakesIt()
+    {
+        ShortcutGuard guard;
+        QLineEdit field;
+        field.installEventFilter(&guard);
+        QVERIFY(
+            isAccepted(field, QEvent::ShortcutOverride, Qt::Key_Space, 0, Qt::GroupSwitchModifier));
+    }
+
     void aKeyThatClosesAListReachesNothingElse_data()
     {
         QTest::addColumn<Qt::Key>("key");
