@@ -8,6 +8,8 @@
 #include <QList>
 #include <QString>
 
+#include <rapidjson/rapidjson.h>
+
 #include <algorithm>
 #include <array>
 #include <charconv>

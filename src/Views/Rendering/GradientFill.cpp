@@ -144,7 +144,9 @@ void GradientFill::paint(QPainter &painter, const QRectF &slide) const
     if (visible.isEmpty())
         return;
     const QRectF whole = painter.deviceTransform().mapRect(slide);
-    if (!(whole.width() < largestSide && whole.height() < largestSide)) {
+    // False for what is no number, too.
+    const bool isDrawable = whole.width() < largestSide && whole.height() < largestSide;
+    if (!isDrawable) {
         painter.save();
         useDevicePixels(painter);
         painter.fillRect(visible, start);
