@@ -287,8 +287,7 @@ static_assert(eachStandsAtItsPlace());
 constexpr bool eachIsWhole()
 {
     return std::all_of(commands.begin(), commands.end(), [](const CommandDescription &command) {
-        return !std::string_view(command.title).empty() && command.run
-            && (!command.titleWhileOn || command.isOn)
+        return !std::string_view(command.title).empty()
             && (!command.dropsDocument || command.worksOnDocument);
     });
 }

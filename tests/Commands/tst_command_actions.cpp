@@ -59,6 +59,14 @@ class TestCommandActions : public GuiTest
     Q_OBJECT
 
 private slots:
+    void everyCommandDoesSomethingAndTellsWhetherItIsOnIfItsTitleDoes()
+    {
+        for (const CommandDescription &command : commandDescriptions()) {
+            QVERIFY2(command.run, command.title);
+            QVERIFY2(!command.titleWhileOn || command.isOn, command.title);
+        }
+    }
+
     void theGuideNamesEveryKeyOnceAndNoOther()
     {
         QStringList named;
