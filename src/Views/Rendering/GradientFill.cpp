@@ -16,7 +16,8 @@ namespace quenara {
 
 namespace {
 
-/// That are prepared at once, and leave the cache only to be painted.
+/// The pixels of a band whose colours are computed together: few enough to stay in the processor's
+/// cache until the band is painted.
 constexpr int bandPixels = 16'384;
 
 /// Pixels; of a slide that is larger only one colour is seen.
