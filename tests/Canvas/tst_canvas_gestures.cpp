@@ -1,4 +1,5 @@
 #include "CanvasGestures.h"
+#include "TestMain.h"
 
 #include <QTest>
 
@@ -213,5 +214,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestCanvasGestures)
+QUENARA_TEST_MAIN(TestCanvasGestures)
 #include "tst_canvas_gestures.moc"

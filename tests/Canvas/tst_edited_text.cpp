@@ -1,4 +1,5 @@
 #include "EditedText.h"
+#include "TestMain.h"
 
 #include <QTest>
 
@@ -224,5 +225,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestEditedText)
+QUENARA_TEST_MAIN(TestEditedText)
 #include "tst_edited_text.moc"

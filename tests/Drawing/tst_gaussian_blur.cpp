@@ -1,4 +1,5 @@
 #include "GaussianBlur.h"
+#include "TestMain.h"
 
 #include <QTest>
 
@@ -118,5 +119,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(TestGaussianBlur)
+QUENARA_TEST_MAIN(TestGaussianBlur)
 #include "tst_gaussian_blur.moc"

@@ -2,7 +2,7 @@
 
 #include "InterfaceStyle.h"
 #include "SlideRendererView.h"
-#include "TestFailure.h"
+#include "TestMain.h"
 #include "Widgets.h"
 
 #include <QApplication>
@@ -62,6 +62,5 @@ SlideMedia solidImage(const QSize &size, const QColor &color);
     {                                                                                              \
         QApplication application(argc, argv);                                                      \
         quenara::test::setUpApplication();                                                         \
-        quenara::test::EndingAlone<TestClass> test;                                                \
-        return QTest::qExec(&test, argc, argv);                                                    \
+        return quenara::test::runTest<TestClass>(argc, argv);                                      \
     }

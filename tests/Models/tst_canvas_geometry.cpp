@@ -1,4 +1,5 @@
 #include "CanvasGeometry.h"
+#include "TestMain.h"
 
 #include <QTest>
 
@@ -58,5 +59,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(TestCanvasGeometry)
+QUENARA_TEST_MAIN(TestCanvasGeometry)
 #include "tst_canvas_geometry.moc"

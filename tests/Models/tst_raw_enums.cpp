@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "WorkspaceState.h"
 
 #include <QStringList>
@@ -107,5 +108,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(TestRawEnums)
+QUENARA_TEST_MAIN(TestRawEnums)
 #include "tst_raw_enums.moc"

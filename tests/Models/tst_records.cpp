@@ -1,4 +1,5 @@
 #include "Records.h"
+#include "TestMain.h"
 #include "WorkspaceState.h"
 
 #include <QSet>
@@ -174,5 +175,5 @@ private:
     }
 };
 
-QTEST_APPLESS_MAIN(TestRecords)
+QUENARA_TEST_MAIN(TestRecords)
 #include "tst_records.moc"

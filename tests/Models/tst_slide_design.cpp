@@ -1,6 +1,7 @@
 #include "Identifier.h"
 #include "ProjectModels.h"
 #include "Records.h"
+#include "TestMain.h"
 
 #include <QRegularExpression>
 #include <QSet>
@@ -201,5 +202,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(TestSlideDesign)
+QUENARA_TEST_MAIN(TestSlideDesign)
 #include "tst_slide_design.moc"

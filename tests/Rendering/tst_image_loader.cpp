@@ -1,4 +1,5 @@
 #include "Images.h"
+#include "TestMain.h"
 #include "ZelvoImageLoader.h"
 
 #include <QDir>
@@ -313,5 +314,5 @@ private:
     QTemporaryDir m_folder;
 };
 
-QTEST_GUILESS_MAIN(TestImageLoader)
+QUENARA_TEST_MAIN(TestImageLoader)
 #include "tst_image_loader.moc"

@@ -2,6 +2,7 @@
 #include "Documents.h"
 #include "ProjectTemplates.h"
 #include "Records.h"
+#include "TestMain.h"
 #include "TestSupport.h"
 
 #include <QTest>
@@ -218,5 +219,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(TestDetachedMedia)
+QUENARA_TEST_MAIN(TestDetachedMedia)
 #include "tst_detached_media.moc"

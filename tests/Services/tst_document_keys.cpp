@@ -1,5 +1,6 @@
 #include "Documents.h"
 #include "Records.h"
+#include "TestMain.h"
 #include "TestSupport.h"
 
 #include <QJsonArray>
@@ -294,5 +295,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(TestDocumentKeys)
+QUENARA_TEST_MAIN(TestDocumentKeys)
 #include "tst_document_keys.moc"

@@ -1,4 +1,5 @@
 #include "FilePanels.h"
+#include "TestMain.h"
 
 #include <QTest>
 
@@ -73,5 +74,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(TestFilePanels)
+QUENARA_TEST_MAIN(TestFilePanels)
 #include "tst_file_panels.moc"

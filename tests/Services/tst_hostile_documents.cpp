@@ -1,5 +1,6 @@
 #include "Documents.h"
 #include "Records.h"
+#include "TestMain.h"
 #include "TestSupport.h"
 
 #include <QJsonDocument>
@@ -333,5 +334,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(TestHostileDocuments)
+QUENARA_TEST_MAIN(TestHostileDocuments)
 #include "tst_hostile_documents.moc"

@@ -1,6 +1,7 @@
 #include "ChildProcess.h"
 #include "ImageFile.h"
 #include "Images.h"
+#include "TestMain.h"
 #include "TestSupport.h"
 
 #include <QDir>
@@ -167,5 +168,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestImageFile)
+QUENARA_TEST_MAIN(TestImageFile)
 #include "tst_image_file.moc"

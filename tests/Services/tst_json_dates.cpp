@@ -1,4 +1,5 @@
 #include "JsonDates.h"
+#include "TestMain.h"
 
 #include <QTest>
 
@@ -84,5 +85,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(TestJsonDates)
+QUENARA_TEST_MAIN(TestJsonDates)
 #include "tst_json_dates.moc"

@@ -1,6 +1,7 @@
 #include "Documents.h"
 #include "ProjectFileError.h"
 #include "ProjectFileService.h"
+#include "TestMain.h"
 #include "TestSupport.h"
 
 #include <QDir>
@@ -160,5 +161,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(TestOpenedDocuments)
+QUENARA_TEST_MAIN(TestOpenedDocuments)
 #include "tst_opened_documents.moc"

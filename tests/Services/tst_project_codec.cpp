@@ -1,6 +1,7 @@
 #include "Documents.h"
 #include "ProjectTemplates.h"
 #include "Records.h"
+#include "TestMain.h"
 #include "TestSupport.h"
 
 #include <QJsonDocument>
@@ -347,5 +348,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(TestProjectCodec)
+QUENARA_TEST_MAIN(TestProjectCodec)
 #include "tst_project_codec.moc"

@@ -1,6 +1,7 @@
 #include "ProjectFileService.h"
 #include "ProjectNormalizer.h"
 #include "ProjectTemplates.h"
+#include "TestMain.h"
 #include "TestSupport.h"
 
 #include <QDir>
@@ -239,5 +240,5 @@ private:
     QTemporaryDir m_folder;
 };
 
-QTEST_GUILESS_MAIN(TestProjectFileService)
+QUENARA_TEST_MAIN(TestProjectFileService)
 #include "tst_project_file_service.moc"

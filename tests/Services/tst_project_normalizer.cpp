@@ -1,6 +1,7 @@
 #include "ProjectNormalizer.h"
 #include "ProjectTemplates.h"
 #include "Records.h"
+#include "TestMain.h"
 #include "TestSupport.h"
 
 #include <QTest>
@@ -393,5 +394,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(TestProjectNormalizer)
+QUENARA_TEST_MAIN(TestProjectNormalizer)
 #include "tst_project_normalizer.moc"

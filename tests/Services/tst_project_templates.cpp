@@ -1,5 +1,6 @@
 #include "ProjectTemplates.h"
 #include "Records.h"
+#include "TestMain.h"
 
 #include <QSet>
 #include <QTest>
@@ -338,5 +339,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(TestProjectTemplates)
+QUENARA_TEST_MAIN(TestProjectTemplates)
 #include "tst_project_templates.moc"

@@ -3,6 +3,7 @@
 #include "ProjectNormalizer.h"
 #include "RandomProject.h"
 #include "Records.h"
+#include "TestMain.h"
 #include "TestSupport.h"
 
 #include <QHash>
@@ -246,5 +247,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(TestRandomDocuments)
+QUENARA_TEST_MAIN(TestRandomDocuments)
 #include "tst_random_documents.moc"

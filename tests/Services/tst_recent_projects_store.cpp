@@ -1,4 +1,5 @@
 #include "RecentProjectsStore.h"
+#include "TestMain.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -153,5 +154,5 @@ private:
     QSettings m_preferences{m_folder.filePath(u"preferences.ini"_s), QSettings::IniFormat};
 };
 
-QTEST_GUILESS_MAIN(TestRecentProjectsStore)
+QUENARA_TEST_MAIN(TestRecentProjectsStore)
 #include "tst_recent_projects_store.moc"

@@ -2,6 +2,7 @@
 #include "FileReplacement.h"
 #include "ProjectFileService.h"
 #include "ProjectTemplates.h"
+#include "TestMain.h"
 #include "TestSupport.h"
 #include "UnnamedFiles.h"
 
@@ -367,5 +368,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestSaving)
+QUENARA_TEST_MAIN(TestSaving)
 #include "tst_saving.moc"

@@ -1,4 +1,5 @@
 #include "FileReplacement.h"
+#include "TestMain.h"
 #include "UnnamedFiles.h"
 
 #include <QDir>
@@ -234,5 +235,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestSavingToDisk)
+QUENARA_TEST_MAIN(TestSavingToDisk)
 #include "tst_saving_to_disk.moc"

@@ -1,6 +1,7 @@
 #include "ProjectTemplates.h"
 #include "Records.h"
 #include "SongImportService.h"
+#include "TestMain.h"
 #include "TestSupport.h"
 
 #include <QRandomGenerator>
@@ -368,5 +369,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(TestSongImport)
+QUENARA_TEST_MAIN(TestSongImport)
 #include "tst_song_import.moc"

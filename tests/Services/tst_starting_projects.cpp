@@ -2,6 +2,7 @@
 #include "ProjectTemplates.h"
 #include "Records.h"
 #include "Show.h"
+#include "TestMain.h"
 #include "TestSupport.h"
 
 #include <QSet>
@@ -214,5 +215,5 @@ private:
     }
 };
 
-QTEST_APPLESS_MAIN(TestStartingProjects)
+QUENARA_TEST_MAIN(TestStartingProjects)
 #include "tst_starting_projects.moc"

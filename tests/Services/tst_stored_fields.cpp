@@ -1,4 +1,5 @@
 #include "JsonReader.h"
+#include "TestMain.h"
 
 #include <QTest>
 
@@ -140,5 +141,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(TestStoredFields)
+QUENARA_TEST_MAIN(TestStoredFields)
 #include "tst_stored_fields.moc"

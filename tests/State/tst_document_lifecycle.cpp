@@ -2,6 +2,7 @@
 #include "ProjectNormalizer.h"
 #include "ProjectTemplates.h"
 #include "Records.h"
+#include "TestMain.h"
 #include "TestSupport.h"
 #include "WorkedOn.h"
 
@@ -293,5 +294,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestDocumentLifecycle)
+QUENARA_TEST_MAIN(TestDocumentLifecycle)
 #include "tst_document_lifecycle.moc"

@@ -1,6 +1,7 @@
 #include "ChildProcess.h"
 #include "Documents.h"
 #include "ProjectFileError.h"
+#include "TestMain.h"
 #include "TestSupport.h"
 #include "WorkedOn.h"
 
@@ -276,5 +277,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestFailedDocuments)
+QUENARA_TEST_MAIN(TestFailedDocuments)
 #include "tst_failed_documents.moc"

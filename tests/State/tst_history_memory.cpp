@@ -1,5 +1,6 @@
 #include "ProjectGenerator.h"
 #include "Show.h"
+#include "TestMain.h"
 #include "TestSupport.h"
 
 #include <QTest>
@@ -71,5 +72,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestHistoryMemory)
+QUENARA_TEST_MAIN(TestHistoryMemory)
 #include "tst_history_memory.moc"

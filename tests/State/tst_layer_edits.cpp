@@ -1,6 +1,7 @@
 #include "ChildProcess.h"
 #include "Images.h"
 #include "ProjectNormalizer.h"
+#include "TestMain.h"
 #include "TestSupport.h"
 
 #include <QDir>
@@ -511,5 +512,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(TestLayerEdits)
+QUENARA_TEST_MAIN(TestLayerEdits)
 #include "tst_layer_edits.moc"

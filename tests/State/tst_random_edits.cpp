@@ -2,6 +2,7 @@
 #include "ProjectNormalizer.h"
 #include "RandomProject.h"
 #include "Show.h"
+#include "TestMain.h"
 #include "TestSupport.h"
 
 #include <QHash>
@@ -150,5 +151,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestRandomEdits)
+QUENARA_TEST_MAIN(TestRandomEdits)
 #include "tst_random_edits.moc"

@@ -2,6 +2,7 @@
 #include "ProjectNormalizer.h"
 #include "ProjectTemplates.h"
 #include "Show.h"
+#include "TestMain.h"
 #include "TestSupport.h"
 
 #include <QRandomGenerator>
@@ -566,5 +567,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestRandomSequences)
+QUENARA_TEST_MAIN(TestRandomSequences)
 #include "tst_random_sequences.moc"

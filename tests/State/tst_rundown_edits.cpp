@@ -4,6 +4,7 @@
 #include "RundownEdits.h"
 #include "Show.h"
 #include "SongImportService.h"
+#include "TestMain.h"
 #include "TestSupport.h"
 
 #include <QRegularExpression>
@@ -552,5 +553,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestRundownEdits)
+QUENARA_TEST_MAIN(TestRundownEdits)
 #include "tst_rundown_edits.moc"

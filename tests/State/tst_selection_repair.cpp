@@ -1,4 +1,5 @@
 #include "SelectionEdits.h"
+#include "TestMain.h"
 #include "TestSupport.h"
 
 #include <QTest>
@@ -92,5 +93,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(TestSelectionRepair)
+QUENARA_TEST_MAIN(TestSelectionRepair)
 #include "tst_selection_repair.moc"

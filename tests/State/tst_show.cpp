@@ -1,4 +1,5 @@
 #include "Show.h"
+#include "TestMain.h"
 #include "TestSupport.h"
 
 #include <QTest>
@@ -120,5 +121,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(TestShow)
+QUENARA_TEST_MAIN(TestShow)
 #include "tst_show.moc"

@@ -1,4 +1,5 @@
 #include "StageTexts.h"
+#include "TestMain.h"
 #include "TestSupport.h"
 
 #include <QTest>
@@ -133,5 +134,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(TestStageTexts)
+QUENARA_TEST_MAIN(TestStageTexts)
 #include "tst_stage_texts.moc"

@@ -1,4 +1,5 @@
 #include "Records.h"
+#include "TestMain.h"
 #include "TestSupport.h"
 
 #include <QTest>
@@ -188,5 +189,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestStorageSharing)
+QUENARA_TEST_MAIN(TestStorageSharing)
 #include "tst_storage_sharing.moc"

@@ -1,6 +1,7 @@
 #include "NotificationLog.h"
 #include "ProjectNormalizer.h"
 #include "Show.h"
+#include "TestMain.h"
 #include "TestSupport.h"
 
 #include <QMetaMethod>
@@ -280,5 +281,5 @@ private:
     }
 };
 
-QTEST_GUILESS_MAIN(TestStoreNotifications)
+QUENARA_TEST_MAIN(TestStoreNotifications)
 #include "tst_store_notifications.moc"

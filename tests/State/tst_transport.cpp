@@ -1,5 +1,6 @@
 #include "ProjectTemplates.h"
 #include "Show.h"
+#include "TestMain.h"
 #include "TestSupport.h"
 
 #include <QTest>
@@ -344,5 +345,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestTransport)
+QUENARA_TEST_MAIN(TestTransport)
 #include "tst_transport.moc"

@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "UndoRedoStore.h"
 
 #include <QTest>
@@ -142,5 +143,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(TestUndoRedoStore)
+QUENARA_TEST_MAIN(TestUndoRedoStore)
 #include "tst_undo_redo_store.moc"

@@ -1,5 +1,6 @@
 #include "AppAppearance.h"
 #include "InterfaceStyle.h"
+#include "TestMain.h"
 #include "ZelvoTheme.h"
 
 #include <QPalette>
@@ -134,5 +135,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(TestZelvoTheme)
+QUENARA_TEST_MAIN(TestZelvoTheme)
 #include "tst_zelvo_theme.moc"

@@ -1,5 +1,6 @@
 #include "HexDigits.h"
 #include "RGBAColor.h"
+#include "TestMain.h"
 
 #include <QColor>
 #include <QTest>
@@ -165,5 +166,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(TestRGBAColor)
+QUENARA_TEST_MAIN(TestRGBAColor)
 #include "tst_rgba_color.moc"

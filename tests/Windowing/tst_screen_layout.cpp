@@ -1,4 +1,5 @@
 #include "ScreenLayout.h"
+#include "TestMain.h"
 
 #include <QTest>
 
@@ -82,5 +83,5 @@ private slots:
     }
 };
 
-QTEST_APPLESS_MAIN(TestScreenLayout)
+QUENARA_TEST_MAIN(TestScreenLayout)
 #include "tst_screen_layout.moc"

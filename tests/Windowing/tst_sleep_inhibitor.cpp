@@ -1,5 +1,6 @@
 #include "DesktopServices.h"
 #include "SleepInhibitor.h"
+#include "TestMain.h"
 
 #include <QTest>
 
@@ -120,5 +121,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestSleepInhibitor)
+QUENARA_TEST_MAIN(TestSleepInhibitor)
 #include "tst_sleep_inhibitor.moc"

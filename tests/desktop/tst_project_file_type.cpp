@@ -1,4 +1,5 @@
 #include "ProjectFileService.h"
+#include "TestMain.h"
 #include "TestSupport.h"
 
 #include <QFile>
@@ -101,6 +102,6 @@ void ProjectFileType::anIconRendersAtEverySize()
 
 } // namespace
 
-QTEST_GUILESS_MAIN(ProjectFileType)
+QUENARA_TEST_MAIN(ProjectFileType)
 
 #include "tst_project_file_type.moc"
