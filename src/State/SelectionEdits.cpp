@@ -107,6 +107,12 @@ WorkspaceState toggleOutputMode(WorkspaceState state, OutputMode mode)
     return state;
 }
 
+bool isSameSelection(const WorkspaceState &a, const WorkspaceState &b)
+{
+    return a.selectedServiceItemID == b.selectedServiceItemID
+        && a.selectedSlideID == b.selectedSlideID && a.selectedElementID == b.selectedElementID;
+}
+
 WorkspaceState repairSelection(WorkspaceState state)
 {
     const ZelvoProject &project = std::as_const(state.project);

@@ -35,6 +35,9 @@ namespace quenara::edits {
 /// \a mode, or live if it is on already. The live slide stays.
 [[nodiscard]] WorkspaceState toggleOutputMode(WorkspaceState state, OutputMode mode);
 
+/// Whether the same item, slide and layer are selected in both.
+[[nodiscard]] bool isSameSelection(const WorkspaceState &a, const WorkspaceState &b);
+
 /// Makes every id point at something that exists: an unknown selected slide becomes the first one,
 /// an unknown queued or live slide the selected one, an unknown layer the selected slide's first.
 [[nodiscard]] WorkspaceState repairSelection(WorkspaceState state);

@@ -59,6 +59,8 @@ std::optional<Slide> WorkspaceStore::slideWithID(const std::optional<QString> &i
 
 void WorkspaceStore::publish(WorkspaceState state)
 {
+    if (!edits::isSameSelection(m_state, state))
+        m_gesture.reset();
     publish(std::move(state), m_undoStore);
 }
 
@@ -68,11 +70,6 @@ void WorkspaceStore::publish(WorkspaceState state, UndoRedoStore history)
     state.canRedo = !history.redoStack().isEmpty();
     const WorkspaceState before = std::exchange(m_state, std::move(state));
     m_undoStore = std::move(history);
-    const bool isSelectionKept = before.selectedServiceItemID == m_state.selectedServiceItemID
-        && before.selectedSlideID == m_state.selectedSlideID
-        && before.selectedElementID == m_state.selectedElementID;
-    if (!isSelectionKept)
-        m_gesture.reset();
 
     // What differs is settled before the first signal: a slot may call another operation.
     QList<void (WorkspaceStore::*)()> signalsToEmit;

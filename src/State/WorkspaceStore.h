@@ -89,7 +89,8 @@ public:
     ///
     /// There is one at a time. What ends it: another one; undo and redo; any other edit, which is a
     /// step of its own; a document loaded or saved, though not a failure to; a change of the
-    /// selected item, slide or layer. The id of an ended gesture does nothing.
+    /// selected item, slide or layer, unless an update merely repairs what a step of the show has
+    /// left selected. The id of an ended gesture does nothing.
     GestureID beginGesture();
     void endGesture(GestureID gesture);
     /// Puts the project, the history and hasUnsavedChanges back to what they were before it.

@@ -25,6 +25,10 @@ void WorkspaceStore::editProject(const Edit &edit, UndoStep step)
         history.registerSnapshot(m_gesture ? m_gesture->project : m_state.project);
         edited->hasUnsavedChanges = true;
     }
+    // A step of the show leaves ids behind that any edit repairs: the operator selects nothing
+    // else.
+    if (m_gesture && !edits::isSameSelection(edits::repairSelection(m_state), *edited))
+        m_gesture.reset();
     publish(*std::move(edited), std::move(history));
 }
 

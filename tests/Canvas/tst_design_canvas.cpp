@@ -156,6 +156,23 @@ private slots:
         QVERIFY(!c.store.canUndo());
     }
 
+    void aDragOnASlideThatTheShowHasSteppedToIsOneStepToo()
+    {
+        DesignCanvas c(showOf({1, 1}));
+        c.store.nextLive();
+        const QString layer = QStringLiteral("B1.lyric");
+        const CanvasFrame before = c.layer(layer).frame;
+        const QPoint from = c.middleOf(layer);
+        const QPoint travel(60, 25);
+        c.drag(from, from + travel);
+        const CanvasFrame expected =
+            before.offsetBy(travel.x() / c.scale(), travel.y() / c.scale());
+        QVERIFY(distance(c.layer(layer).frame, expected) < exact);
+        c.store.undo();
+        QCOMPARE(c.layer(layer).frame, before);
+        QVERIFY(!c.store.canUndo());
+    }
+
     void aDragBeginsAfterTwoPoints()
     {
         DesignCanvas c(shapes());

@@ -530,6 +530,18 @@ private slots:
         QCOMPARE(inspector.field(u"Name"_s).text(), u"First"_s);
     }
 
+    void typingOnASlideThatTheShowHasSteppedToIsOneUndoStepToo()
+    {
+        Inspector inspector(showOf({1, 1}));
+        inspector.store.nextLive();
+        const QString before = inspector.slide().title;
+        inspector.type(u"Title"_s, u"Second"_s);
+        QCOMPARE(inspector.slide().title, u"Second"_s);
+        QCOMPARE(inspector.undoSteps(), 1);
+        inspector.store.undo();
+        QCOMPARE(inspector.slide().title, before);
+    }
+
     void everyKeyPressInATextIsInTheStoreAtOnce()
     {
         const Inspector inspector;

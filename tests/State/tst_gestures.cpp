@@ -1,5 +1,6 @@
 #include "EveryEdit.h"
 #include "NotificationLog.h"
+#include "TestMain.h"
 #include "TestSupport.h"
 
 #include <QRandomGenerator>
@@ -387,6 +388,25 @@ private slots:
         QCOMPARE(undoNamesOf(world), (QStringList{u"A Show"_s, u"One"_s, u"Two"_s}));
     }
 
+    void aSelectionThatAnUpdateRepairsLeavesTheGestureOpen_data() { addUpdates(); }
+    void aSelectionThatAnUpdateRepairsLeavesTheGestureOpen()
+    {
+        QFETCH(Operation, update);
+        for (const auto &layer : {u"A1.lyric"_s, u"B1.lyric"_s}) {
+            World world(showOf({1, 1}));
+            world.store.nextLive();
+            world.store.selectElement(layer);
+            QCOMPARE(world.store.selectedServiceItemID(), u"A"_s);
+            const GestureID gesture = world.store.beginGesture();
+            rename(world, u"Typed"_s);
+            QCOMPARE(world.store.selectedServiceItemID(), u"B"_s);
+            QCOMPARE(world.store.selectedElementID(), u"B1.lyric"_s);
+            update(world);
+            QVERIFY(world.store.isGestureOpen(gesture));
+            QCOMPARE(undoNamesOf(world), QStringList{u"A Show"_s});
+        }
+    }
+
     void undoWithinAGestureGoesBackToItsBeginning()
     {
         SavedWorld world;
@@ -619,5 +639,5 @@ private:
     }
 };
 
-QTEST_GUILESS_MAIN(TestGestures)
+QUENARA_TEST_MAIN(TestGestures)
 #include "tst_gestures.moc"
