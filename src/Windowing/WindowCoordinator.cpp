@@ -43,6 +43,7 @@ void WindowCoordinator::adopt(Output &output, OutputWindow *window)
     output.window.reset(window);
     output.closeObserver.reset(
         new WindowCloseObserver(window, [this, &output] { release(output); }));
+    emit windowMade(window);
     if (!std::exchange(output.isOpen, true))
         emit(this->*output.openChanged)();
 }

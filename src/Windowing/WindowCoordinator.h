@@ -58,6 +58,8 @@ public:
     OutputWindow *stageWindow() const { return m_stage.window.get(); }
 
 signals:
+    /// Tells of each new window, also of one that takes the place of another.
+    void windowMade(OutputWindow *window);
     void isDisplayWindowOpenChanged();
     void isStageWindowOpenChanged();
 

@@ -54,13 +54,10 @@ constexpr auto menus = std::to_array<MenuDescription>({
 
 ZelvoCommands::ZelvoCommands(WorkspaceStore &store, CommandActions &commands,
                              WindowCoordinator &windows, QObject *parent)
-    : QObject(parent), m_store(store), m_commands(commands), m_windows(windows)
+    : QObject(parent), m_store(store), m_commands(commands)
 {
-    connect(&windows, &WindowCoordinator::isDisplayWindowOpenChanged, this,
-            &ZelvoCommands::addToOutputWindows);
-    connect(&windows, &WindowCoordinator::isStageWindowOpenChanged, this,
-            &ZelvoCommands::addToOutputWindows);
-    addToOutputWindows();
+    connect(&windows, &WindowCoordinator::windowMade, this,
+            [this](OutputWindow *window) { addTo(*window); });
 }
 
 void ZelvoCommands::fill(QMenuBar &menuBar) const
@@ -83,15 +80,6 @@ void ZelvoCommands::addTo(QWidget &window) const
 {
     for (const CommandDescription &description : commandDescriptions())
         window.addAction(m_commands.action(description.command));
-}
-
-void ZelvoCommands::addToOutputWindows() const
-{
-    for (QWidget *window :
-         std::initializer_list<QWidget *>{m_windows.displayWindow(), m_windows.stageWindow()}) {
-        if (window)
-            addTo(*window);
-    }
 }
 
 } // namespace quenara

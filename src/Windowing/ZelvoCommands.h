@@ -18,6 +18,7 @@ class ZelvoCommands : public QObject
     Q_OBJECT
 
 public:
+    /// Adds itself to each window that \a windows makes from now on.
     ZelvoCommands(WorkspaceStore &store, CommandActions &commands, WindowCoordinator &windows,
                   QObject *parent = nullptr);
 
@@ -26,11 +27,8 @@ public:
     void addTo(QWidget &window) const;
 
 private:
-    void addToOutputWindows() const;
-
     WorkspaceStore &m_store;
     CommandActions &m_commands;
-    WindowCoordinator &m_windows;
 };
 
 } // namespace quenara

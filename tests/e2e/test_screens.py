@@ -85,6 +85,16 @@ class Screens(TwoScreenCase):
         self.see_slide(0, THIRD_SCREEN)
         self.assertEqual(program.area(DISPLAY), THIRD_SCREEN)
 
+    def test_a_display_that_has_gone_to_another_screen_keeps_the_keys_of_the_show(self):
+        self.server.plug_third_screen()
+        self.addCleanup(self.server.unplug_third_screen)
+        program = self.start_showing()
+        self.server.unplug_second_screen()
+        self.see_slide(0, THIRD_SCREEN)
+        program.focus(DISPLAY)
+        program.press("Right")
+        self.see_slide(1, THIRD_SCREEN)
+
     def test_a_display_stays_on_its_screen_when_the_operators_goes_and_comes_back(self):
         program = self.start_showing()
         self.addCleanup(self.server.plug_first_screen)
