@@ -49,14 +49,19 @@ bool CommandActions::isOn(Command command) const
     return descriptionOf(command).isOn(store(), outputs());
 }
 
+/// The keys of an output window, which takes part in the service while a dialog on the operator's
+/// window is open, leave the document alone until the dialog is answered.
+bool CommandActions::isRefused(Command command, const QWidget *sheet)
+{
+    const QWidget *dialog = QApplication::activeModalWidget();
+    return descriptionOf(command).worksOnDocument && dialog && dialog != sheet;
+}
+
 void CommandActions::perform(Command command, const QWidget *sheet)
 {
-    const CommandDescription &description = descriptionOf(command);
-    // The keys of an output window, which takes part in the service while a dialog on the
-    // operator's window is open, leave the document alone until the dialog is answered.
-    const QWidget *dialog = QApplication::activeModalWidget();
-    if (description.worksOnDocument && dialog && dialog != sheet)
+    if (isRefused(command, sheet))
         return;
+    const CommandDescription &description = descriptionOf(command);
     const QPointer<QWidget> field = endTyping();
     if (description.dropsDocument) {
         replaceDocument([&] { description.run(*this); });
@@ -65,6 +70,14 @@ void CommandActions::perform(Command command, const QWidget *sheet)
     }
     if (field && description.continuesTyping)
         field->setFocus(Qt::OtherFocusReason);
+}
+
+void CommandActions::selectAndPerform(const std::function<void()> &select, Command command) const
+{
+    if (isRefused(command, nullptr))
+        return;
+    select();
+    action(command)->trigger();
 }
 
 void CommandActions::openProject(const QUrl &url)

@@ -43,6 +43,10 @@ public:
     /// does: no other dialog that stands open lets a command work on the document.
     void perform(Command command, const QWidget *sheet = nullptr);
 
+    /// Has \a select choose what the command works on, then triggers its action. Does neither if a
+    /// dialog keeps the command from the document.
+    void selectAndPerform(const std::function<void()> &select, Command command) const;
+
     /// Opens a project that the operator picked from a list, in place of the present one.
     void openProject(const QUrl &url);
 
@@ -59,6 +63,7 @@ signals:
 
 private:
     QAction *makeAction(const CommandDescription &description);
+    static bool isRefused(Command command, const QWidget *sheet);
     void replaceDocument(const std::function<void()> &replace);
     void showState();
 

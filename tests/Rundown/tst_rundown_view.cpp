@@ -7,6 +7,7 @@
 #include "RundownView.h"
 
 #include <QAccessible>
+#include <QDialog>
 #include <QHelpEvent>
 #include <QMenu>
 #include <QScrollBar>
@@ -60,23 +61,36 @@ bool isInSight(const Rundown &op, const QModelIndex &index)
     return index.isValid() && op.list->viewport()->rect().contains(op.list->visualRect(index));
 }
 
-/// Chooses from the context menu of a row.
-void chooseFromMenu(const Rundown &op, const QModelIndex &index, const QString &title)
+/// Opens the context menu of a row.
+QMenu &openMenu(const Rundown &op, const QModelIndex &index,
+                const Caller &caller = Caller::current())
 {
     const QPoint place = op.middleOf(index);
     QContextMenuEvent event(QContextMenuEvent::Mouse, place,
                             op.list->viewport()->mapToGlobal(place));
     QApplication::sendEvent(op.list->viewport(), &event);
     auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
-    QVERIFY(menu);
-    for (QAction *action : menu->actions()) {
+    if (!menu)
+        fail(QStringLiteral("no menu opens"), caller);
+    return *menu;
+}
+
+void choose(QMenu &menu, const QString &title, const Caller &caller = Caller::current())
+{
+    for (QAction *action : menu.actions()) {
         if (action->text() == title) {
-            QTest::mouseClick(menu, Qt::LeftButton, Qt::NoModifier,
-                              menu->actionGeometry(action).center());
-            return;
+            return QTest::mouseClick(&menu, Qt::LeftButton, Qt::NoModifier,
+                                     menu.actionGeometry(action).center());
         }
     }
-    QFAIL(qPrintable(title));
+    fail(QStringLiteral("there is no \"%1\" in the menu").arg(title), caller);
+}
+
+/// Chooses from the context menu of a row.
+void chooseFromMenu(const Rundown &op, const QModelIndex &index, const QString &title,
+                    const Caller &caller = Caller::current())
+{
+    choose(openMenu(op, index, caller), title, caller);
 }
 
 QString tooltipOver(const Rundown &op, const QModelIndex &index)
@@ -281,6 +295,49 @@ private slots:
         QCOMPARE(op.store.project().serviceItems.at(2).id, QStringLiteral("B"));
         press(op.view, QStringLiteral("Move section up"), 2);
         QCOMPARE(op.store.project().serviceItems.at(1).id, QStringLiteral("B"));
+    }
+
+    void whileADialogAsksASectionsButtonsChangeNothing_data()
+    {
+        QTest::addColumn<QString>("button");
+        QTest::newRow("up") << QStringLiteral("Move section up");
+        QTest::newRow("down") << QStringLiteral("Move section down");
+    }
+
+    void whileADialogAsksASectionsButtonsChangeNothing()
+    {
+        QFETCH(QString, button);
+        Rundown op(showOf({1, 1, 1}));
+        QDialog question(&op.view);
+        question.open();
+        const Snapshot before = snapshotOf(op.store);
+        // By assistive technology, as a click does not reach what lies behind a dialog.
+        QAbstractButton *pressed = shownButtons(op.view, button).at(1);
+        QAccessible::queryAccessibleInterface(pressed)->actionInterface()->doAction(
+            QAccessibleActionInterface::pressAction());
+        QVERIFY(snapshotOf(op.store) == before);
+        question.close();
+        press(op.view, button, 1);
+        QVERIFY(op.store.project() != before.state.project);
+    }
+
+    void whileADialogAsksTheContextMenuChangesNothing_data()
+    {
+        QTest::addColumn<QString>("item");
+        QTest::newRow("duplicating") << QStringLiteral("Duplicate");
+        QTest::newRow("deleting") << QStringLiteral("Delete");
+    }
+
+    void whileADialogAsksTheContextMenuChangesNothing()
+    {
+        QFETCH(QString, item);
+        Rundown op(showOf({2, 3}));
+        QMenu &menu = openMenu(op, rowOfSlide(op, QStringLiteral("B1")));
+        QDialog question(&op.view);
+        question.open();
+        const Snapshot before = snapshotOf(op.store);
+        choose(menu, item);
+        QVERIFY(snapshotOf(op.store) == before);
     }
 
     void movingTheFirstSectionUpOrTheLastSlideDownDoesNothing()

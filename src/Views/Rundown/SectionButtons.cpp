@@ -29,13 +29,13 @@ SectionButtons::SectionButtons(WorkspaceStore &store, const CommandActions &comm
 
 SymbolButton *SectionButtons::makeButton(qsizetype position, Command command)
 {
-    QAction *move = m_commands.action(command);
+    const QAction *move = m_commands.action(command);
     auto *button =
         new SymbolButton(symbolOf(*move), move->iconText(), SymbolButton::Look::icon, this);
     button->setIconSize(iconSize);
-    connect(button, &SymbolButton::clicked, this, [this, position, move] {
-        m_store.selectServiceItem(m_pairs.at(position).itemID);
-        move->trigger();
+    connect(button, &SymbolButton::clicked, this, [this, position, command] {
+        m_commands.selectAndPerform([&] { m_store.selectServiceItem(m_pairs.at(position).itemID); },
+                                    command);
     });
     return button;
 }

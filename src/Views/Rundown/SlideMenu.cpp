@@ -12,11 +12,9 @@ QMenu *makeSlideMenu(WorkspaceStore &store, const CommandActions &commands, cons
 {
     auto *menu = new QMenu(parent);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    const auto add = [&](Command command, const auto &pickSlide) {
-        QAction *action = commands.action(command);
-        menu->addAction(action->text(), action, [pickSlide, action] {
-            pickSlide();
-            action->trigger();
+    const auto add = [&](Command command, const auto &select) {
+        menu->addAction(commands.action(command)->text(), &commands, [&commands, select, command] {
+            commands.selectAndPerform(select, command);
         });
     };
     const auto queue = [&store, slideID] { store.queueSlide(slideID); };
