@@ -1,6 +1,7 @@
 #include "Widgets.h"
 
 #include <QApplication>
+#include <QElapsedTimer>
 #include <QLabel>
 #include <QTest>
 
@@ -44,6 +45,15 @@ QStringList labelTexts(const QWidget &parent)
     for (const QLabel *label : parent.findChildren<QLabel *>())
         texts.append(label->text());
     return texts;
+}
+
+void waitForTheNextMoment()
+{
+    constexpr qint64 moment = 1'000'000; // nanoseconds
+    QElapsedTimer sinceNow;
+    sinceNow.start();
+    while (sinceNow.nsecsElapsed() <= moment)
+        QCoreApplication::processEvents();
 }
 
 void showActive(QWidget &window, const Caller &caller)

@@ -34,6 +34,10 @@ void press(const QWidget &parent, const QString &name, qsizetype position = 0,
 /// The texts of all labels within \a parent, in the order in which they were made.
 QStringList labelTexts(const QWidget &parent);
 
+/// Waits until the clock of events, which counts milliseconds, has gone on: a key that goes down at
+/// the very moment of its last release would be the repeat of a held key.
+void waitForTheNextMoment();
+
 /// Shows a window and waits until it has the keyboard.
 void showActive(QWidget &window, const Caller &caller = Caller::current());
 

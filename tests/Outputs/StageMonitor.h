@@ -25,15 +25,18 @@ struct StageMonitor
     static void setTheme(const ZelvoTheme &theme) { applyTheme(theme); }
 
     template<class Part = QLabel>
-    Part *part(const char *name) const
+    Part *part(const char *name, const Caller &caller = Caller::current()) const
     {
         auto *found = view.findChild<Part *>(QString::fromLatin1(name));
         if (!found)
-            qFatal("the stage monitor has no %s", name);
+            fail(QStringLiteral("the stage monitor has no ") + QString::fromLatin1(name), caller);
         return found;
     }
 
-    QString text(const char *name) const { return part(name)->text(); }
+    QString text(const char *name, const Caller &caller = Caller::current()) const
+    {
+        return part(name, caller)->text();
+    }
 
     /// Gives every part its place, as showing would.
     void layOut() { view.grab(QRect(0, 0, 1, 1)); }

@@ -28,11 +28,11 @@ struct Wall
         clock.setFont(QFont(QApplication::font().family(), 26));
     }
 
-    void show()
+    void show(const Caller &caller = Caller::current())
     {
         clock.show();
         if (!QTest::qWaitForWindowExposed(&clock))
-            qFatal("the clock is not shown");
+            fail(QStringLiteral("the clock is not shown"), caller);
     }
 
     QImage imageAt(const QDateTime &time)

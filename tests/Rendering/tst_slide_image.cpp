@@ -29,13 +29,13 @@ Slide layeredSlide()
     return slide;
 }
 
-SlideElement &layer(Slide &slide, const QString &id)
+SlideElement &layer(Slide &slide, const QString &id, const Caller &caller = Caller::current())
 {
     for (SlideElement &element : slide.design.elements) {
         if (element.id == id)
             return element;
     }
-    qFatal("there is no layer %s", qPrintable(id));
+    fail(QStringLiteral("there is no layer \"%1\"").arg(id), caller);
 }
 
 /// A slide image, beside what the renderer paints of the same slide.

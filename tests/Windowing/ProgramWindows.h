@@ -29,9 +29,7 @@ struct ProgramWindows : WindowingWorld
     static void press(QWidget &window, Qt::Key key,
                       Qt::KeyboardModifiers modifiers = Qt::NoModifier)
     {
-        // A press at the very moment of the last release would be the repeat of a held key.
-        constexpr int fingerMilliseconds = 2;
-        QTest::qWait(fingerMilliseconds);
+        waitForTheNextMoment();
         QTest::keyClick(window.windowHandle(), key, modifiers);
     }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "TestFailure.h"
+
 #include <QDBusConnection>
 #include <QObject>
 #include <QProcess>
@@ -12,13 +14,13 @@ namespace quenara::test {
 class SessionBus
 {
 public:
-    SessionBus()
+    explicit SessionBus(const Caller &caller = Caller::current())
     {
         m_daemon.start(QStringLiteral("dbus-daemon"),
                        {QStringLiteral("--session"), QStringLiteral("--nofork"),
                         QStringLiteral("--print-address")});
         if (!m_daemon.waitForReadyRead())
-            qFatal("no dbus-daemon");
+            fail(QStringLiteral("no dbus-daemon"), caller);
         m_address = QString::fromUtf8(m_daemon.readLine().trimmed());
         m_thread.start();
     }

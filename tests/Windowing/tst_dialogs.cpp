@@ -3,6 +3,7 @@
 #include "LeaveQuestionBox.h"
 #include "TestSupport.h"
 
+#include <QDeadlineTimer>
 #include <QDialogButtonBox>
 #include <QFile>
 #include <QFileDialog>
@@ -13,6 +14,7 @@
 #include <QTemporaryDir>
 #include <QTimer>
 
+#include <chrono>
 #include <functional>
 #include <optional>
 
@@ -22,40 +24,53 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Does each step in the dialog that is open then, one after the other, as an operator does.
+/// Does each step in the dialog that has the keyboard then, one after the other, as an operator
+/// does.
 class Operator
 {
 public:
     using Step = std::function<void(QWidget &dialog)>;
 
-    explicit Operator(QList<Step> steps) : m_steps(std::move(steps))
+    explicit Operator(QList<Step> steps, const Caller &caller = Caller::current())
+        : m_steps(std::move(steps)), m_caller(caller)
     {
-        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { step(); });
-        m_timer.start(50); // the dialog has come to rest then
+        QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { look(); });
+        m_timer.start();
     }
 
     bool isDone() const { return m_steps.isEmpty(); }
 
 private:
-    void step()
+    void look()
     {
-        constexpr int patience = 100;
         QWidget *dialog = QApplication::activeModalWidget();
-        if (dialog && !m_steps.isEmpty()) {
+        if (!dialog)
+            return;
+        try {
+            if (m_steps.isEmpty() || !dialog->isActiveWindow()) {
+                if (m_patience.hasExpired())
+                    fail(QStringLiteral("a dialog stays: ") + dialog->windowTitle(), m_caller);
+                return;
+            }
+            m_patience.setRemainingTime(patience);
             m_steps.takeFirst()(*dialog);
-        } else if (dialog && ++m_waited > patience) {
-            qFatal("a dialog stays: %s", qPrintable(dialog->windowTitle()));
+        } catch (const TestFailure &) {
+            // Thrown further, it would not get through Qt to the test, which waits for an answer.
+            m_steps.clear();
+            dialog->close();
         }
     }
 
+    static constexpr std::chrono::seconds patience{5};
     QList<Step> m_steps;
+    Caller m_caller;
     QTimer m_timer;
-    int m_waited = 0;
+    QDeadlineTimer m_patience{patience};
 };
 
-Operator::Step press(const QString &button)
+Operator::Step press(const QString &button, const Caller &caller = Caller::current())
 {
-    return [button](QWidget &dialog) {
+    return [button, caller](QWidget &dialog) {
         QStringList titles;
         for (auto *candidate : dialog.findChildren<QPushButton *>()) {
             const QString title = candidate->text().remove(u'&');
@@ -63,7 +78,7 @@ Operator::Step press(const QString &button)
             if (title == button)
                 return QTest::mouseClick(candidate, Qt::LeftButton);
         }
-        qFatal("no button %s among %s", qPrintable(button), qPrintable(titles.join(u", "_s)));
+        fail(QStringLiteral("no button %1 among %2").arg(button, titles.join(u", "_s)), caller);
     };
 }
 
@@ -105,20 +120,22 @@ class TestDialogs : public GuiTest
     QWidget m_window;
     const DialogParent m_parent = [this] { return &m_window; };
 
-    std::optional<QUrl> save(const QString &name, const QList<Operator::Step> &steps)
+    std::optional<QUrl> save(const QString &name, const QList<Operator::Step> &steps,
+                             const Caller &caller = Caller::current())
     {
         FileDialogRunner runner(m_parent);
-        const Operator person(steps);
+        const Operator person(steps, caller);
         const auto answer = runner.run(zelvoProjectSavePanel(name));
         if (!person.isDone())
-            qFatal("the operator had more to do");
+            fail(u"the operator had more to do"_s, caller);
         return answer;
     }
 
-    static void write(const QString &path)
+    static void write(const QString &path, const Caller &caller = Caller::current())
     {
         QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
+        if (!file.open(QIODevice::WriteOnly))
+            fail(QStringLiteral("cannot write ") + path, caller);
     }
 
 private slots:

@@ -116,7 +116,7 @@ private slots:
         QTest::keyClick(dialog.windowHandle(), key);
         QVERIFY(!box->view()->isVisible());
         QVERIFY(dialog.isVisible());
-        QTest::qWait(2); // or it would be the repeat of a held key
+        waitForTheNextMoment();
         QTest::keyClick(dialog.windowHandle(), key);
         QVERIFY(!dialog.isVisible());
     }

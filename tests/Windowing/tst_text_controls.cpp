@@ -26,12 +26,12 @@ struct Typing : ProgramWindows
 {
     QWidget *window = &operatorWindow;
 
-    explicit Typing(const QString &title)
+    explicit Typing(const QString &title, const Caller &caller = Caller::current())
     {
         store.updateProjectName(QStringLiteral("Evening"));
         store.nextLive();
         store.queueNext();
-        selectText();
+        selectText(caller);
         if (title == QStringLiteral("Paste Song Lyrics")) {
             store.setSongImportPresented(true);
             window = operatorWindow.findChild<SongImportSheet *>();
@@ -39,10 +39,10 @@ struct Typing : ProgramWindows
             settings.present();
             window = &settings;
         }
-        activate(*window);
+        activate(*window, caller);
     }
 
-    void selectText()
+    void selectText(const Caller &caller)
     {
         store.selectSlide(*store.liveSlideID(), false);
         const std::optional<Slide> slide = store.slideWithID(store.selectedSlideID());
@@ -50,7 +50,7 @@ struct Typing : ProgramWindows
             if (layer.text)
                 return store.selectElement(layer.id);
         }
-        qFatal("no text layer");
+        fail(QStringLiteral("no text layer"), caller);
     }
 
     /// Everything that the window lets its user type into.
@@ -68,7 +68,7 @@ struct Typing : ProgramWindows
 
     /// Begins to type as a user does, on the slide by a double click, with all of the text
     /// selected.
-    void begin(QWidget &control)
+    void begin(QWidget &control, const Caller &caller = Caller::current())
     {
         if (!control.isVisible()) {
             openText(*window);
@@ -76,7 +76,7 @@ struct Typing : ProgramWindows
             control.setFocus();
         }
         if (!control.hasFocus())
-            qFatal("the control does not get the keyboard");
+            fail(QStringLiteral("the control does not get the keyboard"), caller);
         press(*window, Qt::Key_A, Qt::ControlModifier);
     }
 
