@@ -27,6 +27,8 @@ SLIDE_TITLE = (712, 384)
 # A program that has not woken up for so many seconds has no work left: longer than any timer of its
 # that is started by what happens to it.
 AT_REST = 0.5
+# The least and most seconds between two blinks of a caret, which Qt has every half second.
+BLINK = (0.4, 0.65)
 
 # What Qt and the system's libraries keep until the end of the process is not ours to free.
 SANITIZER_OPTIONS = "detect_leaks=0"
@@ -84,16 +86,25 @@ class Program:
         fields = Path(f"/proc/{self.pid}/stat").read_text().rsplit(")", 1)[1].split()
         return (int(fields[11]) + int(fields[12])) / os.sysconf("SC_CLK_TCK")
 
+    def times_woken(self):
+        status = Path(f"/proc/{self.pid}/status").read_text()
+        return int(re.search(r"\nvoluntary_ctxt_switches:\s*(\d+)", status).group(1))
+
     def wait_until_at_rest(self):
-        """Waits until it has answered all that it was told, be it by doing nothing."""
-        last = [None, time.monotonic()]
+        """Waits until it has answered all that it was told, be it by doing nothing. A caret may go
+        on blinking: it is all that wakes a program for a moment, and at its pace for the next."""
+        woken_at = [time.monotonic()]
+        last = [self.times_woken()]
 
         def rests():
-            status = Path(f"/proc/{self.pid}/status").read_text()
-            times_woken = re.search(r"\nvoluntary_ctxt_switches:\s*(\d+)", status).group(1)
+            now = time.monotonic()
+            times_woken = self.times_woken()
             if times_woken != last[0]:
-                last[:] = times_woken, time.monotonic()
-            return time.monotonic() - last[1] > AT_REST
+                last[0] = times_woken
+                woken_at.append(now)
+            pauses = [later - earlier for earlier, later in zip(woken_at[-4:], woken_at[-3:])]
+            only_blinks = len(pauses) == 3 and all(BLINK[0] < pause < BLINK[1] for pause in pauses)
+            return now - woken_at[-1] > AT_REST or only_blinks
 
         wait_until(rests, "the program to rest")
 

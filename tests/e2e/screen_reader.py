@@ -51,6 +51,27 @@ class ScreenReader:
     def close(self):
         self._resources.close()
 
+    @contextlib.contextmanager
+    def changes_of_values(self):
+        """Meanwhile, gives the name of each control that has told that its value changed."""
+        told = []
+
+        def hear(event):
+            told.append(event.source.get_name())
+
+        def names():
+            while GLib.MainContext.default().iteration(False):
+                pass
+            return told
+
+        kind = "object:property-change:accessible-value"
+        listener = Atspi.EventListener.new(hear)
+        listener.register(kind)
+        try:
+            yield names
+        finally:
+            listener.deregister(kind)
+
     def application(self, pid):
         """The root of what a process shows, once it shows something."""
         def found():
@@ -124,6 +145,10 @@ class Thing:
     def has(self, state):
         """Whether it is in a state, by the name of the accessibility services."""
         return self._accessible.get_state_set().contains(getattr(Atspi.StateType, state))
+
+    def take_keyboard(self):
+        Atspi.Component.grab_focus(self._accessible)
+        wait_until(lambda: self.has("FOCUSED"), f"{self.title} to have the keyboard")
 
     def press(self):
         """Does what a press of it does."""

@@ -127,6 +127,16 @@ class Accessibility(Documents, ReadCase):
         self.program.press("ctrl+z")
         wait_until(lambda: opacity.value == 1, "the opacity that was")
 
+    def test_a_slider_tells_of_each_value_that_keys_or_an_undo_give_it(self):
+        self.program.focus(OPERATOR)
+        opacity = self.thing("Opacity", SLIDER)
+        opacity.take_keyboard()
+        with self.reader.changes_of_values() as changes:
+            for told, (key, value) in enumerate((("ctrl+Left", 0.98), ("ctrl+z", 1)), start=1):
+                self.program.press(key)
+                wait_until(lambda told=told: changes() == ["Opacity"] * told, "a change to be told")
+                self.assertEqual(opacity.value, value)
+
     def test_without_a_slide_what_needs_one_is_disabled(self):
         self.program.focus(OPERATOR)
         self.program.choose("f", 1)

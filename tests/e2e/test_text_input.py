@@ -42,6 +42,12 @@ class TextInput(TwoScreenCase):
             self.see_slide(LIVE)
         self.see_nothing_moved()
 
+    def test_a_field_that_nobody_types_into_does_nothing_but_blink(self):
+        self.program.press("b")
+        self.program.wait_until_at_rest()
+        self.program.press("Escape")
+        self.see_nothing_moved()
+
     def test_escape_takes_the_edit_back(self):
         self.program.press("b", "l", "Escape")
         self.see_nothing_moved()
