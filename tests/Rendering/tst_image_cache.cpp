@@ -1,3 +1,4 @@
+#include "Files.h"
 #include "GuiTestSupport.h"
 #include "Images.h"
 #include "RenderCaches.h"
@@ -175,14 +176,14 @@ private slots:
     {
         QTemporaryDir folder;
         const QString path = folder.filePath(QStringLiteral("image.png"));
-        write(path, "no image");
+        writeFile(path, "no image");
         const QDateTime modified = QFileInfo(path).lastModified();
         ImageCache images;
         const SlideMedia media{.dataUrl = path.toUtf8(), .name = {}, .mimeType = {}};
         QVERIFY(images.image(media, size).isNull());
 
         // It would be read if it were looked into again.
-        write(path, encoded(quarters(size), "PNG"));
+        writeFile(path, encoded(quarters(size), "PNG"));
         QFile file(path);
         QVERIFY(file.open(QIODevice::ReadWrite));
         QVERIFY(file.setFileTime(modified, QFileDevice::FileModificationTime));
@@ -229,7 +230,7 @@ private slots:
             for (const QColor &color : {QColor(Qt::red), QColor(Qt::green)}) {
                 QImage image(size, QImage::Format_RGB32);
                 image.fill(color);
-                write(path, encoded(image, "PNG"));
+                writeFile(path, encoded(image, "PNG"));
                 time = time.addSecs(1);
                 QFile file(path);
                 QVERIFY(file.open(QIODevice::ReadWrite));
@@ -247,13 +248,6 @@ private:
     {
         return image.pixel(0, 0) == color.rgb()
             && image.pixel(image.width() - 1, image.height() - 1) == color.rgb();
-    }
-
-    static void write(const QString &path, const QByteArray &bytes)
-    {
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        QCOMPARE(file.write(bytes), bytes.size());
     }
 };
 

@@ -1,9 +1,9 @@
+#include "Files.h"
 #include "Images.h"
 #include "TestMain.h"
 #include "ZelvoImageLoader.h"
 
 #include <QDir>
-#include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QUrl>
@@ -250,7 +250,7 @@ private slots:
     {
         QFETCH(QString, name);
         const QString path = m_folder.filePath(name);
-        write(path, encoded(quarters(size), "PNG"));
+        writeFile(path, encoded(quarters(size), "PNG"));
         QVERIFY(showsQuarters(ZelvoImageLoader::image(mediaAt(path.toUtf8()))));
         const QByteArray url = QUrl::fromLocalFile(path).toEncoded();
         QVERIFY(showsQuarters(ZelvoImageLoader::image(mediaAt(url))));
@@ -297,20 +297,13 @@ private slots:
     void whatIsNotAnImageIsNone()
     {
         const QString path = m_folder.filePath(QStringLiteral("text.png"));
-        write(path, "no image");
+        writeFile(path, "no image");
         QVERIFY(ZelvoImageLoader::image(mediaAt(path.toUtf8())).isNull());
-        write(path, {});
+        writeFile(path, {});
         QVERIFY(ZelvoImageLoader::image(mediaAt(path.toUtf8())).isNull());
     }
 
 private:
-    static void write(const QString &path, const QByteArray &bytes)
-    {
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        QCOMPARE(file.write(bytes), bytes.size());
-    }
-
     QTemporaryDir m_folder;
 };
 

@@ -1,6 +1,7 @@
 #include "TestSupport.h"
 
 #include "EveryEdit.h"
+#include "Files.h"
 #include "Images.h"
 #include "ProjectTemplates.h"
 
@@ -74,9 +75,7 @@ QUrl World::fileUrl(const QString &name) const
 
 QUrl World::written(const QString &name, const QByteArray &bytes, const Caller &caller) const
 {
-    QFile file(folder.filePath(name));
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size())
-        fail(QStringLiteral("cannot write ") + file.fileName(), caller);
+    writeFile(folder.filePath(name), bytes, caller);
     return fileUrl(name);
 }
 

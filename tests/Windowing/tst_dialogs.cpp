@@ -1,11 +1,11 @@
 #include "FileDialogRunner.h"
+#include "Files.h"
 #include "GuiTestSupport.h"
 #include "LeaveQuestionBox.h"
 #include "TestSupport.h"
 
 #include <QDeadlineTimer>
 #include <QDialogButtonBox>
-#include <QFile>
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -131,13 +131,6 @@ class TestDialogs : public GuiTest
         return answer;
     }
 
-    static void write(const QString &path, const Caller &caller = Caller::current())
-    {
-        QFile file(path);
-        if (!file.open(QIODevice::WriteOnly))
-            fail(QStringLiteral("cannot write ") + path, caller);
-    }
-
 private slots:
     void initTestCase()
     {
@@ -222,7 +215,7 @@ private slots:
     {
         const QTemporaryDir folder;
         const QString path = folder.filePath(u"Sunday.quenara"_s);
-        write(path);
+        writeFile(path, {});
         QString question;
         const auto readQuestion = [&question](QWidget &dialog) {
             question = dynamic_cast<QMessageBox &>(dialog).text();
@@ -237,7 +230,7 @@ private slots:
     void returnDoesNotReplace()
     {
         const QTemporaryDir folder;
-        write(folder.filePath(u"Sunday.quenara"_s));
+        writeFile(folder.filePath(u"Sunday.quenara"_s), {});
         const auto pressReturn = [](QWidget &dialog) { QTest::keyClick(&dialog, Qt::Key_Return); };
         QVERIFY(!save(
             u"Proposed"_s,
@@ -283,7 +276,7 @@ private slots:
     void notReplacingGoesBackToTheName()
     {
         const QTemporaryDir folder;
-        write(folder.filePath(u"Sunday.quenara"_s));
+        writeFile(folder.filePath(u"Sunday.quenara"_s), {});
         QString proposed;
         const auto typeAnother = [&](QWidget &dialog) {
             proposed = dialog.findChild<QLineEdit *>(u"fileNameEdit"_s)->text();
@@ -327,7 +320,7 @@ private slots:
     {
         const QTemporaryDir projects;
         const QTemporaryDir images;
-        write(images.filePath(u"a.png"_s));
+        writeFile(images.filePath(u"a.png"_s), {});
         FileDialogRunner runner(m_parent);
         runner.startBeside(QUrl::fromLocalFile(projects.filePath(u"Sunday"_s)));
         QString imageFolder;
