@@ -1,3 +1,11 @@
+# What every test is compiled with. What a test itself does takes no time, but the sanitizers'
+# checks of it would take two thirds of compiling it if they were optimised.
+add_library(quenara_test_flags INTERFACE)
+target_link_libraries(quenara_test_flags INTERFACE quenara_flags)
+if(QUENARA_SANITIZE)
+  target_compile_options(quenara_test_flags INTERFACE -O0)
+endif()
+
 # quenara_add_test(<name> ROOMS <room>... [QT <module>...] [LINK <target>...] [SOURCES <file>...]
 #                  [TWO_SCREENS])
 # One Qt Test executable from <name>.cpp, run offscreen (on one screen or two of 1920 by 1080 side
@@ -11,8 +19,8 @@ function(quenara_add_test name)
   list(TRANSFORM modules PREPEND Qt6::)
   add_executable(${name} ${name}.cpp ${TEST_SOURCES})
   target_link_libraries(${name} PRIVATE ${rooms} ${modules} ${TEST_LINK} Qt6::Test
-                                        quenara_test_support quenara_flags)
-  set_target_properties(${name} PROPERTIES AUTOMOC ON)
+                                        quenara_test_support quenara_test_flags)
+  quenara_moc_test(${name})
   quenara_precompile_tests(${name} ${TEST_LINK})
 
   set(platform offscreen)
@@ -32,16 +40,29 @@ function(quenara_add_test name)
     ENVIRONMENT "QT_QPA_PLATFORM=${platform};QT_FATAL_WARNINGS=${fatalWarnings};QT_HASH_SEED=0;HOME=${home};XDG_CONFIG_HOME=${home}/config;XDG_RUNTIME_DIR=${home}/runtime;DBUS_SESSION_BUS_ADDRESS=disabled:;LC_ALL=C.UTF-8")
 endfunction()
 
-# What nearly every test includes, parsed once for those with windows and once for the others.
+# Has moc read a test, which includes what comes of it. AUTOMOC would compile one more file for each
+# test and start two more processes.
+function(quenara_moc_test name)
+  set(generated ${CMAKE_CURRENT_BINARY_DIR}/${name}.moc)
+  qt6_generate_moc(${name}.cpp ${generated})
+  target_sources(${name} PRIVATE ${generated})
+  target_include_directories(${name} PRIVATE ${CMAKE_CURRENT_BINARY_DIR})
+endfunction()
+
+# What nearly every test includes, parsed once for those with windows and once for the others. Where
+# clang-tidy reads it, it is Qt's alone: what is precompiled is not looked at, and the rooms that a
+# test links would have to be built first.
 function(quenara_precompile_tests target)
-  if(NOT QUENARA_PRECOMPILE)
+  if(NOT QUENARA_PRECOMPILE AND NOT QUENARA_TIDY)
     return()
   endif()
   set(support quenara_test_support)
-  set(headers <QSignalSpy> <QTest> <TestSupport.h>)
+  set(headers <QSignalSpy> <QTest>)
+  set(ownHeaders <TestSupport.h>)
   if("quenara_gui_test_support" IN_LIST ARGN)
     set(support quenara_gui_test_support)
-    list(APPEND headers <QApplication> <QPushButton> <GuiTestSupport.h>)
+    list(APPEND headers <QApplication> <QPushButton>)
+    list(APPEND ownHeaders <GuiTestSupport.h>)
   endif()
 
   set(owner ${support}_precompiled)
@@ -52,7 +73,12 @@ function(quenara_precompile_tests target)
     set(source ${PROJECT_BINARY_DIR}/precompiled.cpp)
     file(CONFIGURE OUTPUT ${source} CONTENT "")
     add_library(${owner} OBJECT ${source})
-    target_link_libraries(${owner} PRIVATE ${support} quenara_test_support quenara_flags)
+    if(QUENARA_TIDY)
+      target_link_libraries(${owner} PRIVATE Qt6::Test Qt6::Widgets quenara_test_flags)
+    else()
+      target_link_libraries(${owner} PRIVATE ${support} quenara_test_support quenara_test_flags)
+      list(APPEND headers ${ownHeaders})
+    endif()
     target_precompile_headers(${owner} PRIVATE ${headers})
   endif()
   target_precompile_headers(${target} REUSE_FROM ${owner})

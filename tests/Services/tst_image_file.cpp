@@ -156,7 +156,7 @@ private slots:
 
     void aFileBeyondTheMemoryIsNotTaken()
     {
-#ifdef __SANITIZE_ADDRESS__
+#ifdef QUENARA_SANITIZED
         QSKIP("the sanitizer needs more address space than any limit leaves");
 #endif
         const World world;

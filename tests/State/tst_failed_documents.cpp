@@ -172,7 +172,7 @@ private slots:
 
     void whatTheMemoryDoesNotHoldChangesNothingButTheMessage()
     {
-#ifdef __SANITIZE_ADDRESS__
+#ifdef QUENARA_SANITIZED
         QSKIP("the sanitizer needs more address space than any limit leaves");
 #endif
         QFETCH(QByteArray, bytes);
@@ -234,7 +234,7 @@ private slots:
 
     void aSaveThatTheMemoryDoesNotHoldChangesNothingButTheMessage()
     {
-#ifdef __SANITIZE_ADDRESS__
+#ifdef QUENARA_SANITIZED
         QSKIP("the sanitizer needs more address space than any limit leaves");
 #endif
         BusyWorld world;
