@@ -50,8 +50,17 @@ static_assert(casesStandAtTheirValues<SlideElementKind>);
 /// True for the three kinds whose payload is a text.
 constexpr bool isText(SlideElementKind kind)
 {
-    return kind == SlideElementKind::text || kind == SlideElementKind::scriptureText
-        || kind == SlideElementKind::songLyricText;
+    switch (kind) {
+    case SlideElementKind::text:
+    case SlideElementKind::scriptureText:
+    case SlideElementKind::songLyricText:
+        return true;
+    case SlideElementKind::image:
+    case SlideElementKind::shape:
+    case SlideElementKind::lowerThird:
+        break;
+    }
+    return false;
 }
 
 /// The platform's font weights of the same names; heavy is the one above bold.

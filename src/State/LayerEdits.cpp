@@ -75,36 +75,36 @@ SlideElement newLayer(const QString &name, SlideElementKind kind, const CanvasFr
     return layer;
 }
 
-QString nameOfText(SlideElementKind kind)
+/// What a new text layer is called and says.
+struct TextLayerWords
 {
-    switch (kind) {
-    case SlideElementKind::scriptureText:
-        return QStringLiteral("Scripture");
-    case SlideElementKind::songLyricText:
-        return QStringLiteral("Lyric");
-    default:
-        return QStringLiteral("Text");
-    }
-}
+    QString name;
+    QString text;
+};
 
-QString firstText(SlideElementKind kind)
+TextLayerWords textLayerWords(SlideElementKind kind)
 {
     switch (kind) {
     case SlideElementKind::scriptureText:
-        return QStringLiteral("Scripture text");
+        return {QStringLiteral("Scripture"), QStringLiteral("Scripture text")};
     case SlideElementKind::songLyricText:
-        return QStringLiteral("Lyric text");
-    default:
-        return QStringLiteral("New text");
+        return {QStringLiteral("Lyric"), QStringLiteral("Lyric text")};
+    case SlideElementKind::text:
+    case SlideElementKind::image:
+    case SlideElementKind::shape:
+    case SlideElementKind::lowerThird:
+        break;
     }
+    return {QStringLiteral("Text"), QStringLiteral("New text")};
 }
 
 } // namespace
 
 Edited addTextLayer(WorkspaceState state, SlideElementKind kind)
 {
-    SlideElement layer = newLayer(nameOfText(kind), kind, {360, 370, 1200, 240});
-    layer.text = TextElementProperties::lyric(firstText(kind));
+    const TextLayerWords words = textLayerWords(kind);
+    SlideElement layer = newLayer(words.name, kind, {360, 370, 1200, 240});
+    layer.text = TextElementProperties::lyric(words.text);
     return addLayer(std::move(state), layer);
 }
 
