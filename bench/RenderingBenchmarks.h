@@ -6,7 +6,7 @@
 
 namespace quenara::bench {
 
-/// What it costs to paint one frame of a slide, its text laid out afresh and its picture decoded.
+/// What it costs to paint one frame of a slide whose text is laid out and whose image is decoded.
 /// Needs a QGuiApplication.
 QList<Figure> renderingFigures();
 

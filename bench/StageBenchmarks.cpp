@@ -23,9 +23,9 @@ constexpr QSize usualSize{1180, 720};
 constexpr QSize fullHD{1920, 1080};
 constexpr QSize ultraHD{3840, 2160};
 constexpr ProjectSize show{.slideCount = 12, .itemCount = 3};
-/// How often both cases take turns, so that what else the machine does slows neither more.
+/// How often the cases take turns, so that other work of the machine slows them alike.
 constexpr int rounds = 60;
-constexpr std::size_t cacheBytes = std::size_t(64) * 1024 * 1024; ///< more than caches hold
+constexpr std::size_t cacheBytes = std::size_t(64) * 1024 * 1024; ///< more than a processor's cache
 
 QString atSize(const QString &name, const QSize &size)
 {
@@ -64,11 +64,11 @@ double median(std::vector<double> values)
 
 /// How the steps of a show follow one another.
 enum class Pace {
-    asPressed, ///< seconds apart: what the windows left in the caches is long gone
+    asPressed, ///< seconds apart: the processor's caches hold nothing of the windows any more
     backToBack,
 };
 
-/// Leaves other things in the caches.
+/// Fills the processor's caches with other things.
 void passTime()
 {
     static std::vector<char> others(cacheBytes);
@@ -76,7 +76,7 @@ void passTime()
         ++others[i];
 }
 
-/// The windows on one show, the stage monitor only with a size.
+/// The audience's window on a show, and the stage monitor if that has a size.
 class Outputs
 {
 public:
@@ -112,7 +112,7 @@ public:
     /// From a step until the audience has seen it.
     double untilSeen() const { return median(m_untilSeen); }
 
-    /// What the turn then takes: the stage monitor.
+    /// How long the turn then takes, which is for the stage monitor.
     double afterwards() const { return median(m_afterwards); }
 
 private:

@@ -10,7 +10,7 @@ namespace {
 
 constexpr QSize size(400, 300);
 constexpr QRectF box(20, 10, 350, 270);
-constexpr int rounding = 2; // of 255; along turned rows, which Qt walks from their start
+constexpr int rounding = 2; // of 255; Qt adds up its steps along a turned row from where it begins
 
 QImage painted(const QTransform &transform, double ratio,
                const std::function<void(QPainter &)> &paint)

@@ -23,7 +23,7 @@ QImage square()
     return image;
 }
 
-/// The share of a Gaussian of \a sigma that falls between two edges, seen from \a x.
+/// The share of a Gaussian of \a sigma around \a x that lies between two edges.
 double share(double x, double from, double to, double sigma)
 {
     const auto below = [&](double edge) {
@@ -106,7 +106,7 @@ private slots:
         const BlurPlan plan(sigma);
         QCOMPARE(plan.sigma * plan.reduction, sigma);
         QVERIFY(plan.sigma < 8);
-        // Three standard deviations away, half of an edge's blur has fallen below half a shade.
+        // Beyond the reach, the blur of a straight edge is fainter than half a shade.
         constexpr double halfAShade = 0.5 / 255;
         QVERIFY(share(plan.reach, -1e9, 0, sigma) < halfAShade);
         QVERIFY(plan.reach < 3 * sigma + 1);

@@ -9,7 +9,7 @@ using namespace quenara::test;
 
 namespace {
 
-constexpr int rounding = 2; // of 255; what painting through a clip and blending twice may change
+constexpr int rounding = 2; // of 255; from painting through a clip and blending twice
 
 QImage photograph(const QSize &size)
 {
@@ -19,7 +19,7 @@ QImage photograph(const QSize &size)
     return image;
 }
 
-/// What the frame stands for, as Qt paints it.
+/// The same frame, painted by Qt.
 QImage framedByPainter(const QImage &plain, const RoundedFrame::Shape &shape, const QColor &line)
 {
     const auto edge = [&](double inset) {

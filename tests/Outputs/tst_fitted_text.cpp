@@ -15,7 +15,7 @@ constexpr QSize room(480, 140);
 constexpr FittedText::Setting setting{
     .size = 44, .weight = TextFontWeight::bold, .limits = {.smallestFit = 0.52, .lineMaximum = 7}};
 
-/// White on black.
+/// A text in white on black.
 struct Words
 {
     RenderCaches caches;
@@ -35,7 +35,7 @@ struct Words
     QRect ink() { return inkOf(image()); }
 };
 
-/// What of a widget was painted.
+/// Notes which part of a widget is painted.
 class PaintedArea : public QObject
 {
 public:

@@ -35,7 +35,7 @@ Slide slideShowing(const SlideMedia &media, double blurAmount)
     return slideWith(design);
 }
 
-/// Detail everywhere, so that a pixel from elsewhere shows.
+/// An image full of detail, in which a misplaced pixel shows.
 SlideMedia detailed(int seed)
 {
     QImage image(1500, 900, QImage::Format_RGB32);
@@ -50,7 +50,7 @@ SlideMedia detailed(int seed)
 
 bool isKept(ImageCache &images, const SlideMedia &media)
 {
-    // What is decoded anew has a key of its own, and so had what was kept.
+    // An image that is decoded again has another key.
     const qint64 first = images.image(media, size).cacheKey();
     return images.image(media, size).cacheKey() == first;
 }

@@ -106,7 +106,7 @@ private slots:
 
     void aWideShadowIsOfItsColourWhereTheLettersAreWider()
     {
-        // A line as thick as the box is high; what is blurred is painted at a reduced size.
+        // The stroke of the letter is wider than the blur, which is painted at a reduced size.
         TextElementProperties text = plainText(QStringLiteral("I"));
         text.fontSize = 900;
         text.weight = TextFontWeight::heavy;

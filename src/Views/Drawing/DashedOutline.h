@@ -7,7 +7,7 @@
 
 namespace quenara {
 
-/// A rectangle of dashes; all lengths in the painter's units.
+/// The dashed outline of a rectangle. All lengths are in the painter's units.
 struct DashedOutline
 {
     QColor color;
@@ -19,7 +19,7 @@ struct DashedOutline
     {
         constexpr double miterLimit = 10;
         QPen pen(color, width, Qt::CustomDashLine, Qt::FlatCap, Qt::MiterJoin);
-        pen.setDashPattern({dash / width, gap / width}); // Qt counts in widths of the pen
+        pen.setDashPattern({dash / width, gap / width}); // Qt counts dashes in pen widths
         pen.setMiterLimit(miterLimit);
         painter.setPen(pen);
         painter.setBrush(Qt::NoBrush);

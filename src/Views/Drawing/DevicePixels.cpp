@@ -8,7 +8,7 @@ namespace quenara {
 
 QRectF visibleDeviceRect(const QPainter &painter)
 {
-    // A widget lies somewhere on the device that it is painted to.
+    // The device of a widget's painter may be its window, with the widget anywhere on it.
     const QTransform toDevice = painter.worldTransform().inverted() * painter.deviceTransform();
     const QRectF whole =
         toDevice.mapRect(QRectF(0, 0, painter.device()->width(), painter.device()->height()));
@@ -29,7 +29,7 @@ QRect visiblePixels(const QPainter &painter, const QRectF &bounds, int margin)
 
 void useDevicePixels(QPainter &painter)
 {
-    // Without coordinates of its own, so that the inverse is exact and pixels stay where they are.
+    // From the identity: the inverse is then exact, and pixels stay where they are.
     painter.setWorldTransform({});
     painter.setWorldTransform(painter.deviceTransform().inverted());
 }

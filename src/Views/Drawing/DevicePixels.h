@@ -7,11 +7,11 @@
 namespace quenara {
 
 /// The part of its device that \a painter can paint, in device pixels.
-QRectF visibleDeviceRect(const QPainter &painter);
+[[nodiscard]] QRectF visibleDeviceRect(const QPainter &painter);
 
 /// The device pixels that \a painter can paint of \a bounds (the painter's coordinates) and of
 /// \a margin device pixels around it. Empty if there are none or if a coordinate is not a number.
-QRect visiblePixels(const QPainter &painter, const QRectF &bounds, int margin = 0);
+[[nodiscard]] QRect visiblePixels(const QPainter &painter, const QRectF &bounds, int margin = 0);
 
 /// Makes device pixels the coordinates of \a painter and keeps its clip.
 void useDevicePixels(QPainter &painter);
@@ -19,7 +19,8 @@ void useDevicePixels(QPainter &painter);
 /// Adds \a pixels of the device to what \a painter is clipped to.
 void clipToPixels(QPainter &painter, const QRect &pixels);
 
-/// The factor from the painter's coordinates to device pixels.
-double deviceScale(const QPainter &painter);
+/// How many device pixels one unit of the painter's coordinates is long. The geometric mean of both
+/// directions if the painter scales them differently.
+[[nodiscard]] double deviceScale(const QPainter &painter);
 
 } // namespace quenara

@@ -10,7 +10,7 @@ namespace quenara {
 
 bool isFamilyInstalled(const QString &family)
 {
-    // Asked for one by one, the platform takes its time and names families that are merely alike.
+    // Asked for a single family, the platform takes long and answers with one that is merely alike.
     static const QSet<QString> families = [] {
         QSet<QString> folded;
         for (const QString &name : QFontDatabase::families())

@@ -5,20 +5,21 @@
 
 namespace quenara {
 
-/// Makes the faces that are compiled into the program available: Lato and Inter in all five
-/// weights. To be called once before anything is drawn. Returns how many faces were added.
+/// Adds the faces that are compiled into the program, Lato and Inter in all five weights, to the
+/// application's. To be called once, before anything is drawn. Returns how many faces were added.
 int loadBundledFonts();
 
-/// Whether fonts of exactly this \a family (in any case) were there when this was first asked.
-bool isFamilyInstalled(const QString &family);
+/// Whether a family of exactly this name, in any case, is installed or bundled. Later changes of
+/// what is installed are not noticed.
+[[nodiscard]] bool isFamilyInstalled(const QString &family);
 
-/// The family of the interface, the holding screen and what a slide leaves to the system.
-QString systemFontFamily();
+/// The family of the interface, of the holding screen, and of slides whose family has no stand-in.
+[[nodiscard]] QString systemFontFamily();
 
-/// The installed family of emoji in colour; empty without one.
-QString emojiFontFamily();
+/// The installed family of emoji in colour. Empty if there is none.
+[[nodiscard]] QString emojiFontFamily();
 
-/// The font of a screen text at a fixed size in points of the window.
-QFont systemFont(double pixelSize, QFont::Weight weight);
+/// The unhinted system font at \a pixelSize points of the window.
+[[nodiscard]] QFont systemFont(double pixelSize, QFont::Weight weight);
 
 } // namespace quenara

@@ -16,7 +16,7 @@ constexpr int passes = 3;
 constexpr double largestSigma = 1e7;
 constexpr double smallestSigma = 1.0 / 3;
 constexpr double sigmaAtReducedSize = 4;
-constexpr double varianceOfPixel = 1.0 / 12; // of the square that a value stands for
+constexpr double varianceOfPixel = 1.0 / 12; // of a square with a side of one
 
 /// A box whose outermost two weights are a fraction of the inner ones, so that repeated passes have
 /// the variance of any Gaussian. A box of 2 r + 1 weights of one between two weights of a fraction
@@ -38,31 +38,31 @@ struct Box
     float outerWeight;
 };
 
-constexpr int lineCount = 32; ///< that are blurred at once, side by side in wide registers
+constexpr int lineCount = 32; ///< how many lines are blurred at once, in wide registers
 
-/// Rows or columns of one channel that lie at equal distances.
+/// Rows or columns of one channel, at equal distances from one another.
 struct Lines
 {
     uchar *data;
-    qsizetype distance; ///< from a line to the next
-    qsizetype stride; ///< from a value to the next along a line
+    qsizetype distance; ///< bytes from one line to the next
+    qsizetype stride; ///< bytes from one value to the next along a line
     int length;
     int count; ///< at most lineCount
 };
 
-/// The values of all lines at one place; those of lines that are not there are of no account.
+/// The values of all lines at one place. Those beyond the count of lines are not used.
 using Values = std::array<float, lineCount>;
 
-/// To a multiple of 1/256, so that sums of up to 256 values are exact, which boxes have for
-/// standard deviations up to 120: nothing drifts along a line, and no colour comes to lie above the
-/// alpha that it is premultiplied with.
+/// \a value rounded to a multiple of 1/256, so that a sum of up to 256 values is exact. Boxes for
+/// standard deviations up to 120 sum no more. Without that, sums would drift along a line, and a
+/// colour could exceed the alpha that it is premultiplied with.
 float rounded(float value)
 {
-    constexpr float unit = 1.5F * (1U << 15); // whose neighbours lie 1/256 away
+    constexpr float unit = 1.5F * (1U << 15); // floats of this size are 1/256 apart
     return (value + unit) - unit;
 }
 
-/// One pass over \a from, which holds room for the box at both its ends.
+/// One pass over \a from, which is padded by the reach of the box at both ends.
 void boxPass(const std::vector<Values> &from, std::vector<Values> &to, const Box &box)
 {
     const std::size_t reach = box.radius + 1;
@@ -84,7 +84,7 @@ void boxPass(const std::vector<Values> &from, std::vector<Values> &to, const Box
     }
 }
 
-/// Blurs lines of one length, with room on both sides for what the passes spread beyond it.
+/// Blurs lines of one length, padded on both sides for what the passes spread beyond them.
 class LineBlur
 {
 public:

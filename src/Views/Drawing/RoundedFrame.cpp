@@ -12,7 +12,7 @@ namespace {
 
 constexpr int full = 255;
 
-/// \a pixel, premultiplied, where it covers \a coverage of 255.
+/// What \a pixel, premultiplied, contributes where \a coverage of 255 is covered by it.
 QRgb part(QRgb pixel, int coverage)
 {
     const auto share = [&](int channel) { return (channel * coverage + full / 2) / full; };
@@ -20,7 +20,7 @@ QRgb part(QRgb pixel, int coverage)
                  share(qAlpha(pixel)));
 }
 
-/// The rounded rectangle \a inset pixels within the edge, if there is any.
+/// The rounded rectangle \a inset pixels within the edge. Empty if nothing is left.
 QPainterPath edge(const RoundedFrame::Shape &shape, double inset)
 {
     const QRectF rect = shape.rect.adjusted(inset, inset, -inset, -inset);
@@ -40,7 +40,7 @@ QImage coverage(const QSize &size, const QPainterPath &path)
 
 } // namespace
 
-void RoundedFrame::find(const QSize &size, const Shape &shape)
+void RoundedFrame::paintMasks(const QSize &size, const Shape &shape)
 {
     if (m_line.size() == size && m_shape == shape)
         return;
@@ -48,31 +48,31 @@ void RoundedFrame::find(const QSize &size, const Shape &shape)
     const QPainterPath inside = edge(shape, shape.lineWidth);
     QPainterPath line = edge(shape, 0);
     line.addPath(inside);
-    m_picture = coverage(size, edge(shape, shape.lineWidth / 2));
+    m_content = coverage(size, edge(shape, shape.lineWidth / 2));
     m_line = coverage(size, line);
     m_inside = coverage(size, inside);
 }
 
-void RoundedFrame::apply(QImage &picture, const Shape &shape, const QColor &line)
+void RoundedFrame::apply(QImage &image, const Shape &shape, const QColor &line)
 {
-    if (picture.isNull())
+    if (image.isNull())
         return;
-    find(picture.size(), shape);
+    paintMasks(image.size(), shape);
     const QRgb lineColor = qPremultiply(line.rgba());
-    for (int y = 0; y < picture.height(); ++y) {
-        auto *pixels = reinterpret_cast<QRgb *>(picture.scanLine(y));
-        const uchar *shown = m_picture.constScanLine(y);
+    for (int y = 0; y < image.height(); ++y) {
+        auto *pixels = reinterpret_cast<QRgb *>(image.scanLine(y));
+        const uchar *shown = m_content.constScanLine(y);
         const uchar *outline = m_line.constScanLine(y);
         const uchar *inside = m_inside.constScanLine(y);
         const auto frame = [&](int x) {
             const QRgb over = part(lineColor, outline[x]);
             pixels[x] = over + part(part(pixels[x], shown[x]), full - qAlpha(over));
         };
-        // What the line surrounds is in one piece.
+        // A row's pixels inside the line stay as they are, and form one piece.
         int left = 0;
-        for (; left < picture.width() && inside[left] != full; ++left)
+        for (; left < image.width() && inside[left] != full; ++left)
             frame(left);
-        for (int right = picture.width() - 1; right > left && inside[right] != full; --right)
+        for (int right = image.width() - 1; right > left && inside[right] != full; --right)
             frame(right);
     }
 }

@@ -6,13 +6,13 @@
 
 namespace quenara {
 
-/// Cuts pictures to a rectangle with continuous corners and draws a line along its inner edge.
-/// Remembers the last shape: finding what it covers takes longer than framing a picture, and a view
-/// frames one after another alike.
+/// Cuts images to a rectangle with continuous corners and draws a line along its inner edge. Holds
+/// the masks of the last shape: painting them takes longer than framing an image, and a view frames
+/// one image after another with the same shape.
 class RoundedFrame
 {
 public:
-    /// In pixels of the picture, whatever its device pixel ratio.
+    /// In pixels of the image, whatever its device pixel ratio.
     struct Shape
     {
         QRectF rect;
@@ -22,17 +22,17 @@ public:
         bool operator==(const Shape &) const = default;
     };
 
-    /// Takes Format_ARGB32_Premultiplied and makes transparent what lies beyond the shape.
-    void apply(QImage &picture, const Shape &shape, const QColor &line);
+    /// Frames \a image, of Format_ARGB32_Premultiplied, and makes it transparent beyond the shape.
+    void apply(QImage &image, const Shape &shape, const QColor &line);
 
 private:
-    void find(const QSize &size, const Shape &shape);
+    void paintMasks(const QSize &size, const Shape &shape);
 
     Shape m_shape;
-    // Coverage, Format_Alpha8, of the size of the last picture.
-    QImage m_picture; ///< by the picture, which reaches to the middle of the line
-    QImage m_line;
-    QImage m_inside; ///< by what the line surrounds
+    // Masks of the size of the last image, Format_Alpha8: how much of each pixel is covered by ...
+    QImage m_content; ///< ... the image, which reaches to the middle of the line
+    QImage m_line; ///< ... the line
+    QImage m_inside; ///< ... what the line surrounds
 };
 
 } // namespace quenara

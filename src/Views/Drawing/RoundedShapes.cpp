@@ -32,7 +32,7 @@ QRect core(const QPainter &painter, const QRectF &rect, double radius)
     const QTransform &transform = painter.deviceTransform();
     if (transform.type() > QTransform::TxScale)
         return {};
-    // Whole ones; those that the edges lie in are not.
+    // Without the pixels that an edge runs through.
     const QRectF between = rect.adjusted(0, reach, 0, -reach);
     const QRect touched = visiblePixels(painter, between);
     const QRectF mapped = transform.mapRect(between);
@@ -53,8 +53,8 @@ QPainterPath continuousRoundedRect(const QRectF &rect, double radius)
         path.addRect(rect);
         return path;
     }
-    // One cubic a corner, from reach before it to reach after it. Its handle is chosen so that the
-    // middle of the curve lies on the circle's, r * (1 - sqrt(1/2)) from both edges.
+    // Each corner is one cubic, from reach before it to reach after it. The handle puts the middle
+    // of the curve on the circle, r * (1 - sqrt(1/2)) from both edges.
     const double reach = reachOf(rect, r);
     const double handle = (4 * reach - 8 * r * (1 - std::sqrt(0.5))) / 3;
     const double control = reach - handle;

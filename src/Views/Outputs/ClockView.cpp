@@ -16,8 +16,8 @@ namespace {
 
 constexpr int secondLength = 1000; // ms
 
-/// Gives every digit the room of the widest, in its middle, so that a text that ends at a given
-/// place keeps its other letters where they are when its digits change.
+/// Formats that centre every digit in the width of the widest, so that no other letter moves when
+/// the digits change.
 QList<QTextLayout::FormatRange> tabularDigits(const QString &text, const QFontMetricsF &metrics,
                                               const QLocale &locale)
 {
@@ -38,7 +38,7 @@ QList<QTextLayout::FormatRange> tabularDigits(const QString &text, const QFontMe
     return formats;
 }
 
-/// \a text in one line at the origin.
+/// Lays out \a text in one line at the origin.
 void layOut(QTextLayout &layout, const QString &text, const QFont &font, const QLocale &locale)
 {
     QFont unkerned = font;
@@ -56,7 +56,7 @@ void layOut(QTextLayout &layout, const QString &text, const QFont &font, const Q
 QString clockText(const QTime &time, const QLocale &locale)
 {
     QString format = locale.timeFormat(QLocale::ShortFormat);
-    // The part of the day by name, which Qt does not know.
+    // Qt does not know the letter for the part of the day by name.
     format.replace(QLatin1Char('B'), QStringLiteral("AP"));
     static const QRegularExpression hourAndMinutes(QStringLiteral("[Hh]+(.+?)m+(?!.*s)"));
     const QRegularExpressionMatch match = hourAndMinutes.match(format);

@@ -10,11 +10,12 @@
 
 namespace quenara {
 
-/// \a time with its hour as \a locale writes it (AM or PM where it has them), minutes and seconds.
-QString clockText(const QTime &time, const QLocale &locale);
+/// The hour of \a time as \a locale writes it, with AM or PM if it has them, its minutes and
+/// seconds.
+[[nodiscard]] QString clockText(const QTime &time, const QLocale &locale);
 
-/// The time of day in the widget's locale. Runs while it is shown, in step with the seconds of the
-/// clock on the wall. Its width is the same all day, and digits keep their places.
+/// Shows the time of day in the widget's locale. While visible it changes with each second of the
+/// wall clock. Its width is the same all day, and digits keep their places.
 class ClockView : public QWidget
 {
     Q_OBJECT

@@ -29,7 +29,7 @@ DisplayOutputView::Content DisplayOutputView::storeContent() const
     return {.mode = mode, .slide = m_store.slideWithID(m_store.liveSlideID())};
 }
 
-/// False if what the store has to show is shown already.
+/// Takes what the store has to show. Returns false if that is shown already.
 bool DisplayOutputView::takeContent()
 {
     Content content = storeContent();
@@ -39,14 +39,14 @@ bool DisplayOutputView::takeContent()
     return true;
 }
 
-/// What was sent is painted before any other window is.
+/// Paints what was sent before any other window is painted.
 void DisplayOutputView::showNow()
 {
     if (takeContent())
         repaint();
 }
 
-/// Edits of the live slide may come faster than they can be painted.
+/// Paints with the next event: edits of the live slide may come faster than they can be painted.
 void DisplayOutputView::showSoon()
 {
     if (takeContent())
@@ -57,7 +57,8 @@ void DisplayOutputView::paintEvent(QPaintEvent * /*event*/)
 {
     QPainter painter(this);
     const SlideRendererView slide{.slide = m_content.slide};
-    // Each pixel is written once where it can be: the first time, it has to be fetched.
+    // Black goes only where the slide does not cover it: the first write of a pixel is the slow
+    // one.
     for (const QRect &part : QRegion(rect()) - slide.hiddenRect(rect()))
         painter.fillRect(part, Qt::black);
     switch (m_content.mode) {

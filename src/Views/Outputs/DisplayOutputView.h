@@ -12,7 +12,7 @@ struct RenderCaches;
 class WorkspaceStore;
 
 /// What the audience sees: the live slide, black, or the holding screen, as the output mode says.
-/// Opaque, without controls; the colours do not follow the appearance.
+/// Opaque and without controls. The colours do not follow the appearance.
 class DisplayOutputView : public QWidget
 {
     Q_OBJECT
@@ -24,7 +24,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    /// All that the picture depends on.
+    /// All that is shown.
     struct Content
     {
         OutputMode mode = OutputMode::live;

@@ -12,8 +12,8 @@ namespace quenara {
 
 namespace {
 
-constexpr double roundingRoom = 2; // points; for letters that are moved to stand on whole rows
-constexpr double spareRoom = 1.5; // for faces with higher lines that stand in for the system's
+constexpr double roundingRoom = 2; // points that letters may be moved to stand on whole rows
+constexpr double spareRoom = 1.5; // factor for faces whose lines are higher than the system font's
 
 } // namespace
 
@@ -22,7 +22,7 @@ FittedText::FittedText(const Setting &setting, RenderCaches &caches, QWidget *pa
 {
     setTextFormat(Qt::PlainText);
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
-    // No larger than the lines there may be: a change repaints all of it.
+    // No higher than the most lines need, so that less has to be repainted.
     const QFontMetricsF metrics(systemFont(setting.size, fontWeight(setting.weight)));
     setMaximumHeight(headroom
                      + qCeil(setting.limits.lineMaximum * metrics.lineSpacing() * spareRoom));
@@ -58,7 +58,7 @@ void FittedText::setText(const QString &text)
         return;
     const QRect before = inkRect();
     const bool isHeldBack = testAttribute(Qt::WA_UpdatesDisabled);
-    setAttribute(Qt::WA_UpdatesDisabled); // a label has all that it covers painted
+    setAttribute(Qt::WA_UpdatesDisabled); // QLabel would repaint all of itself
     QLabel::setText(text);
     setAttribute(Qt::WA_UpdatesDisabled, isHeldBack);
     update(before | inkRect());

@@ -11,8 +11,8 @@ namespace quenara {
 
 struct RenderCaches;
 
-/// A large text at the top of the room it is given: wrapped, shrunk to fit, then cut. To the style
-/// sheet and to screen readers a plain-text label with the whole text.
+/// A large text at the top of the room it is given, wrapped, shrunk to fit, then truncated. For the
+/// style sheet and for screen readers it is a plain-text label with the whole text.
 class FittedText : public QLabel
 {
     Q_OBJECT
@@ -25,12 +25,12 @@ public:
         TextLimits limits;
     };
 
-    /// What is left free above the first line, for accents that reach beyond it; points.
+    /// The points that are left free above the first line, for accents that reach beyond it.
     static constexpr int headroom = 4;
 
     FittedText(const Setting &setting, RenderCaches &caches, QWidget *parent = nullptr);
 
-    /// Paints no more than where the letters were and will be.
+    /// Repaints only where the letters were and will be.
     void setText(const QString &text);
 
     QSize sizeHint() const override { return {0, 0}; }

@@ -20,7 +20,7 @@ constexpr double barWidth = 360;
 constexpr double barHeight = 6;
 constexpr double emptyRowSize = 24;
 
-/// The outline of \a text from the left end of its baseline.
+/// The outline of \a text, its origin at the left end of the baseline.
 QPainterPath outlineOf(const QString &text, const QRawFont &font)
 {
     const QList<quint32> glyphs = font.glyphIndexesForString(text);
@@ -55,7 +55,7 @@ void HoldingScreenView::paint(QPainter &painter, const QRectF &area) const
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.fillPath(name.translated(nameLeft, top + nameFont.ascent()), color);
-    // On whole points, so that its edges are sharp.
+    // The bar lies on whole points, so that its edges are sharp.
     painter.fillRect(QRectF(std::round(area.center().x() - barWidth / 2),
                             std::round(top + nameHeight + rowSpacing), barWidth, barHeight),
                      color);

@@ -35,7 +35,7 @@ constexpr FittedText::Setting nextSetting{.size = 31,
                                           .weight = TextFontWeight::semibold,
                                           .limits = {.smallestFit = 0.55, .lineMaximum = 5}};
 
-/// Says what a widget is; what it shows is its name to a screen reader.
+/// Describes \a widget to screen readers, which take what it shows for its name.
 template<class Widget>
 Widget *described(Widget *widget, const QString &name, const QString &description)
 {
@@ -73,7 +73,7 @@ StageOutputView::StageOutputView(const WorkspaceStore &store, RenderCaches &cach
     : QWidget(parent), m_store(store), m_caches(caches)
 {
     setPanelName(*this, QStringLiteral("stageMonitor"));
-    // The system's locale, not its language: the clock is written as the user has times written.
+    // The clock is written as the user has times written, whatever the language of the program.
     setLocale(QLocale::system());
     auto *panels = new QHBoxLayout;
     panels->setSpacing(0);
@@ -85,7 +85,7 @@ StageOutputView::StageOutputView(const WorkspaceStore &store, RenderCaches &cach
     layout->addWidget(makeHeader(std::move(now)));
     layout->addLayout(panels, 1);
 
-    // After the signals of the fields, by which the audience's window has been told to redraw.
+    // changed() comes after the signals that have the audience's window repainted.
     connect(&store, &WorkspaceStore::changed, this, &StageOutputView::showStore);
     showStore();
 }

@@ -15,8 +15,8 @@ struct RenderCaches;
 class SlideView;
 class WorkspaceStore;
 
-/// What the people on stage see: where in the show they are, the time, what the audience is shown,
-/// and the words of the live slide and of the one after it. Without controls.
+/// What the people on stage see: their place in the show, the time, the output mode, and the live
+/// slide and the next one with their words. Has no controls.
 class StageOutputView : public QWidget
 {
     Q_OBJECT

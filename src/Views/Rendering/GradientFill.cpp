@@ -20,16 +20,17 @@ namespace {
 /// cache until the band is painted.
 constexpr int bandPixels = 16'384;
 
-/// Pixels; of a slide that is larger only one colour is seen.
+/// The side of the largest slide with a gradient, in pixels. Of a larger one, a screen would show
+/// one colour.
 constexpr double largestSide = 1'000'000;
 
-/// Width over height below which a slide's diagonal is as good as upright.
+/// Width over height below which a diagonal gradient is painted as a vertical one.
 constexpr double narrowest = 1.0 / 16;
 
 /// Paints one row of the slide.
 using PaintRow = std::function<void(int y, QRgb *row)>;
 
-/// The colours between two.
+/// The colours of a gradient.
 class Shades
 {
 public:
@@ -37,7 +38,7 @@ public:
         : m_start(premultiplied(start)), m_end(premultiplied(end))
     {}
 
-    /// At the share \a t of the way, premultiplied.
+    /// The colour at \a t, 0 at the start to 1 at the end; premultiplied.
     QRgb at(double t) const
     {
         const auto share = float(std::clamp(t, 0.0, 1.0));
@@ -69,7 +70,8 @@ PaintRow uprightRows(const QSize &size, const Shades &shades)
     };
 }
 
-/// Every row is a part of one and the same strip, which begins \a slope pixels further with each.
+/// Rows that are all cut from one strip of colours, each \a slope pixels further on than the row
+/// above.
 PaintRow slantedRows(const QSize &size, double slope, const Shades &shades)
 {
     const double length = size.width() + size.height() * slope;
@@ -81,13 +83,13 @@ PaintRow slantedRows(const QSize &size, double slope, const Shades &shades)
     };
 }
 
-/// Rings of one colour around the middle, of which a row holds pieces. Its left half is the
-/// reflection of the right one.
+/// Rows through rings of one colour each around the middle of the slide. The left half of a row
+/// mirrors the right half.
 PaintRow roundRows(const QSize &size, double endRadius, const Shades &shades)
 {
     struct Ring
     {
-        double square; ///< of the radius where it ends, in pixels
+        double square; ///< of the radius where the ring ends, in pixels
         QRgb color;
     };
     constexpr int shadeCount = 1024;

@@ -8,15 +8,16 @@
 
 namespace quenara {
 
-/// Two colours that run into one another over a slide.
+/// A gradient between two colours that fills a slide.
 struct GradientFill
 {
     GradientDirection direction;
     QColor start;
     QColor end;
-    double endRadius; ///< of a soft centre; in the painter's coordinates
+    double endRadius; ///< where a radial gradient ends, in the painter's coordinates
 
-    /// The painter may be moved and scaled, but not turned. Fills whole device pixels.
+    /// Fills \a slide, to whole device pixels. The painter may be translated and scaled, but not
+    /// rotated.
     void paint(QPainter &painter, const QRectF &slide) const;
 };
 

@@ -17,7 +17,7 @@ constexpr double borderWidth = 2;
 constexpr double dashLength = 8;
 constexpr double dashGap = 6;
 
-/// Further than any screen reaches. Dashes are made one by one, seen or not.
+/// Farther from the origin than any screen reaches. Qt makes every dash, even those out of sight.
 constexpr double farthest = 20'000;
 
 void paintPlaceholder(QPainter &painter, const QRectF &box)

@@ -11,7 +11,7 @@ namespace quenara {
 
 struct RenderCaches;
 
-/// An image layer, or its placeholder while there is no image to show.
+/// An image layer, or a placeholder if there is no image to show.
 struct ImageElementRenderView
 {
     std::optional<SlideMedia> media;
@@ -19,8 +19,7 @@ struct ImageElementRenderView
     void paint(QPainter &painter, const QRectF &box, RenderCaches &caches) const;
 };
 
-/// The part of an image of \a size that fills \a box at its aspect ratio, centred; in pixels of the
-/// image.
-QRectF fillingPart(const QSizeF &size, const QRectF &box);
+/// The largest centred part, in pixels, of an image of \a size that has the aspect ratio of \a box.
+[[nodiscard]] QRectF fillingPart(const QSizeF &size, const QRectF &box);
 
 } // namespace quenara

@@ -28,7 +28,7 @@ TextElementProperties lineOf(const QString &text, double size, TextFontWeight we
     return line;
 }
 
-/// One line in the painter's pen, cut where it is too long.
+/// Draws one line of text in the painter's pen, truncated to fit.
 void drawLine(QPainter &painter, const TextElementProperties &text, const QRectF &line,
               RenderCaches &caches)
 {

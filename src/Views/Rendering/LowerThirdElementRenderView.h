@@ -11,7 +11,8 @@ namespace quenara {
 
 struct RenderCaches;
 
-/// A name caption band: an accent bar and two lines over a fill. Nothing without properties.
+/// A lower third: an accent bar and two lines of text over a fill. Paints nothing without
+/// properties.
 struct LowerThirdElementRenderView
 {
     std::optional<LowerThirdProperties> lowerThird;

@@ -9,15 +9,15 @@
 
 namespace quenara {
 
-/// A shape layer filling its box; nothing without properties. Stroke width and corner radius are
-/// points of the target at every scale.
+/// A shape layer that fills its box. Paints nothing without properties. Stroke width and corner
+/// radius are points of the target at every scale.
 struct ShapeElementRenderView
 {
     std::optional<ShapeProperties> shape;
 
     void paint(QPainter &painter, const QRectF &box) const;
 
-    /// Whether a line is drawn around what is filled.
+    /// Whether the shape has an outline.
     bool isStroked() const;
 };
 

@@ -27,7 +27,7 @@ double SlideBackgroundRenderView::dim() const
 QColor SlideBackgroundRenderView::darkened(const RGBAColor &color) const
 {
     const QColor bright = color.toColor();
-    // Black laid over a colour covers what the colour lets through as well.
+    // The black over a translucent colour covers what shows through it, too.
     const float alpha = bright.alphaF() + float(dim()) * (1 - bright.alphaF());
     if (!(alpha > 0))
         return Qt::transparent;

@@ -10,7 +10,7 @@ namespace quenara {
 
 struct RenderCaches;
 
-/// What lies behind the layers of a slide, its darkening included.
+/// The background of a slide, darkened by its dim amount.
 struct SlideBackgroundRenderView
 {
     SlideBackground background;
@@ -18,7 +18,8 @@ struct SlideBackgroundRenderView
 
     void paint(QPainter &painter, const QRectF &slide, RenderCaches &caches) const;
 
-    /// Whether nothing shows through. An image counts as translucent: it is not looked at here.
+    /// Whether nothing behind the slide shows through. An image counts as translucent, since it is
+    /// not decoded for this.
     bool isOpaque() const;
 
 private:

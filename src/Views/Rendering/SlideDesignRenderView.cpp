@@ -13,7 +13,7 @@ namespace quenara {
 
 namespace {
 
-// Canvas units: what the guide leaves free on both sides together.
+// The width and height, in canvas units, by which the guide is smaller than the canvas.
 constexpr double safeAreaInsetX = 180;
 constexpr double safeAreaInsetY = 150;
 
@@ -30,7 +30,8 @@ void paintContent(QPainter &painter, const SlideElementRenderView &content, cons
         painter.setOpacity(painter.opacity() * opacity);
         content.paint(painter, box, caches);
     } else {
-        // The layer fades as a whole, not part by part where its parts overlap.
+        // The layer fades as a whole: where its parts overlap, the lower ones must not show
+        // through.
         const double around = content.overhang();
         const QRectF bounds = box.adjusted(-around, -around, around, around);
         DeviceLayer::painted(painter, bounds, 1, [&](QPainter &layer) {
@@ -90,7 +91,7 @@ void SlideDesignRenderView::paintLayers(QPainter &painter, const QList<SlideElem
         painter.translate(-elementBox.center());
         paintContent(painter, {element, scale}, elementBox, caches);
         painter.restore();
-        // The outline runs along the slide's edges; the editor draws handles around the layer.
+        // The outline follows the slide's edges. What surrounds the layer is the editor's to draw.
         if (selectedElementID == element.id) {
             const QColor color = RGBAColor::amber.toColor();
             DashedOutline{.color = color, .width = 2, .dash = 7, .gap = 5}.paint(painter, whole());

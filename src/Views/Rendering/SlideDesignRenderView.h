@@ -11,7 +11,7 @@ namespace quenara {
 
 struct RenderCaches;
 
-/// A slide at exactly its canvas size times the scale: background, layers, editing aids.
+/// Paints a slide at its canvas size times the scale: background, layers, editing aids.
 struct SlideDesignRenderView
 {
     Slide slide;
@@ -30,7 +30,7 @@ struct SlideDesignRenderView
     void paintGuide(QPainter &painter) const;
 
     /// The title-safe guide in points of the target.
-    QRectF safeArea() const;
+    [[nodiscard]] QRectF safeArea() const;
 
     /// The layer's box before its rotation, in points of the target.
     QRectF box(const SlideElement &element) const;

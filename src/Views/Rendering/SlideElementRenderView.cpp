@@ -12,12 +12,12 @@ namespace quenara {
 
 namespace {
 
-/// In canvas units.
+/// How far \a text may reach beyond its box, in canvas units.
 double overhangOf(const TextElementProperties &text)
 {
-    // A line may be higher than the box that it cannot be shrunk into.
+    // A text that cannot be shrunk to fit keeps one line, which may be higher than the box.
     constexpr double lineOverhang = 0.5;
-    // A blur of radius r is spent after three standard deviations of r / 2.
+    // A blur of radius r has a standard deviation of r / 2 and is not seen beyond three of those.
     constexpr double reach = 1.5;
     double glow = text.outline ? reach * text.outline->width : 0;
     if (text.shadow) {

@@ -9,7 +9,7 @@ namespace quenara {
 
 struct RenderCaches;
 
-/// One layer's content, chosen by its kind.
+/// The content of a layer, of any kind.
 struct SlideElementRenderView
 {
     SlideElement element;
@@ -17,7 +17,7 @@ struct SlideElementRenderView
 
     void paint(QPainter &painter, const QRectF &box, RenderCaches &caches) const;
 
-    /// Whether nothing of the content lies over another part of it.
+    /// Whether no part of the content overlaps another.
     bool isOnePiece() const;
 
     /// How far the content may reach beyond its box, in points of the target.

@@ -6,7 +6,7 @@ namespace quenara {
 
 namespace {
 
-/// What stands in for the families that documents name and that are not free to ship.
+/// The family that stands in for one that documents name and that may not be shipped.
 QString standIn(const QString &family)
 {
     if (family == u"Avenir Next")

@@ -7,10 +7,10 @@
 
 namespace quenara {
 
-QFont::Weight fontWeight(TextFontWeight weight);
+[[nodiscard]] QFont::Weight fontWeight(TextFontWeight weight);
 
-/// An unhinted font, whose advances scale with its size, of \a family where that is installed, else
-/// of its stand-in, else of the system font.
-QFont slideFont(const QString &family, TextFontWeight weight, int pixelSize);
+/// A font of \a family if that is installed, else of its stand-in, else of the system font. It is
+/// unhinted, so that its advances scale with its size.
+[[nodiscard]] QFont slideFont(const QString &family, TextFontWeight weight, int pixelSize);
 
 } // namespace quenara

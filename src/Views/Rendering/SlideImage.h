@@ -6,6 +6,7 @@
 #include <QList>
 
 #include <functional>
+#include <optional>
 
 namespace quenara {
 

@@ -31,7 +31,7 @@ QRect SlideRendererView::hiddenRect(const QRectF &area) const
 {
     if (!slide || !SlideBackgroundRenderView{slide->design.background, 1}.isOpaque())
         return {};
-    // Pixels along the edges may lie on the slide in part.
+    // The slide may cover only a part of the pixels along its edges.
     return slideRect(area).toAlignedRect().adjusted(2, 2, -2, -2);
 }
 

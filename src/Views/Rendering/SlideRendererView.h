@@ -24,12 +24,13 @@ struct SlideRendererView
 
     void paint(QPainter &painter, const QRectF &area, RenderCaches &caches) const;
 
-    /// What of \a area the slide hides, whatever was there; empty where it may be seen through.
-    QRect hiddenRect(const QRectF &area) const;
+    /// The part of \a area where nothing behind the slide is seen. Empty if the slide may be
+    /// translucent.
+    [[nodiscard]] QRect hiddenRect(const QRectF &area) const;
 
-    /// The largest rectangle of \a aspectRatio (width over height) centred in \a container; empty
-    /// at the origin when the container is.
-    static QRectF fittedRect(const QSizeF &container, double aspectRatio);
+    /// The largest rectangle of \a aspectRatio (width over height), centred in \a container. Empty
+    /// at the origin if the container is empty.
+    [[nodiscard]] static QRectF fittedRect(const QSizeF &container, double aspectRatio);
 
 private:
     QRectF slideRect(const QRectF &area) const;

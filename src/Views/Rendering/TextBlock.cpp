@@ -46,7 +46,7 @@ TextBlock::TextBlock(const TextElementProperties &text, const QSizeF &box, const
     option.setUseDesignMetrics(true);
     option.setTextDirection(Qt::LayoutDirectionAuto);
     m_layout->setTextOption(option);
-    m_layout->setCacheEnabled(true); // else it would be shaped each time it is drawn
+    m_layout->setCacheEnabled(true); // keeps what shaping finds
     m_layout->setFont(slideFont(m_text.fontFamily, m_text.weight, layoutPixelSize));
     setShown(shownText(text));
     layOut(1);
@@ -127,7 +127,7 @@ std::optional<bool> TextBlock::wouldFit(double fit, const QSizeF &lines, bool is
     return std::nullopt;
 }
 
-/// Finds the largest fit between the smallest, which fits, and 1, which does not.
+/// Searches the largest factor that fits, between the smallest, which does, and 1, which does not.
 void TextBlock::shrink()
 {
     double fits = m_limits.smallestFit;
@@ -152,7 +152,7 @@ void TextBlock::shrink()
     layOut(fits);
 }
 
-/// Ends the last line that fits with an ellipsis, dropping what that takes off its end.
+/// Ends the last line that fits in an ellipsis, for which characters at its end may have to go.
 void TextBlock::truncate()
 {
     const ShownText shown = m_shown;

@@ -21,7 +21,7 @@ namespace quenara {
 
 struct RenderCaches;
 
-/// How far a text may be shrunk to fit, and in how many lines it may be set.
+/// How far a text may be shrunk to fit, and into how many lines it may be laid out.
 struct TextLimits
 {
     double smallestFit = 0.45;
@@ -30,22 +30,22 @@ struct TextLimits
     bool operator==(const TextLimits &) const = default;
 };
 
-/// A text laid out in a box. Everything is in canvas units and independent of any device, so that
-/// a slide breaks its lines alike at every size it is drawn at.
+/// A text laid out in a box. All lengths are in canvas units and independent of any device, so that
+/// the lines of a slide break alike at every size it is drawn at.
 class TextBlock
 {
 public:
     /// The factor that a slide's text is shrunk by at most.
     static constexpr double smallestFit = TextLimits().smallestFit;
 
-    /// Wraps \a text at words, then inside a word that alone is too long, and shrinks it as far as
-    /// it must to fit into \a box and the \a limits; what still does not fit is truncated.
+    /// Wraps \a text between words, and inside a word that is too long for a line. Shrinks it,
+    /// within \a limits, until it fits into \a box. Truncates what does not fit even then.
     TextBlock(const TextElementProperties &text, const QSizeF &box, const TextLimits &limits = {});
     ~TextBlock();
     TextBlock(const TextBlock &) = delete;
     TextBlock &operator=(const TextBlock &) = delete;
 
-    /// The factor the font is shrunk by: the limits' smallestFit to 1.
+    /// The factor that the font is shrunk by, from the limits' smallestFit to 1.
     double fit() const { return m_fit; }
 
     /// The shown text of each line, without what ends it.
@@ -70,7 +70,8 @@ public:
     /// How letters of less than 64 device pixels are placed. Larger ones are always placed exactly.
     enum class Placement { onWholeRows, exact };
 
-    /// Draws in the painter's pen, the box's top left at the origin of its coordinates.
+    /// Draws in the painter's pen, with the box's top left at the origin of the painter's
+    /// coordinates.
     void draw(QPainter &painter, RenderCaches &caches,
               Placement placement = Placement::onWholeRows);
 

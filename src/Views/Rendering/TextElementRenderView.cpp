@@ -18,10 +18,10 @@ namespace quenara {
 namespace {
 
 constexpr double fillCornerRadius = 10; // canvas units
-constexpr int roundingRoom = 2; // device pixels; for letters that are moved to stand on whole rows
-constexpr double smallestLetters = 0.5; // device pixels; smaller ones leave nothing
+constexpr int roundingRoom = 2; // device pixels that letters may be moved to stand on whole rows
+constexpr double smallestLetters = 0.5; // device pixels; smaller ones are not seen
 
-/// A blurred copy of the text in one colour; lengths in canvas units.
+/// A blurred copy of the text in one colour. Lengths are in canvas units.
 struct Glow
 {
     QColor color;
@@ -29,7 +29,7 @@ struct Glow
     QPointF offset;
 };
 
-/// The colour of what is blurred from letters in \a text: those that are not seen cast nothing.
+/// \a color as translucent as the letters that it is blurred from, which have the colour \a text.
 QColor faded(const RGBAColor &color, const RGBAColor &text)
 {
     QColor result = color.toColor();
@@ -37,19 +37,19 @@ QColor faded(const RGBAColor &color, const RGBAColor &text)
     return result;
 }
 
-/// How much of its pixels \a picture covers, premultiplied as it is.
-QImage coverage(const QImage &picture)
+/// The alpha channel of \a image, of a format with 32 bits a pixel.
+QImage coverage(const QImage &image)
 {
-    QImage mask(picture.size(), QImage::Format_Alpha8);
+    QImage mask(image.size(), QImage::Format_Alpha8);
     for (int y = 0; y < mask.height(); ++y) {
-        const auto *from = reinterpret_cast<const QRgb *>(picture.constScanLine(y));
+        const auto *from = reinterpret_cast<const QRgb *>(image.constScanLine(y));
         std::transform(from, from + mask.width(), mask.scanLine(y),
                        [](QRgb pixel) { return uchar(qAlpha(pixel)); });
     }
     return mask;
 }
 
-/// \a color as strong as \a mask is.
+/// An image of \a color with the alpha of \a mask.
 QImage tinted(const QImage &mask, const QColor &color)
 {
     std::array<QRgb, 256> shades{};
@@ -57,16 +57,16 @@ QImage tinted(const QImage &mask, const QColor &color)
         shades[alpha] = qPremultiply(qRgba(color.red(), color.green(), color.blue(),
                                            int(std::lround(color.alphaF() * float(alpha)))));
     }
-    QImage picture(mask.size(), QImage::Format_ARGB32_Premultiplied);
+    QImage image(mask.size(), QImage::Format_ARGB32_Premultiplied);
     for (int y = 0; y < mask.height(); ++y) {
         const uchar *from = mask.constScanLine(y);
-        auto *to = reinterpret_cast<QRgb *>(picture.scanLine(y));
+        auto *to = reinterpret_cast<QRgb *>(image.scanLine(y));
         std::transform(from, from + mask.width(), to, [&](uchar alpha) { return shades[alpha]; });
     }
-    return picture;
+    return image;
 }
 
-/// \a painter is in canvas units, the block's box at its origin.
+/// Takes a painter in canvas units with the block's box at its origin.
 void paintGlow(QPainter &painter, TextBlock &block, const Glow &glow, RenderCaches &caches)
 {
     // A blur radius is twice the standard deviation of the Gaussian.
@@ -90,8 +90,8 @@ void paintGlow(QPainter &painter, TextBlock &block, const Glow &glow, RenderCach
     painter.restore();
 }
 
-/// Letters that overlap or join, as those of Arabic do, show no seams where the colour is
-/// translucent.
+/// Paints translucent letters as one layer: where they overlap or join, as those of Arabic do, no
+/// seams must show.
 void paintText(QPainter &painter, TextBlock &block, QColor color, RenderCaches &caches)
 {
     const double opacity = color.alphaF();
@@ -108,7 +108,7 @@ void paintText(QPainter &painter, TextBlock &block, QColor color, RenderCaches &
     }
 }
 
-/// \a painter is in canvas units, the layer's box at its origin.
+/// Takes a painter in canvas units with the layer's box at its origin.
 void paintLetters(QPainter &painter, const TextElementProperties &text, TextBlock &block,
                   RenderCaches &caches)
 {

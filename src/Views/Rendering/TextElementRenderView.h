@@ -10,7 +10,7 @@ namespace quenara {
 class TextBlock;
 struct RenderCaches;
 
-/// A text layer.
+/// A text layer: its fill, what is blurred from its letters, its letters.
 struct TextElementRenderView
 {
     TextElementProperties text;

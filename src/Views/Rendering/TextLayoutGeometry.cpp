@@ -15,7 +15,7 @@ double heightOf(const QTextLine &line)
     return line.ascent() + line.descent();
 }
 
-/// In the shown text: before what ends the line, be it a break or the space it is wrapped at.
+/// The offset in the shown text before what ends \a line, a break or the space it is wrapped at.
 int endOf(const QTextLayout &layout, const QTextLine &line)
 {
     const int end = line.textStart() + line.textLength();
@@ -35,7 +35,8 @@ QRectF TextLayoutGeometry::caret(qsizetype position) const
                   line.y(), 0, heightOf(line)});
 }
 
-/// How much further spacing would lead that is left out right before \a position.
+/// The width that spacing right before \a position would have if it were shown, in the layout's
+/// units. Negative in a right-to-left text.
 double TextLayoutGeometry::spacingBefore(qsizetype position) const
 {
     const qsizetype count = m_block.offsets().leftOutBefore(position);
@@ -94,7 +95,7 @@ int TextLayoutGeometry::lineCount() const
     return m_block.layout().lineCount();
 }
 
-/// What is not laid out because there is no room for it counts to the last line.
+/// What is not laid out for lack of room counts as part of the last line.
 int TextLayoutGeometry::lineOf(qsizetype position) const
 {
     const QTextLine line =

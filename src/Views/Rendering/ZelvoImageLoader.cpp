@@ -48,7 +48,8 @@ DecodedImage decoded(QIODevice &device, const QSize &needed)
     return {image, stored.isValid() ? turned(stored) : image.size(), reduction};
 }
 
-/// The bytes of a data URL; nothing without a comma or with anything but padded base64 after it.
+/// The bytes that a data URL holds. Nothing if it has no comma or anything but padded base64 after
+/// the first one.
 std::optional<QByteArray> payload(const QByteArray &dataUrl)
 {
     constexpr qsizetype group = 4;
@@ -78,7 +79,7 @@ DecodedImage ZelvoImageLoader::image(const SlideMedia &media, const QSize &neede
         buffer.setBuffer(&*bytes);
         return buffer.open(QIODevice::ReadOnly) ? decoded(buffer, needed) : DecodedImage();
     }
-    // A pipe or a device might never come to its end.
+    // Regular files only: a pipe or a device might never end.
     QFile file(fileName(media));
     return QFileInfo(file).isFile() && file.open(QIODevice::ReadOnly) ? decoded(file, needed)
                                                                       : DecodedImage();

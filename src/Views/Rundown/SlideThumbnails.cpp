@@ -8,7 +8,7 @@ namespace quenara {
 
 namespace {
 
-constexpr int patience = 6; ///< milliseconds, of the 16 that a frame lasts
+constexpr int patience = 6; ///< milliseconds for making thumbnails, of the 16 that a frame lasts
 
 } // namespace
 

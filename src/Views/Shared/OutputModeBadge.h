@@ -15,7 +15,7 @@ struct BadgeLook
     double verticalPadding;
 };
 
-/// The output mode in capitals, on the colour that the theme has for it.
+/// Shows the output mode in capitals on the theme's colour for it.
 class OutputModeBadge : public QWidget
 {
     Q_OBJECT

@@ -4,7 +4,7 @@
 
 namespace quenara {
 
-/// The path as people read it: below the home folder from "~" on.
-QString shownPath(const QString &path);
+/// \a path as people read it: the home folder at its beginning is written "~".
+[[nodiscard]] QString shownPath(const QString &path);
 
 } // namespace quenara
