@@ -1,5 +1,5 @@
 // screen_watch X Y WIDTH HEIGHT: looks at a part of the root window as often as the server allows
-// and prints "frame TIME HASH" for the first picture and for every one that differs from the one
+// and prints "frame TIME HASH" for the first image and for every one that differs from the one
 // before; HASH is the SHA-1 of its RGB bytes. Keys are pressed for those who write "press KEYSYM",
 // KEYSYM being a hexadecimal number, to it; it prints "press TIME" then. Times are nanoseconds of
 // one clock. Ends with its input.

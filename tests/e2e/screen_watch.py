@@ -12,10 +12,10 @@ SYMBOLS = {"Left": 0xff51, "Up": 0xff52, "Right": 0xff53, "Down": 0xff54, "space
 
 @dataclass(frozen=True)
 class Frame:
-    """A picture that differs from the one before."""
+    """What was shown from a moment on, until the next frame."""
 
     time: float  # seconds
-    picture: str  # the hash of its RGB bytes
+    hash: str  # of the RGB bytes
 
 
 class ScreenWatch:
@@ -71,10 +71,10 @@ class ScreenWatch:
 
     def _read(self):
         for line in self._child.stdout:
-            kind, moment, *picture = line.split()
+            kind, moment, *hashes = line.split()
             with self._changed:
                 if kind == "frame":
-                    self._frames.append(Frame(int(moment) / 1e9, *picture))
+                    self._frames.append(Frame(int(moment) / 1e9, *hashes))
                 else:
                     self._presses.append(int(moment) / 1e9)
                 self._changed.notify_all()

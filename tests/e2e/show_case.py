@@ -24,7 +24,7 @@ SCREEN_NAMES = {FIRST_SCREEN: "first screen", SECOND_SCREEN: "second screen"}
 BLACK = bytes(3 * SECOND_SCREEN[0] * SECOND_SCREEN[1])
 
 
-def picture_of(show, index, width=SECOND_SCREEN[0], height=SECOND_SCREEN[1]):
+def image_of(show, index, width=SECOND_SCREEN[0], height=SECOND_SCREEN[1]):
     """The RGB bytes of a whole screen that shows a slide of a show, by its 0-based place."""
     with tempfile.TemporaryDirectory() as folder:
         path = Path(folder, "slide.ppm")
@@ -38,9 +38,9 @@ def picture_of(show, index, width=SECOND_SCREEN[0], height=SECOND_SCREEN[1]):
 
 
 @functools.cache
-def slide_picture(index, width=SECOND_SCREEN[0], height=SECOND_SCREEN[1]):
-    """The picture_of() of a slide of the show that never changes."""
-    return picture_of(SHOW, index, width, height)
+def slide_image(index, width=SECOND_SCREEN[0], height=SECOND_SCREEN[1]):
+    """The image_of() a slide of the show that no test changes."""
+    return image_of(SHOW, index, width, height)
 
 
 class ShowCase(unittest.TestCase):
@@ -68,39 +68,39 @@ class ShowCase(unittest.TestCase):
         return program
 
     def see(self, expected, description, screen=SECOND_SCREEN):
-        """Passes once the screen shows exactly that picture."""
+        """Passes once the screen shows exactly that image."""
         try:
-            wait_until(lambda: self.server.picture(screen) == expected, description, deadline=20)
+            wait_until(lambda: self.server.screenshot(screen) == expected, description, deadline=20)
         except AssertionError:
-            picture = Path(f"{self.id().removeprefix('__main__.')}.png").absolute()
-            self.server.save_picture(screen, picture)
-            self.fail(f"the {SCREEN_NAMES.get(screen, screen)} does not show {description}: see {picture}; "
-                      f"the program said: {self.program.output()}")
+            screenshot = Path(f"{self.id().removeprefix('__main__.')}.png").absolute()
+            self.server.save_screenshot(screen, screenshot)
+            self.fail(f"the {SCREEN_NAMES.get(screen, screen)} does not show {description}: "
+                      f"see {screenshot}; the program said: {self.program.output()}")
 
     def see_slide(self, index, screen=SECOND_SCREEN):
-        self.see(slide_picture(index, *screen[:2]), f"slide {index}", screen)
+        self.see(slide_image(index, *screen[:2]), f"slide {index}", screen)
 
     def see_black(self):
         self.see(BLACK, "black")
 
-    def see_not(self, *pictures):
+    def see_not(self, *images):
         """Passes once the second screen shows something else than any of these."""
-        wait_until(lambda: self.server.picture(SECOND_SCREEN) not in pictures, "another picture")
+        wait_until(lambda: self.server.screenshot(SECOND_SCREEN) not in images, "another image")
 
-    def settled_picture(self):
+    def settled_screenshot(self):
         """What the second screen shows twice in a row."""
         def twice_the_same():
-            picture = self.server.picture(SECOND_SCREEN)
-            return picture if picture == self.server.picture(SECOND_SCREEN) else None
+            image = self.server.screenshot(SECOND_SCREEN)
+            return image if image == self.server.screenshot(SECOND_SCREEN) else None
 
-        return wait_until(twice_the_same, "the picture to settle")
+        return wait_until(twice_the_same, "the screen to settle")
 
-    def pictures_during(self, seconds):
+    def screenshots_during(self, seconds):
         """All that the second screen shows meanwhile."""
         seen = set()
         end = time.monotonic() + seconds
         while time.monotonic() < end:
-            seen.add(self.server.picture(SECOND_SCREEN))
+            seen.add(self.server.screenshot(SECOND_SCREEN))
         return seen
 
 

@@ -38,7 +38,6 @@ class EmptyClipboard(ShowCase):
                 self.program.wait_for_no_window(SONG_IMPORT)
                 self.assertIsNone(self.program.status(), self.program.output())
 
-
     def test_the_text_on_the_canvas_and_a_field(self):
         self.program.click(*LAYER, times=2)
         self.program.press(*KEYS)

@@ -6,7 +6,7 @@ from pathlib import Path
 from documents import document_in
 from processes import wait_until
 from program import DISPLAY, OPERATOR, START_PANEL
-from show_case import ReadCase, picture_of, run
+from show_case import ReadCase, image_of, run
 
 BUTTON, LAYER, FIELD, PICKER, CHOICE = (
     "push button", "check box", "text", "combo box", "list item")
@@ -22,7 +22,7 @@ class Editor(ReadCase):
         folder = tempfile.TemporaryDirectory(prefix="quenara-editor-")
         self.addCleanup(folder.cleanup)
         self.file = Path(folder.name, "Built.quenara")
-        self.image = Path(folder.name, "picture.png")
+        self.image = Path(folder.name, "image.png")
         self.server.run("convert", "-size", "64x36", "gradient:red-blue", str(self.image))
 
     def test_a_slide_built_from_nothing_looks_alike_after_redo_and_after_reopening(self):
@@ -35,10 +35,10 @@ class Editor(ReadCase):
         wait_until(self.file.exists, "the slide to be saved")
         built = document_in(self.file)
         self.check_layers(built)
-        picture = picture_of(self.file, 0)
+        expected = image_of(self.file, 0)
         self.click("Display", "check box")
         self.click("Go Live", BUTTON)
-        self.see(picture, "what was built")
+        self.see(expected, "what was built")
 
         self.press_while_possible("Undo", "ctrl+z")
         self.assertEqual(self.rows(), [])
@@ -50,7 +50,7 @@ class Editor(ReadCase):
         wait_until(self.file.exists, "the slide to be saved again")
         self.assertEqual(document_in(self.file)["serviceItems"], built["serviceItems"])
         self.click("Go Live", BUTTON)
-        self.see(picture, "what was built, after all was undone and redone")
+        self.see(expected, "what was built, after all was undone and redone")
 
         self.click("Display", "check box")
         self.program.wait_for_no_window(DISPLAY)
@@ -58,7 +58,7 @@ class Editor(ReadCase):
         self.program.press("ctrl+q")
         self.assertEqual(self.program.wait_for_end(), 0, self.program.output())
         self.start(self.file).open_display()
-        self.see(picture, "what was built, opened again")
+        self.see(expected, "what was built, opened again")
 
     def begin_slide(self):
         program = self.start()

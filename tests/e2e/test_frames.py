@@ -1,4 +1,4 @@
-"""Every picture that the audience sees, one after the other: none that was not sent."""
+"""Every frame that the audience sees, one after the other: none that was not sent."""
 
 import functools
 import hashlib
@@ -6,7 +6,7 @@ import random
 
 from program import DISPLAY
 from screen_watch import ScreenWatch
-from show_case import BLACK, TwoScreenCase, run, slide_picture
+from show_case import BLACK, TwoScreenCase, run, slide_image
 from xserver import SECOND_SCREEN
 
 SLIDES = 4
@@ -15,20 +15,20 @@ LONGEST_BURST = 5
 KEYS = ("Right", "Right", "Left", "b", "l")
 
 
-def hash_of(picture):
-    return hashlib.sha1(picture).hexdigest()
+def hash_of(image):
+    return hashlib.sha1(image).hexdigest()
 
 
 @functools.cache
 def slide_hash(index):
-    return hash_of(slide_picture(index))
+    return hash_of(slide_image(index))
 
 
 class Audience:
     """What is to be seen: the live slide and the mode, changed as the keys say."""
 
     def __init__(self, holding):
-        self._pictures = {"b": hash_of(BLACK), "l": holding}
+        self._hashes = {"b": hash_of(BLACK), "l": holding}
         self._slide = 0
         self._mode = "live"
 
@@ -42,22 +42,22 @@ class Audience:
         else:
             self._mode = "live" if self._mode == key else key
 
-    def picture(self):
-        return slide_hash(self._slide) if self._mode == "live" else self._pictures[self._mode]
+    def hash(self):
+        return slide_hash(self._slide) if self._mode == "live" else self._hashes[self._mode]
 
 
 class OpeningAndClosing(TwoScreenCase):
     def test_the_display_shows_the_live_slide_or_black_and_nothing_else(self):
         program = self.start_show()
-        desktop = hash_of(self.settled_picture())
+        desktop = hash_of(self.settled_screenshot())
         with ScreenWatch(self.server, SECOND_SCREEN) as watch:
             for _ in range(5):
                 count = len(watch.frames())
                 program.open_display()
-                watch.wait_for(lambda frames: frames[-1].picture == slide_hash(0), "the slide")
+                watch.wait_for(lambda frames: frames[-1].hash == slide_hash(0), "the slide")
                 program.toggle_display()
-                watch.wait_for(lambda frames: frames[-1].picture == desktop, "the desktop")
-                shown = [frame.picture for frame in watch.frames()[count:]]
+                watch.wait_for(lambda frames: frames[-1].hash == desktop, "the desktop")
+                shown = [frame.hash for frame in watch.frames()[count:]]
                 if shown[0] == hash_of(BLACK):
                     del shown[0]
                 self.assertEqual(shown, [slide_hash(0), desktop])
@@ -71,9 +71,9 @@ class OpeningAndClosing(TwoScreenCase):
         program.wait_for_no_window(DISPLAY)
         self.server.plug_second_screen()
         with ScreenWatch(self.server, SECOND_SCREEN) as watch:
-            watch.wait_for(lambda frames: frames[-1].picture == slide_hash(0), "the slide")
+            watch.wait_for(lambda frames: frames[-1].hash == slide_hash(0), "the slide")
             watch.settle()
-            self.assertLessEqual({frame.picture for frame in watch.frames()[1:]},
+            self.assertLessEqual({frame.hash for frame in watch.frames()[1:]},
                                  {hash_of(BLACK), slide_hash(0)})
 
 
@@ -93,30 +93,29 @@ class Frames(TwoScreenCase):
         self.watch.press("l")
         self.watch.wait_for(lambda frames: len(frames) > 1, "the holding screen")
         self.watch.settle()
-        holding = self.watch.frames()[-1].picture
+        holding = self.watch.frames()[-1].hash
         self.watch.press("l")
-        self.watch.wait_for(lambda frames: frames[-1].picture == slide_hash(0), "the slide")
+        self.watch.wait_for(lambda frames: frames[-1].hash == slide_hash(0), "the slide")
         self.seen = len(self.watch.frames())
         return holding
 
     def see_after(self, keys, audience):
-        """Presses keys and sees what they ask for, in order; pictures of an instant may be
-        missed."""
+        """Presses keys and sees what they ask for, in order. Frames of an instant may be missed."""
         for key in keys:
             audience.press(key)
-            self.to_come.append(audience.picture())
+            self.to_come.append(audience.hash())
             self.watch.press(key)
-        self.watch.wait_for(lambda frames: frames[-1].picture == self.to_come[-1],
+        self.watch.wait_for(lambda frames: frames[-1].hash == self.to_come[-1],
                             f"what {keys} lead to")
         self.watch.settle()
         frames = self.watch.frames()
         for frame in frames[self.seen:]:
-            self.assertIn(frame.picture, self.to_come, f"a picture nobody sent, after {keys}")
+            self.assertIn(frame.hash, self.to_come, f"a frame nobody sent, after {keys}")
             # What stood there already before the last key was answered may come again.
-            del self.to_come[:self.to_come.index(frame.picture)]
+            del self.to_come[:self.to_come.index(frame.hash)]
         self.seen = len(frames)
 
-    def test_no_picture_is_seen_that_was_not_sent(self):
+    def test_no_frame_is_seen_that_was_not_sent(self):
         audience = Audience(self.holding_screen())
         chance = random.Random(1)
         changes = 0
@@ -133,8 +132,8 @@ class Frames(TwoScreenCase):
             count = len(self.watch.frames())
             self.see_after([key], audience)
             self.watch.settle()
-            self.assertEqual([frame.picture for frame in self.watch.frames()[count:]],
-                             [audience.picture()])
+            self.assertEqual([frame.hash for frame in self.watch.frames()[count:]],
+                             [audience.hash()])
 
 
 if __name__ == "__main__":

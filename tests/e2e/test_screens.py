@@ -173,7 +173,7 @@ class Screens(TwoScreenCase):
         live = 0
         operator_area = program.area(OPERATOR)
         with ScreenWatch(self.server, CORNER_OF_FIRST_SCREEN) as corner:
-            uncovered = corner.frames()[0].picture
+            uncovered = corner.frames()[0].hash
             for cycle in range(CYCLES):
                 self.server.unplug_second_screen()
                 # At no moment may a screen come or go at the wrong one.
@@ -189,7 +189,7 @@ class Screens(TwoScreenCase):
                 time.sleep(chance.uniform(0, 0.5))
                 self.assertIsNone(program.status(), program.output())
             self.see_slide(live)
-            self.assertEqual({frame.picture for frame in corner.frames()}, {uncovered})
+            self.assertEqual({frame.hash for frame in corner.frames()}, {uncovered})
         self.assertEqual(program.area(DISPLAY), SECOND_SCREEN)
         self.assertEqual(program.area(OPERATOR), operator_area)
         self.assertEqual(sorted(program.windows().values()),

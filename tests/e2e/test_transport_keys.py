@@ -1,7 +1,7 @@
 """The bare keys that run a service, pressed in each window of the program."""
 
 from program import DISPLAY, OPERATOR, STAGE
-from show_case import BLACK, TwoScreenCase, run, slide_picture
+from show_case import BLACK, TwoScreenCase, run, slide_image
 
 AMBER = bytes((0xF0, 0xB8, 0x4A))
 BAR_WIDTH = 360
@@ -9,12 +9,12 @@ BAR_HEIGHT = 6
 SCREEN_WIDTH = 1920
 
 
-def rows_with_the_bar(picture):
+def rows_with_the_bar(image):
     """How many rows show the holding screen's amber bar in their middle."""
     margin = (SCREEN_WIDTH - BAR_WIDTH) // 2
     row = bytes(3 * margin) + AMBER * BAR_WIDTH + bytes(3 * margin)
     length = len(row)
-    return sum(picture[start:start + length] == row for start in range(0, len(picture), length))
+    return sum(image[start:start + length] == row for start in range(0, len(image), length))
 
 
 class Keys:
@@ -71,10 +71,10 @@ class Keys:
         self.press_and_see(("space", 0))
 
     def wait_for_holding_screen(self):
-        self.see_not(slide_picture(0), slide_picture(1), BLACK)
-        picture = self.settled_picture()
-        self.assertEqual(rows_with_the_bar(picture), BAR_HEIGHT)
-        return picture
+        self.see_not(slide_image(0), slide_image(1), BLACK)
+        screen = self.settled_screenshot()
+        self.assertEqual(rows_with_the_bar(screen), BAR_HEIGHT)
+        return screen
 
 
 class KeysInTheOperatorWindow(Keys, TwoScreenCase):
@@ -102,7 +102,7 @@ class HeldKeys(TwoScreenCase):
 
     def hold(self, key):
         with self.program.held(key):
-            return self.pictures_during(self.HOLD)
+            return self.screenshots_during(self.HOLD)
 
     def test_the_server_repeats_a_held_letter(self):
         self.program.click_project_name()
@@ -114,7 +114,7 @@ class HeldKeys(TwoScreenCase):
     def test_a_held_arrow_is_one_step(self):
         seen = self.hold("Right")
         self.see_slide(1)
-        self.assertTrue(seen <= {slide_picture(0), slide_picture(1)}, "another slide was seen")
+        self.assertTrue(seen <= {slide_image(0), slide_image(1)}, "another slide was seen")
 
     def test_a_held_down_arrow_queues_one_slide_on(self):
         self.hold("Down")
@@ -124,7 +124,7 @@ class HeldKeys(TwoScreenCase):
     def test_a_held_b_blacks_out_for_good(self):
         seen = self.hold("b")
         self.see_black()
-        self.assertTrue(seen <= {slide_picture(0), BLACK}, "something else was seen")
+        self.assertTrue(seen <= {slide_image(0), BLACK}, "something else was seen")
         self.program.press("b")
         self.see_slide(0)
 

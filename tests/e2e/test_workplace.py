@@ -3,7 +3,7 @@
 from documents import Documents, document_in, name_in
 from processes import wait_until
 from program import ALERT, OPERATOR, START_PANEL
-from show_case import ReadCase, picture_of, run
+from show_case import ReadCase, image_of, run
 
 SONG_IMPORT = "Paste Song Lyrics"
 LYRICS = ["[Verse 1]", "Morning breaks", "over the hills", "", "Chorus:", "Sing with the light"]
@@ -46,7 +46,7 @@ class Workplace(Documents, ReadCase):
         program.focus(OPERATOR)
         self.program.save_as(saved)
         wait_until(saved.exists, "the demo to be saved")
-        self.see(picture_of(saved, 1), "the second slide of the demo")
+        self.see(image_of(saved, 1), "the second slide of the demo")
 
     def test_a_pasted_song_becomes_a_section_with_its_slides(self):
         program = self.program

@@ -125,12 +125,12 @@ class XServer:
         answer.check_returncode()
         return answer.stdout
 
-    def picture(self, area):
+    def screenshot(self, area):
         """The colours shown in a (width, height, x, y) of the root window, as RGB bytes."""
         return self.run("import", "-window", "root", "-crop", "%dx%d+%d+%d" % area, "+repage",
                         "-depth", "8", "rgb:-")
 
-    def save_picture(self, area, path):
+    def save_screenshot(self, area, path):
         self.run("import", "-window", "root", "-crop", "%dx%d+%d+%d" % area, "+repage", str(path))
 
     def _start_server(self):
