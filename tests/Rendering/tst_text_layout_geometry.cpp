@@ -3,6 +3,8 @@
 
 #include <QTextBoundaryFinder>
 
+#include <functional>
+
 using namespace quenara;
 using namespace quenara::test;
 
@@ -22,6 +24,16 @@ QRectF inkOfText(const TextElementProperties &text)
 {
     const QRect ink = inkOf(textImage(text, {200, 200, box.width(), box.height()}));
     return ink.translated(-200, -200).toRectF();
+}
+
+/// Adds a row with \a words as a plain text that \a change then alters.
+void addTextRow(
+    const char *name, const QString &words,
+    const std::function<void(TextElementProperties &)> &change = [](TextElementProperties &) {})
+{
+    TextElementProperties text = plainText(words);
+    change(text);
+    QTest::newRow(name) << text;
 }
 
 /// Every place that a caret can stand at.
@@ -58,28 +70,22 @@ private slots:
     void piecesCoverTheInkOfTheirCharacters_data()
     {
         QTest::addColumn<TextElementProperties>("text");
-        const auto row = [](const char *name, const QString &words, auto change) {
-            TextElementProperties text = plainText(words);
-            change(text);
-            QTest::newRow(name) << text;
-        };
-        const auto nothing = [](TextElementProperties &) {};
-        row("centred", QStringLiteral("Great is the morning"), nothing);
-        row("left, padded", QStringLiteral("Great"), [](TextElementProperties &text) {
+        addTextRow("centred", QStringLiteral("Great is the morning"));
+        addTextRow("left, padded", QStringLiteral("Great"), [](TextElementProperties &text) {
             text.alignment = TextAlignmentValue::left;
             text.padding = 40;
         });
-        row("right", QStringLiteral("Great"),
-            [](TextElementProperties &text) { text.alignment = TextAlignmentValue::right; });
-        row("spaced capitals", QStringLiteral("Great is"), [](TextElementProperties &text) {
+        addTextRow("right", QStringLiteral("Great"),
+                   [](TextElementProperties &text) { text.alignment = TextAlignmentValue::right; });
+        addTextRow("spaced capitals", QStringLiteral("Great is"), [](TextElementProperties &text) {
             text.uppercase = true;
             text.characterSpacing = 20;
         });
-        row("two lines apart", QStringLiteral("Great\nis"),
-            [](TextElementProperties &text) { text.lineHeight = 1.6; });
-        row("shrunk", QStringLiteral("Great\nis\nthe\nmorning\nand\nthe\nevening"), nothing);
-        row("right to left", QStringLiteral("\u05e9\u05dc\u05d5\u05dd"), nothing);
-        row("both ways", QStringLiteral("one \u05e9\u05dc\u05d5\u05dd two"), nothing);
+        addTextRow("two lines apart", QStringLiteral("Great\nis"),
+                   [](TextElementProperties &text) { text.lineHeight = 1.6; });
+        addTextRow("shrunk", QStringLiteral("Great\nis\nthe\nmorning\nand\nthe\nevening"));
+        addTextRow("right to left", QStringLiteral("\u05e9\u05dc\u05d5\u05dd"));
+        addTextRow("both ways", QStringLiteral("one \u05e9\u05dc\u05d5\u05dd two"));
     }
 
     void piecesCoverTheInkOfTheirCharacters()
@@ -98,20 +104,14 @@ private slots:
     void aPointFindsThePlaceWhoseCaretIsThere_data()
     {
         QTest::addColumn<TextElementProperties>("text");
-        const auto row = [](const char *name, const QString &words, auto change) {
-            TextElementProperties text = plainText(words);
-            change(text);
-            QTest::newRow(name) << text;
-        };
-        const auto nothing = [](TextElementProperties &) {};
-        row("two lines", QStringLiteral("Great is the morning\nBright"), nothing);
-        row("blank lines", QStringLiteral("\n\nGreat\n\nis\n"), nothing);
-        row("emoji", QStringLiteral("a\U0001F44B\U0001F3FDb\u2764\uFE0Fc"), nothing);
-        row("marks", QStringLiteral("e\u0301e\u0302x"), nothing);
-        row("capitals", QStringLiteral("straße"),
-            [](TextElementProperties &text) { text.uppercase = true; });
-        row("right to left", QStringLiteral("\u05e9\u05dc\u05d5\u05dd"), nothing);
-        row("nothing", QString(), nothing);
+        addTextRow("two lines", QStringLiteral("Great is the morning\nBright"));
+        addTextRow("blank lines", QStringLiteral("\n\nGreat\n\nis\n"));
+        addTextRow("emoji", QStringLiteral("a\U0001F44B\U0001F3FDb\u2764\uFE0Fc"));
+        addTextRow("marks", QStringLiteral("e\u0301e\u0302x"));
+        addTextRow("capitals", QStringLiteral("straße"),
+                   [](TextElementProperties &text) { text.uppercase = true; });
+        addTextRow("right to left", QStringLiteral("\u05e9\u05dc\u05d5\u05dd"));
+        addTextRow("nothing", QString());
     }
 
     void aPointFindsThePlaceWhoseCaretIsThere()
