@@ -10,11 +10,11 @@
 
 namespace quenara::bench {
 
-/// Chooses one small picture, always.
-class OnePicture : public FilePanelRunner
+/// Always chooses the same small image.
+class OneImage : public FilePanelRunner
 {
 public:
-    OnePicture()
+    OneImage()
     {
         QImage image(64, 36, QImage::Format_RGB32);
         image.fill(Qt::darkBlue);
@@ -28,17 +28,17 @@ public:
     }
 
 private:
-    QString path() const { return m_folder.filePath(QStringLiteral("picture.png")); }
+    QString path() const { return m_folder.filePath(QStringLiteral("image.png")); }
 
     QTemporaryDir m_folder;
 };
 
-/// A store with preferences of its own, whose operator chooses one picture.
+/// A store with preferences of its own, whose operator chooses one image.
 struct BenchStore
 {
     QTemporaryDir folder;
     QSettings preferences{folder.filePath(QStringLiteral("preferences.ini")), QSettings::IniFormat};
-    OnePicture panels;
+    OneImage panels;
     WorkspaceStore store;
 
     explicit BenchStore(ZelvoProject project)

@@ -29,7 +29,7 @@ struct Workspace : BenchStore
         return slideAt(store.project(), *positionAt(store.project(), absolute)).id;
     }
 
-    /// Selects the slide with its last layer.
+    /// Selects the slide and its last layer.
     void select(const QString &id)
     {
         store.selectSlide(id, true);
@@ -44,7 +44,7 @@ struct Workspace : BenchStore
         });
     }
 
-    /// One step of it.
+    /// Takes one step of a drag.
     void drag()
     {
         store.updateSelectedElement([](SlideElement &element) { element.frame.x += 1; });
@@ -109,12 +109,12 @@ struct WorstTimes
     Worst redo;
 };
 
-/// Every edit, its undo and its redo, each at its best of several runs, on the slide.
+/// Measures every edit of the slide, its undo and its redo, each by the fastest of several runs.
 void measureEdits(Workspace &workspace, const QString &slideID, WorstTimes &worst)
 {
     constexpr int runs = 12;
     WorkspaceStore &store = workspace.store;
-    // Each drops the show that was flattened before it.
+    // Each operation has to drop a flattened show, so one is made before it.
     const auto timeOf = [&store](Times &times, const std::function<void()> &operation) {
         benchmark::DoNotOptimize(store.flattenedSlides().size());
         times.measure(operation);
@@ -123,7 +123,7 @@ void measureEdits(Workspace &workspace, const QString &slideID, WorstTimes &wors
         Times editing;
         Times undoing;
         Times redoing;
-        bool isStep = true; // there may be nothing to move to from here
+        bool isStep = true; // false where an edit has nothing to do
         for (int i = 0; i < runs && isStep; ++i) {
             workspace.select(slideID);
             const ZelvoProject before = store.project();
@@ -168,8 +168,8 @@ QList<Figure> worstEdits(const ProjectSize &size, double limit)
     return {figure("edit", worst.edit), figure("undo", worst.undo), figure("redo", worst.redo)};
 }
 
-/// In an item where every slide has a photograph of its own, on the last of them.
-Figure dragAmongPictures()
+/// A drag on the last slide of an item in which every slide has a photograph of its own.
+Figure dragAmongImages()
 {
     Workspace workspace({.slideCount = 25, .itemCount = 1, .imageCount = 25});
     workspace.select(workspace.slideID(24));
@@ -208,7 +208,7 @@ QList<Figure> editingFigures()
     const auto readShow = [&] { benchmark::DoNotOptimize(store.flattenedSlides().size()); };
     add("the flattened show after an edit", nanosecondsOf(readShow, drag));
     add("the flattened show again", nanosecondsOf(readShow, [] {}));
-    figures.append(dragAmongPictures());
+    figures.append(dragAmongImages());
     return figures;
 }
 

@@ -23,7 +23,7 @@ namespace quenara::bench {
 namespace {
 
 constexpr ProjectSize manySlides{.slideCount = 10'000, .itemCount = 200};
-constexpr ProjectSize manyPictures{.slideCount = 400, .itemCount = 10, .imageCount = 25};
+constexpr ProjectSize manyImages{.slideCount = 400, .itemCount = 10, .imageCount = 25};
 
 QDateTime now()
 {
@@ -67,7 +67,7 @@ public:
                 .limit = limit * parsing};
     }
 
-    /// Against a plain copy, with \a allowance in nanoseconds a byte on top, and against
+    /// Encoding beside a plain copy with \a allowance, in nanoseconds a byte, on top, and beside
     /// QJsonDocument.
     QList<Figure> encoding(double limit, double allowance) const
     {
@@ -161,7 +161,7 @@ QList<Figure> fileFigures()
                         .yardstickName = QStringLiteral("loaded"),
                         .yardstick = figures.constFirst().value});
     }
-    const ZelvoProject once = generateProject(manyPictures);
+    const ZelvoProject once = generateProject(manyImages);
     {
         const Document document("25 pictures", once);
         constexpr double allowance = 60e6 / 100e6; // 60 ms for 100 MB

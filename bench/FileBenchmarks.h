@@ -8,7 +8,7 @@
 namespace quenara::bench {
 
 /// What it costs to load, normalize and write projects: one of many slides, one of many megabytes
-/// of pictures.
+/// of images.
 QList<Figure> fileFigures();
 
 /// The other side of the memory figures: loads the project at \a path in this fresh process and

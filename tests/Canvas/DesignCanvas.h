@@ -92,7 +92,7 @@ struct DesignCanvas
         QTest::mouseDClick(canvas, Qt::LeftButton, Qt::NoModifier, middleOf(layerID));
     }
 
-    QImage picture() { return view.grab().toImage().convertToFormat(QImage::Format_RGB32); }
+    QImage image() { return view.grab().toImage().convertToFormat(QImage::Format_RGB32); }
 };
 
 } // namespace quenara::test

@@ -500,7 +500,7 @@ private slots:
             element.text->shadow.reset();
             style(element);
         });
-        const auto picture = [&] {
+        const auto unmarked = [&] {
             QImage image = e.canvas->grab().toImage().convertToFormat(QImage::Format_ARGB32);
             QPainter painter(&image);
             const CanvasFrame frame = e.layer(lyric).frame;
@@ -519,9 +519,9 @@ private slots:
             return image;
         };
         e.edit(lyric);
-        const QImage during = picture();
+        const QImage during = unmarked();
         e.type(Qt::Key_Escape);
-        const QImage after = picture();
+        const QImage after = unmarked();
         QVERIFY(inkOf(after).height() > 8);
         QCOMPARE(largestDifference(during, after), 0);
     }

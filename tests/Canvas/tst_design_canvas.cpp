@@ -36,7 +36,7 @@ double distance(const CanvasFrame &a, const CanvasFrame &b)
 
 constexpr double exact = 1e-9;
 
-/// Whether two pictures differ at \a point or right beside it.
+/// Whether two images differ at \a point or right beside it.
 bool differ(const QImage &a, const QImage &b, const QPoint &point)
 {
     const QRect around(point - QPoint(1, 1), QSize(3, 3));
@@ -89,9 +89,9 @@ private slots:
         QFETCH(QString, button);
         QFETCH(SlideElementKind, kind);
         DesignCanvas c;
-        const QString picture = c.world.folder.filePath(QStringLiteral("picture.png"));
-        QVERIFY(QImage(8, 8, QImage::Format_RGB32).save(picture));
-        c.world.panels.answer = QUrl::fromLocalFile(picture);
+        const QString image = c.world.folder.filePath(QStringLiteral("image.png"));
+        QVERIFY(QImage(8, 8, QImage::Format_RGB32).save(image));
+        c.world.panels.answer = QUrl::fromLocalFile(image);
         const qsizetype before = c.slide().design.elements.size();
         QTest::mouseClick(c.button(button), Qt::LeftButton);
         QCOMPARE(c.slide().design.elements.size(), before + 1);
@@ -226,10 +226,8 @@ private slots:
         const QPoint middle = c.canvas->mapTo(&c.view, c.canvas->slideRect().center().toPoint());
         const QPoint onVertical = middle + QPoint(0, -200);
         const QPoint onHorizontal = middle + QPoint(-300, 0);
-        const QImage before = c.picture();
-        const auto differs = [&](const QPoint &point) {
-            return differ(c.picture(), before, point);
-        };
+        const QImage before = c.image();
+        const auto differs = [&](const QPoint &point) { return differ(c.image(), before, point); };
         const QPoint from = c.middleOf(back);
         c.press(from);
         c.moveTo(from - QPoint(int(180 * c.scale()), 0));

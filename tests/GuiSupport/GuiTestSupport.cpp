@@ -130,7 +130,7 @@ SlideMedia solidImage(const QSize &size, const QColor &color)
     buffer.open(QIODevice::WriteOnly);
     image.save(&buffer, "PNG");
     return {.dataUrl = "data:image/png;base64," + buffer.data().toBase64(),
-            .name = QStringLiteral("picture.png"),
+            .name = QStringLiteral("image.png"),
             .mimeType = QStringLiteral("image/png")};
 }
 

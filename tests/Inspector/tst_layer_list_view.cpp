@@ -352,13 +352,13 @@ private slots:
             layers.append(layer);
         }
         const LayerList list(showWith(layers));
-        QList<QImage> pictures;
+        QList<QImage> images;
         for (LayerRow *row : list.rows()) {
-            const QImage picture = row->grab().toImage();
-            QVERIFY2(!pictures.contains(picture), qPrintable(row->contents().id));
-            pictures.append(picture);
+            const QImage image = row->grab().toImage();
+            QVERIFY2(!images.contains(image), qPrintable(row->contents().id));
+            images.append(image);
         }
-        QCOMPARE(pictures.size(), 6);
+        QCOMPARE(images.size(), 6);
     }
 
     void aLongNameLeavesTheButtonsTheirRoom()

@@ -111,7 +111,7 @@ private slots:
         QTest::newRow("a document that is not UTF-8")
             << replaced(whole, "\"Doors at six\"", "\"Doors at \xff\"");
         QTest::newRow("NUL bytes") << QByteArray(4096, '\0');
-        QTest::newRow("a picture") << QByteArray("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16);
+        QTest::newRow("an image") << QByteArray("\x89PNG\r\n\x1a\n\0\0\0\rIHDR", 16);
         QTest::newRow("an item of an unknown type")
             << replaced(whole, R"("type": "song")", R"("type": "Song")");
         QTest::newRow("a name that is a number")

@@ -31,7 +31,7 @@ void rename(World &world, const QString &name)
     world.store.updateProjectName(name);
 }
 
-/// False where there is nothing for an edit to do.
+/// Runs the edit. False if there was nothing for it to do.
 bool takesAStep(World &world, const NamedEdit &edit)
 {
     const qsizetype steps = world.store.undoStore().undoStack().size();
@@ -365,7 +365,7 @@ private slots:
             w.panels.answer = w.fileUrl(u"missing/show.quenara"_s);
             w.store.saveProjectAs();
         });
-        row("a picture panel that is cancelled", [](World &w) {
+        row("an image panel that is cancelled", [](World &w) {
             w.panels.answer.reset();
             w.store.addImageLayerWithPanel();
         });
@@ -560,7 +560,7 @@ private slots:
             QTest::addRow("seed %d", seed) << quint32(seed);
     }
 
-    /// Beside a plain model: names only, the history as it was and as it is.
+    /// Compares the store with a plain model: the name of the project and the names in its history.
     void anySequenceOfGesturesKeepsToTheRules()
     {
         QFETCH(quint32, seed);

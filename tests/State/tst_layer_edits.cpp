@@ -34,7 +34,7 @@ QByteArray png()
 Edit editWithImage(Operation operation)
 {
     return [operation](World &world) {
-        world.panels.answer = world.written(u"picture.png"_s, png());
+        world.panels.answer = world.written(u"image.png"_s, png());
         (world.store.*operation)();
     };
 }
@@ -135,7 +135,7 @@ private slots:
         };
         const Edit addPlain = addText(SlideElementKind::text);
         const Edit addShape = edit(&WorkspaceStore::addShapeLayer);
-        const Edit addPicture = editWithImage(&WorkspaceStore::addImageLayerWithPanel);
+        const Edit addImage = editWithImage(&WorkspaceStore::addImageLayerWithPanel);
         const Edit setBackground = editWithImage(&WorkspaceStore::setBackgroundImageWithPanel);
         const Edit duplicate = edit(&WorkspaceStore::duplicateSelectedElement);
         const Edit remove = edit(&WorkspaceStore::deleteSelectedElement);
@@ -152,8 +152,8 @@ private slots:
             u"a%1 new%1"_s.arg(highest), u"new"_s);
         row("a shape is added on top", u"b7 a3"_s, u"a"_s, addShape, u"b7 a3 new8"_s, u"new"_s);
         row("a first shape has the index one", u""_s, u""_s, addShape, u"new1"_s, u"new"_s);
-        row("a picture is added on top", u"a3 b7"_s, u"b"_s, addPicture, u"a3 b7 new8"_s, u"new"_s);
-        row("a first picture has the index one", u""_s, u""_s, addPicture, u"new1"_s, u"new"_s);
+        row("an image is added on top", u"a3 b7"_s, u"b"_s, addImage, u"a3 b7 new8"_s, u"new"_s);
+        row("a first image has the index one", u""_s, u""_s, addImage, u"new1"_s, u"new"_s);
         row("a background leaves the layers", u"a3 b7"_s, u"b"_s, setBackground, u"a3 b7"_s,
             u"b"_s);
         row("a background needs no layer", u""_s, u""_s, setBackground, u""_s, u""_s);
@@ -239,7 +239,7 @@ private slots:
         QTest::addColumn<Edit>("edit");
         QTest::newRow("add a text") << addText(SlideElementKind::text);
         QTest::newRow("add a shape") << edit(&WorkspaceStore::addShapeLayer);
-        QTest::newRow("add a picture") << editWithImage(&WorkspaceStore::addImageLayerWithPanel);
+        QTest::newRow("add an image") << editWithImage(&WorkspaceStore::addImageLayerWithPanel);
         QTest::newRow("set a background")
             << editWithImage(&WorkspaceStore::setBackgroundImageWithPanel);
         QTest::newRow("update a layer") << renameLayer;
@@ -330,10 +330,10 @@ private slots:
         QCOMPARE(selectedElementOf(world), expected);
     }
 
-    void aNewPictureHoldsTheFile()
+    void aNewImageHoldsTheFile()
     {
         LayerWorld world(u"a3"_s, u"a"_s);
-        world.panels.answer = world.written(u"my picture.png"_s, png());
+        world.panels.answer = world.written(u"my image.png"_s, png());
         world.store.addImageLayerWithPanel();
         QCOMPARE(world.panels.asked, QList{zelvoImageOpenPanel()});
         SlideElement expected;
@@ -343,12 +343,12 @@ private slots:
         expected.frame = {480, 270, 960, 540};
         expected.zIndex = 4;
         expected.image = SlideMedia{.dataUrl = "data:image/png;base64," + png().toBase64(),
-                                    .name = u"my picture.png"_s,
+                                    .name = u"my image.png"_s,
                                     .mimeType = u"image/png"_s};
         QCOMPARE(selectedElementOf(world), expected);
     }
 
-    void aBackgroundTakesThePictureAndKeepsTheRest()
+    void aBackgroundTakesTheImageAndKeepsTheRest()
     {
         LayerWorld world(u"a3"_s, u"a"_s);
         Slide expected = *world.store.slideWithID(u"A2"_s);
@@ -365,7 +365,7 @@ private slots:
                  showWithLayers(u"a3"_s).serviceItems.at(0).slides.at(0));
     }
 
-    void noPictureChangesNothing_data()
+    void noImageChangesNothing_data()
     {
         QTest::addColumn<QString>("name"); // empty: cancelled
         QTest::addColumn<QByteArray>("bytes"); // null: no such file
@@ -374,11 +374,11 @@ private slots:
         QTest::newRow("an empty file") << u"empty.png"_s << QByteArray("");
         QTest::newRow("a text") << u"text.png"_s << QByteArray("Only words");
         QTest::newRow("a project") << u"show.png"_s << dataBytes(u"current.quenara"_s);
-        QTest::newRow("the beginning of a picture") << u"half.png"_s << png().first(40);
+        QTest::newRow("the beginning of an image") << u"half.png"_s << png().first(40);
         QTest::newRow("the folder") << u"."_s << QByteArray();
     }
 
-    void noPictureChangesNothing()
+    void noImageChangesNothing()
     {
         QFETCH(QString, name);
         QFETCH(QByteArray, bytes);
@@ -392,10 +392,10 @@ private slots:
         QVERIFY(snapshotOf(world.store) == before);
     }
 
-    void aPictureWithoutLeaveToReadChangesNothing()
+    void anImageWithoutLeaveToReadChangesNothing()
     {
         LayerWorld world(u"a3"_s, u"a"_s);
-        const QUrl url = world.written(u"picture.png"_s, png());
+        const QUrl url = world.written(u"image.png"_s, png());
         world.panels.answer = url;
         QCOMPARE(::chmod(QFile::encodeName(world.folder.path()).constData(), 0755), 0);
         QVERIFY(QFile::setPermissions(url.toLocalFile(), {}));
@@ -411,10 +411,10 @@ private slots:
                  0);
     }
 
-    void aSlideThatIsGoneWhenThePictureIsChosenChangesNothing()
+    void aSlideThatIsGoneWhenTheImageIsChosenChangesNothing()
     {
         LayerWorld world(u"a3"_s, u"a"_s);
-        world.panels.answer = world.written(u"picture.png"_s, png());
+        world.panels.answer = world.written(u"image.png"_s, png());
         world.panels.whileOpen = [&world] { world.store.newBlankProject(); };
         world.store.addImageLayerWithPanel();
         QVERIFY(world.store.project().serviceItems.isEmpty());
@@ -422,18 +422,18 @@ private slots:
         QVERIFY(!world.store.hasUnsavedChanges());
     }
 
-    void aPictureAskedForOneSlideGoesToNoOther_data()
+    void anImageAskedForOneSlideGoesToNoOther_data()
     {
         QTest::addColumn<Operation>("operation");
         QTest::newRow("as a layer") << Operation(&WorkspaceStore::addImageLayerWithPanel);
         QTest::newRow("as a background") << Operation(&WorkspaceStore::setBackgroundImageWithPanel);
     }
 
-    void aPictureAskedForOneSlideGoesToNoOther()
+    void anImageAskedForOneSlideGoesToNoOther()
     {
         QFETCH(Operation, operation);
         LayerWorld world(u"a3"_s, u"a"_s);
-        world.panels.answer = world.written(u"picture.png"_s, png());
+        world.panels.answer = world.written(u"image.png"_s, png());
         world.panels.whileOpen = [&world] { world.store.nextLive(); };
         const ZelvoProject before = world.store.project();
         (world.store.*operation)();

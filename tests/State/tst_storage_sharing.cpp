@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// A show with pictures in it.
+/// A show with images in it.
 ZelvoProject illustratedShow()
 {
     ZelvoProject project = showOf({3, 2, 3});
@@ -31,7 +31,8 @@ const Slide &slideAt(const ZelvoProject &project, qsizetype item, qsizetype slid
     return project.serviceItems.at(item).slides.at(slide);
 }
 
-/// What lies at its old place of all the slides of \a after: true for each that is still shared.
+/// For each slide of \a after, whether it shares its storage with the slide at the same place of
+/// \a before.
 QList<bool> sharedSlides(const ZelvoProject &before, const ZelvoProject &after)
 {
     QList<bool> shared;

@@ -249,7 +249,7 @@ private:
             "project selectedElementID hasUnsavedChanges canUndo");
         row("a layer raised", nothing, call(&WorkspaceStore::bringSelectedElementForward),
             "project hasUnsavedChanges canUndo");
-        row("a picture that is not chosen", nothing, call(&WorkspaceStore::addImageLayerWithPanel),
+        row("an image that is not chosen", nothing, call(&WorkspaceStore::addImageLayerWithPanel),
             "");
         row("a file that cannot be opened", nothing, openMissing, "errorMessage");
         row("an alert dismissed", openMissing, call(&WorkspaceStore::dismissError), "errorMessage");

@@ -19,7 +19,7 @@ struct NamedEdit
     enum class Needs { nothing, item, slide, layer } needs;
     /// True for the operations that a gesture makes one undo step of.
     bool joinsGesture;
-    /// Some ask for a picture by the store's file panels.
+    /// Runs the operation. Some ask for an image by the store's file panels.
     std::function<void(WorkspaceStore &)> run;
 };
 

@@ -81,8 +81,7 @@ QUrl World::written(const QString &name, const QByteArray &bytes, const Caller &
 
 void World::offerImage(const Caller &caller)
 {
-    panels.answer =
-        written(QStringLiteral("picture.png"), encoded(quarters({8, 8}), "PNG"), caller);
+    panels.answer = written(QStringLiteral("image.png"), encoded(quarters({8, 8}), "PNG"), caller);
 }
 
 void World::run(const NamedEdit &edit, const Caller &caller)

@@ -60,9 +60,9 @@ struct World
     QUrl written(const QString &name, const QByteArray &bytes,
                  const Caller &caller = Caller::current()) const;
 
-    /// Makes the operator choose a picture in every file panel from now on.
+    /// Makes the operator choose an image in every file panel from now on.
     void offerImage(const Caller &caller = Caller::current());
-    /// Runs \a edit with a picture to choose.
+    /// Runs \a edit with an image to choose.
     void run(const NamedEdit &edit, const Caller &caller = Caller::current());
 
     /// The selected slide, which there has to be.

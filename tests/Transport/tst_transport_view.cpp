@@ -24,7 +24,7 @@ struct Transport : CommandWorld
         showActive(view);
     }
 
-    const SlideView *picture(const QString &name) const { return &named<SlideView>(view, name); }
+    const SlideView *preview(const QString &name) const { return &named<SlideView>(view, name); }
 
     /// The captions of the queued and the live preview.
     QStringList captions() const { return labelTexts(view); }
@@ -48,11 +48,11 @@ private slots:
         op.store.queueNext();
         QCOMPARE(op.captions(),
                  QStringList({u"Queued"_s, u"Title of A2"_s, u"Live"_s, u"Title of A1"_s}));
-        QCOMPARE(op.picture(QStringLiteral("Queued slide"))->slide(),
+        QCOMPARE(op.preview(QStringLiteral("Queued slide"))->slide(),
                  op.store.slideWithID(QStringLiteral("A2")));
-        QCOMPARE(op.picture(QStringLiteral("Live slide"))->slide(),
+        QCOMPARE(op.preview(QStringLiteral("Live slide"))->slide(),
                  op.store.slideWithID(QStringLiteral("A1")));
-        QCOMPARE(op.picture(QStringLiteral("Live slide"))->size(), QSize(178, 100));
+        QCOMPARE(op.preview(QStringLiteral("Live slide"))->size(), QSize(178, 100));
     }
 
     void withNothingQueuedAndLiveBothReadNone()
@@ -61,8 +61,8 @@ private slots:
         op.store.newBlankProject();
         QCOMPARE(op.captions(), QStringList({u"Queued"_s, u"None"_s, u"Live"_s, u"None"_s}));
         for (const char *name : {"Queued slide", "Live slide"}) {
-            QWidget *picture = const_cast<SlideView *>(op.picture(QLatin1String(name)));
-            QCOMPARE(picture->grab().toImage().pixelColor(89, 50), QColor(Qt::black));
+            QWidget *preview = const_cast<SlideView *>(op.preview(QLatin1String(name)));
+            QCOMPARE(preview->grab().toImage().pixelColor(89, 50), QColor(Qt::black));
         }
     }
 

@@ -8,7 +8,7 @@
 using namespace quenara;
 using namespace quenara::test;
 
-/// What is stored at the start is written after the first picture.
+/// What is stored at the start is written after the first painting.
 class TestDeferredPreferences : public GuiTest
 {
     Q_OBJECT
