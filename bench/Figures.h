@@ -34,7 +34,7 @@ double nanoseconds(const TimedLoop &loop, bool isManual = false);
 /// The time of \a operation alone in a loop where \a restore undoes it.
 double nanosecondsOf(const std::function<void()> &operation, const std::function<void()> &restore);
 
-/// The times of single runs, for what the machine's other work must not blur.
+/// The times of single runs, the fastest of which are free of the machine's other work.
 class Times
 {
 public:

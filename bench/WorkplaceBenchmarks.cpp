@@ -42,7 +42,7 @@ TextField *titleFieldOf(const QWidget &view)
     return *title;
 }
 
-/// What a step changes is all painted when nothing is left to do.
+/// Handles events until all that a step changes is painted.
 void settle()
 {
     QAbstractEventDispatcher *dispatcher = QAbstractEventDispatcher::instance();
@@ -89,7 +89,7 @@ public:
         settle();
     }
 
-    /// On one of two rows that are in sight, in turn.
+    /// Clicks one of two rows in sight, each in turn.
     void clickRow()
     {
         const QModelIndex selected = m_model->indexOfSlide(store().selectedSlideID());
@@ -182,8 +182,8 @@ QList<Figure> figuresOf(Workplace &workplace, const Times &times, const char *na
     return {figure("99 of 100", 0.99, limit), figure("the middle one", 0.5, std::nullopt)};
 }
 
-/// The same steps three times, each at its fastest: what slows the machine for a moment is not
-/// seen, what a slide costs is.
+/// Takes the same steps three times and the fastest time of each: that leaves what a slide costs,
+/// without what slows the machine for a moment.
 Times bestTimesOfLiveSteps(Workplace &workplace)
 {
     constexpr int passes = 3;

@@ -45,8 +45,8 @@ FILL_STRIP = (400, 40, SCREEN_WIDTH + 760, 500)
 
 
 def strip_of(screen):
-    """A part of the screen that every slide shows something else in than its neighbours, small
-    enough to be looked at several times a millisecond."""
+    """A part of the screen in which every slide differs from its neighbours, small enough to be
+    looked at several times a millisecond."""
     width, height = screen
     return (48, height // 2, SCREEN_WIDTH + width // 3, height // 4)
 
@@ -90,7 +90,8 @@ def report_times(name, values, limit, yardstick):
 
 
 def report(name, presses, limit, fills):
-    """Nothing is left out unsaid: slides that look alike in the strip bring no picture either."""
+    """Also prints how many presses brought no picture, as happens where slides look alike in the
+    strip."""
     values, yardstick = ([value for value in taken if value is not None]
                          for taken in (presses, fills))
     report_times(name, values, limit, yardstick)
@@ -99,7 +100,7 @@ def report(name, presses, limit, fills):
 
 
 def steps(server, screen, press_keys):
-    """What comes of pressing keys while the screen is watched."""
+    """Presses keys while the screen is watched, and returns what that measures."""
     with ScreenWatch(server, strip_of(screen)) as watch:
         watch.settle(1)
         return press_keys(watch)
@@ -110,8 +111,9 @@ def presses_right(count):
 
 
 def start_once(server, strip, *command):
-    """Seconds from the start of a program that was started before to its first picture in the
-    strip, and those that it computed meanwhile: what is left it waited."""
+    """Seconds from the start of a program to its first picture in the strip, and the seconds of the
+    processor that it used meanwhile: the difference is what it waited. The program has been
+    started before, so that its files are cached."""
     with ScreenWatch(server, strip) as watch:
         watch.settle(0.3)
         count = len(watch.frames())
@@ -128,7 +130,7 @@ def resident_bytes(program):
 
 
 def resident_bytes_of(server, title, *command):
-    """What a program holds once its window stands."""
+    """The memory that a program holds once its window is shown and it is at rest."""
     with Program(server, *command) as program:
         program.wait_for_window(title)
         program.wait_until_at_rest()
@@ -162,7 +164,7 @@ def measure_fill(server, screen):
 
 @contextlib.contextmanager
 def showing(server, show):
-    """The program meanwhile, its display open with the keyboard."""
+    """Runs the program meanwhile, its display open and with the keyboard."""
     with Program(server, EXECUTABLE, show) as program:
         program.wait_for_window(OPERATOR)
         program.open_display()

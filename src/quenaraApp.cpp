@@ -11,7 +11,7 @@
 int main(int argc, char *argv[])
 {
 #ifdef SIGXFSZ
-    // A file beyond what the system allows is a failed save, and no reason to end.
+    // Writing a larger file than the system allows is to fail, not to end the program.
     std::signal(SIGXFSZ, SIG_IGN);
 #endif
     QApplication application(argc, argv);

@@ -141,7 +141,7 @@ constexpr auto commands = std::to_array<CommandDescription>({
      .symbol = "play.fill",
      .keys = {"Space"},
      .run = onStore<&WorkspaceStore::goLive>},
-    // The same once more, so that either key sends the queued slide live.
+    // The same command again, for its other keys.
     {.command = Command::goLiveByReturn,
      .title = "Go Live",
      .symbol = "play.fill",

@@ -51,29 +51,28 @@ enum class Command : std::uint8_t {
     addImageLayer,
 };
 
-/// All that menus, buttons, keys and the guide have to know of a command.
+/// What menus, buttons, keys and the guide need to know of a command.
 struct CommandDescription
 {
     Command command{};
     const char *title = ""; ///< of its menu item
-    const char *titleWhileOn = nullptr; ///< the menu item's while `isOn`, if it is another one then
-    const char *buttonTitle =
-        nullptr; ///< the button's text, or its name and tooltip; null: `title`
-    const char *symbol = ""; ///< the button's: a name in `resources/icons.list`, or empty
+    const char *titleWhileOn = nullptr; ///< of its menu item while `isOn`; null: `title`
+    const char *buttonTitle = nullptr; ///< its button's text, or name and tooltip; null: `title`
+    const char *symbol = ""; ///< of its button: a name in `resources/icons.list`, or empty
     std::array<const char *, 2> keys{}; ///< portable key sequences; null where there is none
-    QAction::MenuRole role = QAction::NoRole; ///< where a platform has a place of its own for it
-    bool worksOnDocument = false; ///< not to be done while a dialog asks the operator something
+    QAction::MenuRole role = QAction::NoRole; ///< the place that some platforms have for it
+    bool worksOnDocument = false; ///< not done while a dialog is open
     bool dropsDocument = false; ///< needs the operator's consent if there are unsaved changes
     bool continuesTyping =
-        false; ///< the field that is typed into has the keyboard again afterwards
-    bool repeats = false; ///< again and again while its key is held down
+        false; ///< afterwards, the field that was typed into has the keyboard again
+    bool repeats = false; ///< done again and again while its key is held down
     bool (*isEnabled)(const WorkspaceStore &store) = nullptr; ///< null: always
     /// For a command that switches something on and off; null for all others.
     bool (*isOn)(const WorkspaceStore &store, const OutputWindows &outputs) = nullptr;
     void (*run)(CommandActions &actions) = nullptr;
 };
 
-/// Every command once, at the place that its enumerator has.
+/// Every command once, in the order of the enumeration.
 [[nodiscard]] std::span<const CommandDescription> commandDescriptions();
 [[nodiscard]] const CommandDescription &descriptionOf(Command command);
 

@@ -34,8 +34,8 @@ QAction *CommandActions::makeAction(const CommandDescription &description)
             shortcuts.append(QKeySequence(QString::fromUtf8(key), QKeySequence::PortableText));
     }
     action->setShortcuts(shortcuts);
-    // Not of the application: a dialog on one window must neither take its keys for commands nor
-    // keep them from the other windows.
+    // Window shortcuts, not the application's: a dialog must neither run commands by its keys nor
+    // keep the keys of the other windows from doing so.
     action->setShortcutContext(Qt::WindowShortcut);
     action->setAutoRepeat(description.repeats);
     action->setMenuRole(description.role);
@@ -49,8 +49,8 @@ bool CommandActions::isOn(Command command) const
     return descriptionOf(command).isOn(store(), outputs());
 }
 
-/// The keys of an output window, which takes part in the service while a dialog on the operator's
-/// window is open, leave the document alone until the dialog is answered.
+/// While a dialog is open on the operator's window, the keys of an output window go on running the
+/// service, but must not change the document.
 bool CommandActions::isRefused(Command command, const QWidget *sheet)
 {
     const QWidget *dialog = QApplication::activeModalWidget();

@@ -39,8 +39,8 @@ public:
     /// For a command that switches something on and off.
     bool isOn(Command command) const;
 
-    /// What triggering the action does. \a sheet is the dialog that offers the command, if one
-    /// does: no other dialog that stands open lets a command work on the document.
+    /// Does what triggering the action does. \a sheet is the dialog that offers the command, if
+    /// any: while another dialog is open, no command works on the document.
     void perform(Command command, const QWidget *sheet = nullptr);
 
     /// Has \a select choose what the command works on, then triggers its action. Does neither if a
@@ -51,12 +51,13 @@ public:
     void openProject(const QUrl &url);
 
 signals:
-    /// The operator has let the document go; another takes its place next, or a panel asks for it.
+    /// The operator has agreed to drop the document. Another one replaces it next, or a panel asks
+    /// which.
     void documentReleased();
-    /// Something may have been switched on or off.
+    /// isOn() may have changed for some command.
     void switched();
 
-    // What the program's windows are to do.
+    // Requests to the program's windows.
     void quitRequested();
     void settingsRequested();
     void aboutRequested();

@@ -40,7 +40,7 @@ inline constexpr auto rawCases<ServiceItemType> = std::to_array<RawCase<ServiceI
 });
 static_assert(casesStandAtTheirValues<ServiceItemType>);
 
-/// Whatever a document does not say of a slide has a default.
+/// Every field has a default, for documents that lack it.
 struct Slide
 {
     QString id;

@@ -12,7 +12,7 @@ namespace {
 
 constexpr QByteArrayView scheme = "data:";
 
-/// True for what stands for itself in a JSON string.
+/// True for printable ASCII that stands in a JSON string without an escape.
 bool isPlain(char byte)
 {
     return bool(int(byte >= ' ') & int(byte <= '~') & int(byte != '"') & int(byte != '\\'));
@@ -35,7 +35,7 @@ qsizetype plainCount(QByteArrayView json)
     return std::find_if_not(json.begin() + count, json.end(), isPlain) - json.begin();
 }
 
-/// True if \a start may be the start of a data URL, however little of it there is.
+/// True if \a start may be the start of a data URL, however short it is.
 bool mayBeUrl(QByteArrayView start)
 {
     return !start.isEmpty()
@@ -67,7 +67,8 @@ void MediaDetacher::append(QByteArrayView json)
         take(json.first(size));
         json = json.sliced(size);
         m_sinceBoundary = (m_sinceBoundary + size) % m_leastSize;
-        // A URL that is large enough reaches over a boundary, so that it need be sought there only.
+        // A URL that is large enough crosses a boundary, so that only the boundaries need be
+        // searched.
         if (m_sinceBoundary == 0 && m_url.isEmpty())
             beginUrl();
     }
@@ -91,9 +92,9 @@ void MediaDetacher::take(QByteArrayView piece)
     m_media.text.append(piece);
 }
 
-/// Moves the end of the text to m_url if a string begins there that may be a data URL. Were the
-/// quote before it the end of a string, the text would be invalid with the letter that follows, and
-/// with that of a placeholder as well.
+/// Moves the end of the text to m_url if a string begins there that may be a data URL. If the quote
+/// before it is the end of a string instead, the letter that follows makes the text invalid, and so
+/// does the letter of a placeholder.
 void MediaDetacher::beginUrl()
 {
     QByteArray &text = m_media.text;

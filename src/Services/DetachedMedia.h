@@ -15,23 +15,23 @@ struct DetachedMedia
     QByteArray mark; ///< what a placeholder begins with, before the index of its URL
     QList<QByteArray> urls; ///< equal ones share their storage
 
-    /// The URL whose placeholder a string of the text is; null for any other string.
+    /// The URL whose placeholder \a string is. Null for any other string of the text.
     const QByteArray *urlBehind(std::string_view string) const;
 };
 
 /// Takes the large data URLs out of a JSON text that comes in pieces, as far as they consist of
-/// printable ASCII without escapes. The text that remains is valid JSON just when all of it was.
-/// Placeholders are random, so that no document holds one of its own.
+/// printable ASCII without escapes. The text that remains is valid JSON if, and only if, the whole
+/// text was. Placeholders are random, so that no document holds one of its own.
 class MediaDetacher
 {
 public:
-    /// \a leastSize, in bytes, is that of the smallest URL to take out.
+    /// \a leastSize is the size of the smallest URL to take out, in bytes.
     explicit MediaDetacher(qsizetype leastSize = 65536);
 
     /// Makes room for a text of \a size bytes, which spares it being moved as it grows.
     void reserve(qsizetype size) { m_media.text.reserve(size); }
     void append(QByteArrayView json);
-    /// What was appended; to be called once.
+    /// Returns all that was appended. To be called once.
     [[nodiscard]] DetachedMedia finish();
 
 private:
@@ -42,7 +42,7 @@ private:
     qsizetype m_leastSize;
     qsizetype m_sinceBoundary = 0; ///< the bytes that came since the last multiple of m_leastSize
     DetachedMedia m_media;
-    QByteArray m_url; ///< what may be a URL, as far as it has come; empty outside of any
+    QByteArray m_url; ///< the part so far of what may be a URL; empty outside of any
     QSet<QByteArray> m_known;
 };
 

@@ -44,7 +44,7 @@ class FilePanelRunner
 public:
     virtual ~FilePanelRunner() = default;
 
-    /// Runs the panel modally; one file, or nothing when the operator cancels.
+    /// Runs the panel modally. Returns the chosen file, or nothing if the operator cancels.
     virtual std::optional<QUrl> run(const FilePanel &panel) = 0;
 };
 

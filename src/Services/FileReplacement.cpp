@@ -77,7 +77,7 @@ public:
     bool synchronize() const { return ::fsync(m_number) == 0 || errno == EINVAL; }
 
     /// Takes over the permissions of the file at \a path and, as far as this user may give them
-    /// away, its owner and its group. Another group does not get the permissions of that one.
+    /// away, its owner and its group. If the group stays another one, it gets no permissions.
     bool takeAttributes(const QString &path) const
     {
         struct stat attributes
@@ -105,8 +105,8 @@ private:
     int m_number;
 };
 
-/// The name of the new file until it takes the old one's place: hidden, and of one length, since
-/// the name of the target may be as long as names can be.
+/// The name of the new file until it takes the old one's place: hidden, and of a fixed length,
+/// since the target's name may already be as long as names can be.
 QString passingPath(const QFileInfo &target)
 {
     const QByteArray name =
@@ -125,8 +125,8 @@ std::optional<bool> replaceByUnnamedFile(const QFileInfo &target, const QByteArr
     if (!file.write(bytes) || (target.exists() && !file.takeAttributes(path))
         || !file.synchronize())
         return false;
-    // A new link cannot replace a file, a renamed one can. A file that a process left under the
-    // passing name when it was killed goes with the next save.
+    // A new link cannot replace a file, but a renamed one can. What a killed process has left under
+    // the passing name is removed first.
     const QString passing = passingPath(target);
     QFile::remove(passing);
     if (!file.giveName(passing))
@@ -136,7 +136,7 @@ std::optional<bool> replaceByUnnamedFile(const QFileInfo &target, const QByteArr
         QFile::remove(passing);
         return false;
     }
-    // The file is safe already; without this a loss of power might bring the old one back.
+    // The file is whole already. This keeps a loss of power from bringing the old one back.
     const Descriptor folder(target.path(), O_RDONLY | O_DIRECTORY);
     if (folder.isOpen())
         folder.synchronize();

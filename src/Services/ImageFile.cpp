@@ -12,7 +12,7 @@ namespace quenara {
 
 namespace {
 
-/// Of every three bytes base64 makes four.
+/// Base64 makes four bytes of every three.
 constexpr qint64 largestImage = largestFile / 4 * 3;
 
 /// The reader's name for the format in which the bytes can be read as an image; empty if there is
@@ -35,7 +35,7 @@ QString imageType(const QByteArray &bytes)
 {
     const QMimeType type = QMimeDatabase().mimeTypeForData(bytes);
     const bool isImage = type.name().startsWith(QLatin1String("image/"));
-    // A drawing that begins with a long comment is not told from other XML.
+    // An SVG drawing that begins with a long comment is recognized as XML only.
     const bool isXml = type.inherits(QStringLiteral("application/xml"));
     const QByteArray format = isImage || isXml ? readableFormat(bytes) : QByteArray();
     if (format.isEmpty())

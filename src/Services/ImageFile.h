@@ -8,9 +8,9 @@
 
 namespace quenara {
 
-/// The image in a file as media to embed: all the bytes of the file, their type as their content
-/// tells it whatever the file is called, the file's name. Nothing if the file cannot be read, is no
-/// image that can be shown, or is too large to be part of a document. Needs a QGuiApplication.
+/// The image in a file as media to embed: all bytes of the file, the MIME type that its content
+/// (not its name) tells, and the file's name. Nothing if the file cannot be read, is no image that
+/// can be shown, or is too large to be part of a document. Needs a QGuiApplication.
 std::optional<SlideMedia> imageFromFile(const QUrl &url);
 
 } // namespace quenara

@@ -32,8 +32,8 @@ using Element = simdjson::dom::element;
 template<Record T>
 using PresentFields = std::bitset<fieldCount<T>>;
 
-/// What a value starts from before it is read. The members of a record are empty, whatever their
-/// initializers say: those may cost more than the reading.
+/// The value that is then read into. The members of a record are empty, whatever their initializers
+/// say, since those may cost more than the reading.
 template<class T>
 T unread()
 {
@@ -47,7 +47,7 @@ T unread()
     }
 }
 
-/// Fills the fields in that the document of \a record lacked. False if one of them is required.
+/// Fills in the fields that the document of \a record lacks. False if one of them is required.
 template<Record T>
 bool fillGaps(T &record, const PresentFields<T> &present)
 {
@@ -67,14 +67,14 @@ bool fillGaps(T &record, const PresentFields<T> &present)
 
 /// Reads the records of one document by their field lists: strict in type, unknown keys ignored,
 /// the last of several equal keys counts. Each read returns false when the element is not what the
-/// value needs; the value is then unspecified. Equal byte strings, which is how the document holds
-/// its media, share their storage.
+/// value needs; the value is then unspecified. Equal byte strings share their storage, since
+/// documents hold media as such.
 template<DateForm dateForm>
 class Reader
 {
 public:
     Reader() = default;
-    /// For the text of \a media.
+    /// Reads the text of \a media.
     explicit Reader(DetachedMedia media) : m_media(std::move(media)) {}
 
     bool read(Element element, QString &value)
@@ -154,7 +154,7 @@ public:
         simdjson::dom::array array;
         if (element.get(array) != simdjson::SUCCESS)
             return false;
-        // A document does not get more memory than this by saying how long its list is.
+        // A long list must not take memory for records before it has proved to hold any.
         constexpr std::size_t mostReserved = 4096;
         values.clear();
         values.reserve(qsizetype(std::min(array.size(), mostReserved)));
@@ -191,7 +191,7 @@ public:
                 continue;
             expected = rank + 1;
             const FieldReader<T> &f = fieldReaders<T>[rank];
-            // A null says what a missing key says.
+            // A null means what a missing key means.
             present.set(f.index, !entry.value.is_null());
             if (!f.read(*this, entry.value, record) && !entry.value.is_null())
                 return false;

@@ -62,7 +62,7 @@ QByteArray withLongIntegersAsReals(std::string_view json)
 simdjson::simdjson_result<json::Element> parse(simdjson::dom::parser &parser, QByteArray &bytes)
 {
     const qsizetype start = bytes.startsWith(byteOrderMark) ? byteOrderMark.size() : 0;
-    // The parser reads as far beyond the end as its padding says.
+    // The parser reads up to its padding beyond the end.
     bytes.reserve(bytes.size() + qsizetype(simdjson::SIMDJSON_PADDING));
     const bool copies = false;
     return parser.parse(bytes.constData() + start, std::size_t(bytes.size() - start), copies);

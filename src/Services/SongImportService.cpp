@@ -34,7 +34,8 @@ bool isAtMost(qsizetype count, const QString &text)
     return finder.position() == text.size();
 }
 
-/// What a line without spacing around it is the heading of; nothing if it is none.
+/// The title that \a line, which has no spacing around it, is the heading of. Nothing if it is no
+/// heading.
 std::optional<QString> headingTitle(const QString &line)
 {
     constexpr qsizetype longestHeading = 32;

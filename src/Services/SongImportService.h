@@ -32,11 +32,11 @@ struct SongImportService
     /// Blank lines and headings divide the text. A heading is a line in brackets, whatever they
     /// hold, or one of at most 32 characters without a full stop before the colon that ends it; one
     /// with nothing below it is a section without a body. Lines end with a line feed or with
-    /// carriage return and line feed. A byte-order mark that begins the text is none of it.
+    /// carriage return and line feed. A byte-order mark at the beginning is ignored.
     [[nodiscard]] static QList<SongSection> parseSections(const QString &text);
 
-    /// A song with a slide a section: in the lower third of the screen those that are like a
-    /// chorus, the others in its middle. "Imported Song" if the title is empty.
+    /// A song with a slide for each section. Those that are like a chorus stand in the lower third
+    /// of the screen, the others in its middle. "Imported Song" if the title is empty.
     [[nodiscard]] static ServiceItem serviceItem(const QString &title, const QString &lyrics,
                                                  std::int64_t orderIndex);
 };

@@ -18,8 +18,8 @@ bool isBelow(const SlideElement &a, const SlideElement &b)
     return a.zIndex < b.zIndex;
 }
 
-/// The next zIndex above one, if there is any: documents may hold the last one. A layer that is
-/// appended to the list is drawn above its equals.
+/// The next higher zIndex; the same if it is the highest there is, which documents may hold. A
+/// layer that is appended to the list is drawn above others of the same zIndex.
 std::int64_t above(std::int64_t zIndex)
 {
     return zIndex == std::numeric_limits<std::int64_t>::max() ? zIndex : zIndex + 1;

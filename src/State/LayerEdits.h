@@ -31,7 +31,7 @@ namespace quenara::edits {
 /// Puts the remaining layers in the order of their zIndex; the lowest is selected.
 [[nodiscard]] Edited deleteSelectedElement(WorkspaceState state);
 
-/// One step of zIndex, whatever the other layers have.
+/// Raises the zIndex by one, whatever that of the other layers is.
 [[nodiscard]] Edited bringSelectedElementForward(WorkspaceState state);
 [[nodiscard]] Edited sendSelectedElementBackward(WorkspaceState state);
 

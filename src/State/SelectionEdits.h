@@ -10,7 +10,7 @@
 /// the project. They rely on order indexes that mirror the lists.
 namespace quenara::edits {
 
-/// \a id is taken even if no slide has it; its item and layer selection then are empty.
+/// Selects \a id even if no slide has it. Then no item and no layer is selected.
 [[nodiscard]] WorkspaceState selectSlide(WorkspaceState state, const QString &id, bool queue);
 
 /// The first slide with its item and its first text layer selected; nothing in an empty show.

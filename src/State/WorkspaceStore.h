@@ -100,7 +100,7 @@ public:
     void undo();
     void redo();
 
-    // What changes the project are slots, so that tests can see that they try each of them.
+    // The operations that change the project are slots, so that tests can list them and miss none.
 public slots:
     // Items and slides (WorkspaceStoreEditing.cpp); see RundownEdits.h for what each does
 
@@ -153,7 +153,7 @@ signals:
     QUENARA_PUBLISHED_FIELDS(QUENARA_SIGNAL)
 #undef QUENARA_SIGNAL
 
-    /// Once after every operation that changed anything.
+    /// Emitted once after every operation that changed anything.
     void changed();
 
 private:

@@ -7,8 +7,8 @@
 
 namespace quenara {
 
-/// The one path by which the open document changes. A step of the gesture goes from where that
-/// began, and there is none while the project is as it was then.
+/// The one path by which the open document changes. The undo step of a gesture leads back to the
+/// project as the gesture found it. There is none while the project is like that.
 void WorkspaceStore::editProject(const Edit &edit, UndoStep step)
 {
     std::optional<WorkspaceState> edited = edit(m_state);

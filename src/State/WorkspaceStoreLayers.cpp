@@ -30,8 +30,9 @@ void WorkspaceStore::setBackgroundImageWithPanel()
     }
 }
 
-/// Asks only if there is a slide to put an image on. Nothing comes back if another is selected by
-/// the time of the answer, as the show may go on meanwhile: that one was not asked about.
+/// Asks only if there is a slide to put an image on. Returns nothing if another slide is selected
+/// once the operator has answered: the show may have gone on, and the image was not chosen for that
+/// slide.
 std::optional<SlideMedia> WorkspaceStore::imageFromPanel()
 {
     const std::optional<QString> slideID = m_state.selectedSlideID;

@@ -52,7 +52,7 @@ QString rawValue(E value)
     return QString::fromUtf8(text.data(), qsizetype(text.size()));
 }
 
-/// The identity of a case in lists.
+/// What tells a case from others in a list.
 template<RawEnum E>
 QString id(E value)
 {

@@ -17,7 +17,7 @@ inline constexpr bool isOptional = false;
 template<class T>
 inline constexpr bool isOptional<std::optional<T>> = true;
 
-/// What a Field says that no document may lack.
+/// Marks a Field that no document may lack.
 struct Required
 {};
 
@@ -59,9 +59,10 @@ constexpr Field<Owner, Member> field(std::string_view name, Member Owner::*membe
     return {name, member, {}};
 }
 
-/// A field that may be missing from a document, as one must that is added to a record of which
-/// documents exist. The member then is \a whenMissing, or what that returns: it may be a function
-/// of the record, in which the fields before this one have their values, or of nothing.
+/// A field that may be missing from a document. Each field that is added to a record must be one,
+/// since older documents lack it. The member then is \a whenMissing or, if that is a function, what
+/// it returns. It is given the record, in which the fields before this one have their values, or
+/// nothing.
 template<class Owner, class Member, class WhenMissing>
 constexpr Field<Owner, Member, WhenMissing> field(std::string_view name, Member Owner::*member,
                                                   WhenMissing whenMissing)

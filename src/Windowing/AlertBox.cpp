@@ -16,7 +16,7 @@ AlertBox::AlertBox(const QString &text, const QString &detail, StandardButtons b
     : QMessageBox(NoIcon, QStringLiteral("Quenara"), text, buttons, parent)
 {
     setInformativeText(detail);
-    // Names come from documents, which shall not set the type of the program's questions.
+    // The texts may contain names from documents, which must not be read as markup.
     for (QLabel *label : findChildren<QLabel *>())
         label->setTextFormat(Qt::PlainText);
     setIconPixmap(QApplication::windowIcon().pixmap(iconSize));

@@ -4,7 +4,7 @@
 
 namespace quenara {
 
-/// A message box of the program over one of the operator's windows, which alone it blocks: the
+/// A message box over one of the operator's windows. It blocks that window alone, so that the
 /// audience window keeps its keys.
 class AlertBox : public QMessageBox
 {

@@ -8,7 +8,7 @@ class QSettings;
 
 namespace quenara {
 
-/// The stored choice of appearance, watched.
+/// The stored choice of appearance. Announces its changes.
 class AppearancePreference : public QObject
 {
     Q_OBJECT
@@ -16,7 +16,7 @@ class AppearancePreference : public QObject
 public:
     explicit AppearancePreference(QSettings &preferences, QObject *parent = nullptr);
 
-    /// As stored, whatever it says; "system" when nothing is.
+    /// The stored text, whatever it says; "system" if none is stored.
     QString rawValue() const;
     void setRawValue(const QString &rawValue);
 

@@ -16,7 +16,7 @@ DeferredPreferences::DeferredPreferences(QSettings &preferences, QWidget &window
 
 bool DeferredPreferences::eventFilter(QObject *object, QEvent *event)
 {
-    // QSettings asks itself to write by this event, once until it has written.
+    // QSettings asks itself to write by this event, and not again until it has written.
     if (object == &m_preferences)
         return event->type() == QEvent::UpdateRequest;
     if (event->type() == QEvent::Paint)
@@ -24,7 +24,7 @@ bool DeferredPreferences::eventFilter(QObject *object, QEvent *event)
     return false;
 }
 
-/// Not in the middle of the painting.
+/// Writes after the painting, not in the middle of it.
 void DeferredPreferences::writeSoon()
 {
     m_preferences.removeEventFilter(this);

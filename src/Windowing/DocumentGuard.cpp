@@ -29,7 +29,7 @@ bool DocumentGuard::mayLeave(bool endsShow)
     // The output windows stay alive during a question, so that a second request can come in.
     if (m_isAsking)
         return false;
-    endTyping(); // neither a window that closes nor a choice from a list has done so
+    endTyping(); // closing a window or choosing from a list has not done so
     const bool isUnsaved = m_store.hasUnsavedChanges();
     if (!isUnsaved && !endsShow)
         return true;

@@ -37,8 +37,8 @@ QLineEdit *nameField(const QFileDialog &dialog)
     return dialog.findChild<QLineEdit *>(QStringLiteral("fileNameEdit"));
 }
 
-/// The file that the dialog's field names. Qt's own dialog would rather give a file that became
-/// selected when the folder had been read, and takes quotes for those of a list of names.
+/// The file that the dialog's field names. Qt's own dialog would return the file that became
+/// selected when the folder had been read, and would read quotes as those around a list of names.
 QString chosenFile(const QFileDialog &dialog)
 {
     const QLineEdit *field = nameField(dialog);
@@ -96,7 +96,7 @@ std::optional<QString> FileDialogRunner::chosenPath(const FilePanel &panel)
     const bool saves = panel.kind == FilePanel::Kind::save;
     QFileDialog dialog(m_parent(), panel.title, folderOf(panel).path());
     dialog.resize(dialogSize);
-    // Qt's own dialog has one, and leaves the list of places hardly any room in it.
+    // Qt's own dialog has a splitter, and leaves the list of places hardly any room in it.
     if (auto *splitter = dialog.findChild<QSplitter *>())
         splitter->setSizes({placesWidth, dialogSize.width() - placesWidth});
     dialog.setWindowModality(Qt::WindowModal); // the audience window keeps its keys

@@ -86,7 +86,7 @@ OperatorWindow::OperatorWindow(WorkspaceStore &store, WindowCoordinator &windows
 
 OperatorWindow::~OperatorWindow()
 {
-    // A field that is being typed into writes what was typed now, while the window still exists.
+    // Hiding makes a field that is being typed into write its text while the window still exists.
     hide();
 }
 

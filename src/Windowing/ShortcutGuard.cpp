@@ -11,8 +11,8 @@ namespace quenara {
 
 namespace {
 
-/// Whether a press writes where there is text to write in. Many keyboards write by a third level
-/// (AltGr), too, in which Space stays a space.
+/// Whether a press would write something into a text. AltGr writes further characters on many
+/// keyboards, and leaves Space a space.
 bool isWritten(const QKeyEvent &event)
 {
     constexpr Qt::KeyboardModifiers levels =
@@ -48,8 +48,8 @@ bool ShortcutGuard::eventFilter(QObject *watched, QEvent *event)
     }
 }
 
-/// Answers whether a press is a shortcut, unless what is in focus is to say: a press that comes
-/// back accepted goes on as a plain key.
+/// Decides whether a press may be a shortcut. Returns false to leave that to the widget with the
+/// focus. A press that is accepted goes on as a plain key.
 bool ShortcutGuard::claims(QObject &receiver, QKeyEvent &press)
 {
     const bool isRepeated = isRepeat(press);

@@ -43,7 +43,7 @@ SystemColorScheme::SystemColorScheme(const QDBusConnection &bus, const QPalette 
 void SystemColorScheme::readSetting()
 {
     const auto method = QStringLiteral("Read");
-    // Answered before the first window shows, so that none is drawn in the other scheme first.
+    // The program waits for the answer, so that no window is first drawn in the other scheme.
     m_portal.setTimeout(answerMilliseconds);
     const QDBusMessage answer = m_portal.call(method, settingGroup, settingKey);
     m_portal.setTimeout(-1);
@@ -51,7 +51,7 @@ void SystemColorScheme::readSetting()
         takeAnswer(answer);
         return;
     }
-    // A portal that is only starting answers later.
+    // A portal that is still starting answers later.
     auto *watcher =
         new QDBusPendingCallWatcher(m_portal.asyncCall(method, settingGroup, settingKey), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {

@@ -33,7 +33,7 @@ WindowCoordinator::WindowCoordinator(const SystemColorScheme &systemScheme, Rend
 
 WindowCoordinator::~WindowCoordinator()
 {
-    // Not later: what the windows show may not outlive the coordinator.
+    // Deleted now, not later: what the windows show need not outlive the coordinator.
     for (Output *output : {&m_display, &m_stage})
         delete output->window.release();
 }
@@ -119,7 +119,7 @@ void WindowCoordinator::closeStageWindow()
 void WindowCoordinator::followScreens()
 {
     if (!m_placement.hasScreens())
-        return; // there is nothing to see them on, and nobody
+        return; // there is no screen to see them on
     if (!m_display.window) {
         m_screensSettled.start();
         return;

@@ -64,7 +64,7 @@ signals:
     void isStageWindowOpenChanged();
 
 private:
-    /// Closing happens inside the window's own event.
+    /// Deletes a window later, since it is closed from within its own event.
     struct DeleteLater
     {
         void operator()(QObject *object) const { object->deleteLater(); }

@@ -11,8 +11,8 @@ class CommandActions;
 class WindowCoordinator;
 class WorkspaceStore;
 
-/// The menu bar of the program. The keys of its items work in every window that is not a dialog to
-/// be answered, one press being one step, but for undo and redo, which a held key repeats.
+/// The menu bar of the program. The keys of its items work in every window except in dialogs that
+/// wait for an answer. A key that is held down repeats undo and redo only.
 class ZelvoCommands : public QObject
 {
     Q_OBJECT

@@ -6,7 +6,7 @@
 
 namespace quenara::test {
 
-/// Output windows of which only is known whether they are open.
+/// Output windows that know no more than whether they are open.
 class FakeOutputWindows : public OutputWindows
 {
 public:

@@ -15,7 +15,7 @@ namespace {
 
 using Commands = QList<Command>;
 
-/// All commands of which something is true.
+/// All commands whose description says that \a holds.
 Commands commandsThat(bool CommandDescription::*holds)
 {
     Commands found;
@@ -45,7 +45,7 @@ QList<QStringList> rowsOfTheGuide()
     return rows.mid(2); // below the heading and its line
 }
 
-/// As the guide writes a key.
+/// The name that the guide has for \a key.
 QString guideName(const char *key)
 {
     QString name = QString::fromUtf8(key);
@@ -75,7 +75,7 @@ private slots:
         QStringList keys;
         for (const CommandDescription &description : commandDescriptions()) {
             for (const char *key : description.keys) {
-                // The keypad's Enter is a Return to everyone but the keyboard.
+                // The guide means the Enter key of the keypad, too, by Return.
                 if (key && key != std::string_view("Enter"))
                     keys.append(guideName(key));
             }

@@ -51,7 +51,7 @@ private slots:
         QFETCH(double, sigma);
         const QImage blurred = gaussianBlurred(square(), sigma);
         double sum = 0;
-        int pixels = 0; // that are neither as before nor out of reach
+        int pixels = 0; // on which the blur has an effect
         for (int y = 0; y < side; ++y) {
             for (int x = 0; x < side; ++x) {
                 const double expected =

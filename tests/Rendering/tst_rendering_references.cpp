@@ -80,7 +80,7 @@ Plane shifted(const Plane &plane, const QPoint &offset)
     return moved;
 }
 
-/// How far two planes are apart in the mean, where the expected one is anything.
+/// The mean difference of two planes where the expected one is not black.
 double meanDifference(const Plane &seen, const Plane &expected)
 {
     constexpr double faintest = 1.0 / 255;
@@ -95,7 +95,7 @@ double meanDifference(const Plane &seen, const Plane &expected)
     return sum / count;
 }
 
-/// What part of the expected light there is altogether.
+/// The light of a whole plane as a share of the expected light.
 double light(const Plane &seen, const Plane &expected)
 {
     const auto sum = [](const Plane &plane) {

@@ -39,7 +39,7 @@ QString keyOf(std::string_view name)
     return QString::fromUtf8(name.data(), qsizetype(name.size()));
 }
 
-// What the field lists say of a document, told apart from the reader under test.
+// What the field lists say of a document, worked out without the reader under test.
 
 template<class AnyField>
 constexpr bool mayBeMissing = !std::decay_t<AnyField>::isRequired;
@@ -87,7 +87,7 @@ template<class T>
 void forEachChange(const QJsonValue &value, const QString &path, const Rebuild &rebuild,
                    const Visit &visit);
 
-/// Visits \a object with its key \a f taken away, set to each stray value and changed inside.
+/// Visits \a object with the key of \a f removed, set to each stray value, and changed inside.
 template<class AnyField>
 void forEachChangeOf(const AnyField &f, const QJsonObject &object, const QString &path,
                      const Rebuild &rebuild, const Visit &visit)

@@ -29,7 +29,7 @@ void addSeeds()
         QTest::addRow("seed %u", seed) << seed;
 }
 
-// Whether another library's tree holds just what a record does.
+// Each agrees() compares a value of a record with its value in the tree of another library.
 
 /// That library drops some byte-order marks that begin a text; fromUtf8() drops them all.
 bool agrees(const QJsonValue &json, const QByteArray &value)

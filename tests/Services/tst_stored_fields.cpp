@@ -30,8 +30,8 @@ struct Frame
 };
 static_assert(listsEveryMember<Frame>);
 
-/// A record of which texts exist that hold the "name" alone. What its members start as is nothing
-/// that a text says.
+/// A record whose older texts hold the "name" alone. The initial values of its members are not what
+/// such a text means.
 struct Note
 {
     QString name = u"unnamed"_s;

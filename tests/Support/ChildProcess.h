@@ -9,8 +9,7 @@ namespace quenara::test {
 /// a signal ended it.
 int statusOfProcess(const std::function<int()> &work);
 
-/// Makes this process, if it is root's, that of a user who owns nothing; true if it is no root's
-/// then.
+/// Gives up the rights of root, if this process has them. True if it does not have them any more.
 bool dropPrivileges();
 
 /// Leaves this process no more than \a bytes of address space; true if that was possible.

@@ -91,8 +91,8 @@ class Program:
         return int(re.search(r"\nvoluntary_ctxt_switches:\s*(\d+)", status).group(1))
 
     def wait_until_at_rest(self):
-        """Waits until it has answered all that it was told, be it by doing nothing. A caret may go
-        on blinking: it is all that wakes a program for a moment, and at its pace for the next."""
+        """Waits until the program has handled all events and sleeps. A caret may go on blinking: it
+        wakes the program for a moment, and only once in each of its periods."""
         woken_at = [time.monotonic()]
         last = [self.times_woken()]
 
@@ -111,10 +111,10 @@ class Program:
     def windows(self):
         """The shown windows that have a title, by X window id, managed or not."""
         search = None
-        # A window that goes meanwhile ends a search before it has found the rest.
+        # A window that closes meanwhile ends a search before it has found the rest.
         while search is None or b"BadWindow" in search.stderr:
             search = self.server.ask("xdotool", "search", "--onlyvisible", "--name", ".")
-        # What is found may go before it is asked for its title.
+        # A window that was found may close before it is asked for its title.
         titles = {window: self.server.ask("xdotool", "getwindowname", window).stdout
                   for window in search.stdout.decode().split()}
         return {window: title.decode().strip() for window, title in titles.items() if title}
@@ -152,8 +152,8 @@ class Program:
         return title.decode().strip()
 
     def focus(self, title):
-        """Puts a window in front, with the keyboard, whatever another that closes just now gives
-        it to."""
+        """Puts a window in front and gives it the keyboard, even if another window that is closing
+        passes that on elsewhere."""
         def has_focus():
             if re.fullmatch(title, self.focused_title()):
                 return True

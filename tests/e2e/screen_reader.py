@@ -40,12 +40,12 @@ class ScreenReader:
         if not address:
             self.close()
             raise Unavailable(f"dbus-daemon did not start: {bus.output()}")
-        # What a program needs so that it can be read.
+        # What a program needs to be read by the screen reader.
         self.environment = {"DBUS_SESSION_BUS_ADDRESS": address,
                             "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}
         os.environ |= {"DBUS_SESSION_BUS_ADDRESS": address, "DISPLAY": server.display}
         Atspi.init()
-        # What is kept would be renewed by a main loop only.
+        # Only a main loop would keep a cache up to date.
         Atspi.get_desktop(0).set_cache_mask(Atspi.Cache.NONE)
 
     def close(self):
@@ -135,7 +135,7 @@ class Thing:
 
     @property
     def children(self):
-        # One that goes meanwhile is none any more.
+        # What disappears meanwhile has no children any more.
         with contextlib.suppress(GLib.Error):
             found = (self._accessible.get_child_at_index(index)
                      for index in range(self._accessible.get_child_count()))

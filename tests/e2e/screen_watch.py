@@ -43,7 +43,7 @@ class ScreenWatch:
         self._child.stdout.close()
 
     def press(self, key):
-        """Presses a key; the time at which, in seconds."""
+        """Presses a key and returns the time of that, in seconds."""
         count = len(self._presses)
         print("press", hex(SYMBOLS[key] if key in SYMBOLS else ord(key)), file=self._child.stdin,
               flush=True)
@@ -57,7 +57,7 @@ class ScreenWatch:
             return list(self._frames)
 
     def wait_for(self, condition, description, deadline=20):
-        """Waits until what is true of the list of frames."""
+        """Waits until a condition on the list of frames is true."""
         with self._changed:
             if not self._changed.wait_for(lambda: condition(self._frames), deadline):
                 raise AssertionError(f"waited {deadline} s in vain for {description}")

@@ -44,7 +44,7 @@ def slide_image(index, width=SECOND_SCREEN[0], height=SECOND_SCREEN[1]):
 
 
 class ShowCase(unittest.TestCase):
-    """A test on an X server of its own class."""
+    """A test on an X server that the tests of its class share."""
 
     two_screens_required = False
 
@@ -96,7 +96,7 @@ class ShowCase(unittest.TestCase):
         return wait_until(twice_the_same, "the screen to settle")
 
     def screenshots_during(self, seconds):
-        """All that the second screen shows meanwhile."""
+        """All that the second screen shows for some seconds."""
         seen = set()
         end = time.monotonic() + seconds
         while time.monotonic() < end:
@@ -109,8 +109,8 @@ class TwoScreenCase(ShowCase):
 
 
 class ReadCase(TwoScreenCase):
-    """A test that finds things by their names, as a screen reader does. A file has one class of
-    these, as a process can have one reader."""
+    """A test that finds things by their names, as a screen reader does. A file can have
+    only one such class, since a process can have only one reader."""
 
     @classmethod
     def setUpClass(cls):
@@ -133,7 +133,7 @@ class ReadCase(TwoScreenCase):
                 yield from shown.shown()
 
     def thing(self, name, role=None, window=OPERATOR):
-        """What is to be used of that title and role, once it is there."""
+        """The control of that title and role, once it is there."""
         def found():
             return next((thing for thing in self.shown(window) if thing.has("FOCUSABLE")
                          and role in (None, thing.role) and thing.title == name), None)

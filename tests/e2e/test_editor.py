@@ -66,7 +66,7 @@ class Editor(ReadCase):
         self.click("New Blank Project", window=START_PANEL)
         program.wait_for_no_window(START_PANEL)
         program.focus(OPERATOR)
-        # So large that the inspector need not scroll.
+        # Large enough for the inspector not to scroll.
         program.resize(OPERATOR, 1900, 1030)
         self.click("Slide", BUTTON)
         self.wait_for_rows("New Section", "New Slide")

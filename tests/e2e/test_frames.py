@@ -111,7 +111,7 @@ class Frames(TwoScreenCase):
         frames = self.watch.frames()
         for frame in frames[self.seen:]:
             self.assertIn(frame.hash, self.to_come, f"a frame nobody sent, after {keys}")
-            # What stood there already before the last key was answered may come again.
+            # This frame may be seen again, but none from before it.
             del self.to_come[:self.to_come.index(frame.hash)]
         self.seen = len(frames)
 

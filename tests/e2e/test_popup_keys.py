@@ -17,7 +17,7 @@ class PopupKeys(ReadCase):
         program = self.start_show()
         program.open_display()
         program.focus(OPERATOR)
-        # So large that the inspector need not scroll.
+        # Large enough for the inspector not to scroll.
         program.resize(OPERATOR, 1900, 1030)
         program.press("Right")
         self.see_slide(LIVE)
@@ -35,7 +35,7 @@ class PopupKeys(ReadCase):
         self.assertEqual(self.show(), [LIVE, QUEUED])
 
     def pickers(self, layer):
-        """All that is chosen from lists while a layer is selected."""
+        """All pickers that are shown while a layer is selected."""
         self.click(layer, SWITCH)
         pickers = [thing for thing in self.shown() if thing.role == PICKER]
         self.assertTrue(pickers)

@@ -27,7 +27,7 @@ class Screens(TwoScreenCase):
         return program
 
     def see_the_operator_window(self, program):
-        """That it has the keyboard, and that no display lies over it."""
+        """Passes once the window has the keyboard and no display lies over it."""
         self.assertIsNone(program.window(DISPLAY))
         wait_until(lambda: "Evening Show" in program.focused_title(), "the operator window")
 
@@ -176,7 +176,7 @@ class Screens(TwoScreenCase):
             uncovered = corner.frames()[0].hash
             for cycle in range(CYCLES):
                 self.server.unplug_second_screen()
-                # At no moment may a screen come or go at the wrong one.
+                # A screen may come or go at any moment.
                 time.sleep(chance.uniform(0, 0.3))
                 if chance.random() < 0.5:
                     program.press("Right")

@@ -97,7 +97,7 @@ class Workplace(Documents, ReadCase):
 
     def test_sections_are_moved_added_and_deleted(self):
         self.program.focus(OPERATOR)
-        # Beside the section's title, the upper of the two is the left one.
+        # The button that moves the section up is the left one of the two beside its title.
         self.click("Song", "list item", from_right=MOVE_UP_FROM_RIGHT)
         moved = ["Song", "Verse", "Plain", "Welcome", "All stated", "Slide"]
         self.wait_for_rows(*moved)

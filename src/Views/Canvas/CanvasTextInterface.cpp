@@ -14,7 +14,8 @@ namespace quenara {
 
 namespace {
 
-/// Tells what the editor tells input methods, and moves the caret as they do.
+/// Gives assistive technologies what the editor gives input methods, and moves the caret by the
+/// events that input methods send.
 class CanvasTextInterface : public QAccessibleWidget, public QAccessibleTextInterface
 {
 public:
@@ -52,7 +53,7 @@ public:
         std::tie(*start, *end) = std::minmax({cursorPosition(), anchor()});
     }
 
-    /// Empty but at the caret: the editor tells of no other place.
+    /// Only the place of the caret is known. The rectangle is empty for any other \a offset.
     QRect characterRect(int offset) const override
     {
         const QRect caret = m_editor.inputMethodQuery(Qt::ImCursorRectangle).toRect();

@@ -102,7 +102,7 @@ QRectF CanvasTextLayerEditor::caretRect() const
     return scaledCaret(*m_places, m_edit.caret + m_preedit.caret, m_placement.scale);
 }
 
-/// From points right and down of the box's top left to those of the widget.
+/// Maps points from the top left of the box to points of the widget.
 QTransform CanvasTextLayerEditor::fromBox() const
 {
     return m_placement.fromBox() * QTransform::fromTranslate(-x(), -y());

@@ -84,7 +84,7 @@ private:
     Preedit m_preedit;
     TextElementProperties m_shownText; ///< with what is typed and composed
     std::optional<TextLayoutGeometry> m_places; ///< of \c m_shownText
-    std::optional<double> m_column; ///< where the caret keeps to while it moves by lines
+    std::optional<double> m_column; ///< x that the caret keeps to while moving by lines
     GestureID m_typing{};
     QBasicTimer m_blinking;
     bool m_isCaretOn = false;

@@ -30,8 +30,8 @@ struct EditedTextView
     static constexpr double outlineMargin = 1;
 };
 
-/// The caret before the character at \a position, in points right and down of the box's top left;
-/// \a scale points are one canvas unit.
+/// The caret before the character at \a position, in points from the top left of the box; \a scale
+/// points are one canvas unit.
 [[nodiscard]] QRectF scaledCaret(const TextLayoutGeometry &places, qsizetype position,
                                  double scale);
 

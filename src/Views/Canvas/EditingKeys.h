@@ -11,8 +11,8 @@ class QKeyEvent;
 
 namespace quenara {
 
-// What a key means, by the customs of the platform, to a text that is being edited: nothing, or an
-// empty text, if it means something else.
+// What a key press means to a text that is being edited, by the customs of the platform. Each
+// function returns nothing, or an empty text, for a press that means something else.
 
 /// Gives a position in the text, seen from the caret.
 using EditingTarget = qsizetype (*)(const EditedText &, const TextLayoutGeometry &);

@@ -21,10 +21,10 @@ struct Preedit
 
 [[nodiscard]] Preedit preeditOf(const QInputMethodEvent &event);
 
-/// Removes what is selected and what \a event replaces, and inserts what it commits.
+/// Removes the selection and the characters that \a event replaces, then inserts what it commits.
 void commit(EditedText &edit, const QInputMethodEvent &event);
 
-/// Places the caret and the anchor where \a event asks for. False if it asks for no places.
+/// Places the caret and the anchor where \a event asks for them. False if it does not.
 bool select(EditedText &edit, const QInputMethodEvent &event);
 
 } // namespace quenara

@@ -9,7 +9,7 @@ namespace {
 
 constexpr double leastPadding = 4; // points
 
-/// Keeps the precision of angles of many turns.
+/// \a degrees without whole turns, so that rotating by many of them stays precise.
 double withinOneTurn(double degrees)
 {
     return std::fmod(degrees, 360);

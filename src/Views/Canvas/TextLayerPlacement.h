@@ -22,12 +22,12 @@ struct TextLayerPlacement
     [[nodiscard]] bool isTurned() const;
     /// The layer's box before its rotation.
     [[nodiscard]] QRectF box() const;
-    /// What the text is edited on, before the rotation: the box and, where the padding is narrow,
-    /// some room around it, so that the text need not move. Never too small to be seen.
+    /// The area on which the text is edited, before its rotation: the box and, where the padding is
+    /// narrow, some room around it, so that the text need not move. Never too small to be seen.
     [[nodiscard]] QRectF plate() const;
-    /// The plate as it is turned, with \a margin points more on every side.
+    /// The rotated plate, with \a margin points more on every side.
     [[nodiscard]] QPolygonF outline(double margin) const;
-    /// Maps points right and down of the box's top left to points of the canvas.
+    /// Maps points from the top left of the box to points of the canvas.
     [[nodiscard]] QTransform fromBox() const;
 };
 

@@ -11,7 +11,8 @@ namespace quenara {
 /// none, and for null.
 [[nodiscard]] QString pastedText(const QMimeData *source);
 
-/// That of the clipboard or of the selection. After a login on X11 nobody owns either.
+/// The same for the clipboard or the selection, as \a mode says. After a login on X11 nobody owns
+/// either.
 [[nodiscard]] QString pastedText(QClipboard::Mode mode);
 
 } // namespace quenara

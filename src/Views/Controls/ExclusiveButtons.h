@@ -4,8 +4,8 @@ class QButtonGroup;
 
 namespace quenara {
 
-/// Checks the button of that \a id alone; none if there is no such button, which an exclusive group
-/// by itself would not do.
+/// Checks the button with \a id and no other. If there is none, no button is checked, though an
+/// exclusive group does not allow that by itself.
 void checkOnly(QButtonGroup &group, int id);
 
 } // namespace quenara

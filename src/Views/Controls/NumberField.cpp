@@ -23,7 +23,7 @@ std::optional<double> numberIn(const QString &text)
     return std::nullopt;
 }
 
-/// To hundredths.
+/// \a number as a text, rounded to hundredths.
 QString textOf(double number)
 {
     constexpr double lastWithHundredths = 1e13;

@@ -7,8 +7,8 @@
 
 namespace quenara {
 
-/// A number that can be typed, taken when the typing ends, or stepped by the arrow keys. Shows what
-/// showNumber() gives, which takes the place of a typed text that is no number.
+/// A number that can be typed, taken when the typing ends, or stepped by the arrow keys. Shows the
+/// number that showNumber() is given, and returns to it if what is typed is no number.
 class NumberField : public TextField
 {
     Q_OBJECT

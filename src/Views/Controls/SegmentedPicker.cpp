@@ -26,7 +26,7 @@ SegmentedPicker::SegmentedPicker(const QString &title, const QStringList &segmen
         auto *button = new QPushButton(segment);
         button->setProperty("look", QStringLiteral("segment"));
         button->setCheckable(true);
-        button->setAutoExclusive(true); // in its role, too
+        button->setAutoExclusive(true); // so that a screen reader calls it a radio button
         button->setAutoDefault(false);
         button->setFixedHeight(segmentHeight);
         m_segments.addButton(button, int(m_segments.buttons().size()));

@@ -15,7 +15,7 @@ namespace {
 /// Points.
 struct Measures
 {
-    const char *name; ///< the style sheet's
+    const char *name; ///< in the style sheet
     int iconSize;
     int gap; ///< between symbol and title
     int margin; ///< left and right of both

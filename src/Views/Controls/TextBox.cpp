@@ -21,8 +21,8 @@ void TextBox::focusInEvent(QFocusEvent *event)
 
 void TextBox::insertFromMimeData(const QMimeData *source)
 {
-    // Qt's own would look at the first format of a source, which on X11 has none while nobody owns
-    // the clipboard, and set one of Markdown.
+    // Qt would read the first format of the source, even if it has none, as on X11 while nobody
+    // owns the clipboard. It would also set Markdown as rich text.
     const QString text = pastedText(source);
     if (text.isEmpty())
         return;

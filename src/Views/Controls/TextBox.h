@@ -4,8 +4,8 @@
 
 namespace quenara {
 
-/// Several lines of plain text. The Tab key leads on; whoever comes by it finds all of the text
-/// selected, as in fields of one line.
+/// Several lines of plain text. The Tab key moves on to the next control. Moving here by it selects
+/// all of the text, as in fields of one line.
 class TextBox : public QPlainTextEdit
 {
     Q_OBJECT

@@ -12,7 +12,7 @@ namespace {
 
 constexpr int full = 255;
 
-/// What \a pixel, premultiplied, contributes where \a coverage of 255 is covered by it.
+/// \a pixel, premultiplied, where it covers only \a coverage of 255.
 QRgb part(QRgb pixel, int coverage)
 {
     const auto share = [&](int channel) { return (channel * coverage + full / 2) / full; };

@@ -29,10 +29,10 @@ private:
     void paintMasks(const QSize &size, const Shape &shape);
 
     Shape m_shape;
-    // Masks of the size of the last image, Format_Alpha8: how much of each pixel is covered by ...
-    QImage m_content; ///< ... the image, which reaches to the middle of the line
-    QImage m_line; ///< ... the line
-    QImage m_inside; ///< ... what the line surrounds
+    // Masks of the size of the last image, Format_Alpha8: how much of each pixel is covered.
+    QImage m_content; ///< by the image, which reaches to the middle of the line
+    QImage m_line; ///< by the line
+    QImage m_inside; ///< by what the line surrounds
 };
 
 } // namespace quenara

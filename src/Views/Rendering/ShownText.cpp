@@ -24,7 +24,8 @@ bool isIn(std::span<const Range> ranges, char32_t character)
     });
 }
 
-/// What is shown in colour unless a selector says otherwise. Symbols of plane 1 are in by blocks.
+/// Characters that are shown in colour unless a selector says otherwise. Those of plane 1 are
+/// listed as whole blocks.
 constexpr std::array emoji = {
     Range{0x231a, 0x231b},   Range{0x23e9, 0x23ec},   Range{0x23f0, 0x23f0},
     Range{0x23f3, 0x23f3},   Range{0x25fd, 0x25fe},   Range{0x2614, 0x2615},
@@ -48,7 +49,7 @@ constexpr char32_t colourSelector = 0xfe0f;
 constexpr char32_t joiner = 0x200d;
 constexpr char32_t keycap = 0x20e3;
 
-/// What belongs to the emoji right before it.
+/// Characters that belong to the emoji right before them.
 constexpr std::array continuation = {
     Range{joiner, joiner},
     Range{colourSelector, colourSelector},
@@ -56,7 +57,7 @@ constexpr std::array continuation = {
     Range{0xe0020, 0xe007f},
 };
 
-/// What a colour selector or a keycap can turn into an emoji.
+/// Characters that a colour selector or a keycap can turn into an emoji.
 constexpr std::array changeable = {
     Range{U'#', U'#'},     Range{U'*', U'*'},     Range{U'0', U'9'},       Range{0xa9, 0xae},
     Range{0x203c, 0x2199}, Range{0x21a9, 0x3299}, Range{0x1f000, 0x1ffff},
@@ -66,7 +67,7 @@ constexpr std::array changeable = {
 struct Character
 {
     char32_t value;
-    // Of what it stands for in the stored text.
+    // Offsets in the stored text of what it stands for.
     qsizetype start;
     qsizetype end;
 };
@@ -115,7 +116,8 @@ QList<Character> charactersOf(const TextElementProperties &properties)
     return characters;
 }
 
-/// Whether the character at \a index is part of an emoji. \a isInside tells it of the one before.
+/// Whether the character at \a index is part of an emoji. \a isInside says the same of the one
+/// before.
 bool isPartOfEmoji(const QList<Character> &text, qsizetype index, bool isInside)
 {
     const char32_t character = text.at(index).value;
@@ -174,7 +176,8 @@ ShownText shownText(const TextElementProperties &properties)
 
 ShownText truncated(const ShownText &shown, qsizetype length)
 {
-    // The caret goes along behind spacing right before the ellipsis.
+    // Spacing right before the ellipsis counts as left out, so that the caret moves over it as at
+    // the end of a line.
     qsizetype next = length;
     while (next < shown.text.size() && isSpacing(shown.text.at(next).unicode()))
         ++next;

@@ -9,7 +9,7 @@
 
 namespace quenara {
 
-/// Ends a text that is cut.
+/// Ends a truncated text.
 inline constexpr QChar ellipsis = u'\u2026';
 
 /// A text layer's text as it is laid out.
@@ -22,9 +22,9 @@ struct ShownText
 
 /// What is shown of the text that \a properties store: in capitals if they say so, every mandatory
 /// break as a line separator, without the spacing before one, and its emoji in colour where a face
-/// for that is installed. What is an emoji unless told otherwise becomes a letter before the
-/// selector U+FE0E; what is a letter unless told otherwise (a cross, a heart, an arrow) becomes an
-/// emoji before U+FE0F. Selectors inside emoji are left out: faces know joined emoji without them.
+/// for that is installed. A character that is an emoji by default becomes a letter before the
+/// selector U+FE0E. One that is a letter by default (a cross, a heart, an arrow) becomes an emoji
+/// before U+FE0F. Selectors inside emoji are left out: faces know joined emoji without them.
 [[nodiscard]] ShownText shownText(const TextElementProperties &properties);
 
 /// The first \a length characters of \a shown, and an ellipsis for those that follow.

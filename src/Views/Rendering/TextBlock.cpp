@@ -22,6 +22,7 @@ constexpr double fitTolerance = 0.25; // canvas units of the font size
 constexpr double finestFit = 1e-9; // of the font size, however large that is
 constexpr double smallestFontSize = 0.1;
 constexpr double largestCachedGlyph = 64; // device pixels; Qt holds bitmaps of smaller glyphs
+
 Qt::Alignment alignmentOf(TextAlignmentValue alignment)
 {
     switch (alignment) {
@@ -113,9 +114,9 @@ bool TextBlock::doesFit() const
     return m_bounds.height() <= m_box.height() && m_layout->lineCount() <= m_limits.lineMaximum;
 }
 
-/// Whether the text fits if it is shrunk by \a fit, as far as \a lines tell, the size of its lines
-/// when it is shrunk further. As long as they are not too wide at \a fit, they break as they did.
-/// Larger letters never give fewer lines, and none is lower if the text \a isOfOneFace.
+/// Whether the text fits if it is shrunk by \a fit, as far as that follows from \a lines: the width
+/// and height of its lines when it was shrunk further. Lines that are not too wide at \a fit break
+/// as they did. Larger letters never give fewer lines, nor lower ones if the text \a isOfOneFace.
 std::optional<bool> TextBlock::wouldFit(double fit, const QSizeF &lines, bool isOfOneFace) const
 {
     constexpr double rounding = 1; // of the layout's units, inside the font engine
@@ -127,7 +128,8 @@ std::optional<bool> TextBlock::wouldFit(double fit, const QSizeF &lines, bool is
     return std::nullopt;
 }
 
-/// Searches the largest factor that fits, between the smallest, which does, and 1, which does not.
+/// Searches for the largest factor that fits, between the smallest, which does, and 1, which does
+/// not.
 void TextBlock::shrink()
 {
     double fits = m_limits.smallestFit;
@@ -195,7 +197,7 @@ QRectF TextBlock::inkBounds(RenderCaches &caches)
     traceGlyphs(caches);
     QRectF ink(m_ink.topLeft() * unit() + QPointF(0, m_bounds.top()), m_ink.size() * unit());
     if (!m_emoji.isEmpty()) {
-        // Bitmaps of glyphs do not say what they cover.
+        // A font does not say what the bitmaps of its glyphs cover.
         const double overhang =
             unit() * layoutPixelSize / 2 + std::max(0.0, -m_text.characterSpacing);
         ink |= m_bounds.adjusted(-overhang, -overhang, overhang, overhang);

@@ -55,7 +55,7 @@ public:
     /// at the top of the bounds.
     const QTextLayout &layout() const { return *m_layout; }
 
-    /// Between the text that was given and the one that the layout has.
+    /// The map between the given text and that of the layout.
     const TextOffsetMap &offsets() const { return m_shown.offsets; }
 
     /// The length of one unit of the layout in canvas units.

@@ -21,8 +21,8 @@ public:
     /// spacing at the end of a line, which is not painted, it stands as if that were.
     QRectF caret(qsizetype position) const;
 
-    /// What the characters from \a start up to \a end cover, in one piece a line or more. A break
-    /// counts as wide as a space.
+    /// What the characters from \a start up to \a end cover: one or more pieces for each line. A
+    /// break counts as wide as a space.
     QList<QRectF> pieces(qsizetype start, qsizetype end) const;
 
     /// The position nearest to \a point.

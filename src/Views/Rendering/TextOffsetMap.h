@@ -4,9 +4,9 @@
 
 namespace quenara {
 
-/// Between offsets into a stored text and offsets into the text that is shown for it. The shown one
-/// may have more characters (a capital of two letters) and may leave some out: spacing at the end
-/// of a line, selectors inside emoji, all after an ellipsis.
+/// Maps offsets into a stored text to offsets into the text that is shown for it, and back. The
+/// shown text may have more characters (a capital of two letters) and may leave some out: spacing
+/// at the end of a line, selectors inside emoji, all after an ellipsis.
 class TextOffsetMap
 {
 public:

@@ -75,7 +75,8 @@ private:
     const WorkspaceStore &m_store;
     ZelvoProject m_project; ///< what the rows index into
     QList<Row> m_rows;
-    QList<std::size_t> m_idHashes; ///< of the rows' ids: finding a row reads no id but its own
+    QList<std::size_t>
+        m_idHashes; ///< of the rows' ids, so that finding a row compares no other ids
     Marks m_marks;
 };
 

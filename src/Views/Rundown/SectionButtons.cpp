@@ -52,8 +52,8 @@ SectionButtons::Pair &SectionButtons::pairAt(qsizetype position)
     return m_pairs[position];
 }
 
-/// Pixels that stay in sight are moved when the list scrolls, not painted again, unless something
-/// lies over them.
+/// Hides the buttons: Qt moves the pixels of a list that scrolls only if nothing lies over them,
+/// and else paints them again.
 void SectionButtons::uncover()
 {
     constexpr QRect nowhere(-1, -1, 1, 1);

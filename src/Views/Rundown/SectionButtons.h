@@ -12,8 +12,8 @@ class RundownList;
 class SymbolButton;
 class WorkspaceStore;
 
-/// The buttons that move the sections in sight, each pair over its section's row. They lie beside
-/// the list, not in it: what a list tells a screen reader of are its rows alone.
+/// The buttons that move the sections in sight, each pair over its section's row. They are siblings
+/// of the list, not parts of it: a list tells screen readers of its rows alone.
 class SectionButtons : public QWidget
 {
     Q_OBJECT

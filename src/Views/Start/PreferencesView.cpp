@@ -50,7 +50,7 @@ QStringList appearanceTitles()
     return titles;
 }
 
-/// Alt with the first letter of the title, since a letter alone is a key of the show here, too.
+/// Alt with the first letter of each title, since plain letters are the show's keys here, too.
 QList<QKeySequence> appearanceShortcuts()
 {
     QList<QKeySequence> shortcuts;

@@ -7,8 +7,8 @@ namespace quenara {
 
 class SegmentedPicker;
 
-/// The content of the settings window: the choice of appearance. It is given and told as the text
-/// that is stored.
+/// The content of the settings window: the choice of appearance. It is set and announced as the
+/// text that is stored.
 class PreferencesView : public QWidget
 {
     Q_OBJECT
@@ -16,7 +16,7 @@ class PreferencesView : public QWidget
 public:
     explicit PreferencesView(QWidget *parent = nullptr);
 
-    /// Shows the appearance that is stored as \a rawValue; none, where that stands for none.
+    /// Shows the appearance that is stored as \a rawValue, or none if that text stands for none.
     void setAppAppearance(const QString &rawValue);
 
 signals:

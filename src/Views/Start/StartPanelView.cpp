@@ -132,7 +132,7 @@ StartPanelView::StartPanelView(WorkspaceStore &store, CommandActions &commands, 
     showRecentProjects();
 }
 
-/// Before the choice is carried out, so that its panel or alert stands on the window.
+/// Called before the choice is carried out, so that its panel or alert stands on the window.
 void StartPanelView::dismiss()
 {
     accept();

@@ -59,7 +59,7 @@ void TransportPreview::setSlide(const std::optional<Slide> &slide)
     m_slideView->setSlide(slide);
 }
 
-/// The accent as a dot before the caption, which the smallest texts could not be read in.
+/// Paints the accent as a dot before the caption, which is too small to be read in that colour.
 void TransportPreview::paintEvent(QPaintEvent * /*event*/)
 {
     QPainter painter(this);

@@ -29,7 +29,7 @@ TransportView::TransportView(WorkspaceStore &store, const CommandActions &comman
     setPanelName(*this, QStringLiteral("transportBar"));
     setFixedHeight(barHeight);
     auto *layout = new QHBoxLayout(this);
-    // Above and below, what is highest takes the room it needs.
+    // No margins above and below: the highest part takes the room that it needs.
     layout->setContentsMargins(padding, 0, padding, 0);
     layout->setSpacing(groupSpacing);
     layout->addWidget(m_queued);
@@ -56,7 +56,7 @@ TransportView::TransportView(WorkspaceStore &store, const CommandActions &comman
     addGroup(buttonSpacing, {Command::toggleDisplayWindow, Command::toggleStageWindow});
     for (const Switch &one : m_switches) {
         one.button->setCheckable(true);
-        // A click turns the button before the command has done anything, if it does.
+        // A click checks the button even if the command then changes nothing.
         connect(one.button, &SymbolButton::clicked, this, &TransportView::showSwitches);
         if (one.command == Command::toggleBlackout)
             one.button->setObjectName(QStringLiteral("blackoutButton"));
