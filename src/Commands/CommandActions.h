@@ -37,7 +37,7 @@ public:
     QAction *action(Command command) const { return m_actions.at(qsizetype(command)); }
 
     /// For a command that switches something on and off.
-    bool isOn(Command command) const;
+    [[nodiscard]] bool isOn(Command command) const;
 
     /// Does what triggering the action does. \a sheet is the dialog that offers the command, if
     /// any: while another dialog is open, no command works on the document.

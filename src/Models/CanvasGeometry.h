@@ -32,8 +32,8 @@ struct CanvasFrame
     static constexpr double minimumWidth = 80;
     static constexpr double minimumHeight = 48;
 
-    constexpr double midX() const { return x + width / 2; }
-    constexpr double midY() const { return y + height / 2; }
+    [[nodiscard]] constexpr double midX() const { return x + width / 2; }
+    [[nodiscard]] constexpr double midY() const { return y + height / 2; }
 
     [[nodiscard]] constexpr CanvasFrame offsetBy(double dx, double dy) const
     {

@@ -131,7 +131,7 @@ struct FlattenedSlide
     Slide slide;
     std::int64_t absoluteIndex = 0; ///< 0-based, counting through all items in order
 
-    QString id() const { return slide.id; }
+    [[nodiscard]] QString id() const { return slide.id; }
 
     bool operator==(const FlattenedSlide &) const = default;
     static constexpr auto fields()

@@ -15,9 +15,9 @@ struct RecentProject
     QString path; ///< file-system path
     QDateTime lastOpened;
 
-    QUrl url() const { return QUrl::fromLocalFile(path); }
+    [[nodiscard]] QUrl url() const { return QUrl::fromLocalFile(path); }
     /// The path, which is unique within the list.
-    QString id() const { return path; }
+    [[nodiscard]] QString id() const { return path; }
 
     bool operator==(const RecentProject &) const = default;
     static constexpr auto fields()

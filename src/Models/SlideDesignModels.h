@@ -48,7 +48,7 @@ inline constexpr auto rawCases<SlideElementKind> = std::to_array<RawCase<SlideEl
 static_assert(casesStandAtTheirValues<SlideElementKind>);
 
 /// True for the three kinds whose payload is a text.
-constexpr bool isText(SlideElementKind kind)
+[[nodiscard]] constexpr bool isText(SlideElementKind kind)
 {
     switch (kind) {
     case SlideElementKind::text:

@@ -8,7 +8,7 @@
 namespace quenara {
 
 /// a == b, without reading bytes that the two share: media is large.
-inline bool areEqual(const QByteArray &a, const QByteArray &b)
+[[nodiscard]] inline bool areEqual(const QByteArray &a, const QByteArray &b)
 {
     return a.size() == b.size() && (a.constData() == b.constData() || a == b);
 }

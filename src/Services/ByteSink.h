@@ -28,7 +28,7 @@ public:
         m_size += bytes.size();
     }
 
-    QByteArray take()
+    [[nodiscard]] QByteArray take()
     {
         m_bytes.truncate(m_size);
         m_size = 0;

@@ -16,7 +16,7 @@ struct DetachedMedia
     QList<QByteArray> urls; ///< equal ones share their storage
 
     /// The URL whose placeholder \a string is. Null for any other string of the text.
-    const QByteArray *urlBehind(std::string_view string) const;
+    [[nodiscard]] const QByteArray *urlBehind(std::string_view string) const;
 };
 
 /// Takes the large data URLs out of a JSON text that comes in pieces, as far as they consist of

@@ -16,11 +16,11 @@ enum class DateForm {
 };
 
 /// A date in exactly the written internet form, if it exists in the calendar.
-std::optional<QDateTime> dateFromInternetText(std::string_view text);
-std::string internetText(const QDateTime &date);
+[[nodiscard]] std::optional<QDateTime> dateFromInternetText(std::string_view text);
+[[nodiscard]] std::string internetText(const QDateTime &date);
 
 /// A date at millisecond precision; nothing beyond some six thousand years from the reference.
-std::optional<QDateTime> dateFromReferenceSeconds(double seconds);
-double referenceSeconds(const QDateTime &date);
+[[nodiscard]] std::optional<QDateTime> dateFromReferenceSeconds(double seconds);
+[[nodiscard]] double referenceSeconds(const QDateTime &date);
 
 } // namespace quenara::json

@@ -49,7 +49,7 @@ T unread()
 
 /// Fills in the fields that the document of \a record lacks. False if one of them is required.
 template<Record T>
-bool fillGaps(T &record, const PresentFields<T> &present)
+[[nodiscard]] bool fillGaps(T &record, const PresentFields<T> &present)
 {
     bool isWhole = true;
     std::size_t index = 0;

@@ -23,7 +23,7 @@ namespace quenara::json {
 enum class KeyOrder { declaration, sorted };
 
 /// True when \a utf8 can stand in a JSON string as it is.
-inline bool isPlain(QByteArrayView utf8)
+[[nodiscard]] inline bool isPlain(QByteArrayView utf8)
 {
     // The compiler vectorizes a loop without an early exit.
     constexpr qsizetype block = 4096;
@@ -46,8 +46,8 @@ template<class Format, DateForm dateForm, KeyOrder keyOrder>
 class Writer
 {
 public:
-    bool hasFailed() const { return m_hasFailed; }
-    QByteArray take() { return m_sink.take(); }
+    [[nodiscard]] bool hasFailed() const { return m_hasFailed; }
+    [[nodiscard]] QByteArray take() { return m_sink.take(); }
     Format &format() { return m_output; }
 
     void write(const QString &value) { write(value.toUtf8()); }

@@ -13,7 +13,7 @@ public:
     constexpr explicit ProjectFileError(Case value) : m_case(value) {}
 
     /// The text shown to the operator.
-    QString description() const
+    [[nodiscard]] QString description() const
     {
         switch (m_case) {
         case unableToRead:

@@ -19,7 +19,7 @@ struct ProjectFileService
     /// The project in the file, migrated and normalized. \a now stands in for a missing time of
     /// update. Throws ProjectFileError: unableToRead, or unsupportedFormat for what is neither a
     /// current nor a legacy document.
-    static ZelvoProject load(const QUrl &url, const QDateTime &now);
+    [[nodiscard]] static ZelvoProject load(const QUrl &url, const QDateTime &now);
 
     /// Writes \a project, normalized and updated at \a now, as replaceFile() does. Returns the
     /// project as the file holds it: what normalizing adds has new identifiers each time. Throws

@@ -15,7 +15,7 @@ struct SongSection
     QString body; ///< its lines, joined by line feeds
 
     /// True if "chorus", "tag" or "bridge" stands anywhere in the title, even within a word.
-    bool isChorusLike() const;
+    [[nodiscard]] bool isChorusLike() const;
 
     bool operator==(const SongSection &) const = default;
     static constexpr auto fields()

@@ -59,11 +59,11 @@ public:
     // Derived values
 
     /// Made once for each project, when it is first asked for.
-    QList<FlattenedSlide> flattenedSlides() const;
-    std::optional<SlideElement> selectedElement() const;
+    [[nodiscard]] QList<FlattenedSlide> flattenedSlides() const;
+    [[nodiscard]] std::optional<SlideElement> selectedElement() const;
     /// The slide after the live one, none after the last; the first slide when none is live.
-    std::optional<Slide> nextSlide() const;
-    std::optional<Slide> slideWithID(const std::optional<QString> &id) const;
+    [[nodiscard]] std::optional<Slide> nextSlide() const;
+    [[nodiscard]] std::optional<Slide> slideWithID(const std::optional<QString> &id) const;
     const UndoRedoStore &undoStore() const { return m_undoStore; }
 
     // Selection, queue and live (WorkspaceStoreSelection.cpp)
@@ -95,7 +95,7 @@ public:
     void endGesture(GestureID gesture);
     /// Puts the project, the history and hasUnsavedChanges back to what they were before it.
     void cancelGesture(GestureID gesture);
-    bool isGestureOpen(GestureID gesture) const;
+    [[nodiscard]] bool isGestureOpen(GestureID gesture) const;
 
     void undo();
     void redo();

@@ -50,11 +50,11 @@ struct ZelvoTheme
     QColor controlBackground; ///< buttons and similar controls
     QColor inputBackground; ///< text fields and editors
 
-    static const ZelvoTheme &dark();
-    static const ZelvoTheme &light();
+    [[nodiscard]] static const ZelvoTheme &dark();
+    [[nodiscard]] static const ZelvoTheme &light();
 
     /// The dark theme for the dark scheme, the light one for any other.
-    static const ZelvoTheme &current(ColorScheme scheme);
+    [[nodiscard]] static const ZelvoTheme &current(ColorScheme scheme);
 
     bool operator==(const ZelvoTheme &) const = default;
 };

@@ -19,7 +19,7 @@ struct HexDigits
     [[nodiscard]] static HexDigits scan(QStringView text);
 
     /// The \a count bits from bit \a shift up.
-    constexpr int bits(unsigned shift, unsigned count) const
+    [[nodiscard]] constexpr int bits(unsigned shift, unsigned count) const
     {
         return int((value >> shift) & ((1U << count) - 1U));
     }

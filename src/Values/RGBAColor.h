@@ -27,7 +27,7 @@ struct RGBAColor
     [[nodiscard]] static RGBAColor fromColor(const QColor &color);
 
     /// The reverse of fromColor(); channels outside 0 to 1 are clamped.
-    QColor toColor() const;
+    [[nodiscard]] QColor toColor() const;
 
     /// \a rgb is 0xRRGGBB.
     [[nodiscard]] static constexpr RGBAColor fromRgb(std::uint32_t rgb, double alpha = 1)

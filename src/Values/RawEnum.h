@@ -31,7 +31,8 @@ concept RawEnum = std::is_enum_v<E> && !rawCases<E>.empty();
 /// True when \a table has one entry for each case of the enumeration, which names its case in
 /// \a key and stands at the index of that case, where lookups find it.
 template<class Entry, class E, std::size_t count>
-constexpr bool entriesStandAtTheirCases(const std::array<Entry, count> &table, E Entry::*key)
+[[nodiscard]] constexpr bool entriesStandAtTheirCases(const std::array<Entry, count> &table,
+                                                      E Entry::*key)
 {
     for (std::size_t i = 0; i < count; ++i) {
         if (table[i].*key != static_cast<E>(i))
@@ -46,7 +47,7 @@ inline constexpr bool casesStandAtTheirValues =
     entriesStandAtTheirCases(rawCases<E>, &RawCase<E>::value);
 
 template<RawEnum E>
-QString rawValue(E value)
+[[nodiscard]] QString rawValue(E value)
 {
     const std::string_view text = rawCases<E>[static_cast<std::size_t>(value)].rawValue;
     return QString::fromUtf8(text.data(), qsizetype(text.size()));
@@ -54,13 +55,13 @@ QString rawValue(E value)
 
 /// What tells a case from others in a list.
 template<RawEnum E>
-QString id(E value)
+[[nodiscard]] QString id(E value)
 {
     return rawValue(value);
 }
 
 template<RawEnum E>
-QString title(E value)
+[[nodiscard]] QString title(E value)
 {
     const std::string_view text = rawCases<E>[static_cast<std::size_t>(value)].title;
     return QString::fromUtf8(text.data(), qsizetype(text.size()));
@@ -68,7 +69,7 @@ QString title(E value)
 
 /// The case with exactly this raw value (case-sensitive); nothing for any other text.
 template<RawEnum E>
-constexpr std::optional<E> fromRawValue(std::string_view rawValue)
+[[nodiscard]] constexpr std::optional<E> fromRawValue(std::string_view rawValue)
 {
     for (const RawCase<E> &entry : rawCases<E>) {
         if (entry.rawValue == rawValue)
@@ -78,14 +79,14 @@ constexpr std::optional<E> fromRawValue(std::string_view rawValue)
 }
 
 template<RawEnum E>
-std::optional<E> fromRawValue(const QString &rawValue)
+[[nodiscard]] std::optional<E> fromRawValue(const QString &rawValue)
 {
     const QByteArray utf8 = rawValue.toUtf8();
     return fromRawValue<E>(std::string_view(utf8.constData(), std::size_t(utf8.size())));
 }
 
 template<RawEnum E>
-constexpr auto allCases()
+[[nodiscard]] constexpr auto allCases()
 {
     std::array<E, rawCases<E>.size()> cases{};
     for (std::size_t i = 0; i < cases.size(); ++i)

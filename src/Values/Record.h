@@ -54,7 +54,7 @@ struct Field
 /// A field that every document must hold or, if the member is an optional, that is empty in a
 /// document without it.
 template<class Owner, class Member>
-constexpr Field<Owner, Member> field(std::string_view name, Member Owner::*member)
+[[nodiscard]] constexpr Field<Owner, Member> field(std::string_view name, Member Owner::*member)
 {
     return {name, member, {}};
 }
@@ -64,8 +64,9 @@ constexpr Field<Owner, Member> field(std::string_view name, Member Owner::*membe
 /// it returns. It is given the record, in which the fields before this one have their values, or
 /// nothing.
 template<class Owner, class Member, class WhenMissing>
-constexpr Field<Owner, Member, WhenMissing> field(std::string_view name, Member Owner::*member,
-                                                  WhenMissing whenMissing)
+[[nodiscard]] constexpr Field<Owner, Member, WhenMissing> field(std::string_view name,
+                                                                Member Owner::*member,
+                                                                WhenMissing whenMissing)
 {
     static_assert(!isOptional<Member>, "an empty optional is written as a missing key");
     return {name, member, whenMissing};
@@ -114,7 +115,7 @@ inline constexpr bool listsEveryMember = detail::memberCount<T>() == fieldCount<
 namespace detail {
 
 template<class T>
-std::size_t hashOf(const T &value, std::size_t seed)
+[[nodiscard]] std::size_t hashOf(const T &value, std::size_t seed)
 {
     if constexpr (std::is_enum_v<T>) {
         return ::qHash(static_cast<int>(value), seed);
@@ -124,13 +125,13 @@ std::size_t hashOf(const T &value, std::size_t seed)
 }
 
 template<class T>
-std::size_t hashOf(const std::optional<T> &value, std::size_t seed)
+[[nodiscard]] std::size_t hashOf(const std::optional<T> &value, std::size_t seed)
 {
     return value ? hashOf(*value, seed ^ 1U) : ::qHash(0, seed);
 }
 
 template<class T>
-std::size_t hashOf(const QList<T> &values, std::size_t seed)
+[[nodiscard]] std::size_t hashOf(const QList<T> &values, std::size_t seed)
 {
     for (const T &value : values)
         seed = hashOf(value, seed);
@@ -142,7 +143,7 @@ std::size_t hashOf(const QList<T> &values, std::size_t seed)
 /// Combines the hashes of all fields in field order. The seed has no default: with one, Qt's own
 /// qHash() for any type that hashes without a seed would be an equally good match.
 template<Record T>
-std::size_t qHash(const T &record, std::size_t seed)
+[[nodiscard]] std::size_t qHash(const T &record, std::size_t seed)
 {
     forEachField<T>([&](const auto &f) {
         seed ^= detail::hashOf(record.*f.member, seed) + 0x9e3779b9U + (seed << 6U) + (seed >> 2U);

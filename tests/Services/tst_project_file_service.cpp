@@ -9,6 +9,7 @@
 #include <QTest>
 
 #include <limits>
+#include <tuple>
 
 using namespace quenara;
 using namespace quenara::test;
@@ -77,7 +78,8 @@ private slots:
     {
         QFETCH(QUrl, url);
         QFETCH(int, expected);
-        const auto error = errorOf([&] { ProjectFileService::load(url, someTime()); });
+        const auto error =
+            errorOf([&] { std::ignore = ProjectFileService::load(url, someTime()); });
         QCOMPARE(error, ProjectFileError(ProjectFileError::Case(expected)));
     }
 

@@ -24,7 +24,7 @@ public:
     SlideCanvas(WorkspaceStore &store, RenderCaches &caches, QWidget *parent = nullptr);
 
     /// The slide in points of the widget; empty without one.
-    QRectF slideRect() const;
+    [[nodiscard]] QRectF slideRect() const;
 
 protected:
     void changeEvent(QEvent *event) override;

@@ -18,6 +18,6 @@ public:
 };
 
 /// The name of the symbol that \a action has, in `resources/icons.list`; may be empty.
-QString symbolOf(const QAction &action);
+[[nodiscard]] QString symbolOf(const QAction &action);
 
 } // namespace quenara

@@ -12,7 +12,7 @@ struct BlurPlan
     /// million as ten million.
     explicit BlurPlan(double standardDeviation);
 
-    bool isNone() const { return sigma == 0; }
+    [[nodiscard]] bool isNone() const { return sigma == 0; }
 
     int reduction = 1; ///< how many pixels each way one pixel of the smaller image stands for
     double sigma = 0; ///< standard deviation in pixels of the smaller image

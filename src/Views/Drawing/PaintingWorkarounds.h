@@ -51,6 +51,6 @@ private:
 /// A face rounds the outlines that it gives differently after it was used at another size (Qt
 /// 6.4.2). This loads the face in \a fileName for the caller alone, unhinted, so that its outlines
 /// are always the same to the last bit.
-QRawFont unsharedFont(const QString &fileName, double pixelSize);
+[[nodiscard]] QRawFont unsharedFont(const QString &fileName, double pixelSize);
 
 } // namespace quenara

@@ -18,7 +18,7 @@ struct ShapeElementRenderView
     void paint(QPainter &painter, const QRectF &box) const;
 
     /// Whether the shape has an outline.
-    bool isStroked() const;
+    [[nodiscard]] bool isStroked() const;
 };
 
 } // namespace quenara

@@ -20,7 +20,7 @@ struct SlideBackgroundRenderView
 
     /// Whether nothing behind the slide shows through. An image counts as translucent, since it is
     /// not decoded for this.
-    bool isOpaque() const;
+    [[nodiscard]] bool isOpaque() const;
 
 private:
     /// \a color under the darkening.

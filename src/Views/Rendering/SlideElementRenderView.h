@@ -18,10 +18,10 @@ struct SlideElementRenderView
     void paint(QPainter &painter, const QRectF &box, RenderCaches &caches) const;
 
     /// Whether no part of the content overlaps another.
-    bool isOnePiece() const;
+    [[nodiscard]] bool isOnePiece() const;
 
     /// How far the content may reach beyond its box, in points of the target.
-    double overhang() const;
+    [[nodiscard]] double overhang() const;
 };
 
 } // namespace quenara

@@ -49,7 +49,7 @@ public:
     double fit() const { return m_fit; }
 
     /// The shown text of each line, without what ends it.
-    QStringList lines() const;
+    [[nodiscard]] QStringList lines() const;
 
     /// The lines of the shown text in units of their own, beginning at the left edge of the box and
     /// at the top of the bounds.
@@ -59,13 +59,13 @@ public:
     const TextOffsetMap &offsets() const { return m_shown.offsets; }
 
     /// The length of one unit of the layout in canvas units.
-    double unit() const;
+    [[nodiscard]] double unit() const;
 
     /// What the lines cover, in the box's coordinates. Vertically centred in the box.
     QRectF bounds() const { return m_bounds; }
 
     /// What letters that are placed exactly cover, in the box's coordinates.
-    QRectF inkBounds(RenderCaches &caches);
+    [[nodiscard]] QRectF inkBounds(RenderCaches &caches);
 
     /// How letters of less than 64 device pixels are placed. Larger ones are always placed exactly.
     enum class Placement { onWholeRows, exact };

@@ -19,21 +19,21 @@ public:
 
     /// The caret before the character at \a position: without width, as high as the line. Behind
     /// spacing at the end of a line, which is not painted, it stands as if that were.
-    QRectF caret(qsizetype position) const;
+    [[nodiscard]] QRectF caret(qsizetype position) const;
 
     /// What the characters from \a start up to \a end cover: one or more pieces for each line. A
     /// break counts as wide as a space.
-    QList<QRectF> pieces(qsizetype start, qsizetype end) const;
+    [[nodiscard]] QList<QRectF> pieces(qsizetype start, qsizetype end) const;
 
     /// The position nearest to \a point.
-    qsizetype positionAt(const QPointF &point) const;
+    [[nodiscard]] qsizetype positionAt(const QPointF &point) const;
 
     // Lines are counted as they are wrapped.
-    int lineCount() const;
-    int lineOf(qsizetype position) const;
-    qsizetype startOfLine(int line) const;
-    qsizetype endOfLine(int line) const;
-    qsizetype positionInLine(int line, double x) const;
+    [[nodiscard]] int lineCount() const;
+    [[nodiscard]] int lineOf(qsizetype position) const;
+    [[nodiscard]] qsizetype startOfLine(int line) const;
+    [[nodiscard]] qsizetype endOfLine(int line) const;
+    [[nodiscard]] qsizetype positionInLine(int line, double x) const;
 
 private:
     QRectF pieceOf(const QTextLine &line, int character) const;

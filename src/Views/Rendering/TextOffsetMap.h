@@ -22,13 +22,13 @@ public:
     [[nodiscard]] TextOffsetMap truncated(qsizetype length, qsizetype next) const;
 
     /// The shown offset of the character at \a stored or, if it is left out, of the next one shown.
-    qsizetype shown(qsizetype stored) const;
+    [[nodiscard]] qsizetype shown(qsizetype stored) const;
 
     /// The stored offset of the character at \a shown.
-    qsizetype stored(qsizetype shown) const;
+    [[nodiscard]] qsizetype stored(qsizetype shown) const;
 
     /// How many stored characters right before \a stored are left out.
-    qsizetype leftOutBefore(qsizetype stored) const;
+    [[nodiscard]] qsizetype leftOutBefore(qsizetype stored) const;
 
 private:
     // For each character shown, where the stored one that it stands for begins and ends.

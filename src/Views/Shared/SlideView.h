@@ -34,7 +34,7 @@ public:
     void setOutline(QColor ZelvoTheme::*color, double opacity);
 
     /// What the slide covers of the widget, on whole points; empty if its canvas has no size.
-    QRect slideRect() const;
+    [[nodiscard]] QRect slideRect() const;
 
 protected:
     void paintEvent(QPaintEvent *event) override;
