@@ -593,6 +593,35 @@ private slots:
         QVERIFY(e.editor->isVisible());
     }
 
+    void aLayerOfAnySizeAndPlaceIsWrittenIn_data()
+    {
+        QTest::addColumn<CanvasFrame>("frame");
+        QTest::newRow("nothing") << CanvasFrame{0, 0, 0, 0};
+        for (const double number : {-1.0, 1e6, 1e9, 1e18, 1e300, -1e9, -1e300}) {
+            QTest::addRow("far to the right, %g", number) << CanvasFrame{number, 0, 400, 300};
+            QTest::addRow("far below, %g", number) << CanvasFrame{0, number, 400, 300};
+            QTest::addRow("wide, %g", number) << CanvasFrame{0, 0, number, 300};
+            QTest::addRow("high, %g", number) << CanvasFrame{0, 0, 400, number};
+            QTest::addRow("everything, %g", number)
+                << CanvasFrame{-number, -number, number, number};
+        }
+    }
+
+    void aLayerOfAnySizeAndPlaceIsWrittenIn()
+    {
+        QFETCH(CanvasFrame, frame);
+        Editing e;
+        for (const double rotation : {0.0, 8.0}) {
+            e.store.updateSelectedElement([&](SlideElement &element) {
+                element.frame = frame;
+                element.rotation = rotation;
+            });
+            e.view.grab();
+            e.type(Qt::Key_X);
+        }
+        QCOMPARE(e.text(), QStringLiteral("one twoxx"));
+    }
+
     void whatIsSelectedIsSeen()
     {
         Editing e;

@@ -3,6 +3,8 @@
 #include "PaintingWorkarounds.h"
 #include "RoundedShapes.h"
 
+#include <limits>
+
 using namespace quenara;
 using namespace quenara::test;
 
@@ -49,6 +51,47 @@ class TestDevicePixels : public GuiTest
     Q_OBJECT
 
 private slots:
+    void aSizeIsGivenInWholePixelsHoweverLargeItIs_data()
+    {
+        constexpr int largest = std::numeric_limits<int>::max();
+        QTest::addColumn<QSizeF>("given");
+        QTest::addColumn<QSize>("expected");
+        const auto row = [](const char *name, const QSizeF &given, const QSize &expected) {
+            QTest::newRow(name) << given << expected;
+        };
+        row("rounded", {2.4, 2.5}, {2, 3});
+        row("the largest number", {1e300, 2147483648.0}, {largest, largest});
+        row("endless", {qInf(), 1}, {largest, 1});
+        row("negative", {-1e300, -0.6}, {0, 0});
+        row("no number", {qQNaN(), 7}, {0, 7});
+    }
+
+    void aSizeIsGivenInWholePixelsHoweverLargeItIs()
+    {
+        QFETCH(QSizeF, given);
+        QTEST(wholePixels(given), "expected");
+    }
+
+    void aRectangleIsCutToWhatAScreenMayShow_data()
+    {
+        QTest::addColumn<QRectF>("given");
+        QTest::addColumn<QRect>("expected");
+        const auto row = [](const char *name, const QRectF &given, const QRect &expected) {
+            QTest::newRow(name) << given << expected;
+        };
+        row("between pixels", {0.5, -0.5, 1, 1}, {0, -1, 2, 2});
+        row("as wide as a caret", {3, 4, 1, 20}, {3, 4, 1, 20});
+        row("huge", {-1e300, -1e18, 2e300, 2e18}, {-20000, -20000, 40000, 40000});
+        row("out of reach", {1e9, 0, 10, 10}, {});
+        row("no number", {qQNaN(), 0, 10, 10}, {});
+    }
+
+    void aRectangleIsCutToWhatAScreenMayShow()
+    {
+        QFETCH(QRectF, given);
+        QTEST(reachableRect(given), "expected");
+    }
+
     void aShapeFilledInBandsLooksAsIfFilledAtOnce_data() { addTransforms(); }
 
     void aShapeFilledInBandsLooksAsIfFilledAtOnce()

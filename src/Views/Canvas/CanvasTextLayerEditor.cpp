@@ -2,6 +2,7 @@
 
 #include "CanvasTextInterface.h"
 #include "Clipboard.h"
+#include "DevicePixels.h"
 #include "EditedTextView.h"
 #include "EditingKeys.h"
 #include "ThemeColors.h"
@@ -44,8 +45,11 @@ void CanvasTextLayerEditor::setLayer(const SlideElement &layer, const QPointF &s
                    .slideTopLeft = slideTopLeft,
                    .scale = scale};
     const QPolygonF outline = m_placement.outline(EditedTextView::outlineMargin);
-    setGeometry(outline.boundingRect().toAlignedRect());
-    if (m_placement.isTurned()) {
+    const QRectF bounds = outline.boundingRect();
+    setGeometry(reachableRect(bounds));
+    // A region is made row by row, and every row counts, even those out of sight.
+    const bool isReachable = QRectF(geometry()).contains(bounds);
+    if (m_placement.isTurned() && isReachable) {
         setMask(QRegion(outline.translated(-pos()).toPolygon()));
     } else {
         clearMask();
@@ -272,7 +276,7 @@ QVariant CanvasTextLayerEditor::inputMethodQuery(Qt::InputMethodQuery query) con
 {
     switch (query) {
     case Qt::ImCursorRectangle:
-        return fromBox().mapRect(caretRect()).toAlignedRect();
+        return reachableRect(fromBox().mapRect(caretRect()));
     case Qt::ImCursorPosition:
         return m_edit.caret;
     case Qt::ImAnchorPosition:

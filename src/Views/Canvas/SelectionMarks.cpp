@@ -1,6 +1,7 @@
 #include "SelectionMarks.h"
 
 #include "CanvasGestures.h"
+#include "DevicePixels.h"
 #include "ZelvoTheme.h"
 
 #include <cmath>
@@ -36,9 +37,8 @@ void paintSelectionMarks(QPainter &painter, const QRectF &box, const ZelvoTheme 
 
 QRect selectionMarksRect(const QRectF &box)
 {
-    return (box.normalized() | resizeHandle(box))
-        .adjusted(-outlineWidth, -outlineWidth, outlineWidth, outlineWidth)
-        .toAlignedRect();
+    return reachableRect((box.normalized() | resizeHandle(box))
+                             .adjusted(-outlineWidth, -outlineWidth, outlineWidth, outlineWidth));
 }
 
 QRectF verticalCenterGuide(const QRectF &slide)

@@ -2,9 +2,36 @@
 
 #include <QPaintDevice>
 
+#include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace quenara {
+
+namespace {
+
+bool hasNumbersOnly(const QRectF &rect)
+{
+    return !std::isnan(rect.left() + rect.right() + rect.top() + rect.bottom());
+}
+
+} // namespace
+
+QSize wholePixels(const QSizeF &size)
+{
+    const auto whole = [](double side) {
+        constexpr double largest = std::numeric_limits<int>::max();
+        return side > 0 ? int(std::round(std::min(side, largest))) : 0;
+    };
+    return {whole(size.width()), whole(size.height())};
+}
+
+QRect reachableRect(const QRectF &rect)
+{
+    if (!hasNumbersOnly(rect))
+        return {};
+    return rect.intersected({-farthest, -farthest, 2 * farthest, 2 * farthest}).toAlignedRect();
+}
 
 QRectF visibleDeviceRect(const QPainter &painter)
 {
@@ -21,7 +48,7 @@ QRect visiblePixels(const QPainter &painter, const QRectF &bounds, int margin)
 {
     const QMarginsF around(margin, margin, margin, margin);
     const QRectF mapped = painter.deviceTransform().mapRect(bounds).marginsAdded(around);
-    if (std::isnan(mapped.left() + mapped.right() + mapped.top() + mapped.bottom()))
+    if (!hasNumbersOnly(mapped))
         return {};
     const QRectF seen = mapped.intersected(visibleDeviceRect(painter).marginsAdded(around));
     return seen.isEmpty() ? QRect() : seen.toAlignedRect();

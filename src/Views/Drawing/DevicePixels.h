@@ -3,8 +3,20 @@
 #include <QPainter>
 #include <QRect>
 #include <QRectF>
+#include <QSize>
 
 namespace quenara {
+
+/// Farther from the origin than any screen reaches, in points or pixels.
+inline constexpr double farthest = 20'000;
+
+/// \a size in whole pixels: 0 for a side that is negative or not a number, and the largest whole
+/// number for one beyond it.
+[[nodiscard]] QSize wholePixels(const QSizeF &size);
+
+/// The smallest rectangle of whole numbers around all of \a rect that is not beyond \a farthest.
+/// Empty if there is none or if a coordinate is not a number.
+[[nodiscard]] QRect reachableRect(const QRectF &rect);
 
 /// The part of its device that \a painter can paint, in device pixels.
 [[nodiscard]] QRectF visibleDeviceRect(const QPainter &painter);

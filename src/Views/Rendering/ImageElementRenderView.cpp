@@ -17,11 +17,9 @@ constexpr double borderWidth = 2;
 constexpr double dashLength = 8;
 constexpr double dashGap = 6;
 
-/// Farther from the origin than any screen reaches. Qt makes every dash, even those out of sight.
-constexpr double farthest = 20'000;
-
 void paintPlaceholder(QPainter &painter, const QRectF &box)
 {
+    // Qt makes every dash, even those out of sight.
     const QRectF seen = box.intersected({-farthest, -farthest, 2 * farthest, 2 * farthest});
     painter.save();
     painter.setClipRect(seen, Qt::IntersectClip);
@@ -50,7 +48,7 @@ void ImageElementRenderView::paint(QPainter &painter, const QRectF &box, RenderC
 {
     if (box.isEmpty())
         return;
-    const QSize needed = (box.size() * deviceScale(painter)).toSize();
+    const QSize needed = wholePixels(box.size() * deviceScale(painter));
     const QImage image = media ? caches.images.image(*media, needed) : QImage();
     if (image.isNull()) {
         paintPlaceholder(painter, box);

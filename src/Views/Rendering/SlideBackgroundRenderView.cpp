@@ -69,7 +69,7 @@ bool SlideBackgroundRenderView::paintImage(QPainter &painter, const QRectF &slid
     const double device = deviceScale(painter);
     const BlurPlan blur(background.blurAmount * device * scale);
     const QSizeF size = slide.size() * device / blur.reduction;
-    const QImage image = caches.images.image(*background.image, size.toSize());
+    const QImage image = caches.images.image(*background.image, wholePixels(size));
     if (image.isNull())
         return false;
     if (blur.isNone()) {
