@@ -2,6 +2,7 @@
 
 #include "CommandActions.h"
 #include "OutputWindows.h"
+#include "RawEnum.h"
 #include "WorkspaceStore.h"
 
 #include <algorithm>
@@ -274,15 +275,7 @@ constexpr auto commands = std::to_array<CommandDescription>({
      .run = onStore<&WorkspaceStore::addImageLayerWithPanel>},
 });
 
-constexpr bool eachStandsAtItsPlace()
-{
-    for (std::size_t place = 0; place < commands.size(); ++place) {
-        if (commands[place].command != Command(place))
-            return false;
-    }
-    return commands.back().command == Command::addImageLayer;
-}
-static_assert(eachStandsAtItsPlace());
+static_assert(entriesStandAtTheirCases(commands, &CommandDescription::command));
 
 constexpr bool eachIsWhole()
 {

@@ -28,6 +28,15 @@ inline constexpr std::array<RawCase<E>, 0> rawCases = {};
 template<class E>
 concept RawEnum = std::is_enum_v<E> && !rawCases<E>.empty();
 
+/// Whether an enumeration has a case of this value. Compilers write one as "value = Color::red]"
+/// and any other value as "value = (Color)3]".
+template<auto value>
+[[nodiscard]] consteval bool isCase()
+{
+    constexpr std::string_view function = __PRETTY_FUNCTION__;
+    return function[function.find_last_of(":)")] == ':';
+}
+
 /// True when \a table has one entry for each case of the enumeration, which names its case in
 /// \a key and stands at the index of that case, where lookups find it.
 template<class Entry, class E, std::size_t count>
@@ -38,7 +47,7 @@ template<class Entry, class E, std::size_t count>
         if (table[i].*key != static_cast<E>(i))
             return false;
     }
-    return count == rawCases<E>.size();
+    return !isCase<static_cast<E>(count)>();
 }
 
 /// What the lookups below rely on.

@@ -31,6 +31,21 @@ Cases casesOf()
     return cases;
 }
 
+enum class Season { spring, summer, autumn };
+
+struct Row
+{
+    Season season;
+};
+
+static_assert(entriesStandAtTheirCases(
+    std::to_array<Row>({{Season::spring}, {Season::summer}, {Season::autumn}}), &Row::season));
+static_assert(!entriesStandAtTheirCases(std::to_array<Row>({{Season::spring}, {Season::summer}}),
+                                        &Row::season),
+              "a case without an entry is noticed, if only the last");
+static_assert(!entriesStandAtTheirCases(
+    std::to_array<Row>({{Season::spring}, {Season::autumn}, {Season::summer}}), &Row::season));
+
 QStringList words(const char *text)
 {
     return QString::fromLatin1(text).split(QLatin1Char('|'));

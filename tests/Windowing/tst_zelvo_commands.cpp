@@ -57,6 +57,27 @@ private slots:
         QCOMPARE(menuText(*menus.at(4)->menu()), QStringLiteral("About Quenara|"));
     }
 
+    void everyCommandIsOfferedByAMenuOrAButton()
+    {
+        ProgramWindows program;
+        program.store.showStartPanel();
+        QSet<QString> offered;
+        const auto menus = program.operatorWindow.menuBar()->findChildren<QMenu *>();
+        for (const QMenu *menu : menus) {
+            for (const QAction *action : menu->actions())
+                offered.insert(action->text());
+        }
+        for (const auto *button : program.operatorWindow.findChildren<QAbstractButton *>()) {
+            if (button->isVisible())
+                offered |= {button->text(), button->accessibleName()};
+        }
+        for (const CommandDescription &description : commandDescriptions()) {
+            const QAction *action = program.commands.action(description.command);
+            QVERIFY2(offered.contains(action->text()) || offered.contains(action->iconText()),
+                     qPrintable(action->text()));
+        }
+    }
+
     void whatThePlatformHasAPlaceForGoesThere()
     {
         const ProgramWindows program;
