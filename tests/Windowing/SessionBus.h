@@ -22,15 +22,17 @@ public:
         if (!m_daemon.waitForReadyRead())
             fail(QStringLiteral("no dbus-daemon"), caller);
         m_address = QString::fromUtf8(m_daemon.readLine().trimmed());
+        m_services.moveToThread(&m_thread);
         m_thread.start();
     }
 
     ~SessionBus()
     {
-        for (const QString &name : m_connections)
-            QDBusConnection::disconnectFromBus(name);
+        // A service that still answers needs its connection.
         m_thread.quit();
         m_thread.wait();
+        for (const QString &name : m_connections)
+            QDBusConnection::disconnectFromBus(name);
         m_daemon.terminate();
         m_daemon.waitForFinished();
     }
@@ -59,7 +61,10 @@ public:
     void withdraw(const QString &service)
     {
         m_connections.removeAll(service);
-        QDBusConnection::disconnectFromBus(service);
+        // Between two answers, since the service needs its connection while it gives one.
+        QMetaObject::invokeMethod(
+            &m_services, [&] { QDBusConnection::disconnectFromBus(service); },
+            Qt::BlockingQueuedConnection);
     }
 
     QString address() const { return m_address; }
@@ -68,6 +73,7 @@ private:
     QProcess m_daemon;
     QString m_address;
     QThread m_thread;
+    QObject m_services; ///< stands for all of them in their thread
     QStringList m_connections;
 };
 
