@@ -22,22 +22,28 @@ function(quenara_add_room name)
 endfunction()
 
 # The Qt headers that nearly every file of a module's users includes, parsed once for all of them:
-# a precompiled header a target fills a disk. Off in the tidy preset, so that a file that misses an
-# include shows.
+# a precompiled header a target fills a disk. For clang-tidy it is only the one that brings most of
+# the others, so that a file that misses an include shows.
 function(quenara_precompile_qt target)
   if(NOT QUENARA_PRECOMPILE)
     return()
   endif()
   set(module Core)
+  set(main <QObject>)
   set(headers <QByteArray> <QDateTime> <QList> <QObject> <QString> <QUrl> <algorithm> <optional>
               <tuple>)
   if("Gui" IN_LIST ARGN OR "Widgets" IN_LIST ARGN)
     set(module Gui)
+    set(main <QImage>)
     list(APPEND headers <QColor> <QFont> <QImage> <QPainter>)
   endif()
   if("Widgets" IN_LIST ARGN)
     set(module Widgets)
+    set(main <QWidget>)
     list(APPEND headers <QWidget>)
+  endif()
+  if(QUENARA_TIDY)
+    set(headers ${main})
   endif()
 
   set(owner quenara_precompiled_${module})

@@ -56,7 +56,7 @@ endfunction()
 # clang-tidy reads it, it is Qt's alone: what is precompiled is not looked at, and the rooms that a
 # test links would have to be built first.
 function(quenara_precompile_tests target)
-  if(NOT QUENARA_PRECOMPILE AND NOT QUENARA_TIDY)
+  if(NOT QUENARA_PRECOMPILE)
     return()
   endif()
   set(support quenara_test_support)
