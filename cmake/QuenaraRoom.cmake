@@ -22,8 +22,8 @@ function(quenara_add_room name)
 endfunction()
 
 # The Qt headers that nearly every file of a module's users includes, parsed once for all of them:
-# a precompiled header a target fills a disk. For clang-tidy it is only the one that brings most of
-# the others, so that a file that misses an include shows.
+# a precompiled header a target fills a disk. For clang-tidy it is only the broadest one, so that a
+# missing include of anything that it does not bring shows.
 function(quenara_precompile_qt target)
   if(NOT QUENARA_PRECOMPILE)
     return()

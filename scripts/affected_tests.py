@@ -12,6 +12,7 @@ import subprocess
 import sys
 from pathlib import Path
 
+ALL_ROOMS = ("src/", "tests/", "share/", "ARCHITECTURE.md")
 EVERY_TEST = ("CMakeLists.txt", "CMakePresets.json", "cmake/", "resources/", "tests/data/",
               "tests/golden/")
 WINDOWS = ("src/Windowing/", "src/quenaraApp.cpp")
@@ -67,7 +68,7 @@ def main():
             return knows_end_to_end(Path(command[-1]).relative_to(root), changed)
         executable = command[0].removeprefix(f"{root / build}/")
         if executable not in folders:
-            return any(name.startswith(("src/", "tests/", "share/")) for name in changed)
+            return any(name.startswith(ALL_ROOMS) for name in changed)
         return any(knows(folders[executable], executable, name) for name in changed)
 
     if changed:

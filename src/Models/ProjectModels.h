@@ -40,7 +40,7 @@ inline constexpr auto rawCases<ServiceItemType> = std::to_array<RawCase<ServiceI
 });
 static_assert(casesStandAtTheirValues<ServiceItemType>);
 
-/// Every field has a default, for documents that lack it.
+/// A document may lack any of the fields.
 struct Slide
 {
     QString id;

@@ -25,9 +25,10 @@ void WorkspaceStore::editProject(const Edit &edit, UndoStep step)
         history.registerSnapshot(m_gesture ? m_gesture->project : m_state.project);
         edited->hasUnsavedChanges = true;
     }
-    // A step of the show leaves ids behind that any edit repairs: the operator selects nothing
-    // else.
-    if (m_gesture && !edits::isSameSelection(edits::repairSelection(m_state), *edited))
+    // A step of the show may leave ids behind that the next edit repairs. That is no selection by
+    // the operator and does not end the gesture.
+    if (m_gesture && !edits::isSameSelection(m_state, *edited)
+        && !edits::isSameSelection(edits::repairSelection(m_state), *edited))
         m_gesture.reset();
     publish(*std::move(edited), std::move(history));
 }

@@ -37,8 +37,9 @@ template<auto value>
     return function[function.find_last_of(":)")] == ':';
 }
 
-/// True when \a table has one entry for each case of the enumeration, which names its case in
-/// \a key and stands at the index of that case, where lookups find it.
+/// True when \a table has one entry for each case of the enumeration, whose cases count up from 0
+/// without a gap. The entry names its case in \a key and stands at the index of that case, where
+/// lookups find it.
 template<class Entry, class E, std::size_t count>
 [[nodiscard]] constexpr bool entriesStandAtTheirCases(const std::array<Entry, count> &table,
                                                       E Entry::*key)

@@ -18,7 +18,7 @@ class ZelvoCommands : public QObject
     Q_OBJECT
 
 public:
-    /// Adds itself to each window that \a windows makes from now on.
+    /// Adds the keys to each window that \a windows makes from now on.
     ZelvoCommands(WorkspaceStore &store, CommandActions &commands, WindowCoordinator &windows,
                   QObject *parent = nullptr);
 

@@ -1,4 +1,5 @@
 #include "DesignCanvas.h"
+#include "DevicePixels.h"
 
 #include <QAccessible>
 #include <QClipboard>
@@ -617,6 +618,7 @@ private slots:
                 element.rotation = rotation;
             });
             e.view.grab();
+            QVERIFY(reachableArea.contains(QRectF(e.editor->geometry())));
             e.type(Qt::Key_X);
         }
         QCOMPARE(e.text(), QStringLiteral("one twoxx"));

@@ -35,7 +35,7 @@ void press(const QWidget &parent, const QString &name, qsizetype position = 0,
 QStringList labelTexts(const QWidget &parent);
 
 /// Waits until the clock of events, which counts milliseconds, has gone on: a key that goes down at
-/// the very moment of its last release would be the repeat of a held key.
+/// the very moment of its last release would count as the repeat of a held key.
 void waitForTheNextMoment();
 
 /// Shows a window and waits until it has the keyboard.

@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QGuiApplication>
 #include <QLoggingCategory>
 #include <QTest>
 
@@ -168,5 +169,5 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestImageFile)
+QUENARA_TEST_MAIN_WITH(QGuiApplication, TestImageFile)
 #include "tst_image_file.moc"

@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QGuiApplication>
 #include <QTest>
 
 #include <functional>
@@ -512,5 +513,5 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestLayerEdits)
+QUENARA_TEST_MAIN_WITH(QGuiApplication, TestLayerEdits)
 #include "tst_layer_edits.moc"

@@ -13,7 +13,7 @@ template<class Test>
 class EndingAlone : public Test
 {
 public:
-    /// That of \a Test, by which QTest calls the functions.
+    /// The meta-object of \a Test, except that its calls catch TestFailure.
     const QMetaObject *metaObject() const override
     {
         static const QMetaObject catching = [] {
@@ -35,7 +35,7 @@ private:
     }
 };
 
-/// What a main of a test does once there is an application.
+/// Runs \a Test, for which there has to be an application. Returns the number of failures.
 template<class Test>
 int runTest(int argc, char *argv[])
 {
@@ -45,10 +45,13 @@ int runTest(int argc, char *argv[])
 
 } // namespace quenara::test
 
-/// A main for a test without windows.
-#define QUENARA_TEST_MAIN(TestClass)                                                               \
+/// A main for a test without windows that needs an application of a certain class.
+#define QUENARA_TEST_MAIN_WITH(Application, TestClass)                                             \
     int main(int argc, char *argv[])                                                               \
     {                                                                                              \
-        const QCoreApplication application(argc, argv);                                            \
+        const Application application(argc, argv);                                                 \
         return quenara::test::runTest<TestClass>(argc, argv);                                      \
     }
+
+/// A main for any other test without windows.
+#define QUENARA_TEST_MAIN(TestClass) QUENARA_TEST_MAIN_WITH(QCoreApplication, TestClass)

@@ -61,7 +61,7 @@ public:
     void withdraw(const QString &service)
     {
         m_connections.removeAll(service);
-        // Between two answers, since the service needs its connection while it gives one.
+        // In the services' thread, so that no service is giving an answer meanwhile.
         QMetaObject::invokeMethod(
             &m_services, [&] { QDBusConnection::disconnectFromBus(service); },
             Qt::BlockingQueuedConnection);
@@ -73,7 +73,7 @@ private:
     QProcess m_daemon;
     QString m_address;
     QThread m_thread;
-    QObject m_services; ///< stands for all of them in their thread
+    QObject m_services; ///< lives in the services' thread, to run code there
     QStringList m_connections;
 };
 

@@ -35,10 +35,10 @@ public:
         : m_steps(std::move(steps)), m_caller(caller)
     {
         QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { look(); });
-        m_timer.start();
+        m_timer.start(1);
     }
 
-    bool isDone() const { return m_steps.isEmpty(); }
+    bool isDone() const { return m_steps.isEmpty() && !m_hasFailed; }
 
 private:
     void look()
@@ -46,6 +46,10 @@ private:
         QWidget *dialog = QApplication::activeModalWidget();
         if (!dialog)
             return;
+        if (m_hasFailed) {
+            dialog->close();
+            return;
+        }
         try {
             if (m_steps.isEmpty() || !dialog->isActiveWindow()) {
                 if (m_patience.hasExpired())
@@ -56,7 +60,7 @@ private:
             m_steps.takeFirst()(*dialog);
         } catch (const TestFailure &) {
             // Thrown further, it would not get through Qt to the test, which waits for an answer.
-            m_steps.clear();
+            m_hasFailed = true;
             dialog->close();
         }
     }
@@ -66,6 +70,7 @@ private:
     Caller m_caller;
     QTimer m_timer;
     QDeadlineTimer m_patience{patience};
+    bool m_hasFailed = false;
 };
 
 Operator::Step press(const QString &button, const Caller &caller = Caller::current())

@@ -71,6 +71,7 @@ private slots:
             if (button->isVisible())
                 offered |= {button->text(), button->accessibleName()};
         }
+        offered.remove({});
         for (const CommandDescription &description : commandDescriptions()) {
             const QAction *action = program.commands.action(description.command);
             QVERIFY2(offered.contains(action->text()) || offered.contains(action->iconText()),

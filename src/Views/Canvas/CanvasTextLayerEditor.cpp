@@ -47,7 +47,8 @@ void CanvasTextLayerEditor::setLayer(const SlideElement &layer, const QPointF &s
     const QPolygonF outline = m_placement.outline(EditedTextView::outlineMargin);
     const QRectF bounds = outline.boundingRect();
     setGeometry(reachableRect(bounds));
-    // A region is made row by row, and every row counts, even those out of sight.
+    // Qt makes a region row by row and takes seconds for the rows of one that is mostly out of
+    // sight. The editor of such a layer takes the clicks beside its plate, too.
     const bool isReachable = QRectF(geometry()).contains(bounds);
     if (m_placement.isTurned() && isReachable) {
         setMask(QRegion(outline.translated(-pos()).toPolygon()));

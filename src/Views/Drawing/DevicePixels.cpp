@@ -30,7 +30,7 @@ QRect reachableRect(const QRectF &rect)
 {
     if (!hasNumbersOnly(rect))
         return {};
-    return rect.intersected({-farthest, -farthest, 2 * farthest, 2 * farthest}).toAlignedRect();
+    return rect.intersected(reachableArea).toAlignedRect();
 }
 
 QRectF visibleDeviceRect(const QPainter &painter)

@@ -7,15 +7,15 @@
 
 namespace quenara {
 
-/// Farther from the origin than any screen reaches, in points or pixels.
-inline constexpr double farthest = 20'000;
+/// What lies outside is farther from the origin than any screen reaches, in points or pixels.
+inline constexpr QRectF reachableArea{-20'000, -20'000, 40'000, 40'000};
 
 /// \a size in whole pixels: 0 for a side that is negative or not a number, and the largest whole
 /// number for one beyond it.
 [[nodiscard]] QSize wholePixels(const QSizeF &size);
 
-/// The smallest rectangle of whole numbers around all of \a rect that is not beyond \a farthest.
-/// Empty if there is none or if a coordinate is not a number.
+/// The smallest rectangle of whole numbers around what of \a rect lies in the reachable area. Empty
+/// if there is none or if a coordinate is not a number.
 [[nodiscard]] QRect reachableRect(const QRectF &rect);
 
 /// The part of its device that \a painter can paint, in device pixels.

@@ -20,7 +20,7 @@ constexpr double dashGap = 6;
 void paintPlaceholder(QPainter &painter, const QRectF &box)
 {
     // Qt makes every dash, even those out of sight.
-    const QRectF seen = box.intersected({-farthest, -farthest, 2 * farthest, 2 * farthest});
+    const QRectF seen = box.intersected(reachableArea);
     painter.save();
     painter.setClipRect(seen, Qt::IntersectClip);
     painter.fillRect(seen, QColor::fromRgbF(0, 0, 0, 0.32F));

@@ -47,7 +47,7 @@ TextBlock::TextBlock(const TextElementProperties &text, const QSizeF &box, const
     option.setUseDesignMetrics(true);
     option.setTextDirection(Qt::LayoutDirectionAuto);
     m_layout->setTextOption(option);
-    m_layout->setCacheEnabled(true); // keeps what shaping finds
+    m_layout->setCacheEnabled(true); // so that drawing shapes nothing again
     m_layout->setFont(slideFont(m_text.fontFamily, m_text.weight, layoutPixelSize));
     setShown(shownText(text));
     layOut(1);
