@@ -2,7 +2,9 @@
 
 #include "TestFailure.h"
 
+#include <QCoreApplication>
 #include <QDBusConnection>
+#include <QHash>
 #include <QObject>
 #include <QProcess>
 #include <QStringList>
@@ -28,11 +30,13 @@ public:
 
     ~SessionBus()
     {
-        // A service that still answers needs its connection.
-        m_thread.quit();
-        m_thread.wait();
+        const QStringList services = m_paths.keys();
+        for (const QString &service : services)
+            withdraw(service);
         for (const QString &name : m_connections)
             QDBusConnection::disconnectFromBus(name);
+        m_thread.quit();
+        m_thread.wait();
         m_daemon.terminate();
         m_daemon.waitForFinished();
     }
@@ -53,6 +57,7 @@ public:
     {
         object.moveToThread(&m_thread);
         QDBusConnection bus = connection(service);
+        m_paths.insert(service, path);
         bus.registerService(service);
         bus.registerObject(path, &object, QDBusConnection::ExportAllSlots);
     }
@@ -61,10 +66,15 @@ public:
     void withdraw(const QString &service)
     {
         m_connections.removeAll(service);
+        const auto end = [&] {
+            QDBusConnection(service).unregisterObject(m_paths.take(service));
+            // What was asked before is answered: Qt crashes over a call that waits for its object
+            // longer than the connection exists.
+            QCoreApplication::sendPostedEvents();
+            QDBusConnection::disconnectFromBus(service);
+        };
         // In the services' thread, so that no service is giving an answer meanwhile.
-        QMetaObject::invokeMethod(
-            &m_services, [&] { QDBusConnection::disconnectFromBus(service); },
-            Qt::BlockingQueuedConnection);
+        QMetaObject::invokeMethod(&m_services, end, Qt::BlockingQueuedConnection);
     }
 
     QString address() const { return m_address; }
@@ -75,6 +85,7 @@ private:
     QThread m_thread;
     QObject m_services; ///< lives in the services' thread, to run code there
     QStringList m_connections;
+    QHash<QString, QString> m_paths; ///< of each service's object
 };
 
 } // namespace quenara::test
