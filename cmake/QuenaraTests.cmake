@@ -1,14 +1,14 @@
 # What every test is compiled and linked with. What a test itself does takes little time, but
 # optimising it does, above all with the sanitizers' checks. gold links in a quarter of the time.
-include(CheckLinkerFlag)
-if(NOT QUENARA_SANITIZE)
-  check_linker_flag(CXX -fuse-ld=gold QUENARA_HAS_GOLD)
-endif()
 add_library(quenara_test_flags INTERFACE)
 target_link_libraries(quenara_test_flags INTERFACE quenara_flags)
 target_compile_options(quenara_test_flags INTERFACE -O0)
-if(QUENARA_HAS_GOLD)
-  target_link_options(quenara_test_flags INTERFACE -fuse-ld=gold)
+if(NOT QUENARA_SANITIZE)
+  include(CheckLinkerFlag)
+  check_linker_flag(CXX -fuse-ld=gold QUENARA_HAS_GOLD)
+  if(QUENARA_HAS_GOLD)
+    target_link_options(quenara_test_flags INTERFACE -fuse-ld=gold)
+  endif()
 endif()
 
 # quenara_add_test(<name> ROOMS <room>... [QT <module>...] [LINK <target>...] [SOURCES <file>...]
