@@ -12,7 +12,6 @@ target_compile_definitions(quenara_flags INTERFACE
   QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_FOREACH
   QT_NO_NARROWING_CONVERSIONS_IN_CONNECT QT_DISABLE_DEPRECATED_BEFORE=0x060400)
 if(QUENARA_SANITIZE)
-  target_compile_definitions(quenara_flags INTERFACE QUENARA_SANITIZED)
   add_compile_options(-fsanitize=${QUENARA_SANITIZE} -fno-sanitize-recover=all
                       -fno-omit-frame-pointer)
   add_link_options(-fsanitize=${QUENARA_SANITIZE})

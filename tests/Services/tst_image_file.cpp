@@ -154,19 +154,6 @@ private slots:
         QVERIFY(QFile::resize(url.toLocalFile(), 3'000'000'001));
         QVERIFY(!imageFromFile(url));
     }
-
-    void aFileBeyondTheMemoryIsNotTaken()
-    {
-#ifdef QUENARA_SANITIZED
-        QSKIP("the sanitizer needs more address space than any limit leaves");
-#endif
-        const World world;
-        const QUrl url = world.written(u"large.png"_s, encodedImage("PNG"));
-        QVERIFY(QFile::resize(url.toLocalFile(), 2'000'000'000));
-        QCOMPARE(statusOfProcess(
-                     [&] { return limitMemory(1'500'000'000) && !imageFromFile(url) ? 0 : 1; }),
-                 0);
-    }
 };
 
 QUENARA_TEST_MAIN_WITH(QGuiApplication, TestImageFile)

@@ -1,15 +1,9 @@
-#include "ChildProcess.h"
+#include "BusyWorld.h"
 #include "Documents.h"
-#include "ProjectFileError.h"
 #include "TestMain.h"
-#include "TestSupport.h"
-#include "WorkedOn.h"
 
-#include <QDir>
-#include <QFile>
 #include <QTest>
 
-#include <functional>
 #include <sys/stat.h>
 
 using namespace quenara;
@@ -20,48 +14,7 @@ namespace {
 
 using Operation = void (WorkspaceStore::*)();
 
-QByteArray bytesOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-QStringList entriesOf(const QString &path)
-{
-    return QDir(path).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
-}
-
 const QString justTheMessage = u"nothing but the message has changed"_s;
-
-/// Everything that a failure must leave alone, the preferences' bytes included.
-struct Everything : Snapshot
-{
-    QByteArray preferences;
-
-    bool operator==(const Everything &) const = default;
-};
-
-Everything everythingOf(World &world)
-{
-    world.preferences.sync();
-    return {snapshotOf(world.store), bytesOf(world.preferences.fileName())};
-}
-
-/// A world in the midst of work: a saved document with edits since, both stacks filled, an output
-/// that is not at rest.
-struct BusyWorld : World
-{
-    QUrl saved = fileUrl(u"saved/show.quenara"_s);
-
-    BusyWorld() : World(showOf({2, 1}))
-    {
-        QDir(folder.path()).mkpath(u"saved"_s);
-        panels.answer = saved;
-        store.saveProject();
-        workOn(store);
-        panels.asked.clear();
-    }
-};
 
 /// Whether \a world is as it was \a before but for the message of \a error, in words that a failed
 /// comparison can show.
@@ -74,20 +27,6 @@ QString changeSince(Everything before, World &world, ProjectFileError::Case erro
     if (after.state != before.state)
         return u"the state has changed"_s;
     return after == before ? justTheMessage : u"the history or the preferences have changed"_s;
-}
-
-/// Opens \a url, which cannot be read, in a child process that is \a prepared for it: 0 if nothing
-/// but the message changed there.
-int statusOfOpening(World &world, const QUrl &url, const std::function<bool()> &prepared)
-{
-    Snapshot expected = snapshotOf(world.store);
-    expected.state.errorMessage = ProjectFileError(ProjectFileError::unableToRead).description();
-    return statusOfProcess([&] {
-        if (!prepared())
-            return 1;
-        world.store.openProject(url);
-        return snapshotOf(world.store) == expected ? 0 : 2;
-    });
 }
 
 } // namespace
@@ -162,28 +101,6 @@ private slots:
         QCOMPARE(changeSince(before, world, ProjectFileError::unableToRead), justTheMessage);
     }
 
-    void whatTheMemoryDoesNotHoldChangesNothingButTheMessage_data()
-    {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::newRow("more slides than there is room for")
-            << "{\"slides\":[{}" + QByteArray(",{}").repeated(5'000'000) + "]}";
-        QTest::newRow("more text than can be parsed") << '{' + QByteArray(60'000'000, ' ') + '}';
-    }
-
-    void whatTheMemoryDoesNotHoldChangesNothingButTheMessage()
-    {
-#ifdef QUENARA_SANITIZED
-        QSKIP("the sanitizer needs more address space than any limit leaves");
-#endif
-        QFETCH(QByteArray, bytes);
-        BusyWorld world;
-        const QUrl url = world.written(u"large.quenara"_s, bytes);
-        const Everything before = everythingOf(world);
-        const auto limited = [] { return limitMemory(600'000'000); };
-        QCOMPARE(statusOfOpening(world, url, limited), 0);
-        QVERIFY(everythingOf(world) == before); // the preferences, which the child could reach
-    }
-
     void aFileWithoutLeaveToReadChangesNothingButTheMessage()
     {
         BusyWorld world;
@@ -230,29 +147,6 @@ private slots:
         QCOMPARE(changeSince(before, world, ProjectFileError::unableToWrite), justTheMessage);
         QCOMPARE(bytesOf(world.saved.toLocalFile()), savedBytes);
         QCOMPARE(entriesOf(world.folder.path()), entries);
-    }
-
-    void aSaveThatTheMemoryDoesNotHoldChangesNothingButTheMessage()
-    {
-#ifdef QUENARA_SANITIZED
-        QSKIP("the sanitizer needs more address space than any limit leaves");
-#endif
-        BusyWorld world;
-        const SlideMedia media{QByteArray(250'000'000, 'A'), u"large"_s, u"image/png"_s};
-        world.store.updateSelectedSlide([&media](Slide &slide) { slide.image = media; });
-        const QByteArray savedBytes = bytesOf(world.saved.toLocalFile());
-        Snapshot expected = snapshotOf(world.store);
-        expected.state.errorMessage =
-            ProjectFileError(ProjectFileError::unableToWrite).description();
-        const int status = statusOfProcess([&] {
-            if (!limitMemory(600'000'000))
-                return 1;
-            world.store.saveProject();
-            return snapshotOf(world.store) == expected ? 0 : 2;
-        });
-        QCOMPARE(status, 0);
-        QCOMPARE(bytesOf(world.saved.toLocalFile()), savedBytes);
-        QCOMPARE(entriesOf(world.folder.filePath(u"saved"_s)), QStringList{u"show.quenara"_s});
     }
 
     void aSaveToAFolderThatIsGoneChangesNothingButTheMessage()
