@@ -12,12 +12,12 @@ if(NOT QUENARA_SANITIZE)
 endif()
 
 # quenara_add_test(<name> ROOMS <room>... [QT <module>...] [LINK <target>...] [SOURCES <file>...]
-#                  [TWO_SCREENS])
-# One Qt Test executable from <name>.cpp, run offscreen (on one screen or two of 1920 by 1080 side
-# by side) with a home of its own. Every warning of Qt is a failure: at once or, for tests with
+#                  [TWO_SCREENS | SMALL_SCREEN])
+# One Qt Test executable from <name>.cpp, run offscreen (on one screen, on two of 1920 by 1080 side
+# by side, or on one of 1366 by 768 beside a larger one) with a home of its own. Every warning of Qt is a failure: at once or, for tests with
 # windows, as GuiTest says.
 function(quenara_add_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 TEST "TWO_SCREENS" "" "ROOMS;QT;LINK;SOURCES")
+  cmake_parse_arguments(PARSE_ARGV 1 TEST "TWO_SCREENS;SMALL_SCREEN" "" "ROOMS;QT;LINK;SOURCES")
   set(rooms ${TEST_ROOMS})
   list(TRANSFORM rooms PREPEND Quenara::)
   set(modules ${TEST_QT})
@@ -31,6 +31,8 @@ function(quenara_add_test name)
   set(platform offscreen)
   if(TEST_TWO_SCREENS)
     set(platform offscreen:configfile=${PROJECT_SOURCE_DIR}/tests/GuiSupport/two-screens.json)
+  elseif(TEST_SMALL_SCREEN)
+    set(platform offscreen:configfile=${PROJECT_SOURCE_DIR}/tests/GuiSupport/small-screen.json)
   endif()
   set(fatalWarnings 1)
   if("quenara_gui_test_support" IN_LIST TEST_LINK)
@@ -42,7 +44,7 @@ function(quenara_add_test name)
   add_test(NAME ${name} COMMAND ${name})
   set_tests_properties(${name} PROPERTIES
     TIMEOUT 300
-    ENVIRONMENT "QT_QPA_PLATFORM=${platform};QT_FATAL_WARNINGS=${fatalWarnings};QT_HASH_SEED=0;HOME=${home};XDG_CONFIG_HOME=${home}/config;XDG_RUNTIME_DIR=${home}/runtime;DBUS_SESSION_BUS_ADDRESS=disabled:;LC_ALL=C.UTF-8")
+    ENVIRONMENT "QT_QPA_PLATFORM=${platform};QT_FATAL_WARNINGS=${fatalWarnings};QT_HASH_SEED=0;HOME=${home};XDG_CONFIG_HOME=${home}/config;XDG_STATE_HOME=${home}/state;XDG_RUNTIME_DIR=${home}/runtime;DBUS_SESSION_BUS_ADDRESS=disabled:;LC_ALL=C.UTF-8")
 endfunction()
 
 # Has moc read a test, which includes what comes of it. AUTOMOC would compile one more file for each

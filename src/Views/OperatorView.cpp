@@ -16,12 +16,6 @@
 
 namespace quenara {
 
-namespace {
-
-constexpr int canvasMinimumWidth = 560;
-
-} // namespace
-
 OperatorView::OperatorView(WorkspaceStore &store, const CommandActions &commands,
                            RenderCaches &caches, QWidget *parent)
     : QWidget(parent)
@@ -32,9 +26,8 @@ OperatorView::OperatorView(WorkspaceStore &store, const CommandActions &commands
     workArea->setSpacing(0);
     workArea->addWidget(new RundownView(store, commands, caches));
     workArea->addWidget(makeSeparator(Qt::Vertical));
-    auto *canvas = new DesignCanvasView(store, commands, caches);
-    canvas->setMinimumWidth(canvasMinimumWidth);
-    workArea->addWidget(canvas, 1);
+    // The panels beside it have fixed widths: where room is scarce, the canvas gives way.
+    workArea->addWidget(new DesignCanvasView(store, commands, caches), 1);
     workArea->addWidget(new InspectorView(store));
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

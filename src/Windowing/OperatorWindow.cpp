@@ -6,6 +6,7 @@
 #include "OperatorView.h"
 #include "StartPanelView.h"
 #include "WindowCoordinator.h"
+#include "WindowPlace.h"
 #include "WorkspaceStore.h"
 #include "ZelvoCommands.h"
 
@@ -67,10 +68,10 @@ OperatorWindow::OperatorWindow(WorkspaceStore &store, WindowCoordinator &windows
     m_windows.keepOff(*this);
     menus.fill(*menuBar());
     auto *content = new OperatorView(store, commands, caches);
-    content->setMinimumSize(minimumContentSize);
     setCentralWidget(content);
     content->setFocus();
-    resize(defaultSize);
+    followScreen();
+    resize(sizeWithin(screen()->availableSize(), defaultSize, usualFrame));
 
     connect(&store, &WorkspaceStore::projectChanged, this, &OperatorWindow::showTitle);
     connect(&store, &WorkspaceStore::isStartPanelPresentedChanged, this,
@@ -88,6 +89,24 @@ OperatorWindow::~OperatorWindow()
 {
     // Hiding makes a field that is being typed into write its text while the window still exists.
     hide();
+}
+
+/// Where a screen lacks the room, the content may be as small as its parts allow: how much a
+/// desktop's panels leave of it, not every desktop tells.
+void OperatorWindow::followScreen()
+{
+    const QSize outside(0, menuBar()->sizeHint().height());
+    const QSize room = screen()->availableSize().shrunkBy(usualFrame) - outside;
+    const auto kept = [](int length, int available) { return length <= available ? length : 0; };
+    centralWidget()->setMinimumSize(kept(minimumContentSize.width(), room.width()),
+                                    kept(minimumContentSize.height(), room.height()));
+}
+
+bool OperatorWindow::event(QEvent *event)
+{
+    if (event->type() == QEvent::ScreenChangeInternal)
+        followScreen();
+    return QMainWindow::event(event);
 }
 
 void OperatorWindow::closeEvent(QCloseEvent *event)

@@ -31,7 +31,11 @@ public:
     OperatorWindow(const OperatorWindow &) = delete;
     OperatorWindow &operator=(const OperatorWindow &) = delete;
 
+    /// Has the content keep its minimum size where the window's screen has room for that.
+    void followScreen();
+
 protected:
+    bool event(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void moveEvent(QMoveEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;

@@ -20,6 +20,7 @@ QuenaraApp::QuenaraApp(const QPalette &platformPalette)
                   .mayReplaceDocument = [this] { return m_guard.mayReplaceDocument(); }}),
       m_menus(m_store, m_commands, m_windows),
       m_operatorWindow(m_store, m_windows, m_guard, m_commands, m_menus, m_caches),
+      m_windowMemory(m_operatorWindow, WindowMemory::standardFile()),
       m_settingsWindow(m_appearance, m_menus, &m_operatorWindow),
       m_deferredPreferences(m_preferences, m_operatorWindow)
 {

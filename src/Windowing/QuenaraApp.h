@@ -14,6 +14,7 @@
 #include "SleepInhibitor.h"
 #include "SystemColorScheme.h"
 #include "WindowCoordinator.h"
+#include "WindowMemory.h"
 #include "WorkspaceStore.h"
 #include "ZelvoCommands.h"
 
@@ -55,6 +56,7 @@ private:
     CommandActions m_commands;
     ZelvoCommands m_menus;
     OperatorWindow m_operatorWindow;
+    WindowMemory m_windowMemory;
     SettingsWindow m_settingsWindow;
     DeferredPreferences m_deferredPreferences;
 };

@@ -4,6 +4,9 @@
 #include "OutputModeBadge.h"
 #include "ProjectFileService.h"
 #include "RundownView.h"
+#include "SlideCanvas.h"
+#include "SlideView.h"
+#include "SymbolButton.h"
 #include "TransportView.h"
 
 #include <QAbstractEventDispatcher>
@@ -29,6 +32,12 @@ struct Operator : OperatorWorld
 
     QString badge() const { return view.findChild<OutputModeBadge *>()->accessibleName(); }
 };
+
+/// The part of the view that the visible \a panel covers.
+QRect placeOf(const QWidget &panel, const QWidget &view)
+{
+    return {panel.mapTo(&view, QPoint()), panel.size()};
+}
 
 /// How high a widget was each time it was painted.
 class PaintedHeights : public QObject
@@ -59,6 +68,74 @@ private slots:
         QCOMPARE(op.view.findChild<RundownView *>()->width(), 286);
         QCOMPARE(op.view.findChild<TransportView *>()->height(), 132);
         QCOMPARE(op.view.findChild<TransportView *>()->width(), 1480);
+    }
+
+    void onASmallScreenTheWorkAreaGivesWayAndNothingElse_data()
+    {
+        QTest::addColumn<QSize>("size");
+        // What a title bar and the menus leave of the screen.
+        QTest::newRow("the stated minimum") << QSize(1180, 760);
+        QTest::newRow("1366 by 768") << QSize(1362, 696);
+        QTest::newRow("1280 by 720") << QSize(1276, 648);
+        QTest::newRow("1920 by 1080 at a scale of 1.5, beside a dock") << QSize(1210, 640);
+        QTest::newRow("1024 by 768") << QSize(1020, 696);
+        QTest::newRow("1366 by 768 at a scale of 1.5") << QSize(906, 440);
+    }
+
+    void onASmallScreenTheWorkAreaGivesWayAndNothingElse()
+    {
+        QFETCH(QSize, size);
+        Operator op;
+        op.store.updateProjectName(QString(200, u'W'));
+        op.view.resize(size);
+        QCoreApplication::processEvents();
+        QCOMPARE(op.view.size(), size);
+
+        const auto panel = [&](const char *name) {
+            return op.view.findChild<QWidget *>(QLatin1String(name));
+        };
+        const QWidgetList panels{panel("projectBar"),   op.view.findChild<RundownView *>(),
+                                 panel("canvasHeader"), panel("slideCanvas"),
+                                 panel("inspector"),    panel("transportBar")};
+        for (const QWidget *one : panels) {
+            QVERIFY(one);
+            const QRect place = placeOf(*one, op.view);
+            QVERIFY2(op.view.rect().contains(place), qPrintable(one->objectName()));
+            for (const QWidget *other : panels)
+                QVERIFY(one == other || !place.intersects(placeOf(*other, op.view)));
+        }
+        QCOMPARE(panel("transportBar")->height(), 132);
+        const QRectF room = QRectF(panel("slideCanvas")->rect()).adjusted(24, 24, -24, -24);
+        QVERIFY(room.contains(op.view.findChild<SlideCanvas *>()->slideRect()));
+
+        for (const char *name : {"projectBar", "rundownHeader", "canvasHeader", "transportBar"}) {
+            const QList<SymbolButton *> buttons = panel(name)->findChildren<SymbolButton *>();
+            QVERIFY(!buttons.isEmpty());
+            for (const SymbolButton *button : buttons) {
+                const QRect place = placeOf(*button, *panel(name));
+                QVERIFY2(panel(name)->rect().contains(place), qPrintable(button->text()));
+                QVERIFY2(place.width() >= button->minimumSizeHint().width()
+                             && place.height() >= button->minimumSizeHint().height(),
+                         qPrintable(button->text()));
+                for (const SymbolButton *other : buttons) {
+                    QVERIFY(button == other || !place.intersects(placeOf(*other, *panel(name))));
+                }
+            }
+        }
+    }
+
+    void theTransportBarGivesUpItsPreviewsLast()
+    {
+        Operator op;
+        const auto shows = [&](const QString &name) {
+            return named<SlideView>(op.view, name).isVisible();
+        };
+        op.view.resize(1020, 700);
+        QVERIFY(shows(QStringLiteral("Live slide")) && !shows(QStringLiteral("Queued slide")));
+        op.view.resize(906, 700);
+        QVERIFY(!shows(QStringLiteral("Live slide")) && !shows(QStringLiteral("Queued slide")));
+        op.view.resize(1180, 700);
+        QVERIFY(shows(QStringLiteral("Live slide")) && shows(QStringLiteral("Queued slide")));
     }
 
     void theBadgeFollowsTheOutputMode()

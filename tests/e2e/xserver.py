@@ -98,8 +98,9 @@ class XServer:
     def unplug_second_screen(self):
         self._xrandr("--output", "DUMMY1", "--off")
 
-    def plug_first_screen(self):
-        self._plug("DUMMY0", (SCREEN_WIDTH, SCREEN_HEIGHT), "--pos", "0x0")
+    def plug_first_screen(self, size=(SCREEN_WIDTH, SCREEN_HEIGHT)):
+        """Turns the first screen on, or changes its resolution."""
+        self._plug("DUMMY0", size, "--pos", "0x0")
 
     def unplug_first_screen(self):
         """Leaves the second screen alone, at the first one's place."""

@@ -10,6 +10,7 @@
 #include "WorkspaceStore.h"
 
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
@@ -51,8 +52,10 @@ QWidget *DesignCanvasView::makeHeader(const CommandActions &commands)
     titles->addStretch();
     titles->addWidget(m_title);
     // This text is fixed, whatever size the design has.
-    titles->addWidget(
-        makeRoleLabel(QStringLiteral("canvasSize"), QStringLiteral("1920 x 1080  |  16:9 canvas")));
+    QLabel *size =
+        makeRoleLabel(QStringLiteral("canvasSize"), QStringLiteral("1920 x 1080  |  16:9 canvas"));
+    size->setMinimumWidth(1); // where room is scarce, it gives way to the buttons
+    titles->addWidget(size);
     titles->addStretch();
 
     QWidget *header = makePanel(QStringLiteral("canvasHeader"), headerHeight);

@@ -68,6 +68,26 @@ TransportView::TransportView(WorkspaceStore &store, const CommandActions &comman
     showSwitches();
 }
 
+QSize TransportView::minimumSizeHint() const
+{
+    int width = layout()->minimumSize().width();
+    for (const TransportPreview *preview : {m_queued, m_live}) {
+        if (!preview->isHidden())
+            width -= preview->width() + groupSpacing;
+    }
+    return {width, barHeight};
+}
+
+void TransportView::resizeEvent(QResizeEvent *event)
+{
+    int room = width() - minimumSizeHint().width();
+    for (TransportPreview *preview : {m_live, m_queued}) {
+        room -= preview->width() + groupSpacing;
+        preview->setVisible(room >= 0);
+    }
+    QWidget::resizeEvent(event);
+}
+
 void TransportView::showSlides()
 {
     m_queued->setSlide(m_store.slideWithID(m_store.queuedSlideID()));

@@ -13,7 +13,8 @@ class TransportPreview;
 class WorkspaceStore;
 
 /// The strip across the bottom of the operator window: what is queued and live, and the buttons
-/// that run the service. None is ever disabled.
+/// that run the service. None is ever disabled, and where the strip has no room for all of its
+/// parts, the previews go: first that of the queued slide.
 class TransportView : public QWidget
 {
     Q_OBJECT
@@ -23,6 +24,12 @@ public:
 
     TransportView(WorkspaceStore &store, const CommandActions &commands, RenderCaches &caches,
                   QWidget *parent = nullptr);
+
+    /// The room for the buttons alone.
+    QSize minimumSizeHint() const override;
+
+protected:
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     /// A button that is down while its command is on.

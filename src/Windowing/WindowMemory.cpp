@@ -1,0 +1,111 @@
+#include "WindowMemory.h"
+
+#include "FileReading.h"
+#include "FileReplacement.h"
+#include "OperatorWindow.h"
+#include "WindowPlace.h"
+
+#include <QDir>
+#include <QEvent>
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QScreen>
+#include <QStandardPaths>
+#include <QUrl>
+
+namespace quenara {
+
+namespace {
+
+constexpr qint64 largestPlace = 4096; // bytes
+
+/// The folder for state. Qt knows it from 6.7 on.
+QString stateFolder()
+{
+#if defined(Q_OS_UNIX) && !defined(Q_OS_DARWIN)
+    const QString chosen = qEnvironmentVariable("XDG_STATE_HOME");
+    // As the base directory specification has it, a relative path does not count.
+    const QString base =
+        QDir::isAbsolutePath(chosen) ? chosen : QDir::homePath() + QStringLiteral("/.local/state");
+    return base + QStringLiteral("/Quenara");
+#else
+    return QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
+#endif
+}
+
+/// The screen of that name, else the primary one; null without screens.
+QScreen *screenNamed(const QString &name)
+{
+    for (QScreen *screen : QGuiApplication::screens()) {
+        if (screen->name() == name)
+            return screen;
+    }
+    return QGuiApplication::primaryScreen();
+}
+
+QMargins frameOf(const QWidget &window)
+{
+    const QRect outer = window.frameGeometry();
+    const QRect inner = window.geometry();
+    return {inner.left() - outer.left(), inner.top() - outer.top(), outer.right() - inner.right(),
+            outer.bottom() - inner.bottom()};
+}
+
+} // namespace
+
+WindowMemory::WindowMemory(OperatorWindow &window, const QString &file)
+    : m_window(window), m_file(file)
+{
+    restore();
+    m_window.installEventFilter(this);
+}
+
+QString WindowMemory::standardFile()
+{
+    return stateFolder() + QStringLiteral("/operator-window.json");
+}
+
+void WindowMemory::restore()
+{
+    const std::optional<QByteArray> stored = wholeFile(QUrl::fromLocalFile(m_file), largestPlace);
+    const std::optional<WindowPlace> place = decodeWindowPlace(stored.value_or(QByteArray()));
+    QScreen *screen = place ? screenNamed(place->screen) : nullptr;
+    if (!screen)
+        return;
+    const QPoint origin = screen->geometry().topLeft();
+    const WindowPlace fitting =
+        broughtWithin(screen->availableGeometry().translated(-origin), *place);
+    m_window.setScreen(screen);
+    m_window.followScreen();
+    m_window.resize(fitting.size);
+    m_window.move(origin + fitting.corner);
+    if (fitting.isMaximized)
+        m_window.setWindowState(Qt::WindowMaximized);
+}
+
+void WindowMemory::store() const
+{
+    const QMargins frame = frameOf(m_window);
+    const QRect normal = m_window.isMaximized() ? m_window.normalGeometry() : m_window.geometry();
+    if (!m_window.screen() || normal.isEmpty())
+        return;
+    const QPoint corner = normal.topLeft() - QPoint(frame.left(), frame.top());
+    QDir().mkpath(QFileInfo(m_file).path());
+    // Where it cannot be written, the window opens as if for the first time.
+    [[maybe_unused]] const bool isStored =
+        replaceFile(m_file,
+                    encode({.screen = m_window.screen()->name(),
+                            .corner = corner - m_window.screen()->geometry().topLeft(),
+                            .size = normal.size(),
+                            .frame = frame,
+                            .isMaximized = m_window.isMaximized()}));
+}
+
+bool WindowMemory::eventFilter(QObject * /*object*/, QEvent *event)
+{
+    if (event->type() == QEvent::Hide && !event->spontaneous())
+        store();
+    return false;
+}
+
+} // namespace quenara
