@@ -11,6 +11,7 @@ class OpenOutputs : public OutputWindows
 {
 public:
     bool isDisplayWindowOpen() const override { return true; }
+    bool isDisplayWaiting() const override { return false; }
     bool isStageWindowOpen() const override { return true; }
     void toggleDisplayWindow() override {}
     void toggleStageWindow() override {}

@@ -13,12 +13,18 @@ OutputWindowController::OutputWindowController(const WorkspaceStore &store,
 {
     connect(&windows, &WindowCoordinator::isDisplayWindowOpenChanged, this,
             &OutputWindows::changed);
+    connect(&windows, &WindowCoordinator::isDisplayWaitingChanged, this, &OutputWindows::changed);
     connect(&windows, &WindowCoordinator::isStageWindowOpenChanged, this, &OutputWindows::changed);
 }
 
 bool OutputWindowController::isDisplayWindowOpen() const
 {
     return m_windows.isDisplayWindowOpen();
+}
+
+bool OutputWindowController::isDisplayWaiting() const
+{
+    return m_windows.isDisplayWaiting();
 }
 
 bool OutputWindowController::isStageWindowOpen() const

@@ -18,6 +18,7 @@ public:
                            const AppearancePreference &appearance, QObject *parent = nullptr);
 
     bool isDisplayWindowOpen() const override;
+    bool isDisplayWaiting() const override;
     bool isStageWindowOpen() const override;
     void toggleDisplayWindow() override;
     void toggleStageWindow() override;

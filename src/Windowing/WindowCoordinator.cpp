@@ -84,14 +84,20 @@ void WindowCoordinator::openDisplay(const WorkspaceStore &store, AppAppearance a
     m_placement.cover(*window, screen);
     m_displayScreen = screen.screen;
     m_displayStore = &store;
-    m_isDisplayWaiting = false;
+    setDisplayWaiting(false);
     adopt(m_display, window);
 }
 
 void WindowCoordinator::closeDisplayWindow()
 {
-    m_isDisplayWaiting = false;
+    setDisplayWaiting(false);
     close(m_display);
+}
+
+void WindowCoordinator::setDisplayWaiting(bool isWaiting)
+{
+    if (std::exchange(m_isDisplayWaiting, isWaiting) != isWaiting)
+        emit isDisplayWaitingChanged();
 }
 
 void WindowCoordinator::openStageWindow(const WorkspaceStore &store, AppAppearance appearance)
@@ -127,7 +133,7 @@ void WindowCoordinator::followScreens()
     const auto screen = m_placement.screenToFollow(m_displayScreen);
     if (!screen) {
         closeDisplayWindow();
-        m_isDisplayWaiting = true;
+        setDisplayWaiting(true);
     } else if (m_placement.move(*m_display.window, *screen)) {
         m_displayScreen = screen->screen;
     } else {

@@ -52,6 +52,8 @@ public:
 
     bool isDisplayWindowOpen() const { return m_display.isOpen; }
     bool isStageWindowOpen() const { return m_stage.isOpen; }
+    /// Whether the display, which is closed, opens by itself once it has a screen.
+    bool isDisplayWaiting() const { return m_isDisplayWaiting; }
 
     /// Null while closed.
     OutputWindow *displayWindow() const { return m_display.window.get(); }
@@ -62,6 +64,7 @@ signals:
     void windowMade(OutputWindow *window);
     void isDisplayWindowOpenChanged();
     void isStageWindowOpenChanged();
+    void isDisplayWaitingChanged();
 
 private:
     /// Deletes a window later, since it is closed from within its own event.
@@ -84,6 +87,7 @@ private:
     void adopt(Output &output, OutputWindow *window);
     void release(Output &output);
     void close(Output &output);
+    void setDisplayWaiting(bool isWaiting);
     void followScreens();
     void reopenDisplay();
 

@@ -6,15 +6,25 @@
 
 namespace quenara::test {
 
-/// Output windows that know no more than whether they are open.
+/// Output windows that know no more than whether they are open or wait.
 class FakeOutputWindows : public OutputWindows
 {
 public:
+    /// The display, if it is open, has lost its screen.
+    void loseDisplay()
+    {
+        m_isDisplayWindowOpen = false;
+        m_isDisplayWaiting = true;
+        emit changed();
+    }
+
     bool isDisplayWindowOpen() const override { return m_isDisplayWindowOpen; }
+    bool isDisplayWaiting() const override { return m_isDisplayWaiting; }
     bool isStageWindowOpen() const override { return m_isStageWindowOpen; }
 
     void toggleDisplayWindow() override
     {
+        m_isDisplayWaiting = false;
         m_isDisplayWindowOpen = !m_isDisplayWindowOpen;
         emit changed();
     }
@@ -27,6 +37,7 @@ public:
 
 private:
     bool m_isDisplayWindowOpen = false;
+    bool m_isDisplayWaiting = false;
     bool m_isStageWindowOpen = false;
 };
 

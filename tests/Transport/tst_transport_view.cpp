@@ -1,5 +1,6 @@
 #include "CommandWorld.h"
 #include "GuiTestSupport.h"
+#include "PreviewNotice.h"
 #include "RenderCaches.h"
 #include "SlideView.h"
 #include "SymbolButton.h"
@@ -136,6 +137,88 @@ private slots:
         QVERIFY(op.isChecked(QStringLiteral("Logo")));
         op.store.goLive();
         QVERIFY(!op.isChecked(QStringLiteral("Logo")));
+    }
+
+    void theLivePreviewTellsWhatTheAudienceSees_data()
+    {
+        QTest::addColumn<std::function<void(Transport &)>>("happening");
+        QTest::addColumn<QString>("notice");
+        const auto row = [](const char *name, const char *notice, auto happening) {
+            QTest::newRow(name) << std::function<void(Transport &)>(happening)
+                                << QString::fromUtf8(notice);
+        };
+        row("no display is open", "No display", [](Transport &) {});
+        row("none, whatever it would show", "No display",
+            [](Transport &op) { op.store.toggleBlackout(); });
+        row("the live slide", "", [](Transport &op) { op.outputs.toggleDisplayWindow(); });
+        row("black", "BLACKOUT", [](Transport &op) {
+            op.outputs.toggleDisplayWindow();
+            op.store.toggleBlackout();
+        });
+        row("the holding screen", "LOGO", [](Transport &op) {
+            op.store.toggleLogo();
+            op.outputs.toggleDisplayWindow();
+        });
+        row("the live slide again", "", [](Transport &op) {
+            op.outputs.toggleDisplayWindow();
+            op.store.toggleBlackout();
+            op.store.goLive();
+        });
+        row("nothing since the second screen went", "Waiting for the second screen",
+            [](Transport &op) {
+                op.outputs.toggleDisplayWindow();
+                op.outputs.loseDisplay();
+            });
+        row("the live slide since it came back", "", [](Transport &op) {
+            op.outputs.loseDisplay();
+            op.outputs.toggleDisplayWindow();
+        });
+        row("nothing since the display was closed", "No display", [](Transport &op) {
+            op.outputs.toggleDisplayWindow();
+            op.store.toggleLogo();
+            op.outputs.toggleDisplayWindow();
+        });
+    }
+
+    void theLivePreviewTellsWhatTheAudienceSees()
+    {
+        QFETCH(std::function<void(Transport &)>, happening);
+        QFETCH(QString, notice);
+        Transport op(showOf({3}));
+        op.store.queueNext();
+        happening(op);
+        const SlideView &live = *op.preview(QStringLiteral("Live slide"));
+        const auto *shown = live.findChild<PreviewNotice *>();
+        QCOMPARE(shown->isVisible() ? shown->text() : QString(), notice);
+        QCOMPARE(shown->isVisible(), !notice.isEmpty());
+        QCOMPARE(shown->geometry().isEmpty() || shown->geometry() == live.rect(), true);
+        QVERIFY(live.accessibleDescription().endsWith(notice));
+        QVERIFY(
+            !op.preview(QStringLiteral("Queued slide"))->findChild<PreviewNotice *>()->isVisible());
+    }
+
+    void aNoticeLeavesTheTitlesTheSlidesAndTheirFramesAsTheyAre()
+    {
+        Transport op(showOf({3}));
+        op.store.queueNext();
+        op.outputs.toggleDisplayWindow();
+        const auto look = [&op] { return op.view.grab().toImage(); };
+        const QStringList captions = op.captions();
+        const QImage live = look();
+        op.store.toggleBlackout();
+        QCOMPARE(op.captions(), captions);
+        QCOMPARE(op.preview(QStringLiteral("Live slide"))->slide(),
+                 op.store.slideWithID(QStringLiteral("A1")));
+        const QRect slide(op.preview(QStringLiteral("Live slide"))->mapTo(&op.view, QPoint()),
+                          op.preview(QStringLiteral("Live slide"))->size());
+        const QImage black = look();
+        QVERIFY(live.copy(slide) != black.copy(slide));
+        // The outline, on the middle of each side.
+        for (const QPoint &place :
+             {QPoint(slide.center().x(), slide.top()), QPoint(slide.left(), slide.center().y()),
+              QPoint(slide.right(), slide.center().y())}) {
+            QCOMPARE(black.pixelColor(place), live.pixelColor(place));
+        }
     }
 
     void displayAndMonitorToggleTheirWindows()

@@ -133,7 +133,7 @@ private slots:
         const QTemporaryDir folder;
         const QString file = folder.filePath(u"place.json"_s);
         const QSize first = Start(folder.filePath(u"none.json"_s)).window.size();
-        writeFile(file, "{\"screen\": \"projector\", \"x\": \"far\"}");
+        writeFile(file, R"({"screen": "projector", "x": "far"})");
         QCOMPARE(Start(file).window.size(), first);
         QVERIFY(QFile::remove(file) && QDir().mkdir(file));
         QCOMPARE(Start(file).window.size(), first);

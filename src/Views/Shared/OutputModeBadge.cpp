@@ -6,8 +6,6 @@
 
 namespace quenara {
 
-namespace {
-
 QColor colorOf(OutputMode mode, const ZelvoTheme &theme)
 {
     switch (mode) {
@@ -20,8 +18,6 @@ QColor colorOf(OutputMode mode, const ZelvoTheme &theme)
     }
     return theme.accent;
 }
-
-} // namespace
 
 OutputModeBadge::OutputModeBadge(const BadgeLook &look, QWidget *parent)
     : QWidget(parent), m_look(look)

@@ -2,10 +2,14 @@
 
 #include "Badge.h"
 #include "WorkspaceState.h"
+#include "ZelvoTheme.h"
 
 #include <QWidget>
 
 namespace quenara {
+
+/// The colour that \a theme has for \a mode.
+[[nodiscard]] QColor colorOf(OutputMode mode, const ZelvoTheme &theme);
 
 /// The measures of a badge, in points.
 struct BadgeLook

@@ -29,7 +29,7 @@ TransportPreview::TransportPreview(const QString &title, QColor ZelvoTheme::*acc
                                    RenderCaches &caches, QWidget *parent)
     : QWidget(parent), m_title(title), m_accent(accent),
       m_slideTitle(new ElidedLabel(QStringLiteral("previewTitle"))),
-      m_slideView(new SlideView(caches))
+      m_slideView(new SlideView(caches)), m_notice(new PreviewNotice(m_slideView))
 {
     setFixedSize(previewWidth, captionHeight + captionGap + slideSize.height());
     m_slideView->setFixedSize(slideSize);
@@ -55,8 +55,22 @@ void TransportPreview::setSlide(const std::optional<Slide> &slide)
 {
     const QString title = slide ? slide->title : QStringLiteral("None");
     m_slideTitle->setText(title);
-    m_slideView->setAccessibleDescription(title);
     m_slideView->setSlide(slide);
+    describe();
+}
+
+void TransportPreview::setNotice(PreviewNotice::Reason reason)
+{
+    m_notice->setReason(reason);
+    describe();
+}
+
+void TransportPreview::describe()
+{
+    const QString notice = m_notice->text();
+    m_slideView->setAccessibleDescription(
+        notice.isEmpty() ? m_slideTitle->text()
+                         : QStringLiteral("%1, %2").arg(m_slideTitle->text(), notice));
 }
 
 /// Paints the accent as a dot before the caption, which is too small to be read in that colour.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "PreviewNotice.h"
 #include "ZelvoTheme.h"
 
 #include <QWidget>
@@ -24,15 +25,20 @@ public:
                      QWidget *parent = nullptr);
 
     void setSlide(const std::optional<Slide> &slide);
+    /// Says over the slide why the audience does not see it.
+    void setNotice(PreviewNotice::Reason reason);
 
 protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    void describe();
+
     QString m_title;
     QColor ZelvoTheme::*m_accent;
     ElidedLabel *m_slideTitle;
     SlideView *m_slideView;
+    PreviewNotice *m_notice;
 };
 
 } // namespace quenara

@@ -2,6 +2,7 @@
 
 #include "CommandActions.h"
 #include "CommandButton.h"
+#include "OutputWindows.h"
 #include "Panels.h"
 #include "TransportPreview.h"
 #include "WorkspaceStore.h"
@@ -16,6 +17,23 @@ constexpr int padding = 10;
 constexpr int groupSpacing = 12;
 constexpr int buttonSpacing = 6;
 constexpr int navigationSpacing = 10;
+
+/// What keeps the audience from seeing the live slide.
+PreviewNotice::Reason noticeOf(OutputMode mode, const OutputWindows &outputs)
+{
+    using Reason = PreviewNotice::Reason;
+    if (!outputs.isDisplayWindowOpen())
+        return outputs.isDisplayWaiting() ? Reason::waitingDisplay : Reason::noDisplay;
+    switch (mode) {
+    case OutputMode::live:
+        return Reason::none;
+    case OutputMode::blackout:
+        return Reason::blackout;
+    case OutputMode::logo:
+        return Reason::logo;
+    }
+    Q_UNREACHABLE();
+}
 
 } // namespace
 
@@ -64,8 +82,10 @@ TransportView::TransportView(WorkspaceStore &store, const CommandActions &comman
 
     connect(&store, &WorkspaceStore::changed, this, &TransportView::showSlides);
     connect(&commands, &CommandActions::switched, this, &TransportView::showSwitches);
+    connect(&commands, &CommandActions::switched, this, &TransportView::showNotice);
     showSlides();
     showSwitches();
+    showNotice();
 }
 
 QSize TransportView::minimumSizeHint() const
@@ -98,6 +118,11 @@ void TransportView::showSwitches()
 {
     for (const Switch &one : m_switches)
         one.button->setChecked(m_commands.isOn(one.command));
+}
+
+void TransportView::showNotice()
+{
+    m_live->setNotice(noticeOf(m_store.outputMode(), m_commands.outputs()));
 }
 
 } // namespace quenara

@@ -41,6 +41,7 @@ private:
 
     void showSlides();
     void showSwitches();
+    void showNotice();
 
     WorkspaceStore &m_store;
     const CommandActions &m_commands;
