@@ -17,13 +17,15 @@ function(quenara_add_room name)
   target_include_directories(${target} PUBLIC ${CMAKE_CURRENT_SOURCE_DIR})
   target_compile_features(${target} PUBLIC cxx_std_20)
   target_link_libraries(${target} PUBLIC ${publicLinks} PRIVATE ${ROOM_LINK} quenara_flags)
-  set_target_properties(${target} PROPERTIES AUTOMOC ON)
+  set_target_properties(${target} PROPERTIES AUTOMOC ON QUENARA_QT "${ROOM_QT}"
+    UNITY_BUILD ${QUENARA_UNITY} UNITY_BUILD_BATCH_SIZE 8
+    UNITY_BUILD_CODE_BEFORE_INCLUDE "// NOLINTNEXTLINE(bugprone-suspicious-include)")
   quenara_precompile_qt(${target} ${ROOM_QT})
 endfunction()
 
 # The Qt headers that nearly every file of a module's users includes, parsed once for all of them:
-# a precompiled header a target fills a disk. For clang-tidy it is only the broadest one, so that a
-# missing include of anything that it does not bring shows.
+# a precompiled header a target fills a disk. For clang-tidy it is only the broadest one, so that
+# little else is read that a file does not ask for.
 function(quenara_precompile_qt target)
   if(NOT QUENARA_PRECOMPILE)
     return()

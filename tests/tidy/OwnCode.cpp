@@ -27,7 +27,7 @@ public:
     {
         const SourceManager &sources = *result.SourceManager;
         std::vector<Decl *> own;
-        for (Decl *declaration : result.Context->getTranslationUnitDecl()->decls()) {
+        for (Decl *declaration : result.Context->getTranslationUnitDecl()->noload_decls()) {
             if (!sources.isInSystemHeader(sources.getExpansionLoc(declaration->getLocation())))
                 own.push_back(declaration);
         }

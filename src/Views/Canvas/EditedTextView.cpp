@@ -10,7 +10,7 @@ namespace {
 
 // Points
 constexpr double cornerRadius = 10;
-constexpr double outlineWidth = 2 * EditedTextView::outlineMargin;
+constexpr double plateOutlineWidth = 2 * EditedTextView::outlineMargin;
 constexpr double caretWidth = 2;
 constexpr double preeditLineWidth = 1;
 
@@ -63,7 +63,7 @@ void EditedTextView::paint(QPainter &painter, const ZelvoTheme &theme, RenderCac
     if (showsCaret)
         painter.fillRect(scaledCaret(places, edit.caret + preedit.caret, scale), theme.accent);
 
-    painter.strokePath(outline, QPen(theme.accent, outlineWidth));
+    painter.strokePath(outline, QPen(theme.accent, plateOutlineWidth));
     painter.restore();
 }
 

@@ -11,7 +11,7 @@ namespace quenara {
 namespace {
 
 constexpr QSize wellSize{44, 22};
-constexpr double cornerRadius = 5;
+constexpr double wellCornerRadius = 5;
 constexpr int checkSize = 6;
 
 /// Paints the pattern that shows through a translucent colour.
@@ -80,7 +80,7 @@ void ColorWell::paintEvent(QPaintEvent * /*event*/)
     const ZelvoTheme &theme = themeOf(*this);
     const QRectF frame = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
     QPainterPath outline;
-    outline.addRoundedRect(frame, cornerRadius, cornerRadius);
+    outline.addRoundedRect(frame, wellCornerRadius, wellCornerRadius);
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     if (m_color) {

@@ -9,7 +9,7 @@ namespace quenara {
 
 namespace {
 
-constexpr int inset = 3;
+constexpr int groupMargin = 3;
 constexpr int segmentHeight = 24;
 
 } // namespace
@@ -20,7 +20,7 @@ SegmentedPicker::SegmentedPicker(const QString &title, const QStringList &segmen
     setAccessibleName(title);
     setProperty("look", QStringLiteral("segments"));
     auto *layout = new QHBoxLayout(this);
-    layout->setContentsMargins(inset, inset, inset, inset);
+    layout->setContentsMargins(groupMargin, groupMargin, groupMargin, groupMargin);
     layout->setSpacing(0);
     for (const QString &segment : segments) {
         auto *button = new QPushButton(segment);

@@ -1,5 +1,6 @@
 #include "Slider.h"
 
+#include "FocusRing.h"
 #include "ThemeColors.h"
 
 #include <QAccessibleWidget>
@@ -17,7 +18,6 @@ namespace {
 
 constexpr double knobSize = 14;
 constexpr double grooveHeight = 4;
-constexpr double focusLineWidth = 1.5;
 constexpr QSize smallestSize{60, 18};
 constexpr QSize usualSize{160, 18};
 constexpr int keyStepsOfRange = 50;

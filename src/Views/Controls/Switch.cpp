@@ -1,5 +1,6 @@
 #include "Switch.h"
 
+#include "FocusRing.h"
 #include "ThemeColors.h"
 
 #include <QPainter>
@@ -10,7 +11,6 @@ namespace {
 
 constexpr QSize trackSize{30, 18};
 constexpr double knobInset = 2;
-constexpr double focusLineWidth = 1.5;
 
 } // namespace
 

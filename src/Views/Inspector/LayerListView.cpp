@@ -18,7 +18,7 @@ namespace quenara {
 namespace {
 
 constexpr int actionGap = 4;
-constexpr int headerMargin = 4; ///< below it
+constexpr int belowHeader = 4;
 constexpr int actionsMargin = 8; ///< above them
 
 struct Action
@@ -78,7 +78,7 @@ QWidget *LayerListView::makeHeader()
     connect(addShape, &SymbolButton::clicked, this, [this] { m_store.addShapeLayer(); });
     auto *widget = new QWidget;
     auto *header = new QHBoxLayout(widget);
-    header->setContentsMargins(0, 0, 0, headerMargin);
+    header->setContentsMargins(0, 0, 0, belowHeader);
     header->setSpacing(0);
     header->addWidget(makeRoleLabel(QStringLiteral("sectionTitle"), QStringLiteral("Layers")), 1);
     header->addWidget(addText);

@@ -12,7 +12,7 @@ namespace quenara {
 
 namespace {
 
-constexpr int rowHeight = 30;
+constexpr int layerRowHeight = 30;
 constexpr double cornerRadius = 5;
 constexpr int symbolSize = 14;
 constexpr int iconMargin = 8;
@@ -94,7 +94,7 @@ void LayerRow::showContents()
 
 QSize LayerRow::sizeHint() const
 {
-    return {layout()->sizeHint().width(), rowHeight};
+    return {layout()->sizeHint().width(), layerRowHeight};
 }
 
 void LayerRow::paintEvent(QPaintEvent * /*event*/)

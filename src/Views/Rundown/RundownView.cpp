@@ -19,7 +19,7 @@ constexpr int footerHeight = 40;
 constexpr int leftMargin = 12;
 constexpr int rightMargin = 8;
 constexpr int footerMargin = 10;
-constexpr int spacing = 2;
+constexpr int iconSpacing = 2;
 
 QWidget *makeHeader(const CommandActions &commands)
 {
@@ -27,7 +27,7 @@ QWidget *makeHeader(const CommandActions &commands)
     QWidget *header = makePanel(QStringLiteral("rundownHeader"), headerHeight);
     auto *layout = new QHBoxLayout(header);
     layout->setContentsMargins(leftMargin, 0, rightMargin, 0);
-    layout->setSpacing(spacing);
+    layout->setSpacing(iconSpacing);
     layout->addWidget(makeRoleLabel(QStringLiteral("panelTitle"), QStringLiteral("Rundown")));
     layout->addStretch(1);
     for (const Command command : {Command::addSection, Command::pasteSongLyrics, Command::addSlide,
@@ -43,7 +43,7 @@ QWidget *makeFooter(const CommandActions &commands)
     QWidget *footer = makePanel(QStringLiteral("rundownFooter"), footerHeight);
     auto *layout = new QHBoxLayout(footer);
     layout->setContentsMargins(footerMargin, 0, footerMargin, 0);
-    layout->setSpacing(spacing);
+    layout->setSpacing(iconSpacing);
     const auto add = [&](Command command) {
         layout->addWidget(new CommandButton(*commands.action(command), SymbolButton::Look::icon));
     };

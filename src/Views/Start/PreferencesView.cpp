@@ -14,7 +14,7 @@ namespace quenara {
 namespace {
 
 constexpr QSize viewSize{430, 230};
-constexpr int padding = 20;
+constexpr int settingsPadding = 20;
 constexpr int titleSpacing = 16;
 constexpr int boxPadding = 12;
 constexpr int boxSpacing = 12;
@@ -83,7 +83,7 @@ PreferencesView::PreferencesView(QWidget *parent)
     boxLayout->addWidget(note);
 
     auto *layout = new QVBoxLayout(this);
-    layout->setContentsMargins(padding, padding, padding, padding);
+    layout->setContentsMargins(settingsPadding, settingsPadding, settingsPadding, settingsPadding);
     layout->setSpacing(titleSpacing);
     layout->addWidget(
         makeRoleLabel(QStringLiteral("sheetTitle"), QStringLiteral("Quenara Settings")));
