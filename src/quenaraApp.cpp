@@ -1,5 +1,6 @@
 #include "QuenaraApp.h"
 
+#include "AccessibleControls.h"
 #include "InterfaceStyle.h"
 #include "ZelvoImageLoader.h"
 
@@ -22,6 +23,7 @@ int main(int argc, char *argv[])
     QApplication::setWindowIcon(QIcon(QStringLiteral(":/application/quenara.svg")));
     const QPalette platformPalette = QGuiApplication::palette(); // before the style has its own
     quenara::setUpInterface();
+    quenara::makeControlsAccessible();
     quenara::ZelvoImageLoader::limitMemory();
 
     quenara::QuenaraApp app(platformPalette);

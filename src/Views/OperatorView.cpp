@@ -1,5 +1,6 @@
 #include "OperatorView.h"
 
+#include "AccessibleControls.h"
 #include "DesignCanvasView.h"
 #include "InspectorView.h"
 #include "Panels.h"
@@ -20,6 +21,7 @@ OperatorView::OperatorView(WorkspaceStore &store, const CommandActions &commands
                            RenderCaches &caches, QWidget *parent)
     : QWidget(parent)
 {
+    setAccessibleRole(*this, QAccessible::Pane);
     setAccessibleName(QStringLiteral("Operator"));
     setFocusPolicy(Qt::ClickFocus);
     auto *workArea = new QHBoxLayout;

@@ -1,5 +1,6 @@
 #include "GuiTestSupport.h"
 
+#include "AccessibleControls.h"
 #include "InterfaceStyle.h"
 #include "RenderCaches.h"
 
@@ -21,6 +22,7 @@ void GuiTest::init()
 void setUpApplication()
 {
     setUpInterface();
+    makeControlsAccessible();
     ZelvoImageLoader::limitMemory();
 }
 

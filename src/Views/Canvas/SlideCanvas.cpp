@@ -1,5 +1,6 @@
 #include "SlideCanvas.h"
 
+#include "AccessibleControls.h"
 #include "CanvasBackdrop.h"
 #include "CanvasTextLayerEditor.h"
 #include "SelectionMarks.h"
@@ -27,6 +28,7 @@ SlideCanvas::SlideCanvas(WorkspaceStore &store, RenderCaches &caches, QWidget *p
       m_editor(new CanvasTextLayerEditor(store, caches, this))
 {
     setObjectName(QStringLiteral("slideCanvas"));
+    setAccessibleRole(*this, QAccessible::Canvas);
     setAccessibleName(QStringLiteral("Design canvas"));
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::ClickFocus);

@@ -1,5 +1,6 @@
 #include "SegmentedPicker.h"
 
+#include "AccessibleControls.h"
 #include "ExclusiveButtons.h"
 
 #include <QHBoxLayout>
@@ -17,6 +18,7 @@ constexpr int segmentHeight = 24;
 SegmentedPicker::SegmentedPicker(const QString &title, const QStringList &segments, QWidget *parent)
     : QFrame(parent)
 {
+    setAccessibleRole(*this, QAccessible::Grouping);
     setAccessibleName(title);
     setProperty("look", QStringLiteral("segments"));
     auto *layout = new QHBoxLayout(this);

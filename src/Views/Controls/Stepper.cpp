@@ -1,5 +1,6 @@
 #include "Stepper.h"
 
+#include "AccessibleControls.h"
 #include "RoleLabel.h"
 #include "SymbolButton.h"
 
@@ -20,6 +21,7 @@ Stepper::Stepper(const QString &title, const Range &range, QWidget *parent)
     : QWidget(parent), m_title(title), m_range(range),
       m_text(makeRoleLabel(QStringLiteral("fieldLabel")))
 {
+    setAccessibleRole(*this, QAccessible::Grouping);
     setAccessibleName(title);
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

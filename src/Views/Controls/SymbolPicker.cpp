@@ -1,5 +1,6 @@
 #include "SymbolPicker.h"
 
+#include "AccessibleControls.h"
 #include "ExclusiveButtons.h"
 #include "SymbolButton.h"
 
@@ -16,6 +17,7 @@ constexpr int gap = 4;
 SymbolPicker::SymbolPicker(const QString &title, const QList<Choice> &choices, QWidget *parent)
     : QWidget(parent)
 {
+    setAccessibleRole(*this, QAccessible::Grouping);
     setAccessibleName(title);
     setProperty("look", QStringLiteral("symbols"));
     auto *layout = new QHBoxLayout(this);

@@ -1,5 +1,6 @@
 #include "InspectorView.h"
 
+#include "AccessibleControls.h"
 #include "BackgroundInspector.h"
 #include "InspectorRows.h"
 #include "LayerInspector.h"
@@ -46,6 +47,7 @@ InspectorView::InspectorView(WorkspaceStore &store, QWidget *parent)
     : QWidget(parent), m_selection(store)
 {
     setPanelName(*this, QStringLiteral("inspector"));
+    setAccessibleRole(*this, QAccessible::Pane);
     setAccessibleName(QStringLiteral("Inspector"));
     setFixedWidth(columnWidth);
     // A click beside a field takes the focus from it, which ends the typing.

@@ -1,5 +1,6 @@
 #include "LayerListView.h"
 
+#include "AccessibleControls.h"
 #include "InspectorRows.h"
 #include "LayerRow.h"
 #include "RoleLabel.h"
@@ -53,15 +54,18 @@ QList<LayerRow::Contents> rowsOf(const QList<SlideElement> &elements)
 } // namespace
 
 LayerListView::LayerListView(WorkspaceStore &store, QWidget *parent)
-    : QWidget(parent), m_store(store), m_header(makeHeader()), m_rowsLayout(new QVBoxLayout),
-      m_actions(makeActions())
+    : QWidget(parent), m_store(store), m_header(makeHeader()), m_list(new QWidget),
+      m_rowsLayout(new QVBoxLayout(m_list)), m_actions(makeActions())
 {
+    setAccessibleRole(*m_list, QAccessible::List);
+    m_list->setAccessibleName(QStringLiteral("Layers"));
+    m_rowsLayout->setContentsMargins(0, 0, 0, 0);
     m_rowsLayout->setSpacing(0);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(m_header);
-    layout->addLayout(m_rowsLayout);
+    layout->addWidget(m_list);
     layout->addWidget(m_actions);
     connect(&store, &WorkspaceStore::changed, this, &LayerListView::showStore);
     showStore();
@@ -137,7 +141,7 @@ void LayerListView::showStore()
     const QList<LayerRow::Contents> rows =
         slide ? rowsOf(slide->design.elements) : QList<LayerRow::Contents>();
     // An enabled layout would place all rows again for each that is shown or hidden.
-    layout()->setEnabled(false);
+    m_rowsLayout->setEnabled(false);
     while (m_rows.size() < rows.size()) {
         m_rows.append(makeRow());
         m_rowsLayout->addWidget(m_rows.constLast());
@@ -154,7 +158,7 @@ void LayerListView::showStore()
             m_rows.at(i)->setChecked(rows.at(i).id == m_store.selectedElementID());
         }
     }
-    layout()->setEnabled(true);
+    m_rowsLayout->setEnabled(true);
     enableControls(*m_header, slide.has_value());
     enableControls(*m_actions, m_store.selectedElement().has_value());
 }

@@ -32,6 +32,7 @@ private:
     WorkspaceStore &m_store;
     QWidget *m_lastTabStop = nullptr; ///< in the last row, or in the header if there is none
     QWidget *m_header;
+    QWidget *m_list;
     QVBoxLayout *m_rowsLayout;
     QWidget *m_actions;
     QList<LayerRow *> m_rows; ///< from the top; those that are not needed now are hidden

@@ -1,5 +1,6 @@
 #include "LayerRow.h"
 
+#include "AccessibleControls.h"
 #include "ElidedLabel.h"
 #include "SymbolButton.h"
 #include "Symbols.h"
@@ -45,6 +46,7 @@ LayerRow::LayerRow(QWidget *parent)
       m_visibility(new SymbolButton({}, {}, SymbolButton::Look::icon)),
       m_lock(new SymbolButton({}, {}, SymbolButton::Look::icon))
 {
+    setAccessibleRole(*this, QAccessible::ListItem);
     setCheckable(true);
     setFocusPolicy(Qt::TabFocus);
     setAttribute(Qt::WA_Hover);
@@ -58,6 +60,11 @@ LayerRow::LayerRow(QWidget *parent)
     layout->addWidget(m_lock);
     connect(m_visibility, &SymbolButton::clicked, this, &LayerRow::visibilityClicked);
     connect(m_lock, &SymbolButton::clicked, this, &LayerRow::lockClicked);
+    connect(this, &LayerRow::toggled, this, [this](bool isSelected) {
+        QAccessibleEvent selection(
+            this, isSelected ? QAccessible::SelectionAdd : QAccessible::SelectionRemove);
+        QAccessible::updateAccessibility(&selection);
+    });
     showContents();
 }
 

@@ -9,7 +9,8 @@ namespace quenara {
 class ElidedLabel;
 class SymbolButton;
 
-/// A layer in the list of layers, checked while it is selected.
+/// A layer in the list of layers, checked while it is selected. Assistive technologies are told of
+/// a list item.
 class LayerRow : public QAbstractButton
 {
     Q_OBJECT

@@ -1,5 +1,6 @@
 #include "PreferencesView.h"
 
+#include "AccessibleControls.h"
 #include "AppAppearance.h"
 #include "RoleLabel.h"
 #include "RoundedShapes.h"
@@ -66,6 +67,7 @@ PreferencesView::PreferencesView(QWidget *parent)
       m_appearances(new SegmentedPicker(QStringLiteral("Appearance"), appearanceTitles()))
 {
     setFixedSize(viewSize);
+    setAccessibleRole(*this, QAccessible::Pane);
     setAccessibleName(QStringLiteral("Quenara Settings"));
     m_appearances->setShortcuts(appearanceShortcuts());
     auto *note = makeRoleLabel(

@@ -1,0 +1,231 @@
+#include "AccessibleControls.h"
+
+#include "Typing.h"
+
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QAccessibleWidget>
+#include <QApplication>
+#include <QButtonGroup>
+#include <QComboBox>
+#include <QKeySequence>
+#include <QPushButton>
+#include <QToolButton>
+
+namespace quenara {
+
+namespace {
+
+constexpr auto roleProperty = "accessibleRole";
+
+/// What is written on a button, without the marks of its mnemonic.
+QString plainText(const QString &text)
+{
+    QString plain;
+    for (qsizetype i = 0; i < text.size(); ++i) {
+        if (text.at(i) == QLatin1Char('&') && i + 1 < text.size())
+            ++i;
+        plain += text.at(i);
+    }
+    return plain;
+}
+
+/// Whether a dialog that has to be answered first keeps clicks from \a widget.
+bool isBehindDialog(const QWidget &widget)
+{
+    const QWidget *dialog = QApplication::activeModalWidget();
+    const QWidget *around = &widget;
+    while (dialog && around && around != dialog)
+        around = around->parentWidget();
+    return dialog && !around;
+}
+
+/// Qt's own interface checks a button that is toggled without clicking it.
+class ButtonInterface : public QAccessibleWidget
+{
+public:
+    explicit ButtonInterface(QAbstractButton &button) : QAccessibleWidget(&button), m_button(button)
+    {
+        addControllingSignal(button.isCheckable() ? QStringLiteral("toggled(bool)")
+                                                  : QStringLiteral("clicked()"));
+    }
+
+    QAccessible::Role role() const override
+    {
+        const QVariant given = m_button.property(roleProperty);
+        if (given.isValid())
+            return QAccessible::Role(given.toInt());
+        if (!m_button.isCheckable())
+            return QAccessible::Button;
+        const bool isOneOfSome =
+            m_button.autoExclusive() || (m_button.group() && m_button.group()->exclusive());
+        return isOneOfSome ? QAccessible::RadioButton : QAccessible::CheckBox;
+    }
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = QAccessibleWidget::state();
+        const auto *pushButton = qobject_cast<const QPushButton *>(&m_button);
+        state.defaultButton = pushButton && pushButton->isDefault();
+        state.pressed = m_button.isDown();
+        if (role() == QAccessible::ListItem) {
+            state.selectable = m_button.isCheckable();
+            state.selected = m_button.isChecked();
+        } else {
+            state.checkable = m_button.isCheckable();
+            state.checked = m_button.isChecked();
+        }
+        return state;
+    }
+
+    QString text(QAccessible::Text kind) const override
+    {
+        if (kind == QAccessible::Name && m_button.accessibleName().isEmpty())
+            return plainText(m_button.text());
+        return QAccessibleWidget::text(kind);
+    }
+
+    QStringList actionNames() const override
+    {
+        QStringList names = QAccessibleWidget::actionNames();
+        if (m_button.isEnabled())
+            names.prepend(clickAction());
+        return names;
+    }
+
+    void doAction(const QString &action) override
+    {
+        if (action == clickAction()) {
+            clickSoon(m_button, [button = &m_button] { button->click(); });
+        } else {
+            QAccessibleWidget::doAction(action);
+        }
+    }
+
+    QStringList keyBindingsForAction(const QString &action) const override
+    {
+        const QString keys = m_button.shortcut().toString(QKeySequence::NativeText);
+        return action == clickAction() && !keys.isEmpty() ? QStringList(keys) : QStringList();
+    }
+
+private:
+    QString clickAction() const
+    {
+        const bool isChecked =
+            role() == QAccessible::CheckBox || role() == QAccessible::RadioButton;
+        return isChecked ? toggleAction() : pressAction();
+    }
+
+    QAbstractButton &m_button;
+};
+
+/// Qt's own interface opens the list of a disabled box, too, and of one behind a dialog.
+class PickerInterface : public QAccessibleWidget
+{
+public:
+    explicit PickerInterface(QComboBox &picker)
+        : QAccessibleWidget(&picker, QAccessible::ComboBox), m_picker(picker)
+    {}
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State state = QAccessibleWidget::state();
+        state.expandable = true;
+        state.expanded = m_picker.view()->isVisible();
+        state.collapsed = !state.expanded;
+        return state;
+    }
+
+    /// On Linux, readers take the name for the choice, and the label for the name.
+    QString text(QAccessible::Text kind) const override
+    {
+        const bool isLabelled = !relations(QAccessible::Label).isEmpty();
+        return kind == QAccessible::Value || (kind == QAccessible::Name && isLabelled)
+            ? m_picker.currentText()
+            : QAccessibleWidget::text(kind);
+    }
+
+    int childCount() const override { return 1; }
+    QAccessibleInterface *child(int index) const override
+    {
+        return index == 0 ? QAccessible::queryAccessibleInterface(m_picker.view()) : nullptr;
+    }
+    int indexOfChild(const QAccessibleInterface *child) const override
+    {
+        return child && child->object() == m_picker.view() ? 0 : -1;
+    }
+
+    QStringList actionNames() const override
+    {
+        QStringList names = QAccessibleWidget::actionNames();
+        if (m_picker.isEnabled())
+            names.prepend(showMenuAction());
+        return names;
+    }
+
+    void doAction(const QString &action) override
+    {
+        if (action == showMenuAction()) {
+            clickSoon(m_picker, [picker = &m_picker] {
+                if (picker->view()->isVisible()) {
+                    picker->hidePopup();
+                } else {
+                    picker->showPopup();
+                }
+            });
+        } else {
+            QAccessibleWidget::doAction(action);
+        }
+    }
+
+private:
+    QComboBox &m_picker;
+};
+
+bool opensMenu(const QAbstractButton &button)
+{
+    const auto *toolButton = qobject_cast<const QToolButton *>(&button);
+    const auto *pushButton = qobject_cast<const QPushButton *>(&button);
+    return (toolButton && toolButton->menu()) || (pushButton && pushButton->menu());
+}
+
+QAccessibleInterface *accessibleControl(const QString & /*className*/, QObject *object)
+{
+    auto *button = qobject_cast<QAbstractButton *>(object);
+    if (button && !opensMenu(*button))
+        return new ButtonInterface(*button);
+    auto *picker = qobject_cast<QComboBox *>(object);
+    if (picker && !picker->isEditable())
+        return new PickerInterface(*picker);
+    auto *widget = qobject_cast<QWidget *>(object);
+    const QVariant role = widget ? widget->property(roleProperty) : QVariant();
+    return role.isValid() ? new QAccessibleWidget(widget, QAccessible::Role(role.toInt()))
+                          : nullptr;
+}
+
+} // namespace
+
+void makeControlsAccessible()
+{
+    QAccessible::installFactory(accessibleControl);
+}
+
+void setAccessibleRole(QWidget &widget, QAccessible::Role role)
+{
+    widget.setProperty(roleProperty, int(role));
+}
+
+void clickSoon(QWidget &widget, const std::function<void()> &act)
+{
+    const auto click = [&widget, act] {
+        if (!widget.isVisible() || !widget.isEnabled() || isBehindDialog(widget))
+            return;
+        QWidget *field = QApplication::focusWidget();
+        if (takesText(field) && field->window() == widget.window())
+            leaveField(*field);
+        act();
+    };
+    QMetaObject::invokeMethod(&widget, click, Qt::QueuedConnection);
+}
+
+} // namespace quenara
