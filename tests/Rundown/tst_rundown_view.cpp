@@ -184,23 +184,111 @@ private slots:
         QCOMPARE(op.store.state(), expected);
     }
 
-    void tabGoesFromTheHeaderThroughTheSectionsToTheFooter()
+    void tabGoesFromTheHeaderThroughTheListAndItsSectionsToTheFooter()
     {
         Rundown op(showOf({2, 3}));
         op.store.addServiceItem(ServiceItemType::custom);
         shownButtons(op.view, QStringLiteral("Delete selected slide")).constFirst()->setFocus();
         QStringList reached;
-        for (int i = 0; i < 7; ++i) {
+        for (int i = 0; i < 8; ++i) {
             QTest::keyClick(op.view.windowHandle(), Qt::Key_Tab);
             const QWidget *focused = QApplication::focusWidget();
             reached.append(focused->accessibleName() + focused->accessibleDescription());
         }
-        QStringList expected;
+        QStringList expected{QStringLiteral("Rundown")};
         for (const ServiceItem &item : op.store.project().serviceItems) {
             expected.append(QStringLiteral("Move section up") + item.title);
             expected.append(QStringLiteral("Move section down") + item.title);
         }
         QCOMPARE(reached, expected + QStringList{QStringLiteral("Move slide up")});
+    }
+
+    void controlWithAnArrowSelectsTheNextRowOfTheListThatHasTheKeyboard()
+    {
+        Rundown op(showOf({2, 3}));
+        op.list->setFocus(Qt::TabFocusReason);
+        const auto press = [&](Qt::Key key) {
+            QTest::keyClick(op.view.windowHandle(), key, Qt::ControlModifier);
+        };
+        press(Qt::Key_Down);
+        QCOMPARE(op.store.selectedSlideID(), QStringLiteral("A2"));
+        QCOMPARE(op.store.queuedSlideID(), QStringLiteral("A2"));
+        QCOMPARE(op.store.liveSlideID(), QStringLiteral("A1"));
+        press(Qt::Key_Down);
+        QCOMPARE(op.store.selectedServiceItemID(), QStringLiteral("B"));
+        QCOMPARE(op.store.selectedSlideID(), QStringLiteral("A2"));
+        press(Qt::Key_Down);
+        QCOMPARE(op.store.selectedSlideID(), QStringLiteral("B1"));
+        press(Qt::Key_Up);
+        press(Qt::Key_Up);
+        QCOMPARE(op.store.selectedSlideID(), QStringLiteral("A2"));
+        press(Qt::Key_End);
+        QCOMPARE(op.store.selectedSlideID(), QStringLiteral("B3"));
+        press(Qt::Key_Down);
+        QCOMPARE(op.store.selectedSlideID(), QStringLiteral("B3"));
+        press(Qt::Key_Home);
+        QCOMPARE(op.store.selectedServiceItemID(), QStringLiteral("A"));
+    }
+
+    void aRowThatIsSelectedByKeyComesIntoSight()
+    {
+        Rundown op(showOf({40}));
+        op.list->setFocus(Qt::TabFocusReason);
+        for (int i = 0; i < 30; ++i)
+            QTest::keyClick(op.view.windowHandle(), Qt::Key_Down, Qt::ControlModifier);
+        QVERIFY(isInSight(op, rowOfSlide(op, *op.store.selectedSlideID())));
+        QTest::keyClick(op.view.windowHandle(), Qt::Key_Home, Qt::ControlModifier);
+        QVERIFY(isInSight(op, op.model->index(0)));
+    }
+
+    void controlAndSpaceQueuesTheSelectedRowAgain()
+    {
+        Rundown op(showOf({2, 3}));
+        op.list->setFocus(Qt::TabFocusReason);
+        op.store.queueNext();
+        op.store.selectSlide(QStringLiteral("A1"), false);
+        QTest::keyClick(op.view.windowHandle(), Qt::Key_Space, Qt::ControlModifier);
+        QCOMPARE(op.store.queuedSlideID(), QStringLiteral("A1"));
+    }
+
+    void bareKeysAndOtherModifiersSelectNothingInTheList()
+    {
+        Rundown op(showOf({2, 3}));
+        op.list->setFocus(Qt::TabFocusReason);
+        const WorkspaceState before = op.store.state();
+        for (const auto modifiers :
+             {Qt::KeyboardModifiers(Qt::NoModifier), Qt::KeyboardModifiers(Qt::ShiftModifier),
+              Qt::ControlModifier | Qt::AltModifier}) {
+            for (const Qt::Key key : {Qt::Key_Down, Qt::Key_End, Qt::Key_Space})
+                QTest::keyClick(op.list, key, modifiers);
+        }
+        QCOMPARE(op.store.state(), before);
+    }
+
+    void aRowTellsReadersItsRoleAndWhetherItIsSelectedAndHasTheKeyboard()
+    {
+        Rundown op(showOf({2, 3}));
+        op.list->setFocus(Qt::TabFocusReason);
+        QAccessibleInterface *rows = QAccessible::queryAccessibleInterface(op.list);
+        QCOMPARE(rows->role(), QAccessible::List);
+        QCOMPARE(rows->childCount(), 7);
+        QAccessibleInterface *last = rows->child(6);
+        QVERIFY(!last->state().selected);
+        op.store.selectSlide(QStringLiteral("B3"), true);
+        QCOMPARE(last->role(), QAccessible::ListItem);
+        QCOMPARE(rows->indexOfChild(last), 6);
+        QVERIFY(last->state().selected);
+        QVERIFY(last->state().focused);
+        QCOMPARE(rows->focusChild(), last);
+        // It stays the same row when others come before it, and is gone with its slide.
+        op.store.selectServiceItem(QStringLiteral("A"));
+        op.store.selectSlide(QStringLiteral("A1"), true);
+        op.store.duplicateSelectedSlide();
+        QCOMPARE(rows->indexOfChild(last), 7);
+        QCOMPARE(last->text(QAccessible::Name), QStringLiteral("Title of B3"));
+        op.store.selectSlide(QStringLiteral("B3"), true);
+        op.store.deleteSelectedSlide();
+        QVERIFY(!last->isValid());
     }
 
     void goLiveInTheContextMenuQueuesTheSlideAndSendsIt()

@@ -1,15 +1,20 @@
 #include "RundownList.h"
 
+#include "RundownAccessible.h"
 #include "RundownModel.h"
 #include "RundownRowDelegate.h"
 #include "SlideMenu.h"
 #include "ThemeColors.h"
 #include "WorkspaceStore.h"
 
+#include <QAccessible>
 #include <QContextMenuEvent>
+#include <QKeyEvent>
 #include <QMenu>
 #include <QPaintEvent>
 #include <QPainter>
+
+#include <algorithm>
 
 namespace quenara {
 
@@ -19,8 +24,9 @@ RundownList::RundownList(WorkspaceStore &store, const CommandActions &commands,
       m_model(new RundownModel(store, this))
 {
     setObjectName(QStringLiteral("rundownList"));
+    makeRundownAccessible();
     setAccessibleName(QStringLiteral("Rundown"));
-    setFocusPolicy(Qt::ClickFocus);
+    setFocusPolicy(Qt::StrongFocus);
     setModel(m_model);
     setItemDelegate(new RundownRowDelegate(m_thumbnails, this));
     setSelectionMode(NoSelection);
@@ -58,6 +64,7 @@ void RundownList::followStore()
     if (row != m_followed || row.row() != m_followedRow) {
         m_followed = row;
         m_followedRow = row.row();
+        selectionModel()->setCurrentIndex(row, QItemSelectionModel::NoUpdate);
         scrollTo(row);
     }
     emit rowsPlaced();
@@ -70,17 +77,61 @@ void RundownList::dataChanged(const QModelIndex &topLeft, const QModelIndex &bot
 {
     QAbstractItemView::dataChanged( // NOLINT(bugprone-parent-virtual-call): which is the point
         topLeft, bottomRight, roles);
+    for (int row = topLeft.row(); QAccessible::isActive() && row <= bottomRight.row(); ++row)
+        tellOf(row);
+}
+
+/// Tells assistive technologies that what is said of a row may have changed.
+void RundownList::tellOf(int row)
+{
+    const bool isSelected = m_model->index(row).data(RundownModel::isSelectedRole).toBool();
+    for (const QAccessible::Event kind :
+         {QAccessible::NameChanged, QAccessible::DescriptionChanged,
+          isSelected ? QAccessible::SelectionAdd : QAccessible::SelectionRemove}) {
+        QAccessibleEvent event(this, kind);
+        event.setChild(row);
+        QAccessible::updateAccessibility(&event);
+    }
 }
 
 void RundownList::keyPressEvent(QKeyEvent *event)
 {
-    event->ignore();
+    const std::optional<int> row = rowFor(*event);
+    if (!row)
+        return event->ignore();
+    const QModelIndex index = m_model->index(std::clamp(*row, 0, m_model->rowCount() - 1));
+    if (index.isValid()) {
+        choose(index);
+        selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+        scrollTo(index);
+    }
+}
+
+/// The row that a key selects, which may lie beyond the ends; nothing for a key that selects none.
+std::optional<int> RundownList::rowFor(const QKeyEvent &event) const
+{
+    if ((event.modifiers() & ~Qt::KeypadModifier) != Qt::ControlModifier)
+        return std::nullopt;
+    switch (event.key()) {
+    case Qt::Key_Up:
+        return currentIndex().row() - 1;
+    case Qt::Key_Down:
+        return currentIndex().row() + 1;
+    case Qt::Key_Home:
+        return 0;
+    case Qt::Key_End:
+        return m_model->rowCount();
+    case Qt::Key_Space:
+        return currentIndex().row();
+    default:
+        return std::nullopt;
+    }
 }
 
 void RundownList::contextMenuEvent(QContextMenuEvent *event)
 {
     const bool isByKeyboard = event->reason() == QContextMenuEvent::Keyboard;
-    const QModelIndex index = isByKeyboard ? affectedRow() : indexAt(event->pos());
+    const QModelIndex index = isByKeyboard ? currentIndex() : indexAt(event->pos());
     if (!m_model->slideAt(index))
         return;
     QMenu *menu =

@@ -4,6 +4,8 @@
 
 #include <QListView>
 
+#include <optional>
+
 namespace quenara {
 
 class CommandActions;
@@ -11,7 +13,9 @@ class RundownModel;
 class WorkspaceStore;
 
 /// The rundown as a list. A click on a slide selects and queues it, one on a section selects that.
-/// Keys are left to the transport.
+/// Keys are left to the transport, except that Ctrl with an arrow moves to another row while the
+/// list has the keyboard, Home and End to the first and the last, and Ctrl+Space chooses the same
+/// again.
 class RundownList : public QListView
 {
     Q_OBJECT
@@ -24,6 +28,9 @@ public:
 
     /// The rows that lie at least in part on an \a area of the viewport, from the top down.
     QModelIndexList rowsIn(const QRect &area) const;
+
+    /// Does what a click on a row does.
+    void choose(const QModelIndex &index);
 
 signals:
     /// What has been painted of the rows is about to be moved.
@@ -41,8 +48,9 @@ protected:
     void updateGeometries() override;
 
 private:
-    void choose(const QModelIndex &index);
     QModelIndex affectedRow() const;
+    std::optional<int> rowFor(const QKeyEvent &event) const;
+    void tellOf(int row);
     void followStore();
 
     WorkspaceStore &m_store;

@@ -1,0 +1,223 @@
+#include "RundownAccessible.h"
+
+#include "AccessibleControls.h"
+#include "RundownList.h"
+#include "RundownModel.h"
+
+#include <QAccessibleWidget>
+#include <QHash>
+#include <QPointer>
+
+namespace quenara {
+
+namespace {
+
+/// A row of the rundown. It stays the same interface wherever its row moves.
+class RowInterface : public QAccessibleInterface, public QAccessibleActionInterface
+{
+public:
+    RowInterface(RundownList &list, const QModelIndex &index) : m_list(&list), m_index(index) {}
+
+    bool isValid() const override { return m_list && m_index.isValid(); }
+    QObject *object() const override { return nullptr; }
+    QAccessibleInterface *parent() const override
+    {
+        return QAccessible::queryAccessibleInterface(m_list);
+    }
+    QAccessibleInterface *child(int /*index*/) const override { return nullptr; }
+    QAccessibleInterface *childAt(int /*x*/, int /*y*/) const override { return nullptr; }
+    int childCount() const override { return 0; }
+    int indexOfChild(const QAccessibleInterface * /*child*/) const override { return -1; }
+    void setText(QAccessible::Text /*kind*/, const QString & /*text*/) override {}
+    QAccessible::Role role() const override { return QAccessible::ListItem; }
+
+    void *interface_cast(QAccessible::InterfaceType type) override
+    {
+        return type == QAccessible::ActionInterface
+            ? static_cast<QAccessibleActionInterface *>(this)
+            : nullptr;
+    }
+
+    QString text(QAccessible::Text kind) const override
+    {
+        switch (kind) {
+        case QAccessible::Name:
+            return m_index.data(Qt::DisplayRole).toString();
+        case QAccessible::Description:
+            return m_index.data(Qt::AccessibleDescriptionRole).toString();
+        default:
+            return {};
+        }
+    }
+
+    QRect rect() const override
+    {
+        const QRect row = isValid() ? m_list->visualRect(m_index) : QRect();
+        return row.translated(m_list ? m_list->viewport()->mapToGlobal(QPoint()) : QPoint());
+    }
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State state;
+        if (!isValid()) {
+            state.invalid = true;
+            return state;
+        }
+        state.selectable = true;
+        state.focusable = true;
+        state.selected = m_index.data(RundownModel::isSelectedRole).toBool();
+        state.focused = m_list->hasFocus() && m_index == m_list->currentIndex();
+        state.invisible = !m_list->isVisible();
+        state.offscreen = !m_list->viewport()->rect().intersects(m_list->visualRect(m_index));
+        return state;
+    }
+
+    QStringList actionNames() const override { return {pressAction(), setFocusAction()}; }
+    QStringList keyBindingsForAction(const QString & /*action*/) const override { return {}; }
+    void doAction(const QString & /*action*/) override { select(); }
+
+    void select() const
+    {
+        if (isValid()) {
+            clickSoon(*m_list, [list = m_list, index = m_index] {
+                list->setFocus(Qt::MouseFocusReason);
+                list->choose(index);
+            });
+        }
+    }
+
+    const QPersistentModelIndex &index() const { return m_index; }
+
+private:
+    QPointer<RundownList> m_list;
+    QPersistentModelIndex m_index;
+};
+
+/// The list. It is a table of one column, too: that is how Qt lets assistive technologies select.
+class RundownInterface : public QAccessibleWidget, public QAccessibleTableInterface
+{
+public:
+    explicit RundownInterface(RundownList &list)
+        : QAccessibleWidget(&list, QAccessible::List), m_list(list)
+    {}
+
+    void *interface_cast(QAccessible::InterfaceType type) override
+    {
+        return type == QAccessible::TableInterface ? static_cast<QAccessibleTableInterface *>(this)
+                                                   : QAccessibleWidget::interface_cast(type);
+    }
+
+    int childCount() const override { return rowCount(); }
+
+    QAccessibleInterface *child(int row) const override
+    {
+        const QModelIndex index = m_list.model()->index(row, 0);
+        if (!index.isValid())
+            return nullptr;
+        QAccessible::Id &id = m_rows[index];
+        if (!id)
+            id = QAccessible::registerAccessibleInterface(new RowInterface(m_list, index));
+        return QAccessible::accessibleInterface(id);
+    }
+
+    int indexOfChild(const QAccessibleInterface *child) const override
+    {
+        const auto *row = dynamic_cast<const RowInterface *>(child);
+        return row ? row->index().row() : -1;
+    }
+
+    QAccessibleInterface *childAt(int x, int y) const override
+    {
+        return child(m_list.indexAt(m_list.viewport()->mapFromGlobal(QPoint(x, y))).row());
+    }
+
+    QAccessibleInterface *focusChild() const override
+    {
+        return m_list.hasFocus() ? child(m_list.currentIndex().row()) : nullptr;
+    }
+
+    QAccessibleInterface *caption() const override { return nullptr; }
+    QAccessibleInterface *summary() const override { return nullptr; }
+    QAccessibleInterface *cellAt(int row, int column) const override
+    {
+        return column == 0 ? child(row) : nullptr;
+    }
+    int rowCount() const override { return m_list.model()->rowCount(); }
+    int columnCount() const override { return 1; }
+    QString rowDescription(int /*row*/) const override { return {}; }
+    QString columnDescription(int /*column*/) const override { return {}; }
+
+    bool isRowSelected(int row) const override
+    {
+        return m_list.model()->index(row, 0).data(RundownModel::isSelectedRole).toBool();
+    }
+    QList<int> selectedRows() const override
+    {
+        QList<int> rows;
+        for (int row = 0; row < rowCount(); ++row) {
+            if (isRowSelected(row))
+                rows.append(row);
+        }
+        return rows;
+    }
+    QList<QAccessibleInterface *> selectedCells() const override
+    {
+        QList<QAccessibleInterface *> cells;
+        for (const int row : selectedRows())
+            cells.append(child(row));
+        return cells;
+    }
+    int selectedRowCount() const override { return int(selectedRows().size()); }
+    int selectedCellCount() const override { return selectedRowCount(); }
+    bool isColumnSelected(int /*column*/) const override { return false; }
+    QList<int> selectedColumns() const override { return {}; }
+    int selectedColumnCount() const override { return 0; }
+
+    bool selectRow(int row) override
+    {
+        const auto *item = static_cast<const RowInterface *>(child(row));
+        if (item)
+            item->select();
+        return item;
+    }
+    bool selectColumn(int /*column*/) override { return false; }
+    bool unselectRow(int /*row*/) override { return false; }
+    bool unselectColumn(int /*column*/) override { return false; }
+
+    /// Forgets the rows that are gone.
+    void modelChange(QAccessibleTableModelChangeEvent * /*event*/) override
+    {
+        erase_if(m_rows, [](const auto &entry) {
+            const bool isGone = !entry.key().isValid();
+            if (isGone)
+                QAccessible::deleteAccessibleInterface(entry.value());
+            return isGone;
+        });
+    }
+
+protected:
+    ~RundownInterface() override
+    {
+        for (const QAccessible::Id id : std::as_const(m_rows))
+            QAccessible::deleteAccessibleInterface(id);
+    }
+
+private:
+    RundownList &m_list;
+    mutable QHash<QPersistentModelIndex, QAccessible::Id> m_rows; ///< those that were asked for
+};
+
+QAccessibleInterface *accessibleRundown(const QString & /*className*/, QObject *object)
+{
+    auto *list = qobject_cast<RundownList *>(object);
+    return list ? new RundownInterface(*list) : nullptr;
+}
+
+} // namespace
+
+void makeRundownAccessible()
+{
+    QAccessible::installFactory(accessibleRundown); // Qt keeps it once, however often it is called
+}
+
+} // namespace quenara
