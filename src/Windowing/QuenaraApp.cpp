@@ -14,7 +14,7 @@ QuenaraApp::QuenaraApp(const QPalette &platformPalette)
       m_systemScheme(QDBusConnection::sessionBus(), platformPalette),
       m_sleepInhibitor(QDBusConnection::sessionBus()), m_windows(m_systemScheme, m_caches),
       m_appearance(m_preferences), m_outputs(m_store, m_windows, m_appearance),
-      m_guard(m_store, m_windows, m_questions),
+      m_announcer(m_store, m_outputs), m_guard(m_store, m_windows, m_questions),
       m_commands({.store = m_store,
                   .outputs = m_outputs,
                   .mayReplaceDocument = [this] { return m_guard.mayReplaceDocument(); }}),

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "AppearancePreference.h"
+#include "AudienceAnnouncer.h"
 #include "CommandActions.h"
 #include "DeferredPreferences.h"
 #include "DocumentGuard.h"
@@ -51,6 +52,7 @@ private:
     WindowCoordinator m_windows;
     AppearancePreference m_appearance;
     OutputWindowController m_outputs;
+    AudienceAnnouncer m_announcer;
     ShortcutGuard m_shortcutGuard;
     DocumentGuard m_guard;
     CommandActions m_commands;

@@ -51,20 +51,28 @@ class ScreenReader:
     def close(self):
         self._resources.close()
 
-    @contextlib.contextmanager
     def changes_of_values(self):
         """Meanwhile, gives the name of each control that has told that its value changed."""
+        return self._names_heard("object:property-change:accessible-value")
+
+    def notifications(self):
+        """Meanwhile, gives the words of each notification that has come to be shown, which is when
+        screen readers speak them."""
+        return self._names_heard("object:state-changed:showing", role="notification")
+
+    @contextlib.contextmanager
+    def _names_heard(self, kind, role=None):
         told = []
 
         def hear(event):
-            told.append(event.source.get_name())
+            if role in (None, event.source.get_role_name()):
+                told.append(event.source.get_name())
 
         def names():
             while GLib.MainContext.default().iteration(False):
                 pass
             return told
 
-        kind = "object:property-change:accessible-value"
         listener = Atspi.EventListener.new(hear)
         listener.register(kind)
         try:
@@ -153,6 +161,10 @@ class Thing:
     def press(self):
         """Does what a press of it does."""
         Atspi.Action.do_action(self._accessible, 0)
+
+    def select_row(self, row):
+        """Selects a row by its place, as one of a table."""
+        Atspi.Table.add_row_selection(self._accessible, row)
 
     def shown(self):
         """All that is seen below it, from the outside in."""

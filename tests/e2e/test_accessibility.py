@@ -2,11 +2,11 @@
 
 from documents import Documents
 from processes import wait_until
-from program import ALERT, OPERATOR, SETTINGS, START_PANEL
+from program import ALERT, DISPLAY, OPERATOR, SETTINGS, STAGE, START_PANEL
 from show_case import ReadCase, run
 
-BUTTON, SWITCH, CHOICE, TEXT, PICKER, SLIDER = (
-    "push button", "check box", "radio button", "text", "combo box", "slider")
+BUTTON, SWITCH, CHOICE, TEXT, PICKER, SLIDER, ROW = (
+    "push button", "check box", "radio button", "text", "combo box", "slider", "list item")
 
 PROJECT_BAR = {(TEXT, "Project Name"), (BUTTON, "New"), (BUTTON, "Open"), (BUTTON, "Save")}
 RUNDOWN = {(BUTTON, name) for name in (
@@ -19,15 +19,15 @@ TRANSPORT = {(BUTTON, name) for name in (
     (SWITCH, name) for name in ("Blackout", "Logo", "Display", "Monitor")}
 SLIDE_AND_LAYERS = {(TEXT, "Title"), (PICKER, "Template")} | {(BUTTON, name) for name in (
     "Add Text", "Add Shape", "Duplicate layer", "Delete layer", "Bring forward", "Send backward",
-    "Hide", "Lock layer")} | {(SWITCH, "Words"), (SWITCH, "Band")}
+    "Hide", "Lock layer")}
 BACKGROUND = {(PICKER, "Type"), (BUTTON, "Solid"), (BUTTON, "Gradient Start"),
               (BUTTON, "Gradient End"), (PICKER, "Direction"), (BUTTON, "Choose Image..."),
               (SLIDER, "Dim")}
 ANY_LAYER = {(TEXT, name) for name in ("Name", "X", "Y", "Width", "Height")} | {
     (SWITCH, "Visible"), (SWITCH, "Locked"), (SLIDER, "Opacity")}
 TEXT_LAYER = {(PICKER, "Font"), (PICKER, "Weight"), (BUTTON, "Decrease Size"),
-              (BUTTON, "Increase Size"), (BUTTON, "Text Color"), (SWITCH, "Align Left"),
-              (SWITCH, "Align Center"), (SWITCH, "Align Right"), (SLIDER, "Line"),
+              (BUTTON, "Increase Size"), (BUTTON, "Text Color"), (CHOICE, "Align Left"),
+              (CHOICE, "Align Center"), (CHOICE, "Align Right"), (SLIDER, "Line"),
               (SLIDER, "Tracking"), (SWITCH, "Uppercase"), (SWITCH, "Shadow")}
 SHAPE_LAYER = {(PICKER, "Shape"), (BUTTON, "Fill"), (BUTTON, "Decrease Radius"),
                (BUTTON, "Increase Radius")}
@@ -62,7 +62,7 @@ class Accessibility(Documents, ReadCase):
     def test_every_control_is_found_by_its_name_and_role(self):
         for layer, of_its_kind in (("Words", TEXT_LAYER), ("Band", SHAPE_LAYER)):
             with self.subTest(layer=layer):
-                self.click(layer, SWITCH)
+                self.click(layer, ROW)
                 self.wait_for_controls(EVERYWHERE | of_its_kind)
 
     def test_what_can_have_the_keyboard_has_a_name_of_its_own(self):
@@ -95,6 +95,73 @@ class Accessibility(Documents, ReadCase):
         self.thing("Go Live", BUTTON).press()
         self.wait_for_row("Slide", "Slide 2 of Welcome, live, queued, selected")
 
+    def test_the_layers_are_a_list_whose_rows_are_selected_by_their_action(self):
+        layers = next(thing for thing in self.shown() if thing.name == "Layers"
+                      and thing.role == "list")
+        told = [(row.role, row.name) for row in layers.children]
+        self.assertEqual(told, [(ROW, "Words"), (ROW, "Band")])
+        for row in layers.children:
+            row.press()
+            wait_until(lambda row=row: row.has("SELECTED"), f"{row.name} to be selected")
+            self.assertEqual(self.thing("Name", TEXT).text, row.name)
+            self.assertEqual([other.name for other in layers.children if other.has("SELECTED")],
+                             [row.name])
+
+    def test_a_row_of_the_rundown_is_selected_by_its_action_and_as_a_row_of_a_table(self):
+        rundown = self.thing("Rundown", "list")
+        rundown.children[2].press()
+        self.wait_for_row("Slide", "Slide 2 of Welcome, queued, selected")
+        self.assertTrue(rundown.children[2].has("SELECTED"))
+        self.assertFalse(rundown.children[1].has("SELECTED"))
+        wait_until(lambda: rundown.children[2].has("FOCUSED"), "the row to have the keyboard")
+        rundown.select_row(1)
+        self.wait_for_row("All stated", "Slide 1 of Welcome, live, queued, selected")
+        wait_until(lambda: rundown.children[1].has("FOCUSED"), "the row to have the keyboard")
+        self.assertFalse(rundown.children[2].has("SELECTED"))
+
+    def test_what_is_switched_by_its_action_is_switched(self):
+        for name, row in (("Blackout", "BLACKOUT"), ("Logo", "LOGO")):
+            self.thing(name, SWITCH).press()
+            wait_until(lambda row=row: any(thing.name == row for thing in self.shown()), row)
+            self.assertTrue(self.thing(name, SWITCH).has("CHECKED"))
+            self.thing(name, SWITCH).press()
+            wait_until(lambda: any(thing.name == "LIVE" for thing in self.shown()), "LIVE")
+        for name, window in (("Display", DISPLAY), ("Monitor", STAGE)):
+            self.thing(name, SWITCH).press()
+            self.program.wait_for_window(window)
+            self.thing(name, SWITCH).press()
+            self.program.wait_for_no_window(window)
+        for name, shown in (("Visible", "Show"), ("Locked", "Unlock layer")):
+            self.thing(name, SWITCH).press()
+            self.thing(shown, BUTTON).press()
+            wait_until(lambda shown=shown: shown not in {title for _, title in self.controls()},
+                       f"{name} to be switched back")
+        self.thing("Align Right", CHOICE).press()
+        wait_until(lambda: self.thing("Align Right", CHOICE).has("CHECKED"), "the alignment")
+        self.assertFalse(self.thing("Align Center", CHOICE).has("CHECKED"))
+
+    def test_each_change_of_what_the_audience_sees_is_announced_once(self):
+        self.program.focus(OPERATOR)
+        steps = [
+            (lambda: self.program.press("Right"), "Live: Slide, 2 of 4"),
+            (lambda: self.program.press("b"), "Blackout"),
+            (lambda: self.thing("Blackout", SWITCH).press(), "Live: Slide, 2 of 4"),
+            (lambda: self.click("Logo", SWITCH), "Logo"),
+            (lambda: self.program.press("l"), "Live: Slide, 2 of 4"),
+            (lambda: self.thing("Display", SWITCH).press(), "Display opened"),
+            (lambda: self.thing("Display", SWITCH).press(), "Display closed"),
+        ]
+        with self.reader.notifications() as heard:
+            for told, (act, words) in enumerate(steps, start=1):
+                act()
+                wait_until(lambda told=told: len(heard()) >= told, words)
+                self.assertEqual(heard()[told - 1:], [words])
+            # Editing and queueing change nothing for the audience.
+            self.program.focus(OPERATOR)
+            self.program.press("Up")
+            self.wait_for_row("All stated", "Slide 1 of Welcome, queued, selected")
+            self.assertEqual(len(heard()), len(steps))
+
     def test_switches_tell_whether_they_are_on(self):
         for name, key in (("Blackout", "b"), ("Logo", "l")):
             switch = self.thing(name, SWITCH)
@@ -116,8 +183,8 @@ class Accessibility(Documents, ReadCase):
         self.assertEqual(self.thing("Opacity", SLIDER).value, 1)
         self.assertEqual(self.thing("Type", PICKER).name, "gradient")
         self.assertEqual(self.thing("Text Color", BUTTON).description, "#ffffff")
-        self.assertTrue(self.thing("Align Center", SWITCH).has("CHECKED"))
-        self.assertFalse(self.thing("Align Left", SWITCH).has("CHECKED"))
+        self.assertTrue(self.thing("Align Center", CHOICE).has("CHECKED"))
+        self.assertFalse(self.thing("Align Left", CHOICE).has("CHECKED"))
 
     def test_a_slider_is_set_through_the_reader_in_one_step(self):
         opacity = self.thing("Opacity", SLIDER)

@@ -4,7 +4,7 @@ from processes import wait_until
 from program import DISPLAY, OPERATOR
 from show_case import ReadCase, run
 
-PICKER, SWITCH, BUTTON = "combo box", "check box", "push button"
+PICKER, ROW, BUTTON = "combo box", "list item", "push button"
 LIVE = 1
 QUEUED = 0
 BARE_KEYS = ("b", "l", "space", "Right", "Left", "Down", "Up", "Page_Down", "Page_Up")
@@ -22,7 +22,7 @@ class PopupKeys(ReadCase):
         program.press("Right")
         self.see_slide(LIVE)
         # This queues the slide, too, which has a layer of each kind.
-        self.click("All stated", "list item")
+        self.click("All stated", ROW)
         wait_until(lambda: self.show() == [LIVE, QUEUED], "the slide to be queued")
 
     def show(self):
@@ -36,7 +36,7 @@ class PopupKeys(ReadCase):
 
     def pickers(self, layer):
         """All pickers that are shown while a layer is selected."""
-        self.click(layer, SWITCH)
+        self.click(layer, ROW)
         pickers = [thing for thing in self.shown() if thing.role == PICKER]
         self.assertTrue(pickers)
         return pickers
@@ -75,7 +75,7 @@ class PopupKeys(ReadCase):
                         self.see_nothing_moved()
                         # A template has taken the place of the layers.
                         self.program.press("ctrl+z")
-                        self.click(layer, SWITCH)
+                        self.click(layer, ROW)
         self.see_slide(LIVE)
 
     def test_a_menu_has_every_key_while_it_is_open(self):
@@ -89,7 +89,7 @@ class PopupKeys(ReadCase):
         self.see_slide(LIVE)
 
     def test_a_colour_dialog_has_every_key_and_the_display_keeps_its_own(self):
-        self.click("Band", SWITCH)
+        self.click("Band", ROW)
         for key in (*BARE_KEYS, *CLOSING_KEYS):
             with self.subTest(key=key):
                 self.click("Fill", BUTTON)
