@@ -14,8 +14,8 @@ endif()
 # quenara_add_test(<name> ROOMS <room>... [QT <module>...] [LINK <target>...] [SOURCES <file>...]
 #                  [TWO_SCREENS | SMALL_SCREEN])
 # One Qt Test executable from <name>.cpp, run offscreen (on one screen, on two of 1920 by 1080 side
-# by side, or on one of 1366 by 768 beside a larger one) with a home of its own. Every warning of Qt is a failure: at once or, for tests with
-# windows, as GuiTest says.
+# by side, or on one of 1366 by 768 beside a larger one) with a home of its own. Every warning of Qt
+# is a failure: at once or, for tests with windows, as GuiTest says.
 function(quenara_add_test name)
   cmake_parse_arguments(PARSE_ARGV 1 TEST "TWO_SCREENS;SMALL_SCREEN" "" "ROOMS;QT;LINK;SOURCES")
   set(rooms ${TEST_ROOMS})

@@ -291,6 +291,17 @@ private slots:
         QVERIFY(!last->isValid());
     }
 
+    void aReaderThatOnlyMovesToARowSelectsAndQueuesNothing()
+    {
+        Rundown op(showOf({2, 3}));
+        const WorkspaceState before = op.store.state();
+        QAccessibleInterface *row = QAccessible::queryAccessibleInterface(op.list)->child(6);
+        row->actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
+        QCoreApplication::processEvents();
+        QCOMPARE(op.store.state(), before);
+        QVERIFY(row->state().focused);
+    }
+
     void goLiveInTheContextMenuQueuesTheSlideAndSendsIt()
     {
         Rundown op(showOf({2, 3}));

@@ -74,8 +74,17 @@ public:
 
     QStringList actionNames() const override { return {pressAction(), setFocusAction()}; }
     QStringList keyBindingsForAction(const QString & /*action*/) const override { return {}; }
-    void doAction(const QString & /*action*/) override { select(); }
+    void doAction(const QString &action) override
+    {
+        if (action == pressAction()) {
+            select();
+        } else if (isValid() && action == setFocusAction()) {
+            m_list->setFocus(Qt::OtherFocusReason);
+            m_list->setCurrentIndex(m_index);
+        }
+    }
 
+    /// Does what a click on the row does.
     void select() const
     {
         if (isValid()) {
