@@ -129,7 +129,8 @@ private slots:
             {u"inserted 4 to 4"_s, u"changed 1"_s, u"changed 4"_s});
         row("the next slide", [](auto &store) { store.nextLive(); },
             {u"changed 1"_s, u"changed 2"_s});
-        row("blackout", [](auto &store) { store.toggleBlackout(); }, {});
+        row("blackout, which colours the live mark", [](auto &store) { store.toggleBlackout(); },
+            {u"changed 1"_s});
         row("another section", [](auto &store) { store.selectServiceItem(QStringLiteral("B")); },
             {u"changed 0"_s, u"changed 4"_s});
     }

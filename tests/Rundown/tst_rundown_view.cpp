@@ -392,7 +392,7 @@ private slots:
         Rundown op(showOf({1, 1, 1}));
         press(op.view, QStringLiteral("Move section down"), 1);
         QCOMPARE(op.store.project().serviceItems.at(2).id, QStringLiteral("B"));
-        press(op.view, QStringLiteral("Move section up"), 2);
+        press(op.view, QStringLiteral("Move section up"), 1); // the first one was scrolled away
         QCOMPARE(op.store.project().serviceItems.at(1).id, QStringLiteral("B"));
     }
 
@@ -535,6 +535,200 @@ private slots:
         Rundown op(showOf({40, 40, 40}));
         operation(op.store);
         QVERIFY(isInSight(op, op.model->indexOfSlide(op.store.selectedSlideID())));
+    }
+
+    void whatComesNextIsInSightWhenTheLiveSlideMoves()
+    {
+        Rundown op(showOf({9, 4, 11, 30, 3}));
+        const int last = op.model->rowCount() - 1;
+        for (int step = 1; step < 57; ++step) {
+            op.store.nextLive();
+            const int live = rowOfSlide(op, *op.store.liveSlideID()).row();
+            for (int row = live; row <= std::min(live + 2, last); ++row)
+                QVERIFY2(isInSight(op, op.model->index(row)), qPrintable(QString::number(row)));
+        }
+        for (int step = 1; step < 57; ++step) {
+            op.store.previousLive();
+            const int live = rowOfSlide(op, *op.store.liveSlideID()).row();
+            for (int row = std::max(0, live - 2); row <= live; ++row)
+                QVERIFY2(isInSight(op, op.model->index(row)), qPrintable(QString::number(row)));
+        }
+        QVERIFY(isInSight(op, op.model->index(0)));
+    }
+
+    void goingUpShowsTheSectionFromItsTitleIfItFits()
+    {
+        Rundown op(showOf({30, 8, 30}));
+        op.store.selectSlide(u"C20"_s, true);
+        op.store.goLive();
+        op.store.selectSlide(u"B8"_s, true);
+        op.store.goLive();
+        QVERIFY(isInSight(op, op.model->indexOfServiceItem(u"B"_s)));
+        QVERIFY(isInSight(op, rowOfSlide(op, u"B1"_s)));
+        QVERIFY(isInSight(op, rowOfSlide(op, u"B8"_s)));
+    }
+
+    void aSlideThatGoesLiveFromElsewhereIsInSightWithWhatComesNext()
+    {
+        Rundown op(showOf({40, 40}));
+        op.store.queueSlide(u"B20"_s);
+        op.list->verticalScrollBar()->setValue(0);
+        op.store.goLive();
+        for (const QString &id : {u"B20"_s, u"B21"_s, u"B22"_s})
+            QVERIFY(isInSight(op, rowOfSlide(op, id)));
+    }
+
+    void anImportedSongIsShownWholeIfItFits()
+    {
+        Rundown op(showOf({40, 40}));
+        op.store.importSong(u"Song"_s, u"One\n\nTwo\n\nThree\n\nFour\n\nFive"_s);
+        const QModelIndex first = op.model->indexOfSlide(op.store.selectedSlideID());
+        const QModelIndex section = op.model->sectionOf(first);
+        const QModelIndex last = op.model->endOfSection(first);
+        QVERIFY(last.row() > section.row() + 1);
+        for (int row = section.row(); row <= last.row(); ++row)
+            QVERIFY(isInSight(op, op.model->index(row)));
+    }
+
+    void ofAnImportedSongThatIsTooLongTheBeginningIsShown()
+    {
+        Rundown op(showOf({40, 40}));
+        op.store.importSong(u"Song"_s, u"Words\n\n"_s.repeated(30));
+        const QModelIndex first = op.model->indexOfSlide(op.store.selectedSlideID());
+        QCOMPARE(op.list->visualRect(op.model->sectionOf(first)).top(), 0);
+        QVERIFY(isInSight(op, first));
+    }
+
+    void clickingASectionsButtonThriceMovesItThreePlaces_data()
+    {
+        QTest::addColumn<QList<int>>("slides");
+        QTest::addColumn<QString>("section");
+        QTest::addColumn<QString>("button");
+        QTest::addColumn<QString>("expected");
+        const QString up = u"Move section up"_s;
+        const QString down = u"Move section down"_s;
+        QTest::newRow("in a list without a scroll bar, down")
+            << QList<int>{1, 1, 1, 1} << u"A"_s << down << u"BCDA"_s;
+        QTest::newRow("in a list without a scroll bar, up")
+            << QList<int>{1, 1, 1, 1} << u"D"_s << up << u"DABC"_s;
+        QTest::newRow("in a long list, down")
+            << QList<int>{9, 14, 3, 20, 5} << u"A"_s << down << u"BCDAE"_s;
+        QTest::newRow("in a long list, up")
+            << QList<int>{9, 14, 3, 20, 5} << u"E"_s << up << u"AEBCD"_s;
+        QTest::newRow("no further than to the end")
+            << QList<int>{9, 1, 2} << u"B"_s << down << u"ACB"_s;
+    }
+
+    void clickingASectionsButtonThriceMovesItThreePlaces()
+    {
+        QFETCH(QList<int>, slides);
+        QFETCH(QString, section);
+        QFETCH(QString, button);
+        QFETCH(QString, expected);
+        Rundown op(showOf(slides));
+        op.list->scrollTo(op.model->indexOfServiceItem(section),
+                          QAbstractItemView::PositionAtCenter);
+        const int height = op.list->visualRect(op.model->indexOfServiceItem(section)).top();
+        const QList<QAbstractButton *> buttons = shownButtons(op.view, button);
+        const auto own = std::find_if(buttons.begin(), buttons.end(), [&](const auto *shown) {
+            return shown->accessibleDescription() == u"Item "_s + section;
+        });
+        QVERIFY(own != buttons.end());
+        const QPoint place = (*own)->mapTo(&op.view, (*own)->rect().center());
+        for (int click = 0; click < 3; ++click) {
+            // Where the pointer stays, whatever lies there by now.
+            QWidget *below = op.view.childAt(place);
+            QTest::mouseClick(below, Qt::LeftButton, Qt::NoModifier,
+                              below->mapFrom(&op.view, place));
+            QCoreApplication::processEvents();
+            QCOMPARE(op.list->visualRect(op.model->indexOfServiceItem(section)).top(), height);
+        }
+        QString order;
+        for (const ServiceItem &item : op.store.project().serviceItems)
+            order += item.id;
+        QCOMPARE(order, expected);
+        QVERIFY(largestDifference(seenOf(op), paintedAnew(op)) <= 4);
+
+        QEvent leaving(QEvent::Leave);
+        QApplication::sendEvent(&op.view, &leaving);
+        QCOMPARE(op.list->verticalScrollBar()->minimum(), 0);
+        const QModelIndex end = op.model->index(op.model->rowCount() - 1);
+        QVERIFY(op.list->verticalScrollBar()->maximum() == 0
+                || op.list->visualRect(end).bottom() >= op.list->viewport()->height() - 1);
+    }
+
+    void aSectionsButtonThatHasTheFocusKeepsItWithItsSection()
+    {
+        Rundown op(showOf({1, 1, 1, 1}));
+        QAbstractButton *button = shownButtons(op.view, u"Move section down"_s).first();
+        button->setFocus();
+        for (int press = 0; press < 3; ++press) {
+            auto *focused = qobject_cast<QAbstractButton *>(QApplication::focusWidget());
+            QVERIFY(focused);
+            QCOMPARE(focused->accessibleDescription(), u"Item A"_s);
+            focused->click();
+        }
+        QCOMPARE(op.store.project().serviceItems.last().id, u"A"_s);
+    }
+
+    void theSelectedSectionIsAsPlainlySelectedAsASlide()
+    {
+        Rundown op(showOf({2, 2}));
+        const auto fillOf = [&](const QModelIndex &row) {
+            const QImage look = lookOf(op, row);
+            return look.pixelColor(look.width() - 40, 4); // beside the title and the buttons
+        };
+        const QModelIndex a = op.model->indexOfServiceItem(u"A"_s);
+        const QModelIndex b = op.model->indexOfServiceItem(u"B"_s);
+        const QColor selected = fillOf(rowOfSlide(op, u"A1"_s));
+        QCOMPARE(fillOf(a), selected);
+        QVERIFY(fillOf(b) != selected);
+        op.click(b);
+        QCOMPARE(fillOf(b), selected);
+        QVERIFY(fillOf(a) != selected);
+        QCOMPARE(b.data(Qt::AccessibleDescriptionRole).toString(), u"Song section, selected"_s);
+        QCOMPARE(a.data(Qt::AccessibleDescriptionRole).toString(), u"Song section"_s);
+    }
+
+    void theLiveMarkHasTheColourOfTheOutputMode()
+    {
+        Rundown op(showOf({2}));
+        const auto hasColor = [&](QColor ZelvoTheme::*color) {
+            const QImage look = lookOf(op, rowOfSlide(op, u"A1"_s));
+            const QColor sought = ZelvoTheme::current(colorSchemeOf(op.view.palette())).*color;
+            int count = 0;
+            for (int x = 0; x < look.width(); ++x)
+                count += look.pixelColor(x, look.height() / 2 - 6) == sought ? 1 : 0;
+            return count > 10;
+        };
+        QVERIFY(hasColor(&ZelvoTheme::live));
+        op.store.toggleBlackout();
+        QVERIFY(hasColor(&ZelvoTheme::blackout) && !hasColor(&ZelvoTheme::live));
+        op.store.toggleLogo();
+        QVERIFY(hasColor(&ZelvoTheme::accent));
+    }
+
+    void theQueueMarkNeverLiesOverTheNumber()
+    {
+        Rundown op(showOf({1200}));
+        op.store.selectSlide(u"A1"_s, false);
+        for (const QString &id : {u"A9"_s, u"A99"_s, u"A999"_s, u"A1200"_s}) {
+            op.list->scrollTo(rowOfSlide(op, id), QAbstractItemView::PositionAtCenter);
+            op.store.queueSlide(u"A2"_s);
+            op.view.grab();
+            const QImage without = lookOf(op, rowOfSlide(op, id));
+            op.store.queueSlide(id);
+            const QImage with = lookOf(op, rowOfSlide(op, id));
+            // Inside of the outline, where either has ink, from the left end to the thumbnail.
+            const QColor ground = without.pixelColor(12, 8);
+            for (int y = 6; y < without.height() - 6; ++y) {
+                for (int x = 10; x < 40; ++x) {
+                    const bool isNumber = without.pixelColor(x, y) != ground;
+                    const bool isMark = with.pixelColor(x, y) != without.pixelColor(x, y);
+                    QVERIFY2(!isNumber || !isMark, qPrintable(id));
+                }
+            }
+        }
     }
 
     void whatHasScrolledLooksAsIfPaintedAnew()

@@ -86,7 +86,7 @@ class Accessibility(Documents, ReadCase):
 
     def test_the_live_and_the_queued_row_say_so(self):
         self.assertEqual(self.rows()[:3], [
-            ("Welcome", "Welcome section"),
+            ("Welcome", "Welcome section, selected"),
             ("All stated", "Slide 1 of Welcome, live, queued, selected"),
             ("Slide", "Slide 2 of Welcome")])
         self.thing("Queue Next", BUTTON).press()

@@ -13,8 +13,10 @@
 #include <QMenu>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QScrollBar>
 
 #include <algorithm>
+#include <utility>
 
 namespace quenara {
 
@@ -31,6 +33,7 @@ RundownList::RundownList(WorkspaceStore &store, const CommandActions &commands,
     setItemDelegate(new RundownRowDelegate(m_thumbnails, this));
     setSelectionMode(NoSelection);
     setEditTriggers(NoEditTriggers);
+    setAutoScroll(false); // it is followStore() that scrolls
     setMouseTracking(true);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollMode(ScrollPerPixel);
@@ -56,18 +59,100 @@ QModelIndex RundownList::affectedRow() const
     return slide.isValid() ? slide : m_model->indexOfServiceItem(m_store.selectedServiceItemID());
 }
 
-/// Brings into sight the row that an operation has selected or moved. Any other change leaves the
-/// list where it was scrolled to.
+/// Brings into sight what an operation has selected, moved or sent live. Any other change leaves
+/// the list where it was scrolled to.
 void RundownList::followStore()
 {
-    const QModelIndex row = affectedRow();
-    if (row != m_followed || row.row() != m_followedRow) {
-        m_followed = row;
-        m_followedRow = row.row();
-        selectionModel()->setCurrentIndex(row, QItemSelectionModel::NoUpdate);
-        scrollTo(row);
-    }
+    executeDelayedItemsLayout(); // rows that have come or gone move the others
+    followSelection();
+    followLive();
+    m_hasNewSection = false;
     emit rowsPlaced();
+}
+
+void RundownList::followSelection()
+{
+    const QModelIndex row = affectedRow();
+    const bool isSame = row == m_followed && row.row() == m_followedRow;
+    m_followed = row;
+    m_followedRow = row.row();
+    if (!isSame)
+        selectionModel()->setCurrentIndex(row, QItemSelectionModel::NoUpdate);
+    if (isSame || m_isHolding)
+        return;
+    endHold();
+    // A section that comes with its slides, as an imported song does, is shown as far as it fits.
+    if (m_hasNewSection)
+        showRows(m_model->sectionOf(row), m_model->endOfSection(row), Qt::TopEdge);
+    showRows(row, row, Qt::TopEdge);
+}
+
+/// Keeps in sight what comes next: going down, the two rows after the live one; going up, those
+/// before it, or all from the title of its section if there is room for that.
+void RundownList::followLive()
+{
+    constexpr int ahead = 2;
+    const std::optional<QString> id = m_store.liveSlideID();
+    const QModelIndex live = m_model->indexOfSlide(id);
+    const QModelIndex before = m_model->indexOfSlide(std::exchange(m_liveID, id));
+    if (live == before || !live.isValid() || m_isHolding)
+        return;
+    const auto rowAt = [this](int row) {
+        return m_model->index(std::clamp(row, 0, m_model->rowCount() - 1));
+    };
+    const QModelIndex last = rowAt(live.row() + ahead);
+    if (live.row() > before.row())
+        return showRows(live, last, Qt::TopEdge);
+    QModelIndex first = rowAt(live.row() - ahead);
+    const QModelIndex section = m_model->sectionOf(live);
+    const int reach = visualRect(live).bottom() + 1 - visualRect(section).top();
+    if (section.row() < first.row() && reach <= viewport()->height())
+        first = section;
+    showRows(first, last, Qt::TopEdge);
+    showRows(first, live, Qt::BottomEdge);
+}
+
+/// Scrolls no further than it takes to show the rows from \a first to \a last; where they do not
+/// all fit, as many as do at one edge.
+void RundownList::showRows(const QModelIndex &first, const QModelIndex &last, Qt::Edge edge)
+{
+    if (!first.isValid() || !last.isValid())
+        return;
+    const int height = viewport()->height();
+    int top = visualRect(first).top();
+    int bottom = visualRect(last).bottom() + 1;
+    if (edge == Qt::TopEdge) {
+        bottom = std::min(bottom, top + height);
+    } else {
+        top = std::max(top, bottom - height);
+    }
+    const int distance = top < 0 ? top : std::max(0, bottom - height);
+    verticalScrollBar()->setValue(verticalScrollBar()->value() + distance);
+}
+
+void RundownList::hold(const QString &sectionID, const std::function<void()> &move)
+{
+    const int before = visualRect(m_model->indexOfServiceItem(sectionID)).top();
+    m_isHolding = true;
+    move();
+    m_isHolding = false;
+    const QModelIndex section = m_model->indexOfServiceItem(sectionID);
+    if (!section.isValid())
+        return;
+    // The bar must neither come nor go, which would lay the list out again and again.
+    setVerticalScrollBarPolicy(verticalScrollBar()->isVisible() ? Qt::ScrollBarAlwaysOn
+                                                                : Qt::ScrollBarAlwaysOff);
+    m_heldPlace = verticalScrollBar()->value() + visualRect(section).top() - before;
+    updateGeometries();
+}
+
+void RundownList::endHold()
+{
+    if (!m_heldPlace)
+        return;
+    m_heldPlace.reset();
+    setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+    updateGeometries();
 }
 
 /// Leaves the layout alone, since no change of a row changes its height: QListView would ask all
@@ -161,20 +246,40 @@ void RundownList::paintEvent(QPaintEvent *event)
 void RundownList::scrollContentsBy(int dx, int dy)
 {
     emit aboutToScroll();
+    if (m_heldPlace)
+        m_heldPlace = verticalScrollBar()->value();
     QListView::scrollContentsBy(dx, dy);
     emit rowsPlaced();
 }
 
 void RundownList::updateGeometries()
 {
+    const std::optional<int> held = m_heldPlace;
     QListView::updateGeometries();
+    if (held) {
+        QScrollBar *bar = verticalScrollBar();
+        bar->setRange(std::min(0, *held), std::max(bar->maximum(), *held));
+        bar->setValue(*held);
+        m_heldPlace = held;
+    }
     emit rowsPlaced();
+}
+
+void RundownList::rowsInserted(const QModelIndex &parent, int first, int last)
+{
+    QListView::rowsInserted(parent, first, last);
+    const QModelIndex added = m_model->index(first);
+    m_hasNewSection = m_hasNewSection || m_model->sectionOf(added) == added
+        || m_model->endOfSection(added).row() < last;
 }
 
 QModelIndexList RundownList::rowsIn(const QRect &area) const
 {
     QModelIndexList rows;
-    for (QModelIndex row = indexAt(area.topLeft());
+    // A list that is held may begin below its top.
+    const QModelIndex begin = m_model->index(0);
+    const bool isAbove = begin.isValid() && area.top() < visualRect(begin).top();
+    for (QModelIndex row = isAbove ? begin : indexAt(area.topLeft());
          row.isValid() && visualRect(row).top() <= area.bottom();
          row = m_model->index(row.row() + 1)) {
         rows.append(row);

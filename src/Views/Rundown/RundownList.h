@@ -4,6 +4,7 @@
 
 #include <QListView>
 
+#include <functional>
 #include <optional>
 
 namespace quenara {
@@ -32,6 +33,12 @@ public:
     /// Does what a click on a row does.
     void choose(const QModelIndex &index);
 
+    /// Does \a move, which moves the section with that id, and scrolls along with it: its row stays
+    /// where it is in the viewport, beyond the ends of the list if need be. endHold() comes back
+    /// from there.
+    void hold(const QString &sectionID, const std::function<void()> &move);
+    void endHold();
+
 signals:
     /// What has been painted of the rows is about to be moved.
     void aboutToScroll();
@@ -44,6 +51,7 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
+    void rowsInserted(const QModelIndex &parent, int first, int last) override;
     void scrollContentsBy(int dx, int dy) override;
     void updateGeometries() override;
 
@@ -52,6 +60,9 @@ private:
     std::optional<int> rowFor(const QKeyEvent &event) const;
     void tellOf(int row);
     void followStore();
+    void followSelection();
+    void followLive();
+    void showRows(const QModelIndex &first, const QModelIndex &last, Qt::Edge edge);
 
     WorkspaceStore &m_store;
     const CommandActions &m_commands;
@@ -59,6 +70,10 @@ private:
     RundownModel *m_model;
     QPersistentModelIndex m_followed; ///< the row last scrolled to
     int m_followedRow = -1;
+    std::optional<QString> m_liveID; ///< of the slide that was live when the list last followed
+    bool m_hasNewSection = false; ///< the rows of a section have come since the last change
+    bool m_isHolding = false;
+    std::optional<int> m_heldPlace; ///< of the scroll bar, while it may lie beyond its ends
 };
 
 } // namespace quenara

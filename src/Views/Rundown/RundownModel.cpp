@@ -133,7 +133,7 @@ void RundownModel::showProject()
 RundownModel::Marks RundownModel::marks() const
 {
     return {m_store.selectedServiceItemID(), m_store.selectedSlideID(), m_store.queuedSlideID(),
-            m_store.liveSlideID()};
+            m_store.liveSlideID(), m_store.outputMode()};
 }
 
 void RundownModel::showMarks()
@@ -155,6 +155,10 @@ void RundownModel::showMarks()
     note(slides, &Marks::selected);
     note(slides, &Marks::queued);
     note(slides, &Marks::live);
+    if (before.outputMode != m_marks.outputMode && m_marks.live
+        && !slides.contains(*m_marks.live)) {
+        slides.append(*m_marks.live);
+    }
     // A document may hold an id twice, so that two rows bear one mark.
     const auto tellOf = [&](const QStringList &ids, bool areItems) {
         for (const QString &id : ids) {
@@ -186,7 +190,9 @@ QVariant RundownModel::sectionData(const ServiceItem &item, int role) const
     case Qt::ToolTipRole:
         return item.title;
     case Qt::AccessibleDescriptionRole:
-        return QStringLiteral("%1 section").arg(title(item.type));
+        return QStringLiteral("%1 section%2")
+            .arg(title(item.type),
+                 item.id == m_marks.serviceItem ? QStringLiteral(", selected") : QString());
     case idRole:
         return item.id;
     case isServiceItemRole:
@@ -220,6 +226,8 @@ QVariant RundownModel::slideData(const Row &row, int role) const
         return slide.id == m_marks.queued;
     case isLiveRole:
         return slide.id == m_marks.live;
+    case outputModeRole:
+        return QVariant::fromValue(m_marks.outputMode);
     case numberRole:
         return row.slide + 1;
     default:
@@ -244,6 +252,21 @@ const Slide *RundownModel::slideAt(const QModelIndex &index) const
     if (!index.isValid() || index.row() >= m_rows.size() || m_rows.at(index.row()).slide < 0)
         return nullptr;
     return &slideOf(m_rows.at(index.row()));
+}
+
+QModelIndex RundownModel::sectionOf(const QModelIndex &index) const
+{
+    if (!index.isValid() || index.row() >= m_rows.size())
+        return {};
+    return this->index(index.row() - m_rows.at(index.row()).slide - 1);
+}
+
+QModelIndex RundownModel::endOfSection(const QModelIndex &index) const
+{
+    const QModelIndex section = sectionOf(index);
+    return section.isValid()
+        ? this->index(section.row() + int(itemOf(m_rows.at(section.row())).slides.size()))
+        : section;
 }
 
 /// The first such row at or after \a from; -1 if there is none.

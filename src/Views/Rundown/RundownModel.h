@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ProjectModels.h"
+#include "WorkspaceState.h"
 
 #include <QAbstractListModel>
 
@@ -23,6 +23,7 @@ public:
         isSelectedRole,
         isQueuedRole,
         isLiveRole,
+        outputModeRole, ///< an OutputMode: what the audience sees while the slide is live
         numberRole, ///< 1-based number of the slide in its item
         symbolRole, ///< of the item's type, a name in `resources/icons.list`
     };
@@ -39,6 +40,10 @@ public:
     QModelIndex indexOfSlide(const std::optional<QString> &id) const;
     QModelIndex indexOfServiceItem(const std::optional<QString> &id) const;
 
+    /// The row of the service item that the row belongs to, and the last row of that item.
+    QModelIndex sectionOf(const QModelIndex &index) const;
+    QModelIndex endOfSection(const QModelIndex &index) const;
+
 private:
     struct Row
     {
@@ -53,6 +58,7 @@ private:
         std::optional<QString> selected;
         std::optional<QString> queued;
         std::optional<QString> live;
+        OutputMode outputMode = OutputMode::live;
 
         bool operator==(const Marks &) const = default;
     };

@@ -3,6 +3,7 @@
 #include "Badge.h"
 #include "ElidedText.h"
 #include "Fonts.h"
+#include "OutputModeBadge.h"
 #include "PaintingWorkarounds.h"
 #include "RoundedShapes.h"
 #include "RundownModel.h"
@@ -26,17 +27,15 @@ constexpr int slideRowHeight = 48;
 constexpr double sideMargin = 8;
 constexpr double cornerRadius = 6;
 constexpr double thumbnailRadius = 4;
-constexpr double numberLeft = 8;
-constexpr double numberRight = 28;
+constexpr double pointerLeft = 2.5;
+constexpr double numberLeft = 9; // beside the pointer
+constexpr double numberRight = 30;
 constexpr double thumbnailLeft = 34;
 constexpr double gap = 8;
-constexpr double itemSymbolLeft = 2;
-constexpr double itemTitleLeft = 24;
+constexpr double itemSymbolLeft = 8;
+constexpr double itemTitleLeft = 32;
 constexpr int symbolSize = 16;
 constexpr double textSize = 12;
-constexpr double numberSize = 11;
-constexpr double longNumberSize = 8;
-constexpr int firstLongNumber = 1000;
 constexpr double pointerSize = 7;
 
 /// Draws \a text in one line, with an ellipsis where it does not fit.
@@ -59,6 +58,13 @@ QFont itemFont()
     return systemFont(textSize, QFont::DemiBold);
 }
 
+/// The digits of \a number, in letters of which so many fit into the room for it.
+QFont numberFont(int number)
+{
+    const double size = number < 1000 ? 11 : number < 10'000 ? 8 : 7;
+    return systemFont(size, QFont::Normal);
+}
+
 QRectF rowOf(const QRectF &rect)
 {
     return rect.adjusted(sideMargin, 1, -sideMargin, -1);
@@ -74,6 +80,22 @@ QRectF titleBox(const QRectF &row, const QModelIndex &index)
         : 0;
     return row.adjusted(thumbnailLeft + SlideThumbnails::size.width() + gap + 2, 0, -gap - badge,
                         0);
+}
+
+QPainterPath shapeOf(const QRectF &row)
+{
+    return continuousRoundedRect(row.adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius);
+}
+
+/// Fills a row that is selected or under the pointer.
+void fillRow(QPainter &painter, const QPainterPath &shape, bool isSelected,
+             const QStyleOptionViewItem &option, const ZelvoTheme &theme)
+{
+    if (isSelected) {
+        fillInBands(painter, shape, theme.selection);
+    } else if (option.state & QStyle::State_MouseOver) {
+        fillInBands(painter, shape, theme.panelSecondaryBackground);
+    }
 }
 
 /// Draws the mark of the row that goes live next.
@@ -128,6 +150,7 @@ void RundownRowDelegate::paintItem(QPainter &painter, const QStyleOptionViewItem
     const ZelvoTheme &theme = ZelvoTheme::current(colorSchemeOf(option.palette));
     const QRectF row = rowOf(option.rect);
     const bool isSelected = index.data(RundownModel::isSelectedRole).toBool();
+    fillRow(painter, shapeOf(row), isSelected, option, theme);
     const QRect symbol(int(row.left() + itemSymbolLeft), int(row.center().y()) - symbolSize / 2,
                        symbolSize, symbolSize);
     paintSymbol(painter, symbol, index.data(RundownModel::symbolRole).toString(), theme.accent);
@@ -143,22 +166,15 @@ void RundownRowDelegate::paintSlide(QPainter &painter, const QStyleOptionViewIte
     const QRectF row = rowOf(option.rect);
     const bool isSelected = index.data(RundownModel::isSelectedRole).toBool();
     const bool isQueued = index.data(RundownModel::isQueuedRole).toBool();
-    const QPainterPath shape =
-        continuousRoundedRect(row.adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius);
-    if (isSelected) {
-        fillInBands(painter, shape, theme.selection);
-    } else if (option.state & QStyle::State_MouseOver) {
-        fillInBands(painter, shape, theme.panelSecondaryBackground);
-    }
+    const QPainterPath shape = shapeOf(row);
+    fillRow(painter, shape, isSelected, option, theme);
     if (isQueued) {
         paintInBands(painter, row, 6, [&] { painter.strokePath(shape, QPen(theme.accent, 1)); });
-        drawPointer(painter, {row.left() + 4.5, row.center().y()}, theme.accent);
+        drawPointer(painter, {row.left() + pointerLeft, row.center().y()}, theme.accent);
     }
 
     const int number = index.data(RundownModel::numberRole).toInt();
-    drawText(painter, QString::number(number),
-             systemFont(number < firstLongNumber ? numberSize : longNumberSize, QFont::Normal),
-             theme.secondaryText,
+    drawText(painter, QString::number(number), numberFont(number), theme.secondaryText,
              {row.left() + numberLeft, row.top(), numberRight - numberLeft, row.height()},
              Qt::AlignRight);
     const QSizeF size = SlideThumbnails::size;
@@ -172,7 +188,8 @@ void RundownRowDelegate::paintSlide(QPainter &painter, const QStyleOptionViewIte
     }
     const QRectF title = titleBox(row, index);
     if (index.data(RundownModel::isLiveRole).toBool()) {
-        const Badge badge{.text = QStringLiteral("LIVE"), .color = theme.live};
+        const auto mode = index.data(RundownModel::outputModeRole).value<OutputMode>();
+        const Badge badge{.text = QStringLiteral("LIVE"), .color = colorOf(mode, theme)};
         badge.paint(painter, {title.right() + gap, row.center().y() - badge.size().height() / 2});
     }
     drawText(painter, index.data(Qt::DisplayRole).toString(), titleFont(), theme.primaryText, title,

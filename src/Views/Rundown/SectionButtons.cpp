@@ -9,6 +9,8 @@
 #include <QApplication>
 #include <QWheelEvent>
 
+#include <algorithm>
+
 namespace quenara {
 
 namespace {
@@ -22,6 +24,7 @@ SectionButtons::SectionButtons(WorkspaceStore &store, const CommandActions &comm
                                RundownList &list, QWidget *parent)
     : QWidget(parent), m_store(store), m_commands(commands), m_list(list)
 {
+    parent->installEventFilter(this);
     connect(&list, &RundownList::aboutToScroll, this, &SectionButtons::uncover);
     connect(&list, &RundownList::rowsPlaced, this, &SectionButtons::place);
     place();
@@ -34,10 +37,34 @@ SymbolButton *SectionButtons::makeButton(qsizetype position, Command command)
         new SymbolButton(symbolOf(*move), move->iconText(), SymbolButton::Look::icon, this);
     button->setIconSize(iconSize);
     connect(button, &SymbolButton::clicked, this, [this, position, command] {
-        m_commands.selectAndPerform([&] { m_store.selectServiceItem(m_pairs.at(position).itemID); },
-                                    command);
+        const QString itemID = m_pairs.at(position).itemID; // the pair gets another one meanwhile
+        moveSection(itemID, command);
     });
     return button;
+}
+
+/// Keeps the pointer, and the focus, on a button of the section that is moved, so that the next
+/// press moves it again.
+void SectionButtons::moveSection(const QString &itemID, Command command)
+{
+    const auto button = command == Command::moveSectionUp ? &Pair::up : &Pair::down;
+    const auto own = [&]() -> SymbolButton * {
+        const auto pair = std::find_if(m_pairs.cbegin(), m_pairs.cend(),
+                                       [&](const Pair &one) { return one.itemID == itemID; });
+        return pair == m_pairs.cend() ? nullptr : (*pair).*button;
+    };
+    const auto move = [&] {
+        m_commands.selectAndPerform([&] { m_store.selectServiceItem(itemID); }, command);
+    };
+    const SymbolButton *pressed = own();
+    const bool hadFocus = pressed && pressed->hasFocus();
+    if (hadFocus) {
+        move();
+    } else {
+        m_list.hold(itemID, move);
+    }
+    if (SymbolButton *now = own(); now && hadFocus)
+        now->setFocus(Qt::OtherFocusReason);
 }
 
 SectionButtons::Pair &SectionButtons::pairAt(qsizetype position)
@@ -83,6 +110,7 @@ void SectionButtons::place()
         }
     }
     for (qsizetype i = used; i < m_pairs.size(); ++i) {
+        m_pairs[i].itemID.clear();
         m_pairs.at(i).up->hide();
         m_pairs.at(i).down->hide();
     }
@@ -90,6 +118,15 @@ void SectionButtons::place()
     setMask(covered);
     setVisible(used > 0);
     raise();
+}
+
+/// Once the pointer has left the rundown, nothing that it may be about to press moves with the
+/// rows.
+bool SectionButtons::eventFilter(QObject * /*rundown*/, QEvent *event)
+{
+    if (event->type() == QEvent::Leave)
+        m_list.endHold();
+    return false;
 }
 
 void SectionButtons::wheelEvent(QWheelEvent *event)

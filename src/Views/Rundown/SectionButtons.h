@@ -23,6 +23,8 @@ public:
     SectionButtons(WorkspaceStore &store, const CommandActions &commands, RundownList &list,
                    QWidget *parent);
 
+    bool eventFilter(QObject *rundown, QEvent *event) override;
+
 protected:
     void wheelEvent(QWheelEvent *event) override;
 
@@ -36,6 +38,7 @@ private:
 
     SymbolButton *makeButton(qsizetype position, Command command);
     Pair &pairAt(qsizetype position);
+    void moveSection(const QString &itemID, Command command);
     void uncover();
     void place();
 
