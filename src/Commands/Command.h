@@ -58,6 +58,7 @@ struct CommandDescription
     const char *title = ""; ///< of its menu item
     const char *titleWhileOn = nullptr; ///< of its menu item while `isOn`; null: `title`
     const char *buttonTitle = nullptr; ///< its button's text, or name and tooltip; null: `title`
+    const char *toolTip = nullptr; ///< of its button, before its first key; null: the button's text
     const char *symbol = ""; ///< of its button: a name in `resources/icons.list`, or empty
     std::array<const char *, 2> keys{}; ///< portable key sequences; null where there is none
     QAction::MenuRole role = QAction::NoRole; ///< the place that some platforms have for it

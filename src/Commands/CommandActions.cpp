@@ -12,6 +12,21 @@
 
 namespace quenara {
 
+namespace {
+
+/// What the command's button does, and the key that does it.
+QString toolTipOf(const CommandDescription &description, const QAction &action)
+{
+    const QString text =
+        description.toolTip ? QString::fromUtf8(description.toolTip) : action.iconText();
+    const QKeySequence key = action.shortcut();
+    return key.isEmpty()
+        ? text
+        : QStringLiteral("%1 (%2)").arg(text, key.toString(QKeySequence::NativeText));
+}
+
+} // namespace
+
 CommandActions::CommandActions(Context context, QObject *parent)
     : QObject(parent), m_context(std::move(context))
 {
@@ -34,6 +49,7 @@ QAction *CommandActions::makeAction(const CommandDescription &description)
             shortcuts.append(QKeySequence(QString::fromUtf8(key), QKeySequence::PortableText));
     }
     action->setShortcuts(shortcuts);
+    action->setToolTip(toolTipOf(description, *action));
     // Window shortcuts, not the application's: a dialog must neither run commands by its keys nor
     // keep the keys of the other windows from doing so.
     action->setShortcutContext(Qt::WindowShortcut);

@@ -63,33 +63,34 @@ private slots:
         QVERIFY(shows(button.control, light));
     }
 
-    void theTooltipHasATitleThatIsNotWrittenOut_data()
+    void theTooltipIsTheTitle_data()
     {
         QTest::addColumn<SymbolButton::Look>("look");
-        QTest::addColumn<QString>("toolTip");
         using enum SymbolButton::Look;
-        QTest::newRow("without a frame") << icon << u"Add"_s;
-        QTest::newRow("framed") << framed << u"Add"_s;
-        QTest::newRow("labelled") << labelled << QString();
-        QTest::newRow("tile") << tile << QString();
-        QTest::newRow("prominent") << prominent << QString();
+        QTest::newRow("without a frame") << icon;
+        QTest::newRow("framed") << framed;
+        QTest::newRow("labelled") << labelled;
+        QTest::newRow("tile") << tile;
+        QTest::newRow("prominent") << prominent;
     }
 
-    void theTooltipHasATitleThatIsNotWrittenOut()
+    void theTooltipIsTheTitle()
     {
         QFETCH(SymbolButton::Look, look);
         const SymbolButton button(u"circle.fill"_s, u"Add"_s, look);
-        QTEST(button.toolTip(), "toolTip");
+        QCOMPARE(button.toolTip(), u"Add"_s);
     }
 
-    void onlyTheLargeButtonsGiveWay()
+    void buttonsWithATitleGiveWayWhereRoomIsScarce()
     {
         const auto slackOf = [](SymbolButton::Look look) {
             const SymbolButton button(u"circle.fill"_s, u"Add"_s, look);
             return button.sizeHint() - button.minimumSizeHint();
         };
         using enum SymbolButton::Look;
-        QCOMPARE(slackOf(labelled), QSize(0, 0));
+        QCOMPARE(slackOf(icon), QSize(0, 0));
+        QCOMPARE(slackOf(framed), QSize(0, 0));
+        QCOMPARE(slackOf(labelled), QSize(8, 0));
         QCOMPARE(slackOf(tile), QSize(8, 0));
         QCOMPARE(slackOf(prominent), QSize(12, 0));
     }

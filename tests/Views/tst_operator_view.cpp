@@ -10,8 +10,10 @@
 #include "TransportView.h"
 
 #include <QAbstractEventDispatcher>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QToolTip>
 
 using namespace quenara;
 using namespace quenara::test;
@@ -32,6 +34,16 @@ struct Operator : OperatorWorld
 
     QString badge() const { return view.findChild<OutputModeBadge *>()->accessibleName(); }
 };
+
+/// What the tooltip over the middle of a widget says.
+QString tooltipOver(QWidget &widget)
+{
+    QToolTip::hideText();
+    const QPoint place = widget.rect().center();
+    QHelpEvent event(QEvent::ToolTip, place, widget.mapToGlobal(place));
+    QApplication::sendEvent(&widget, &event);
+    return widget.toolTip();
+}
 
 /// The part of the view that the visible \a panel covers.
 QRect placeOf(const QWidget &panel, const QWidget &view)
@@ -236,6 +248,46 @@ private slots:
         QCOMPARE(op.store.project().name, QStringLiteral("Quenara Demo Service"));
         QCOMPARE(op.name->text(), QStringLiteral("Quenara Demo Service"));
         QVERIFY(!op.store.canUndo());
+    }
+
+    void aNameThatIsTooLongEndsInAnEllipsisUntilItIsEdited()
+    {
+        Operator op;
+        const auto look = [&op] { // without the frame, which the pointer changes
+            return op.name->grab(op.name->rect().adjusted(4, 4, -4, -4)).toImage();
+        };
+        op.store.updateProjectName(QStringLiteral("Short"));
+        QVERIFY(tooltipOver(*op.name).isEmpty());
+        const QString longName =
+            QStringLiteral("Sunday Morning, the Second in Advent ").repeated(4);
+        op.store.updateProjectName(longName);
+        const QImage elided = look();
+        QCOMPARE(tooltipOver(*op.name), longName);
+        QCOMPARE(op.name->text(), longName);
+        op.store.updateProjectName(longName + QStringLiteral("and more"));
+        QCOMPARE(look(), elided); // the end, where they differ, is not seen
+        QTest::mouseClick(op.name, Qt::LeftButton);
+        QVERIFY(look() != elided);
+    }
+
+    void everyButtonHasATooltipThatNamesItsKey()
+    {
+        const Operator op;
+        for (const auto *button : op.view.findChildren<SymbolButton *>())
+            QVERIFY2(!button->toolTip().isEmpty(), qPrintable(nameOf(*button)));
+        const std::pair<const char *, const char *> tips[] = {
+            {"Blackout", "Blackout (B)"},
+            {"Logo", "Logo (L)"},
+            {"Go Live", "Send the queued slide live (Space)"},
+            {"Next", "Next live slide (Right)"},
+            {"Queue Prev", "Queue the slide before (Up)"},
+            {"Save", "Save the project (Ctrl+S)"},
+            {"Display", "Open or close the audience display"},
+            {"Delete selected section", "Delete selected section"}};
+        for (const auto &[name, tip] : tips) {
+            QCOMPARE(named<SymbolButton>(op.view, QLatin1String(name)).toolTip(),
+                     QLatin1String(tip));
+        }
     }
 
     void leavingTheNameWritesIt_data()

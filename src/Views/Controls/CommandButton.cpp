@@ -7,6 +7,7 @@ namespace quenara {
 CommandButton::CommandButton(QAction &action, Look look, QWidget *parent)
     : SymbolButton(symbolOf(action), action.iconText(), look, parent)
 {
+    setToolTip(action.toolTip());
     connect(this, &CommandButton::clicked, &action, &QAction::trigger);
     connect(&action, &QAction::enabledChanged, this, &CommandButton::setEnabled);
     setEnabled(action.isEnabled());

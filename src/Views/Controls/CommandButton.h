@@ -7,7 +7,7 @@ class QAction;
 namespace quenara {
 
 /// A button that triggers an action and is enabled while that is. Its title is the action's icon
-/// text, its symbol the one that the action's data names.
+/// text, its tooltip the action's, its symbol the one that the action's data names.
 class CommandButton : public SymbolButton
 {
     Q_OBJECT

@@ -55,7 +55,7 @@ void SymbolButton::setSymbol(const QString &symbol, const QString &title)
     m_symbol = symbol;
     setText(title);
     setAccessibleName(title);
-    setToolTip(showsTitle() ? QString() : title);
+    setToolTip(title);
     update();
 }
 

@@ -5,7 +5,7 @@
 namespace quenara {
 
 /// A button with a symbol in the theme's colours. Its title is its accessible name, and its tooltip
-/// where it is not written out. It takes the focus from the Tab key, not from a click, so that a
+/// until it is given another. It takes the focus from the Tab key, not from a click, so that a
 /// click leaves the keyboard to the show.
 class SymbolButton : public QToolButton
 {

@@ -3,14 +3,18 @@
 #include "CommandActions.h"
 #include "CommandButton.h"
 #include "ElidedLabel.h"
+#include "ElidedText.h"
 #include "OutputModeBadge.h"
 #include "Panels.h"
+#include "PlainToolTip.h"
 #include "RoleLabel.h"
 #include "SymbolLabel.h"
 #include "WorkspaceStore.h"
 
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QStyleOptionFrame>
+#include <QStylePainter>
 
 namespace quenara {
 
@@ -21,6 +25,7 @@ constexpr int nameMaximumWidth = 320;
 constexpr int symbolSize = 18;
 constexpr int margin = 16;
 constexpr int spacing = 12;
+constexpr int lineEditMargin = 2; ///< that Qt leaves to either side of a field's text
 constexpr BadgeLook badgeLook{.pixelSize = 10, .horizontalPadding = 8, .verticalPadding = 5};
 
 } // namespace
@@ -48,6 +53,41 @@ void ProjectNameField::keyPressEvent(QKeyEvent *event)
     if (event->key() == Qt::Key_Escape)
         setText(m_store.project().name);
     TextField::keyPressEvent(event);
+}
+
+/// The name as far as there is room for it beside the field's margins.
+QString ProjectNameField::elidedName() const
+{
+    QStyleOptionFrame option;
+    initStyleOption(&option);
+    const QRect room = style()->subElementRect(QStyle::SE_LineEditContents, &option, this);
+    return elidedText(text(), QFontMetricsF(font()), Qt::ElideRight,
+                      room.width() - 2 * lineEditMargin);
+}
+
+bool ProjectNameField::event(QEvent *event)
+{
+    if (event->type() == QEvent::ToolTip) {
+        const bool isCut = elidedName() != text().simplified();
+        setToolTip(isCut ? plainToolTip(text()) : QString());
+    }
+    return TextField::event(event);
+}
+
+void ProjectNameField::paintEvent(QPaintEvent *event)
+{
+    const QString elided = elidedName();
+    if (hasFocus() || text().isEmpty() || elided == text().simplified())
+        return TextField::paintEvent(event);
+    QStylePainter painter(this);
+    QStyleOptionFrame option;
+    initStyleOption(&option);
+    painter.drawPrimitive(QStyle::PE_PanelLineEdit, option);
+    const QRect room = style()
+                           ->subElementRect(QStyle::SE_LineEditContents, &option, this)
+                           .adjusted(lineEditMargin, 0, -lineEditMargin, 0);
+    painter.setPen(palette().color(QPalette::Text));
+    painter.drawText(room, int(Qt::AlignLeft | Qt::AlignVCenter) | Qt::TextSingleLine, elided);
 }
 
 void ProjectNameField::write()

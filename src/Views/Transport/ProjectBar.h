@@ -11,7 +11,8 @@ class OutputModeBadge;
 class WorkspaceStore;
 
 /// The project's name as a field. Written when editing ends, as one undo step; Escape puts the old
-/// name back.
+/// name back. While it is not edited, a name that is too long ends in an ellipsis, and the tooltip
+/// has it whole.
 class ProjectNameField : public TextField
 {
     Q_OBJECT
@@ -21,11 +22,14 @@ public:
     ~ProjectNameField() override;
 
 protected:
+    bool event(QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
 
 private:
     void showName();
     void write();
+    QString elidedName() const;
 
     WorkspaceStore &m_store;
     QString m_projectID; ///< whose name the field holds
