@@ -44,7 +44,7 @@ class Document
 public:
     Document(const char *name, const ZelvoProject &project)
         : m_name(QString::fromLatin1(name)), m_project(project),
-          m_bytes(ProjectCodec::encode(project).value())
+          m_bytes(ProjectCodec::encode(project))
     {
         QFile file(path());
         if (!file.open(QIODevice::WriteOnly) || file.write(m_bytes) != m_bytes.size())
@@ -79,7 +79,7 @@ public:
         });
         const QJsonDocument document = QJsonDocument::fromJson(m_bytes);
         const double writing = timeOf([&] { return document.toJson().size(); });
-        const double value = timeOf([this] { return ProjectCodec::encode(m_project)->size(); });
+        const double value = timeOf([this] { return ProjectCodec::encode(m_project).size(); });
         return {{.name = title("encoded"),
                  .value = value,
                  .yardstickName = QStringLiteral("memcpy of the bytes"),

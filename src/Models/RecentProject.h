@@ -2,7 +2,6 @@
 
 #include "Record.h"
 
-#include <QDateTime>
 #include <QString>
 #include <QUrl>
 
@@ -13,7 +12,7 @@ struct RecentProject
 {
     QString name; ///< the project's name at that time
     QString path; ///< file-system path
-    QDateTime lastOpened;
+    double lastOpened = 0; ///< seconds since 2001-01-01 00:00:00 UTC, as exact as they were stored
 
     [[nodiscard]] QUrl url() const { return QUrl::fromLocalFile(path); }
     /// The path, which is unique within the list.

@@ -1,14 +1,13 @@
 #include "JsonDates.h"
 
 #include <algorithm>
-#include <cmath>
+#include <cstdint>
 
 namespace quenara::json {
 
 namespace {
 
 constexpr std::int64_t referenceEpochSeconds = 978307200; // 2001-01-01T00:00:00Z
-constexpr double furthestSeconds = 2.0e11;
 constexpr std::string_view internetPattern = "0000-00-00T00:00:00Z"; // 0 stands for any digit
 
 bool isDigit(char c)
@@ -41,14 +40,6 @@ std::optional<QDateTime> dateFromInternetText(std::string_view text)
 std::string internetText(const QDateTime &date)
 {
     return date.toUTC().toString(u"yyyy-MM-dd'T'HH:mm:ss'Z'").toStdString();
-}
-
-std::optional<QDateTime> dateFromReferenceSeconds(double seconds)
-{
-    if (!(std::abs(seconds) <= furthestSeconds))
-        return std::nullopt;
-    return QDateTime::fromMSecsSinceEpoch(
-        referenceEpochSeconds * 1000 + std::llround(seconds * 1000), Qt::UTC);
 }
 
 double referenceSeconds(const QDateTime &date)

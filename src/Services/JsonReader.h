@@ -66,10 +66,9 @@ template<Record T>
 }
 
 /// Reads the records of one document by their field lists: strict in type, unknown keys ignored,
-/// the last of several equal keys counts. Each read returns false when the element is not what the
-/// value needs; the value is then unspecified. Equal byte strings share their storage, since
-/// documents hold media as such.
-template<DateForm dateForm>
+/// of several values with one key the last counts, whatever the others are. Each read returns false
+/// when the element is not what the value needs; the value is then unspecified. Equal byte strings
+/// share their storage, since documents hold media as such.
 class Reader
 {
 public:
@@ -123,16 +122,9 @@ public:
 
     bool read(Element element, QDateTime &value)
     {
-        std::optional<QDateTime> date;
-        if constexpr (dateForm == DateForm::internetDateTime) {
-            std::string_view text;
-            if (element.get(text) == simdjson::SUCCESS)
-                date = dateFromInternetText(text);
-        } else {
-            double seconds = 0;
-            if (read(element, seconds))
-                date = dateFromReferenceSeconds(seconds);
-        }
+        std::string_view text;
+        const std::optional<QDateTime> date =
+            element.get(text) == simdjson::SUCCESS ? dateFromInternetText(text) : std::nullopt;
         value = date.value_or(QDateTime());
         return date.has_value();
     }
@@ -182,6 +174,8 @@ public:
         simdjson::dom::object object;
         if (element.get(object) != simdjson::SUCCESS)
             return false;
+        // Nothing is read of the values that a later one of the same key replaces.
+        std::array<Element, fieldCount<T>> lastValues;
         PresentFields<T> present;
         // Our own documents are sorted, so that the next key is nearly always the next field.
         std::size_t expected = 0;
@@ -190,10 +184,13 @@ public:
             if (rank == fieldCount<T>)
                 continue;
             expected = rank + 1;
-            const FieldReader<T> &f = fieldReaders<T>[rank];
+            lastValues[rank] = entry.value;
             // A null means what a missing key means.
-            present.set(f.index, !entry.value.is_null());
-            if (!f.read(*this, entry.value, record) && !entry.value.is_null())
+            present.set(fieldReaders<T>[rank].index, !entry.value.is_null());
+        }
+        for (std::size_t rank = 0; rank < fieldCount<T>; ++rank) {
+            const FieldReader<T> &f = fieldReaders<T>[rank];
+            if (present.test(f.index) && !f.read(*this, lastValues[rank], record))
                 return false;
         }
         return fillGaps(record, present);

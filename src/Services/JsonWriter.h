@@ -42,7 +42,7 @@ enum class KeyOrder { declaration, sorted };
 /// are left out; reals are written in the shortest form that reads back the same, whatever the
 /// locale. JSON has no form for a real that is not finite: hasFailed() then says that the text is
 /// unfit for use.
-template<class Format, DateForm dateForm, KeyOrder keyOrder>
+template<class Format, KeyOrder keyOrder>
 class Writer
 {
 public:
@@ -82,14 +82,7 @@ public:
         m_output.RawValue(text.data(), std::size_t(end - text.data()), rapidjson::kNumberType);
     }
 
-    void write(const QDateTime &value)
-    {
-        if constexpr (dateForm == DateForm::internetDateTime) {
-            m_output.String(internetText(value).c_str());
-        } else {
-            write(referenceSeconds(value));
-        }
-    }
+    void write(const QDateTime &value) { m_output.String(internetText(value).c_str()); }
 
     template<RawEnum E>
     void write(E value)

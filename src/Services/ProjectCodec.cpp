@@ -15,13 +15,10 @@ namespace quenara {
 
 namespace {
 
-using DocumentReader = json::Reader<json::DateForm::internetDateTime>;
-using PreferencesReader = json::Reader<json::DateForm::referenceSeconds>;
-using DocumentWriter = json::Writer<rapidjson::PrettyWriter<json::ByteSink>,
-                                    json::DateForm::internetDateTime, json::KeyOrder::sorted>;
+using DocumentWriter =
+    json::Writer<rapidjson::PrettyWriter<json::ByteSink>, json::KeyOrder::sorted>;
 using PreferencesWriter =
-    json::Writer<rapidjson::Writer<json::ByteSink>, json::DateForm::referenceSeconds,
-                 json::KeyOrder::declaration>;
+    json::Writer<rapidjson::Writer<json::ByteSink>, json::KeyOrder::declaration>;
 
 constexpr QByteArrayView byteOrderMark = "\xEF\xBB\xBF";
 
@@ -99,7 +96,7 @@ std::optional<DecodedDocument> ProjectCodec::decode(json::DetachedMedia media)
     const std::optional<json::Element> root = parsed(parser, std::move(media.text));
     if (!root)
         return std::nullopt;
-    DocumentReader reader(std::move(media));
+    json::Reader reader(std::move(media));
     ZelvoProject project;
     if (reader.read(*root, project) && !project.serviceItems.isEmpty())
         return project;
@@ -109,12 +106,14 @@ std::optional<DecodedDocument> ProjectCodec::decode(json::DetachedMedia media)
     return std::nullopt;
 }
 
-std::optional<QByteArray> ProjectCodec::encode(const ZelvoProject &project)
+QByteArray ProjectCodec::encode(const ZelvoProject &project)
 {
     DocumentWriter writer;
     writer.format().SetIndent(' ', 2);
     writer.write(project);
-    return writer.hasFailed() ? std::nullopt : std::optional(writer.take());
+    if (writer.hasFailed())
+        throw ProjectEncodingError();
+    return writer.take();
 }
 
 QByteArray ProjectCodec::encode(const QList<RecentProject> &recentProjects)
@@ -129,7 +128,7 @@ std::optional<QList<RecentProject>> ProjectCodec::decodeRecentProjects(QByteArra
     simdjson::dom::parser parser;
     const std::optional<json::Element> root = parsed(parser, std::move(bytes));
     QList<RecentProject> recentProjects;
-    if (!root || !PreferencesReader().read(*root, recentProjects))
+    if (!root || !json::Reader().read(*root, recentProjects))
         return std::nullopt;
     return recentProjects;
 }

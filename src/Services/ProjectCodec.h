@@ -2,6 +2,7 @@
 
 #include "DetachedMedia.h"
 #include "LegacyDocument.h"
+#include "ProjectFileError.h"
 #include "ProjectModels.h"
 #include "RecentProject.h"
 
@@ -25,9 +26,9 @@ struct ProjectCodec
     /// The same for bytes whose media were taken out of them already.
     [[nodiscard]] static std::optional<DecodedDocument> decode(json::DetachedMedia media);
 
-    /// Pretty-printed with sorted keys: the same project always gives the same bytes. Nothing if a
-    /// number in it is not finite.
-    [[nodiscard]] static std::optional<QByteArray> encode(const ZelvoProject &project);
+    /// Pretty-printed with sorted keys: the same project always gives the same bytes. Throws
+    /// ProjectEncodingError if a number in it is not finite.
+    [[nodiscard]] static QByteArray encode(const ZelvoProject &project);
 
     /// The list as the preferences keep it: compact, keys in declaration order, dates as seconds
     /// since 2001-01-01 UTC.

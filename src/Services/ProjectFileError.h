@@ -32,4 +32,15 @@ private:
     Case m_case;
 };
 
+/// A project that no document can hold, since a number in it is not finite. The encoder throws it,
+/// the store catches it.
+struct ProjectEncodingError
+{
+    /// The text shown to the operator.
+    [[nodiscard]] static QString description()
+    {
+        return QStringLiteral("The project holds a number that cannot be saved.");
+    }
+};
+
 } // namespace quenara

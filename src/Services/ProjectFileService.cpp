@@ -32,9 +32,9 @@ ZelvoProject loaded(const QUrl &url, const QDateTime &now)
 /// False if the project could not be written.
 bool write(const ZelvoProject &project, const QUrl &url)
 {
-    const std::optional<QByteArray> bytes = ProjectCodec::encode(project);
-    return bytes && bytes->size() <= largestFile && url.isLocalFile()
-        && replaceFile(url.toLocalFile(), *bytes);
+    const QByteArray bytes = ProjectCodec::encode(project);
+    return bytes.size() <= largestFile && url.isLocalFile()
+        && replaceFile(url.toLocalFile(), bytes);
 }
 
 } // namespace

@@ -23,7 +23,7 @@ struct ProjectFileService
 
     /// Writes \a project, normalized and updated at \a now, as replaceFile() does. Returns the
     /// project as the file holds it: what normalizing adds has new identifiers each time. Throws
-    /// ProjectFileError: unableToWrite.
+    /// ProjectFileError: unableToWrite; or ProjectEncodingError.
     static ZelvoProject save(ZelvoProject project, const QUrl &url, const QDateTime &now);
 };
 

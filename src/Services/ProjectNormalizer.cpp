@@ -73,7 +73,6 @@ ServiceItem importedItem(const LegacyQuenaraDocument &document)
 
 ZelvoProject ProjectNormalizer::withMirroredOrder(ZelvoProject project)
 {
-    project.schemaVersion = std::max(project.schemaVersion, ZelvoProject::currentSchemaVersion);
     for (qsizetype i = 0; i < project.serviceItems.size(); ++i) {
         if (project.serviceItems.at(i).orderIndex != i)
             project.serviceItems[i].orderIndex = i;
@@ -85,9 +84,16 @@ ZelvoProject ProjectNormalizer::withMirroredOrder(ZelvoProject project)
     return project;
 }
 
-ZelvoProject ProjectNormalizer::normalized(ZelvoProject project)
+ZelvoProject ProjectNormalizer::inCurrentSchema(ZelvoProject project)
 {
     project = withMirroredOrder(std::move(project));
+    project.schemaVersion = std::max(project.schemaVersion, ZelvoProject::currentSchemaVersion);
+    return project;
+}
+
+ZelvoProject ProjectNormalizer::normalized(ZelvoProject project)
+{
+    project = inCurrentSchema(std::move(project));
     for (qsizetype i = 0; i < project.serviceItems.size(); ++i) {
         const ServiceItemType type = project.serviceItems.at(i).type;
         for (qsizetype j = 0; j < project.serviceItems.at(i).slides.size(); ++j) {

@@ -31,9 +31,12 @@ struct ProjectNormalizer
     /// text. Without any such element, the slide's body.
     [[nodiscard]] static QString compatibilityBody(const Slide &slide);
 
-    /// The schema version at least 2 and the order indexes by list position. Writes only numbers
-    /// that differ, so that what is in order already stays shared with its copies.
+    /// The order indexes by list position. Writes only numbers that differ, so that what is in
+    /// order already stays shared with its copies.
     [[nodiscard]] static ZelvoProject withMirroredOrder(ZelvoProject project);
+
+    /// As every edit leaves it: the schema version at least 2 and the order mirrored.
+    [[nodiscard]] static ZelvoProject inCurrentSchema(ZelvoProject project);
 };
 
 } // namespace quenara

@@ -1,5 +1,6 @@
 #include "RecentProjectsStore.h"
 
+#include "JsonDates.h"
 #include "ProjectCodec.h"
 
 #include <QSettings>
@@ -22,10 +23,13 @@ QList<RecentProject> RecentProjectsStore::load(const QSettings &preferences)
 QList<RecentProject> RecentProjectsStore::add(QSettings &preferences, const QUrl &url,
                                               const QString &projectName, const QDateTime &now)
 {
+    // Another running program may have added to the list since it was read.
+    preferences.sync();
     const QString path = url.toLocalFile();
     QList<RecentProject> projects = load(preferences);
     projects.removeIf([&path](const RecentProject &project) { return project.path == path; });
-    projects.prepend({.name = projectName, .path = path, .lastOpened = now});
+    projects.prepend(
+        {.name = projectName, .path = path, .lastOpened = json::referenceSeconds(now)});
     projects = projects.first(std::min(projects.size(), limit));
     preferences.setValue(QLatin1String(preferencesKey),
                          QString::fromUtf8(ProjectCodec::encode(projects)));

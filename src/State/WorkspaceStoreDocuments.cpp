@@ -80,8 +80,9 @@ void WorkspaceStore::save(const QUrl &url)
     try {
         next.project = ProjectFileService::save(std::move(next.project), url, now);
     } catch (const ProjectFileError &error) {
-        fail(error.description());
-        return;
+        return fail(error.description());
+    } catch (const ProjectEncodingError &error) {
+        return fail(error.description());
     }
     next.currentFileURL = url;
     next.hasUnsavedChanges = false;

@@ -16,7 +16,7 @@ void WorkspaceStore::editProject(const Edit &edit, UndoStep step)
         return;
     if (step == UndoStep::ofItsOwn)
         m_gesture.reset();
-    edited->project = ProjectNormalizer::withMirroredOrder(std::move(edited->project));
+    edited->project = ProjectNormalizer::inCurrentSchema(std::move(edited->project));
     edited = edits::repairSelection(*std::move(edited));
     UndoRedoStore history = m_gesture ? m_gesture->history : m_undoStore;
     if (m_gesture && edited->project == m_gesture->project) {

@@ -27,8 +27,11 @@ RGBAColor RGBAColor::fromColor(const QColor &color)
 {
     if (!color.isValid())
         return {1, 1, 1, 1};
-    const QColor rgb = color.toRgb();
-    return {rgb.redF(), rgb.greenF(), rgb.blueF(), rgb.alphaF()};
+    // QColor gives its channels as single-precision reals, which are a little off.
+    constexpr double largest = 65535;
+    const QRgba64 rgb = color.rgba64();
+    return {rgb.red() / largest, rgb.green() / largest, rgb.blue() / largest,
+            rgb.alpha() / largest};
 }
 
 QColor RGBAColor::toColor() const

@@ -23,7 +23,8 @@ struct RGBAColor
     /// doubled; any other length gives black. \a alpha is taken as given.
     [[nodiscard]] static RGBAColor fromHex(QStringView hex, double alpha = 1);
 
-    /// The four sRGB components of \a color; opaque white if it has no such form (an invalid one).
+    /// The four sRGB components of \a color, exact to its 16 bits a channel; opaque white if it has
+    /// no such form (an invalid one).
     [[nodiscard]] static RGBAColor fromColor(const QColor &color);
 
     /// The reverse of fromColor(); channels outside 0 to 1 are clamped.

@@ -121,7 +121,7 @@ private slots:
     void aRecentProjectIsKnownByItsPath()
     {
         const RecentProject project{QStringLiteral("Name"), QStringLiteral("/a folder/x.quenara"),
-                                    QDateTime()};
+                                    0};
         QCOMPARE(project.id(), QStringLiteral("/a folder/x.quenara"));
         QCOMPARE(project.url(), QUrl(QStringLiteral("file:///a%20folder/x.quenara")));
     }

@@ -96,6 +96,8 @@ private slots:
         ZelvoProject project = showOf({1});
         project.schemaVersion = version;
         QTEST(ProjectNormalizer::normalized(project).schemaVersion, "expected");
+        QTEST(ProjectNormalizer::inCurrentSchema(project).schemaVersion, "expected");
+        QCOMPARE(ProjectNormalizer::withMirroredOrder(project).schemaVersion, version);
     }
 
     void orderIndexesFollowTheListsAndNothingElseOfAnOrderedShowChanges()
@@ -111,6 +113,7 @@ private slots:
         QVERIFY(shuffled != ordered);
         QCOMPARE(ProjectNormalizer::normalized(shuffled), ordered);
         QCOMPARE(ProjectNormalizer::withMirroredOrder(shuffled), ordered);
+        QCOMPARE(ProjectNormalizer::inCurrentSchema(shuffled), ordered);
     }
 
     void aSecondTimeChangesNothing()

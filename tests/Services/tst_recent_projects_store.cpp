@@ -1,3 +1,4 @@
+#include "JsonDates.h"
 #include "RecentProjectsStore.h"
 #include "TestMain.h"
 
@@ -78,8 +79,7 @@ private slots:
         const QList<RecentProject> loaded = RecentProjectsStore::load(m_preferences);
         QCOMPARE(namesOf(loaded), (QStringList{u"New"_s, u"Old"_s, u"Equal"_s}));
         QCOMPARE(loaded.at(1).path, u"/o"_s);
-        QCOMPARE(loaded.at(1).lastOpened,
-                 QDateTime(QDate(2001, 1, 1), QTime(0, 0, 1, 500), Qt::UTC));
+        QCOMPARE(loaded.at(1).lastOpened, 1.5);
         QCOMPARE(m_preferences.value(key).toString(), stored);
 
         RecentProjectsStore::add(m_preferences, fileUrl(u"/x"_s), u"Added"_s, start);
@@ -89,6 +89,19 @@ private slots:
         for (const auto entry : rewritten)
             names.append(entry[u"name"_s].toString());
         QCOMPARE(names, (QStringList{u"Added"_s, u"New"_s, u"Old"_s, u"Equal"_s}));
+    }
+
+    void timesCountToTheLastFractionOfASecondAndKeepIt()
+    {
+        m_preferences.setValue(
+            key,
+            u"[{\"name\":\"Old\",\"path\":\"/o\",\"lastOpened\":794123456.1234561},"
+            u"{\"name\":\"New\",\"path\":\"/n\",\"lastOpened\":794123456.1234564}]"_s);
+        QCOMPARE(namesOf(RecentProjectsStore::load(m_preferences)),
+                 (QStringList{u"New"_s, u"Old"_s}));
+        RecentProjectsStore::add(m_preferences, fileUrl(u"/x"_s), u"Added"_s, start);
+        for (const char *time : {"794123456.1234561", "794123456.1234564"})
+            QVERIFY(m_preferences.value(key).toString().contains(QLatin1String(time)));
     }
 
     void theListIsStoredCompactWithSecondsSince2001()
@@ -112,7 +125,8 @@ private slots:
         const auto list =
             RecentProjectsStore::add(m_preferences, fileUrl(u"/a"_s), u"After"_s, start.addSecs(2));
         QCOMPARE(namesOf(list), (QStringList{u"After"_s, u"Other"_s}));
-        QCOMPARE(list.first(), (RecentProject{u"After"_s, u"/a"_s, start.addSecs(2)}));
+        QCOMPARE(list.first(),
+                 (RecentProject{u"After"_s, u"/a"_s, json::referenceSeconds(start.addSecs(2))}));
         QCOMPARE(RecentProjectsStore::load(m_preferences), list);
     }
 

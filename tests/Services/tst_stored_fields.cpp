@@ -64,7 +64,7 @@ std::optional<T> readAs(const QByteArray &text)
 {
     simdjson::dom::parser parser;
     T value;
-    const bool isRead = json::Reader<json::DateForm::internetDateTime>().read(
+    const bool isRead = json::Reader().read(
         parser.parse(text.constData(), std::size_t(text.size())).value(), value);
     return isRead ? std::optional(value) : std::nullopt;
 }
@@ -123,6 +123,15 @@ private slots:
             older());
         row("a value after a null counts", R"({"name": "psalm", "opacity": null, "opacity": 0})",
             with([](Note &note) { note.opacity = 0; }));
+        row("the last value of a key counts, even after values of other types",
+            R"({"name": 7, "name": "psalm", "size": "huge", "size": [], "size": "large"})",
+            older());
+        row("the last record counts whole, whatever an earlier one holds",
+            R"({"name": "psalm", "frame": {"width": 1}, "frame": {"width": "2"},
+                "frame": {"width": 480}})",
+            older());
+        row("a last value of the wrong type is not what an earlier one says",
+            R"({"name": "psalm", "name": 7})", std::nullopt);
         row("nothing stands in for a required field", R"({"label": "old"})", std::nullopt);
         row("nor for one that is null", R"({"name": null})", std::nullopt);
         row("a value of the wrong type is not a missing one",

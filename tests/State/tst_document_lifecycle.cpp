@@ -1,6 +1,8 @@
+#include "JsonDates.h"
 #include "ProjectFileService.h"
 #include "ProjectNormalizer.h"
 #include "ProjectTemplates.h"
+#include "RecentProjectsStore.h"
 #include "Records.h"
 #include "TestMain.h"
 #include "TestSupport.h"
@@ -9,6 +11,8 @@
 #include <QDir>
 #include <QFile>
 #include <QTest>
+
+#include <limits>
 
 using namespace quenara;
 using namespace quenara::test;
@@ -95,7 +99,8 @@ private slots:
         QCOMPARE(world.store.project(), other);
         QCOMPARE(world.store.currentFileURL(), url);
         QCOMPARE(world.store.recentProjects(),
-                 (QList<RecentProject>{{u"Other"_s, url.toLocalFile(), world.now}}));
+                 (QList<RecentProject>{
+                     {u"Other"_s, url.toLocalFile(), json::referenceSeconds(world.now)}}));
         QVERIFY(!world.store.errorMessage());
         QCOMPARE(selectionOf(world.store.state()), selectionOf(freshState(world.store)));
         QVERIFY(world.store.state() == freshState(world.store));
@@ -193,7 +198,8 @@ private slots:
         expected.project = ProjectNormalizer::normalizedForSave(before.project, world.now);
         expected.currentFileURL = url;
         expected.hasUnsavedChanges = false;
-        expected.recentProjects = {{u"Worked on"_s, url.toLocalFile(), world.now}};
+        expected.recentProjects = {
+            {u"Worked on"_s, url.toLocalFile(), json::referenceSeconds(world.now)}};
         QCOMPARE(world.store.state(), expected);
         QCOMPARE(world.store.undoStore().undoStack(), undoStack);
     }
@@ -253,6 +259,58 @@ private slots:
         expected.errorMessage = textOf(ProjectFileError::unableToWrite);
         QCOMPARE(world.store.state(), expected);
         QVERIFY(world.store.hasUnsavedChanges());
+    }
+
+    void aProjectThatCannotBeEncodedIsReportedAsSuchAndChangesNothingElse()
+    {
+        World world(showOf({1}));
+        world.store.updateSelectedSlide([](Slide &slide) {
+            slide.design.elements[0].frame.x = std::numeric_limits<double>::infinity();
+        });
+        world.panels.answer = world.fileUrl(u"never.quenara"_s);
+        WorkspaceState expected = world.store.state();
+        world.store.saveProject();
+        expected.errorMessage = u"The project holds a number that cannot be saved."_s;
+        QCOMPARE(world.store.state(), expected);
+        QVERIFY(!QFile::exists(world.panels.answer->toLocalFile()));
+    }
+
+    void buildingAStoreOnlyNumbersAndTheFirstEditRaisesTheSchemaVersion()
+    {
+        ZelvoProject project = showOf({2, 1});
+        project.schemaVersion = 1;
+        project.serviceItems[1].orderIndex = 7;
+        World world(project);
+        QCOMPARE(world.store.project().schemaVersion, 1);
+        QCOMPARE(world.store.project().serviceItems.at(1).orderIndex, 1);
+        world.store.updateProjectName(u"Edited"_s);
+        QCOMPARE(world.store.project().schemaVersion, 2);
+        world.store.undo();
+        QCOMPARE(world.store.project().schemaVersion, 1);
+    }
+
+    void twoProgramsKeepEachOthersRecentProjects()
+    {
+        World world(showOf({1}));
+        QSettings others(world.preferences.fileName(), QSettings::IniFormat);
+        const auto save = [&world](const QString &name) {
+            world.now = world.now.addSecs(1);
+            world.panels.answer = world.fileUrl(name);
+            world.store.saveProjectAs();
+            world.preferences.sync();
+        };
+        QVERIFY(RecentProjectsStore::load(others).isEmpty());
+        save(u"ours.quenara"_s);
+        world.now = world.now.addSecs(1);
+        RecentProjectsStore::add(others, world.fileUrl(u"theirs.quenara"_s), u"Theirs"_s,
+                                 world.now);
+        others.sync();
+        save(u"ours too.quenara"_s);
+        QStringList names;
+        for (const RecentProject &project : world.store.recentProjects())
+            names.append(project.url().fileName());
+        QCOMPARE(names,
+                 (QStringList{u"ours too.quenara"_s, u"theirs.quenara"_s, u"ours.quenara"_s}));
     }
 
     void theFileMostRecentlyUsedComesFirst()

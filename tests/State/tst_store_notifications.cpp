@@ -136,7 +136,7 @@ private slots:
         const NotificationLog log(world.store, [&](const QString &) {
             ++count;
             const WorkspaceState &state = world.store.state();
-            QCOMPARE(state.project, ProjectNormalizer::withMirroredOrder(state.project));
+            QCOMPARE(state.project, ProjectNormalizer::inCurrentSchema(state.project));
             QVERIFY(state.hasUnsavedChanges);
             QVERIFY(world.store.canUndo());
             const auto selected = positionOf(state.project, state.selectedSlideID);

@@ -34,7 +34,7 @@ std::optional<LegacyQuenaraDocument> legacyDocument(const QByteArray &bytes)
 
 QByteArray encoded(const ZelvoProject &project)
 {
-    return ProjectCodec::encode(project).value_or(QByteArray());
+    return ProjectCodec::encode(project);
 }
 
 QByteArray replaced(QByteArray bytes, const QByteArray &before, const QByteArray &after)

@@ -152,6 +152,23 @@ private slots:
         QVERIFY(nearly(RGBAColor::fromColor(color), expected));
     }
 
+    void aPlatformColourIsExactToItsSixteenBits_data()
+    {
+        QTest::addColumn<QColor>("color");
+        QTest::addColumn<RGBAColor>("expected");
+        QTest::newRow("fifths") << QColor(0x33, 0x66, 0x99, 0xcc) << RGBAColor{0.2, 0.4, 0.6, 0.8};
+        QTest::newRow("a thing between two of the eight-bit ones")
+            << QColor(QColor::fromRgba64(1, 32768, 65534, 65535))
+            << RGBAColor{1 / 65535.0, 32768 / 65535.0, 65534 / 65535.0, 1};
+        QTest::newRow("a hue") << QColor(0x33, 0x66, 0x99).toHsv() << RGBAColor{0.2, 0.4, 0.6, 1};
+    }
+
+    void aPlatformColourIsExactToItsSixteenBits()
+    {
+        QFETCH(QColor, color);
+        QTEST(RGBAColor::fromColor(color), "expected");
+    }
+
     void aColourComesBackFromThePlatformColourItGave()
     {
         for (const RGBAColor &color : {RGBAColor::amber, RGBAColor{0.1, 0.23, 0.987, 0.55}, white,
