@@ -2,6 +2,9 @@
 
 #include "ProjectFileService.h"
 
+#include <QImageReader>
+#include <QMimeDatabase>
+
 namespace quenara {
 
 namespace {
@@ -14,6 +17,23 @@ QString projectSuffix()
 FilePanel::Filter projectFilter()
 {
     return {QStringLiteral("Quenara projects"), {QLatin1Char('*') + projectSuffix()}};
+}
+
+/// The names of all pictures that can be read on this machine.
+QStringList picturePatterns()
+{
+    // Nothing in what these hold tells them from other files.
+    static const QList<QByteArray> unrecognizable{"image/svg+xml-compressed", "image/vnd.wap.wbmp",
+                                                  "image/x-tga", "image/x-xbitmap"};
+    // Cameras and browsers use it for JPEG, lists of file types not always.
+    QStringList patterns{QStringLiteral("*.jfif")};
+    for (const QByteArray &type : QImageReader::supportedMimeTypes()) {
+        if (!unrecognizable.contains(type))
+            patterns += QMimeDatabase().mimeTypeForName(QLatin1String(type)).globPatterns();
+    }
+    patterns.sort();
+    patterns.removeDuplicates();
+    return patterns;
 }
 
 } // namespace
@@ -34,15 +54,11 @@ FilePanel zelvoProjectOpenPanel()
 
 FilePanel zelvoImageOpenPanel()
 {
-    static const QStringList patterns = {
-        QStringLiteral("*.png"),  QStringLiteral("*.jpg"),  QStringLiteral("*.jpeg"),
-        QStringLiteral("*.webp"), QStringLiteral("*.gif"),  QStringLiteral("*.bmp"),
-        QStringLiteral("*.tif"),  QStringLiteral("*.tiff"), QStringLiteral("*.svg"),
-    };
+    const FilePanel::Filter allFiles{QStringLiteral("All files"), {QStringLiteral("*")}};
     return {.kind = FilePanel::Kind::open,
             .content = FilePanel::Content::image,
             .title = QStringLiteral("Choose Image"),
-            .filters = {{QStringLiteral("Images"), patterns}},
+            .filters = {{QStringLiteral("All pictures"), picturePatterns()}, allFiles},
             .fileName = {},
             .defaultSuffix = {}};
 }

@@ -1,5 +1,6 @@
 #include "ImageFile.h"
 
+#include "EncodedImage.h"
 #include "FileReading.h"
 
 #include <QBuffer>
@@ -48,7 +49,7 @@ QString imageType(const QByteArray &bytes)
 std::optional<SlideMedia> embedded(const QUrl &url)
 {
     const std::optional<QByteArray> bytes = wholeFile(url, largestImage);
-    const QString type = bytes ? imageType(*bytes) : QString();
+    const QString type = bytes && !endsEarly(*bytes) ? imageType(*bytes) : QString();
     if (type.isEmpty())
         return std::nullopt;
     return SlideMedia{.dataUrl = "data:" + type.toLatin1() + ";base64," + bytes->toBase64(),

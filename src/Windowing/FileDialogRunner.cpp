@@ -106,6 +106,8 @@ std::optional<QString> FileDialogRunner::chosenPath(const FilePanel &panel)
     dialog.setSupportedSchemes({QStringLiteral("file")});
     // The dialog would ask about the name before the suffix is added to it.
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    // There are too many kinds of pictures to list their suffixes.
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
     if (!panel.fileName.isEmpty())
         dialog.selectFile(fileNameFrom(panel.fileName));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())

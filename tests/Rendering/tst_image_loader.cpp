@@ -221,6 +221,12 @@ private slots:
             false);
         row("with the letters of URLs", head + QByteArray(payload).replace(20, 2, "-_"), false);
         row("with bytes that are no image", head + QByteArray("no image").toBase64(), false);
+        for (const char *format : {"PNG", "JPG", "WEBP", "BMP"}) {
+            const QByteArray whole = encoded(quarters(size), format);
+            row(qPrintable(QStringLiteral("with half of a ") + QLatin1String(format)),
+                head + whole.first(whole.size() / 6 * 3).toBase64(), false);
+        }
+        row("with half of a GIF", head + gif().first(gif().size() / 2).toBase64(), false);
         row("with half of an image's header",
             head + encoded(quarters({8, 8}), "PNG").first(20).toBase64(), false);
     }
@@ -292,6 +298,16 @@ private slots:
     {
         QFETCH(QByteArray, place);
         QVERIFY(ZelvoImageLoader::image(mediaAt(place)).isNull());
+    }
+
+    void anImageThatEndsEarlyIsNone()
+    {
+        const QString path = m_folder.filePath(QStringLiteral("short.jpg"));
+        const QByteArray whole = encoded(quarters(size), "JPG");
+        writeFile(path, whole.chopped(whole.size() / 3));
+        QVERIFY(ZelvoImageLoader::image(mediaAt(path.toUtf8())).isNull());
+        writeFile(path, whole);
+        QVERIFY(showsQuarters(ZelvoImageLoader::image(mediaAt(path.toUtf8()))));
     }
 
     void whatIsNotAnImageIsNone()

@@ -1,6 +1,7 @@
 #include "FilePanels.h"
 #include "TestMain.h"
 
+#include <QImageReader>
 #include <QTest>
 
 using namespace quenara;
@@ -38,11 +39,23 @@ private slots:
         const FilePanel panel = zelvoImageOpenPanel();
         QCOMPARE(panel.kind, FilePanel::Kind::open);
         QCOMPARE(panel.title, u"Choose Image"_s);
-        const QStringList patterns = patternsOf(panel);
-        for (const QString &pattern : {u"*.png"_s, u"*.jpg"_s, u"*.jpeg"_s, u"*.gif"_s})
-            QVERIFY2(patterns.contains(pattern), qPrintable(pattern));
+        QCOMPARE(panel.filters.size(), 2);
+        QCOMPARE(panel.filters.at(0).title, u"All pictures"_s);
+        const QStringList patterns = panel.filters.at(0).patterns;
+        for (const char *suffix : {"png", "jpg", "jpeg", "jpe", "jfif", "gif", "webp", "bmp", "tif",
+                                   "tiff", "svg", "ico", "ppm"})
+            QVERIFY2(patterns.contains(u"*."_s + QLatin1String(suffix)), suffix);
         QVERIFY(!patterns.contains(u"*"_s));
         QVERIFY(!patterns.contains(u"*.quenara"_s));
+        QCOMPARE(panel.filters.at(1).title, u"All files"_s);
+        QCOMPARE(panel.filters.at(1).patterns, QStringList{u"*"_s});
+    }
+
+    void picturesAreOfferedAsFarAsTheirReadersAreThere()
+    {
+        const QStringList patterns = zelvoImageOpenPanel().filters.constFirst().patterns;
+        const bool readsHeic = QImageReader::supportedMimeTypes().contains("image/heif");
+        QCOMPARE(patterns.contains(u"*.heic"_s), readsHeic);
     }
 
     void projectsAreSavedAsProjectFilesOnly()

@@ -71,8 +71,9 @@ private slots:
         row(u"drawing.svg"_s, drawing, u"image/svg+xml"_s);
         row(u"declared.svg"_s, declared(drawing), u"image/svg+xml"_s);
         row(u"commented.svg"_s, declared(longComment + drawing), u"image/svg+xml"_s);
-        row(u"cut short.jpg"_s, halfOf("JPG"), u"image/jpeg"_s);
-        row(u"cut short.bmp"_s, halfOf("BMP"), u"image/bmp"_s);
+        row(u"icon.ico"_s, encodedImage("ICO"), u"image/vnd.microsoft.icon"_s);
+        row(u"image.ppm"_s, encodedImage("PPM"), u"image/x-portable-pixmap"_s);
+        row(u"image.jfif"_s, encodedImage("JPG"), u"image/jpeg"_s);
         row(u"a PNG called.jpg"_s, encodedImage("PNG"), u"image/png"_s);
         row(u"a JPEG called.png"_s, encodedImage("JPG"), u"image/jpeg"_s);
         row(u"a PNG called.txt"_s, encodedImage("PNG"), u"image/png"_s);
@@ -109,7 +110,9 @@ private slots:
         row(u"a project called.png"_s, dataBytes(u"current.quenara"_s));
         row(u"a PNG's beginning.png"_s, encodedImage("PNG").first(40));
         row(u"a PNG's signature.png"_s, encodedImage("PNG").first(8));
-        row(u"cut short.png"_s, halfOf("PNG"));
+        for (const char *format : {"PNG", "JPG", "WEBP", "BMP", "ICO", "PPM"})
+            row(u"cut short."_s + QString::fromLatin1(format).toLower(), halfOf(format));
+        row(u"without its last byte.jpg"_s, encodedImage("JPG").chopped(1));
         row(u"a JPEG's beginning.jpg"_s, encodedImage("JPG").first(20));
         row(u"zeros.jpg"_s, QByteArray(4096, '\0'));
         row(u"a document of another kind.png"_s, "%PDF-1.4\n1 0 obj\n<<>>\nendobj\n");

@@ -1,5 +1,7 @@
 #include "ZelvoImageLoader.h"
 
+#include "EncodedImage.h"
+
 #include <QBuffer>
 #include <QFile>
 #include <QFileInfo>
@@ -29,9 +31,13 @@ QImage paintable(const QImage &image)
                                                          : QImage::Format_RGB32);
 }
 
-DecodedImage decoded(QIODevice &device, const QSize &needed)
+DecodedImage decoded(QByteArray bytes, const QSize &needed)
 {
-    QImageReader reader(&device);
+    if (endsEarly(bytes))
+        return {};
+    QBuffer buffer(&bytes);
+    buffer.open(QIODevice::ReadOnly);
+    QImageReader reader(&buffer);
     reader.setAutoTransform(true);
     reader.setDecideFormatFromContent(true);
     const QSize stored = reader.size(); // before it is turned
@@ -61,6 +67,17 @@ std::optional<QByteArray> payload(const QByteArray &dataUrl)
     return decoding ? std::optional(std::move(*decoding)) : std::nullopt;
 }
 
+/// The bytes of a regular file, since a pipe or a device might never end; nothing if it cannot be
+/// read or holds more than an image that can be decoded.
+std::optional<QByteArray> contentOf(const QString &fileName)
+{
+    constexpr qint64 largestFile = qint64(largestMegabytes) << 20U;
+    QFile file(fileName);
+    const bool isReadable =
+        QFileInfo(file).isFile() && file.size() <= largestFile && file.open(QIODevice::ReadOnly);
+    return isReadable ? std::optional(file.readAll()) : std::nullopt;
+}
+
 } // namespace
 
 QImage ZelvoImageLoader::image(const SlideMedia &media)
@@ -71,18 +88,9 @@ QImage ZelvoImageLoader::image(const SlideMedia &media)
 
 DecodedImage ZelvoImageLoader::image(const SlideMedia &media, const QSize &needed)
 {
-    if (media.dataUrl.startsWith(dataScheme)) {
-        std::optional<QByteArray> bytes = payload(media.dataUrl);
-        QBuffer buffer;
-        if (!bytes)
-            return {};
-        buffer.setBuffer(&*bytes);
-        return buffer.open(QIODevice::ReadOnly) ? decoded(buffer, needed) : DecodedImage();
-    }
-    // Regular files only: a pipe or a device might never end.
-    QFile file(fileName(media));
-    return QFileInfo(file).isFile() && file.open(QIODevice::ReadOnly) ? decoded(file, needed)
-                                                                      : DecodedImage();
+    std::optional<QByteArray> bytes =
+        media.dataUrl.startsWith(dataScheme) ? payload(media.dataUrl) : contentOf(fileName(media));
+    return bytes ? decoded(*std::move(bytes), needed) : DecodedImage();
 }
 
 int ZelvoImageLoader::reduction(const QSize &fullSize, const QSize &needed)
