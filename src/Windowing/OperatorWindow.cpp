@@ -151,6 +151,8 @@ void OperatorWindow::showTitle()
     // QWidget replaces the mark, unless it is doubled, by a sign that the window is modified.
     const QString mark = QStringLiteral("[*]");
     QString name = m_store.project().name.simplified();
+    if (name.isEmpty())
+        name = QStringLiteral("Untitled");
     setWindowTitle(QStringLiteral("%1 \u2014 Quenara").arg(name.replace(mark, mark + mark)));
 }
 

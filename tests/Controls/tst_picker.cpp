@@ -74,15 +74,6 @@ private slots:
         QCOMPARE(picker.control.currentText(), u"Horizontal"_s);
         QCOMPARE(activated.size(), 1);
     }
-
-    void anotherTextIsShownWithoutBecomingAChoice()
-    {
-        Shown picker(directions());
-        picker.control.showOther(u"Circular"_s);
-        QCOMPARE(picker.control.currentIndex(), -1);
-        QCOMPARE(picker.control.placeholderText(), u"Circular"_s);
-        QCOMPARE(picker.control.count(), 3);
-    }
 };
 
 QUENARA_GUI_TEST_MAIN(TestPicker)

@@ -63,6 +63,24 @@ private slots:
         QVERIFY(shows(button.control, light));
     }
 
+    void aButtonThatIsDisabledKeepsItsFrameOrTheLackOfOne_data()
+    {
+        QTest::addColumn<SymbolButton::Look>("look");
+        QTest::addColumn<bool>("isFramed");
+        QTest::newRow("without a frame") << SymbolButton::Look::icon << false;
+        QTest::newRow("framed") << SymbolButton::Look::framed << true;
+        QTest::newRow("labelled") << SymbolButton::Look::labelled << true;
+    }
+
+    void aButtonThatIsDisabledKeepsItsFrameOrTheLackOfOne()
+    {
+        QFETCH(SymbolButton::Look, look);
+        wear(ColorScheme::dark);
+        Shown button(new SymbolButton(u"circle.fill"_s, u"Add"_s, look));
+        button.control.setEnabled(false);
+        QTEST(shows(button.control, ZelvoTheme::dark().separator), "isFramed");
+    }
+
     void theTooltipIsTheTitle_data()
     {
         QTest::addColumn<SymbolButton::Look>("look");

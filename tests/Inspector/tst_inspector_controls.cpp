@@ -69,7 +69,7 @@ QString shownBy(const QWidget &control, const Caller &caller)
     if (const auto *field = qobject_cast<const QLineEdit *>(&control))
         return field->text();
     if (const auto *picker = qobject_cast<const Picker *>(&control))
-        return picker->currentIndex() < 0 ? picker->placeholderText() : picker->currentText();
+        return picker->currentText();
     if (const auto *button = qobject_cast<const Switch *>(&control))
         return button->isChecked() ? u"on"_s : u"off"_s;
     if (const auto *slider = qobject_cast<const Slider *>(&control))

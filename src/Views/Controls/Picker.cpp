@@ -26,19 +26,11 @@ Picker::Picker(const QString &title, QWidget *parent) : QComboBox(parent)
     view()->setTextElideMode(Qt::ElideRight);
 }
 
-void Picker::showOther(const QString &text)
-{
-    setCurrentIndex(-1);
-    setPlaceholderText(text);
-}
-
 void Picker::paintEvent(QPaintEvent * /*event*/)
 {
     QStylePainter painter(this);
     QStyleOptionComboBox option;
     initStyleOption(&option);
-    if (currentIndex() < 0)
-        option.currentText = placeholderText();
     painter.drawComplexControl(QStyle::CC_ComboBox, option);
     painter.drawControl(QStyle::CE_ComboBoxLabel, option);
     const QRect chevron(width() - chevronMargin - chevronSize, (height() - chevronSize) / 2,

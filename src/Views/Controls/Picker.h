@@ -13,9 +13,6 @@ class Picker : public QComboBox
 public:
     explicit Picker(const QString &title, QWidget *parent = nullptr);
 
-    /// Shows \a text without making it a choice; nothing for an empty one.
-    void showOther(const QString &text);
-
 protected:
     void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;

@@ -83,13 +83,7 @@ void BoundControls::bind(Picker &picker, const Binding<QString> &binding)
         picker, &Picker::activated,
         [&picker, write = binding.write](int index) { write(picker.itemData(index).toString()); },
         [&picker, read = binding.read] {
-            const QString value = read().value_or(QString());
-            const int index = picker.findData(value);
-            if (index >= 0) {
-                picker.setCurrentIndex(index);
-            } else {
-                picker.showOther(value);
-            }
+            picker.setCurrentIndex(picker.findData(read().value_or(QString())));
         });
 }
 
