@@ -4,6 +4,8 @@
 #include <QClipboard>
 #include <QMimeData>
 
+#include <functional>
+
 using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
@@ -21,6 +23,15 @@ struct Box : Shown<TextBox>
 
     QString text() const { return control.toPlainText(); }
 };
+
+/// Presses and releases where the text begins.
+void click(Box &box)
+{
+    QTest::mouseClick(box.control.viewport(), Qt::LeftButton, Qt::NoModifier,
+                      box.control.cursorRect().center());
+    // So that the next click is not the second half of a double click.
+    QTest::qWait(QApplication::doubleClickInterval() + 1);
+}
 
 void copy(QMimeData *data)
 {
@@ -78,6 +89,87 @@ private slots:
         QCOMPARE(box.text(), u"**two**\nthree"_s);
         QTest::keyClick(&box.control, Qt::Key_Z, Qt::ControlModifier);
         QCOMPARE(box.text(), u"one"_s);
+    }
+
+    void anExampleIsSelectedWholeAtFirstAndByTheFirstClickAlone()
+    {
+        Box box;
+        const auto isAllSelected = [&box] {
+            return box.control.textCursor().selectedText() == box.text();
+        };
+        box.control.showExample(u"an example"_s);
+        QVERIFY(isAllSelected());
+        box.control.moveCursor(QTextCursor::Start);
+        click(box);
+        QVERIFY(isAllSelected());
+        click(box);
+        QVERIFY(!box.control.textCursor().hasSelection());
+    }
+
+    void aTextThatIsNoExampleIsNotSelectedByAClick()
+    {
+        Box box;
+        box.control.moveCursor(QTextCursor::Start);
+        click(box);
+        QVERIFY(!box.control.textCursor().hasSelection());
+        box.control.showExample(u"an example"_s);
+        QTest::keyClicks(&box.control, u"two"_s);
+        click(box);
+        QVERIFY(!box.control.textCursor().hasSelection());
+    }
+
+    void aPasteReplacesAnExampleWholeUnlessAPartIsSelected_data()
+    {
+        QTest::addColumn<std::function<void(Box &)>>("prepare");
+        QTest::addColumn<QString>("expected");
+        const auto row = [](const char *name, const std::function<void(Box &)> &prepare,
+                            const QString &expected) {
+            QTest::newRow(name) << prepare << expected;
+        };
+        row(
+            "untouched", [](Box &) {}, u"new"_s);
+        row(
+            "after a click", [](Box &box) { click(box); }, u"new"_s);
+        row(
+            "after the caret was placed",
+            [](Box &box) { box.control.moveCursor(QTextCursor::Start); }, u"new"_s);
+        row(
+            "over a selected part",
+            [](Box &box) {
+                box.control.moveCursor(QTextCursor::Start);
+                box.control.moveCursor(QTextCursor::NextWord, QTextCursor::KeepAnchor);
+            },
+            u"newexample"_s);
+        row(
+            "into what was written there",
+            [](Box &box) { QTest::keyClicks(&box.control, u"my "_s); }, u"my new"_s);
+    }
+
+    void aPasteReplacesAnExampleWholeUnlessAPartIsSelected()
+    {
+        QFETCH(std::function<void(Box &)>, prepare);
+        Box box;
+        box.control.showExample(u"an example"_s);
+        prepare(box);
+        auto *data = new QMimeData;
+        data->setText(u"new"_s);
+        copy(data);
+        QTest::keyClick(&box.control, Qt::Key_V, Qt::ControlModifier);
+        QTEST(box.text(), "expected");
+    }
+
+    void aTextThatIsDroppedReplacesAnExampleWhole()
+    {
+        Box box;
+        box.control.showExample(u"an example"_s);
+        QMimeData data;
+        data.setText(u"new"_s);
+        const QPoint place(4, 8);
+        QDragEnterEvent enter(place, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(box.control.viewport(), &enter);
+        QDropEvent drop(QPointF(place), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(box.control.viewport(), &drop);
+        QCOMPARE(box.text(), u"new"_s);
     }
 };
 

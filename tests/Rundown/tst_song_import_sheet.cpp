@@ -64,6 +64,32 @@ private slots:
         QVERIFY(s.button(u"Import Song"_s)->isEnabled());
     }
 
+    void theExampleIsSelectedWholeWhenTheSheetOpensAndByTheFirstClick()
+    {
+        const Sheet s;
+        const auto selected = [&s] {
+            return s.lyrics->textCursor().selectedText().replace(QChar::ParagraphSeparator, u'\n');
+        };
+        QCOMPARE(selected(), example);
+        QTest::mouseClick(s.lyrics->viewport(), Qt::LeftButton, Qt::NoModifier, {60, 30});
+        QCOMPARE(selected(), example);
+        QGuiApplication::clipboard()->setText(u"[Verse 1]\nMorning"_s);
+        QTest::keyClick(s.lyrics, Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(s.draft.pastedLyrics, u"[Verse 1]\nMorning"_s);
+    }
+
+    void theOperatorsOwnLyricsAreNotSelectedWhenTheSheetOpensAgain()
+    {
+        World world;
+        SongImportDraft draft{.songTitle = {}, .pastedLyrics = u"my words"_s};
+        SongImportSheet sheet(world.store, draft, nullptr);
+        showActive(sheet);
+        auto *lyrics = sheet.findChild<QPlainTextEdit *>();
+        QVERIFY(!lyrics->textCursor().hasSelection());
+        QTest::mouseClick(lyrics->viewport(), Qt::LeftButton, Qt::NoModifier, {60, 12});
+        QVERIFY(!lyrics->textCursor().hasSelection());
+    }
+
     void importingMakesTheSongAndEmptiesBothTexts()
     {
         const Sheet s;

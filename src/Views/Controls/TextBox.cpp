@@ -3,6 +3,9 @@
 #include "Clipboard.h"
 
 #include <QFocusEvent>
+#include <QMouseEvent>
+
+#include <utility>
 
 namespace quenara {
 
@@ -10,6 +13,15 @@ TextBox::TextBox(const QString &title, QWidget *parent) : QPlainTextEdit(parent)
 {
     setAccessibleName(title);
     setTabChangesFocus(true);
+    connect(this, &TextBox::textChanged, this, [this] { m_isExample = false; });
+}
+
+void TextBox::showExample(const QString &text)
+{
+    setPlainText(text);
+    selectAll();
+    m_isExample = true;
+    m_awaitsClick = true;
 }
 
 void TextBox::focusInEvent(QFocusEvent *event)
@@ -19,6 +31,16 @@ void TextBox::focusInEvent(QFocusEvent *event)
         selectAll();
 }
 
+void TextBox::mousePressEvent(QMouseEvent *event)
+{
+    const bool isFirst = event->button() == Qt::LeftButton && std::exchange(m_awaitsClick, false);
+    if (isFirst && m_isExample) {
+        selectAll();
+    } else {
+        QPlainTextEdit::mousePressEvent(event);
+    }
+}
+
 void TextBox::insertFromMimeData(const QMimeData *source)
 {
     // Qt would read the first format of the source, even if it has none, as on X11 while nobody
@@ -26,6 +48,8 @@ void TextBox::insertFromMimeData(const QMimeData *source)
     const QString text = pastedText(source);
     if (text.isEmpty())
         return;
+    if (m_isExample && !textCursor().hasSelection())
+        selectAll();
     insertPlainText(text);
     ensureCursorVisible();
 }

@@ -13,9 +13,19 @@ class TextBox : public QPlainTextEdit
 public:
     explicit TextBox(const QString &title, QWidget *parent = nullptr);
 
+    /// Shows \a text as an example of what to write here, all of it selected, and again by the
+    /// first click. While it is untouched, what is pasted or dropped replaces it, unless a part is
+    /// selected.
+    void showExample(const QString &text);
+
 protected:
     void focusInEvent(QFocusEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
     void insertFromMimeData(const QMimeData *source) override;
+
+private:
+    bool m_isExample = false; ///< whether the text is an untouched example
+    bool m_awaitsClick = false; ///< whether it has not been clicked yet
 };
 
 } // namespace quenara

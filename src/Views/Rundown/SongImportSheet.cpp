@@ -33,7 +33,11 @@ SongImportSheet::SongImportSheet(WorkspaceStore &store, SongImportDraft &draft, 
     m_title->setAccessibleName(QStringLiteral("Song title"));
     m_title->setPlaceholderText(QStringLiteral("Song title"));
     m_lyrics = new TextBox(QStringLiteral("Lyrics"));
-    m_lyrics->setPlainText(draft.pastedLyrics);
+    if (draft.pastedLyrics == SongImportDraft().pastedLyrics) {
+        m_lyrics->showExample(draft.pastedLyrics);
+    } else {
+        m_lyrics->setPlainText(draft.pastedLyrics);
+    }
     auto *cancel = new QPushButton(QStringLiteral("Cancel"));
     auto *import = new QPushButton(QStringLiteral("Import Song"));
     import->setProperty("look", QStringLiteral("primary"));
