@@ -198,7 +198,8 @@ constexpr auto commands = std::to_array<CommandDescription>({
      .title = "Open Display Window",
      .titleWhileOn = "Close Display Window",
      .buttonTitle = "Display",
-     .toolTip = "Open or close the audience display",
+     .toolTip = "Open or close the audience display; on a single screen, Escape pressed twice "
+                "within a second closes it",
      .symbol = "tv",
      .isOn = isDisplayOpen,
      .run = onOutputs<&OutputWindows::toggleDisplayWindow>},

@@ -98,6 +98,11 @@ bool DisplayPlacement::move(QWidget &window, const PlacedScreen &target) const
     return true;
 }
 
+bool DisplayPlacement::coversOperator(const QWidget &window) const
+{
+    return window.geometry().intersects(operatorScreen(framesOf(m_screens.screens())));
+}
+
 /// The one of \a screens with the operator's window; empty without one.
 QRect DisplayPlacement::operatorScreen(const QList<QRect> &screens) const
 {

@@ -31,6 +31,9 @@ public:
     /// A screen that the display can open on by itself, if there is one.
     std::optional<PlacedScreen> freeScreen() const;
 
+    /// Whether \a window lies on the screen with the operator's window.
+    bool coversOperator(const QWidget &window) const;
+
     /// Shows a new \a window without a frame over the whole of \a target.
     void cover(QWidget &window, const PlacedScreen &target) const;
     /// Has an open \a window cover \a target. False if only a new window can.

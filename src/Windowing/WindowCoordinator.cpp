@@ -5,6 +5,8 @@
 #include "StageOutputView.h"
 #include "WorkspaceStore.h"
 
+#include <QShortcut>
+
 #include <chrono>
 #include <utility>
 
@@ -17,6 +19,7 @@ constexpr QSize stageMinimumSize(900, 540);
 /// How long screens stay as they are before a display comes back: a loose plug comes and goes, and
 /// the desktop takes its time to arrange them.
 constexpr std::chrono::milliseconds screensSettleIn(300);
+constexpr qint64 escapeTwiceWithin = 1000; // milliseconds
 
 } // namespace
 
@@ -81,6 +84,10 @@ void WindowCoordinator::openDisplay(const WorkspaceStore &store, AppAppearance a
     window->setAppearance(appearance);
     // The display may open by itself while somebody types elsewhere.
     window->setAttribute(Qt::WA_ShowWithoutActivating);
+    m_sinceEscape.invalidate();
+    auto *escape = new QShortcut(Qt::Key_Escape, window);
+    escape->setAutoRepeat(false);
+    connect(escape, &QShortcut::activated, this, &WindowCoordinator::leaveDisplay);
     m_placement.cover(*window, screen);
     m_displayScreen = screen.screen;
     m_displayStore = &store;
@@ -98,6 +105,21 @@ void WindowCoordinator::setDisplayWaiting(bool isWaiting)
 {
     if (std::exchange(m_isDisplayWaiting, isWaiting) != isWaiting)
         emit isDisplayWaitingChanged();
+}
+
+/// Nothing else that the operator can reach closes a display over the only screen, and nothing on
+/// it may say how. A key that is brushed against closes nothing.
+void WindowCoordinator::leaveDisplay()
+{
+    if (!m_placement.coversOperator(*m_display.window))
+        return;
+    const bool isSecond = m_sinceEscape.isValid() && !m_sinceEscape.hasExpired(escapeTwiceWithin);
+    if (isSecond) {
+        m_sinceEscape.invalidate();
+        closeDisplayWindow();
+    } else {
+        m_sinceEscape.start();
+    }
 }
 
 void WindowCoordinator::openStageWindow(const WorkspaceStore &store, AppAppearance appearance)

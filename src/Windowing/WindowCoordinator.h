@@ -5,6 +5,7 @@
 #include "OutputWindow.h"
 #include "WindowCloseObserver.h"
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QPointer>
 #include <QScreen>
@@ -25,7 +26,8 @@ class WorkspaceStore;
 /// The display follows the screens: it goes on covering its screen when that changes, moves to
 /// another when it disappears, and closes when there is none but the operator's. It then waits:
 /// when a screen of its own comes back, it opens there without taking the keyboard. Opening or
-/// closing it by command ends the waiting.
+/// closing it by command ends the waiting. A display that covers the operator's window is left by
+/// Escape, pressed there twice within a second.
 class WindowCoordinator : public QObject
 {
     Q_OBJECT
@@ -90,6 +92,7 @@ private:
     void setDisplayWaiting(bool isWaiting);
     void followScreens();
     void reopenDisplay();
+    void leaveDisplay();
 
     RenderCaches &m_caches;
     ApplicationAppearance m_appearance;
@@ -100,6 +103,7 @@ private:
     QPointer<const WorkspaceStore> m_displayStore; ///< what it shows or last showed
     bool m_isDisplayWaiting = false;
     QTimer m_screensSettled;
+    QElapsedTimer m_sinceEscape; ///< since it was last pressed on the display; invalid before that
 };
 
 } // namespace quenara

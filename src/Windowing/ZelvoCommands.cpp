@@ -69,6 +69,9 @@ void ZelvoCommands::fill(QMenuBar &menuBar) const
                 menu->addSeparator();
             for (const Command command : group) {
                 menu->addAction(m_commands.action(command));
+                // The title alone does not say how a display over the only screen is left.
+                if (command == Command::toggleDisplayWindow)
+                    menu->setToolTipsVisible(true);
                 if (command == Command::open)
                     menu->addMenu(new OpenRecentMenu(m_store, m_commands, menu));
             }

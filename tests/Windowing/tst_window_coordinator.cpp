@@ -1,6 +1,6 @@
 #include "GuiTestSupport.h"
 #include "InterfaceStyle.h"
-#include "WindowingWorld.h"
+#include "ProgramWindows.h"
 
 #include <QPointer>
 #include <QScreen>
@@ -46,6 +46,16 @@ private slots:
         QCOMPARE(world.windows.displayWindow()->screen(), QGuiApplication::screens().at(1));
         QVERIFY(world.windows.displayWindow()->windowFlags() & Qt::FramelessWindowHint);
         QCOMPARE(world.windows.displayWindow()->windowTitle(), QStringLiteral("Quenara Display"));
+    }
+
+    void aDisplayThatCoversNothingOfTheOperatorsIsNotLeftByEscape()
+    {
+        ProgramWindows program;
+        program.openDisplay();
+        ProgramWindows::activate(*program.windows.displayWindow());
+        for (int i = 0; i < 3; ++i)
+            ProgramWindows::press(*program.windows.displayWindow(), Qt::Key_Escape);
+        QVERIFY(program.windows.isDisplayWindowOpen());
     }
 
     void theStageWindowIsAnOrdinaryWindowOfItsOwnSize()
