@@ -9,6 +9,7 @@
 #include <QAccessible>
 #include <QDialog>
 #include <QHelpEvent>
+#include <QLineEdit>
 #include <QMenu>
 #include <QScrollBar>
 #include <QToolTip>
@@ -41,6 +42,16 @@ struct Rundown : CommandWorld
         QTest::mouseClick(list->viewport(), Qt::LeftButton, Qt::NoModifier, middleOf(index));
     }
 
+    /// The field that a section's title is typed into; null while there is none.
+    QLineEdit *titleField() const { return list->findChild<QLineEdit *>(); }
+
+    void beginRenaming(const QModelIndex &section) const
+    {
+        click(section);
+        QTest::keyClick(list, Qt::Key_F2);
+        QVERIFY(titleField());
+    }
+
     /// The titles of the slides in an item, without what showOf() begins them with.
     QStringList titlesOf(qsizetype item) const
     {
@@ -54,6 +65,11 @@ struct Rundown : CommandWorld
 QModelIndex rowOfSlide(const Rundown &op, const QString &id)
 {
     return op.model->indexOfSlide(id);
+}
+
+QModelIndex rowOfItem(const Rundown &op, const QString &id)
+{
+    return op.model->indexOfServiceItem(id);
 }
 
 bool isInSight(const Rundown &op, const QModelIndex &index)
@@ -334,6 +350,160 @@ private slots:
         auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
         QVERIFY(menu);
         menu->close();
+    }
+
+    void aSectionsTitleIsTypedInItsRow_data()
+    {
+        QTest::addColumn<std::function<void(Rundown &, const QModelIndex &)>>("begin");
+        const auto row = [](const char *name,
+                            const std::function<void(Rundown &, const QModelIndex &)> &begin) {
+            QTest::newRow(name) << begin;
+        };
+        row("after F2", [](Rundown &op, const QModelIndex &section) {
+            op.click(section);
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_F2);
+        });
+        row("after a double click", [](Rundown &op, const QModelIndex &section) {
+            op.click(section);
+            QTest::mouseDClick(op.list->viewport(), Qt::LeftButton, Qt::NoModifier,
+                               op.middleOf(section));
+        });
+        row("by the context menu", [](Rundown &op, const QModelIndex &section) {
+            chooseFromMenu(op, section, QStringLiteral("Rename"));
+            showActive(op.view); // as it becomes on a desktop once the menu is closed
+        });
+    }
+
+    void aSectionsTitleIsTypedInItsRow()
+    {
+        QFETCH(std::function<void(Rundown &, const QModelIndex &)>, begin);
+        Rundown op(showOf({2, 3}));
+        begin(op, rowOfItem(op, QStringLiteral("B")));
+        QLineEdit *field = op.titleField();
+        QVERIFY(field);
+        QTRY_VERIFY(field->hasFocus());
+        QCOMPARE(field->accessibleName(), QStringLiteral("Section Title"));
+        QCOMPARE(field->selectedText(), op.store.project().serviceItems.at(1).title);
+        const Selection before = selectionOf(op.store.state());
+        QTest::keyClicks(field, QStringLiteral("blessing l"));
+        QVERIFY(!op.store.canUndo());
+        QTest::keyClick(field, Qt::Key_Return);
+        QTRY_VERIFY(!op.titleField());
+        QCOMPARE(op.store.project().serviceItems.at(1).title, QStringLiteral("blessing l"));
+        QCOMPARE(op.undoSteps(), 1);
+        QCOMPARE(selectionOf(op.store.state()), before);
+        QVERIFY(op.list->hasFocus());
+        op.store.undo();
+        QCOMPARE(op.store.project(), showOf({2, 3}));
+    }
+
+    void whatIsTypedForASectionsTitleIsTakenOrGivenUp_data()
+    {
+        QTest::addColumn<QString>("typed");
+        QTest::addColumn<std::function<void(Rundown &)>>("leave");
+        QTest::addColumn<bool>("isTaken");
+        const auto row = [](const char *name, const char *typed,
+                            const std::function<void(Rundown &)> &leave, bool isTaken) {
+            QTest::newRow(name) << QString::fromLatin1(typed) << leave << isTaken;
+        };
+        const auto byKey = [](Qt::Key key) {
+            return [key](Rundown &op) { QTest::keyClick(op.titleField(), key); };
+        };
+        row("Return takes", "Sermon", byKey(Qt::Key_Return), true);
+        row("Enter takes", "Sermon", byKey(Qt::Key_Enter), true);
+        row("Escape gives up", "Sermon", byKey(Qt::Key_Escape), false);
+        row("a blank name is given up", "  ", byKey(Qt::Key_Return), false);
+        row("the same name is none", "Item B", byKey(Qt::Key_Return), false);
+        row(
+            "a click elsewhere takes", "Sermon",
+            [](Rundown &op) { op.click(rowOfSlide(op, QStringLiteral("A1"))); }, true);
+        row(
+            "a button takes", "Sermon",
+            [](Rundown &op) { op.commands.action(Command::nextLive)->trigger(); }, true);
+        row(
+            "another window takes", "Sermon",
+            [](Rundown &op) {
+                QWidget other;
+                showActive(other);
+                QTRY_VERIFY(!op.titleField());
+            },
+            true);
+    }
+
+    void whatIsTypedForASectionsTitleIsTakenOrGivenUp()
+    {
+        QFETCH(QString, typed);
+        QFETCH(std::function<void(Rundown &)>, leave);
+        QFETCH(bool, isTaken);
+        Rundown op(showOf({2, 3}));
+        const QString before = op.store.project().serviceItems.at(1).title;
+        op.beginRenaming(rowOfItem(op, QStringLiteral("B")));
+        QTest::keyClicks(op.titleField(), typed);
+        leave(op);
+        QTRY_VERIFY(!op.titleField());
+        QCOMPARE(op.store.project().serviceItems.at(1).title, isTaken ? typed : before);
+        QCOMPARE(op.undoSteps(), isTaken ? 1 : 0);
+    }
+
+    void aSlidesRowIsNotRenamed()
+    {
+        Rundown op(showOf({2}));
+        const QModelIndex slide = rowOfSlide(op, QStringLiteral("A1"));
+        op.click(slide);
+        QTest::keyClick(op.list, Qt::Key_F2);
+        QTest::mouseDClick(op.list->viewport(), Qt::LeftButton, Qt::NoModifier, op.middleOf(slide));
+        QVERIFY(!op.titleField());
+    }
+
+    void aSectionThatIsGoneIsNotRenamedAnyMore()
+    {
+        Rundown op(showOf({2, 3}));
+        op.beginRenaming(rowOfItem(op, QStringLiteral("B")));
+        op.store.selectServiceItem(QStringLiteral("B"));
+        op.store.deleteSelectedServiceItem();
+        QTRY_VERIFY(!op.titleField());
+        QCOMPARE(op.store.project().serviceItems.size(), 1);
+        QCOMPARE(op.undoSteps(), 1);
+    }
+
+    void aSectionsTypeIsChosenInItsContextMenu()
+    {
+        Rundown op(showOf({2, 3}));
+        const ServiceItem before = op.store.project().serviceItems.at(1);
+        QMenu &menu = openMenu(op, rowOfItem(op, QStringLiteral("B")));
+        auto *types = menu.findChild<QMenu *>();
+        QVERIFY(types);
+        QStringList titles;
+        QStringList checked;
+        for (const QAction *type : types->actions()) {
+            titles.append(type->text());
+            if (type->isChecked())
+                checked.append(type->text());
+        }
+        QCOMPARE(titles,
+                 (QStringList{u"Welcome"_s, u"Song"_s, u"Scripture"_s, u"Message"_s,
+                              u"Announcement"_s, u"Closing"_s, u"Custom"_s}));
+        QCOMPARE(checked, QStringList{title(before.type)});
+        choose(menu, u"Type"_s);
+        QTRY_VERIFY(types->isVisible());
+        choose(*types, u"Scripture"_s);
+        ServiceItem expected = before;
+        expected.type = ServiceItemType::scripture;
+        QCOMPARE(op.store.project().serviceItems.at(1), expected);
+        QCOMPARE(op.undoSteps(), 1);
+        op.store.undo();
+        QCOMPARE(op.store.project().serviceItems.at(1), before);
+    }
+
+    void choosingTheTypeThatASectionHasIsNoStep()
+    {
+        Rundown op(showOf({2}));
+        QMenu &menu = openMenu(op, rowOfItem(op, QStringLiteral("A")));
+        auto *types = menu.findChild<QMenu *>();
+        choose(menu, u"Type"_s);
+        QTRY_VERIFY(types->isVisible());
+        choose(*types, title(op.store.project().serviceItems.at(0).type));
+        QVERIFY(!op.store.canUndo());
     }
 
     void addSectionAppendsACustomOne()

@@ -3,6 +3,7 @@
 #include "RundownAccessible.h"
 #include "RundownModel.h"
 #include "RundownRowDelegate.h"
+#include "SectionMenu.h"
 #include "SlideMenu.h"
 #include "ThemeColors.h"
 #include "WorkspaceStore.h"
@@ -181,6 +182,8 @@ void RundownList::tellOf(int row)
 
 void RundownList::keyPressEvent(QKeyEvent *event)
 {
+    if (event->key() == Qt::Key_F2 && event->modifiers() == Qt::NoModifier)
+        return rename(currentIndex());
     const std::optional<int> row = rowFor(*event);
     if (!row)
         return event->ignore();
@@ -213,14 +216,33 @@ std::optional<int> RundownList::rowFor(const QKeyEvent &event) const
     }
 }
 
+/// Has the title of a section typed in its row; does nothing for a slide.
+void RundownList::rename(const QModelIndex &index)
+{
+    if (!m_model->serviceItemAt(index))
+        return;
+    scrollTo(index);
+    edit(index);
+}
+
+void RundownList::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    QListView::mouseDoubleClickEvent(event);
+    if (event->button() == Qt::LeftButton)
+        rename(indexAt(event->pos()));
+}
+
 void RundownList::contextMenuEvent(QContextMenuEvent *event)
 {
     const bool isByKeyboard = event->reason() == QContextMenuEvent::Keyboard;
     const QModelIndex index = isByKeyboard ? currentIndex() : indexAt(event->pos());
-    if (!m_model->slideAt(index))
+    if (!index.isValid())
         return;
-    QMenu *menu =
-        makeSlideMenu(m_store, m_commands, index.data(RundownModel::idRole).toString(), this);
+    const QPersistentModelIndex row(index);
+    QMenu *menu = m_model->serviceItemAt(index)
+        ? makeSectionMenu(
+            *m_model, index, [this, row] { rename(row); }, this)
+        : makeSlideMenu(m_store, m_commands, index.data(RundownModel::idRole).toString(), this);
     menu->popup(isByKeyboard ? viewport()->mapToGlobal(visualRect(index).center())
                              : event->globalPos());
 }

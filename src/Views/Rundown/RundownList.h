@@ -15,8 +15,9 @@ class WorkspaceStore;
 
 /// The rundown as a list. A click on a slide selects and queues it, one on a section selects that.
 /// Keys are left to the transport, except that Ctrl with an arrow moves to another row while the
-/// list has the keyboard, Home and End to the first and the last, and Ctrl+Space chooses the same
-/// again.
+/// list has the keyboard, Home and End to the first and the last, Ctrl+Space chooses the same
+/// again, and F2 renames a section, as a double click on its title does. While a title is typed,
+/// the keys are the field's.
 class RundownList : public QListView
 {
     Q_OBJECT
@@ -50,12 +51,14 @@ protected:
                      const QList<int> &roles) override;
     void keyPressEvent(QKeyEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     void rowsInserted(const QModelIndex &parent, int first, int last) override;
     void scrollContentsBy(int dx, int dy) override;
     void updateGeometries() override;
 
 private:
+    void rename(const QModelIndex &index);
     QModelIndex affectedRow() const;
     std::optional<int> rowFor(const QKeyEvent &event) const;
     void tellOf(int row);

@@ -36,7 +36,7 @@ bool mayDiffer(const QList<Slide> &a, const QList<Slide> &b)
 
 } // namespace
 
-RundownModel::RundownModel(const WorkspaceStore &store, QObject *parent)
+RundownModel::RundownModel(WorkspaceStore &store, QObject *parent)
     : QAbstractListModel(parent), m_store(store), m_project(store.project()),
       m_rows(rowsOf(m_project)), m_marks(marks())
 {
@@ -183,10 +183,42 @@ QVariant RundownModel::data(const QModelIndex &index, int role) const
     return row.slide < 0 ? sectionData(itemOf(row), role) : slideData(row, role);
 }
 
+Qt::ItemFlags RundownModel::flags(const QModelIndex &index) const
+{
+    const Qt::ItemFlags flags = QAbstractListModel::flags(index);
+    return serviceItemAt(index) ? flags | Qt::ItemIsEditable : flags;
+}
+
+bool RundownModel::setData(const QModelIndex &index, const QVariant &value, int role)
+{
+    const ServiceItem *item = serviceItemAt(index);
+    ServiceItem changed = item ? *item : ServiceItem();
+    if (role == Qt::EditRole && !value.toString().trimmed().isEmpty()) {
+        changed.title = value.toString();
+    } else if (role == typeRole) {
+        changed.type = ServiceItemType(value.toInt());
+    }
+    if (!item || changed == *item)
+        return false;
+    const bool wasSelected = changed.id == m_store.selectedServiceItemID();
+    // A gesture of its own, so that no open one takes it in.
+    const GestureID gesture = m_store.beginGesture();
+    m_store.updateServiceItem(changed.id, [&changed](ServiceItem &updated) {
+        updated.title = changed.title;
+        updated.type = changed.type;
+    });
+    m_store.endGesture(gesture);
+    // An edit leaves the section with the selected slide selected.
+    if (wasSelected)
+        m_store.selectServiceItem(changed.id);
+    return true;
+}
+
 QVariant RundownModel::sectionData(const ServiceItem &item, int role) const
 {
     switch (role) {
     case Qt::DisplayRole:
+    case Qt::EditRole:
     case Qt::ToolTipRole:
         return item.title;
     case Qt::AccessibleDescriptionRole:
@@ -201,6 +233,8 @@ QVariant RundownModel::sectionData(const ServiceItem &item, int role) const
         return item.id == m_marks.serviceItem;
     case symbolRole:
         return QLatin1String(symbols.at(std::size_t(item.type)).name);
+    case typeRole:
+        return int(item.type);
     default:
         return {};
     }
@@ -267,6 +301,13 @@ QModelIndex RundownModel::endOfSection(const QModelIndex &index) const
     return section.isValid()
         ? this->index(section.row() + int(itemOf(m_rows.at(section.row())).slides.size()))
         : section;
+}
+
+const ServiceItem *RundownModel::serviceItemAt(const QModelIndex &index) const
+{
+    if (!index.isValid() || index.row() >= m_rows.size() || m_rows.at(index.row()).slide >= 0)
+        return nullptr;
+    return &itemOf(m_rows.at(index.row()));
 }
 
 /// The first such row at or after \a from; -1 if there is none.

@@ -11,7 +11,8 @@ namespace quenara {
 class WorkspaceStore;
 
 /// The rundown as rows of a list: each service item followed by its slides. The model announces
-/// which rows came, went and changed, so that views draw no others again.
+/// which rows came, went and changed, so that views draw no others again. Service items can be
+/// renamed and given another type.
 class RundownModel : public QAbstractListModel
 {
     Q_OBJECT
@@ -26,15 +27,22 @@ public:
         outputModeRole, ///< an OutputMode: what the audience sees while the slide is live
         numberRole, ///< 1-based number of the slide in its item
         symbolRole, ///< of the item's type, a name in `resources/icons.list`
+        typeRole, ///< of the item: a ServiceItemType as an integer
     };
 
-    explicit RundownModel(const WorkspaceStore &store, QObject *parent = nullptr);
+    explicit RundownModel(WorkspaceStore &store, QObject *parent = nullptr);
 
     int rowCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role) const override;
+    Qt::ItemFlags flags(const QModelIndex &index) const override;
+    /// Renames a service item (Qt::EditRole) or changes its type (typeRole), each as one undo step.
+    /// Returns false and changes nothing for a blank title and for what the item has already.
+    bool setData(const QModelIndex &index, const QVariant &value, int role) override;
 
     /// Null for a service item's row.
     const Slide *slideAt(const QModelIndex &index) const;
+    /// Null for a slide's row.
+    const ServiceItem *serviceItemAt(const QModelIndex &index) const;
 
     /// The row of the first slide or service item with that id, invalid for an unknown one.
     QModelIndex indexOfSlide(const std::optional<QString> &id) const;
@@ -78,7 +86,7 @@ private:
     void showProject();
     void showMarks();
 
-    const WorkspaceStore &m_store;
+    WorkspaceStore &m_store;
     ZelvoProject m_project; ///< what the rows index into
     QList<Row> m_rows;
     QList<std::size_t>

@@ -14,9 +14,12 @@
 #include <QAbstractItemView>
 #include <QFontMetricsF>
 #include <QHelpEvent>
+#include <QLineEdit>
 #include <QPainter>
 #include <QPainterPath>
 #include <QToolTip>
+
+#include <limits>
 
 namespace quenara {
 
@@ -201,6 +204,34 @@ QSize RundownRowDelegate::sizeHint(const QStyleOptionViewItem &option,
 {
     return {option.rect.width(),
             index.data(RundownModel::isServiceItemRole).toBool() ? itemRowHeight : slideRowHeight};
+}
+
+QWidget *RundownRowDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem & /*option*/,
+                                          const QModelIndex & /*index*/) const
+{
+    auto *field = new QLineEdit(parent);
+    field->setObjectName(QStringLiteral("sectionTitle"));
+    field->setAccessibleName(QStringLiteral("Section Title"));
+    field->setMaxLength(std::numeric_limits<int>::max());
+    return field;
+}
+
+/// Leaves what has been typed alone when the row changes meanwhile.
+void RundownRowDelegate::setEditorData(QWidget *editor, const QModelIndex &index) const
+{
+    if (!qobject_cast<QLineEdit *>(editor)->isModified())
+        QStyledItemDelegate::setEditorData(editor, index);
+}
+
+/// The text stands where the title is painted.
+void RundownRowDelegate::updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
+                                              const QModelIndex &index) const
+{
+    constexpr int frame = 5;
+    constexpr int verticalMargin = 4;
+    editor->setGeometry(titleBox(rowOf(option.rect), index)
+                            .adjusted(-frame, verticalMargin, 0, -verticalMargin)
+                            .toRect());
 }
 
 /// Shows a tooltip only for a title that is cut short in its row.
