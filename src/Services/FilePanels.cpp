@@ -27,9 +27,10 @@ QStringList picturePatterns()
                                                   "image/x-tga", "image/x-xbitmap"};
     // Cameras and browsers use it for JPEG, lists of file types not always.
     QStringList patterns{QStringLiteral("*.jfif")};
-    for (const QByteArray &type : QImageReader::supportedMimeTypes()) {
-        if (!unrecognizable.contains(type))
-            patterns += QMimeDatabase().mimeTypeForName(QLatin1String(type)).globPatterns();
+    for (const QByteArray &name : QImageReader::supportedMimeTypes()) {
+        const QMimeType type = QMimeDatabase().mimeTypeForName(QLatin1String(name));
+        if (type.name().startsWith(QLatin1String("image/")) && !unrecognizable.contains(name))
+            patterns += type.globPatterns();
     }
     patterns.sort();
     patterns.removeDuplicates();

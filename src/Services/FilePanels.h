@@ -34,7 +34,8 @@ struct FilePanel
 };
 
 [[nodiscard]] FilePanel zelvoProjectOpenPanel();
-/// Offers the pictures that Qt's image readers can read. Needs a QCoreApplication, which finds them.
+/// Offers the pictures that Qt's image readers can read. Needs a QCoreApplication, which finds
+/// them.
 [[nodiscard]] FilePanel zelvoImageOpenPanel();
 /// The name field starts with \a defaultName, with ".quenara" added unless it ends so already.
 [[nodiscard]] FilePanel zelvoProjectSavePanel(const QString &defaultName);

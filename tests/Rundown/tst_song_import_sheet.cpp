@@ -71,7 +71,10 @@ private slots:
             return s.lyrics->textCursor().selectedText().replace(QChar::ParagraphSeparator, u'\n');
         };
         QCOMPARE(selected(), example);
-        QTest::mouseClick(s.lyrics->viewport(), Qt::LeftButton, Qt::NoModifier, {60, 30});
+        // A hand seldom keeps the mouse quite still.
+        QTest::mousePress(s.lyrics->viewport(), Qt::LeftButton, Qt::NoModifier, {60, 30});
+        QTest::mouseMove(s.lyrics->viewport(), {61, 31});
+        QTest::mouseRelease(s.lyrics->viewport(), Qt::LeftButton, Qt::NoModifier, {61, 31});
         QCOMPARE(selected(), example);
         QGuiApplication::clipboard()->setText(u"[Verse 1]\nMorning"_s);
         QTest::keyClick(s.lyrics, Qt::Key_V, Qt::ControlModifier);

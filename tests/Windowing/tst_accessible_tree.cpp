@@ -1,5 +1,6 @@
 #include "GuiTestSupport.h"
 #include "ProgramWindows.h"
+#include "RundownList.h"
 
 #include <QAccessible>
 #include <QColorDialog>
@@ -84,6 +85,13 @@ void openSongImport(Program &program)
     program.store.setSongImportPresented(true);
 }
 
+void renameSection(Program &program)
+{
+    auto *list = program.operatorWindow.findChild<RundownList *>();
+    list->setCurrentIndex(list->model()->index(0, 0));
+    QTest::keyClick(list, Qt::Key_F2);
+}
+
 void openSettings(Program &program)
 {
     program.settings.present();
@@ -107,6 +115,7 @@ constexpr State states[] = {
     {"both output windows are open", openOutputs},
     {"the start panel is open", openStartPanel},
     {"the song import is open", openSongImport},
+    {"a section is renamed", renameSection},
     {"the settings are open", openSettings},
     {"an alert is open", openAlert},
     {"the program tells about itself", openAbout},

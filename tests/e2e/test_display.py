@@ -1,5 +1,7 @@
 """The audience display: which screen it covers, and with what."""
 
+import time
+
 from pointer import pointer_is_visible
 from processes import wait_until
 from program import DISPLAY, OPERATOR
@@ -62,6 +64,25 @@ class Display(TwoScreenCase):
         program.wait_for_no_window(DISPLAY)
         program.open_display()
         self.assertIsNone(program.status())
+
+    def test_on_the_only_screen_escape_pressed_twice_leaves_it(self):
+        self.server.unplug_second_screen()
+        self.addCleanup(self.server.plug_second_screen)
+        program = self.start_show()
+        program.open_display()
+        program.press("Escape")
+        time.sleep(1.2)  # so that it no longer counts
+        self.see_slide(0, FIRST_SCREEN)
+        program.press("Escape", "Escape")
+        program.wait_for_no_window(DISPLAY)
+        self.assertIsNone(program.status())
+
+    def test_beside_the_operator_escape_does_not_close_it(self):
+        program = self.start_show()
+        program.open_display()
+        program.focus(DISPLAY)
+        program.press("Escape", "Escape", "Escape")
+        self.see_slide(0)
 
     def test_opened_again_it_covers_the_screen_plugged_in_meanwhile(self):
         self.server.unplug_second_screen()
