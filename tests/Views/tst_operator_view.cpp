@@ -282,7 +282,7 @@ private slots:
             {"Next", "Next live slide (Right)"},
             {"Queue Prev", "Queue the slide before (Up)"},
             {"Save", "Save the project (Ctrl+S)"},
-            {"Display", "Open or close the audience display"},
+            {"Monitor", "Open or close the stage monitor"},
             {"Delete selected section", "Delete selected section"}};
         for (const auto &[name, tip] : tips) {
             QCOMPARE(named<SymbolButton>(op.view, QLatin1String(name)).toolTip(),
