@@ -64,8 +64,7 @@ struct CommandDescription
     QAction::MenuRole role = QAction::NoRole; ///< the place that some platforms have for it
     bool worksOnDocument = false; ///< not done while a dialog is open
     bool dropsDocument = false; ///< needs the operator's consent if there are unsaved changes
-    bool continuesTyping =
-        false; ///< afterwards, the field that was typed into has the keyboard again
+    bool continuesTyping = false; ///< the field that is typed into keeps the keyboard
     bool repeats = false; ///< done again and again while its key is held down
     bool (*isEnabled)(const WorkspaceStore &store) = nullptr; ///< null: always
     /// For a command that switches something on and off; null for all others.

@@ -5,7 +5,6 @@
 #include "WorkspaceStore.h"
 
 #include <QApplication>
-#include <QPointer>
 #include <QWidget>
 
 #include <utility>
@@ -78,14 +77,16 @@ void CommandActions::perform(Command command, const QWidget *sheet)
     if (isRefused(command, sheet))
         return;
     const CommandDescription &description = descriptionOf(command);
-    const QPointer<QWidget> field = endTyping();
+    if (description.continuesTyping) {
+        takeTyping();
+    } else {
+        endTyping();
+    }
     if (description.dropsDocument) {
         replaceDocument([&] { description.run(*this); });
     } else {
         description.run(*this);
     }
-    if (field && description.continuesTyping)
-        field->setFocus(Qt::OtherFocusReason);
 }
 
 void CommandActions::selectAndPerform(const std::function<void()> &select, Command command) const

@@ -245,7 +245,7 @@ private slots:
         QCOMPARE(world.store.project().name, u"Sunday Service"_s);
     }
 
-    void theFieldGetsTheKeyboardBackAfterSavingUndoAndRedoAlone()
+    void theFieldKeepsTheKeyboardThroughSavingUndoAndRedoAlone()
     {
         QCOMPARE(commandsThat(&CommandDescription::continuesTyping),
                  (Commands{Command::save, Command::undo, Command::redo}));

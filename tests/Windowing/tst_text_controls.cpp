@@ -5,9 +5,12 @@
 #include "SongImportSheet.h"
 #include "Typing.h"
 
+#include <QDialog>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPointer>
+
+#include <algorithm>
 
 using namespace quenara;
 using namespace quenara::test;
@@ -80,6 +83,14 @@ struct Typing : ProgramWindows
         press(*window, Qt::Key_A, Qt::ControlModifier);
     }
 
+    void type(std::initializer_list<Qt::Key> keys)
+    {
+        for (const Qt::Key key : keys)
+            press(*window, key);
+    }
+
+    void save() { press(*window, Qt::Key_S, Qt::ControlModifier); }
+
     QString textIn(const QWidget &control) const
     {
         if (const auto *line = qobject_cast<const QLineEdit *>(&control))
@@ -96,6 +107,8 @@ struct Typing : ProgramWindows
             .arg(QString::number(live()), QString::number(queued()), rawValue(store.outputMode()));
     }
 };
+
+using Leave = void (*)(Typing &typing);
 
 } // namespace
 
@@ -180,6 +193,127 @@ private slots:
         QVERIFY(typing.store.project() != before);
         QVERIFY(typing.textIn(control) != text);
         QVERIFY(control.hasFocus());
+    }
+
+    void aSaveLeavesTheCaretWhereItIs_data() { theKeysOfTheMenusAreTheControls_data(); }
+
+    void aSaveLeavesTheCaretWhereItIs()
+    {
+        QFETCH(QString, window);
+        QFETCH(qsizetype, position);
+        Typing typing(window);
+        typing.panels.answer = typing.fileUrl(QStringLiteral("show.quenara"));
+        QWidget &control = *typing.controls().at(position);
+        typing.begin(control);
+        typing.type({Qt::Key_1, Qt::Key_2, Qt::Key_3});
+        typing.save();
+        typing.type({Qt::Key_4, Qt::Key_5});
+        QCOMPARE(typing.textIn(control), QStringLiteral("12345"));
+        Typing::press(*typing.window, Qt::Key_Left);
+        typing.save();
+        typing.type({Qt::Key_6});
+        QCOMPARE(typing.textIn(control), QStringLiteral("123465"));
+    }
+
+    void aSaveLeavesTheSelectionWhereItIs_data() { theKeysOfTheMenusAreTheControls_data(); }
+
+    void aSaveLeavesTheSelectionWhereItIs()
+    {
+        QFETCH(QString, window);
+        QFETCH(qsizetype, position);
+        Typing typing(window);
+        typing.panels.answer = typing.fileUrl(QStringLiteral("show.quenara"));
+        QWidget &control = *typing.controls().at(position);
+        typing.begin(control);
+        typing.type({Qt::Key_1, Qt::Key_2, Qt::Key_3});
+        Typing::press(*typing.window, Qt::Key_Left, Qt::ShiftModifier);
+        Typing::press(*typing.window, Qt::Key_Left, Qt::ShiftModifier);
+        typing.save();
+        typing.type({Qt::Key_4});
+        QCOMPARE(typing.textIn(control), QStringLiteral("14"));
+    }
+
+    void undoAndRedoLeaveTheCaretWhereItIs_data() { undoAndRedoAreTheDocuments_data(); }
+
+    void undoAndRedoLeaveTheCaretWhereItIs()
+    {
+        QFETCH(QString, window);
+        QFETCH(qsizetype, position);
+        Typing typing(window);
+        QWidget &control = *typing.controls().at(position);
+        const QString before = typing.textIn(control);
+        typing.begin(control);
+        typing.type({Qt::Key_1, Qt::Key_2, Qt::Key_3});
+        Typing::press(*typing.window, Qt::Key_Left);
+        Typing::press(*typing.window, Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(typing.textIn(control), before);
+        Typing::press(*typing.window, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(typing.textIn(control), QStringLiteral("123"));
+        // On the slide, the caret stands behind what comes back.
+        const bool isOnSlide = qobject_cast<CanvasTextLayerEditor *>(&control);
+        const qsizetype caret = isOnSlide ? 3 : std::min<qsizetype>(2, before.size());
+        typing.type({Qt::Key_4});
+        QCOMPARE(typing.textIn(control), QStringLiteral("123").insert(caret, QLatin1Char('4')));
+    }
+
+    void theTextOnTheSlideIsNoLongerEditedOnceTheKeyboardIsElsewhere_data()
+    {
+        QTest::addColumn<Leave>("leave");
+        QTest::addRow("in a field") << +[](Typing &typing) {
+            named<QLineEdit>(typing.operatorWindow, QStringLiteral("Name")).setFocus();
+        };
+        QTest::addRow("in the rundown") << +[](Typing &typing) {
+            named(typing.operatorWindow, QStringLiteral("Rundown")).setFocus();
+        };
+        QTest::addRow("in another window after the menu bar") << +[](Typing &typing) {
+            typing.openStage();
+            Typing::activate(typing.operatorWindow);
+            Typing::press(typing.operatorWindow, Qt::Key_Alt);
+            Typing::activate(*typing.windows.stageWindow());
+        };
+        QTest::addRow("in another window") << +[](Typing &typing) {
+            typing.openStage();
+            Typing::activate(*typing.windows.stageWindow());
+        };
+        QTest::addRow("back from another window") << +[](Typing &typing) {
+            typing.openStage();
+            Typing::activate(*typing.windows.stageWindow());
+            Typing::activate(typing.operatorWindow);
+        };
+        QTest::addRow("in a sheet") << +[](Typing &typing) {
+            typing.store.showStartPanel();
+            Typing::activate(
+                *typing.operatorWindow.findChild<QDialog *>(QStringLiteral("startPanel")));
+        };
+    }
+
+    void theTextOnTheSlideIsNoLongerEditedOnceTheKeyboardIsElsewhere()
+    {
+        QFETCH(Leave, leave);
+        Typing typing(QStringLiteral("Operator"));
+        auto *editor = typing.operatorWindow.findChild<CanvasTextLayerEditor *>();
+        typing.begin(*editor);
+        typing.type({Qt::Key_1});
+        leave(typing);
+        QVERIFY(!editor->isVisible());
+        QCOMPARE(typing.textIn(*editor), QStringLiteral("1"));
+        // No key goes into the text any more.
+        Typing::press(*QApplication::activeWindow(), Qt::Key_2);
+        QCOMPARE(typing.textIn(*editor), QStringLiteral("1"));
+    }
+
+    void theMenuBarGivesTheTextOnTheSlideTheKeyboardBack()
+    {
+        Typing typing(QStringLiteral("Operator"));
+        auto *editor = typing.operatorWindow.findChild<CanvasTextLayerEditor *>();
+        typing.begin(*editor);
+        Typing::press(typing.operatorWindow, Qt::Key_Alt);
+        Typing::press(typing.operatorWindow, Qt::Key_B);
+        QCOMPARE(typing.store.outputMode(), OutputMode::live);
+        Typing::press(typing.operatorWindow, Qt::Key_Escape);
+        QVERIFY(editor->hasFocus());
+        typing.type({Qt::Key_1});
+        QCOMPARE(typing.textIn(*editor), QStringLiteral("1"));
     }
 
     void onASheetTheyAreTheControls_data() { addControlsOf({QStringLiteral("Paste Song Lyrics")}); }

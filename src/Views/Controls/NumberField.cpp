@@ -57,9 +57,10 @@ void NumberField::endEditing()
 
 void NumberField::enter(std::optional<double> number)
 {
-    endEditing();
+    setModified(false);
     if (number)
         emit edited(std::max(m_minimum, *number));
+    showNumber(m_number);
 }
 
 void NumberField::commit()

@@ -7,6 +7,16 @@
 
 namespace quenara {
 
+namespace {
+
+/// Editors of several lines write each change at once and go on taking the keys.
+QLineEdit *heldBackField()
+{
+    return qobject_cast<QLineEdit *>(QApplication::focusWidget());
+}
+
+} // namespace
+
 bool takesText(const QObject *receiver)
 {
     const auto *widget = qobject_cast<const QWidget *>(receiver);
@@ -25,13 +35,18 @@ void leaveField(QWidget &field)
     }
 }
 
-QWidget *endTyping()
+void endTyping()
 {
-    // Editors of several lines write each change at once and go on taking the keys.
-    auto *field = qobject_cast<QLineEdit *>(QApplication::focusWidget());
-    if (field)
+    if (QLineEdit *field = heldBackField())
         leaveField(*field);
-    return field;
+}
+
+void takeTyping()
+{
+    if (QLineEdit *field = heldBackField()) {
+        emit field->editingFinished();
+        field->setModified(false); // so that it shows what the store makes of it
+    }
 }
 
 } // namespace quenara

@@ -14,7 +14,10 @@ namespace quenara {
 void leaveField(QWidget &field);
 
 /// Ends the typing into the field that has the focus, if that is one that holds back what is typed
-/// until it is left. Gives the field, or null.
-QWidget *endTyping();
+/// until it is left.
+void endTyping();
+
+/// Has such a field take what was typed. It keeps the keyboard, its caret and its selection.
+void takeTyping();
 
 } // namespace quenara

@@ -102,8 +102,7 @@ void ProjectNameField::showName()
     if ((hasFocus() && isModified() && m_projectID == project.id) || text() == project.name)
         return;
     m_projectID = project.id;
-    setText(project.name);
-    setCursorPosition(0);
+    showText(project.name);
 }
 
 ProjectBar::ProjectBar(WorkspaceStore &store, const CommandActions &commands, QWidget *parent)
