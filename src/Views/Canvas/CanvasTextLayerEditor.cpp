@@ -8,10 +8,12 @@
 #include "ThemeColors.h"
 
 #include <QAccessible>
+#include <QApplication>
 #include <QGuiApplication>
 #include <QInputMethod>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QMenuBar>
 #include <QPainter>
 #include <QStyleHints>
 
@@ -28,6 +30,11 @@ CanvasTextLayerEditor::CanvasTextLayerEditor(WorkspaceStore &store, RenderCaches
     setInputMethodHints(Qt::ImhMultiLine);
     setFocusPolicy(Qt::ClickFocus);
     setCursor(Qt::IBeamCursor);
+    // The menu bar gives the keyboard back. An open menu does not even take the focus.
+    connect(qApp, &QApplication::focusChanged, this, [this](const QWidget *, const QWidget *now) {
+        if (isVisible() && now != this && !qobject_cast<const QMenuBar *>(now))
+            emit left();
+    });
     hide();
 }
 
@@ -177,7 +184,7 @@ CanvasTextLayerEditor::Action CanvasTextLayerEditor::changeFor(const QKeyEvent &
 CanvasTextLayerEditor::Action CanvasTextLayerEditor::commandFor(const QKeyEvent &event)
 {
     if (event.matches(QKeySequence::Cancel))
-        return [this] { emit escapePressed(); };
+        return [this] { emit left(); };
     if (event.matches(QKeySequence::SelectAll)) {
         return [this] {
             m_edit.selectAll();
@@ -332,10 +339,8 @@ void CanvasTextLayerEditor::focusInEvent(QFocusEvent * /*event*/)
     showCaret();
 }
 
-void CanvasTextLayerEditor::focusOutEvent(QFocusEvent *event)
+void CanvasTextLayerEditor::focusOutEvent(QFocusEvent * /*event*/)
 {
-    if (event->reason() != Qt::ActiveWindowFocusReason && event->reason() != Qt::PopupFocusReason)
-        stopTyping();
     showCaret();
 }
 

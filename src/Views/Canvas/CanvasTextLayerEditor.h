@@ -39,7 +39,8 @@ public:
     QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
 
 signals:
-    void escapePressed();
+    /// Escape was pressed, or the keyboard has gone elsewhere: the editing has to end.
+    void left();
 
 protected:
     void paintEvent(QPaintEvent *event) override;

@@ -34,7 +34,7 @@ SlideCanvas::SlideCanvas(WorkspaceStore &store, RenderCaches &caches, QWidget *p
     setFocusPolicy(Qt::ClickFocus);
     setMouseTracking(true);
     connect(&store, &WorkspaceStore::changed, this, &SlideCanvas::showStore);
-    connect(m_editor, &CanvasTextLayerEditor::escapePressed, this, &SlideCanvas::endEditing);
+    connect(m_editor, &CanvasTextLayerEditor::left, this, &SlideCanvas::endEditing);
     showStore();
 }
 
@@ -130,6 +130,8 @@ void SlideCanvas::beginEditing(const QString &layerID, const QPointF &point)
 
 void SlideCanvas::endEditing()
 {
+    if (!m_editingElementID)
+        return;
     m_editingElementID.reset();
     // Qt would give the focus to the next widget of the window, which may be a text field.
     if (window()->focusWidget() == m_editor)
