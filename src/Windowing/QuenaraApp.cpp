@@ -25,6 +25,7 @@ QuenaraApp::QuenaraApp(const QPalette &platformPalette)
       m_deferredPreferences(m_preferences, m_operatorWindow)
 {
     qApp->installEventFilter(&m_shortcutGuard);
+    qApp->installEventFilter(&m_focusRing);
     QObject::connect(&m_appearance, &AppearancePreference::rawValueChanged, &m_windows,
                      [this](const QString &, const QString &newValue) {
                          m_windows.updateAppearance(appearanceFromPreference(newValue));

@@ -6,6 +6,7 @@
 #include "DeferredPreferences.h"
 #include "DocumentGuard.h"
 #include "FileDialogRunner.h"
+#include "FocusRing.h"
 #include "LeaveQuestionBox.h"
 #include "OperatorWindow.h"
 #include "OutputWindowController.h"
@@ -54,6 +55,7 @@ private:
     OutputWindowController m_outputs;
     AudienceAnnouncer m_announcer;
     ShortcutGuard m_shortcutGuard;
+    FocusRing m_focusRing;
     DocumentGuard m_guard;
     CommandActions m_commands;
     ZelvoCommands m_menus;

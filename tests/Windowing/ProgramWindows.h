@@ -1,5 +1,6 @@
 #pragma once
 
+#include "FocusRing.h"
 #include "SettingsWindow.h"
 #include "ShortcutGuard.h"
 #include "Widgets.h"
@@ -11,12 +12,14 @@ namespace quenara::test {
 struct ProgramWindows : WindowingWorld
 {
     ShortcutGuard shortcutGuard;
+    FocusRing focusRing;
     OperatorWindow operatorWindow{store, windows, guard, commands, menus, caches};
     SettingsWindow settings{appearance, menus, &operatorWindow};
 
     ProgramWindows()
     {
         qApp->installEventFilter(&shortcutGuard);
+        qApp->installEventFilter(&focusRing);
         showActive(operatorWindow);
     }
 

@@ -2,7 +2,9 @@
 
 #include "AccessibleControls.h"
 #include "CanvasBackdrop.h"
+#include "CanvasKeys.h"
 #include "CanvasTextLayerEditor.h"
+#include "FocusRing.h"
 #include "SelectionMarks.h"
 #include "Show.h"
 #include "ThemeColors.h"
@@ -31,7 +33,7 @@ SlideCanvas::SlideCanvas(WorkspaceStore &store, RenderCaches &caches, QWidget *p
     setAccessibleRole(*this, QAccessible::Canvas);
     setAccessibleName(QStringLiteral("Design canvas"));
     setAttribute(Qt::WA_OpaquePaintEvent);
-    setFocusPolicy(Qt::ClickFocus);
+    setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
     connect(&store, &WorkspaceStore::changed, this, &SlideCanvas::showStore);
     connect(m_editor, &CanvasTextLayerEditor::left, this, &SlideCanvas::endEditing);
@@ -105,6 +107,9 @@ void SlideCanvas::showStore()
     const bool isPressedLayer = m_press && layer && layer->id == m_press->layerID;
     if (m_press && (!isPressedLayer || (isDragging() && !m_store.isGestureOpen(m_drag))))
         endDrag();
+    if (m_slide && !elementIndex(*m_slide, m_focusedElementID))
+        m_focusedElementID.reset();
+    showFocus();
     showEditor();
 }
 
@@ -155,6 +160,7 @@ void SlideCanvas::mousePressEvent(QMouseEvent *event)
 {
     if (event->button() != Qt::LeftButton)
         return;
+    focusLayer(std::nullopt);
     m_press = pressAt(event->position());
     if (m_press)
         m_store.selectElement(m_press->layerID);
@@ -206,9 +212,113 @@ void SlideCanvas::keyPressEvent(QKeyEvent *event)
     if (event->matches(QKeySequence::Cancel) && isDragging()) {
         m_store.cancelGesture(m_drag);
         endDrag();
-    } else {
+    } else if (isDragging() || !workOnLayer(*event)) {
         event->ignore();
     }
+}
+
+/// The modifiers may have been released before the key.
+void SlideCanvas::keyReleaseEvent(QKeyEvent *event)
+{
+    if (!event->isAutoRepeat())
+        endKeySteps();
+    event->ignore();
+}
+
+void SlideCanvas::endKeySteps()
+{
+    m_store.endGesture(m_keySteps);
+}
+
+/// The layer that keys work on.
+const SlideElement *SlideCanvas::keyLayer() const
+{
+    const auto index = m_slide ? elementIndex(*m_slide, m_focusedElementID) : std::nullopt;
+    return index ? &m_slide->design.elements.at(*index) : selectedLayer();
+}
+
+/// Does what the key does to the layer. Returns false for a key that does nothing here.
+bool SlideCanvas::workOnLayer(const QKeyEvent &event)
+{
+    const SlideElement *layer = keyLayer();
+    if (!layer)
+        return false;
+    const CanvasFrame frame = layer->frame;
+    if (const std::optional<QPointF> move = moveOf(event)) {
+        changeByKey(frame.offsetBy(move->x(), move->y()));
+    } else if (const std::optional<QPointF> growth = growthOf(event)) {
+        changeByKey(resizedWithin(frame, *growth, m_slide->design.canvasSize));
+    } else if (pressesByKey(event)) {
+        m_store.selectElement(layer->id);
+    } else if (editsByKey(event) && layer->text) {
+        const QString id = layer->id;
+        beginEditing(id, boxOf(*layer).bottomRight());
+    } else {
+        return false;
+    }
+    return true;
+}
+
+/// A key that is held down is one undo step.
+void SlideCanvas::changeByKey(const CanvasFrame &frame)
+{
+    m_store.selectElement(keyLayer()->id);
+    if (!m_store.isGestureOpen(m_keySteps))
+        m_keySteps = m_store.beginGesture();
+    setFrame(frame);
+}
+
+void SlideCanvas::focusInEvent(QFocusEvent *event)
+{
+    QWidget::focusInEvent(event);
+    if (event->reason() == Qt::BacktabFocusReason && m_slide) {
+        focusLayer(layerAfter(m_slide->design, std::nullopt, false));
+    } else if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::MouseFocusReason) {
+        focusLayer(std::nullopt);
+    }
+}
+
+void SlideCanvas::focusOutEvent(QFocusEvent *event)
+{
+    endKeySteps();
+    QWidget::focusOutEvent(event);
+}
+
+/// Tab goes from the canvas through its layers before it leaves.
+bool SlideCanvas::focusNextPrevChild(bool next)
+{
+    const std::optional<QString> reached = m_slide && (next || m_focusedElementID)
+        ? layerAfter(m_slide->design, m_focusedElementID, next)
+        : std::nullopt;
+    const bool isOnCanvas = !next && m_focusedElementID;
+    if (!reached && !isOnCanvas)
+        return QWidget::focusNextPrevChild(next);
+    focusLayer(reached);
+    return true;
+}
+
+void SlideCanvas::focusLayer(const std::optional<QString> &id)
+{
+    endKeySteps();
+    m_focusedElementID = id;
+    showFocus();
+}
+
+/// Puts the focus ring around what has the keyboard, and tells assistive technologies of it.
+void SlideCanvas::showFocus()
+{
+    const SlideElement *layer = m_focusedElementID ? keyLayer() : nullptr;
+    setFocusArea(*this, (layer ? boxOf(*layer) : slideRect()).toAlignedRect());
+    const SlideElement *told = keyLayer();
+    setAccessibleDescription(
+        !told ? QString()
+              : QStringLiteral("%1%2, at %3, %4, %5 by %6")
+                    .arg(told->name,
+                         told->id == m_selectedElementID ? QStringLiteral(", selected") : QString())
+                    .arg(std::round(told->frame.x))
+                    .arg(std::round(told->frame.y))
+                    .arg(std::round(told->frame.width))
+                    .arg(std::round(told->frame.height)));
 }
 
 bool SlideCanvas::isDragging() const
@@ -275,6 +385,7 @@ void SlideCanvas::changeEvent(QEvent *event)
 void SlideCanvas::resizeEvent(QResizeEvent * /*event*/)
 {
     m_backdrop = {};
+    showFocus();
     showEditor();
 }
 

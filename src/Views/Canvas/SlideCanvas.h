@@ -16,6 +16,10 @@ struct RenderCaches;
 
 /// The selected slide, whose layers the pointer changes: a press selects a layer, a drag moves it
 /// or, by its handle, resizes it, and a double click edits its text in place.
+///
+/// The Tab key reaches the canvas, where keys work on the selected layer, and then each layer from
+/// the topmost down: Ctrl with an arrow moves it, with Alt resizes it, each by one canvas unit or,
+/// with Shift, by ten; Ctrl+Space selects it; F2 edits its text. Any other key is the show's.
 class SlideCanvas : public QWidget
 {
     Q_OBJECT
@@ -35,6 +39,10 @@ protected:
     void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void keyReleaseEvent(QKeyEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    bool focusNextPrevChild(bool next) override;
 
 private:
     enum class Grip { layer, handle };
@@ -53,6 +61,12 @@ private:
     QRect marksRect() const;
     const SlideElement *selectedLayer() const;
     const SlideElement *markedLayer() const;
+    const SlideElement *keyLayer() const;
+    bool workOnLayer(const QKeyEvent &event);
+    void changeByKey(const CanvasFrame &frame);
+    void endKeySteps();
+    void focusLayer(const std::optional<QString> &id);
+    void showFocus();
     std::optional<Press> pressAt(const QPointF &point) const;
 
     void showStore();
@@ -78,6 +92,8 @@ private:
     std::optional<CanvasFrame> m_dragStartFrame;
     std::optional<CanvasFrame> m_resizeStartFrame;
     GestureID m_drag{};
+    GestureID m_keySteps{}; ///< the changes by a key that is held down
+    std::optional<QString> m_focusedElementID; ///< the layer that Tab has reached
     bool m_showVerticalCenterGuide = false;
     bool m_showHorizontalCenterGuide = false;
     std::optional<QString> m_editingElementID;

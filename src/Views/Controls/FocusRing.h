@@ -1,8 +1,56 @@
 #pragma once
 
+#include <QObject>
+#include <QPointer>
+#include <QRect>
+
+class QFocusFrame;
+class QPainter;
+class QWidget;
+
 namespace quenara {
 
-/// The line around what is painted by hand and has the focus, in points.
-constexpr double focusLineWidth = 1.5;
+struct ZelvoTheme;
+
+/// The ring around what has the keyboard, in points: a line in the accent colour between two finer
+/// ones, from which it stands out by 3:1 or more wherever it lies.
+constexpr double focusLineWidth = 2;
+constexpr double focusLineEdge = 1;
+constexpr int focusRingWidth = int(focusLineWidth + 2 * focusLineEdge);
+
+/// Paints the ring within \a frame.
+void paintFocusRing(QPainter &painter, const QRectF &frame, const ZelvoTheme &theme);
+
+/// Has the ring lie around \a area of \a widget, in its points, rather than around all of it;
+/// around all of it again for an empty area.
+void setFocusArea(QWidget &widget, const QRect &area);
+
+/// Lays the ring around whatever has the keyboard, in every window of the program, so that no
+/// control paints one itself. What is typed into always has it, all else once the keyboard was used
+/// to come there: a click leaves the keyboard to the show. What cannot be reached by the Tab key
+/// never has it.
+///
+/// To be installed as an event filter on the application.
+class FocusRing : public QObject
+{
+    Q_OBJECT
+
+public:
+    using QObject::QObject;
+    ~FocusRing() override;
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    bool isWanted(const QWidget &widget, Qt::FocusReason reason) const;
+    void comeByKeyboard(QWidget *focused);
+    void place();
+
+    QPointer<QWidget> m_widget; ///< which the ring is around; null while there is none
+    QPointer<QWidget> m_last; ///< which it was around before its window lost the keyboard
+    QPointer<QFocusFrame> m_frame;
+    bool m_isByKeyboard = true; ///< false once the mouse was pressed, until Tab is
+};
 
 } // namespace quenara

@@ -1,6 +1,5 @@
 #include "Slider.h"
 
-#include "FocusRing.h"
 #include "ThemeColors.h"
 
 #include <QAccessibleWidget>
@@ -195,12 +194,6 @@ void Slider::paintEvent(QPaintEvent * /*event*/)
     painter.drawRoundedRect(groove, grooveHeight / 2, grooveHeight / 2);
     painter.setBrush(isEnabled() ? theme.primaryText : theme.mutedText);
     painter.drawEllipse(handle);
-
-    if (hasFocus()) {
-        const double inset = focusLineWidth / 2;
-        painter.setPen(QPen(theme.accent, focusLineWidth));
-        painter.drawEllipse(handle.adjusted(inset, inset, -inset, -inset));
-    }
 }
 
 } // namespace quenara

@@ -1,6 +1,5 @@
 #include "Switch.h"
 
-#include "FocusRing.h"
 #include "ThemeColors.h"
 
 #include <QPainter>
@@ -53,13 +52,6 @@ void Switch::paintEvent(QPaintEvent * /*event*/)
         knob.adjust(1, 1, -1, -1);
     painter.setBrush(isEnabled() ? QColor(Qt::white) : theme.secondaryText);
     painter.drawEllipse(knob);
-
-    if (hasFocus()) {
-        const double inset = focusLineWidth / 2;
-        painter.setBrush(Qt::NoBrush);
-        painter.setPen(QPen(theme.primaryText, focusLineWidth));
-        painter.drawRoundedRect(track.adjusted(inset, inset, -inset, -inset), radius, radius);
-    }
 }
 
 } // namespace quenara

@@ -114,12 +114,6 @@ void LayerRow::paintEvent(QPaintEvent * /*event*/)
         painter.setBrush(isChecked() ? theme.selection : theme.controlBackground);
         painter.drawRoundedRect(rect(), cornerRadius, cornerRadius);
     }
-    if (hasFocus()) {
-        painter.setPen(theme.accent);
-        painter.setBrush(Qt::NoBrush);
-        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), cornerRadius,
-                                cornerRadius);
-    }
     paintSymbol(painter, QRect(iconMargin, (height() - symbolSize) / 2, symbolSize, symbolSize),
                 symbolOf(m_contents.kind), theme.secondaryText);
 }

@@ -1,5 +1,6 @@
 #include "RundownList.h"
 
+#include "FocusRing.h"
 #include "RundownAccessible.h"
 #include "RundownModel.h"
 #include "RundownRowDelegate.h"
@@ -39,6 +40,7 @@ RundownList::RundownList(WorkspaceStore &store, const CommandActions &commands,
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollMode(ScrollPerPixel);
     connect(this, &QListView::clicked, this, &RundownList::choose);
+    connect(this, &RundownList::rowsPlaced, this, &RundownList::showFocus);
     connect(&store, &WorkspaceStore::changed, this, &RundownList::followStore);
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent); // so that scrolling moves what is painted
     followStore();
@@ -156,6 +158,14 @@ void RundownList::endHold()
     updateGeometries();
 }
 
+/// Has the focus ring lie on the row that the keyboard is at, as far as that is in sight.
+void RundownList::showFocus()
+{
+    const QRect row = visualRect(currentIndex()) & viewport()->rect();
+    constexpr int inset = focusRingWidth;
+    setFocusArea(*this, row.translated(viewport()->pos()).adjusted(inset, inset, -inset, -inset));
+}
+
 /// Leaves the layout alone, since no change of a row changes its height: QListView would ask all
 /// rows for theirs.
 void RundownList::dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
@@ -192,6 +202,7 @@ void RundownList::keyPressEvent(QKeyEvent *event)
         choose(index);
         selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
         scrollTo(index);
+        showFocus();
     }
 }
 

@@ -62,6 +62,7 @@ private:
     QModelIndex affectedRow() const;
     std::optional<int> rowFor(const QKeyEvent &event) const;
     void tellOf(int row);
+    void showFocus();
     void followStore();
     void followSelection();
     void followLive();

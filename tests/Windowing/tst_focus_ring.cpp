@@ -1,0 +1,267 @@
+#include "ColorWell.h"
+#include "GuiTestSupport.h"
+#include "ProgramWindows.h"
+#include "SlideCanvas.h"
+
+#include <QFocusFrame>
+
+#include <algorithm>
+
+using namespace quenara;
+using namespace quenara::test;
+
+namespace {
+
+using Open = QWidget *(*)(ProgramWindows &program);
+
+QWidget *openOperator(ProgramWindows &program)
+{
+    program.store.addTextLayer(SlideElementKind::text);
+    return &program.operatorWindow;
+}
+
+QWidget *openOperatorOnShape(ProgramWindows &program)
+{
+    program.store.addShapeLayer();
+    return &program.operatorWindow;
+}
+
+QWidget *openOperatorOnNothing(ProgramWindows &program)
+{
+    program.store.newBlankProject();
+    return &program.operatorWindow;
+}
+
+QWidget *openStartPanel(ProgramWindows &program)
+{
+    program.store.showStartPanel();
+    return QApplication::activeModalWidget();
+}
+
+QWidget *openSongImport(ProgramWindows &program)
+{
+    program.store.setSongImportPresented(true);
+    return QApplication::activeModalWidget();
+}
+
+QWidget *openSettings(ProgramWindows &program)
+{
+    program.settings.present();
+    return &program.settings;
+}
+
+QWidget *openAlert(ProgramWindows &program)
+{
+    program.store.openProject(QUrl::fromLocalFile(QStringLiteral("/nowhere.quenara")));
+    return QApplication::activeModalWidget();
+}
+
+QWidget *openColourDialog(ProgramWindows &program)
+{
+    program.store.addTextLayer(SlideElementKind::text);
+    named<ColorWell>(program.operatorWindow, QStringLiteral("Text Color")).click();
+    return QApplication::activeModalWidget();
+}
+
+constexpr std::pair<const char *, Open> windows[] = {
+    {"the operator window with a text selected", openOperator},
+    {"the operator window with a shape selected", openOperatorOnShape},
+    {"the operator window without a slide", openOperatorOnNothing},
+    {"the start panel", openStartPanel},
+    {"the song import", openSongImport},
+    {"the settings", openSettings},
+    {"an alert", openAlert},
+    {"a colour dialog", openColourDialog},
+};
+
+QString titleOf(const QWidget &widget)
+{
+    return QStringLiteral("%1 \"%2\" ")
+        .arg(QString::fromUtf8(widget.metaObject()->className()), nameOf(widget));
+}
+
+QImage imageOf(QWidget &window)
+{
+    return window.grab().toImage().convertToFormat(QImage::Format_RGB32);
+}
+
+/// Waits until the window has painted all, the thumbnails, too, which are made by and by.
+void settle(QWidget &window)
+{
+    QApplication::setCursorFlashTime(0);
+    QImage before;
+    for (QImage now = imageOf(window); now != before; now = imageOf(window)) {
+        before = now;
+        QCoreApplication::processEvents();
+    }
+}
+
+/// The same while \a ring is not there.
+QImage imageWithout(QWidget &window, QWidget &ring)
+{
+    ring.hide();
+    QImage image = imageOf(window);
+    ring.show();
+    return image;
+}
+
+/// The smallest rectangle around all that differs.
+QRect changeBetween(const QImage &before, const QImage &after)
+{
+    QRect change;
+    for (int y = 0; y < after.height(); ++y) {
+        for (int x = 0; x < after.width(); ++x) {
+            if (before.pixel(x, y) != after.pixel(x, y))
+                change |= QRect(x, y, 1, 1);
+        }
+    }
+    return change;
+}
+
+/// The width in pixels of the widest line near \a start that stands out by 3:1 from what lies on
+/// either side, looked for in the direction of \a step.
+int lineWidthFrom(const QImage &image, QPoint start, const QPoint &step)
+{
+    constexpr int fewPixels = 8;
+    constexpr double enough = 3;
+    int widest = 0;
+    for (int i = 0; i < fewPixels; ++i, start += step) {
+        const QPoint before = start - step;
+        QPoint behind = start;
+        while (image.valid(behind) && image.pixel(behind) == image.pixel(start))
+            behind += step;
+        if (!image.valid(before) || !image.valid(start) || !image.valid(behind))
+            continue;
+        const QColor line = image.pixelColor(start);
+        if (contrast(line, image.pixelColor(before)) >= enough
+            && contrast(line, image.pixelColor(behind)) >= enough)
+            widest = std::max(widest, (behind - start).manhattanLength());
+    }
+    return widest;
+}
+
+/// Describes what lacks of a ring of two points around \a frame; empty if nothing does.
+QString lackOfRing(const QImage &image, const QRect &frame)
+{
+    if (frame.isEmpty())
+        return QStringLiteral("nothing shows");
+    const QPoint middle = frame.center();
+    const std::tuple<const char *, QPoint, QPoint> sides[] = {
+        {"left", {frame.left() - 2, middle.y()}, {1, 0}},
+        {"right", {frame.right() + 2, middle.y()}, {-1, 0}},
+        {"top", {middle.x(), frame.top() - 2}, {0, 1}},
+        {"bottom", {middle.x(), frame.bottom() + 2}, {0, -1}},
+    };
+    for (const auto &[side, start, step] : sides) {
+        const int width = lineWidthFrom(image, start, step);
+        if (width < 2)
+            return QStringLiteral("%1 points at the %2").arg(width).arg(QString::fromUtf8(side));
+    }
+    return {};
+}
+
+bool isReachable(const QWidget &widget)
+{
+    return widget.isVisible() && widget.isEnabled() && (widget.focusPolicy() & Qt::TabFocus)
+        && !widget.focusProxy();
+}
+
+} // namespace
+
+class TestFocusRing : public GuiTest
+{
+    Q_OBJECT
+
+private slots:
+    void whatTabReachesHasARing_data()
+    {
+        QTest::addColumn<ColorScheme>("scheme");
+        QTest::addColumn<Open>("open");
+        for (const ColorScheme scheme : {ColorScheme::dark, ColorScheme::light}) {
+            for (const auto &[name, open] : windows) {
+                QTest::addRow("%s, %s", name, scheme == ColorScheme::dark ? "dark" : "light")
+                    << scheme << open;
+            }
+        }
+    }
+
+    void whatTabReachesHasARing()
+    {
+        QFETCH(ColorScheme, scheme);
+        QFETCH(Open, open);
+        ProgramWindows program;
+        applyTheme(ZelvoTheme::current(scheme));
+        QWidget *window = open(program);
+        ProgramWindows::activate(*window);
+        settle(*window);
+        QWidgetList reached;
+        constexpr int mostStops = 200;
+        for (int i = 0; i < mostStops; ++i) {
+            QTest::keyClick(window->windowHandle(), Qt::Key_Tab);
+            QWidget *focused = QApplication::focusWidget();
+            QVERIFY(focused);
+            if (reached.contains(focused) && focused != reached.constLast())
+                break;
+            if (!reached.contains(focused))
+                reached.append(focused);
+            QCoreApplication::processEvents();
+            auto *ring = window->findChild<QFocusFrame *>();
+            QVERIFY2(ring && ring->isVisible(), qPrintable(titleOf(*focused)));
+            const QImage with = imageOf(*window);
+            const QImage without = imageWithout(*window, *ring);
+            const QString lack = lackOfRing(with, changeBetween(without, with));
+            QVERIFY2(lack.isEmpty(), qPrintable(titleOf(*focused) + lack));
+        }
+        QStringList missed;
+        for (const QWidget *widget : window->findChildren<QWidget *>()) {
+            if (widget->window() == window && isReachable(*widget)
+                && !reached.contains(const_cast<QWidget *>(widget)))
+                missed.append(titleOf(*widget));
+        }
+        QCOMPARE(missed, QStringList());
+    }
+
+    void aClickOnTheRundownOrTheCanvasShowsNoRingAndTabDoes()
+    {
+        ProgramWindows program;
+        QWidget &list = named(program.operatorWindow, QStringLiteral("Rundown"));
+        for (QWidget *clicked :
+             {list.findChild<QWidget *>(QStringLiteral("qt_scrollarea_viewport")),
+              static_cast<QWidget *>(program.operatorWindow.findChild<SlideCanvas *>())}) {
+            QTest::mouseClick(clicked, Qt::LeftButton);
+            QVERIFY(!isRingShown(program));
+            QTest::keyClick(program.operatorWindow.windowHandle(), Qt::Key_Tab);
+            QVERIFY(isRingShown(program));
+        }
+    }
+
+    void aFieldThatIsClickedHasARing()
+    {
+        ProgramWindows program;
+        QTest::mouseClick(&named(program.operatorWindow, QStringLiteral("Title")), Qt::LeftButton);
+        QVERIFY(isRingShown(program));
+        QTest::keyClick(program.operatorWindow.windowHandle(), Qt::Key_Escape);
+        QVERIFY(!isRingShown(program));
+    }
+
+    void theRingGoesWithTheKeyboardAndComesBackWithIt()
+    {
+        ProgramWindows program;
+        QTest::keyClick(program.operatorWindow.windowHandle(), Qt::Key_Tab);
+        program.openStage();
+        ProgramWindows::activate(*program.windows.stageWindow());
+        QVERIFY(!isRingShown(program));
+        ProgramWindows::activate(program.operatorWindow);
+        QVERIFY(isRingShown(program));
+    }
+
+private:
+    static bool isRingShown(const ProgramWindows &program)
+    {
+        const auto *ring = program.operatorWindow.findChild<QFocusFrame *>();
+        return ring && ring->isVisible();
+    }
+};
+
+QUENARA_GUI_TEST_MAIN(TestFocusRing)
+#include "tst_focus_ring.moc"
