@@ -169,7 +169,15 @@ QString wordsOf(QAccessibleInterface &thing)
     return words.join(QStringLiteral(" | "));
 }
 
-/// What a reader finds in the whole program, but for the time.
+/// Whether it comes and goes by itself: the time, and the buttons over the sections in sight, since
+/// the list is scrolled so that the pointer, which an action has not, stays on what was clicked.
+bool isFleeting(QAccessibleInterface &thing)
+{
+    return thing.text(QAccessible::Description) == QStringLiteral("Time")
+        || thing.text(QAccessible::Name).startsWith(QStringLiteral("Move section"));
+}
+
+/// What a reader finds in the whole program.
 QString toldOf(const Program &program)
 {
     QStringList told{QStringLiteral("live %1, queued %2, changed %3")
@@ -177,7 +185,7 @@ QString toldOf(const Program &program)
                          .arg(program.queued())
                          .arg(program.store.hasUnsavedChanges())};
     for (QAccessibleInterface *thing : allThings()) {
-        if (thing->text(QAccessible::Description) != QStringLiteral("Time"))
+        if (!isFleeting(*thing))
             told.append(wordsOf(*thing));
     }
     return told.join(QLatin1Char('\n'));

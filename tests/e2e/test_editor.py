@@ -9,7 +9,7 @@ from program import DISPLAY, OPERATOR, START_PANEL
 from show_case import ReadCase, image_of, run
 
 BUTTON, LAYER, FIELD, PICKER, CHOICE = (
-    "push button", "check box", "text", "combo box", "list item")
+    "push button", "list item", "text", "combo box", "list item")
 IMAGE_PANEL = "Choose Image"
 BLUE = "#3366cc"
 CANVAS_WIDTH = 1920

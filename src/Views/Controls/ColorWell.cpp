@@ -91,7 +91,7 @@ void ColorWell::paintEvent(QPaintEvent * /*event*/)
         painter.fillPath(outline, m_color->toColor());
         painter.restore();
     }
-    painter.setPen(underMouse() ? theme.accent : theme.border);
+    painter.setPen(hasFocus() || underMouse() ? theme.accent : theme.border);
     painter.drawPath(outline);
 }
 
