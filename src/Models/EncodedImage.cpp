@@ -94,7 +94,7 @@ void takeGifColors(Rest &rest, quint8 flags)
 
 void takeGifBlocks(Rest &rest)
 {
-    while (const quint8 size = rest.takeBigEndian<quint8>())
+    while (const auto size = rest.takeBigEndian<quint8>())
         rest.take(size);
 }
 
@@ -149,8 +149,10 @@ bool bmpEndsEarly(Rest rest)
     constexpr quint32 runLengths4 = 2;
     const bool isCompressed = compression == runLengths8 || compression == runLengths4;
     // As reals, since what a hostile header says may be beyond 64 bits.
-    const double rowSize = double((width * bitsPerPixel + 31) / 32 * 4);
-    const double size = isCompressed ? double(compressedSize) : rowSize * std::abs(double(height));
+    const qint64 wordsPerRow = (width * bitsPerPixel + 31) / 32;
+    constexpr double wordSize = 4;
+    const double size = isCompressed ? double(compressedSize)
+                                     : double(wordsPerRow) * wordSize * std::abs(double(height));
     return rest.isCutShort() || double(pixelsStart) + size > double(fileSize);
 }
 

@@ -206,15 +206,19 @@ private:
         bool (*read)(Reader &reader, Element element, T &record);
     };
 
+    template<Record T, std::size_t index>
+    static bool readField(Reader &reader, Element element, T &record)
+    {
+        constexpr auto f = std::get<index>(T::fields());
+        return reader.read(element, record.*f.member);
+    }
+
     /// In the order of their names.
     template<Record T>
     static constexpr auto fieldReaders = []<std::size_t... rank>(std::index_sequence<rank...>) {
         return std::array<FieldReader<T>, sizeof...(rank)>{
             FieldReader<T>{std::get<sortedFields<T>[rank]>(T::fields()).name, sortedFields<T>[rank],
-                           [](Reader &reader, Element element, T &record) {
-                               constexpr auto f = std::get<sortedFields<T>[rank]>(T::fields());
-                               return reader.read(element, record.*f.member);
-                           }}...};
+                           readField<T, sortedFields<T>[rank]>}...};
     }(std::make_index_sequence<fieldCount<T>>());
 
     /// The index of \a key among the sorted fields, their count if it is none of them. Tries
