@@ -411,6 +411,7 @@ private slots:
         };
         row("Return takes", "Sermon", byKey(Qt::Key_Return), true);
         row("Enter takes", "Sermon", byKey(Qt::Key_Enter), true);
+        row("Tab takes", "Sermon", byKey(Qt::Key_Tab), true);
         row("Escape gives up", "Sermon", byKey(Qt::Key_Escape), false);
         row("a blank name is given up", "  ", byKey(Qt::Key_Return), false);
         row("the same name is none", "Item B", byKey(Qt::Key_Return), false);
@@ -443,6 +444,25 @@ private slots:
         QTRY_VERIFY(!op.titleField());
         QCOMPARE(op.store.project().serviceItems.at(1).title, isTaken ? typed : before);
         QCOMPARE(op.undoSteps(), isTaken ? 1 : 0);
+    }
+
+    void whileATitleIsTypedAllKeysAreItsFields()
+    {
+        Rundown op(showOf({2, 3}));
+        op.beginRenaming(rowOfItem(op, QStringLiteral("B")));
+        const QModelIndex current = op.list->currentIndex();
+        const Snapshot before = snapshotOf(op.store);
+        for (const Qt::Key key : {Qt::Key_Up, Qt::Key_Down, Qt::Key_PageUp, Qt::Key_PageDown,
+                                  Qt::Key_Left, Qt::Key_Right, Qt::Key_Space, Qt::Key_F2}) {
+            for (const Qt::KeyboardModifier modifier : {Qt::NoModifier, Qt::ControlModifier})
+                QTest::keyClick(op.view.windowHandle(), key, modifier);
+        }
+        QVERIFY(op.titleField());
+        QVERIFY(snapshotOf(op.store) == before);
+        QCOMPARE(op.list->currentIndex(), current);
+        QTest::keyClick(op.titleField(), Qt::Key_Tab);
+        QTRY_VERIFY(!op.titleField());
+        QCOMPARE(op.list->currentIndex(), current);
     }
 
     void aSlidesRowIsNotRenamed()

@@ -192,6 +192,8 @@ void RundownList::tellOf(int row)
 
 void RundownList::keyPressEvent(QKeyEvent *event)
 {
+    if (state() == EditingState)
+        return event->ignore(); // what the field does not take
     if (event->key() == Qt::Key_F2 && event->modifiers() == Qt::NoModifier)
         return rename(currentIndex());
     const std::optional<int> row = rowFor(*event);
@@ -241,6 +243,14 @@ void RundownList::mouseDoubleClickEvent(QMouseEvent *event)
     QListView::mouseDoubleClickEvent(event);
     if (event->button() == Qt::LeftButton)
         rename(indexAt(event->pos()));
+}
+
+/// Qt would have Tab move on to another row, which nobody has selected.
+void RundownList::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint)
+{
+    const bool movesOn = hint == QAbstractItemDelegate::EditNextItem
+        || hint == QAbstractItemDelegate::EditPreviousItem;
+    QListView::closeEditor(editor, movesOn ? QAbstractItemDelegate::NoHint : hint);
 }
 
 void RundownList::contextMenuEvent(QContextMenuEvent *event)

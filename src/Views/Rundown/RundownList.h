@@ -52,6 +52,7 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint) override;
     void paintEvent(QPaintEvent *event) override;
     void rowsInserted(const QModelIndex &parent, int first, int last) override;
     void scrollContentsBy(int dx, int dy) override;
