@@ -30,7 +30,7 @@ OperatorView::OperatorView(WorkspaceStore &store, const CommandActions &commands
     workArea->addWidget(makeSeparator(Qt::Vertical));
     // The panels beside it have fixed widths: where room is scarce, the canvas gives way.
     workArea->addWidget(new DesignCanvasView(store, commands, caches), 1);
-    workArea->addWidget(new InspectorView(store));
+    workArea->addWidget(new InspectorView(store, caches));
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);

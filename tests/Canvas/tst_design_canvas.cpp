@@ -1,8 +1,10 @@
 #include "DesignCanvas.h"
+#include "LiveSlideMark.h"
 
 #include <QLabel>
 #include <QScreen>
 
+using namespace Qt::StringLiterals;
 using namespace quenara;
 using namespace quenara::test;
 
@@ -73,6 +75,46 @@ private slots:
         QVERIFY(shows(QStringLiteral("Blank project")));
         QVERIFY(shows(QStringLiteral("Add a slide from the rundown to begin.")));
         QVERIFY(!c.canvas->isVisible());
+    }
+
+    void theLiveSlideIsMarkedAsSuchWhileItIsEdited()
+    {
+        const DesignCanvas op(showOf({3}));
+        const auto &mark = named<LiveSlideMark>(op.view, u"You are editing the live slide"_s);
+        QVERIFY(mark.isVisible());
+        op.store.selectSlide(u"A2"_s, true);
+        QVERIFY(!mark.isVisible());
+        op.store.goLive();
+        QVERIFY(mark.isVisible());
+        op.store.queueNext();
+        QVERIFY(!mark.isVisible());
+        op.store.previousLive();
+        QVERIFY(mark.isVisible());
+        op.store.newBlankProject();
+        QVERIFY(!mark.isVisible());
+    }
+
+    void theMarkOfTheLiveSlideMovesNothingAndCoversNoneOfTheSlide_data()
+    {
+        QTest::addColumn<QSize>("size");
+        QTest::newRow("wide") << QSize(1400, 420);
+        QTest::newRow("high") << QSize(560, 900);
+        QTest::newRow("small") << QSize(300, 260);
+    }
+
+    void theMarkOfTheLiveSlideMovesNothingAndCoversNoneOfTheSlide()
+    {
+        QFETCH(QSize, size);
+        DesignCanvas op(showOf({2}));
+        op.view.resize(size);
+        const auto &mark = *op.view.findChild<LiveSlideMark *>();
+        const QRectF place = op.canvas->slideRect();
+        QVERIFY(op.canvas->rect().contains(mark.geometry()));
+        QVERIFY(mark.geometry().bottom() < place.top());
+        const QSize before = op.canvas->size();
+        op.store.selectSlide(u"A2"_s, true);
+        QCOMPARE(op.canvas->slideRect(), place);
+        QCOMPARE(op.canvas->size(), before);
     }
 
     void theButtonsAddLayers_data()
@@ -530,10 +572,10 @@ private slots:
         const QRect slide = c.canvas->slideRect().toAlignedRect();
         const QImage image = c.canvas->grab().toImage();
         const auto lightness = [&](int x, int y) { return image.pixelColor(x, y).lightness(); };
-        const int middle = slide.center().x();
-        QVERIFY(lightness(middle, slide.bottom() + 4) < lightness(middle, slide.top() - 4));
-        QVERIFY(lightness(middle, slide.bottom() + 4) < lightness(middle, slide.bottom() + 20));
-        QCOMPARE(image.pixelColor(middle, slide.bottom() + 50),
+        const int column = slide.left() + slide.width() / 4; // beside what stands over it
+        QVERIFY(lightness(column, slide.bottom() + 4) < lightness(column, slide.top() - 4));
+        QVERIFY(lightness(column, slide.bottom() + 4) < lightness(column, slide.bottom() + 20));
+        QCOMPARE(image.pixelColor(column, slide.bottom() + 50),
                  ZelvoTheme::light().canvasBackground);
     }
 };

@@ -2,6 +2,7 @@
 
 #include "GuiTestSupport.h"
 #include "InspectorView.h"
+#include "RenderCaches.h"
 #include "TestSupport.h"
 
 #include <QColorDialog>
@@ -11,7 +12,8 @@ namespace quenara::test {
 /// An inspector on a world of its own, shown as high as all of its rows.
 struct InspectorWorld : World
 {
-    InspectorView view{store};
+    RenderCaches caches;
+    InspectorView view{store, caches};
 
     explicit InspectorWorld(const ZelvoProject &project, const Caller &caller = Caller::current())
         : World(project)

@@ -3,6 +3,7 @@
 #include "LayerListView.h"
 #include "LayerRow.h"
 #include "SymbolButton.h"
+#include "SymbolLabel.h"
 #include "ZelvoTheme.h"
 
 #include <QPaintEvent>
@@ -97,6 +98,35 @@ class TestLayerListView : public GuiTest
     Q_OBJECT
 
 private slots:
+    void textsThatAreCutAreWarnedOf()
+    {
+        LayerList list(showOf({2}));
+        const auto notice = [&list] {
+            for (const auto *symbol : list.view.findChildren<SymbolLabel *>()) {
+                if (symbol->isVisible())
+                    return symbol->toolTip();
+            }
+            return QString();
+        };
+        const auto setWords = [&list](int count) {
+            list.store.updateSelectedElement([count](SlideElement &layer) {
+                layer.name = u"Verse"_s;
+                layer.text->text = u"words "_s.repeated(count);
+            });
+        };
+        list.store.selectElement(
+            list.store.slideWithID(list.store.selectedSlideID())->design.firstTextElementID());
+        QCOMPARE(notice(), QString());
+        setWords(4000);
+        QCOMPARE(notice(), u"The text of \u201cVerse\u201d does not fit and is cut."_s);
+        list.store.updateSelectedElement([](SlideElement &layer) { layer.visible = false; });
+        QCOMPARE(notice(), QString());
+        list.store.updateSelectedElement([](SlideElement &layer) { layer.visible = true; });
+        QVERIFY(!notice().isEmpty());
+        list.store.queueNext();
+        QCOMPARE(notice(), QString());
+    }
+
     void layersAreListedFromTheTopmostDown()
     {
         const LayerList list;

@@ -898,6 +898,50 @@ private slots:
         QVERIFY(hasColor(&ZelvoTheme::accent));
     }
 
+    void aTextThatIsCutIsWarnedOfOnItsThumbnail()
+    {
+        Rundown op(showOf({2}));
+        op.view.grab();
+        const QModelIndex first = rowOfSlide(op, u"A1"_s);
+        const QModelIndex second = rowOfSlide(op, u"A2"_s);
+        const auto cornerOf = [&](const QModelIndex &row) {
+            const QPoint place = op.list->visualRect(row).topLeft() + QPoint(90, 25);
+            return op.list->viewport()->grab({place, QSize(14, 14)}).toImage();
+        };
+        const auto tip = [&](const QModelIndex &row) {
+            QToolTip::hideText();
+            const QPoint place = op.list->visualRect(row).topLeft() + QPoint(70, 24);
+            QHelpEvent event(QEvent::ToolTip, place, op.list->viewport()->mapToGlobal(place));
+            QApplication::sendEvent(op.list->viewport(), &event);
+            return QToolTip::text();
+        };
+        const auto setWords = [&](int count) {
+            op.store.updateSelectedElement([count](SlideElement &layer) {
+                layer.name = u"Verse"_s;
+                layer.text->text = u"words "_s.repeated(count);
+            });
+            op.view.grab();
+        };
+        op.store.selectElement(
+            op.store.project().serviceItems.first().slides.first().design.firstTextElementID());
+        setWords(3);
+        QCOMPARE(tip(first), QString());
+        setWords(4000);
+        QCOMPARE(tip(first), u"The text of \u201cVerse\u201d does not fit and is cut."_s);
+        QTRY_COMPARE(tip(second), QString()); // a tooltip takes its time to go
+        const QImage warned = cornerOf(first);
+        const QColor warning = ZelvoTheme::current(colorSchemeOf(op.view.palette())).warning;
+        int shown = 0;
+        for (int y = 0; y < warned.height(); ++y) {
+            for (int x = 0; x < warned.width(); ++x)
+                shown += warned.pixelColor(x, y) == warning ? 1 : 0;
+        }
+        QVERIFY(shown > 10);
+        setWords(3);
+        QTRY_COMPARE(tip(first), QString());
+        QVERIFY(cornerOf(first) != warned);
+    }
+
     void theQueueMarkNeverLiesOverTheNumber()
     {
         Rundown op(showOf({1200}));

@@ -5,6 +5,7 @@
 #include "CanvasKeys.h"
 #include "CanvasTextLayerEditor.h"
 #include "FocusRing.h"
+#include "LiveSlideMark.h"
 #include "SelectionMarks.h"
 #include "Show.h"
 #include "ThemeColors.h"
@@ -27,7 +28,7 @@ constexpr double resizeDistance = 1;
 
 SlideCanvas::SlideCanvas(WorkspaceStore &store, RenderCaches &caches, QWidget *parent)
     : QWidget(parent), m_store(store), m_caches(caches),
-      m_editor(new CanvasTextLayerEditor(store, caches, this))
+      m_editor(new CanvasTextLayerEditor(store, caches, this)), m_liveMark(new LiveSlideMark(this))
 {
     setObjectName(QStringLiteral("slideCanvas"));
     setAccessibleRole(*this, QAccessible::Canvas);
@@ -111,6 +112,17 @@ void SlideCanvas::showStore()
         m_focusedElementID.reset();
     showFocus();
     showEditor();
+    showLiveMark();
+}
+
+void SlideCanvas::showLiveMark()
+{
+    const bool isLive = m_slide && m_slide->id == m_store.liveSlideID();
+    if (isLive && !slideRect().isEmpty()) {
+        m_liveMark->showOver(slideRect(), m_store.outputMode());
+    } else {
+        m_liveMark->hide();
+    }
 }
 
 void SlideCanvas::showEditor()
@@ -387,6 +399,7 @@ void SlideCanvas::resizeEvent(QResizeEvent * /*event*/)
     m_backdrop = {};
     showFocus();
     showEditor();
+    showLiveMark();
 }
 
 void SlideCanvas::paintEvent(QPaintEvent * /*event*/)

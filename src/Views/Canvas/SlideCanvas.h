@@ -12,6 +12,7 @@
 namespace quenara {
 
 class CanvasTextLayerEditor;
+class LiveSlideMark;
 struct RenderCaches;
 
 /// The selected slide, whose layers the pointer changes: a press selects a layer, a drag moves it
@@ -71,6 +72,7 @@ private:
 
     void showStore();
     void showEditor();
+    void showLiveMark();
     void showCursor(const QPointF &point);
     void showGuides(bool vertical, bool horizontal);
     void beginEditing(const QString &layerID, const QPointF &point);
@@ -98,6 +100,7 @@ private:
     bool m_showHorizontalCenterGuide = false;
     std::optional<QString> m_editingElementID;
     CanvasTextLayerEditor *m_editor;
+    LiveSlideMark *m_liveMark;
 };
 
 } // namespace quenara

@@ -43,7 +43,7 @@ QWidget *makeSection(const QString &title, QWidget *contents)
 
 } // namespace
 
-InspectorView::InspectorView(WorkspaceStore &store, QWidget *parent)
+InspectorView::InspectorView(WorkspaceStore &store, RenderCaches &caches, QWidget *parent)
     : QWidget(parent), m_selection(store)
 {
     setPanelName(*this, QStringLiteral("inspector"));
@@ -64,7 +64,7 @@ InspectorView::InspectorView(WorkspaceStore &store, QWidget *parent)
     scroll->setFocusPolicy(Qt::NoFocus);
     scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     scroll->setWidgetResizable(true);
-    scroll->setWidget(makeColumn());
+    scroll->setWidget(makeColumn(caches));
 
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(1, 0, 0, 0); // the border on the left
@@ -73,7 +73,7 @@ InspectorView::InspectorView(WorkspaceStore &store, QWidget *parent)
     layout->addWidget(scroll, 1);
 }
 
-QWidget *InspectorView::makeColumn()
+QWidget *InspectorView::makeColumn(RenderCaches &caches)
 {
     auto *column = new QWidget;
     // The column is as wide without the scroll bar as beside it.
@@ -91,7 +91,7 @@ QWidget *InspectorView::makeColumn()
     enable();
     layout->addWidget(makeSection(QStringLiteral("Slide"), slide));
     layout->addWidget(makeSeparator(Qt::Horizontal));
-    layout->addWidget(makeSection({}, new LayerListView(m_selection.store())));
+    layout->addWidget(makeSection({}, new LayerListView(m_selection.store(), caches)));
     layout->addWidget(makeSeparator(Qt::Horizontal));
     layout->addWidget(makeSection(QStringLiteral("Background"), background));
     layout->addWidget(makeSeparator(Qt::Horizontal));

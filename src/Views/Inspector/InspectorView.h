@@ -6,6 +6,8 @@
 
 namespace quenara {
 
+struct RenderCaches;
+
 /// The properties of the selected slide, its background and its selected layer, with the list of
 /// its layers.
 class InspectorView : public QWidget
@@ -13,10 +15,10 @@ class InspectorView : public QWidget
     Q_OBJECT
 
 public:
-    explicit InspectorView(WorkspaceStore &store, QWidget *parent = nullptr);
+    InspectorView(WorkspaceStore &store, RenderCaches &caches, QWidget *parent = nullptr);
 
 private:
-    QWidget *makeColumn();
+    QWidget *makeColumn(RenderCaches &caches);
 
     SelectionBindings m_selection;
 };

@@ -1,10 +1,13 @@
 #include "LayerListView.h"
 
 #include "AccessibleControls.h"
+#include "CutText.h"
 #include "InspectorRows.h"
 #include "LayerRow.h"
+#include "PlainToolTip.h"
 #include "RoleLabel.h"
 #include "SymbolButton.h"
+#include "SymbolLabel.h"
 #include "WorkspaceStore.h"
 
 #include <QHBoxLayout>
@@ -19,6 +22,8 @@ namespace quenara {
 namespace {
 
 constexpr int actionGap = 4;
+constexpr int warningSize = 14;
+constexpr int warningGap = 6;
 constexpr int belowHeader = 4;
 constexpr int actionsMargin = 8; ///< above them
 
@@ -53,9 +58,11 @@ QList<LayerRow::Contents> rowsOf(const QList<SlideElement> &elements)
 
 } // namespace
 
-LayerListView::LayerListView(WorkspaceStore &store, QWidget *parent)
-    : QWidget(parent), m_store(store), m_header(makeHeader()), m_list(new QWidget),
-      m_rowsLayout(new QVBoxLayout(m_list)), m_actions(makeActions())
+LayerListView::LayerListView(WorkspaceStore &store, RenderCaches &caches, QWidget *parent)
+    : QWidget(parent), m_store(store), m_caches(caches),
+      m_warning(new SymbolLabel(QLatin1String(cutTextSymbol), warningSize, &ZelvoTheme::warning)),
+      m_header(makeHeader()), m_list(new QWidget), m_rowsLayout(new QVBoxLayout(m_list)),
+      m_actions(makeActions())
 {
     setAccessibleRole(*m_list, QAccessible::List);
     m_list->setAccessibleName(QStringLiteral("Layers"));
@@ -84,7 +91,10 @@ QWidget *LayerListView::makeHeader()
     auto *header = new QHBoxLayout(widget);
     header->setContentsMargins(0, 0, 0, belowHeader);
     header->setSpacing(0);
-    header->addWidget(makeRoleLabel(QStringLiteral("sectionTitle"), QStringLiteral("Layers")), 1);
+    header->addWidget(makeRoleLabel(QStringLiteral("sectionTitle"), QStringLiteral("Layers")));
+    header->addSpacing(warningGap);
+    header->addWidget(m_warning);
+    header->addStretch(1);
     header->addWidget(addText);
     header->addWidget(addShape);
     m_lastTabStop = addShape;
@@ -135,6 +145,19 @@ void LayerListView::updateLayerOf(const LayerRow &row,
     m_store.endGesture(click);
 }
 
+/// Tells which texts are cut. What is looked at is the design, so that no other change costs time.
+void LayerListView::showWarning(const std::optional<Slide> &slide)
+{
+    const std::optional<SlideDesign> design = slide ? std::optional(slide->design) : std::nullopt;
+    if (design == m_checkedDesign)
+        return;
+    m_checkedDesign = design;
+    const QString notice = design ? cutTextNotice(layersWithCutText(*design, m_caches)) : QString();
+    m_warning->setVisible(!notice.isEmpty());
+    m_warning->setAccessibleName(notice);
+    m_warning->setToolTip(plainToolTip(notice));
+}
+
 void LayerListView::showStore()
 {
     const std::optional<Slide> slide = m_store.slideWithID(m_store.selectedSlideID());
@@ -159,6 +182,7 @@ void LayerListView::showStore()
         }
     }
     m_rowsLayout->setEnabled(true);
+    showWarning(slide);
     enableControls(*m_header, slide.has_value());
     enableControls(*m_actions, m_store.selectedElement().has_value());
 }

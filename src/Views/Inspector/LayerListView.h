@@ -1,17 +1,20 @@
 #pragma once
 
+#include "ProjectModels.h"
+
 #include <QList>
 #include <QWidget>
 
 #include <functional>
+#include <optional>
 
 class QVBoxLayout;
 
 namespace quenara {
 
 class LayerRow;
+struct RenderCaches;
 class WorkspaceStore;
-struct SlideElement;
 
 /// The layers of the selected slide, topmost first, with buttons that add, copy, delete and move
 /// them.
@@ -20,7 +23,7 @@ class LayerListView : public QWidget
     Q_OBJECT
 
 public:
-    explicit LayerListView(WorkspaceStore &store, QWidget *parent = nullptr);
+    LayerListView(WorkspaceStore &store, RenderCaches &caches, QWidget *parent = nullptr);
 
 private:
     QWidget *makeHeader();
@@ -29,7 +32,12 @@ private:
     void updateLayerOf(const LayerRow &row, const std::function<void(SlideElement &)> &update);
     void showStore();
 
+    void showWarning(const std::optional<Slide> &slide);
+
     WorkspaceStore &m_store;
+    RenderCaches &m_caches;
+    std::optional<SlideDesign> m_checkedDesign; ///< what the warning is about
+    QWidget *m_warning;
     QWidget *m_lastTabStop = nullptr; ///< in the last row, or in the header if there is none
     QWidget *m_header;
     QWidget *m_list;

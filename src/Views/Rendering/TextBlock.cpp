@@ -57,6 +57,7 @@ TextBlock::TextBlock(const TextElementProperties &text, const QSizeF &box, const
     if (doesFit()) {
         shrink();
     } else {
+        m_isCut = true;
         truncate();
     }
 }

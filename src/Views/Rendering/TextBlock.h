@@ -48,6 +48,9 @@ public:
     /// The factor that the font is shrunk by, from the limits' smallestFit to 1.
     double fit() const { return m_fit; }
 
+    /// Whether the text does not fit even at its smallest, so that it ends in an ellipsis.
+    bool isCut() const { return m_isCut; }
+
     /// The shown text of each line, without what ends it.
     [[nodiscard]] QStringList lines() const;
 
@@ -99,6 +102,7 @@ private:
     ShownText m_shown;
     std::unique_ptr<QTextLayout> m_layout;
     double m_fit = 1;
+    bool m_isCut = false;
     QRectF m_bounds;
     bool m_areGathered = false;
     QList<QGlyphRun> m_letters;

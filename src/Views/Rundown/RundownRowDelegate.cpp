@@ -1,10 +1,12 @@
 #include "RundownRowDelegate.h"
 
 #include "Badge.h"
+#include "CutText.h"
 #include "ElidedText.h"
 #include "Fonts.h"
 #include "OutputModeBadge.h"
 #include "PaintingWorkarounds.h"
+#include "PlainToolTip.h"
 #include "RoundedShapes.h"
 #include "RundownModel.h"
 #include "SlideThumbnails.h"
@@ -40,6 +42,8 @@ constexpr double itemTitleLeft = 32;
 constexpr int symbolSize = 16;
 constexpr double textSize = 12;
 constexpr double pointerSize = 7;
+constexpr int warningSize = 12;
+constexpr int warningPlate = 16; ///< that the warning lies on, in the thumbnail's corner
 
 /// Draws \a text in one line, with an ellipsis where it does not fit.
 void drawText(QPainter &painter, const QString &text, const QFont &font, const QColor &color,
@@ -83,6 +87,31 @@ QRectF titleBox(const QRectF &row, const QModelIndex &index)
         : 0;
     return row.adjusted(thumbnailLeft + SlideThumbnails::size.width() + gap + 2, 0, -gap - badge,
                         0);
+}
+
+/// Null for a service item's row.
+const Slide *slideOf(const QModelIndex &index)
+{
+    const auto *model = qobject_cast<const RundownModel *>(index.model());
+    return model ? model->slideAt(index) : nullptr;
+}
+
+QRectF thumbnailBox(const QRectF &row)
+{
+    const QSizeF size = SlideThumbnails::size;
+    return {QPointF(row.left() + thumbnailLeft, row.top() + (row.height() - size.height()) / 2),
+            size};
+}
+
+/// Draws the sign that a text is cut into the corner of a thumbnail.
+void drawWarning(QPainter &painter, const QRectF &thumbnail, const ZelvoTheme &theme)
+{
+    const QRectF plate(thumbnail.right() - warningPlate - 1, thumbnail.bottom() - warningPlate - 1,
+                       warningPlate, warningPlate);
+    fillRoundedRect(painter, plate, thumbnailRadius - 1, theme.panelBackground);
+    const int margin = (warningPlate - warningSize) / 2;
+    paintSymbol(painter, plate.toRect().adjusted(margin, margin, -margin, -margin),
+                QLatin1String(cutTextSymbol), theme.warning);
 }
 
 QPainterPath shapeOf(const QRectF &row)
@@ -180,14 +209,13 @@ void RundownRowDelegate::paintSlide(QPainter &painter, const QStyleOptionViewIte
     drawText(painter, QString::number(number), numberFont(number), theme.secondaryText,
              {row.left() + numberLeft, row.top(), numberRight - numberLeft, row.height()},
              Qt::AlignRight);
-    const QSizeF size = SlideThumbnails::size;
-    const QRectF thumbnailBox(
-        QPointF(row.left() + thumbnailLeft, row.top() + (row.height() - size.height()) / 2), size);
-    const auto *model = qobject_cast<const RundownModel *>(index.model());
-    if (const Slide *slide = model ? model->slideAt(index) : nullptr) {
+    if (const Slide *slide = slideOf(index)) {
+        const QRectF thumbnail = thumbnailBox(row);
         drawThumbnail(painter,
                       m_thumbnails.thumbnail(*slide, painter.device()->devicePixelRatioF()),
-                      thumbnailBox, theme);
+                      thumbnail, theme);
+        if (!m_thumbnails.cutLayers(*slide).isEmpty())
+            drawWarning(painter, thumbnail, theme);
     }
     const QRectF title = titleBox(row, index);
     if (index.data(RundownModel::isLiveRole).toBool()) {
@@ -234,10 +262,17 @@ void RundownRowDelegate::updateEditorGeometry(QWidget *editor, const QStyleOptio
                             .toRect());
 }
 
-/// Shows a tooltip only for a title that is cut short in its row.
+/// Shows a tooltip for a title that is cut short in its row, and one for a slide whose text is.
 bool RundownRowDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
                                    const QStyleOptionViewItem &option, const QModelIndex &index)
 {
+    const Slide *slide = slideOf(index);
+    const QString notice = slide ? cutTextNotice(m_thumbnails.cutLayers(*slide)) : QString();
+    if (event->type() == QEvent::ToolTip && !notice.isEmpty()
+        && thumbnailBox(rowOf(option.rect)).contains(event->pos())) {
+        QToolTip::showText(event->globalPos(), plainToolTip(notice), view);
+        return true;
+    }
     const QFont font =
         index.data(RundownModel::isServiceItemRole).toBool() ? itemFont() : titleFont();
     const QString title = index.data(Qt::DisplayRole).toString();

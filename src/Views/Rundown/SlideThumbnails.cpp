@@ -1,5 +1,6 @@
 #include "SlideThumbnails.h"
 
+#include "CutText.h"
 #include "SlideRendererView.h"
 
 #include <QPainter>
@@ -31,8 +32,15 @@ QPixmap SlideThumbnails::thumbnail(const Slide &slide, double devicePixelRatio)
     }
     ++m_madeCount;
     const QPixmap pixmap = made(key);
-    m_entries.insert(slide.id, new Entry{key, pixmap});
+    // The texts have just been laid out for the image.
+    m_entries.insert(slide.id, new Entry{key, pixmap, layersWithCutText(key.design, m_caches)});
     return pixmap;
+}
+
+QStringList SlideThumbnails::cutLayers(const Slide &slide) const
+{
+    const Entry *known = m_entries.object(slide.id);
+    return known && known->key.design == slide.design ? known->cutLayers : QStringList();
 }
 
 QPixmap SlideThumbnails::made(const Key &key) const

@@ -5,6 +5,7 @@
 #include <QCache>
 #include <QElapsedTimer>
 #include <QPixmap>
+#include <QStringList>
 
 namespace quenara {
 
@@ -24,6 +25,9 @@ public:
 
     /// Null if the thumbnail is not made yet and the time is up; it is then owed.
     QPixmap thumbnail(const Slide &slide, double devicePixelRatio);
+
+    /// The names of the layers of \a slide whose text is cut, once its thumbnail is made.
+    QStringList cutLayers(const Slide &slide) const;
 
     /// Whether any thumbnail was asked for and not given since startMaking().
     bool owesThumbnails() const { return m_owesThumbnails; }
@@ -45,6 +49,7 @@ private:
     {
         Key key;
         QPixmap pixmap;
+        QStringList cutLayers;
     };
 
     QPixmap made(const Key &key) const;
