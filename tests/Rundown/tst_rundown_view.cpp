@@ -7,6 +7,7 @@
 #include "RundownView.h"
 
 #include <QAccessible>
+#include <QCursor>
 #include <QDialog>
 #include <QHelpEvent>
 #include <QLineEdit>
@@ -20,6 +21,8 @@ using namespace quenara;
 using namespace quenara::test;
 
 namespace {
+
+constexpr QPoint beside(RundownView::panelWidth + 50, 10); ///< a place that is not in the view
 
 /// The rundown as a window of its own.
 struct Rundown : CommandWorld
@@ -580,9 +583,10 @@ private slots:
     void aSectionsButtonsMoveThatSection()
     {
         Rundown op(showOf({1, 1, 1}));
+        QCursor::setPos(op.view.mapToGlobal(beside)); // as a reader presses them
         press(op.view, QStringLiteral("Move section down"), 1);
         QCOMPARE(op.store.project().serviceItems.at(2).id, QStringLiteral("B"));
-        press(op.view, QStringLiteral("Move section up"), 1); // the first one was scrolled away
+        press(op.view, QStringLiteral("Move section up"), 2);
         QCOMPARE(op.store.project().serviceItems.at(1).id, QStringLiteral("B"));
     }
 
@@ -825,6 +829,7 @@ private slots:
         });
         QVERIFY(own != buttons.end());
         const QPoint place = (*own)->mapTo(&op.view, (*own)->rect().center());
+        QCursor::setPos(op.view.mapToGlobal(place));
         for (int click = 0; click < 3; ++click) {
             // Where the pointer stays, whatever lies there by now.
             QWidget *below = op.view.childAt(place);
@@ -839,6 +844,7 @@ private slots:
         QCOMPARE(order, expected);
         QVERIFY(largestDifference(seenOf(op), paintedAnew(op)) <= 4);
 
+        QCursor::setPos(op.view.mapToGlobal(beside));
         QEvent leaving(QEvent::Leave);
         QApplication::sendEvent(&op.view, &leaving);
         QCOMPARE(op.list->verticalScrollBar()->minimum(), 0);

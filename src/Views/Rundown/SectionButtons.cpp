@@ -7,6 +7,7 @@
 #include "WorkspaceStore.h"
 
 #include <QApplication>
+#include <QCursor>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -62,6 +63,9 @@ void SectionButtons::moveSection(const QString &itemID, Command command)
         move();
     } else {
         m_list.hold(itemID, move);
+        // A reader presses the button wherever the pointer is.
+        if (!parentWidget()->rect().contains(parentWidget()->mapFromGlobal(QCursor::pos())))
+            m_list.endHold();
     }
     if (SymbolButton *now = own(); now && hadFocus)
         now->setFocus(Qt::OtherFocusReason);
