@@ -81,8 +81,8 @@ void WorkspaceStore::save(const QUrl &url)
         next.project = ProjectFileService::save(std::move(next.project), url, now);
     } catch (const ProjectFileError &error) {
         return fail(error.description());
-    } catch (const ProjectEncodingError &error) {
-        return fail(error.description());
+    } catch (const ProjectEncodingError &) {
+        return fail(ProjectEncodingError::description());
     }
     next.currentFileURL = url;
     next.hasUnsavedChanges = false;
