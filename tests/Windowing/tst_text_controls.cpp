@@ -83,13 +83,13 @@ struct Typing : ProgramWindows
         press(*window, Qt::Key_A, Qt::ControlModifier);
     }
 
-    void type(std::initializer_list<Qt::Key> keys)
+    void type(std::initializer_list<Qt::Key> keys) const
     {
         for (const Qt::Key key : keys)
             press(*window, key);
     }
 
-    void save() { press(*window, Qt::Key_S, Qt::ControlModifier); }
+    void save() const { press(*window, Qt::Key_S, Qt::ControlModifier); }
 
     QString textIn(const QWidget &control) const
     {

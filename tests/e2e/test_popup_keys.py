@@ -1,10 +1,12 @@
 """Keys pressed while a list, a menu or a dialog of the operator window has the keyboard."""
 
 from processes import wait_until
-from program import DISPLAY, OPERATOR
+from program import DISPLAY, OPERATOR, SONG_IMPORT, START_PANEL
 from show_case import ReadCase, run
 
 PICKER, ROW, BUTTON = "combo box", "list item", "push button"
+OPEN_PANEL = "Open Quenara Project"
+IMAGE_PANEL = "Choose Image"
 LIVE = 1
 QUEUED = 0
 BARE_KEYS = ("b", "l", "space", "Right", "Left", "Down", "Up", "Page_Down", "Page_Up")
@@ -87,6 +89,47 @@ class PopupKeys(ReadCase):
         self.program.press("alt", *arrows, "Escape", "Escape")
         self.see_nothing_moved()
         self.see_slide(LIVE)
+
+    def each_dialog(self):
+        """The dialogs that buttons open, each opened anew whenever it is asked for: its title and
+        what opens it."""
+        for button, window in (("Open", OPEN_PANEL), ("Choose Image...", IMAGE_PANEL),
+                               ("New", START_PANEL), ("Paste song lyrics", SONG_IMPORT)):
+            yield window, self.thing(button, BUTTON).press
+
+    def close(self, window):
+        if self.program.window(window):
+            self.program.focus(window)
+            self.program.press("Escape")
+        self.program.wait_for_no_window(window)
+
+    def test_a_sheet_and_a_file_dialog_have_every_key(self):
+        for window, open_dialog in self.each_dialog():
+            # On the start panel these choose a project.
+            chosen = {"space", *CLOSING_KEYS} if window == START_PANEL else set()
+            for key in (*BARE_KEYS, *CLOSING_KEYS):
+                if key in chosen:
+                    continue
+                with self.subTest(window=window, key=key):
+                    open_dialog()
+                    self.program.focus(window)
+                    self.program.press(key)
+                    self.close(window)
+                    self.see_nothing_moved()
+        self.see_slide(LIVE)
+
+    def test_the_display_keeps_its_keys_while_a_sheet_or_a_file_dialog_is_open(self):
+        for window, open_dialog in self.each_dialog():
+            with self.subTest(window=window):
+                open_dialog()
+                self.program.focus(window)
+                self.program.focus(DISPLAY)
+                self.program.press("b")
+                self.see_black()
+                self.program.press("b")
+                self.see_slide(LIVE)
+                self.close(window)
+                self.program.focus(OPERATOR)
 
     def test_a_colour_dialog_has_every_key_and_the_display_keeps_its_own(self):
         self.click("Band", ROW)

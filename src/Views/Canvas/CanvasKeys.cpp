@@ -9,7 +9,7 @@ namespace quenara {
 
 namespace {
 
-constexpr double step = 1;
+constexpr double smallStep = 1;
 constexpr double largeStep = 10;
 
 /// \a modifiers are those that the arrow is pressed with, Shift apart.
@@ -18,7 +18,7 @@ std::optional<QPointF> arrowStep(const QKeyEvent &event, Qt::KeyboardModifiers m
     constexpr Qt::KeyboardModifiers others = Qt::ShiftModifier | Qt::KeypadModifier;
     if ((event.modifiers() & ~others) != modifiers)
         return std::nullopt;
-    const double by = event.modifiers().testFlag(Qt::ShiftModifier) ? largeStep : step;
+    const double by = event.modifiers().testFlag(Qt::ShiftModifier) ? largeStep : smallStep;
     switch (event.key()) {
     case Qt::Key_Left:
         return QPointF(-by, 0);

@@ -17,10 +17,10 @@ struct Movement
     EditingTarget target;
 };
 
-constexpr EditingTarget start = [](const EditedText &, const TextLayoutGeometry &) {
+constexpr EditingTarget startOfText = [](const EditedText &, const TextLayoutGeometry &) {
     return qsizetype(0);
 };
-constexpr EditingTarget end = [](const EditedText &edit, const TextLayoutGeometry &) {
+constexpr EditingTarget endOfText = [](const EditedText &edit, const TextLayoutGeometry &) {
     return edit.text.size();
 };
 constexpr EditingTarget endOfLine = [](const EditedText &edit, const TextLayoutGeometry &places) {
@@ -49,10 +49,10 @@ constexpr auto movements = std::to_array<Movement>({
      [](const EditedText &edit, const TextLayoutGeometry &) { return edit.startOfParagraph(); }},
     {QKeySequence::MoveToEndOfBlock, QKeySequence::SelectEndOfBlock,
      [](const EditedText &edit, const TextLayoutGeometry &) { return edit.endOfParagraph(); }},
-    {QKeySequence::MoveToStartOfDocument, QKeySequence::SelectStartOfDocument, start},
-    {QKeySequence::MoveToEndOfDocument, QKeySequence::SelectEndOfDocument, end},
-    {QKeySequence::MoveToPreviousPage, QKeySequence::SelectPreviousPage, start},
-    {QKeySequence::MoveToNextPage, QKeySequence::SelectNextPage, end},
+    {QKeySequence::MoveToStartOfDocument, QKeySequence::SelectStartOfDocument, startOfText},
+    {QKeySequence::MoveToEndOfDocument, QKeySequence::SelectEndOfDocument, endOfText},
+    {QKeySequence::MoveToPreviousPage, QKeySequence::SelectPreviousPage, startOfText},
+    {QKeySequence::MoveToNextPage, QKeySequence::SelectNextPage, endOfText},
 });
 
 struct Removal

@@ -18,7 +18,7 @@ namespace quenara {
 namespace {
 
 constexpr auto areaProperty = "focusArea";
-constexpr double cornerRadius = 8;
+constexpr double ringRadius = 8;
 
 /// Qt tells assistive technologies nothing of a focus frame.
 class RingFrame : public QFocusFrame
@@ -48,7 +48,7 @@ private:
     /// What the round inner corners of the ring reach into.
     static QRegion cornersOf(const QRect &frame)
     {
-        constexpr int size = int(cornerRadius);
+        constexpr int size = int(ringRadius);
         QRegion corners;
         for (const QPoint &corner : {frame.topLeft(), frame.topRight() - QPoint(size - 1, 0),
                                      frame.bottomLeft() - QPoint(0, size - 1),
@@ -85,7 +85,7 @@ void paintFocusRing(QPainter &painter, const QRectF &frame, const ZelvoTheme &th
     const double inset = focusLineWidth / 2 + focusLineEdge;
     const QRectF line = frame.adjusted(inset, inset, -inset, -inset);
     // Even around something thin there is a straight piece on each side.
-    const double radius = std::min(cornerRadius - inset, std::min(line.width(), line.height()) / 4);
+    const double radius = std::min(ringRadius - inset, std::min(line.width(), line.height()) / 4);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(theme.inputBackground, focusRingWidth));
