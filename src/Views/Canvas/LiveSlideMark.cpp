@@ -10,7 +10,7 @@ namespace quenara {
 
 namespace {
 
-constexpr double distance = 3; // points between the mark and the slide
+constexpr double markDistance = 3; // points between the mark and the slide
 
 Badge markIn(const QColor &color)
 {
@@ -30,7 +30,7 @@ void LiveSlideMark::showOver(const QRectF &slide, OutputMode mode)
 {
     const QSize size = markIn({}).size().toSize();
     setGeometry({QPoint(int(slide.center().x()) - size.width() / 2,
-                        int(slide.top() - distance) - size.height()),
+                        int(slide.top() - markDistance) - size.height()),
                  size});
     if (mode != m_mode)
         update();
