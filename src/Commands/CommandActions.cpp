@@ -1,6 +1,7 @@
 #include "CommandActions.h"
 
 #include "OutputWindows.h"
+#include "PlainToolTip.h"
 #include "Typing.h"
 #include "WorkspaceStore.h"
 
@@ -18,10 +19,7 @@ QString toolTipOf(const CommandDescription &description, const QAction &action)
 {
     const QString text =
         description.toolTip ? QString::fromUtf8(description.toolTip) : action.iconText();
-    const QKeySequence key = action.shortcut();
-    return key.isEmpty()
-        ? text
-        : QStringLiteral("%1 (%2)").arg(text, key.toString(QKeySequence::NativeText));
+    return buttonToolTip(text, action.shortcut());
 }
 
 } // namespace

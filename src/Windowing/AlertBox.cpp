@@ -1,5 +1,8 @@
 #include "AlertBox.h"
 
+#include "PlainToolTip.h"
+
+#include <QAbstractButton>
 #include <QApplication>
 #include <QLabel>
 
@@ -21,6 +24,17 @@ AlertBox::AlertBox(const QString &text, const QString &detail, StandardButtons b
         label->setTextFormat(Qt::PlainText);
     setIconPixmap(QApplication::windowIcon().pixmap(iconSize));
     setWindowModality(Qt::WindowModal);
+}
+
+void AlertBox::showEvent(QShowEvent *event)
+{
+    QMessageBox::showEvent(event);
+    for (QAbstractButton *button : QMessageBox::buttons()) {
+        const bool isByEscape = button == escapeButton();
+        button->setToolTip(
+            buttonToolTip(button->text().remove(QLatin1Char('&')),
+                          isByEscape ? QKeySequence(Qt::Key_Escape) : QKeySequence()));
+    }
 }
 
 } // namespace quenara

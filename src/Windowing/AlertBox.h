@@ -12,6 +12,9 @@ class AlertBox : public QMessageBox
 
 public:
     AlertBox(const QString &text, const QString &detail, StandardButtons buttons, QWidget *parent);
+
+protected:
+    void showEvent(QShowEvent *event) override;
 };
 
 } // namespace quenara

@@ -122,7 +122,7 @@ private slots:
         QTest::keyClick(view.windowHandle(), Qt::Key_D, Qt::AltModifier);
         QTRY_COMPARE(chosen.size(), 1);
         QCOMPARE(chosen.constFirst().constFirst().toString(), u"dark"_s);
-        QCOMPARE(view.findChildren<QPushButton *>().constLast()->toolTip(), u"Alt+D"_s);
+        QCOMPARE(view.findChildren<QPushButton *>().constLast()->toolTip(), u"Dark (Alt+D)"_s);
     }
 };
 

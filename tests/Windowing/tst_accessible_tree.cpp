@@ -2,6 +2,7 @@
 #include "ProgramWindows.h"
 #include "RundownList.h"
 
+#include <QAbstractButton>
 #include <QAccessible>
 #include <QColorDialog>
 #include <QComboBox>
@@ -108,16 +109,11 @@ void openAbout(Program &program)
 }
 
 constexpr State states[] = {
-    {"a text layer is selected", selectText},
-    {"a shape is selected", selectShape},
-    {"there is no slide", selectNoSlide},
-    {"the screen is black", blackOut},
-    {"both output windows are open", openOutputs},
-    {"the start panel is open", openStartPanel},
-    {"the song import is open", openSongImport},
-    {"a section is renamed", renameSection},
-    {"the settings are open", openSettings},
-    {"an alert is open", openAlert},
+    {"a text layer is selected", selectText},      {"a shape is selected", selectShape},
+    {"there is no slide", selectNoSlide},          {"the screen is black", blackOut},
+    {"both output windows are open", openOutputs}, {"the start panel is open", openStartPanel},
+    {"the song import is open", openSongImport},   {"a section is renamed", renameSection},
+    {"the settings are open", openSettings},       {"an alert is open", openAlert},
     {"the program tells about itself", openAbout},
 };
 
@@ -264,6 +260,20 @@ private slots:
                      told);
             QVERIFY2(thing->role() != QAccessible::Client && thing->role() != QAccessible::NoRole,
                      told);
+        }
+    }
+
+    void everyButtonHasAToolTip_data() { addRowsForStates(); }
+
+    void everyButtonHasAToolTip()
+    {
+        QFETCH(Program::Arrange, arrange);
+        const Program program(arrange);
+        for (QAccessibleInterface *thing : allThings()) {
+            const auto *button = qobject_cast<const QAbstractButton *>(thing->object());
+            // The rows of the list of layers say all that there is to say of them.
+            if (button && thing->role() != QAccessible::ListItem)
+                QVERIFY2(!button->toolTip().isEmpty(), wordsOf(*thing).toUtf8());
         }
     }
 

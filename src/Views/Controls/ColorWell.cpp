@@ -29,6 +29,7 @@ void paintChecks(QPainter &painter, const QRect &area, const ZelvoTheme &theme)
 ColorWell::ColorWell(const QString &title, QWidget *parent) : QAbstractButton(parent)
 {
     setAccessibleName(title);
+    setToolTip(title);
     setFocusPolicy(Qt::TabFocus);
     setAttribute(Qt::WA_Hover);
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);

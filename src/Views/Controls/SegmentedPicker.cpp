@@ -2,6 +2,7 @@
 
 #include "AccessibleControls.h"
 #include "ExclusiveButtons.h"
+#include "PlainToolTip.h"
 
 #include <QHBoxLayout>
 #include <QPushButton>
@@ -27,6 +28,7 @@ SegmentedPicker::SegmentedPicker(const QString &title, const QStringList &segmen
     for (const QString &segment : segments) {
         auto *button = new QPushButton(segment);
         button->setProperty("look", QStringLiteral("segment"));
+        button->setToolTip(segment);
         button->setCheckable(true);
         button->setAutoExclusive(true); // so that a screen reader calls it a radio button
         button->setAutoDefault(false);
@@ -47,7 +49,7 @@ void SegmentedPicker::setShortcuts(const QList<QKeySequence> &shortcuts)
     for (QAbstractButton *button : m_segments.buttons()) {
         const QKeySequence &shortcut = shortcuts.at(m_segments.id(button));
         button->setShortcut(shortcut);
-        button->setToolTip(shortcut.toString(QKeySequence::NativeText));
+        button->setToolTip(buttonToolTip(button->text(), shortcut));
     }
 }
 

@@ -16,6 +16,7 @@ constexpr double knobInset = 2;
 Switch::Switch(const QString &title, QWidget *parent) : QAbstractButton(parent)
 {
     setAccessibleName(title);
+    setToolTip(title);
     setCheckable(true);
     setFocusPolicy(Qt::TabFocus);
     setAttribute(Qt::WA_Hover);

@@ -1,5 +1,6 @@
 #include "SongImportSheet.h"
 
+#include "PlainToolTip.h"
 #include "RoleLabel.h"
 #include "TextBox.h"
 #include "WorkspaceStore.h"
@@ -40,6 +41,8 @@ SongImportSheet::SongImportSheet(WorkspaceStore &store, SongImportDraft &draft, 
     }
     auto *cancel = new QPushButton(QStringLiteral("Cancel"));
     auto *import = new QPushButton(QStringLiteral("Import Song"));
+    cancel->setToolTip(buttonToolTip(cancel->text(), Qt::Key_Escape));
+    import->setToolTip(import->text());
     import->setProperty("look", QStringLiteral("primary"));
     import->setDefault(true);
 

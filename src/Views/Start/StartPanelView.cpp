@@ -3,6 +3,7 @@
 #include "CommandActions.h"
 #include "CommandButton.h"
 #include "ElidedLabel.h"
+#include "PlainToolTip.h"
 #include "RoleLabel.h"
 #include "ShownPath.h"
 #include "Symbols.h"
@@ -90,6 +91,7 @@ QPushButton *makeRecentRow(const RecentProject &project)
     row->setProperty("role", QStringLiteral("recent"));
     row->setProperty("isMissing", isMissing);
     row->setFixedHeight(recentRowHeight);
+    row->setToolTip(plainToolTip(project.path));
     row->setAccessibleName(project.name.isEmpty() ? path : project.name);
     row->setAccessibleDescription(isMissing ? QStringLiteral("%1, file not found").arg(path)
                                             : path);
@@ -153,6 +155,7 @@ QWidget *StartPanelView::makeStartColumn()
     for (const Command command : starts) {
         auto *button =
             new StartButton(startTitle(m_commands, command), symbolOf(*m_commands.action(command)));
+        button->setToolTip(m_commands.action(command)->toolTip());
         connect(button, &QPushButton::clicked, this,
                 [this, command] { m_commands.perform(command, this); });
         layout->addWidget(button);

@@ -137,7 +137,7 @@ void ProjectBar::showState()
     m_edited->setVisible(m_store.hasUnsavedChanges());
     const std::optional<QUrl> url = m_store.currentFileURL();
     m_fileName->setText(url ? url->fileName() : QStringLiteral("Unsaved project"));
-    m_fileName->setToolTip(url ? url->toLocalFile() : QString());
+    m_fileName->setToolTip(url ? plainToolTip(url->toLocalFile()) : QString());
     m_outputMode->setMode(m_store.outputMode());
 }
 
