@@ -4,7 +4,6 @@
 #include <QPointer>
 #include <QRect>
 
-class QFocusFrame;
 class QPainter;
 class QWidget;
 
@@ -49,7 +48,7 @@ private:
 
     QPointer<QWidget> m_widget; ///< which the ring is around; null while there is none
     QPointer<QWidget> m_last; ///< which it was around before its window lost the keyboard
-    QPointer<QFocusFrame> m_frame;
+    QPointer<QWidget> m_frame; ///< a widget, since its destructor still has events filtered
     bool m_isByKeyboard = true; ///< false once the mouse was pressed, until Tab is
 };
 
