@@ -98,6 +98,13 @@ class TestLayerListView : public GuiTest
     Q_OBJECT
 
 private slots:
+    void withoutASlideNothingIsWarnedOf()
+    {
+        LayerList list(showOf({}));
+        for (const auto *symbol : list.view.findChildren<SymbolLabel *>())
+            QVERIFY(!symbol->isVisible());
+    }
+
     void textsThatAreCutAreWarnedOf()
     {
         LayerList list(showOf({2}));

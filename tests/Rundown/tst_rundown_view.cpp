@@ -1,5 +1,6 @@
 #include "CommandWorld.h"
 #include "GuiTestSupport.h"
+#include "ProjectFileService.h"
 #include "RenderCaches.h"
 #include "RundownList.h"
 #include "RundownModel.h"
@@ -466,6 +467,31 @@ private slots:
         QTest::keyClick(op.titleField(), Qt::Key_Tab);
         QTRY_VERIFY(!op.titleField());
         QCOMPARE(op.list->currentIndex(), current);
+    }
+
+    void aSaveTakesTheTitleThatIsTypedAndLeavesTheFieldOpen()
+    {
+        Rundown op(showOf({2, 3}));
+        op.panels.answer = op.fileUrl(QStringLiteral("show.quenara"));
+        op.beginRenaming(op.model->indexOfServiceItem(QStringLiteral("B")));
+        QTest::keyClicks(op.titleField(), QStringLiteral("Opening"));
+        op.commands.perform(Command::save);
+        QCOMPARE(ProjectFileService::load(*op.panels.answer, QDateTime()).serviceItems.at(1).title,
+                 QStringLiteral("Opening"));
+        QVERIFY(op.titleField()->hasFocus());
+    }
+
+    void anUndoTakesBackTheTitleThatIsTyped()
+    {
+        Rundown op(showOf({2, 3}));
+        const ZelvoProject before = op.store.project();
+        op.beginRenaming(op.model->indexOfServiceItem(QStringLiteral("B")));
+        QTest::keyClicks(op.titleField(), QStringLiteral("Opening"));
+        op.commands.perform(Command::undo);
+        QCOMPARE(op.store.project(), before);
+        QCOMPARE(op.titleField()->text(), before.serviceItems.at(1).title);
+        op.commands.perform(Command::redo);
+        QCOMPARE(op.store.project().serviceItems.at(1).title, QStringLiteral("Opening"));
     }
 
     void aSlidesRowIsNotRenamed()

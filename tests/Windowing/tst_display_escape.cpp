@@ -21,7 +21,7 @@ struct CoveredProgram : ProgramWindows
     }
 
     QWidget &display() const { return *windows.displayWindow(); }
-    void pressEscape() { press(display(), Qt::Key_Escape); }
+    void pressEscape() const { press(display(), Qt::Key_Escape); }
     bool isCovered() const { return windows.isDisplayWindowOpen(); }
 };
 

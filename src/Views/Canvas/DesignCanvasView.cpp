@@ -10,7 +10,6 @@
 #include "WorkspaceStore.h"
 
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
@@ -52,9 +51,8 @@ QWidget *DesignCanvasView::makeHeader(const CommandActions &commands)
     titles->addStretch();
     titles->addWidget(m_title);
     // This text is fixed, whatever size the design has.
-    QLabel *size =
-        makeRoleLabel(QStringLiteral("canvasSize"), QStringLiteral("1920 x 1080  |  16:9 canvas"));
-    size->setMinimumWidth(1); // where room is scarce, it gives way to the buttons
+    auto *size = new ElidedLabel(QStringLiteral("canvasSize"));
+    size->setText(QStringLiteral("1920 x 1080  |  16:9 canvas"));
     titles->addWidget(size);
     titles->addStretch();
 

@@ -9,6 +9,7 @@
 #include <QButtonGroup>
 #include <QComboBox>
 #include <QKeySequence>
+#include <QPointer>
 #include <QPushButton>
 #include <QToolButton>
 
@@ -217,13 +218,17 @@ void setAccessibleRole(QWidget &widget, QAccessible::Role role)
 
 void clickSoon(QWidget &widget, const std::function<void()> &act)
 {
-    const auto click = [&widget, act] {
-        if (!widget.isVisible() || !widget.isEnabled() || isBehindDialog(widget))
+    const auto click = [target = QPointer(&widget), act] {
+        const auto canBeClicked = [&] {
+            return target && target->isVisible() && target->isEnabled() && !isBehindDialog(*target);
+        };
+        if (!canBeClicked())
             return;
         QWidget *field = QApplication::focusWidget();
-        if (takesText(field) && field->window() == widget.window())
+        if (takesText(field) && field->window() == target->window())
             leaveField(*field);
-        act();
+        if (canBeClicked()) // after what was typed has been taken
+            act();
     };
     QMetaObject::invokeMethod(&widget, click, Qt::QueuedConnection);
 }

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QLineEdit>
+#include <QPointer>
 
 namespace quenara {
 
@@ -43,10 +44,12 @@ void endTyping()
 
 void takeTyping()
 {
-    if (QLineEdit *field = heldBackField()) {
-        emit field->editingFinished();
+    const QPointer<QLineEdit> field = heldBackField();
+    if (!field)
+        return;
+    emit field->editingFinished();
+    if (field)
         field->setModified(false); // so that it shows what the store makes of it
-    }
 }
 
 } // namespace quenara

@@ -64,6 +64,7 @@ LayerListView::LayerListView(WorkspaceStore &store, RenderCaches &caches, QWidge
       m_header(makeHeader()), m_list(new QWidget), m_rowsLayout(new QVBoxLayout(m_list)),
       m_actions(makeActions())
 {
+    m_warning->hide();
     setAccessibleRole(*m_list, QAccessible::List);
     m_list->setAccessibleName(QStringLiteral("Layers"));
     m_rowsLayout->setContentsMargins(0, 0, 0, 0);

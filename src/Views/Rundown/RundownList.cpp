@@ -48,6 +48,8 @@ RundownList::RundownList(WorkspaceStore &store, const CommandActions &commands,
 
 void RundownList::choose(const QModelIndex &index)
 {
+    if (!index.isValid())
+        return;
     const QString id = index.data(RundownModel::idRole).toString();
     if (index.data(RundownModel::isServiceItemRole).toBool()) {
         m_store.selectServiceItem(id);

@@ -241,6 +241,12 @@ QWidget *RundownRowDelegate::createEditor(QWidget *parent, const QStyleOptionVie
     field->setObjectName(QStringLiteral("sectionTitle"));
     field->setAccessibleName(QStringLiteral("Section Title"));
     field->setMaxLength(std::numeric_limits<int>::max());
+    // A save and an undo take what is typed while the field goes on being edited.
+    auto *self = const_cast<RundownRowDelegate *>(this); // which Qt has make editors as const
+    connect(field, &QLineEdit::editingFinished, self, [self, field] {
+        if (field->hasFocus()) // when it is left, the view itself commits or has dropped it
+            self->commitData(field);
+    });
     return field;
 }
 
