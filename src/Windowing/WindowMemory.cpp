@@ -24,7 +24,7 @@ QString stateFolder()
 {
 #if defined(Q_OS_UNIX) && !defined(Q_OS_DARWIN)
     const QString chosen = qEnvironmentVariable("XDG_STATE_HOME");
-    // As the base directory specification has it, a relative path does not count.
+    // A relative path would name another folder for each folder that the program is started in.
     const QString base =
         QDir::isAbsolutePath(chosen) ? chosen : QDir::homePath() + QStringLiteral("/.local/state");
     return base + QStringLiteral("/Quenara");
