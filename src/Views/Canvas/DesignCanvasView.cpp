@@ -10,6 +10,7 @@
 #include "WorkspaceStore.h"
 
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
@@ -24,6 +25,25 @@ constexpr int buttonSpacing = 8;
 constexpr int lineSpacing = 2;
 constexpr int emptySpacing = 6;
 constexpr int emptySymbolSize = 28;
+
+/// The same text whatever size the design has. Where room is scarce, it gives way to the buttons:
+/// it is seen whole or not at all.
+class CanvasSizeLabel : public QLabel
+{
+public:
+    CanvasSizeLabel() : QLabel(QStringLiteral("1920 x 1080  |  16:9 canvas"))
+    {
+        setProperty("role", QStringLiteral("canvasSize"));
+        setMinimumWidth(1);
+    }
+
+protected:
+    void paintEvent(QPaintEvent *event) override
+    {
+        if (sizeHint().width() <= width())
+            QLabel::paintEvent(event);
+    }
+};
 
 } // namespace
 
@@ -50,10 +70,7 @@ QWidget *DesignCanvasView::makeHeader(const CommandActions &commands)
     titles->setSpacing(lineSpacing);
     titles->addStretch();
     titles->addWidget(m_title);
-    // This text is fixed, whatever size the design has.
-    auto *size = new ElidedLabel(QStringLiteral("canvasSize"));
-    size->setText(QStringLiteral("1920 x 1080  |  16:9 canvas"));
-    titles->addWidget(size);
+    titles->addWidget(new CanvasSizeLabel);
     titles->addStretch();
 
     QWidget *header = makePanel(QStringLiteral("canvasHeader"), headerHeight);
