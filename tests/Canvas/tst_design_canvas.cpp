@@ -52,6 +52,31 @@ class TestDesignCanvas : public GuiTest
     Q_OBJECT
 
 private slots:
+    void theSizeOfTheCanvasIsSeenAsItStandsOrNotAtAll()
+    {
+        DesignCanvas c;
+        const QString text = QStringLiteral("1920 x 1080  |  16:9 canvas");
+        const QList<QLabel *> labels = c.view.findChildren<QLabel *>();
+        const auto found = std::find_if(labels.begin(), labels.end(),
+                                        [&](const QLabel *label) { return label->text() == text; });
+        QVERIFY(found != labels.end());
+        QLabel &label = **found;
+        /// How far the letters reach, in points.
+        const auto reach = [&label] {
+            const QImage image = label.grab().toImage();
+            int last = 0;
+            for (int x = 0; x < image.width(); ++x) {
+                for (int y = 0; y < image.height(); ++y)
+                    last = image.pixel(x, y) == image.pixel(0, 0) ? last : x;
+            }
+            return last;
+        };
+        const QFontMetrics metrics = label.fontMetrics();
+        QVERIFY(reach() > metrics.horizontalAdvance(text) - metrics.horizontalAdvance(u' '));
+        label.resize(metrics.horizontalAdvance(text) / 2, label.height());
+        QCOMPARE(reach(), 0);
+    }
+
     void theHeaderNamesTheSlideAndTheCanvas()
     {
         DesignCanvas c;
