@@ -14,9 +14,10 @@
 #include <QCloseEvent>
 #include <QMenuBar>
 #include <QScreen>
+#include <QWindow>
 
 #include <algorithm>
-#include <functional>
+#include <utility>
 
 namespace quenara {
 
@@ -25,36 +26,15 @@ namespace {
 constexpr QSize minimumContentSize(1180, 760);
 constexpr QSize defaultSize(1480, 900);
 
-void dismiss(QDialog *sheet)
+/// \a sheet when it is centred over \a window and kept within the \a room of a screen.
+QRect centered(QRect sheet, const QRect &window, const QRect &room)
 {
-    if (sheet)
-        sheet->close();
-}
-
-/// The top left of \a frame when it is centred over \a window and kept within the \a room of a
-/// screen.
-QPoint centered(QRect frame, const QRect &window, const QRect &room)
-{
-    frame.moveCenter(window.center());
-    frame.moveRight(std::min(frame.right(), room.right()));
-    frame.moveBottom(std::min(frame.bottom(), room.bottom()));
-    frame.moveLeft(std::max(frame.left(), room.left()));
-    frame.moveTop(std::max(frame.top(), room.top()));
-    return frame.topLeft();
-}
-
-/// Opens a sheet, to which \a sheet points until it is closed. Then \a dismissed is called, however
-/// the sheet was closed.
-template<class Sheet>
-void openSheet(QPointer<Sheet> &sheet, Sheet *opened, const std::function<void()> &dismissed)
-{
-    sheet = opened;
-    sheet->setAttribute(Qt::WA_DeleteOnClose);
-    QObject::connect(opened, &QDialog::finished, opened->parentWidget(), [&sheet, dismissed] {
-        sheet.clear();
-        dismissed();
-    });
-    opened->open();
+    sheet.moveCenter(window.center());
+    sheet.moveRight(std::min(sheet.right(), room.right()));
+    sheet.moveBottom(std::min(sheet.bottom(), room.bottom()));
+    sheet.moveLeft(std::max(sheet.left(), room.left()));
+    sheet.moveTop(std::max(sheet.top(), room.top()));
+    return sheet;
 }
 
 } // namespace
@@ -82,7 +62,6 @@ OperatorWindow::OperatorWindow(WorkspaceStore &store, WindowCoordinator &windows
     connect(&commands, &CommandActions::quitRequested, this, &QWidget::close);
     connect(&commands, &CommandActions::aboutRequested, this, &OperatorWindow::showAbout);
     showTitle();
-    showError();
 }
 
 OperatorWindow::~OperatorWindow()
@@ -106,6 +85,8 @@ bool OperatorWindow::event(QEvent *event)
 {
     if (event->type() == QEvent::ScreenChangeInternal)
         followScreen();
+    if (event->type() == QEvent::Paint && !std::exchange(m_hasBeenPainted, true))
+        QMetaObject::invokeMethod(this, &OperatorWindow::showSheets, Qt::QueuedConnection);
     return QMainWindow::event(event);
 }
 
@@ -132,18 +113,31 @@ void OperatorWindow::resizeEvent(QResizeEvent *event)
     placeSheets();
 }
 
-/// Puts the open sheets in the middle of the window, where window managers put only those that are
-/// open at the start, and wholly on its screen, since nothing goes on before they are answered.
+/// Puts the open sheets in the middle of the window, and wholly on its screen, since nothing goes
+/// on before they are answered. Their frames are not known before they are shown: they are taken to
+/// be like the window's own.
 void OperatorWindow::placeSheets() const
 {
-    const QRect window = frameGeometry();
+    if (!m_hasBeenPainted)
+        return;
     // A window that moves belongs to the screen that it comes from until it has moved.
-    const QScreen *below = QGuiApplication::screenAt(window.center());
-    const QRect room = (below ? below : screen())->availableGeometry();
+    const QScreen *below = QGuiApplication::screenAt(geometry().center());
+    const QRect room = (below ? below : screen())
+                           ->availableGeometry()
+                           .marginsRemoved(windowHandle()->frameMargins());
     for (QDialog *sheet : findChildren<QDialog *>(QString(), Qt::FindDirectChildrenOnly)) {
         if (sheet->isVisible() && sheet->isModal())
-            sheet->move(centered(sheet->frameGeometry(), window, room));
+            sheet->setGeometry(centered(sheet->geometry(), geometry(), room));
     }
+}
+
+/// Called once the window has been painted: what is presented before waits for that, since the
+/// place of a window that is not on its screen yet is not known.
+void OperatorWindow::showSheets()
+{
+    showStartPanel();
+    showSongImport();
+    showError();
 }
 
 void OperatorWindow::showTitle()
@@ -156,31 +150,52 @@ void OperatorWindow::showTitle()
     setWindowTitle(QStringLiteral("%1 \u2014 Quenara").arg(name.replace(mark, mark + mark)));
 }
 
+/// Opens or closes a sheet, to which \a sheet points while it is open. However it is closed,
+/// \a dismissed is called then.
+template<class Sheet>
+void OperatorWindow::showSheet(bool isPresented, QPointer<Sheet> &sheet,
+                               const std::function<Sheet *()> &made,
+                               const std::function<void()> &dismissed)
+{
+    if (!isPresented && sheet)
+        sheet->close();
+    if (!isPresented || sheet || !m_hasBeenPainted)
+        return;
+    sheet = made();
+    sheet->setAttribute(Qt::WA_DeleteOnClose);
+    connect(sheet, &QDialog::finished, this, [&sheet, dismissed] {
+        sheet.clear();
+        dismissed();
+    });
+    sheet->open();
+    placeSheets();
+}
+
 void OperatorWindow::showStartPanel()
 {
-    if (!m_store.isStartPanelPresented())
-        return dismiss(m_startPanel);
-    openSheet(m_startPanel, new StartPanelView(m_store, m_commands, this),
-              [this] { m_store.setStartPanelPresented(false); });
+    showSheet<StartPanelView>(
+        m_store.isStartPanelPresented(), m_startPanel,
+        [this] { return new StartPanelView(m_store, m_commands, this); },
+        [this] { m_store.setStartPanelPresented(false); });
 }
 
 void OperatorWindow::showSongImport()
 {
-    if (!m_store.isSongImportPresented())
-        return dismiss(m_songImport);
-    openSheet(m_songImport, new SongImportSheet(m_store, m_songImportDraft, this),
-              [this] { m_store.setSongImportPresented(false); });
+    showSheet<SongImportSheet>(
+        m_store.isSongImportPresented(), m_songImport,
+        [this] { return new SongImportSheet(m_store, m_songImportDraft, this); },
+        [this] { m_store.setSongImportPresented(false); });
 }
 
 void OperatorWindow::showError()
 {
     const std::optional<QString> message = m_store.errorMessage();
-    if (!message)
-        return dismiss(m_alert);
-    if (m_alert)
-        return m_alert->setText(*message);
-    openSheet(m_alert, new AlertBox(*message, QString(), AlertBox::Ok, this),
-              [this] { m_store.dismissError(); });
+    if (message && m_alert)
+        m_alert->setText(*message);
+    showSheet<AlertBox>(
+        message.has_value(), m_alert,
+        [this, &message] { return new AlertBox(*message, QString(), AlertBox::Ok, this); },
+        [this] { m_store.dismissError(); });
 }
 
 void OperatorWindow::showAbout()

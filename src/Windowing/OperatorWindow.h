@@ -5,6 +5,8 @@
 #include <QMainWindow>
 #include <QPointer>
 
+#include <functional>
+
 namespace quenara {
 
 class AlertBox;
@@ -42,6 +44,10 @@ protected:
 
 private:
     void placeSheets() const;
+    void showSheets();
+    template<class Sheet>
+    void showSheet(bool isPresented, QPointer<Sheet> &sheet, const std::function<Sheet *()> &made,
+                   const std::function<void()> &dismissed);
     void showTitle();
     void showStartPanel();
     void showSongImport();
@@ -52,6 +58,7 @@ private:
     WindowCoordinator &m_windows;
     DocumentGuard &m_guard;
     CommandActions &m_commands;
+    bool m_hasBeenPainted = false;
     SongImportDraft m_songImportDraft;
     QPointer<StartPanelView> m_startPanel;
     QPointer<SongImportSheet> m_songImport;

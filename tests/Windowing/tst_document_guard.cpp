@@ -34,7 +34,7 @@ struct Program : WindowingWorld
         store.saveProject();
         panels.answer.reset();
         panels.asked.clear();
-        window.show();
+        showActive(window);
     }
 
     QList<QAction *> recentItems() const

@@ -130,7 +130,7 @@ private slots:
         QuenaraApp app{QPalette(Qt::white)};
         QVERIFY(!shownWindow(u"startPanel"_s));
         app.showStartPanel();
-        QVERIFY(shownWindow(u"startPanel"_s));
+        QTRY_VERIFY(shownWindow(u"startPanel"_s));
         QCOMPARE(shownWindow(u"startPanel"_s)->parentWidget(), shownWindow(u"operatorWindow"_s));
     }
 
