@@ -313,4 +313,14 @@ const CommandDescription &descriptionOf(Command command)
     return commands.at(std::size_t(command));
 }
 
+bool hasBareKey(const CommandDescription &description)
+{
+    constexpr Qt::KeyboardModifiers modifiers =
+        Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+    return std::any_of(description.keys.begin(), description.keys.end(), [](const char *key) {
+        const QKeySequence keys(QString::fromUtf8(key), QKeySequence::PortableText);
+        return !keys.isEmpty() && !(keys[0].keyboardModifiers() & modifiers);
+    });
+}
+
 } // namespace quenara

@@ -76,4 +76,7 @@ struct CommandDescription
 [[nodiscard]] std::span<const CommandDescription> commandDescriptions();
 [[nodiscard]] const CommandDescription &descriptionOf(Command command);
 
+/// Whether some key does the command without Ctrl, Alt or Meta. Only the show has such keys.
+[[nodiscard]] bool hasBareKey(const CommandDescription &description);
+
 } // namespace quenara

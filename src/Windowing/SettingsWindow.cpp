@@ -20,7 +20,7 @@ SettingsWindow::SettingsWindow(AppearancePreference &appearance, const ZelvoComm
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSizeConstraint(QLayout::SetFixedSize);
     layout->addWidget(content);
-    content->setFocus(); // not one of the choices: plain keys are the show's
+    content->setFocus(); // Space would press a choice that has the keyboard.
     menus.addTo(*this);
 
     content->setAppAppearance(appearance.rawValue());

@@ -7,8 +7,8 @@ namespace quenara {
 class AppearancePreference;
 class ZelvoCommands;
 
-/// The settings window. It stands on the operator's window, where the audience does not see it, and
-/// takes the menus' keys.
+/// The settings window. It stands on the operator's window, where the audience does not see it. The
+/// menus' keys work in it, except for the bare keys of the show.
 class SettingsWindow : public QDialog
 {
     Q_OBJECT

@@ -2,10 +2,9 @@
 
 #include "BringToFront.h"
 #include "DisplayOutputView.h"
+#include "EscapeTwice.h"
 #include "StageOutputView.h"
 #include "WorkspaceStore.h"
-
-#include <QShortcut>
 
 #include <chrono>
 #include <utility>
@@ -19,7 +18,6 @@ constexpr QSize stageMinimumSize(900, 540);
 /// How long screens stay as they are before a display comes back: a loose plug comes and goes, and
 /// the desktop takes its time to arrange them.
 constexpr std::chrono::milliseconds screensSettleIn(300);
-constexpr qint64 escapeTwiceWithin = 1000; // milliseconds
 
 } // namespace
 
@@ -84,10 +82,8 @@ void WindowCoordinator::openDisplay(const WorkspaceStore &store, AppAppearance a
     window->setAppearance(appearance);
     // The display may open by itself while somebody types elsewhere.
     window->setAttribute(Qt::WA_ShowWithoutActivating);
-    m_sinceEscape.invalidate();
-    auto *escape = new QShortcut(Qt::Key_Escape, window);
-    escape->setAutoRepeat(false);
-    connect(escape, &QShortcut::activated, this, &WindowCoordinator::leaveDisplay);
+    connect(new EscapeTwice(*window), &EscapeTwice::pressed, this,
+            &WindowCoordinator::leaveDisplay);
     m_placement.cover(*window, screen);
     m_displayScreen = screen.screen;
     m_displayStore = &store;
@@ -108,18 +104,11 @@ void WindowCoordinator::setDisplayWaiting(bool isWaiting)
 }
 
 /// Nothing else that the operator can reach closes a display over the only screen, and nothing on
-/// it may say how. A key that is brushed against closes nothing.
+/// it may say how.
 void WindowCoordinator::leaveDisplay()
 {
-    if (!m_placement.coversOperator(*m_display.window))
-        return;
-    const bool isSecond = m_sinceEscape.isValid() && !m_sinceEscape.hasExpired(escapeTwiceWithin);
-    if (isSecond) {
-        m_sinceEscape.invalidate();
+    if (m_placement.coversOperator(*m_display.window))
         closeDisplayWindow();
-    } else {
-        m_sinceEscape.start();
-    }
 }
 
 void WindowCoordinator::openStageWindow(const WorkspaceStore &store, AppAppearance appearance)

@@ -5,7 +5,6 @@
 #include "OutputWindow.h"
 #include "WindowCloseObserver.h"
 
-#include <QElapsedTimer>
 #include <QObject>
 #include <QPointer>
 #include <QScreen>
@@ -103,7 +102,6 @@ private:
     QPointer<const WorkspaceStore> m_displayStore; ///< what it shows or last showed
     bool m_isDisplayWaiting = false;
     QTimer m_screensSettled;
-    QElapsedTimer m_sinceEscape; ///< since it was last pressed on the display; invalid before that
 };
 
 } // namespace quenara

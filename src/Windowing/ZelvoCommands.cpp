@@ -4,6 +4,7 @@
 #include "OpenRecentMenu.h"
 #include "WindowCoordinator.h"
 
+#include <QDialog>
 #include <QMenuBar>
 
 #include <array>
@@ -81,8 +82,11 @@ void ZelvoCommands::fill(QMenuBar &menuBar) const
 
 void ZelvoCommands::addTo(QWidget &window) const
 {
-    for (const CommandDescription &description : commandDescriptions())
-        window.addAction(m_commands.action(description.command));
+    const bool isDialog = qobject_cast<const QDialog *>(&window);
+    for (const CommandDescription &description : commandDescriptions()) {
+        if (!isDialog || !hasBareKey(description))
+            window.addAction(m_commands.action(description.command));
+    }
 }
 
 } // namespace quenara

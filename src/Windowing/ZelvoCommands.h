@@ -12,7 +12,8 @@ class WindowCoordinator;
 class WorkspaceStore;
 
 /// The menu bar of the program. The keys of its items work in every window except in dialogs that
-/// wait for an answer. A key that is held down repeats undo and redo only.
+/// wait for an answer; in any other dialog, only those with a modifier do. A key that is held down
+/// repeats undo and redo only.
 class ZelvoCommands : public QObject
 {
     Q_OBJECT
@@ -23,7 +24,7 @@ public:
                   QObject *parent = nullptr);
 
     void fill(QMenuBar &menuBar) const;
-    /// Lets the keys work in \a window.
+    /// Lets the keys work in \a window; in a dialog, not the bare keys of the show.
     void addTo(QWidget &window) const;
 
 private:

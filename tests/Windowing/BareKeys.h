@@ -12,7 +12,7 @@ inline QList<Qt::Key> bareKeys()
     QList<Qt::Key> found{Qt::Key_Home, Qt::Key_End};
     for (const CommandDescription &description : commandDescriptions()) {
         for (const char *key : description.keys) {
-            const QKeySequence keys(QString::fromUtf8(key));
+            const QKeySequence keys(QString::fromUtf8(key), QKeySequence::PortableText);
             if (!keys.isEmpty() && keys[0].keyboardModifiers() == Qt::NoModifier)
                 found.append(keys[0].key());
         }

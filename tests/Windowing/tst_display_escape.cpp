@@ -53,6 +53,37 @@ private slots:
         QVERIFY(!program.isCovered());
     }
 
+    void anotherKeyBetweenTheTwoStartsAfresh_data()
+    {
+        QTest::addColumn<Qt::Key>("key");
+        QTest::newRow("one of the show") << Qt::Key_B;
+        QTest::newRow("one that does nothing") << Qt::Key_X;
+        QTest::newRow("a modifier") << Qt::Key_Shift;
+    }
+
+    void anotherKeyBetweenTheTwoStartsAfresh()
+    {
+        QFETCH(Qt::Key, key);
+        CoveredProgram program;
+        program.pressEscape();
+        CoveredProgram::press(program.display(), key);
+        program.pressEscape();
+        QVERIFY(program.isCovered());
+        program.pressEscape();
+        QVERIFY(!program.isCovered());
+    }
+
+    void aKeyInAnotherWindowBetweenTheTwoStartsAfresh()
+    {
+        CoveredProgram program;
+        program.pressEscape();
+        ProgramWindows::activate(program.operatorWindow);
+        ProgramWindows::press(program.operatorWindow, Qt::Key_Right);
+        ProgramWindows::activate(program.display());
+        program.pressEscape();
+        QVERIFY(program.isCovered());
+    }
+
     void aHeldEscapeIsPressedOnce()
     {
         CoveredProgram program;

@@ -1,3 +1,4 @@
+#include "BareKeys.h"
 #include "GuiTestSupport.h"
 #include "ProgramWindows.h"
 
@@ -142,8 +143,6 @@ private slots:
         QTest::newRow("operator window") << "operator";
         QTest::newRow("display window") << "display";
         QTest::newRow("stage window") << "stage";
-        QTest::newRow("settings window") << "settings";
-        QTest::newRow("settings window, on a choice") << "segment";
     }
 
     void transportKeysWorkInEveryWindow()
@@ -157,14 +156,8 @@ private slots:
             focused = program.windows.displayWindow();
         } else if (window == QStringLiteral("stage")) {
             focused = program.windows.stageWindow();
-        } else if (window == QStringLiteral("settings")) {
-            program.settings.present();
-            focused = &program.settings;
-        } else if (window == QStringLiteral("segment")) {
-            program.settings.present();
-            focused = &program.settings;
-            program.settings.findChild<QPushButton *>()->setFocus();
         }
+        program.settings.present(); // takes no key from the others
         ProgramWindows::activate(*focused);
 
         ProgramWindows::press(*focused, Qt::Key_Right);
@@ -191,6 +184,46 @@ private slots:
         QCOMPARE(program.store.outputMode(), OutputMode::logo);
         ProgramWindows::press(*focused, Qt::Key_L);
         QCOMPARE(program.store.outputMode(), OutputMode::live);
+    }
+
+    void noTransportKeyWorksInTheSettings_data()
+    {
+        QTest::addColumn<bool>("isOnAChoice");
+        QTest::newRow("as they open") << false;
+        QTest::newRow("on a choice") << true;
+    }
+
+    void noTransportKeyWorksInTheSettings()
+    {
+        QFETCH(bool, isOnAChoice);
+        ProgramWindows program;
+        program.store.nextLive();
+        program.store.queueNext();
+        program.settings.present();
+        ProgramWindows::activate(program.settings);
+        if (isOnAChoice)
+            program.settings.findChild<QPushButton *>()->setFocus(Qt::TabFocusReason);
+        const Snapshot before = snapshotOf(program.store);
+        for (const Qt::Key key : bareKeys()) {
+            ProgramWindows::press(program.settings, key);
+            QCOMPARE(snapshotOf(program.store), before);
+            QVERIFY(program.settings.isVisible());
+        }
+    }
+
+    void keysWithAModifierWorkInTheSettings()
+    {
+        ProgramWindows program;
+        program.store.addSlide();
+        program.settings.present();
+        ProgramWindows::activate(program.settings);
+        ProgramWindows::press(program.settings, Qt::Key_Z, Qt::ControlModifier);
+        QVERIFY(!program.store.canUndo());
+        ProgramWindows::press(program.settings, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+        QVERIFY(program.store.canUndo());
+        program.panels.answer = program.fileUrl(QStringLiteral("show.quenara"));
+        ProgramWindows::press(program.settings, Qt::Key_S, Qt::ControlModifier);
+        QVERIFY(!program.store.hasUnsavedChanges());
     }
 
     void anAlertOnTheOperatorWindowLeavesTheKeysToTheOtherWindows()

@@ -1,6 +1,6 @@
 """The bare keys that run a service, pressed in each window of the program."""
 
-from program import DISPLAY, OPERATOR, STAGE
+from program import DISPLAY, OPERATOR, SETTINGS, STAGE
 from show_case import BLACK, TwoScreenCase, run, slide_image
 
 AMBER = bytes((0xF0, 0xB8, 0x4A))
@@ -87,6 +87,28 @@ class KeysInTheDisplayWindow(Keys, TwoScreenCase):
 
 class KeysInTheStageWindow(Keys, TwoScreenCase):
     focused = STAGE
+
+
+class KeysInTheSettings(TwoScreenCase):
+    def test_no_key_without_a_modifier_changes_what_is_shown_or_queued(self):
+        program = self.start_show()
+        program.open_display()
+        self.see_slide(0)
+        program.focus(OPERATOR)
+        program.press("Down", "Down", "ctrl+comma")
+        program.focus(SETTINGS)
+        for from_choice in (False, True):
+            for key in ("space", "Return", "KP_Enter", "Right", "Left", "Down", "Up",
+                        "Page_Down", "Page_Up", "b", "l"):
+                with self.subTest(key=key, from_choice=from_choice):
+                    program.press(key)
+                    self.see_slide(0)
+            program.press("Tab")
+        # The other windows keep their keys, and have what was queued before.
+        program.focus(DISPLAY)
+        program.press("Return")
+        self.see_slide(2)
+        self.assertIsNotNone(program.window(SETTINGS))
 
 
 class HeldKeys(TwoScreenCase):

@@ -51,7 +51,7 @@ QStringList appearanceTitles()
     return titles;
 }
 
-/// Alt with the first letter of each title, since plain letters are the show's keys here, too.
+/// Alt with the first letter of each title: plain letters choose nothing anywhere in the program.
 QList<QKeySequence> appearanceShortcuts()
 {
     QList<QKeySequence> shortcuts;
