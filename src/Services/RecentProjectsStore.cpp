@@ -3,6 +3,8 @@
 #include "JsonDates.h"
 #include "ProjectCodec.h"
 
+#include <QCoreApplication>
+#include <QEvent>
 #include <QSettings>
 
 #include <algorithm>
@@ -33,6 +35,9 @@ QList<RecentProject> RecentProjectsStore::add(QSettings &preferences, const QUrl
     projects = projects.first(std::min(projects.size(), limit));
     preferences.setValue(QLatin1String(preferencesKey),
                          QString::fromUtf8(ProjectCodec::encode(projects)));
+    // Written now, before another program reads the list. The preferences have asked themselves by
+    // this event to be written; whoever holds it back, as during the start, still can.
+    QCoreApplication::sendPostedEvents(&preferences, QEvent::UpdateRequest);
     return projects;
 }
 

@@ -21,7 +21,8 @@ struct RecentProjectsStore
     [[nodiscard]] static QList<RecentProject> load(const QSettings &preferences);
 
     /// Records a project as used at \a now, in front of the others and in the place of an entry of
-    /// exactly the same path. Reads the preferences again first. Stores and returns the new list.
+    /// exactly the same path. Reads the preferences again first. Returns the new list, which is
+    /// written before the call returns unless something filters the preferences' update requests.
     static QList<RecentProject> add(QSettings &preferences, const QUrl &url,
                                     const QString &projectName, const QDateTime &now);
 };

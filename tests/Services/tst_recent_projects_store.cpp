@@ -118,6 +118,16 @@ private slots:
         QCOMPARE(fresh.value(key).toString(), expected);
     }
 
+    void anotherProgramReadsTheNewListAtOnce()
+    {
+        RecentProjectsStore::add(m_preferences, fileUrl(u"/a"_s), u"Name"_s, start);
+        // Preferences of one process that share a file share what is not written yet, too.
+        const QString copy = m_preferences.fileName() + u".copy"_s;
+        QVERIFY(QFile::copy(m_preferences.fileName(), copy));
+        const QSettings others(copy, QSettings::IniFormat);
+        QCOMPARE(namesOf(RecentProjectsStore::load(others)), QStringList{u"Name"_s});
+    }
+
     void addingThePathAgainLeavesOneEntryInFrontWithTheNewerNameAndTime()
     {
         RecentProjectsStore::add(m_preferences, fileUrl(u"/a"_s), u"Before"_s, start);

@@ -1,5 +1,6 @@
 #include "DeferredPreferences.h"
 #include "GuiTestSupport.h"
+#include "RecentProjectsStore.h"
 
 #include <QSettings>
 #include <QTemporaryDir>
@@ -15,6 +16,7 @@ class TestDeferredPreferences : public GuiTest
 
 private slots:
     void nothingIsWrittenBeforeTheWindowIsPainted();
+    void aProjectThatTheProgramStartsWithIsNotEither();
     void whatChangesLaterIsWrittenAtOnce();
 
 private:
@@ -43,6 +45,20 @@ void TestDeferredPreferences::nothingIsWrittenBeforeTheWindowIsPainted()
     window.show();
     QVERIFY(QTest::qWaitForWindowExposed(&window));
     QTRY_COMPARE(written(), QVariant(QStringLiteral("1")));
+}
+
+void TestDeferredPreferences::aProjectThatTheProgramStartsWithIsNotEither()
+{
+    const QString file = m_folder.filePath(QStringLiteral("started.ini"));
+    QSettings preferences(file, QSettings::IniFormat);
+    QWidget window;
+    const DeferredPreferences deferred(preferences, window);
+    RecentProjectsStore::add(preferences, QUrl::fromLocalFile(QStringLiteral("/show.quenara")),
+                             QStringLiteral("Show"), QDateTime::currentDateTimeUtc());
+    QVERIFY(!QFile::exists(file));
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    QTRY_VERIFY(QFile::exists(file));
 }
 
 void TestDeferredPreferences::whatChangesLaterIsWrittenAtOnce()
