@@ -69,6 +69,24 @@ private slots:
         QVERIFY(!(stage.windowFlags() & Qt::FramelessWindowHint));
     }
 
+    void eachNewWindowIsToldOfOnce()
+    {
+        WindowingWorld world;
+        QList<OutputWindow *> told;
+        connect(&world.windows, &WindowCoordinator::windowMade, this,
+                [&told](OutputWindow *window) { told.append(window); });
+        world.openDisplay();
+        QCOMPARE(told, QList{world.windows.displayWindow()});
+        world.openStage();
+        world.openDisplay();
+        world.openStage();
+        QCOMPARE(told, (QList{world.windows.displayWindow(), world.windows.stageWindow()}));
+        world.windows.closeDisplayWindow();
+        world.openDisplay();
+        QCOMPARE(told.size(), 3);
+        QCOMPARE(told.constLast(), world.windows.displayWindow());
+    }
+
     void openingAnOpenWindowNeitherMakesMovesNorRestylesOne()
     {
         WindowingWorld world;
