@@ -1,5 +1,6 @@
 #include "CommandActions.h"
 
+#include "AccessibleControls.h"
 #include "OutputWindows.h"
 #include "PlainToolTip.h"
 #include "Typing.h"
@@ -74,6 +75,7 @@ void CommandActions::perform(Command command, const QWidget *sheet)
 {
     if (isRefused(command, sheet))
         return;
+    closePopups();
     const CommandDescription &description = descriptionOf(command);
     if (description.continuesTyping) {
         takeTyping();
@@ -97,6 +99,7 @@ void CommandActions::selectAndPerform(const std::function<void()> &select, Comma
 
 void CommandActions::openProject(const QUrl &url)
 {
+    closePopups();
     replaceDocument([&] { store().openProject(url); });
 }
 

@@ -1,6 +1,7 @@
 #include "FileDialogRunner.h"
 
 #include "AlertBox.h"
+#include "DialogParts.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
@@ -110,6 +111,7 @@ std::optional<QString> FileDialogRunner::chosenPath(const FilePanel &panel)
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     if (!panel.fileName.isEmpty())
         dialog.selectFile(fileNameFrom(panel.fileName));
+    nameParts(dialog);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return std::nullopt;
     const QString path = chosenFile(dialog);

@@ -55,6 +55,14 @@ class ScreenReader:
         """Meanwhile, gives the name of each control that has told that its value changed."""
         return self._names_heard("object:property-change:accessible-value")
 
+    def moves_of_the_keyboard(self):
+        """Meanwhile, gives the name of each thing that the keyboard has come to or left."""
+        return self._names_heard("object:state-changed:focused")
+
+    def changes_of_descriptions(self):
+        """Meanwhile, gives the name of each thing that is described in other words."""
+        return self._names_heard("object:property-change:accessible-description")
+
     def notifications(self):
         """Meanwhile, gives the words of each notification that has come to be shown, which is when
         screen readers speak them."""

@@ -107,6 +107,28 @@ class Accessibility(Documents, ReadCase):
             self.assertEqual([other.name for other in layers.children if other.has("SELECTED")],
                              [row.name])
 
+    def test_the_layers_on_the_canvas_are_selected_by_their_action_and_followed_by_the_keyboard(self):
+        canvas = self.thing("Design canvas", "canvas")
+        layers = [thing for thing in canvas.children if thing.role == ROW]
+        self.assertEqual([layer.name for layer in layers], ["Words", "Band"])
+        x, y, width, height = canvas.area
+        for layer in layers:
+            layer.press()
+            wait_until(lambda layer=layer: layer.has("SELECTED"), f"{layer.name} to be selected")
+            self.assertEqual(self.thing("Name", TEXT).text, layer.name)
+            left, top, across, down = layer.area
+            self.assertTrue(x <= left and y <= top and left + across <= x + width
+                            and top + down <= y + height, layer.area)
+        self.program.focus(OPERATOR)
+        canvas.take_keyboard()
+        with self.reader.moves_of_the_keyboard() as moves:
+            self.program.press("Tab")
+            wait_until(lambda: layers[0].name in moves(), "the first layer to have the keyboard")
+            self.assertTrue(layers[0].has("FOCUSED"))
+        with self.reader.changes_of_descriptions() as changes:
+            self.program.press("ctrl+Right")
+            wait_until(lambda: layers[0].name in changes(), "the move to be told of")
+
     def test_a_row_of_the_rundown_is_selected_by_its_action_and_as_a_row_of_a_table(self):
         rundown = self.thing("Rundown", "list")
         rundown.children[2].press()

@@ -3,7 +3,6 @@
 #include <QKeyEvent>
 
 #include <algorithm>
-#include <vector>
 
 namespace quenara {
 
@@ -55,14 +54,20 @@ bool editsByKey(const QKeyEvent &event)
     return event.key() == Qt::Key_F2 && event.modifiers() == Qt::NoModifier;
 }
 
-std::optional<QString> layerAfter(const SlideDesign &design, const std::optional<QString> &id,
-                                  bool downwards)
+std::vector<const SlideElement *> layersFromTop(const SlideDesign &design)
 {
     std::vector<const SlideElement *> layers;
     for (const SlideElement &element : design.elements)
         layers.push_back(&element);
     std::stable_sort(layers.begin(), layers.end(),
                      [](const auto *a, const auto *b) { return a->zIndex > b->zIndex; });
+    return layers;
+}
+
+std::optional<QString> layerAfter(const SlideDesign &design, const std::optional<QString> &id,
+                                  bool downwards)
+{
+    std::vector<const SlideElement *> layers = layersFromTop(design);
     if (!downwards)
         std::reverse(layers.begin(), layers.end());
     auto next = layers.begin();

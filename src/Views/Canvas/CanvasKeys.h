@@ -5,6 +5,7 @@
 #include <QPointF>
 
 #include <optional>
+#include <vector>
 
 class QKeyEvent;
 
@@ -24,6 +25,9 @@ namespace quenara {
 
 /// Whether the key opens what has the keyboard for editing.
 [[nodiscard]] bool editsByKey(const QKeyEvent &event);
+
+/// All layers from the topmost down, hidden and locked ones included. They are those of \a design.
+[[nodiscard]] std::vector<const SlideElement *> layersFromTop(const SlideDesign &design);
 
 /// The layer that comes after that one when they are gone through from the topmost down or, unless
 /// \a downwards, from the lowest up; the first after none, nothing after the last.

@@ -1,6 +1,6 @@
 #include "SlideCanvas.h"
 
-#include "AccessibleControls.h"
+#include "CanvasAccessible.h"
 #include "CanvasBackdrop.h"
 #include "CanvasKeys.h"
 #include "CanvasTextLayerEditor.h"
@@ -14,7 +14,9 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace quenara {
 
@@ -31,7 +33,7 @@ SlideCanvas::SlideCanvas(WorkspaceStore &store, RenderCaches &caches, QWidget *p
       m_editor(new CanvasTextLayerEditor(store, caches, this)), m_liveMark(new LiveSlideMark(this))
 {
     setObjectName(QStringLiteral("slideCanvas"));
-    setAccessibleRole(*this, QAccessible::Canvas);
+    makeCanvasAccessible();
     setAccessibleName(QStringLiteral("Design canvas"));
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::StrongFocus);
@@ -64,12 +66,36 @@ QRectF SlideCanvas::boxOf(const SlideElement &layer) const
             QSizeF(frame.width, frame.height) * scale()};
 }
 
+std::vector<const SlideElement *> SlideCanvas::layersFromTop() const
+{
+    return m_slide ? quenara::layersFromTop(m_slide->design) : std::vector<const SlideElement *>();
+}
+
+const SlideElement *SlideCanvas::layer(const std::optional<QString> &id) const
+{
+    const auto index = m_slide ? elementIndex(*m_slide, id) : std::nullopt;
+    return index ? &m_slide->design.elements.at(*index) : nullptr;
+}
+
+const SlideElement *SlideCanvas::layerUnder(const QPointF &point) const
+{
+    const std::optional<Press> press = pressAt(point);
+    return press ? layer(press->layerID) : nullptr;
+}
+
+bool SlideCanvas::isSelected(const SlideElement &layer) const
+{
+    return layer.id == m_selectedElementID;
+}
+
+bool SlideCanvas::isFocused(const SlideElement &layer) const
+{
+    return layer.id == m_focusedElementID;
+}
+
 const SlideElement *SlideCanvas::selectedLayer() const
 {
-    if (!m_slide)
-        return nullptr;
-    const auto index = elementIndex(*m_slide, m_selectedElementID);
-    return index ? &m_slide->design.elements.at(*index) : nullptr;
+    return layer(m_selectedElementID);
 }
 
 /// The selected layer if marks are painted around it. A hidden layer has none, and one that is
@@ -94,7 +120,9 @@ void SlideCanvas::showStore()
         const QRectF place = slideRect();
         const QRect marks = marksRect();
         m_slide = slide;
-        m_selectedElementID = selected;
+        const bool isSelection = std::exchange(m_selectedElementID, selected) != selected;
+        if (const SlideElement *layer = isSelection ? selectedLayer() : nullptr)
+            announce(QAccessible::SelectionAdd, *layer);
         if (slideRect() == place) {
             // One rectangle, since painting a region clips every pixel to its shape. A canvas that
             // begins within a device pixel reaches one pixel further than its points tell.
@@ -245,8 +273,8 @@ void SlideCanvas::endKeySteps()
 /// The layer that keys work on.
 const SlideElement *SlideCanvas::keyLayer() const
 {
-    const auto index = m_slide ? elementIndex(*m_slide, m_focusedElementID) : std::nullopt;
-    return index ? &m_slide->design.elements.at(*index) : selectedLayer();
+    const SlideElement *focused = layer(m_focusedElementID);
+    return focused ? focused : selectedLayer();
 }
 
 /// Does what the key does to the layer. Returns false for a key that does nothing here.
@@ -309,11 +337,28 @@ bool SlideCanvas::focusNextPrevChild(bool next)
     return true;
 }
 
+void SlideCanvas::chooseLayer(const QString &id)
+{
+    setFocus(Qt::MouseFocusReason);
+    focusLayer(std::nullopt);
+    m_store.selectElement(id);
+}
+
 void SlideCanvas::focusLayer(const std::optional<QString> &id)
 {
     endKeySteps();
     m_focusedElementID = id;
     showFocus();
+    if (const SlideElement *focused = hasFocus() ? layer(id) : nullptr)
+        announce(QAccessible::Focus, *focused);
+}
+
+void SlideCanvas::announce(QAccessible::Event change, const SlideElement &layer)
+{
+    const std::vector<const SlideElement *> layers = layersFromTop();
+    QAccessibleEvent event(this, change);
+    event.setChild(int(std::find(layers.begin(), layers.end(), &layer) - layers.begin()));
+    QAccessible::updateAccessibility(&event);
 }
 
 /// Puts the focus ring around what has the keyboard, and tells assistive technologies of it.
@@ -322,15 +367,15 @@ void SlideCanvas::showFocus()
     const SlideElement *layer = m_focusedElementID ? keyLayer() : nullptr;
     setFocusArea(*this, (layer ? boxOf(*layer) : slideRect()).toAlignedRect());
     const SlideElement *told = keyLayer();
-    setAccessibleDescription(
-        !told ? QString()
-              : QStringLiteral("%1%2, at %3, %4, %5 by %6")
-                    .arg(told->name,
-                         told->id == m_selectedElementID ? QStringLiteral(", selected") : QString())
-                    .arg(std::round(told->frame.x))
-                    .arg(std::round(told->frame.y))
-                    .arg(std::round(told->frame.width))
-                    .arg(std::round(told->frame.height)));
+    const QString words = !told
+        ? QString()
+        : told->name + (isSelected(*told) ? QStringLiteral(", selected, ") : QStringLiteral(", "))
+            + describedLayer(*told);
+    if (words == accessibleDescription())
+        return;
+    setAccessibleDescription(words);
+    if (told && hasFocus())
+        announce(QAccessible::DescriptionChanged, *told);
 }
 
 bool SlideCanvas::isDragging() const
@@ -425,6 +470,17 @@ void SlideCanvas::paintEvent(QPaintEvent * /*event*/)
         painter.fillRect(horizontalCenterGuide(slideRect()), centerGuideColor(theme));
     if (const SlideElement *layer = markedLayer())
         paintSelectionMarks(painter, boxOf(*layer), theme);
+}
+
+QString describedLayer(const SlideElement &layer)
+{
+    return QStringLiteral("at %1, %2, %3 by %4%5%6")
+        .arg(std::round(layer.frame.x))
+        .arg(std::round(layer.frame.y))
+        .arg(std::round(layer.frame.width))
+        .arg(std::round(layer.frame.height))
+        .arg(layer.visible ? QString() : QStringLiteral(", hidden"),
+             layer.locked ? QStringLiteral(", locked") : QString());
 }
 
 /// The slide without the layer whose text is edited, which the editor paints.

@@ -4,10 +4,12 @@
 #include "SlideImage.h"
 #include "WorkspaceStore.h"
 
+#include <QAccessible>
 #include <QImage>
 #include <QWidget>
 
 #include <optional>
+#include <vector>
 
 namespace quenara {
 
@@ -30,6 +32,23 @@ public:
 
     /// The slide in points of the widget; empty without one.
     [[nodiscard]] QRectF slideRect() const;
+
+    /// The layers of the slide from the topmost down. They are the canvas's until it changes.
+    [[nodiscard]] std::vector<const SlideElement *> layersFromTop() const;
+    /// Null if the slide has no such layer.
+    [[nodiscard]] const SlideElement *layer(const std::optional<QString> &id) const;
+    /// The layer that a press at \a point selects, in points of the widget; null if there is none.
+    [[nodiscard]] const SlideElement *layerUnder(const QPointF &point) const;
+    /// Where the layer lies, in points of the widget.
+    [[nodiscard]] QRectF boxOf(const SlideElement &layer) const;
+    [[nodiscard]] bool isSelected(const SlideElement &layer) const;
+    /// Whether Tab has reached the layer.
+    [[nodiscard]] bool isFocused(const SlideElement &layer) const;
+
+    /// Does what a click on the layer does.
+    void chooseLayer(const QString &id);
+    /// Does what Tab does when it reaches the layer; with none, when it reaches the canvas.
+    void focusLayer(const std::optional<QString> &id);
 
 protected:
     void changeEvent(QEvent *event) override;
@@ -58,7 +77,6 @@ private:
 
     double scale() const;
     QPointF toCanvas(const QPointF &point) const;
-    QRectF boxOf(const SlideElement &layer) const;
     QRect marksRect() const;
     const SlideElement *selectedLayer() const;
     const SlideElement *markedLayer() const;
@@ -66,8 +84,8 @@ private:
     bool workOnLayer(const QKeyEvent &event);
     void changeByKey(const CanvasFrame &frame);
     void endKeySteps();
-    void focusLayer(const std::optional<QString> &id);
     void showFocus();
+    void announce(QAccessible::Event change, const SlideElement &layer);
     std::optional<Press> pressAt(const QPointF &point) const;
 
     void showStore();
@@ -102,5 +120,8 @@ private:
     CanvasTextLayerEditor *m_editor;
     LiveSlideMark *m_liveMark;
 };
+
+/// Says where a layer lies and what is peculiar about it, for those who do not see it.
+[[nodiscard]] QString describedLayer(const SlideElement &layer);
 
 } // namespace quenara

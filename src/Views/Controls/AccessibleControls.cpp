@@ -1,5 +1,6 @@
 #include "AccessibleControls.h"
 
+#include "AccessibleItem.h"
 #include "Typing.h"
 
 #include <QAbstractButton>
@@ -8,10 +9,13 @@
 #include <QApplication>
 #include <QButtonGroup>
 #include <QComboBox>
+#include <QHash>
 #include <QKeySequence>
 #include <QPointer>
 #include <QPushButton>
 #include <QToolButton>
+
+#include <utility>
 
 namespace quenara {
 
@@ -39,6 +43,11 @@ bool isBehindDialog(const QWidget &widget)
     while (dialog && around && around != dialog)
         around = around->parentWidget();
     return dialog && !around;
+}
+
+bool isBehindPopup(const QWidget &widget)
+{
+    return QApplication::activePopupWidget() && widget.window()->windowType() != Qt::Popup;
 }
 
 /// Qt's own interface checks a button that is toggled without clicking it.
@@ -167,13 +176,7 @@ public:
     void doAction(const QString &action) override
     {
         if (action == showMenuAction()) {
-            clickSoon(m_picker, [picker = &m_picker] {
-                if (picker->view()->isVisible()) {
-                    picker->hidePopup();
-                } else {
-                    picker->showPopup();
-                }
-            });
+            clickSoon(m_picker, [picker = &m_picker] { picker->showPopup(); });
         } else {
             QAccessibleWidget::doAction(action);
         }
@@ -182,6 +185,135 @@ public:
 private:
     QComboBox &m_picker;
 };
+
+/// A choice in the list of a picker.
+class ChoiceInterface : public AccessibleItem
+{
+public:
+    ChoiceInterface(QComboBox &picker, int row)
+        : AccessibleItem(*picker.view()), m_picker(&picker), m_row(row)
+    {}
+
+    bool isValid() const override { return m_picker && m_row < m_picker->count(); }
+
+    QString text(QAccessible::Text kind) const override
+    {
+        return isValid() && kind == QAccessible::Name ? m_picker->itemText(m_row) : QString();
+    }
+
+    QRect rect() const override
+    {
+        if (!isValid())
+            return {};
+        const QAbstractItemView &view = *m_picker->view();
+        return view.visualRect(index()).translated(view.viewport()->mapToGlobal(QPoint()));
+    }
+
+    QAccessible::State state() const override
+    {
+        QAccessible::State state;
+        if (!isValid()) {
+            state.invalid = true;
+            return state;
+        }
+        const QAbstractItemView &view = *m_picker->view();
+        state.selectable = true;
+        state.selected = m_row == m_picker->currentIndex();
+        state.focusable = true;
+        state.focused = view.isVisible() && index() == view.currentIndex();
+        state.invisible = !view.isVisible();
+        state.offscreen = !view.viewport()->rect().intersects(view.visualRect(index()));
+        return state;
+    }
+
+    void press() const override
+    {
+        clickSoon(*m_picker->view(), [picker = m_picker, row = m_row] {
+            picker->hidePopup();
+            picker->setCurrentIndex(row);
+            emit picker->activated(row);
+        });
+    }
+
+protected:
+    void takeFocus() const override { m_picker->view()->setCurrentIndex(index()); }
+
+private:
+    QModelIndex index() const
+    {
+        return m_picker->model()->index(m_row, m_picker->modelColumn(), m_picker->rootModelIndex());
+    }
+
+    QPointer<QComboBox> m_picker;
+    int m_row;
+};
+
+/// The list of a picker. Qt's own interface selects an item without choosing it.
+class ChoicesInterface : public QAccessibleWidget
+{
+public:
+    explicit ChoicesInterface(QComboBox &picker)
+        : QAccessibleWidget(picker.view(), QAccessible::List), m_picker(picker)
+    {}
+
+    QString text(QAccessible::Text kind) const override
+    {
+        const QString own = QAccessibleWidget::text(kind);
+        return own.isEmpty() && kind == QAccessible::Name ? m_picker.accessibleName() : own;
+    }
+
+    int childCount() const override { return m_picker.count(); }
+
+    QAccessibleInterface *child(int index) const override
+    {
+        if (index < 0 || index >= m_picker.count())
+            return nullptr;
+        QAccessible::Id &id = m_choices[index];
+        if (!id)
+            id = QAccessible::registerAccessibleInterface(new ChoiceInterface(m_picker, index));
+        return QAccessible::accessibleInterface(id);
+    }
+
+    int indexOfChild(const QAccessibleInterface *child) const override
+    {
+        for (auto choice = m_choices.cbegin(); choice != m_choices.cend(); ++choice) {
+            if (QAccessible::accessibleInterface(choice.value()) == child)
+                return choice.key();
+        }
+        return -1;
+    }
+
+    QAccessibleInterface *childAt(int x, int y) const override
+    {
+        const QAbstractItemView &view = *m_picker.view();
+        return child(view.indexAt(view.viewport()->mapFromGlobal(QPoint(x, y))).row());
+    }
+
+    QAccessibleInterface *focusChild() const override
+    {
+        const QAbstractItemView &view = *m_picker.view();
+        return view.isVisible() ? child(view.currentIndex().row()) : nullptr;
+    }
+
+protected:
+    ~ChoicesInterface() override
+    {
+        for (const QAccessible::Id id : std::as_const(m_choices))
+            QAccessible::deleteAccessibleInterface(id);
+    }
+
+private:
+    QComboBox &m_picker;
+    mutable QHash<int, QAccessible::Id> m_choices; ///< those that were asked for, by their rows
+};
+
+/// The picker whose list that is, unless one types into it.
+QComboBox *pickerWithList(const QAbstractItemView *view)
+{
+    const QWidget *popup = view ? view->parentWidget() : nullptr;
+    auto *picker = popup ? qobject_cast<QComboBox *>(popup->parentWidget()) : nullptr;
+    return picker && !picker->isEditable() && picker->view() == view ? picker : nullptr;
+}
 
 bool opensMenu(const QAbstractButton &button)
 {
@@ -198,6 +330,8 @@ QAccessibleInterface *accessibleControl(const QString & /*className*/, QObject *
     auto *picker = qobject_cast<QComboBox *>(object);
     if (picker && !picker->isEditable())
         return new PickerInterface(*picker);
+    if (QComboBox *owner = pickerWithList(qobject_cast<QAbstractItemView *>(object)))
+        return new ChoicesInterface(*owner);
     auto *widget = qobject_cast<QWidget *>(object);
     const QVariant role = widget ? widget->property(roleProperty) : QVariant();
     return role.isValid() ? new QAccessibleWidget(widget, QAccessible::Role(role.toInt()))
@@ -216,6 +350,17 @@ void setAccessibleRole(QWidget &widget, QAccessible::Role role)
     widget.setProperty(roleProperty, int(role));
 }
 
+void closePopups()
+{
+    QWidget *closed = nullptr;
+    QWidget *popup = QApplication::activePopupWidget();
+    while (popup && popup != closed) { // one that refuses to close ends it
+        closed = popup;
+        popup->close();
+        popup = QApplication::activePopupWidget();
+    }
+}
+
 void clickSoon(QWidget &widget, const std::function<void()> &act)
 {
     const auto click = [target = QPointer(&widget), act] {
@@ -224,6 +369,10 @@ void clickSoon(QWidget &widget, const std::function<void()> &act)
         };
         if (!canBeClicked())
             return;
+        if (isBehindPopup(*target)) {
+            closePopups();
+            return;
+        }
         QWidget *field = QApplication::focusWidget();
         if (takesText(field) && field->window() == target->window())
             leaveField(*field);

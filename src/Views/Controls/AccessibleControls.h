@@ -17,9 +17,14 @@ void makeControlsAccessible();
 /// called before the widget is given a name.
 void setAccessibleRole(QWidget &widget, QAccessible::Role role);
 
+/// Closes every list and menu that is open. An item of a menu that an assistive technology chooses
+/// leaves its menu open, which a click on it does not.
+void closePopups();
+
 /// Does what a click on \a widget does, which \a act carries out, once assistive technology has its
 /// answer: a dialog that the click opens would keep it waiting. As a click, it ends the typing in
-/// that window, and nothing happens if the widget is disabled or a dialog stands before it.
+/// that window, does nothing if the widget is disabled or a dialog stands before it, and only
+/// closes the list or menu that is open elsewhere.
 void clickSoon(QWidget &widget, const std::function<void()> &act);
 
 } // namespace quenara

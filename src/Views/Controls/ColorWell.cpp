@@ -1,5 +1,6 @@
 #include "ColorWell.h"
 
+#include "DialogParts.h"
 #include "ThemeColors.h"
 
 #include <QColorDialog>
@@ -59,6 +60,7 @@ void ColorWell::openDialog()
     m_dialog->setWindowTitle(accessibleName());
     m_dialog->setOption(QColorDialog::ShowAlphaChannel); // before the colour, or it becomes opaque
     m_dialog->setCurrentColor(m_color->toColor());
+    nameParts(*m_dialog);
     connect(m_dialog, &QColorDialog::currentColorChanged, this,
             [this](const QColor &color) { emit edited(RGBAColor::fromColor(color)); });
     connect(m_dialog, &QDialog::finished, this, [this] { m_dialog.clear(); });

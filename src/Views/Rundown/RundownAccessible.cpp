@@ -1,6 +1,7 @@
 #include "RundownAccessible.h"
 
 #include "AccessibleControls.h"
+#include "AccessibleItem.h"
 #include "RundownList.h"
 #include "RundownModel.h"
 
@@ -13,30 +14,14 @@ namespace quenara {
 namespace {
 
 /// A row of the rundown. It stays the same interface wherever its row moves.
-class RowInterface : public QAccessibleInterface, public QAccessibleActionInterface
+class RowInterface : public AccessibleItem
 {
 public:
-    RowInterface(RundownList &list, const QModelIndex &index) : m_list(&list), m_index(index) {}
+    RowInterface(RundownList &list, const QModelIndex &index)
+        : AccessibleItem(list), m_list(&list), m_index(index)
+    {}
 
     bool isValid() const override { return m_list && m_index.isValid(); }
-    QObject *object() const override { return nullptr; }
-    QAccessibleInterface *parent() const override
-    {
-        return QAccessible::queryAccessibleInterface(m_list);
-    }
-    QAccessibleInterface *child(int /*index*/) const override { return nullptr; }
-    QAccessibleInterface *childAt(int /*x*/, int /*y*/) const override { return nullptr; }
-    int childCount() const override { return 0; }
-    int indexOfChild(const QAccessibleInterface * /*child*/) const override { return -1; }
-    void setText(QAccessible::Text /*kind*/, const QString & /*text*/) override {}
-    QAccessible::Role role() const override { return QAccessible::ListItem; }
-
-    void *interface_cast(QAccessible::InterfaceType type) override
-    {
-        return type == QAccessible::ActionInterface
-            ? static_cast<QAccessibleActionInterface *>(this)
-            : nullptr;
-    }
 
     QString text(QAccessible::Text kind) const override
     {
@@ -72,30 +57,22 @@ public:
         return state;
     }
 
-    QStringList actionNames() const override { return {pressAction(), setFocusAction()}; }
-    QStringList keyBindingsForAction(const QString & /*action*/) const override { return {}; }
-    void doAction(const QString &action) override
+    void press() const override
     {
-        if (action == pressAction()) {
-            select();
-        } else if (isValid() && action == setFocusAction()) {
-            m_list->setFocus(Qt::OtherFocusReason);
-            m_list->setCurrentIndex(m_index);
-        }
-    }
-
-    /// Does what a click on the row does.
-    void select() const
-    {
-        if (isValid()) {
-            clickSoon(*m_list, [list = m_list, index = m_index] {
-                list->setFocus(Qt::MouseFocusReason);
-                list->choose(index);
-            });
-        }
+        clickSoon(*m_list, [list = m_list, index = m_index] {
+            list->setFocus(Qt::MouseFocusReason);
+            list->choose(index);
+        });
     }
 
     const QPersistentModelIndex &index() const { return m_index; }
+
+protected:
+    void takeFocus() const override
+    {
+        m_list->setFocus(Qt::OtherFocusReason);
+        m_list->setCurrentIndex(m_index);
+    }
 
 private:
     QPointer<RundownList> m_list;
@@ -186,7 +163,7 @@ public:
     {
         const auto *item = static_cast<const RowInterface *>(child(row));
         if (item)
-            item->select();
+            item->press();
         return item;
     }
     bool selectColumn(int /*column*/) override { return false; }
