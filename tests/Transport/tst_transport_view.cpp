@@ -12,17 +12,19 @@ using namespace quenara::test;
 
 namespace {
 
-/// The bar as a window of its own, as wide as it is in the smallest window of the operator.
+/// The bar in a window, as wide as it is in the smallest window of the operator.
 struct Transport : CommandWorld
 {
     RenderCaches caches;
-    TransportView view{store, commands, caches};
+    QWidget window;
+    TransportView view{store, commands, caches, &window};
 
     Transport() : Transport(showOf({1})) {}
     explicit Transport(const ZelvoProject &project) : CommandWorld(project)
     {
         view.resize(1180, TransportView::barHeight);
-        showActive(view);
+        window.resize(view.size());
+        showActive(window);
     }
 
     const SlideView *preview(const QString &name) const { return &named<SlideView>(view, name); }
@@ -35,6 +37,18 @@ struct Transport : CommandWorld
         return named<SymbolButton>(view, name).isChecked();
     }
 };
+
+/// Whether some pixel of an \a area is lighter than what a notice darkens the slide with.
+bool lightIn(const QImage &image, const QRect &area)
+{
+    for (int y = area.top(); y <= area.bottom(); ++y) {
+        for (int x = area.left(); x <= area.right(); ++x) {
+            if (image.pixelColor(x, y).lightness() > 60 && image.pixelColor(x, y).alpha() > 200)
+                return true;
+        }
+    }
+    return false;
+}
 
 } // namespace
 
@@ -191,10 +205,48 @@ private slots:
         const auto *shown = live.findChild<PreviewNotice *>();
         QCOMPARE(shown->isVisible() ? shown->text() : QString(), notice);
         QCOMPARE(shown->isVisible(), !notice.isEmpty());
-        QCOMPARE(shown->geometry().isEmpty() || shown->geometry() == live.rect(), true);
+        QCOMPARE(shown->geometry(), live.rect());
         QVERIFY(live.accessibleDescription().endsWith(notice));
         QVERIFY(
             !op.preview(QStringLiteral("Queued slide"))->findChild<PreviewNotice *>()->isVisible());
+    }
+
+    void aNoticeIsReadWholeOnTheSmallestPreview_data()
+    {
+        QTest::addColumn<std::function<void(Transport &)>>("happening");
+        const auto row = [](const char *name, auto happening) {
+            QTest::newRow(name) << std::function<void(Transport &)>(happening);
+        };
+        row("No display", [](Transport &) {});
+        row("Waiting for the second screen", [](Transport &op) { op.outputs.loseDisplay(); });
+        row("BLACKOUT", [](Transport &op) {
+            op.outputs.toggleDisplayWindow();
+            op.store.toggleBlackout();
+        });
+        row("LOGO", [](Transport &op) {
+            op.outputs.toggleDisplayWindow();
+            op.store.toggleLogo();
+        });
+    }
+
+    /// By what it darkens and writes: there is a margin of one colour around the words.
+    void aNoticeIsReadWholeOnTheSmallestPreview()
+    {
+        QFETCH(std::function<void(Transport &)>, happening);
+        Transport op(showOf({3}));
+        op.view.resize(op.view.minimumSizeHint());
+        happening(op);
+        QWidget &live = named(op.view, u"Live slide"_s);
+        QCOMPARE(live.size(), QSize(96, 54));
+        auto &notice = *live.findChild<PreviewNotice *>();
+        QVERIFY(notice.isVisible());
+        QImage words(notice.size(), QImage::Format_ARGB32_Premultiplied);
+        words.fill(Qt::transparent);
+        notice.render(&words, QPoint(), QRegion(), QWidget::RenderFlags());
+        QVERIFY(lightIn(words, words.rect()));
+        for (const QRect &edge :
+             {QRect(0, 0, 3, 54), QRect(93, 0, 3, 54), QRect(0, 0, 96, 3), QRect(0, 51, 96, 3)})
+            QVERIFY(!lightIn(words, edge));
     }
 
     void aNoticeLeavesTheTitlesTheSlidesAndTheirFramesAsTheyAre()

@@ -91,7 +91,7 @@ private slots:
         QTest::newRow("1280 by 720") << QSize(1276, 648);
         QTest::newRow("1920 by 1080 at a scale of 1.5, beside a dock") << QSize(1210, 640);
         QTest::newRow("1024 by 768") << QSize(1020, 696);
-        QTest::newRow("1366 by 768 at a scale of 1.5") << QSize(906, 440);
+        QTest::newRow("1366 by 768 at a font DPI of 144") << QSize(906, 440);
     }
 
     void onASmallScreenTheWorkAreaGivesWayAndNothingElse()
@@ -136,18 +136,38 @@ private slots:
         }
     }
 
-    void theTransportBarGivesUpItsPreviewsLast()
+    void theLivePreviewIsShownOnEveryScreen_data()
     {
+        QTest::addColumn<QSize>("size");
+        QTest::addColumn<bool>("showsQueued");
+        QTest::addColumn<bool>("showsLiveAtFullSize");
+        QTest::newRow("the stated minimum") << QSize(1180, 760) << true << true;
+        QTest::newRow("1024 by 768") << QSize(1020, 696) << false << true;
+        QTest::newRow("1366 by 768 at a font DPI of 144") << QSize(906, 440) << false << false;
+    }
+
+    void theLivePreviewIsShownOnEveryScreen()
+    {
+        QFETCH(QSize, size);
+        QFETCH(bool, showsQueued);
+        QFETCH(bool, showsLiveAtFullSize);
         Operator op;
-        const auto shows = [&](const QString &name) {
-            return named<SlideView>(op.view, name).isVisible();
-        };
-        op.view.resize(1020, 700);
-        QVERIFY(shows(QStringLiteral("Live slide")) && !shows(QStringLiteral("Queued slide")));
-        op.view.resize(906, 700);
-        QVERIFY(!shows(QStringLiteral("Live slide")) && !shows(QStringLiteral("Queued slide")));
-        op.view.resize(1180, 700);
-        QVERIFY(shows(QStringLiteral("Live slide")) && shows(QStringLiteral("Queued slide")));
+        for (const QSize &one : {size, QSize(1480, 900), size}) {
+            op.view.resize(one);
+            QCoreApplication::processEvents();
+        }
+        const auto &preview = named<SlideView>(op.view, QStringLiteral("Live slide"));
+        QVERIFY(preview.isVisible());
+        QCOMPARE(preview.size() == QSize(178, 100), showsLiveAtFullSize);
+        QCOMPARE(preview.height(), qRound(preview.width() * 100 / 178.0));
+        QVERIFY(preview.width() >= 96);
+        QCOMPARE(named<SlideView>(op.view, QStringLiteral("Queued slide")).isVisible(),
+                 showsQueued);
+        const QWidget &bar = *op.view.findChild<TransportView *>();
+        const QRect place = placeOf(preview, bar);
+        QVERIFY(bar.rect().contains(place));
+        for (const SymbolButton *button : bar.findChildren<SymbolButton *>())
+            QVERIFY2(!place.intersects(placeOf(*button, bar)), qPrintable(button->text()));
     }
 
     void theBadgeFollowsTheOutputMode()

@@ -9,6 +9,8 @@
 #include <QPainter>
 #include <QPainterPath>
 
+#include <cmath>
+
 namespace quenara {
 
 namespace {
@@ -16,7 +18,8 @@ namespace {
 constexpr double badgeSize = 12; // points, as all lengths here
 constexpr double badgePadding = 4;
 constexpr double stripTextSize = 10;
-constexpr double stripHeight = 18;
+constexpr double stripPadding = 3; ///< above and below the text
+constexpr double stripMargin = 4; ///< left and right of it
 constexpr double noticeRadius = 5; ///< of the corners, within the preview's outline
 constexpr float shadeOpacity = 0.72F;
 
@@ -59,7 +62,6 @@ void PreviewNotice::setReason(Reason reason)
     if (reason == m_reason)
         return;
     m_reason = reason;
-    setGeometry(parentWidget()->rect());
     setVisible(reason != Reason::none);
     update();
 }
@@ -92,11 +94,15 @@ void PreviewNotice::paintMode(QPainter &painter, OutputMode mode) const
 void PreviewNotice::paintStrip(QPainter &painter) const
 {
     const ZelvoTheme &theme = ZelvoTheme::dark();
+    painter.setFont(systemFont(stripTextSize, QFont::DemiBold));
+    const QRectF room = QRectF(rect()).adjusted(stripMargin, 0, -stripMargin, 0);
+    constexpr int flags = Qt::AlignCenter | Qt::TextWordWrap;
+    const double textHeight = painter.boundingRect(room, flags, text()).height();
+    const double stripHeight = std::ceil(textHeight + 2 * stripPadding);
     const QRectF strip(0, height() - stripHeight, width(), stripHeight);
     painter.fillRect(strip, shade());
-    painter.setFont(systemFont(stripTextSize, QFont::DemiBold));
     painter.setPen(m_reason == Reason::waitingDisplay ? theme.warning : theme.primaryText);
-    painter.drawText(strip, Qt::AlignCenter | Qt::TextSingleLine, text());
+    painter.drawText(strip.adjusted(stripMargin, 0, -stripMargin, 0), flags, text());
 }
 
 } // namespace quenara

@@ -7,6 +7,7 @@
 namespace quenara {
 
 /// Lies over the preview of the live slide while the audience sees something else, and says what.
+/// Whoever makes it gives it its size.
 class PreviewNotice : public QWidget
 {
     Q_OBJECT

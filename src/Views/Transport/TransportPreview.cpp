@@ -10,12 +10,14 @@
 #include <QPainter>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace quenara {
 
 namespace {
 
-constexpr int previewWidth = 190;
 constexpr QSize slideSize{178, 100};
+constexpr int rightMargin = TransportPreview::fullWidth - slideSize.width();
 constexpr int captionHeight = 14;
 constexpr int captionGap = 4;
 constexpr int captionSpacing = 6;
@@ -31,8 +33,6 @@ TransportPreview::TransportPreview(const QString &title, QColor ZelvoTheme::*acc
       m_slideTitle(new ElidedLabel(QStringLiteral("previewTitle"))),
       m_slideView(new SlideView(caches)), m_notice(new PreviewNotice(m_slideView))
 {
-    setFixedSize(previewWidth, captionHeight + captionGap + slideSize.height());
-    m_slideView->setFixedSize(slideSize);
     m_slideView->setCornerRadius(cornerRadius);
     m_slideView->setOutline(accent, outlineOpacity);
     m_slideView->setAccessibleName(QStringLiteral("%1 slide").arg(title));
@@ -45,10 +45,20 @@ TransportPreview::TransportPreview(const QString &title, QColor ZelvoTheme::*acc
     caption->addWidget(name);
     caption->addWidget(m_slideTitle, 1);
     auto *layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, previewWidth - slideSize.width(), 0);
+    layout->setContentsMargins(0, 0, rightMargin, 0);
     layout->setSpacing(captionGap);
     layout->addLayout(caption);
     layout->addWidget(m_slideView);
+    fitInto(fullWidth);
+}
+
+void TransportPreview::fitInto(int room)
+{
+    const int width = std::clamp(room, leastWidth, fullWidth) - rightMargin;
+    const QSize slide(width, qRound(double(width) * slideSize.height() / slideSize.width()));
+    m_slideView->setFixedSize(slide);
+    m_notice->resize(slide);
+    setFixedSize(width + rightMargin, captionHeight + captionGap + slide.height());
 }
 
 void TransportPreview::setSlide(const std::optional<Slide> &slide)

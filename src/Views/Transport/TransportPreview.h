@@ -28,6 +28,13 @@ public:
     /// Says over the slide why the audience does not see it.
     void setNotice(PreviewNotice::Reason reason);
 
+    /// Makes the preview as wide as \a room, in points, but no wider than it is meant to be and no
+    /// narrower than its notices need to be read.
+    void fitInto(int room);
+
+    static constexpr int fullWidth = 190; ///< points
+    static constexpr int leastWidth = 108;
+
 protected:
     void paintEvent(QPaintEvent *event) override;
 

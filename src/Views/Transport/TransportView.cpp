@@ -88,23 +88,28 @@ TransportView::TransportView(WorkspaceStore &store, const CommandActions &comman
     showNotice();
 }
 
-QSize TransportView::minimumSizeHint() const
+int TransportView::widthBesidePreviews() const
 {
     int width = layout()->minimumSize().width();
     for (const TransportPreview *preview : {m_queued, m_live}) {
         if (!preview->isHidden())
             width -= preview->width() + groupSpacing;
     }
-    return {width, barHeight};
+    return width;
+}
+
+QSize TransportView::minimumSizeHint() const
+{
+    return {widthBesidePreviews() + TransportPreview::leastWidth + groupSpacing, barHeight};
 }
 
 void TransportView::resizeEvent(QResizeEvent *event)
 {
-    int room = width() - minimumSizeHint().width();
-    for (TransportPreview *preview : {m_live, m_queued}) {
-        room -= preview->width() + groupSpacing;
-        preview->setVisible(room >= 0);
-    }
+    constexpr int both = 2 * (TransportPreview::fullWidth + groupSpacing);
+    const int room = width() - widthBesidePreviews();
+    m_queued->setVisible(room >= both);
+    m_live->fitInto(room - groupSpacing);
+    layout()->activate();
     QWidget::resizeEvent(event);
 }
 

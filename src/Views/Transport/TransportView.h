@@ -13,8 +13,9 @@ class TransportPreview;
 class WorkspaceStore;
 
 /// The strip across the bottom of the operator window: what is queued and live, and the buttons
-/// that run the service. None is ever disabled, and where the strip has no room for all of its
-/// parts, the previews go: first that of the queued slide.
+/// that run the service. None is ever disabled. Where the strip has no room for all of its parts,
+/// the preview of the queued slide goes, and that of the live slide becomes smaller: what the
+/// audience sees is always told.
 class TransportView : public QWidget
 {
     Q_OBJECT
@@ -25,7 +26,7 @@ public:
     TransportView(WorkspaceStore &store, const CommandActions &commands, RenderCaches &caches,
                   QWidget *parent = nullptr);
 
-    /// The room for the buttons alone.
+    /// The room for the buttons and the smallest preview of the live slide.
     QSize minimumSizeHint() const override;
 
 protected:
@@ -39,6 +40,7 @@ private:
         Command command;
     };
 
+    int widthBesidePreviews() const;
     void showSlides();
     void showSwitches();
     void showNotice();
