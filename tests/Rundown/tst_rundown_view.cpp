@@ -798,6 +798,38 @@ private slots:
             QVERIFY(isInSight(op, rowOfSlide(op, id)));
     }
 
+    void aDocumentThatIsOpenedIsShownFromItsTop()
+    {
+        Rundown op(showOf({1}));
+        for (const int height : {250, 220, 256, 576}) {
+            op.view.resize(RundownView::panelWidth, height);
+            op.store.loadDemoProject();
+            QVERIFY(op.store.liveSlideID());
+            QCOMPARE(op.list->verticalScrollBar()->value(), 0);
+            op.store.newBlankProject();
+        }
+    }
+
+    void whatComesNextStaysInSightWhenTheWindowBecomesLower()
+    {
+        Rundown op(showOf({40}));
+        op.store.selectSlide(u"A6"_s, true);
+        op.store.goLive();
+        op.list->verticalScrollBar()->setValue(0);
+        QVERIFY(isInSight(op, rowOfSlide(op, u"A8"_s)));
+        op.view.resize(RundownView::panelWidth, 260);
+        for (const QString &id : {u"A6"_s, u"A7"_s, u"A8"_s})
+            QVERIFY(isInSight(op, rowOfSlide(op, id)));
+    }
+
+    void aListThatWasScrolledAwayFromTheLiveSlideStaysThereWhenTheWindowBecomesLower()
+    {
+        Rundown op(showOf({40}));
+        op.list->verticalScrollBar()->setValue(900);
+        op.view.resize(RundownView::panelWidth, 260);
+        QCOMPARE(op.list->verticalScrollBar()->value(), 900);
+    }
+
     void anImportedSongIsShownWholeIfItFits()
     {
         Rundown op(showOf({40, 40}));

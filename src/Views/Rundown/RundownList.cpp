@@ -15,12 +15,19 @@
 #include <QMenu>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QResizeEvent>
 #include <QScrollBar>
 
 #include <algorithm>
 #include <utility>
 
 namespace quenara {
+
+namespace {
+
+constexpr int rowsAhead = 2; ///< in sight beyond the live row, in the direction that it moves
+
+} // namespace
 
 RundownList::RundownList(WorkspaceStore &store, const CommandActions &commands,
                          RenderCaches &caches, QWidget *parent)
@@ -93,28 +100,31 @@ void RundownList::followSelection()
 }
 
 /// Keeps in sight what comes next: going down, the two rows after the live one; going up, those
-/// before it, or all from the title of its section if there is room for that.
+/// before it, or all from the title of its section if there is room for that, as in a document
+/// that has just been opened.
 void RundownList::followLive()
 {
-    constexpr int ahead = 2;
     const std::optional<QString> id = m_store.liveSlideID();
     const QModelIndex live = m_model->indexOfSlide(id);
     const QModelIndex before = m_model->indexOfSlide(std::exchange(m_liveID, id));
     if (live == before || !live.isValid() || m_isHolding)
         return;
-    const auto rowAt = [this](int row) {
-        return m_model->index(std::clamp(row, 0, m_model->rowCount() - 1));
-    };
-    const QModelIndex last = rowAt(live.row() + ahead);
-    if (live.row() > before.row())
+    const QModelIndex last = comesNextAfter(live);
+    if (before.isValid() && live.row() > before.row())
         return showRows(live, last, Qt::TopEdge);
-    QModelIndex first = rowAt(live.row() - ahead);
+    QModelIndex first = m_model->index(std::max(live.row() - rowsAhead, 0));
     const QModelIndex section = m_model->sectionOf(live);
     const int reach = visualRect(live).bottom() + 1 - visualRect(section).top();
     if (section.row() < first.row() && reach <= viewport()->height())
         first = section;
     showRows(first, last, Qt::TopEdge);
     showRows(first, live, Qt::BottomEdge);
+}
+
+/// The last of the rows that are kept in sight below the live one.
+QModelIndex RundownList::comesNextAfter(const QModelIndex &live) const
+{
+    return m_model->index(std::min(live.row() + rowsAhead, m_model->rowCount() - 1));
 }
 
 /// Scrolls no further than it takes to show the rows from \a first to \a last; where they do not
@@ -286,6 +296,16 @@ void RundownList::paintEvent(QPaintEvent *event)
     }
     if (m_thumbnails.owesThumbnails())
         viewport()->update(event->rect());
+}
+
+/// Keeps the live row in sight, with what comes next, when the window becomes lower.
+void RundownList::resizeEvent(QResizeEvent *event)
+{
+    QListView::resizeEvent(event);
+    const QModelIndex live = m_model->indexOfSlide(m_liveID);
+    const bool wasInSight = QRect(QPoint(), event->oldSize()).contains(visualRect(live));
+    if (isVisible() && wasInSight && !m_heldPlace)
+        showRows(live, comesNextAfter(live), Qt::TopEdge);
 }
 
 void RundownList::scrollContentsBy(int dx, int dy)

@@ -54,6 +54,7 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint) override;
     void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
     void rowsInserted(const QModelIndex &parent, int first, int last) override;
     void scrollContentsBy(int dx, int dy) override;
     void updateGeometries() override;
@@ -67,6 +68,7 @@ private:
     void followStore();
     void followSelection();
     void followLive();
+    QModelIndex comesNextAfter(const QModelIndex &live) const;
     void showRows(const QModelIndex &first, const QModelIndex &last, Qt::Edge edge);
 
     WorkspaceStore &m_store;
