@@ -3,7 +3,6 @@
 #include "FileReading.h"
 #include "FileReplacement.h"
 #include "OperatorWindow.h"
-#include "WindowPlace.h"
 
 #include <QDir>
 #include <QEvent>
@@ -73,32 +72,45 @@ void WindowMemory::restore()
     if (!screen)
         return;
     const QPoint origin = screen->geometry().topLeft();
-    const WindowPlace fitting =
-        broughtWithin(screen->availableGeometry().translated(-origin), *place);
+    WindowPlace fitting = broughtWithin(screen->availableGeometry().translated(-origin), *place);
+    fitting.screen = screen->name();
     m_window.setScreen(screen);
     m_window.followScreen();
     m_window.resize(fitting.size);
     m_window.move(origin + fitting.corner);
     if (fitting.isMaximized)
         m_window.setWindowState(Qt::WindowMaximized);
+    m_restored = fitting;
+    m_untouched = m_window.geometry();
+}
+
+/// The window must have a screen.
+WindowPlace WindowMemory::place() const
+{
+    const bool isMaximized = m_window.isMaximized();
+    const QRect normal = isMaximized ? m_window.normalGeometry() : m_window.geometry();
+    const QMargins frame = frameOf(m_window);
+    // A window that has been maximized ever since it was opened has not got another frame yet.
+    const bool isFramed = !isMaximized || normal != m_untouched;
+    const QPoint corner =
+        normal.topLeft() - (isFramed ? QPoint(frame.left(), frame.top()) : QPoint());
+    return {.screen = m_window.screen()->name(),
+            .corner = corner - m_window.screen()->geometry().topLeft(),
+            .size = normal.size(),
+            .frame = frame,
+            .isMaximized = isMaximized};
 }
 
 void WindowMemory::store() const
 {
-    const QMargins frame = frameOf(m_window);
-    const QRect normal = m_window.isMaximized() ? m_window.normalGeometry() : m_window.geometry();
-    if (!m_window.screen() || normal.isEmpty())
+    if (!m_window.screen())
         return;
-    const QPoint corner = normal.topLeft() - QPoint(frame.left(), frame.top());
+    const WindowPlace now = place();
+    if (now.size.isEmpty() || (m_restored && isBeside(*m_restored, now)))
+        return;
     QDir().mkpath(QFileInfo(m_file).path());
     // Where it cannot be written, the window opens as if for the first time.
-    [[maybe_unused]] const bool isStored =
-        replaceFile(m_file,
-                    encode({.screen = m_window.screen()->name(),
-                            .corner = corner - m_window.screen()->geometry().topLeft(),
-                            .size = normal.size(),
-                            .frame = frame,
-                            .isMaximized = m_window.isMaximized()}));
+    [[maybe_unused]] const bool isStored = replaceFile(m_file, encode(now));
 }
 
 bool WindowMemory::eventFilter(QObject * /*object*/, QEvent *event)

@@ -64,6 +64,15 @@ WindowPlace broughtWithin(const QRect &available, WindowPlace place)
     return place;
 }
 
+bool isBeside(const WindowPlace &one, const WindowPlace &other)
+{
+    const auto isNear = [](int a, int b) { return std::abs(a - b) <= 1; };
+    return one.screen == other.screen && one.isMaximized == other.isMaximized
+        && isNear(one.corner.x(), other.corner.x()) && isNear(one.corner.y(), other.corner.y())
+        && isNear(one.size.width(), other.size.width())
+        && isNear(one.size.height(), other.size.height());
+}
+
 QByteArray encode(const WindowPlace &place)
 {
     QJsonObject object{{screenKey, place.screen}, {maximizedKey, place.isMaximized}};

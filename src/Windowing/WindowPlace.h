@@ -32,6 +32,10 @@ struct WindowPlace
 /// \a available, which is seen from the top left of the screen, too.
 [[nodiscard]] WindowPlace broughtWithin(const QRect &available, WindowPlace place);
 
+/// Whether two places on the same screen are alike but for rounding: none of their lengths differs
+/// by more than a point. Frames are left out, since they come from the desktop.
+[[nodiscard]] bool isBeside(const WindowPlace &one, const WindowPlace &other);
+
 /// As it is stored: a JSON object.
 [[nodiscard]] QByteArray encode(const WindowPlace &place);
 

@@ -33,6 +33,12 @@ struct Start : WindowingWorld
     QRect available() const { return window.screen()->availableGeometry(); }
 };
 
+QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
 void moveTo(Start &start, const QRect &place)
 {
     start.window.setGeometry(place);
@@ -115,6 +121,33 @@ private slots:
         QCOMPARE(again.window.screen()->name(), u"projector"_s);
         again.window.showNormal();
         QTRY_COMPARE(again.window.size(), place.size());
+    }
+
+    void aWindowThatIsNotTouchedKeepsWhatIsStored_data()
+    {
+        QTest::addColumn<WindowPlace>("place");
+        const WindowPlace place{.screen = u"projector"_s, .corner = {200, 90}, .size = {1300, 820}};
+        WindowPlace other = place;
+        QTest::newRow("as it is") << other;
+        other.isMaximized = true;
+        QTest::newRow("maximized") << other;
+        other = place;
+        other.screen = u"unplugged"_s;
+        QTest::newRow("of a screen that is gone") << other;
+        other = place;
+        other.screen = u"laptop"_s;
+        QTest::newRow("of a screen that has become too small for it") << other;
+    }
+
+    void aWindowThatIsNotTouchedKeepsWhatIsStored()
+    {
+        QFETCH(WindowPlace, place);
+        const QTemporaryDir folder;
+        const QString file = folder.filePath(u"place.json"_s);
+        writeFile(file, encode(place));
+        for (int start = 0; start < 3; ++start)
+            Start(file).window.close();
+        QCOMPARE(decodeWindowPlace(contentOf(file)), std::optional(place));
     }
 
     void aWindowWhoseScreenIsGoneComesBackWithinThePrimaryOne()

@@ -35,6 +35,36 @@ private slots:
         QCOMPARE(decodeWindowPlace(encode(somePlace())), std::optional(somePlace()));
     }
 
+    void placesThatDifferByRoundingAloneLieBesideEachOther_data()
+    {
+        QTest::addColumn<std::function<void(WindowPlace &)>>("change");
+        QTest::addColumn<bool>("expected");
+        const auto row = [](const char *name, bool expected, auto change) {
+            QTest::newRow(name) << std::function<void(WindowPlace &)>(change) << expected;
+        };
+        row("the same", true, [](WindowPlace &) {});
+        row("a point lower, to the left, smaller", true, [](WindowPlace &place) {
+            place.corner += QPoint(-1, 1);
+            place.size -= QSize(1, 1);
+        });
+        row("another frame", true, [](WindowPlace &place) { place.frame = {}; });
+        row("two points lower", false, [](WindowPlace &place) { place.corner.ry() += 2; });
+        row("two points to the left", false, [](WindowPlace &place) { place.corner.rx() -= 2; });
+        row("wider", false, [](WindowPlace &place) { place.size.rwidth() += 2; });
+        row("lower", false, [](WindowPlace &place) { place.size.rheight() -= 2; });
+        row("another screen", false, [](WindowPlace &place) { place.screen += u'2'; });
+        row("not maximized", false, [](WindowPlace &place) { place.isMaximized = false; });
+    }
+
+    void placesThatDifferByRoundingAloneLieBesideEachOther()
+    {
+        QFETCH(std::function<void(WindowPlace &)>, change);
+        QFETCH(bool, expected);
+        WindowPlace other = somePlace();
+        change(other);
+        QCOMPARE(isBeside(somePlace(), other), expected);
+    }
+
     void aWindowIsBroughtWithinTheScreen_data()
     {
         QTest::addColumn<QRect>("outer");
