@@ -12,6 +12,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QLayout>
 #include <QMenuBar>
 #include <QScreen>
 #include <QWindow>
@@ -61,6 +62,10 @@ OperatorWindow::OperatorWindow(WorkspaceStore &store, WindowCoordinator &windows
     connect(&store, &WorkspaceStore::errorMessageChanged, this, &OperatorWindow::showError);
     connect(&commands, &CommandActions::quitRequested, this, &QWidget::close);
     connect(&commands, &CommandActions::aboutRequested, this, &OperatorWindow::showAbout);
+    m_screensSettled.setSingleShot(true);
+    m_screensSettled.setInterval(screensSettleIn);
+    connect(&m_screens, &ScreenWatch::changed, &m_screensSettled, qOverload<>(&QTimer::start));
+    connect(&m_screensSettled, &QTimer::timeout, this, &OperatorWindow::comeWithinScreen);
     showTitle();
 }
 
@@ -75,10 +80,41 @@ OperatorWindow::~OperatorWindow()
 void OperatorWindow::followScreen()
 {
     const QSize outside(0, menuBar()->sizeHint().height());
-    const QSize room = screen()->availableSize().shrunkBy(usualFrame) - outside;
-    const auto kept = [](int length, int available) { return length <= available ? length : 0; };
-    centralWidget()->setMinimumSize(kept(minimumContentSize.width(), room.width()),
-                                    kept(minimumContentSize.height(), room.height()));
+    const QSize available = room().size().shrunkBy(usualFrame) - outside;
+    const auto kept = [](int length, int most) { return length <= most ? length : 0; };
+    centralWidget()->setMinimumSize(kept(minimumContentSize.width(), available.width()),
+                                    kept(minimumContentSize.height(), available.height()));
+    layout()->activate(); // else the window would still not become smaller than before
+}
+
+/// What windows may cover of the screen with the window, or of the primary one once that is gone.
+QRect OperatorWindow::room() const
+{
+    const QList<PlacedScreen> screens = m_screens.screens();
+    for (const PlacedScreen &placed : screens) {
+        // Qt may not know yet that the screen has become smaller.
+        if (placed.screen == screen())
+            return screen()->availableGeometry() & placed.frame;
+    }
+    return screens.isEmpty() ? screen()->availableGeometry() : screens.constFirst().frame;
+}
+
+/// Called once the screens have changed and the window manager has put the window wherever it
+/// thinks best, which need not be in sight.
+void OperatorWindow::comeWithinScreen()
+{
+    followScreen();
+    const QRect frame = frameGeometry();
+    if (isMaximized() || isFullScreen() || room().contains(frame))
+        return placeSheets();
+    const WindowPlace fitting =
+        broughtWithin(room(),
+                      {.screen = {},
+                       .corner = frame.topLeft(),
+                       .size = size(),
+                       .frame = windowHandle() ? windowHandle()->frameMargins() : usualFrame});
+    resize(fitting.size);
+    move(fitting.corner);
 }
 
 bool OperatorWindow::event(QEvent *event)

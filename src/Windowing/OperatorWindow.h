@@ -1,9 +1,11 @@
 #pragma once
 
+#include "ScreenWatch.h"
 #include "SongImportSheet.h"
 
 #include <QMainWindow>
 #include <QPointer>
+#include <QTimer>
 
 #include <functional>
 
@@ -19,7 +21,7 @@ class WorkspaceStore;
 class ZelvoCommands;
 
 /// The main window: menus, the operator view, the start panel and the song import as its sheets,
-/// errors as alerts.
+/// errors as alerts. When its screen becomes smaller or goes, it comes within what is left.
 /// Closing it ends the program, the output windows with it, once the guard agrees.
 class OperatorWindow : public QMainWindow
 {
@@ -43,6 +45,8 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
+    QRect room() const;
+    void comeWithinScreen();
     void placeSheets() const;
     void showSheets();
     template<class Sheet>
@@ -58,6 +62,8 @@ private:
     WindowCoordinator &m_windows;
     DocumentGuard &m_guard;
     CommandActions &m_commands;
+    ScreenWatch m_screens;
+    QTimer m_screensSettled;
     bool m_hasBeenPainted = false;
     SongImportDraft m_songImportDraft;
     QPointer<StartPanelView> m_startPanel;

@@ -5,10 +5,16 @@
 #include <QObject>
 #include <QRect>
 
+#include <chrono>
+
 class QScreen;
 struct xcb_connection_t;
 
 namespace quenara {
+
+/// How long screens stay as they are before a window follows them: a loose plug comes and goes, and
+/// the desktop takes its time to arrange them and their windows.
+constexpr std::chrono::milliseconds screensSettleIn(300);
 
 /// A screen where it is, in device-independent pixels.
 struct PlacedScreen

@@ -6,7 +6,6 @@
 #include "StageOutputView.h"
 #include "WorkspaceStore.h"
 
-#include <chrono>
 #include <utility>
 
 namespace quenara {
@@ -15,9 +14,6 @@ namespace {
 
 constexpr QRect stageFrame(180, 160, 1180, 720);
 constexpr QSize stageMinimumSize(900, 540);
-/// How long screens stay as they are before a display comes back: a loose plug comes and goes, and
-/// the desktop takes its time to arrange them.
-constexpr std::chrono::milliseconds screensSettleIn(300);
 
 } // namespace
 

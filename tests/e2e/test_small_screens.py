@@ -5,12 +5,13 @@ import tempfile
 from pathlib import Path
 
 from processes import wait_until
-from program import OPERATOR, STAGE
+from program import OPERATOR, STAGE, START_PANEL
 from show_case import SHOW, TwoScreenCase, run
 from xserver import SCREEN_HEIGHT, SCREEN_WIDTH
 
 # From the lower right corner of the window to the middle of the button for the stage monitor.
 MONITOR_BUTTON = (46, 66)
+RESTARTS = 10
 
 
 class SmallScreens(TwoScreenCase):
@@ -29,9 +30,9 @@ class SmallScreens(TwoScreenCase):
         self.program.press("ctrl+q")
         self.assertEqual(self.program.wait_for_end(), 0, self.program.output())
 
-    def outer_area(self):
-        """(left, top, right, bottom) of the window with its frame."""
-        window = self.program.wait_for_window(OPERATOR)
+    def outer_area(self, title=OPERATOR):
+        """(left, top, right, bottom) of a window with its frame."""
+        window = self.program.wait_for_window(title)
         # xdotool counts the frame twice where a window manager has put the window into one.
         answer = self.server.run("xwininfo", "-id", window).decode()
         x, y, width, height = (
@@ -41,12 +42,15 @@ class SmallScreens(TwoScreenCase):
         left, right, top, bottom = map(int, re.findall(r"\d+", answer))
         return (x - left, y - top, x + width + right, y + height + bottom)
 
-    def assert_within(self, width, height):
+    def assert_within(self, width, height, title=OPERATOR):
         def is_within():
-            left, top, right, bottom = self.outer_area()
+            left, top, right, bottom = self.outer_area(title)
             return left >= 0 and top >= 0 and right <= width and bottom <= height
 
-        wait_until(is_within, f"the window to lie within {width} by {height}", deadline=5)
+        try:
+            wait_until(is_within, "it", deadline=5)
+        except AssertionError:
+            self.fail(f"{title} covers {self.outer_area(title)}, not within {width} by {height}")
 
     def settled_area(self):
         """Where the window lies, once the window manager leaves it there."""
@@ -104,6 +108,106 @@ class SmallScreens(TwoScreenCase):
                         "remove,maximized_vert,maximized_horz")
         wait_until(lambda: program.area(OPERATOR)[:2] == (1300, 840), "its own size to come back")
         self.quit()
+
+    def test_a_maximized_window_that_is_opened_again_and_again_keeps_its_own_place(self):
+        program = self.start_again()
+        program.resize(OPERATOR, 1300, 840)
+        program.move(OPERATOR, 200, 90)
+        own = self.settled_area()
+        self.change_maximized("add")
+        self.quit()
+        for _ in range(3):
+            self.start_again()
+            self.settled_area()
+            self.quit()
+        self.start_again()
+        self.settled_area()
+        self.change_maximized("remove")
+        # The window manager counts its frame's edge otherwise for a window that opens maximized.
+        for pixel, was in zip(self.settled_area(), own):
+            self.assertLessEqual(abs(pixel - was), 1)
+        self.quit()
+
+    def test_a_window_that_is_not_touched_never_creeps(self):
+        for scale in ("1.25", "1.5", "1.75"):
+            with self.subTest(scale=scale):
+                program = self.start_again(QT_SCALE_FACTOR=scale)
+                program.resize(OPERATOR, 1800, 990)
+                program.move(OPERATOR, 101, 41)
+                moved = self.settled_area()
+                self.quit()
+                places = []
+                for _ in range(RESTARTS):
+                    self.start_again(QT_SCALE_FACTOR=scale)
+                    places.append(self.settled_area())
+                    self.quit()
+                self.assertEqual(set(places), {places[0]})
+                # There is not a point for every pixel.
+                for pixel, was in zip(places[0], moved):
+                    self.assertLessEqual(abs(pixel - was), float(scale))
+
+    def test_an_open_window_comes_within_a_screen_that_becomes_smaller(self):
+        self.server.unplug_second_screen()
+        self.start(SHOW)
+        for size in ((1366, 768), (1280, 720)):
+            with self.subTest(size=size):
+                self.server.plug_first_screen()
+                self.program.resize(OPERATOR, 1600, 950)
+                self.program.move(OPERATOR, 250, 80)
+                self.settled_area()
+                self.server.plug_first_screen(size)
+                self.assert_whole(*size)
+
+    def test_an_open_window_comes_within_the_screen_that_is_left(self):
+        for size in ((1920, 1080), (1366, 768)):
+            with self.subTest(size=size):
+                self.server.plug_first_screen(size)
+                self.server.plug_second_screen(x=size[0])
+                program = self.start(SHOW)
+                program.resize(OPERATOR, 1600, 950)
+                program.move(OPERATOR, size[0] + 250, 80)
+                self.settled_area()
+                self.server.unplug_second_screen()
+                self.assert_whole(*size)
+                self.quit()
+
+    def test_an_open_window_that_is_maximized_stays_so_on_a_screen_that_becomes_smaller(self):
+        self.server.unplug_second_screen()
+        self.start(SHOW)
+        self.change_maximized("add")
+        self.server.plug_first_screen((1366, 768))
+        self.assert_whole(1366, 768)
+        self.assertIn("_NET_WM_STATE_MAXIMIZED_HORZ", self.server.run(
+            "xprop", "-id", self.program.wait_for_window(OPERATOR), "_NET_WM_STATE").decode())
+        self.quit()
+
+    def test_an_alert_that_is_open_comes_within_a_screen_that_becomes_smaller(self):
+        self.server.unplug_second_screen()
+        program = self.start(SHOW)
+        program.resize(OPERATOR, 1480, 900)
+        program.move(OPERATOR, 420, 120)
+        program.focus(OPERATOR)
+        program.press("ctrl+n")
+        program.wait_for_window(START_PANEL)
+        self.server.plug_first_screen((1366, 768))
+        self.assert_within(1366, 768, START_PANEL)
+        self.assert_within(1366, 768)
+
+    def change_maximized(self, change):
+        self.server.run("wmctrl", "-i", "-r", self.program.wait_for_window(OPERATOR), "-b",
+                        f"{change},maximized_vert,maximized_horz")
+        self.settled_area()
+
+    def assert_whole(self, width, height):
+        """Passes once the window lies on the screen with all of its bars: the button in its lower
+        right corner is there and works."""
+        self.assert_within(width, height)
+        width, height, *_ = self.settled_area()
+        right, bottom = MONITOR_BUTTON
+        self.program.click(width - right, height - bottom)
+        self.program.wait_for_window(STAGE)
+        self.program.close_window(STAGE)
+        self.program.wait_for_no_window(STAGE)
 
     def test_a_window_whose_screen_is_gone_comes_back_within_the_one_that_is_left(self):
         program = self.start_again()
