@@ -1,5 +1,5 @@
 // fill_on_key: covers the last screen with a colour, and with the other of two at each key press:
-// the least that any program has to do between a key and a picture.
+// the least that any program has to do between a key and a frame.
 
 #include <QApplication>
 #include <QPainter>

@@ -23,11 +23,11 @@ from xserver import SCREEN_WIDTH, XServer
 EXECUTABLE, WRITE_SHOW, FILL_ON_KEY = (Path(argument).absolute() for argument in sys.argv[1:4])
 FILL = "Fill"
 PRESSES = 200
-REST = 0.08  # seconds between a picture and the next press
-LONGEST = 0.5  # seconds to wait for a picture
+REST = 0.08  # seconds between a frame and the next press
+LONGEST = 0.5  # seconds to wait for a frame
 IDLE_SECONDS = 20
 STARTS = 30
-LONGEST_START = 0.3  # seconds to the first picture
+LONGEST_START = 0.3  # seconds to the first frame
 MEGABYTE = 1024 * 1024
 SLIDES = 500
 
@@ -52,7 +52,7 @@ def strip_of(screen):
 
 
 def latencies(watch, key, count):
-    """Seconds from each press to the last picture that it brings; None for a press without one."""
+    """Seconds from each press to the last frame that it brings; None for a press without one."""
     found = []
     for _ in range(count):
         frames = len(watch.frames())
@@ -90,13 +90,13 @@ def report_times(name, values, limit, yardstick):
 
 
 def report(name, presses, limit, fills):
-    """Also prints how many presses brought no picture, as happens where slides look alike in the
+    """Also prints how many presses brought no frame, as happens where slides look alike in the
     strip."""
     values, yardstick = ([value for value in taken if value is not None]
                          for taken in (presses, fills))
     report_times(name, values, limit, yardstick)
     unanswered = len(presses) - len(values)
-    print(f"{name}: {len(presses)} presses, {unanswered} without another picture", flush=True)
+    print(f"{name}: {len(presses)} presses, {unanswered} without another frame", flush=True)
 
 
 def steps(server, screen, press_keys):
@@ -111,7 +111,7 @@ def presses_right(count):
 
 
 def start_once(server, strip, *command):
-    """Seconds from the start of a program to its first picture in the strip, and the seconds of the
+    """Seconds from the start of a program to its first frame in the strip, and the seconds of the
     processor that it used meanwhile: the difference is what it waited. The program has been
     started before, so that its files are cached."""
     with ScreenWatch(server, strip) as watch:
@@ -119,7 +119,7 @@ def start_once(server, strip, *command):
         count = len(watch.frames())
         start = time.monotonic()
         with Program(server, *command) as program:
-            watch.wait_for(lambda frames: len(frames) > count, "a first picture")
+            watch.wait_for(lambda frames: len(frames) > count, "a first frame")
             computed = program.computed()
         return watch.frames()[count].time - start, computed
 

@@ -48,9 +48,9 @@ class Tour:
         seen = [None]
 
         def same_as_before():
-            picture = self._server.run("import", "-window", window, "rgb:-")
-            same = picture == seen[0]
-            seen[0] = picture
+            screenshot = self._server.run("import", "-window", window, "rgb:-")
+            same = screenshot == seen[0]
+            seen[0] = screenshot
             return same
 
         wait_until(same_as_before, "a window to stop changing")
