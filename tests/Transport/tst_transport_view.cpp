@@ -245,7 +245,7 @@ private slots:
         notice.render(&words, QPoint(), QRegion(), QWidget::RenderFlags());
         QVERIFY(lightIn(words, words.rect()));
         for (const QRect &edge :
-             {QRect(0, 0, 3, 54), QRect(93, 0, 3, 54), QRect(0, 0, 96, 3), QRect(0, 51, 96, 3)})
+             {QRect(0, 0, 6, 54), QRect(90, 0, 6, 54), QRect(0, 0, 96, 3), QRect(0, 51, 96, 3)})
             QVERIFY(!lightIn(words, edge));
     }
 
