@@ -15,7 +15,7 @@ struct CanvasSize
     bool operator==(const CanvasSize &) const = default;
     static constexpr auto fields()
     {
-        return std::tuple{field("width", &CanvasSize::width), field("height", &CanvasSize::height)};
+        return FieldList{field("width", &CanvasSize::width), field("height", &CanvasSize::height)};
     }
 };
 static_assert(listsEveryMember<CanvasSize>);
@@ -48,9 +48,9 @@ struct CanvasFrame
     bool operator==(const CanvasFrame &) const = default;
     static constexpr auto fields()
     {
-        return std::tuple{field("x", &CanvasFrame::x), field("y", &CanvasFrame::y),
-                          field("width", &CanvasFrame::width),
-                          field("height", &CanvasFrame::height)};
+        return FieldList{field("x", &CanvasFrame::x), field("y", &CanvasFrame::y),
+                         field("width", &CanvasFrame::width),
+                         field("height", &CanvasFrame::height)};
     }
 };
 static_assert(listsEveryMember<CanvasFrame>);

@@ -55,7 +55,7 @@ struct Slide
     bool operator==(const Slide &) const = default;
     static constexpr auto fields()
     {
-        return std::tuple{
+        return FieldList{
             field("id", &Slide::id, newIdentifier),
             field("title", &Slide::title, [] { return QStringLiteral("Slide"); }),
             field("body", &Slide::body, [] { return QString(); }),
@@ -82,7 +82,7 @@ struct ServiceItem
     bool operator==(const ServiceItem &) const = default;
     static constexpr auto fields()
     {
-        return std::tuple{
+        return FieldList{
             field("id", &ServiceItem::id),
             field("title", &ServiceItem::title),
             field("type", &ServiceItem::type),
@@ -110,7 +110,7 @@ struct ZelvoProject
     bool operator==(const ZelvoProject &) const = default;
     static constexpr auto fields()
     {
-        return std::tuple{
+        return FieldList{
             field("id", &ZelvoProject::id),
             field("name", &ZelvoProject::name),
             field("schemaVersion", &ZelvoProject::schemaVersion),
@@ -136,7 +136,7 @@ struct FlattenedSlide
     bool operator==(const FlattenedSlide &) const = default;
     static constexpr auto fields()
     {
-        return std::tuple{
+        return FieldList{
             field("serviceItemID", &FlattenedSlide::serviceItemID),
             field("serviceItemTitle", &FlattenedSlide::serviceItemTitle),
             field("serviceItemType", &FlattenedSlide::serviceItemType),

@@ -21,8 +21,8 @@ struct RecentProject
     bool operator==(const RecentProject &) const = default;
     static constexpr auto fields()
     {
-        return std::tuple{field("name", &RecentProject::name), field("path", &RecentProject::path),
-                          field("lastOpened", &RecentProject::lastOpened)};
+        return FieldList{field("name", &RecentProject::name), field("path", &RecentProject::path),
+                         field("lastOpened", &RecentProject::lastOpened)};
     }
 };
 static_assert(listsEveryMember<RecentProject>);

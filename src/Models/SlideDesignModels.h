@@ -103,9 +103,9 @@ struct GradientBackground
     bool operator==(const GradientBackground &) const = default;
     static constexpr auto fields()
     {
-        return std::tuple{field("startColor", &GradientBackground::startColor),
-                          field("endColor", &GradientBackground::endColor),
-                          field("direction", &GradientBackground::direction)};
+        return FieldList{field("startColor", &GradientBackground::startColor),
+                         field("endColor", &GradientBackground::endColor),
+                         field("direction", &GradientBackground::direction)};
     }
 };
 static_assert(listsEveryMember<GradientBackground>);
@@ -123,8 +123,8 @@ struct VideoBackground
     }
     static constexpr auto fields()
     {
-        return std::tuple{field("name", &VideoBackground::name),
-                          field("dataUrl", &VideoBackground::dataUrl)};
+        return FieldList{field("name", &VideoBackground::name),
+                         field("dataUrl", &VideoBackground::dataUrl)};
     }
 };
 static_assert(listsEveryMember<VideoBackground>);
@@ -145,7 +145,7 @@ struct SlideBackground
     bool operator==(const SlideBackground &) const = default;
     static constexpr auto fields()
     {
-        return std::tuple{
+        return FieldList{
             field("kind", &SlideBackground::kind),
             field("solidColor", &SlideBackground::solidColor),
             field("gradient", &SlideBackground::gradient),
@@ -171,8 +171,8 @@ struct TextShadow
     bool operator==(const TextShadow &) const = default;
     static constexpr auto fields()
     {
-        return std::tuple{field("color", &TextShadow::color), field("radius", &TextShadow::radius),
-                          field("x", &TextShadow::x), field("y", &TextShadow::y)};
+        return FieldList{field("color", &TextShadow::color), field("radius", &TextShadow::radius),
+                         field("x", &TextShadow::x), field("y", &TextShadow::y)};
     }
 };
 static_assert(listsEveryMember<TextShadow>);
@@ -188,7 +188,7 @@ struct TextOutline
     bool operator==(const TextOutline &) const = default;
     static constexpr auto fields()
     {
-        return std::tuple{field("color", &TextOutline::color), field("width", &TextOutline::width)};
+        return FieldList{field("color", &TextOutline::color), field("width", &TextOutline::width)};
     }
 };
 static_assert(listsEveryMember<TextOutline>);
@@ -218,7 +218,7 @@ struct TextElementProperties
     bool operator==(const TextElementProperties &) const = default;
     static constexpr auto fields()
     {
-        return std::tuple{
+        return FieldList{
             field("text", &TextElementProperties::text),
             field("fontFamily", &TextElementProperties::fontFamily),
             field("fontSize", &TextElementProperties::fontSize),
@@ -248,7 +248,7 @@ struct ShapeProperties
     bool operator==(const ShapeProperties &) const = default;
     static constexpr auto fields()
     {
-        return std::tuple{
+        return FieldList{
             field("kind", &ShapeProperties::kind),
             field("fill", &ShapeProperties::fill),
             field("stroke", &ShapeProperties::stroke),
@@ -269,10 +269,10 @@ struct LowerThirdProperties
     bool operator==(const LowerThirdProperties &) const = default;
     static constexpr auto fields()
     {
-        return std::tuple{field("title", &LowerThirdProperties::title),
-                          field("subtitle", &LowerThirdProperties::subtitle),
-                          field("fill", &LowerThirdProperties::fill),
-                          field("accent", &LowerThirdProperties::accent)};
+        return FieldList{field("title", &LowerThirdProperties::title),
+                         field("subtitle", &LowerThirdProperties::subtitle),
+                         field("fill", &LowerThirdProperties::fill),
+                         field("accent", &LowerThirdProperties::accent)};
     }
 };
 static_assert(listsEveryMember<LowerThirdProperties>);
@@ -298,7 +298,7 @@ struct SlideElement
     bool operator==(const SlideElement &) const = default;
     static constexpr auto fields()
     {
-        return std::tuple{
+        return FieldList{
             field("id", &SlideElement::id),
             field("name", &SlideElement::name),
             field("kind", &SlideElement::kind),
@@ -339,7 +339,7 @@ struct SlideDesign
     bool operator==(const SlideDesign &) const = default;
     static constexpr auto fields()
     {
-        return std::tuple{
+        return FieldList{
             field("canvasSize", &SlideDesign::canvasSize),
             field("background", &SlideDesign::background),
             field("elements", &SlideDesign::elements),

@@ -28,8 +28,8 @@ struct SlideMedia
     }
     static constexpr auto fields()
     {
-        return std::tuple{field("dataUrl", &SlideMedia::dataUrl), field("name", &SlideMedia::name),
-                          field("mimeType", &SlideMedia::mimeType)};
+        return FieldList{field("dataUrl", &SlideMedia::dataUrl), field("name", &SlideMedia::name),
+                         field("mimeType", &SlideMedia::mimeType)};
     }
 };
 static_assert(listsEveryMember<SlideMedia>);

@@ -61,7 +61,7 @@ struct WorkspaceState
     static constexpr auto fields()
     {
 #define QUENARA_FIELD(type, name, initial) field(#name, &WorkspaceState::name),
-        return std::tuple{QUENARA_PUBLISHED_FIELDS(QUENARA_FIELD)};
+        return FieldList{QUENARA_PUBLISHED_FIELDS(QUENARA_FIELD)};
 #undef QUENARA_FIELD
     }
 };

@@ -20,7 +20,6 @@
 #include <cstdint>
 #include <optional>
 #include <string_view>
-#include <tuple>
 #include <type_traits>
 #include <utility>
 
@@ -38,9 +37,8 @@ template<class T>
 T unread()
 {
     if constexpr (Record<T>) {
-        using Fields = decltype(T::fields());
         return []<std::size_t... index>(std::index_sequence<index...>) {
-            return T{typename std::tuple_element_t<index, Fields>::Type()...};
+            return T{typename decltype(fieldAt<T, index>)::Type()...};
         }(std::make_index_sequence<fieldCount<T>>());
     } else {
         return {};
@@ -209,15 +207,14 @@ private:
     template<Record T, std::size_t index>
     static bool readField(Reader &reader, Element element, T &record)
     {
-        constexpr auto f = std::get<index>(T::fields());
-        return reader.read(element, record.*f.member);
+        return reader.read(element, record.*fieldAt<T, index>.member);
     }
 
     /// In the order of their names.
     template<Record T>
     static constexpr auto fieldReaders = []<std::size_t... rank>(std::index_sequence<rank...>) {
         return std::array<FieldReader<T>, sizeof...(rank)>{
-            FieldReader<T>{std::get<sortedFields<T>[rank]>(T::fields()).name, sortedFields<T>[rank],
+            FieldReader<T>{fieldAt<T, sortedFields<T>[rank]>.name, sortedFields<T>[rank],
                            readField<T, sortedFields<T>[rank]>}...};
     }(std::make_index_sequence<fieldCount<T>>());
 

@@ -112,11 +112,10 @@ private:
     template<Record T, std::size_t... position>
     void writeFields(const T &record, std::index_sequence<position...>)
     {
-        constexpr auto fields = T::fields();
         if constexpr (keyOrder == KeyOrder::sorted) {
-            (writeField(record, std::get<sortedFields<T>[position]>(fields)), ...);
+            (writeField(record, fieldAt<T, sortedFields<T>[position]>), ...);
         } else {
-            (writeField(record, std::get<position>(fields)), ...);
+            (writeField(record, fieldAt<T, position>), ...);
         }
     }
 

@@ -22,7 +22,7 @@ struct LegacySlide
     bool operator==(const LegacySlide &) const = default;
     static constexpr auto fields()
     {
-        return std::tuple{
+        return FieldList{
             field("id", &LegacySlide::id),
             field("title", &LegacySlide::title),
             field("body", &LegacySlide::body),
@@ -51,7 +51,7 @@ struct LegacyQuenaraDocument
     bool operator==(const LegacyQuenaraDocument &) const = default;
     static constexpr auto fields()
     {
-        return std::tuple{
+        return FieldList{
             field("id", &LegacyQuenaraDocument::id),
             field("name", &LegacyQuenaraDocument::name),
             field("title", &LegacyQuenaraDocument::title),

@@ -20,8 +20,8 @@ struct SongSection
     bool operator==(const SongSection &) const = default;
     static constexpr auto fields()
     {
-        return std::tuple{field("id", &SongSection::id), field("title", &SongSection::title),
-                          field("body", &SongSection::body)};
+        return FieldList{field("id", &SongSection::id), field("title", &SongSection::title),
+                         field("body", &SongSection::body)};
     }
 };
 static_assert(listsEveryMember<SongSection>);

@@ -47,8 +47,8 @@ struct RGBAColor
     bool operator==(const RGBAColor &) const = default;
     static constexpr auto fields()
     {
-        return std::tuple{field("red", &RGBAColor::red), field("green", &RGBAColor::green),
-                          field("blue", &RGBAColor::blue), field("alpha", &RGBAColor::alpha)};
+        return FieldList{field("red", &RGBAColor::red), field("green", &RGBAColor::green),
+                         field("blue", &RGBAColor::blue), field("alpha", &RGBAColor::alpha)};
     }
 };
 static_assert(listsEveryMember<RGBAColor>);

@@ -6,7 +6,6 @@
 #include <cstddef>
 #include <optional>
 #include <string_view>
-#include <tuple>
 #include <type_traits>
 #include <utility>
 
@@ -72,19 +71,64 @@ template<class Owner, class Member, class WhenMissing>
     return {name, member, whenMissing};
 }
 
+namespace detail {
+
+template<std::size_t position, class Field>
+struct ListedField
+{
+    Field field;
+};
+
+template<std::size_t position, class Field>
+[[nodiscard]] constexpr const Field &fieldOf(const ListedField<position, Field> &listed)
+{
+    return listed.field;
+}
+
+template<class Positions, class... Fields>
+struct ListedFields;
+
+template<std::size_t... position, class... Fields>
+struct ListedFields<std::index_sequence<position...>, Fields...> : ListedField<position, Fields>...
+{
+    template<class Visitor>
+    constexpr void forEach(Visitor &visit) const
+    {
+        (visit(fieldOf<position>(*this)), ...);
+    }
+};
+
+} // namespace detail
+
+/// What a record's fields() returns. Every file that knows a record instantiates its list: of a
+/// std::tuple the compiler would choose the constructor first, which takes several times as long.
+template<class... Fields>
+struct FieldList : detail::ListedFields<std::index_sequence_for<Fields...>, Fields...>
+{
+    static constexpr std::size_t size = sizeof...(Fields);
+
+    constexpr explicit FieldList(Fields... fields)
+        : detail::ListedFields<std::index_sequence_for<Fields...>, Fields...>{{fields}...}
+    {}
+};
+
 /// An aggregate that lists all its members, in declaration order, in a static fields(). Equality
 /// comes from the language; hashing, reading and writing are derived from the list.
 template<class T>
 concept Record = std::is_aggregate_v<T> && requires { T::fields(); };
 
 template<Record T>
-inline constexpr std::size_t fieldCount = std::tuple_size_v<decltype(T::fields())>;
+inline constexpr std::size_t fieldCount = decltype(T::fields())::size;
+
+/// The Field of \a T at \a position, which is less than fieldCount<T>.
+template<Record T, std::size_t position>
+inline constexpr auto fieldAt = detail::fieldOf<position>(T::fields());
 
 /// Calls \a visit with every Field of \a T in declaration order.
 template<Record T, class Visitor>
 constexpr void forEachField(Visitor &&visit)
 {
-    std::apply([&visit](const auto &...fields) { (visit(fields), ...); }, T::fields());
+    T::fields().forEach(visit);
 }
 
 namespace detail {
@@ -95,22 +139,19 @@ struct AnyValue
     operator T() const; // never defined: stands for a value of any type in unevaluated code
 };
 
-template<class T, class... Values>
-consteval std::size_t memberCount()
-{
-    if constexpr (requires { T{Values{}..., AnyValue{}}; }) {
-        return memberCount<T, Values..., AnyValue>();
-    } else {
-        return sizeof...(Values);
-    }
-}
+/// Whether the aggregate has at least that many members.
+template<class T, std::size_t count>
+inline constexpr bool hasMembers = []<std::size_t... position>(std::index_sequence<position...>) {
+    return requires { T{(static_cast<void>(position), AnyValue{})...}; };
+}(std::make_index_sequence<count>());
 
 } // namespace detail
 
 /// True when the field list of \a T names as many members as the aggregate has. Each record
 /// asserts it, so that a member missing from the list does not compile.
 template<Record T>
-inline constexpr bool listsEveryMember = detail::memberCount<T>() == fieldCount<T>;
+inline constexpr bool listsEveryMember =
+    detail::hasMembers<T, fieldCount<T>> && !detail::hasMembers<T, fieldCount<T> + 1>;
 
 namespace detail {
 

@@ -26,7 +26,7 @@ struct Frame
     double width = 1;
 
     bool operator==(const Frame &) const = default;
-    static constexpr auto fields() { return std::tuple{field("width", &Frame::width)}; }
+    static constexpr auto fields() { return FieldList{field("width", &Frame::width)}; }
 };
 static_assert(listsEveryMember<Frame>);
 
@@ -45,7 +45,7 @@ struct Note
     bool operator==(const Note &) const = default;
     static constexpr auto fields()
     {
-        return std::tuple{
+        return FieldList{
             field("name", &Note::name),
             field("label", &Note::label, [] { return u"new"_s; }),
             field("caption", &Note::caption,

@@ -53,7 +53,7 @@ struct Values
     template<Record T>
     static T altered(T record)
     {
-        const auto first = std::get<0>(T::fields()).member;
+        const auto first = fieldAt<T, 0>.member;
         record.*first = altered(record.*first);
         return record;
     }
