@@ -1,7 +1,8 @@
-// A check for clang-tidy that finds no fault itself: it has all others look at the project's own
-// declarations alone. Whatever they find in a system header is not shown anyway, and looking for it
-// takes nine tenths of the time.
+// A check for clang-tidy that finds no fault itself: it has all others look at the one file that is
+// read for its own sake. What it includes is read for its own sake elsewhere, and looking at that
+// again in each file takes most of the time.
 
+#include <algorithm>
 #include <clang-tidy/ClangTidyCheck.h>
 #include <clang-tidy/ClangTidyModule.h>
 #include <clang-tidy/ClangTidyModuleRegistry.h>
@@ -26,9 +27,20 @@ public:
     void check(const ast_matchers::MatchFinder::MatchResult &result) override
     {
         const SourceManager &sources = *result.SourceManager;
+        const auto fileOf = [&sources](const Decl *declaration) {
+            return sources.getFileID(sources.getExpansionLoc(declaration->getLocation()));
+        };
+        const auto declarations = result.Context->getTranslationUnitDecl()->noload_decls();
+        const FileID main = sources.getMainFileID();
+        // A file that declares nothing stands for those that it includes.
+        const bool standsForOthers =
+            std::none_of(declarations.begin(), declarations.end(),
+                         [&](const Decl *declaration) { return fileOf(declaration) == main; });
         std::vector<Decl *> own;
-        for (Decl *declaration : result.Context->getTranslationUnitDecl()->noload_decls()) {
-            if (!sources.isInSystemHeader(sources.getExpansionLoc(declaration->getLocation())))
+        for (Decl *declaration : declarations) {
+            const FileID file = fileOf(declaration);
+            const FileID including = sources.getFileID(sources.getIncludeLoc(file));
+            if ((standsForOthers ? including : file) == main)
                 own.push_back(declaration);
         }
         result.Context->setTraversalScope(own);
