@@ -2,6 +2,7 @@
 #include "Images.h"
 #include "TextImages.h"
 
+#include <algorithm>
 #include <cmath>
 #include <numeric>
 #include <vector>
@@ -34,8 +35,9 @@ Plane planeOf(const QImage &image, Channel channel)
 {
     Plane plane{image.width(), image.height()};
     for (int y = 0; y < image.height(); ++y) {
+        const auto *line = reinterpret_cast<const QRgb *>(image.constScanLine(y));
         for (int x = 0; x < image.width(); ++x)
-            plane.at(x, y) = channel(image.pixel(x, y)) / 255.0;
+            plane.at(x, y) = channel(line[x]) / 255.0;
     }
     return plane;
 }
@@ -50,21 +52,24 @@ Plane gaussian(const Plane &plane, double sigma)
         kernel.push_back(std::exp(-i * i / (2 * sigma * sigma)));
         sum += kernel.back();
     }
-    const auto pass = [&](const Plane &from, const QPoint &step) {
+    // What lies on a line of values that are some steps apart.
+    const auto pass = [&](const Plane &from, int lines, int nextLine, int length, int step) {
         Plane to{from.width, from.height};
-        for (int y = 0; y < from.height; ++y) {
-            for (int x = 0; x < from.width; ++x) {
-                QPoint p = QPoint(x, y) - reach * step;
-                for (const double weight : kernel) {
-                    if (QRect(0, 0, from.width, from.height).contains(p))
-                        to.at(x, y) += weight / sum * from.at(p.x(), p.y());
-                    p += step;
-                }
+        for (int line = 0; line < lines; ++line) {
+            const double *source = from.values.data() + line * nextLine;
+            double *target = to.values.data() + line * nextLine;
+            for (int i = 0; i < length; ++i) {
+                const int last = std::min(i + reach, length - 1);
+                double value = 0;
+                for (int j = std::max(i - reach, 0); j <= last; ++j)
+                    value += kernel[std::size_t(j - i + reach)] * source[j * step];
+                target[i * step] = value / sum;
             }
         }
         return to;
     };
-    return pass(pass(plane, {1, 0}), {0, 1});
+    const Plane across = pass(plane, plane.height, plane.width, plane.width, 1);
+    return pass(across, plane.width, 1, plane.height, plane.width);
 }
 
 Plane shifted(const Plane &plane, const QPoint &offset)

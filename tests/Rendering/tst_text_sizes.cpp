@@ -22,17 +22,23 @@ struct InkShares
 
 InkShares inkSharesOf(const QImage &image)
 {
+    std::vector<int> columns(std::size_t(image.width()));
     InkShares shares;
     double total = 0;
     for (int y = 0; y < image.height(); ++y) {
-        const auto *line = reinterpret_cast<const QRgb *>(image.constScanLine(y));
-        for (int x = 0; x < image.width(); ++x) {
-            const int ink = qGreen(line[x]);
-            shares.columns[std::size_t(x * thumbnail.width() / image.width())] += ink;
-            shares.rows[std::size_t(y * thumbnail.height() / image.height())] += ink;
-            total += ink;
+        const auto *pixel = reinterpret_cast<const QRgb *>(image.constScanLine(y));
+        int row = 0;
+        for (int &column : columns) {
+            const int ink = qGreen(*pixel++);
+            column += ink;
+            row += ink;
         }
+        shares.rows[std::size_t(y * thumbnail.height() / image.height())] += row;
+        total += row;
     }
+    for (int x = 0; x < image.width(); ++x)
+        shares.columns[std::size_t(x * thumbnail.width() / image.width())] +=
+            columns[std::size_t(x)];
     for (std::vector<double> *values : {&shares.columns, &shares.rows}) {
         for (double &value : *values)
             value /= total;

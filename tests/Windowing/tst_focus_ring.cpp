@@ -80,9 +80,10 @@ QString titleOf(const QWidget &widget)
         .arg(QString::fromUtf8(widget.metaObject()->className()), nameOf(widget));
 }
 
-QImage imageOf(QWidget &window)
+/// What the window shows in an area, everywhere unless one is given.
+QImage imageOf(QWidget &window, const QRect &area = QRect(QPoint(0, 0), QSize(-1, -1)))
 {
-    return window.grab().toImage().convertToFormat(QImage::Format_RGB32);
+    return window.grab(area).toImage().convertToFormat(QImage::Format_RGB32);
 }
 
 /// Waits until the window has painted all, the thumbnails, too, which are made by and by.
@@ -97,12 +98,21 @@ void settle(QWidget &window)
 }
 
 /// The same while \a ring is not there.
-QImage imageWithout(QWidget &window, QWidget &ring)
+QImage imageWithout(QWidget &ring, QWidget &window, const QRect &area)
 {
     ring.hide();
-    QImage image = imageOf(window);
+    QImage image = imageOf(window, area);
     ring.show();
     return image;
+}
+
+/// An area of the window in which lies all that a ring may paint, and what it stands out from.
+QRect surroundingsOf(const QWidget &ring, const QWidget &window)
+{
+    constexpr int fewPoints = 20;
+    return QRect(ring.mapTo(&window, QPoint()), ring.size())
+               .adjusted(-fewPoints, -fewPoints, fewPoints, fewPoints)
+        & window.rect();
 }
 
 /// The smallest rectangle around all that differs.
@@ -110,8 +120,12 @@ QRect changeBetween(const QImage &before, const QImage &after)
 {
     QRect change;
     for (int y = 0; y < after.height(); ++y) {
+        const auto *from = reinterpret_cast<const QRgb *>(before.constScanLine(y));
+        const auto *to = reinterpret_cast<const QRgb *>(after.constScanLine(y));
+        if (std::equal(to, to + after.width(), from))
+            continue;
         for (int x = 0; x < after.width(); ++x) {
-            if (before.pixel(x, y) != after.pixel(x, y))
+            if (from[x] != to[x])
                 change |= QRect(x, y, 1, 1);
         }
     }
@@ -207,8 +221,9 @@ private slots:
             QCoreApplication::processEvents();
             auto *ring = window->findChild<QFocusFrame *>();
             QVERIFY2(ring && ring->isVisible(), qPrintable(titleOf(*focused)));
-            const QImage with = imageOf(*window);
-            const QImage without = imageWithout(*window, *ring);
+            const QRect area = surroundingsOf(*ring, *window);
+            const QImage with = imageOf(*window, area);
+            const QImage without = imageWithout(*ring, *window, area);
             const QString lack = lackOfRing(with, changeBetween(without, with));
             QVERIFY2(lack.isEmpty(), qPrintable(titleOf(*focused) + lack));
         }
