@@ -315,11 +315,11 @@ const CommandDescription &descriptionOf(Command command)
 
 bool hasBareKey(const CommandDescription &description)
 {
-    constexpr Qt::KeyboardModifiers modifiers =
-        Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
     return std::any_of(description.keys.begin(), description.keys.end(), [](const char *key) {
         const QKeySequence keys(QString::fromUtf8(key), QKeySequence::PortableText);
-        return !keys.isEmpty() && !(keys[0].keyboardModifiers() & modifiers);
+        return !keys.isEmpty()
+            && !(keys[0].keyboardModifiers()
+                 & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
     });
 }
 

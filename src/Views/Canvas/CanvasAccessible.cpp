@@ -34,9 +34,8 @@ public:
     QRect rect() const override
     {
         const SlideElement *layer = this->layer();
-        return layer
-            ? m_canvas->boxOf(*layer).toRect().translated(m_canvas->mapToGlobal(QPoint()))
-            : QRect();
+        return layer ? m_canvas->boxOf(*layer).toRect().translated(m_canvas->mapToGlobal(QPoint()))
+                     : QRect();
     }
 
     QAccessible::State state() const override
