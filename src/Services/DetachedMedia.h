@@ -14,6 +14,9 @@ struct DetachedMedia
     QByteArray text; ///< holds a placeholder in the place of each data URL that was taken out
     QByteArray mark; ///< what a placeholder begins with, before the index of its URL
     QList<QByteArray> urls; ///< equal ones share their storage
+    /// Whether texts, too, may have been taken out. If not, only media are put back, which share
+    /// what they hold however often it is named.
+    bool areTextsDetached = true;
 
     /// The URL whose placeholder \a string is. Null for any other string of the text.
     [[nodiscard]] const QByteArray *urlBehind(std::string_view string) const;

@@ -1,5 +1,6 @@
 #include "FileReading.h"
 
+#include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
 
@@ -32,6 +33,12 @@ std::optional<QByteArray> wholeFile(const QUrl &url, qint64 limit)
     const bool isRead = readFile(
         url, [&bytes](QByteArrayView piece) { bytes.append(piece); }, limit);
     return isRead ? std::optional(std::move(bytes)) : std::nullopt;
+}
+
+qint64 modificationTime(const QUrl &url)
+{
+    const QFileInfo file(url.toLocalFile());
+    return file.exists() ? file.lastModified().toMSecsSinceEpoch() : 0;
 }
 
 } // namespace quenara

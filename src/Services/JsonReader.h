@@ -79,7 +79,8 @@ public:
         std::string_view utf8;
         if (element.get(utf8) != simdjson::SUCCESS)
             return false;
-        if (const QByteArray *url = m_media.urlBehind(utf8))
+        const QByteArray *url = m_media.areTextsDetached ? m_media.urlBehind(utf8) : nullptr;
+        if (url)
             utf8 = {url->constData(), std::size_t(url->size())};
         value = QString::fromUtf8(utf8.data(), qsizetype(utf8.size()));
         // Qt drops a byte-order mark at the start of a text.

@@ -2,6 +2,7 @@
 
 #include "ByteSink.h"
 #include "JsonDates.h"
+#include "MediaCollector.h"
 #include "RawEnum.h"
 #include "SortedFields.h"
 
@@ -46,23 +47,19 @@ template<class Format, KeyOrder keyOrder>
 class Writer
 {
 public:
+    Writer() = default;
+    /// Writes large byte strings, which are media, beside the text: \a media takes them.
+    explicit Writer(MediaCollector &media) : m_media(&media) {}
+
     [[nodiscard]] bool hasFailed() const { return m_hasFailed; }
     [[nodiscard]] QByteArray take() { return m_sink.take(); }
     Format &format() { return m_output; }
 
-    void write(const QString &value) { write(value.toUtf8()); }
-    void write(const QByteArray &utf8)
+    void write(const QString &value) { writeText(value.toUtf8()); }
+    void write(const QByteArray &value)
     {
-        if (!isPlain(utf8)) {
-            m_output.String(utf8.constData(), rapidjson::SizeType(utf8.size()));
-            return;
-        }
-        // The empty value makes the format write what stands between two values. The string, which
-        // may be many megabytes of media, is then copied in one go.
-        m_output.RawValue("", 0, rapidjson::kStringType);
-        m_sink.Put('"');
-        m_sink.append(utf8);
-        m_sink.Put('"');
+        const auto placeholder = m_media ? m_media->placeholderFor(value) : std::nullopt;
+        writeText(placeholder.value_or(value));
     }
     void write(bool value) { m_output.Bool(value); }
     void write(std::int64_t value) { m_output.Int64(value); }
@@ -109,6 +106,20 @@ public:
     }
 
 private:
+    void writeText(const QByteArray &utf8)
+    {
+        if (!isPlain(utf8)) {
+            m_output.String(utf8.constData(), rapidjson::SizeType(utf8.size()));
+            return;
+        }
+        // The empty value makes the format write what stands between two values. The string, which
+        // may be many megabytes of media, is then copied in one go.
+        m_output.RawValue("", 0, rapidjson::kStringType);
+        m_sink.Put('"');
+        m_sink.append(utf8);
+        m_sink.Put('"');
+    }
+
     template<Record T, std::size_t... position>
     void writeFields(const T &record, std::index_sequence<position...>)
     {
@@ -138,6 +149,7 @@ private:
         write(value);
     }
 
+    MediaCollector *m_media = nullptr;
     ByteSink m_sink;
     Format m_output{m_sink};
     bool m_hasFailed = false;

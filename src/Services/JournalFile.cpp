@@ -1,0 +1,210 @@
+#include "JournalFile.h"
+
+#include "FileReading.h"
+#include "Identifier.h"
+#include "SessionJournal.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QUrl>
+
+#include <algorithm>
+#include <filesystem>
+#include <new>
+#include <system_error>
+#include <utility>
+
+#ifdef Q_OS_UNIX
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
+
+namespace quenara {
+
+namespace {
+
+constexpr auto ownerOnly = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
+constexpr auto extension = ".journal";
+/// Of a journal that is being begun, and then takes its place by being renamed.
+constexpr auto newExtension = ".new";
+/// From which age on one that is being begun was abandoned, in seconds.
+constexpr qint64 abandonedAfter = 60;
+
+/// Locks the file for this process, or says that another one has it. Without locks, every journal
+/// counts as that of a running program.
+bool lock([[maybe_unused]] const QFile &file)
+{
+#ifdef Q_OS_UNIX
+    return ::flock(file.handle(), LOCK_EX | LOCK_NB) == 0;
+#else
+    return false;
+#endif
+}
+
+/// EINVAL: the file system has nothing to synchronize.
+bool synchronized([[maybe_unused]] const QFile &file)
+{
+#ifdef Q_OS_LINUX
+    return ::fdatasync(file.handle()) == 0 || errno == EINVAL;
+#elif defined(Q_OS_UNIX)
+    return ::fsync(file.handle()) == 0 || errno == EINVAL;
+#else
+    return true;
+#endif
+}
+
+/// A name on the disk outlasts a loss of power once its folder is there, too.
+void synchronizeFolder([[maybe_unused]] const QString &folder)
+{
+#ifdef Q_OS_UNIX
+    const int descriptor =
+        ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (descriptor < 0)
+        return;
+    ::fsync(descriptor);
+    ::close(descriptor);
+#endif
+}
+
+/// Whether the open file still is the one of its name: its process may have replaced or removed it.
+bool hasItsName([[maybe_unused]] const QFile &file)
+{
+#ifdef Q_OS_UNIX
+    struct stat opened
+    {};
+    struct stat named
+    {};
+    return ::fstat(file.handle(), &opened) == 0
+        && ::lstat(QFile::encodeName(file.fileName()).constData(), &named) == 0
+        && opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
+#else
+    return file.exists();
+#endif
+}
+
+bool makeFolder(const QString &path)
+{
+    constexpr auto permissions = ownerOnly | QFileDevice::ExeOwner;
+    const QDir folder(path);
+    QDir().mkpath(QFileInfo(path).path());
+    if (!folder.exists())
+        return QDir().mkdir(path, permissions);
+    return QFile::setPermissions(path, permissions);
+}
+
+bool write(QFile &file, const QByteArrayList &pieces)
+{
+    return std::all_of(pieces.cbegin(), pieces.cend(), [&file](const QByteArray &piece) {
+        return file.write(piece) == piece.size();
+    });
+}
+
+/// The open and locked file; null while a running program has it.
+std::shared_ptr<QFile> locked(const QString &path)
+{
+    auto file = std::make_shared<QFile>(path);
+    const bool isLocked = QFileInfo(path).isFile() && !QFileInfo(path).isSymbolicLink()
+        && file->open(QIODevice::ReadWrite | QIODevice::ExistingOnly) && lock(*file)
+        && hasItsName(*file);
+    return isLocked ? file : nullptr;
+}
+
+/// Takes away what processes have left that were ended while they began a journal.
+void removeAbandoned(const QDir &folder)
+{
+    const QDateTime youngest = QDateTime::currentDateTime().addSecs(-abandonedAfter);
+    const QStringList filter{QLatin1Char('*') + QLatin1String(extension)
+                             + QLatin1String(newExtension)};
+    const QFileInfoList files = folder.entryInfoList(filter, QDir::Files);
+    for (const QFileInfo &file : files) {
+        if (file.lastModified() < youngest && locked(file.filePath()))
+            QFile::remove(file.filePath());
+    }
+}
+
+} // namespace
+
+JournalFile::JournalFile(QString folder)
+    : m_folder(std::move(folder)),
+      m_path(m_folder + QLatin1Char('/') + newIdentifier().toLower() + QLatin1String(extension))
+{}
+
+bool JournalFile::begin(const QByteArrayList &pieces, bool isDurable)
+{
+    if (!makeFolder(m_folder))
+        return false;
+    const QString newPath = m_path + QLatin1String(newExtension);
+    QFile::remove(newPath);
+    auto file = std::make_unique<QFile>(newPath);
+    if (!file->open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered, ownerOnly))
+        return false;
+    std::error_code error;
+    if (lock(*file) && write(*file, pieces) && (!isDurable || synchronized(*file))) {
+        std::filesystem::rename(QFileInfo(newPath).filesystemFilePath(),
+                                QFileInfo(m_path).filesystemFilePath(), error);
+        if (!error) {
+            m_file = std::move(file);
+            m_isFolderSynchronized = false;
+            return true;
+        }
+    }
+    QFile::remove(newPath);
+    return false;
+}
+
+bool JournalFile::append(const QByteArrayList &pieces)
+{
+    return m_file && write(*m_file, pieces);
+}
+
+bool JournalFile::synchronize()
+{
+    if (!m_file || !synchronized(*m_file))
+        return false;
+    if (!std::exchange(m_isFolderSynchronized, true))
+        synchronizeFolder(m_folder);
+    return true;
+}
+
+void JournalFile::remove()
+{
+    if (std::exchange(m_file, nullptr))
+        QFile::remove(m_path);
+}
+
+void LeftOverJournal::remove() const
+{
+    QFile::remove(path);
+}
+
+QList<LeftOverJournal> leftOverJournals(const QString &folder)
+{
+    QList<LeftOverJournal> journals;
+    removeAbandoned(folder);
+    const QStringList filter{QLatin1Char('*') + QLatin1String(extension)};
+    // The folder sorts by time, newest first.
+    const QFileInfoList files = QDir(folder).entryInfoList(filter, QDir::Files, QDir::Time);
+    for (const QFileInfo &info : files) {
+        const std::shared_ptr<QFile> file = locked(info.filePath());
+        if (!file)
+            continue;
+        try {
+            const auto bytes = wholeFile(QUrl::fromLocalFile(info.filePath()));
+            if (!bytes || !SessionJournal::isJournal(*bytes))
+                continue;
+            if (const std::optional<Session> session = SessionJournal::read(*bytes)) {
+                journals.append({info.filePath(), info.lastModified(), *session, file});
+            } else {
+                QFile::remove(info.filePath());
+            }
+        } catch (const std::bad_alloc &) {
+            continue; // another start may have the memory for it
+        }
+    }
+    return journals;
+}
+
+} // namespace quenara

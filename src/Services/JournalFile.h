@@ -1,0 +1,63 @@
+#pragma once
+
+#include "Session.h"
+
+#include <QByteArrayList>
+#include <QDateTime>
+#include <QFile>
+#include <QList>
+#include <QString>
+
+#include <memory>
+
+namespace quenara {
+
+/// The recovery journal of this process: a file of its own in \a folder, readable by its user only
+/// and locked until it is closed or the process ends, however that happens.
+class JournalFile
+{
+public:
+    /// Makes no file yet.
+    explicit JournalFile(QString folder);
+
+    bool isOpen() const { return m_file != nullptr; }
+    /// In bytes; 0 while there is none.
+    qint64 size() const { return m_file ? m_file->size() : 0; }
+
+    // Each returns false if it fails. What is whole in the file can still be read then.
+
+    /// Makes \a pieces the whole content. With \a isDurable they are on the disk before anything is
+    /// lost of what was in the file.
+    [[nodiscard]] bool begin(const QByteArrayList &pieces, bool isDurable);
+    [[nodiscard]] bool append(const QByteArrayList &pieces);
+    /// Waits until everything is on the disk.
+    [[nodiscard]] bool synchronize();
+
+    void remove();
+    /// Leaves the file to the next start of the program.
+    void close() { m_file.reset(); }
+
+private:
+    QString m_folder;
+    QString m_path;
+    std::unique_ptr<QFile> m_file;
+    bool m_isFolderSynchronized = false;
+};
+
+/// The journal of a process that ended unexpectedly. Locked as long as a copy of this lives, so
+/// that no other program offers it at the same time.
+struct LeftOverJournal
+{
+    QString path;
+    QDateTime time; ///< of the last entry
+    Session session;
+    std::shared_ptr<QFile> lock;
+
+    void remove() const;
+};
+
+/// The journals in \a folder that no running program has, newest first. Removes those that hold
+/// nothing to bring back, and leaves files alone that are none.
+[[nodiscard]] QList<LeftOverJournal> leftOverJournals(const QString &folder);
+
+} // namespace quenara

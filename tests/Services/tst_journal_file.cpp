@@ -1,0 +1,252 @@
+#include "ChildProcess.h"
+#include "Files.h"
+#include "JournalFile.h"
+#include "SessionJournal.h"
+#include "TestMain.h"
+#include "TestSupport.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTest>
+
+#include <csignal>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace quenara;
+using namespace quenara::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+Session sessionNamed(const QString &name)
+{
+    Session session;
+    session.projectName = name;
+    session.hasUnsavedChanges = true;
+    session.project = showOf({1});
+    return session;
+}
+
+QByteArrayList piecesOf(const Session &session)
+{
+    return SessionJournal().add(session);
+}
+
+} // namespace
+
+class TestJournalFile : public QObject
+{
+    Q_OBJECT
+
+    /// The folder of journals, which is not there before the first.
+    struct Journals
+    {
+        QTemporaryDir base;
+        QString folder = base.filePath(u"state/recovery"_s);
+
+        QStringList files() const
+        {
+            return QDir(folder).entryList(QDir::Files | QDir::Hidden, QDir::Name);
+        }
+        QString onlyFile() const { return folder + u'/' + files().value(0); }
+
+        /// The work of a process that ends without a word.
+        void leaveBehind(const QString &name, int secondsAgo = 0) const
+        {
+            JournalFile file(folder);
+            QVERIFY(file.begin(piecesOf(sessionNamed(name)), false));
+            file.close();
+            // The newest file is the one whose time is not set yet.
+            const QFileInfoList byTime = QDir(folder).entryInfoList(QDir::Files, QDir::Time);
+            QFile opened(byTime.first().filePath());
+            QVERIFY(opened.open(QIODevice::ReadWrite));
+            QVERIFY(opened.setFileTime(QDateTime::currentDateTime().addSecs(-secondsAgo - 5),
+                                       QFileDevice::FileModificationTime));
+        }
+
+        QStringList names() const
+        {
+            QStringList names;
+            for (const LeftOverJournal &journal : leftOverJournals(folder))
+                names.append(journal.session.projectName);
+            return names;
+        }
+    };
+
+private slots:
+    void whatAProcessLeavesIsListedNewestFirst()
+    {
+        const Journals journals;
+        QCOMPARE(journals.names(), QStringList());
+        journals.leaveBehind(u"Middle"_s, 200);
+        journals.leaveBehind(u"Newest"_s, 10);
+        journals.leaveBehind(u"Oldest"_s, 3000);
+        QCOMPARE(journals.names(), (QStringList{u"Newest"_s, u"Middle"_s, u"Oldest"_s}));
+        // Looking at them changes nothing.
+        QCOMPARE(journals.names(), (QStringList{u"Newest"_s, u"Middle"_s, u"Oldest"_s}));
+    }
+
+    void aJournalThatIsOpenIsNotLeftOver()
+    {
+        const Journals journals;
+        {
+            JournalFile file(journals.folder);
+            QVERIFY(file.begin(piecesOf(sessionNamed(u"Running"_s)), false));
+            QCOMPARE(journals.names(), QStringList());
+            // Beginning anew, too, is never seen without its lock.
+            QVERIFY(file.begin(piecesOf(sessionNamed(u"Running on"_s)), true));
+            QCOMPARE(journals.names(), QStringList());
+            QCOMPARE(journals.files().size(), 1);
+        }
+        QCOMPARE(journals.names(), QStringList{u"Running on"_s});
+    }
+
+    void theLockDiesWithItsProcess()
+    {
+        const Journals journals;
+        const int status = statusOfProcess([&] {
+            JournalFile file(journals.folder);
+            const bool isBegun = file.begin(piecesOf(sessionNamed(u"Killed"_s)), false);
+            if (isBegun && journals.names().isEmpty())
+                ::kill(::getpid(), SIGKILL);
+            return 0;
+        });
+        QCOMPARE(status, -1);
+        QCOMPARE(journals.names(), QStringList{u"Killed"_s});
+    }
+
+    void oneThatIsBeingOfferedIsNotOfferedTwice()
+    {
+        const Journals journals;
+        journals.leaveBehind(u"Work"_s);
+        const QList<LeftOverJournal> offered = leftOverJournals(journals.folder);
+        QCOMPARE(offered.size(), 1);
+        QCOMPARE(journals.names(), QStringList());
+    }
+
+    void aRemovedOneIsGone()
+    {
+        const Journals journals;
+        journals.leaveBehind(u"Work"_s);
+        leftOverJournals(journals.folder).first().remove();
+        QCOMPARE(journals.files(), QStringList());
+
+        JournalFile file(journals.folder);
+        QVERIFY(file.begin(piecesOf(sessionNamed(u"Work"_s)), false));
+        file.remove();
+        QVERIFY(!file.isOpen());
+        QCOMPARE(journals.files(), QStringList());
+    }
+
+    void entriesAreAdded()
+    {
+        const Journals journals;
+        SessionJournal journal;
+        JournalFile file(journals.folder);
+        QVERIFY(file.begin(journal.add(sessionNamed(u"First"_s)), false));
+        const qint64 size = file.size();
+        QVERIFY(file.append(journal.add(sessionNamed(u"Second"_s))));
+        QVERIFY(file.size() > size);
+        QVERIFY(file.synchronize());
+        file.close();
+        QCOMPARE(journals.names(), QStringList{u"Second"_s});
+    }
+
+    void onlyItsUserCanReadIt()
+    {
+        const mode_t before = ::umask(0);
+        const Journals journals;
+        JournalFile file(journals.folder);
+        QVERIFY(QDir().mkpath(journals.folder));
+        QVERIFY(file.begin(piecesOf(sessionNamed(u"Private"_s)), false));
+        ::umask(before);
+        const auto modeOf = [](const QString &path) {
+            struct stat attributes
+            {};
+            return ::stat(QFile::encodeName(path).constData(), &attributes) == 0
+                ? attributes.st_mode & 07777U
+                : 0U;
+        };
+        QCOMPARE(modeOf(journals.folder), 0700U);
+        QCOMPARE(modeOf(journals.onlyFile()), 0600U);
+    }
+
+    void filesThatAreNoJournalsAreLeftAlone()
+    {
+        const Journals journals;
+        journals.leaveBehind(u"Work"_s);
+        const QStringList others{u"notes.txt"_s, u"other.journal"_s, u"newer.journal"_s};
+        writeFile(journals.folder + u"/notes.txt"_s, "notes");
+        writeFile(journals.folder + u"/other.journal"_s, "{}");
+        writeFile(journals.folder + u"/newer.journal"_s, "Quenara recovery journal 2\nmore");
+        QVERIFY(QFile::link(u"/dev/zero"_s, journals.folder + u"/link.journal"_s));
+        QCOMPARE(
+            ::mkfifo(QFile::encodeName(journals.folder + u"/fifo.journal"_s).constData(), 0600), 0);
+        QCOMPARE(journals.names(), QStringList{u"Work"_s});
+        for (const QString &other : others)
+            QVERIFY2(QFile::exists(journals.folder + u'/' + other), qPrintable(other));
+    }
+
+    void aJournalWithNothingToBringBackIsTakenAway()
+    {
+        const Journals journals;
+        QVERIFY(QDir().mkpath(journals.folder));
+        writeFile(journals.folder + u"/empty.journal"_s, "");
+        writeFile(journals.folder + u"/begun.journal"_s, "Quenara recovery journal 1\nabc");
+        QCOMPARE(journals.names(), QStringList());
+        QCOMPARE(journals.files(), QStringList());
+    }
+
+    void whatWasBegunAndNeverFinishedIsTakenAwayOnceItIsOld()
+    {
+        const Journals journals;
+        QVERIFY(QDir().mkpath(journals.folder));
+        const QString young = journals.folder + u"/young.journal.new"_s;
+        const QString old = journals.folder + u"/old.journal.new"_s;
+        writeFile(young, "Quenara");
+        writeFile(old, "Quenara");
+        QFile file(old);
+        QVERIFY(file.open(QIODevice::ReadWrite));
+        QVERIFY(file.setFileTime(QDateTime::currentDateTime().addSecs(-600),
+                                 QFileDevice::FileModificationTime));
+        file.close();
+        QCOMPARE(journals.names(), QStringList());
+        QCOMPARE(journals.files(), QStringList{u"young.journal.new"_s});
+    }
+
+    void aFailureLeavesWhatIsWhole()
+    {
+        const Journals journals;
+        const int status = statusOfProcess([&] {
+            ::signal(SIGXFSZ, SIG_IGN);
+            SessionJournal journal;
+            JournalFile file(journals.folder);
+            if (!file.begin(journal.add(sessionNamed(u"Whole"_s)), false))
+                return 1;
+            const rlimit limit{rlim_t(file.size()) + 50, rlim_t(file.size()) + 50};
+            if (::setrlimit(RLIMIT_FSIZE, &limit) != 0)
+                return 2;
+            const QString longName(1000, u'x');
+            return file.append(journal.add(sessionNamed(longName))) ? 3 : 0;
+        });
+        QCOMPARE(status, 0);
+        QCOMPARE(journals.names(), QStringList{u"Whole"_s});
+    }
+
+    void whereNoFolderCanBeNothingBegins()
+    {
+        const Journals journals;
+        writeFile(journals.base.filePath(u"state"_s), "a file");
+        JournalFile file(journals.folder);
+        QVERIFY(!file.begin(piecesOf(sessionNamed(u"Work"_s)), false));
+        QVERIFY(!file.isOpen());
+        QVERIFY(!file.append({"x"}));
+        QCOMPARE(file.size(), 0);
+        QCOMPARE(journals.names(), QStringList());
+    }
+};
+
+QUENARA_TEST_MAIN(TestJournalFile)
+#include "tst_journal_file.moc"
