@@ -66,6 +66,34 @@ WorkspaceState startAtFirstSlide(WorkspaceState state)
     return state;
 }
 
+WorkspaceState continueShow(WorkspaceState state, const Session &session, std::int64_t fileTime)
+{
+    const bool isSameFile = session.filePlaces && session.filePlaces->fileTime == fileTime;
+    const auto found = [&](const std::optional<QString> &id,
+                           std::optional<std::int64_t> FilePlaces::*place) {
+        if (!id || !isSameFile || positionOf(state.project, id))
+            return id;
+        const std::optional<std::int64_t> &index = *session.filePlaces.*place;
+        const auto position = index ? positionAt(state.project, *index) : std::nullopt;
+        return position ? std::optional(slideAt(state.project, *position).id) : id;
+    };
+    state.selectedServiceItemID = session.selectedServiceItemID;
+    state.selectedSlideID = found(session.selectedSlideID, &FilePlaces::selected);
+    state.queuedSlideID = found(session.queuedSlideID, &FilePlaces::queued);
+    state.liveSlideID = found(session.liveSlideID, &FilePlaces::live);
+    state.selectedElementID = session.selectedElementID;
+    state.outputMode = session.outputMode;
+    const auto isGone = [&state](const std::optional<QString> &id) {
+        return id && !positionOf(state.project, id);
+    };
+    if (isGone(state.liveSlideID))
+        state.outputMode = OutputMode::blackout;
+    const bool isAsItWas = state.selectedSlideID == session.selectedSlideID
+        && !isGone(state.selectedSlideID) && !isGone(state.queuedSlideID)
+        && !isGone(state.liveSlideID);
+    return isAsItWas ? state : repairSelection(std::move(state));
+}
+
 WorkspaceState goLive(WorkspaceState state)
 {
     if (!state.queuedSlideID) {

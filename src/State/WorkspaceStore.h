@@ -1,6 +1,7 @@
 #pragma once
 
 #include "FilePanels.h"
+#include "Session.h"
 #include "Show.h"
 #include "UndoRedoStore.h"
 #include "WorkspaceState.h"
@@ -64,6 +65,8 @@ public:
     /// The slide after the live one, none after the last; the first slide when none is live.
     [[nodiscard]] std::optional<Slide> nextSlide() const;
     [[nodiscard]] std::optional<Slide> slideWithID(const std::optional<QString> &id) const;
+    [[nodiscard]] std::optional<SlidePosition> positionOf(
+        const std::optional<QString> &slideID) const;
     const UndoRedoStore &undoStore() const { return m_undoStore; }
 
     // Selection, queue and live (WorkspaceStoreSelection.cpp)
@@ -96,6 +99,7 @@ public:
     /// Puts the project, the history and hasUnsavedChanges back to what they were before it.
     void cancelGesture(GestureID gesture);
     [[nodiscard]] bool isGestureOpen(GestureID gesture) const;
+    [[nodiscard]] bool hasOpenGesture() const { return m_gesture.has_value(); }
 
     void undo();
     void redo();
@@ -139,6 +143,10 @@ public:
     void openProjectWithPanel();
     /// A failure leaves everything as it is but for errorMessage.
     void openProject(const QUrl &url);
+    /// Goes on with \a session as it stood; the history begins anew. What the session has not kept
+    /// is read from its file: false if that fails, which leaves everything as it is but for
+    /// errorMessage. If the live slide is not in that file any more, the audience sees black.
+    [[nodiscard]] bool continueSession(const Session &session);
     /// Asks for a place first when the document has none. A failure leaves everything as it is but
     /// for errorMessage.
     void saveProject();
@@ -155,6 +163,9 @@ signals:
 
     /// Emitted once after every operation that changed anything.
     void changed();
+    /// A gesture was ended by itself, without a change. An operation that ends one announces what
+    /// it changes.
+    void gestureEnded();
 
 private:
     using Edit = std::function<std::optional<WorkspaceState>(const WorkspaceState &)>;
@@ -176,7 +187,6 @@ private:
     void load(ZelvoProject project, const std::optional<QUrl> &fileURL);
     void save(const QUrl &url);
     void fail(const QString &message);
-    std::optional<SlidePosition> positionOf(const std::optional<QString> &slideID) const;
     void publish(WorkspaceState state);
     void publish(WorkspaceState state, UndoRedoStore history);
 

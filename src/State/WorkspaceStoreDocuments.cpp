@@ -1,3 +1,4 @@
+#include "FileReading.h"
 #include "ProjectFileService.h"
 #include "ProjectNormalizer.h"
 #include "ProjectTemplates.h"
@@ -61,6 +62,34 @@ void WorkspaceStore::openProject(const QUrl &url)
     } catch (const ProjectFileError &error) {
         fail(error.description());
     }
+}
+
+bool WorkspaceStore::continueSession(const Session &session)
+{
+    const auto url =
+        session.file ? std::optional(QUrl::fromLocalFile(*session.file)) : std::nullopt;
+    ZelvoProject project = session.project.value_or(ZelvoProject());
+    // Before it is read: a file that changes meanwhile counts as another one.
+    const qint64 fileTime = url ? modificationTime(*url) : 0;
+    try {
+        if (!session.project && url)
+            project = ProjectFileService::load(*url, m_environment.now());
+    } catch (const ProjectFileError &error) {
+        fail(error.description());
+        return false;
+    }
+    WorkspaceState next = m_state;
+    next.project = ProjectNormalizer::withMirroredOrder(std::move(project));
+    next.currentFileURL = url;
+    next.hasUnsavedChanges = session.hasUnsavedChanges;
+    next.isStartPanelPresented = false;
+    if (url) {
+        next.recentProjects = RecentProjectsStore::add(m_environment.preferences, *url,
+                                                       next.project.name, m_environment.now());
+    }
+    m_gesture.reset();
+    publish(edits::continueShow(std::move(next), session, fileTime), UndoRedoStore());
+    return true;
 }
 
 void WorkspaceStore::saveProject()

@@ -42,8 +42,10 @@ GestureID WorkspaceStore::beginGesture()
 
 void WorkspaceStore::endGesture(GestureID gesture)
 {
-    if (isGestureOpen(gesture))
-        m_gesture.reset();
+    if (!isGestureOpen(gesture))
+        return;
+    m_gesture.reset();
+    emit gestureEnded();
 }
 
 void WorkspaceStore::cancelGesture(GestureID gesture)

@@ -1,0 +1,182 @@
+#include "SessionRecorder.h"
+
+#include "FileReading.h"
+#include "WorkspaceStore.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+
+#include <utility>
+
+namespace quenara {
+
+namespace {
+
+/// How much a journal grows at least before it is written anew, in bytes: that takes as long as
+/// writing the whole project does.
+constexpr qint64 leastGrowth = 64LL * 1024 * 1024;
+
+/// A program that has just been started has nothing to bring back.
+bool isWorthKeeping(const Session &session)
+{
+    return session.file || session.hasUnsavedChanges
+        || (session.project && !session.project->serviceItems.isEmpty());
+}
+
+} // namespace
+
+SessionRecorder::SessionRecorder(const WorkspaceStore &store, const QString &folder)
+    : m_store(store), m_file(folder)
+{
+    // An edit is recorded before views paint it, which might be what ends the program; a step of
+    // the show after the audience has seen it.
+    connect(&store, &WorkspaceStore::projectChanged, this, &SessionRecorder::record);
+    connect(&store, &WorkspaceStore::hasUnsavedChangesChanged, this,
+            [this] { m_isGivenUp = false; });
+    connect(&store, &WorkspaceStore::changed, this, &SessionRecorder::record);
+    connect(&store, &WorkspaceStore::gestureEnded, this, &SessionRecorder::record);
+}
+
+SessionRecorder::~SessionRecorder()
+{
+    if (m_leavesUnsavedWork && m_store.hasUnsavedChanges()) {
+        synchronize();
+    } else {
+        m_file.remove();
+    }
+}
+
+void SessionRecorder::setWindows(const SessionWindows &windows)
+{
+    m_windows = windows;
+    record();
+}
+
+bool SessionRecorder::synchronize()
+{
+    if (!m_isOnDisk && !m_isGivenUp) {
+        m_isOnDisk = m_file.synchronize();
+        if (!m_isOnDisk)
+            giveUp();
+    }
+    return m_isOnDisk;
+}
+
+void SessionRecorder::setLeavesUnsavedWork(bool leaves)
+{
+    m_leavesUnsavedWork = leaves;
+    if (leaves)
+        synchronize(); // what ends the process may be the machine's end, too
+}
+
+/// The session as the journal is to hold it now.
+Session SessionRecorder::present()
+{
+    const WorkspaceState &state = m_store.state();
+    // A gesture may lead back to what is saved, and away again.
+    const bool stays = m_store.hasOpenGesture() && m_journal.written().project;
+    const bool isInFile = state.currentFileURL && !state.hasUnsavedChanges && !stays;
+    return {
+        .projectName = state.project.name,
+        .file = state.currentFileURL ? std::optional(state.currentFileURL->toLocalFile())
+                                     : std::nullopt,
+        .hasUnsavedChanges = state.hasUnsavedChanges,
+        .project = isInFile ? std::nullopt : std::optional(state.project),
+        .filePlaces = isInFile ? std::optional(filePlaces()) : std::nullopt,
+        .selectedServiceItemID = state.selectedServiceItemID,
+        .selectedSlideID = state.selectedSlideID,
+        .queuedSlideID = state.queuedSlideID,
+        .liveSlideID = state.liveSlideID,
+        .selectedElementID = state.selectedElementID,
+        .outputMode = state.outputMode,
+        .windows = m_windows,
+    };
+}
+
+FilePlaces SessionRecorder::filePlaces()
+{
+    const WorkspaceState &state = m_store.state();
+    if (m_projectInFile != state.project) {
+        m_projectInFile = state.project;
+        m_fileTime = modificationTime(*state.currentFileURL);
+    }
+    const auto placeOf = [this](const std::optional<QString> &id) {
+        const auto position = m_store.positionOf(id);
+        return position ? std::optional(std::int64_t(position->absolute)) : std::nullopt;
+    };
+    return {.fileTime = m_fileTime,
+            .selected = placeOf(state.selectedSlideID),
+            .queued = placeOf(state.queuedSlideID),
+            .live = placeOf(state.liveSlideID)};
+}
+
+void SessionRecorder::record()
+{
+    if (m_isGivenUp)
+        return;
+    const Session session = present();
+    const Session &written = m_journal.written();
+    const bool isEdit = session.project != written.project;
+    const bool isOtherDocument = isEdit && !session.hasUnsavedChanges && !m_store.hasOpenGesture();
+    if (!isWorthKeeping(session)) {
+        m_file.remove();
+        m_journal = SessionJournal();
+    } else if (!m_file.isOpen() || isOtherDocument || !m_isWhole) {
+        begin(session, false);
+    } else {
+        add(session);
+    }
+    if (isEdit && m_file.isOpen())
+        m_isOnDisk = false;
+    if (!m_isOnDisk && !m_store.hasOpenGesture())
+        finishEdit();
+}
+
+void SessionRecorder::add(const Session &session)
+{
+    const QByteArrayList pieces = m_journal.add(session);
+    if (!pieces.isEmpty() && !m_file.append(pieces))
+        giveUp();
+}
+
+void SessionRecorder::begin(const Session &session, bool isDurable)
+{
+    m_journal = SessionJournal();
+    if (m_file.begin(m_journal.add(session), isDurable)) {
+        m_sizeAtBeginning = m_file.size();
+        m_isWhole = true;
+    } else {
+        giveUp();
+    }
+}
+
+/// Posted behind all that is to be done: what was edited is painted first, and no key that was
+/// pressed already waits for the disk.
+void SessionRecorder::finishEdit()
+{
+    if (!std::exchange(m_isSynchronizationPosted, true))
+        QCoreApplication::postEvent(this, new QEvent(QEvent::User), Qt::LowEventPriority);
+}
+
+void SessionRecorder::customEvent(QEvent * /*event*/)
+{
+    m_isSynchronizationPosted = false;
+    if (m_isGivenUp || m_store.hasOpenGesture())
+        return;
+    if (m_file.size() > 2 * m_sizeAtBeginning + leastGrowth) {
+        begin(present(), true);
+        m_isOnDisk = true;
+    }
+    synchronize();
+}
+
+/// The show goes on without a journal. What it holds by then can still be brought back.
+void SessionRecorder::giveUp()
+{
+    m_isGivenUp = true;
+    m_isWhole = false;
+    if (!std::exchange(m_hasSaidSo, true))
+        qInfo("Quenara could not write its recovery journal.");
+}
+
+} // namespace quenara

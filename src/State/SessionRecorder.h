@@ -1,0 +1,64 @@
+#pragma once
+
+#include "JournalFile.h"
+#include "SessionJournal.h"
+
+#include <QObject>
+
+namespace quenara {
+
+class WorkspaceStore;
+
+/// Keeps the recovery journal of this process in step with the store: what changes is added in the
+/// call that publishes it, and brought to the disk once a gesture, or an edit outside of any, has
+/// ended and the events at hand are handled. A step of the show adds a few bytes and waits for no
+/// disk.
+///
+/// The journal holds the project from its first unsaved change on, and one that has no file yet
+/// from its start. A save makes it small again. Its file goes with this object.
+class SessionRecorder : public QObject
+{
+public:
+    /// \a store must outlive this. \a folder is that of all journals.
+    SessionRecorder(const WorkspaceStore &store, const QString &folder);
+    ~SessionRecorder() override;
+
+    SessionRecorder(const SessionRecorder &) = delete;
+    SessionRecorder &operator=(const SessionRecorder &) = delete;
+
+    void setWindows(const SessionWindows &windows);
+
+    /// Waits until everything is on the disk. False if it cannot be brought there.
+    bool synchronize();
+    /// Whether a journal with unsaved work outlasts this object, for the next start to ask about
+    /// it: the process may be ended without having asked.
+    void setLeavesUnsavedWork(bool leaves);
+
+protected:
+    void customEvent(QEvent *event) override;
+
+private:
+    Session present();
+    FilePlaces filePlaces();
+    void record();
+    void add(const Session &session);
+    void begin(const Session &session, bool isDurable);
+    void finishEdit();
+    void giveUp();
+
+    const WorkspaceStore &m_store;
+    SessionWindows m_windows;
+    ZelvoProject m_projectInFile; ///< as it was read or saved last
+    std::int64_t m_fileTime = 0; ///< of that file, then
+    JournalFile m_file;
+    SessionJournal m_journal;
+    qint64 m_sizeAtBeginning = 0;
+    bool m_isOnDisk = true;
+    bool m_isSynchronizationPosted = false;
+    bool m_isGivenUp = false; ///< until the document is saved, or is changed for the first time
+    bool m_isWhole = true; ///< false if something may be lacking in the file, or half in it
+    bool m_hasSaidSo = false;
+    bool m_leavesUnsavedWork = false;
+};
+
+} // namespace quenara
