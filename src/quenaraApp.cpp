@@ -2,6 +2,7 @@
 
 #include "AccessibleControls.h"
 #include "InterfaceStyle.h"
+#include "TerminationSignals.h"
 #include "ZelvoImageLoader.h"
 
 #include <QApplication>
@@ -27,11 +28,9 @@ int main(int argc, char *argv[])
     quenara::ZelvoImageLoader::limitMemory();
 
     quenara::QuenaraApp app(platformPalette);
-    const QStringList arguments = QApplication::arguments();
-    if (arguments.size() > 1) {
-        app.openDocument(arguments.at(1));
-    } else {
-        app.showStartPanel();
-    }
+    const quenara::TerminationSignals terminationSignals;
+    QObject::connect(&terminationSignals, &quenara::TerminationSignals::received, qApp,
+                     [&app] { app.endWithoutAsking(); });
+    app.start(QApplication::arguments().value(1));
     return QApplication::exec();
 }

@@ -21,7 +21,12 @@ bool DocumentGuard::mayReplaceDocument()
 
 bool DocumentGuard::mayQuit()
 {
-    return mayLeave(m_windows.isDisplayWindowOpen());
+    return m_letGo == m_store.state() || mayLeave(m_windows.isDisplayWindowOpen());
+}
+
+void DocumentGuard::letGo()
+{
+    m_letGo = m_store.state();
 }
 
 bool DocumentGuard::mayLeave(bool endsShow)

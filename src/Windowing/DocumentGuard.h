@@ -1,8 +1,11 @@
 #pragma once
 
+#include "WorkspaceState.h"
+
 #include <QString>
 
 #include <cstdint>
+#include <optional>
 
 namespace quenara {
 
@@ -44,12 +47,16 @@ public:
     [[nodiscard]] bool mayReplaceDocument();
     [[nodiscard]] bool mayQuit();
 
+    /// Nothing is asked before quitting as long as everything stays as it is now.
+    void letGo();
+
 private:
     bool mayLeave(bool endsShow);
 
     WorkspaceStore &m_store;
     const WindowCoordinator &m_windows;
     LeaveQuestionRunner &m_questions;
+    std::optional<WorkspaceState> m_letGo;
     bool m_isAsking = false;
 };
 

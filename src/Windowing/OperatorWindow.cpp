@@ -4,6 +4,8 @@
 #include "CommandActions.h"
 #include "DocumentGuard.h"
 #include "OperatorView.h"
+#include "Recovery.h"
+#include "RecoverySheet.h"
 #include "StartPanelView.h"
 #include "WindowCoordinator.h"
 #include "WindowPlace.h"
@@ -171,6 +173,7 @@ void OperatorWindow::placeSheets() const
 /// place of a window that is not on its screen yet is not known.
 void OperatorWindow::showSheets()
 {
+    showRecovery();
     showStartPanel();
     showSongImport();
     showError();
@@ -205,6 +208,32 @@ void OperatorWindow::showSheet(bool isPresented, QPointer<Sheet> &sheet,
     });
     sheet->open();
     placeSheets();
+}
+
+void OperatorWindow::askAbout(Recovery &recovery)
+{
+    m_recovery = &recovery;
+    connect(&recovery, &Recovery::worksChanged, this, &OperatorWindow::showRecovery);
+    showRecovery();
+}
+
+void OperatorWindow::showRecovery()
+{
+    const bool isAsking = m_recovery && m_recovery->isAsking();
+    if (isAsking && m_recoverySheet)
+        m_recoverySheet->setWorks(m_recovery->works());
+    showSheet<RecoverySheet>(
+        isAsking, m_recoverySheet,
+        [this] {
+            auto *sheet = new RecoverySheet(m_recovery->works(), this);
+            connect(sheet, &RecoverySheet::continued, m_recovery, &Recovery::continueWith);
+            connect(sheet, &RecoverySheet::discarded, m_recovery, &Recovery::discard);
+            return sheet;
+        },
+        [this] {
+            if (m_recovery)
+                m_recovery->leave();
+        });
 }
 
 void OperatorWindow::showStartPanel()

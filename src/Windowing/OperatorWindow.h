@@ -14,13 +14,15 @@ namespace quenara {
 class AlertBox;
 class CommandActions;
 class DocumentGuard;
+class Recovery;
+class RecoverySheet;
 struct RenderCaches;
 class StartPanelView;
 class WindowCoordinator;
 class WorkspaceStore;
 class ZelvoCommands;
 
-/// The main window: menus, the operator view, the start panel and the song import as its sheets,
+/// The main window: menus, the operator view; recovery, start panel and song import as its sheets,
 /// errors as alerts. When its screen becomes smaller or goes, it comes within what is left.
 /// Closing it ends the program, the output windows with it, once the guard agrees.
 class OperatorWindow : public QMainWindow
@@ -34,6 +36,9 @@ public:
 
     OperatorWindow(const OperatorWindow &) = delete;
     OperatorWindow &operator=(const OperatorWindow &) = delete;
+
+    /// Asks what becomes of left-over work, before any other sheet is to open.
+    void askAbout(Recovery &recovery);
 
     /// Has the content keep its minimum size where the window's screen has room for that.
     void followScreen();
@@ -53,6 +58,7 @@ private:
     void showSheet(bool isPresented, QPointer<Sheet> &sheet, const std::function<Sheet *()> &made,
                    const std::function<void()> &dismissed);
     void showTitle();
+    void showRecovery();
     void showStartPanel();
     void showSongImport();
     void showError();
@@ -66,6 +72,8 @@ private:
     QTimer m_screensSettled;
     bool m_hasBeenPainted = false;
     SongImportDraft m_songImportDraft;
+    QPointer<Recovery> m_recovery;
+    QPointer<RecoverySheet> m_recoverySheet;
     QPointer<StartPanelView> m_startPanel;
     QPointer<SongImportSheet> m_songImport;
     QPointer<AlertBox> m_alert;

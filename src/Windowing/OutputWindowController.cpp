@@ -50,4 +50,9 @@ void OutputWindowController::toggleStageWindow()
     }
 }
 
+void OutputWindowController::reopen(const SessionWindows &windows)
+{
+    m_windows.reopen(m_store, m_appearance.appearance(), windows);
+}
+
 } // namespace quenara

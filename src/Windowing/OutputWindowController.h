@@ -6,6 +6,7 @@ namespace quenara {
 
 class AppearancePreference;
 class WindowCoordinator;
+struct SessionWindows;
 class WorkspaceStore;
 
 /// The coordinator's windows for the commands: they show one store in the preferred appearance.
@@ -22,6 +23,8 @@ public:
     bool isStageWindowOpen() const override;
     void toggleDisplayWindow() override;
     void toggleStageWindow() override;
+    /// Opens them as they were at an unexpected end.
+    void reopen(const SessionWindows &windows);
 
 private:
     const WorkspaceStore &m_store;

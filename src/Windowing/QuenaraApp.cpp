@@ -1,11 +1,23 @@
 #include "QuenaraApp.h"
 
 #include "ProjectTemplates.h"
+#include "StateFolder.h"
+#include "Typing.h"
 
 #include <QApplication>
 #include <QFileInfo>
+#include <QSessionManager>
 
 namespace quenara {
+
+namespace {
+
+QString journalFolder()
+{
+    return stateFolder() + QStringLiteral("/recovery");
+}
+
+} // namespace
 
 QuenaraApp::QuenaraApp(const QPalette &platformPalette)
     : m_panels([this] { return dialogParent(); }), m_questions([this] { return dialogParent(); }),
@@ -14,7 +26,8 @@ QuenaraApp::QuenaraApp(const QPalette &platformPalette)
       m_systemScheme(QDBusConnection::sessionBus(), platformPalette),
       m_sleepInhibitor(QDBusConnection::sessionBus()), m_windows(m_systemScheme, m_caches),
       m_appearance(m_preferences), m_outputs(m_store, m_windows, m_appearance),
-      m_announcer(m_store, m_outputs), m_guard(m_store, m_windows, m_questions),
+      m_recorder(m_store, journalFolder()), m_announcer(m_store, m_outputs),
+      m_guard(m_store, m_windows, m_questions),
       m_commands({.store = m_store,
                   .outputs = m_outputs,
                   .mayReplaceDocument = [this] { return m_guard.mayReplaceDocument(); }}),
@@ -38,6 +51,18 @@ QuenaraApp::QuenaraApp(const QPalette &platformPalette)
     });
     QObject::connect(&m_commands, &CommandActions::settingsRequested, &m_settingsWindow,
                      &SettingsWindow::present);
+    const auto recordWindows = [this] { m_recorder.setWindows(m_windows.sessionWindows()); };
+    QObject::connect(&m_outputs, &OutputWindows::changed, &m_recorder, recordWindows);
+    QObject::connect(&m_windows, &WindowCoordinator::windowMade, &m_recorder, recordWindows);
+    // Direct: the session manager waits for the answer of this call.
+    QObject::connect(
+        qApp, &QGuiApplication::commitDataRequest, &m_recorder,
+        [this](QSessionManager &manager) {
+            if (!mayEndSession(manager.allowsInteraction()))
+                manager.cancel();
+            manager.release();
+        },
+        Qt::DirectConnection);
     m_windows.updateAppearance(m_appearance.appearance());
     m_operatorWindow.show();
 }
@@ -47,6 +72,56 @@ QWidget *QuenaraApp::dialogParent()
 {
     QWidget *front = QApplication::activeModalWidget();
     return front ? front : &m_operatorWindow;
+}
+
+void QuenaraApp::start(const QString &path)
+{
+    m_recovery = std::make_unique<Recovery>(Recovery::Context{.store = m_store,
+                                                              .outputs = m_outputs,
+                                                              .recorder = m_recorder,
+                                                              .questions = m_questions},
+                                            journalFolder());
+    if (!m_recovery->isAsking())
+        return begin(path);
+    QObject::connect(m_recovery.get(), &Recovery::answered, &m_operatorWindow,
+                     [this, path](bool isContinued) {
+                         if (!isContinued)
+                             begin(path);
+                         m_operatorWindow.activateWindow();
+                     });
+    m_operatorWindow.askAbout(*m_recovery);
+}
+
+void QuenaraApp::begin(const QString &path)
+{
+    if (path.isEmpty()) {
+        showStartPanel();
+    } else {
+        openDocument(path);
+    }
+}
+
+void QuenaraApp::endWithoutAsking()
+{
+    endTyping();
+    m_recorder.setLeavesUnsavedWork(true);
+    QCoreApplication::exit();
+}
+
+bool QuenaraApp::mayEndSession(bool mayAsk)
+{
+    if (mayAsk && !m_guard.mayQuit())
+        return false;
+    if (!mayAsk) {
+        endTyping();
+        m_recorder.setLeavesUnsavedWork(true);
+        // The session may go on after all, and then be left in order.
+        QObject::connect(
+            &m_store, &WorkspaceStore::changed, &m_recorder,
+            [this] { m_recorder.setLeavesUnsavedWork(false); }, Qt::SingleShotConnection);
+    }
+    m_guard.letGo();
+    return true;
 }
 
 void QuenaraApp::openDocument(const QString &path)

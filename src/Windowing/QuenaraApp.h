@@ -10,7 +10,9 @@
 #include "LeaveQuestionBox.h"
 #include "OperatorWindow.h"
 #include "OutputWindowController.h"
+#include "Recovery.h"
 #include "RenderCaches.h"
+#include "SessionRecorder.h"
 #include "SettingsWindow.h"
 #include "ShortcutGuard.h"
 #include "SleepInhibitor.h"
@@ -21,6 +23,8 @@
 #include "ZelvoCommands.h"
 
 #include <QSettings>
+
+#include <memory>
 
 namespace quenara {
 
@@ -33,15 +37,25 @@ public:
     /// \a platformPalette tells the scheme of a desktop that has no portal.
     explicit QuenaraApp(const QPalette &platformPalette);
 
+    /// Asks about what an unexpected end has left; then opens the document at \a path, or offers
+    /// projects if it is empty. What goes on instead takes the place of either.
+    void start(const QString &path);
     /// Opens the document the program was started with.
     void openDocument(const QString &path);
     /// Offers projects when it was started without a document.
     void showStartPanel() { m_store.showStartPanel(); }
 
+    /// Ends the program although nobody can be asked: unsaved work is left to the next start.
+    void endWithoutAsking();
+    /// Whether the session that the program runs in may end. Asks what quitting asks, if it \a
+    /// mayAsk; else unsaved work is left to the next start.
+    [[nodiscard]] bool mayEndSession(bool mayAsk);
+
     AppearancePreference &appearance() { return m_appearance; }
 
 private:
     QWidget *dialogParent();
+    void begin(const QString &path);
 
     QSettings m_preferences;
     FileDialogRunner m_panels;
@@ -53,6 +67,7 @@ private:
     WindowCoordinator m_windows;
     AppearancePreference m_appearance;
     OutputWindowController m_outputs;
+    SessionRecorder m_recorder; // gone before the windows are, which it would record
     AudienceAnnouncer m_announcer;
     ShortcutGuard m_shortcutGuard;
     FocusRing m_focusRing;
@@ -63,6 +78,7 @@ private:
     WindowMemory m_windowMemory;
     SettingsWindow m_settingsWindow;
     DeferredPreferences m_deferredPreferences;
+    std::unique_ptr<Recovery> m_recovery;
 };
 
 } // namespace quenara

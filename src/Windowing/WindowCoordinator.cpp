@@ -129,6 +129,36 @@ void WindowCoordinator::closeStageWindow()
     close(m_stage);
 }
 
+SessionWindows WindowCoordinator::sessionWindows() const
+{
+    SessionWindows windows{.isStageOpen = m_stage.isOpen};
+    if (m_display.window && m_placement.coversOperator(*m_display.window)) {
+        windows.display = DisplayPlace::overOperator;
+    } else if (m_display.window || m_isDisplayWaiting) {
+        windows.display = DisplayPlace::besideOperator;
+    }
+    return windows;
+}
+
+void WindowCoordinator::reopen(const WorkspaceStore &store, AppAppearance appearance,
+                               const SessionWindows &windows)
+{
+    if (windows.isStageOpen)
+        openStageWindow(store, appearance);
+    switch (windows.display) {
+    case DisplayPlace::closed:
+        break;
+    case DisplayPlace::besideOperator:
+        m_displayStore = &store;
+        setDisplayWaiting(true);
+        reopenDisplay();
+        break;
+    case DisplayPlace::overOperator:
+        openDisplayWindow(store, appearance);
+        break;
+    }
+}
+
 void WindowCoordinator::followScreens()
 {
     if (!m_placement.hasScreens())

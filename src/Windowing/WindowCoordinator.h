@@ -3,6 +3,7 @@
 #include "ApplicationAppearance.h"
 #include "DisplayPlacement.h"
 #include "OutputWindow.h"
+#include "Session.h"
 #include "WindowCloseObserver.h"
 
 #include <QObject>
@@ -46,6 +47,13 @@ public:
     void closeDisplayWindow();
     void openStageWindow(const WorkspaceStore &store, AppAppearance appearance);
     void closeStageWindow();
+
+    /// What a later start is to reopen().
+    SessionWindows sessionWindows() const;
+    /// Opens windows as they were at an unexpected end. A display that lay beside the operator
+    /// waits for a screen of its own.
+    void reopen(const WorkspaceStore &store, AppAppearance appearance,
+                const SessionWindows &windows);
 
     /// From here on the application follows \a appearance, and the desktop's scheme while that is
     /// the choice.

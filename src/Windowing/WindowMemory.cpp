@@ -3,13 +3,13 @@
 #include "FileReading.h"
 #include "FileReplacement.h"
 #include "OperatorWindow.h"
+#include "StateFolder.h"
 
 #include <QDir>
 #include <QEvent>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QScreen>
-#include <QStandardPaths>
 #include <QUrl>
 
 namespace quenara {
@@ -17,20 +17,6 @@ namespace quenara {
 namespace {
 
 constexpr qint64 largestPlace = 4096; // bytes
-
-/// The folder for state. Qt knows it from 6.7 on.
-QString stateFolder()
-{
-#if defined(Q_OS_UNIX) && !defined(Q_OS_DARWIN)
-    const QString chosen = qEnvironmentVariable("XDG_STATE_HOME");
-    // A relative path would name another folder for each folder that the program is started in.
-    const QString base =
-        QDir::isAbsolutePath(chosen) ? chosen : QDir::homePath() + QStringLiteral("/.local/state");
-    return base + QStringLiteral("/Quenara");
-#else
-    return QStandardPaths::writableLocation(QStandardPaths::AppLocalDataLocation);
-#endif
-}
 
 /// The screen of that name, else the primary one; null without screens.
 QScreen *screenNamed(const QString &name)

@@ -24,8 +24,7 @@ public:
     /// counts as none. Keeps a reference to the window.
     WindowMemory(OperatorWindow &window, const QString &file);
 
-    /// The file in the user's folder for state: `$XDG_STATE_HOME`, else `~/.local/state`, or what
-    /// the platform has in its place.
+    /// The file in the stateFolder().
     [[nodiscard]] static QString standardFile();
 
     bool eventFilter(QObject *object, QEvent *event) override;

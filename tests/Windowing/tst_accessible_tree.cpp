@@ -4,7 +4,10 @@
 #include "GuiTestSupport.h"
 #include "LeaveQuestionBox.h"
 #include "ProgramWindows.h"
+#include "Recovery.h"
 #include "RundownList.h"
+#include "SessionJournal.h"
+#include "SessionRecorder.h"
 #include "SlideCanvas.h"
 
 #include <QAbstractButton>
@@ -58,6 +61,9 @@ struct Program : ProgramWindows
             QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         }
     }
+
+    std::unique_ptr<SessionRecorder> recorder;
+    std::unique_ptr<Recovery> recovery;
 
     DialogParent dialogParent()
     {
@@ -150,6 +156,28 @@ void openOutputs(Program &program)
 void openStartPanel(Program &program)
 {
     program.store.showStartPanel();
+}
+
+/// Leaves the work of a program that has ended, the same at each call.
+void openRecovery(Program &program)
+{
+    static const QTemporaryDir folder;
+    Session session;
+    session.projectName = QStringLiteral("Sunday");
+    session.project = showOf({1});
+    QFile file(folder.filePath(QStringLiteral("left.journal")));
+    writeFile(file.fileName(), SessionJournal().add(session).join());
+    if (file.open(QIODevice::ReadWrite))
+        file.setFileTime(QDateTime(QDate(2026, 3, 1), QTime(9, 30)),
+                         QFileDevice::FileModificationTime);
+    file.close();
+    program.recorder = std::make_unique<SessionRecorder>(program.store, folder.path());
+    program.recovery = std::make_unique<Recovery>(Recovery::Context{.store = program.store,
+                                                                    .outputs = program.outputs,
+                                                                    .recorder = *program.recorder,
+                                                                    .questions = program.questions},
+                                                  folder.path());
+    program.operatorWindow.askAbout(*program.recovery);
 }
 
 void openSongImport(Program &program)
@@ -252,6 +280,7 @@ constexpr State states[] = {
     {"there is no slide", selectNoSlide},
     {"the screen is black", blackOut},
     {"both output windows are open", openOutputs},
+    {"left-over work is offered", openRecovery},
     {"the start panel is open", openStartPanel},
     {"the song import is open", openSongImport},
     {"a section is renamed", renameSection},

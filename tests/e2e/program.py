@@ -3,6 +3,7 @@
 import contextlib
 import os
 import re
+import signal
 import tempfile
 import time
 from pathlib import Path
@@ -52,6 +53,7 @@ class Program:
             "XDG_CONFIG_HOME": str(home / "config"),
             "XDG_DATA_HOME": str(home / "data"),
             "XDG_CACHE_HOME": str(home / "cache"),
+            "XDG_STATE_HOME": str(home / "state"),
             "XDG_RUNTIME_DIR": str(runtime),
             "DBUS_SESSION_BUS_ADDRESS": "disabled:",
             "ASAN_OPTIONS": SANITIZER_OPTIONS,
@@ -80,6 +82,11 @@ class Program:
         """The exit status, once the program has ended by itself."""
         wait_until(lambda: self.status() is not None, "the program to end")
         return self.status()
+
+    def kill(self, number=signal.SIGKILL):
+        """Sends a signal and waits for the end. The exit status, negative after a kill."""
+        os.kill(self.pid, number)
+        return self.wait_for_end()
 
     def computed(self):
         """The seconds of the processor that it has used."""

@@ -121,8 +121,9 @@ class ReadCase(TwoScreenCase):
             raise unittest.SkipTest(str(reason)) from reason
         cls.addClassCleanup(cls.reader.close)
 
-    def start(self, *arguments, **options):
-        program = super().start(*arguments, environment=self.reader.environment, **options)
+    def start(self, *arguments, environment=None, **options):
+        program = super().start(*arguments, **options,
+                                environment=self.reader.environment | (environment or {}))
         self.application = self.reader.application(program.pid)
         return program
 

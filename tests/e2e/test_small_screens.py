@@ -224,7 +224,8 @@ class SmallScreens(TwoScreenCase):
         program = self.start_again()
         program.wait_for_window(OPERATOR)
         self.quit()
-        self.assertEqual([file.name for file in Path(self.state, "Quenara").iterdir()],
+        self.assertEqual([file.name for file in Path(self.state, "Quenara").iterdir()
+                          if file.is_file()],
                          ["operator-window.json"])
 
     def test_a_damaged_memory_does_not_keep_the_program_from_its_screen(self):

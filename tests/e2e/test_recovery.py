@@ -1,0 +1,148 @@
+"""What an unexpected end leaves, and the next start brings back."""
+
+import os
+import signal
+import tempfile
+from pathlib import Path
+
+from documents import Documents, name_in
+from processes import wait_until
+from program import DISPLAY, OPERATOR, STAGE
+from show_case import ReadCase, run
+
+EMPTY_TITLE = "Untitled Quenara — Quenara"
+SHEET = "Quenara"
+
+
+class Recovery(Documents, ReadCase):
+    def setUp(self):
+        self.state = self.enterContext(tempfile.TemporaryDirectory(prefix="quenara-state-"))
+        super().setUp()
+
+    def start(self, *arguments, **options):
+        return super().start(*arguments, environment={"XDG_STATE_HOME": self.state}, **options)
+
+    def journals(self):
+        folder = Path(self.state, "Quenara/recovery")
+        return sorted(folder.iterdir()) if folder.exists() else []
+
+    def change_name(self, name):
+        self.rename(name)
+        self.program.press("Return")
+        self.program.wait_for_window(f"{name} — Quenara")
+
+    def answer(self, button):
+        self.click(button, "push button", window=SHEET)
+
+    def see_start_panel(self):
+        self.thing("New Blank Project", window=SHEET)
+
+    def test_the_work_and_the_show_go_on_after_a_kill(self):
+        program = self.program
+        program.open_display()
+        program.open_stage()
+        self.change_name("Changed")
+        program.press("Right", "Down")
+        self.see_slide(1)
+        before = self.server.screenshot((1920, 1080, 1920, 0))
+        rows = self.rows()
+        program.kill()
+
+        again = self.start()
+        self.thing("Continue", window=SHEET)
+        self.assertEqual(again.window(OPERATOR), again.window(EMPTY_TITLE))
+        self.assertIsNone(again.window(DISPLAY))
+        again.focus(SHEET)
+        again.press("Return")
+        again.wait_for_window("Changed — Quenara")
+        again.wait_for_window(DISPLAY)
+        again.wait_for_window(STAGE)
+        self.see(before, "what the audience saw")
+        self.wait_for_rows(*(name for name, _ in rows))
+        self.assertEqual(self.rows(), rows)
+        again.focus(OPERATOR)
+        again.press("Right")
+        self.see_slide(2)
+
+        again.press("ctrl+s")
+        wait_until(lambda: name_in(self.file) == "Changed", "the file to be saved")
+        again.press("ctrl+q")
+        again.answer_question("Tab", "space")
+        self.assertEqual(again.wait_for_end(), 0, again.output())
+        self.assertEqual(self.journals(), [])
+
+    def test_a_saved_show_goes_on_too(self):
+        self.program.open_display()
+        self.program.focus(OPERATOR)
+        self.program.press("Right", "b")
+        self.see_black()
+        self.program.kill()
+        again = self.start()
+        self.answer("Continue")
+        again.wait_for_window("Evening Show — Quenara")
+        again.wait_for_window(DISPLAY)
+        self.see_black()
+        again.focus(OPERATOR)
+        again.press("b")
+        self.see_slide(1)
+
+    def test_a_file_named_at_the_start_waits_until_the_work_is_discarded(self):
+        self.change_name("Changed")
+        self.program.kill()
+        again = self.start(self.file)
+        self.answer("Discard")
+        again.answer_question("Escape")
+        self.answer("Discard")
+        again.wait_for_window(EMPTY_TITLE)
+        again.answer_question("Tab", "space")
+        again.wait_for_window("Evening Show — Quenara")
+        self.assertEqual(again.windows().keys(), {again.window(OPERATOR)})
+        self.assertEqual(len(self.journals()), 1)
+
+    def test_what_goes_on_is_kept_from_the_file_named_at_the_start(self):
+        self.change_name("Changed")
+        self.program.kill()
+        again = self.start(self.file)
+        self.answer("Continue")
+        again.wait_for_window("Changed — Quenara")
+        again.wait_for_no_window(SHEET)
+        again.wait_until_at_rest()
+        self.assertIsNotNone(again.window("Changed — Quenara"))
+
+    def test_left_alone_it_is_offered_again(self):
+        self.change_name("Changed")
+        self.program.kill()
+        for _ in range(2):
+            again = self.start()
+            self.thing("Continue", window=SHEET)
+            again.focus(SHEET)
+            again.press("Escape")
+            self.see_start_panel()
+            self.assertEqual(again.kill(signal.SIGTERM), 0)
+        self.assertEqual(len(self.journals()), 1)
+
+    def test_a_signal_ends_the_program_in_order_and_keeps_the_work(self):
+        for number in (signal.SIGTERM, signal.SIGHUP, signal.SIGINT):
+            with self.subTest(number=number):
+                self.change_name(f"Changed {number}")
+                self.assertEqual(self.program.kill(number), 0, self.program.output())
+                self.assertEqual(len(self.journals()), 1)
+                again = self.start()
+                self.answer("Continue")
+                again.wait_for_window(f"Changed {number} — Quenara")
+
+    def test_a_signal_leaves_nothing_where_nothing_is_unsaved(self):
+        self.assertEqual(self.program.kill(signal.SIGTERM), 0, self.program.output())
+        self.assertEqual(self.journals(), [])
+        self.start()
+        self.see_start_panel()
+
+    def test_what_a_running_program_has_is_not_offered(self):
+        self.change_name("Changed")
+        self.start()
+        self.see_start_panel()
+        self.assertEqual(len(self.journals()), 1)
+
+
+if __name__ == "__main__":
+    run()
