@@ -77,6 +77,34 @@ private slots:
         QCOMPARE(reach(), 0);
     }
 
+    void theTitleStandsBesideTheButtonsWhereThereIsNoRoomForTheSize_data()
+    {
+        QTest::addColumn<int>("width");
+        QTest::addColumn<bool>("isInTheMiddle");
+        QTest::newRow("a wide canvas") << 700 << false;
+        QTest::newRow("a narrow one") << 360 << true;
+    }
+
+    void theTitleStandsBesideTheButtonsWhereThereIsNoRoomForTheSize()
+    {
+        QFETCH(int, width);
+        QFETCH(bool, isInTheMiddle);
+        DesignCanvas c;
+        c.view.resize(width, 600);
+        QCoreApplication::processEvents();
+        const auto middleOf = [&c](const QWidget &widget) {
+            return widget.mapTo(&c.view, widget.rect().center()).y();
+        };
+        QWidget &button = named(c.view, QStringLiteral("Text"));
+        const QWidget *title = nullptr;
+        for (const QLabel *label : c.view.findChildren<QLabel *>()) {
+            if (label->property("role").toString() == u"canvasTitle")
+                title = label;
+        }
+        QVERIFY(title);
+        QCOMPARE(std::abs(middleOf(*title) - middleOf(button)) <= 1, isInTheMiddle);
+    }
+
     void theHeaderNamesTheSlideAndTheCanvas()
     {
         DesignCanvas c;

@@ -45,6 +45,42 @@ protected:
     }
 };
 
+/// Titles on the left, buttons on the right. Where the buttons leave no room for the size, the
+/// title stands alone in the middle of the height, as the buttons do.
+class CanvasHeader : public QWidget
+{
+public:
+    explicit CanvasHeader(QWidget *title)
+    {
+        setPanelName(*this, QStringLiteral("canvasHeader"));
+        setFixedHeight(headerHeight);
+        auto *titles = new QVBoxLayout;
+        titles->setSpacing(lineSpacing);
+        titles->addStretch();
+        titles->addWidget(title);
+        titles->addWidget(m_size);
+        titles->addStretch();
+        m_row->setContentsMargins(headerMargin, 0, headerMargin, 0);
+        m_row->setSpacing(buttonSpacing);
+        m_row->addLayout(titles, 1);
+    }
+
+    void addButton(QWidget *button) { m_row->addWidget(button); }
+
+protected:
+    void resizeEvent(QResizeEvent * /*event*/) override
+    {
+        int room = width() - 2 * headerMargin;
+        for (int i = 1; i < m_row->count(); ++i)
+            room -= m_row->itemAt(i)->sizeHint().width() + buttonSpacing;
+        m_size->setVisible(m_size->sizeHint().width() <= room);
+    }
+
+private:
+    QHBoxLayout *m_row = new QHBoxLayout(this);
+    CanvasSizeLabel *m_size = new CanvasSizeLabel;
+};
+
 } // namespace
 
 DesignCanvasView::DesignCanvasView(WorkspaceStore &store, const CommandActions &commands,
@@ -66,21 +102,10 @@ DesignCanvasView::DesignCanvasView(WorkspaceStore &store, const CommandActions &
 QWidget *DesignCanvasView::makeHeader(const CommandActions &commands)
 {
     m_title = new ElidedLabel(QStringLiteral("canvasTitle"));
-    auto *titles = new QVBoxLayout;
-    titles->setSpacing(lineSpacing);
-    titles->addStretch();
-    titles->addWidget(m_title);
-    titles->addWidget(new CanvasSizeLabel);
-    titles->addStretch();
-
-    QWidget *header = makePanel(QStringLiteral("canvasHeader"), headerHeight);
-    auto *layout = new QHBoxLayout(header);
-    layout->setContentsMargins(headerMargin, 0, headerMargin, 0);
-    layout->setSpacing(buttonSpacing);
-    layout->addLayout(titles, 1);
+    auto *header = new CanvasHeader(m_title);
     for (const Command command :
          {Command::addTextLayer, Command::addLyricLayer, Command::addImageLayer}) {
-        layout->addWidget(
+        header->addButton(
             new CommandButton(*commands.action(command), SymbolButton::Look::labelled));
     }
     return header;
