@@ -2,6 +2,7 @@
 #include "GuiTestSupport.h"
 #include "ProgramWindows.h"
 #include "SlideCanvas.h"
+#include "ThemeColors.h"
 
 #include <QFocusFrame>
 
@@ -174,6 +175,26 @@ QString lackOfRing(const QImage &image, const QRect &frame)
     return {};
 }
 
+/// How many lines of the accent colour lie one after the other at the left side of \a frame.
+int accentLinesAt(const QImage &image, const QRect &frame)
+{
+    constexpr int depth = 12;
+    constexpr int widest = 3; // what is wider is no line
+    const int y = frame.top() + frame.height() / 3; // beside what stands in the middle
+    const QRgb accent = themeOf(*QApplication::activeWindow()).accent.rgb();
+    int lines = 0;
+    int width = 0;
+    for (int x = frame.left(); x < frame.left() + depth; ++x) {
+        if (image.pixel(x, y) == accent) {
+            ++width;
+        } else {
+            lines += width > 0 && width <= widest;
+            width = 0;
+        }
+    }
+    return lines;
+}
+
 bool isReachable(const QWidget &widget)
 {
     return widget.isVisible() && widget.isEnabled() && (widget.focusPolicy() & Qt::TabFocus)
@@ -224,8 +245,12 @@ private slots:
             const QRect area = surroundingsOf(*ring, *window);
             const QImage with = imageOf(*window, area);
             const QImage without = imageWithout(*ring, *window, area);
-            const QString lack = lackOfRing(with, changeBetween(without, with));
+            const QRect change = changeBetween(without, with);
+            const QString lack = lackOfRing(with, change);
             QVERIFY2(lack.isEmpty(), qPrintable(titleOf(*focused) + lack));
+            // What is selected on the canvas has an outline of its own.
+            QVERIFY2(qobject_cast<SlideCanvas *>(focused) || accentLinesAt(with, change) == 1,
+                     qPrintable(titleOf(*focused)));
         }
         QStringList missed;
         for (const QWidget *widget : window->findChildren<QWidget *>()) {

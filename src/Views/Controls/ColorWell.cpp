@@ -94,7 +94,7 @@ void ColorWell::paintEvent(QPaintEvent * /*event*/)
         painter.fillPath(outline, m_color->toColor());
         painter.restore();
     }
-    painter.setPen(hasFocus() || underMouse() ? theme.accent : theme.border);
+    painter.setPen(underMouse() ? theme.accent : theme.border);
     painter.drawPath(outline);
 }
 

@@ -187,7 +187,7 @@ void FocusRing::place()
     const QRect area = own.isValid() ? own.toRect() : m_widget->rect();
     const QRect frame =
         area.translated(m_widget->mapTo(window, QPoint()))
-            .adjusted(-focusRingWidth, -focusRingWidth, focusRingWidth, focusRingWidth)
+            .adjusted(-focusRingDistance, -focusRingDistance, focusRingDistance, focusRingDistance)
         & roomOf(*m_widget);
     static_cast<RingFrame &>(*m_frame).cover(frame);
 }

@@ -16,6 +16,9 @@ struct ZelvoTheme;
 constexpr double focusLineWidth = 2;
 constexpr double focusLineEdge = 1;
 constexpr int focusRingWidth = int(focusLineWidth + 2 * focusLineEdge);
+/// How far the ring reaches beyond what it lies around: its inner edge covers the line that many
+/// controls have around them, so that no two lines stand side by side.
+constexpr int focusRingDistance = focusRingWidth - int(focusLineEdge);
 
 /// Paints the ring within \a frame.
 void paintFocusRing(QPainter &painter, const QRectF &frame, const ZelvoTheme &theme);

@@ -173,9 +173,10 @@ void RundownList::endHold()
 /// Has the focus ring lie on the row that the keyboard is at, as far as that is in sight.
 void RundownList::showFocus()
 {
-    const QRect row = visualRect(currentIndex()) & viewport()->rect();
-    constexpr int inset = focusRingWidth;
-    setFocusArea(*this, row.translated(viewport()->pos()).adjusted(inset, inset, -inset, -inset));
+    constexpr int inset = focusRingDistance;
+    const QRect room = viewport()->rect().adjusted(inset, inset, -inset, -inset);
+    const QRect row = RundownRowDelegate::frameOf(visualRect(currentIndex()));
+    setFocusArea(*this, (row & room).translated(viewport()->pos()));
 }
 
 /// Leaves the layout alone, since no change of a row changes its height: QListView would ask all

@@ -159,6 +159,11 @@ void drawThumbnail(QPainter &painter, const QPixmap &thumbnail, const QRectF &bo
 
 } // namespace
 
+QRect RundownRowDelegate::frameOf(const QRect &rect)
+{
+    return rect.isEmpty() ? QRect() : rowOf(rect).toRect();
+}
+
 RundownRowDelegate::RundownRowDelegate(SlideThumbnails &thumbnails, QObject *parent)
     : QStyledItemDelegate(parent), m_thumbnails(thumbnails)
 {}

@@ -16,6 +16,9 @@ public:
     /// The room for the buttons at the right end of a service item's row, in points.
     static constexpr int itemButtonsWidth = 64;
 
+    /// What is filled or outlined of a row that covers \a rect; empty if that is.
+    [[nodiscard]] static QRect frameOf(const QRect &rect);
+
     RundownRowDelegate(SlideThumbnails &thumbnails, QObject *parent);
 
     void paint(QPainter *painter, const QStyleOptionViewItem &option,
