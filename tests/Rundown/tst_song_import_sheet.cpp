@@ -1,11 +1,15 @@
 #include "GuiTestSupport.h"
+#include "InterfaceStyle.h"
+#include "Pixels.h"
 #include "SongImportSheet.h"
 #include "TestSupport.h"
+#include "ZelvoTheme.h"
 
 #include <QClipboard>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
+#include <QPainter>
 #include <QPlainTextEdit>
 #include <QPushButton>
 
@@ -79,6 +83,26 @@ private slots:
         QGuiApplication::clipboard()->setText(u"[Verse 1]\nMorning"_s);
         QTest::keyClick(s.lyrics, Qt::Key_V, Qt::ControlModifier);
         QCOMPARE(s.draft.pastedLyrics, u"[Verse 1]\nMorning"_s);
+    }
+
+    void theSelectedExampleStandsOutOnlyWhileItHasTheKeyboard()
+    {
+        const ZelvoTheme theme = ZelvoTheme::dark();
+        applyTheme(theme);
+        const Sheet s;
+        const auto isSeen = [&](const QColor &color) {
+            return pixelsOf(color, s.lyrics->viewport()->grab().toImage()) > 0;
+        };
+        QImage patch(1, 1, QImage::Format_RGB32);
+        patch.fill(theme.inputBackground);
+        QPainter(&patch).fillRect(patch.rect(), theme.selection);
+        const QColor calm = patch.pixelColor(0, 0);
+        QVERIFY(s.lyrics->textCursor().hasSelection());
+        QVERIFY(isSeen(calm) && !isSeen(theme.accent));
+        QTest::keyClick(s.title, Qt::Key_Tab);
+        QVERIFY(isSeen(theme.accent) && !isSeen(calm));
+        QTest::keyClick(s.lyrics, Qt::Key_Backtab);
+        QVERIFY(isSeen(calm) && !isSeen(theme.accent));
     }
 
     void theOperatorsOwnLyricsAreNotSelectedWhenTheSheetOpensAgain()

@@ -147,6 +147,15 @@ class OperatorSight(ReadCase):
         wait_until(lambda: "Section B" not in [row.name for row in self.list.children],
                    "the section to be deleted")
 
+    def test_a_picker_that_the_pointer_left_while_its_list_was_open_looks_as_before(self):
+        picker = self.thing("Template", "combo box")
+        plain = self.colours(picker.area)
+        self.click("Template", "combo box")
+        wait_until(lambda: self.colours(picker.area) != plain, "the list to open")
+        self.program.point_at(OPERATOR, 700, 500)
+        self.program.press("Escape")
+        wait_until(lambda: self.colours(picker.area) == plain, "the picker as it was")
+
     def test_an_imported_song_is_scrolled_into_view(self):
         self.click("Paste song lyrics")
         self.program.focus(SONG_IMPORT)

@@ -4,6 +4,7 @@
 #include "ThemeColors.h"
 
 #include <QAbstractItemView>
+#include <QCursor>
 #include <QKeyEvent>
 #include <QStyleOptionComboBox>
 #include <QStylePainter>
@@ -50,6 +51,15 @@ void Picker::keyPressEvent(QKeyEvent *event)
     } else {
         event->ignore();
     }
+}
+
+/// Qt tells nothing of a pointer that leaves while the list is open, and would go on showing that
+/// it is over the picker.
+void Picker::hidePopup()
+{
+    QComboBox::hidePopup();
+    setAttribute(Qt::WA_UnderMouse, rect().contains(mapFromGlobal(QCursor::pos())));
+    update();
 }
 
 void Picker::wheelEvent(QWheelEvent *event)

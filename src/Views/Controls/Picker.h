@@ -13,6 +13,8 @@ class Picker : public QComboBox
 public:
     explicit Picker(const QString &title, QWidget *parent = nullptr);
 
+    void hidePopup() override;
+
 protected:
     void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;

@@ -4,6 +4,7 @@
 
 #include <QFocusEvent>
 #include <QMouseEvent>
+#include <QStyle>
 
 #include <utility>
 
@@ -13,6 +14,7 @@ TextBox::TextBox(const QString &title, QWidget *parent) : QPlainTextEdit(parent)
 {
     setAccessibleName(title);
     setTabChangesFocus(true);
+    setTyping(false);
     connect(this, &TextBox::textChanged, this, [this] { m_isExample = false; });
 }
 
@@ -27,8 +29,25 @@ void TextBox::showExample(const QString &text)
 void TextBox::focusInEvent(QFocusEvent *event)
 {
     QPlainTextEdit::focusInEvent(event);
+    setTyping(true);
     if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason)
         selectAll();
+}
+
+void TextBox::focusOutEvent(QFocusEvent *event)
+{
+    QPlainTextEdit::focusOutEvent(event);
+    if (event->reason() != Qt::PopupFocusReason) // the context menu is about what is selected
+        setTyping(false);
+}
+
+/// Has the style sheet choose the colours of the selection: Qt paints it alike with and without the
+/// focus.
+void TextBox::setTyping(bool isTyping)
+{
+    setProperty("isTyping", isTyping);
+    style()->unpolish(this);
+    style()->polish(this);
 }
 
 void TextBox::mousePressEvent(QMouseEvent *event)

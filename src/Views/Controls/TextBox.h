@@ -5,7 +5,8 @@
 namespace quenara {
 
 /// Several lines of plain text. The Tab key moves on to the next control. Moving here by it selects
-/// all of the text, as in fields of one line.
+/// all of the text, as in fields of one line. What is selected while another control has the
+/// keyboard is shown less brightly.
 class TextBox : public QPlainTextEdit
 {
     Q_OBJECT
@@ -20,10 +21,13 @@ public:
 
 protected:
     void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void insertFromMimeData(const QMimeData *source) override;
 
 private:
+    void setTyping(bool isTyping);
+
     bool m_isExample = false; ///< whether the text is an untouched example
     bool m_awaitsClick = false; ///< whether it has not been clicked yet
 };
