@@ -822,6 +822,14 @@ private slots:
             QVERIFY(isInSight(op, rowOfSlide(op, id)));
     }
 
+    void theTitleOfTheLiveSectionStaysInSightWhenTheWindowBecomesLower()
+    {
+        Rundown op(showOf({2, 40}));
+        op.view.resize(RundownView::panelWidth, 250);
+        QCOMPARE(op.list->verticalScrollBar()->value(), 0);
+        QVERIFY(isInSight(op, rowOfItem(op, u"A"_s)));
+    }
+
     void aListThatWasScrolledAwayFromTheLiveSlideStaysThereWhenTheWindowBecomesLower()
     {
         Rundown op(showOf({40}));

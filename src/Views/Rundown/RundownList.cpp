@@ -114,8 +114,7 @@ void RundownList::followLive()
         return showRows(live, last, Qt::TopEdge);
     QModelIndex first = m_model->index(std::max(live.row() - rowsAhead, 0));
     const QModelIndex section = m_model->sectionOf(live);
-    const int reach = visualRect(live).bottom() + 1 - visualRect(section).top();
-    if (section.row() < first.row() && reach <= viewport()->height())
+    if (section.row() < first.row() && fitsFrom(section, live))
         first = section;
     showRows(first, last, Qt::TopEdge);
     showRows(first, live, Qt::BottomEdge);
@@ -125,6 +124,12 @@ void RundownList::followLive()
 QModelIndex RundownList::comesNextAfter(const QModelIndex &live) const
 {
     return m_model->index(std::min(live.row() + rowsAhead, m_model->rowCount() - 1));
+}
+
+/// Whether there is room for all rows from \a first to \a last.
+bool RundownList::fitsFrom(const QModelIndex &first, const QModelIndex &last) const
+{
+    return visualRect(last).bottom() + 1 - visualRect(first).top() <= viewport()->height();
 }
 
 /// Scrolls no further than it takes to show the rows from \a first to \a last; where they do not
@@ -299,14 +304,17 @@ void RundownList::paintEvent(QPaintEvent *event)
         viewport()->update(event->rect());
 }
 
-/// Keeps the live row in sight, with what comes next, when the window becomes lower.
+/// Keeps the live row in sight when the window becomes lower: with the title of its section, if
+/// there is room for that, and with as much as there is room for of what comes next.
 void RundownList::resizeEvent(QResizeEvent *event)
 {
     QListView::resizeEvent(event);
     const QModelIndex live = m_model->indexOfSlide(m_liveID);
     const bool wasInSight = QRect(QPoint(), event->oldSize()).contains(visualRect(live));
-    if (isVisible() && wasInSight && !m_heldPlace)
-        showRows(live, comesNextAfter(live), Qt::TopEdge);
+    if (!isVisible() || !wasInSight || m_heldPlace)
+        return;
+    const QModelIndex section = m_model->sectionOf(live);
+    showRows(fitsFrom(section, live) ? section : live, comesNextAfter(live), Qt::TopEdge);
 }
 
 void RundownList::scrollContentsBy(int dx, int dy)

@@ -68,6 +68,7 @@ private:
     void followStore();
     void followSelection();
     void followLive();
+    bool fitsFrom(const QModelIndex &first, const QModelIndex &last) const;
     QModelIndex comesNextAfter(const QModelIndex &live) const;
     void showRows(const QModelIndex &first, const QModelIndex &last, Qt::Edge edge);
 
