@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QStyleOptionComboBox>
 #include <QStylePainter>
+#include <QStyledItemDelegate>
 #include <QWheelEvent>
 
 namespace quenara {
@@ -25,6 +26,7 @@ Picker::Picker(const QString &title, QWidget *parent) : QComboBox(parent)
     setFocusPolicy(Qt::TabFocus);
     setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     view()->setTextElideMode(Qt::ElideRight);
+    setItemDelegate(new QStyledItemDelegate(this)); // the standard one knows no style sheet
 }
 
 void Picker::paintEvent(QPaintEvent * /*event*/)
