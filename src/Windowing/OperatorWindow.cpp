@@ -173,6 +173,8 @@ void OperatorWindow::placeSheets() const
 /// place of a window that is not on its screen yet is not known.
 void OperatorWindow::showSheets()
 {
+    // Before the style sheet was there, its parts asked for more room than they need.
+    m_screensSettled.start();
     showRecovery();
     showStartPanel();
     showSongImport();

@@ -108,7 +108,7 @@ private slots:
         using enum SymbolButton::Look;
         QCOMPARE(slackOf(icon), QSize(0, 0));
         QCOMPARE(slackOf(framed), QSize(0, 0));
-        QCOMPARE(slackOf(labelled), QSize(8, 0));
+        QCOMPARE(slackOf(labelled), QSize(12, 0));
         QCOMPARE(slackOf(tile), QSize(8, 0));
         QCOMPARE(slackOf(prominent), QSize(12, 0));
     }

@@ -67,6 +67,7 @@ class SmallScreens(TwoScreenCase):
         self.server.unplug_second_screen()
         for size, environment in (
                 ((1366, 768), {}), ((1280, 720), {}),
+                ((1366, 768), {"QT_FONT_DPI": "144"}), ((1280, 720), {"QT_SCALE_FACTOR": "1.5"}),
                 ((1920, 1080), {"QT_SCALE_FACTOR": "1.5"}),
                 ((1920, 1080), {"QT_FONT_DPI": "120"}), ((1920, 1080), {"QT_FONT_DPI": "144"})):
             with self.subTest(size=size, **environment):

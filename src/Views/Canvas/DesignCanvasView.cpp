@@ -22,6 +22,9 @@ namespace {
 constexpr int headerHeight = 52;
 constexpr int headerMargin = 12;
 constexpr int buttonSpacing = 8;
+constexpr int narrowMargin = 8;
+constexpr int narrowSpacing = 6;
+constexpr int leastTitleWidth = 24;
 constexpr int lineSpacing = 2;
 constexpr int emptySpacing = 6;
 constexpr int emptySymbolSize = 28;
@@ -46,11 +49,12 @@ protected:
 };
 
 /// Titles on the left, buttons on the right. Where the buttons leave no room for the size, the
-/// title stands alone in the middle of the height, as the buttons do.
+/// title stands alone in the middle of the height, as the buttons do; where they leave none for the
+/// title, the buttons stand alone, closer together.
 class CanvasHeader : public QWidget
 {
 public:
-    explicit CanvasHeader(QWidget *title)
+    explicit CanvasHeader(QWidget *title) : m_title(title)
     {
         setPanelName(*this, QStringLiteral("canvasHeader"));
         setFixedHeight(headerHeight);
@@ -60,12 +64,18 @@ public:
         titles->addWidget(title);
         titles->addWidget(m_size);
         titles->addStretch();
-        m_row->setContentsMargins(headerMargin, 0, headerMargin, 0);
-        m_row->setSpacing(buttonSpacing);
         m_row->addLayout(titles, 1);
     }
 
     void addButton(QWidget *button) { m_row->addWidget(button); }
+
+    QSize minimumSizeHint() const override
+    {
+        int width = 2 * narrowMargin - narrowSpacing;
+        for (int i = 1; i < m_row->count(); ++i)
+            width += m_row->itemAt(i)->minimumSize().width() + narrowSpacing;
+        return {width, headerHeight};
+    }
 
 protected:
     void resizeEvent(QResizeEvent * /*event*/) override
@@ -74,10 +84,17 @@ protected:
         for (int i = 1; i < m_row->count(); ++i)
             room -= m_row->itemAt(i)->sizeHint().width() + buttonSpacing;
         m_size->setVisible(m_size->sizeHint().width() <= room);
+        const bool isNarrow = room < leastTitleWidth;
+        m_title->setVisible(!isNarrow);
+        const int edge = isNarrow ? narrowMargin : headerMargin;
+        m_row->setContentsMargins(edge, 0, edge, 0);
+        m_row->setSpacing(isNarrow ? narrowSpacing : buttonSpacing);
+        m_row->activate();
     }
 
 private:
     QHBoxLayout *m_row = new QHBoxLayout(this);
+    QWidget *m_title;
     CanvasSizeLabel *m_size = new CanvasSizeLabel;
 };
 
@@ -123,6 +140,7 @@ QWidget *DesignCanvasView::makeEmptyState()
              makeRoleLabel(QStringLiteral("emptyTitle"), QStringLiteral("Blank project")),
              makeRoleLabel(QStringLiteral("hint"),
                            QStringLiteral("Add a slide from the rundown to begin."))}) {
+        row->setMinimumWidth(1); // where room is scarce, it is the buttons that need it
         layout->addWidget(row, 0, Qt::AlignHCenter);
     }
     layout->addStretch();

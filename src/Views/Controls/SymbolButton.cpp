@@ -26,7 +26,7 @@ struct Measures
 constexpr auto measures = std::to_array<Measures>({
     {"icon", 16, 0, 6, {28, 28}, 0},
     {"framed", 15, 0, 6, {28, 28}, 0},
-    {"labelled", 15, 8, 12, {0, 28}, 8},
+    {"labelled", 15, 8, 12, {0, 28}, 12},
     {"tile", 18, 5, 10, {68, 58}, 8},
     {"prominent", 20, 12, 24, {138, 58}, 12},
 });
