@@ -1,9 +1,8 @@
 #include "ImageFile.h"
 
-#include "EncodedImage.h"
 #include "FileReading.h"
+#include "ImageBytes.h"
 
-#include <QBuffer>
 #include <QImageReader>
 #include <QMimeDatabase>
 
@@ -16,14 +15,11 @@ namespace {
 /// Base64 makes four bytes of every three.
 constexpr qint64 largestImage = largestFile / 4 * 3;
 
-/// The reader's name for the format in which the bytes can be read as an image; empty if there is
-/// none.
-QByteArray readableFormat(QByteArray bytes)
+/// Qt's name for the format in which the bytes can be read as an image; empty if there is none.
+QByteArray readableFormat(const QByteArray &bytes)
 {
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::ReadOnly);
-    QImageReader reader(&buffer);
-    reader.setDecideFormatFromContent(true);
+    ImageBytes image(bytes);
+    QImageReader &reader = image.reader();
     const QByteArray format = reader.format();
     constexpr QSize enough(64, 64);
     if (const QSize size = reader.size(); size.isValid())
@@ -49,7 +45,7 @@ QString imageType(const QByteArray &bytes)
 std::optional<SlideMedia> embedded(const QUrl &url)
 {
     const std::optional<QByteArray> bytes = wholeFile(url, largestImage);
-    const QString type = bytes && !endsEarly(*bytes) ? imageType(*bytes) : QString();
+    const QString type = bytes ? imageType(*bytes) : QString();
     if (type.isEmpty())
         return std::nullopt;
     return SlideMedia{.dataUrl = "data:" + type.toLatin1() + ";base64," + bytes->toBase64(),

@@ -1,10 +1,8 @@
 #include "ZelvoImageLoader.h"
 
-#include "EncodedImage.h"
+#include "FileReading.h"
+#include "ImageBytes.h"
 
-#include <QBuffer>
-#include <QFile>
-#include <QFileInfo>
 #include <QImageReader>
 #include <QUrl>
 
@@ -31,15 +29,11 @@ QImage paintable(const QImage &image)
                                                          : QImage::Format_RGB32);
 }
 
-DecodedImage decoded(QByteArray bytes, const QSize &needed)
+DecodedImage decoded(const QByteArray &bytes, const QSize &needed)
 {
-    if (endsEarly(bytes))
-        return {};
-    QBuffer buffer(&bytes);
-    buffer.open(QIODevice::ReadOnly);
-    QImageReader reader(&buffer);
+    ImageBytes content(bytes);
+    QImageReader &reader = content.reader();
     reader.setAutoTransform(true);
-    reader.setDecideFormatFromContent(true);
     const QSize stored = reader.size(); // before it is turned
     const bool isTurned = reader.transformation().testFlag(QImageIOHandler::TransformationRotate90);
     const auto turned = [isTurned](const QSize &size) {
@@ -67,15 +61,10 @@ std::optional<QByteArray> payload(const QByteArray &dataUrl)
     return decoding ? std::optional(std::move(*decoding)) : std::nullopt;
 }
 
-/// The bytes of a regular file, since a pipe or a device might never end; nothing if it cannot be
-/// read or holds more than an image that can be decoded.
+/// The bytes of a file; nothing if it cannot be read or holds more than any image in memory.
 std::optional<QByteArray> contentOf(const QString &fileName)
 {
-    constexpr qint64 largestFile = qint64(largestMegabytes) << 20U;
-    QFile file(fileName);
-    const bool isReadable =
-        QFileInfo(file).isFile() && file.size() <= largestFile && file.open(QIODevice::ReadOnly);
-    return isReadable ? std::optional(file.readAll()) : std::nullopt;
+    return wholeFile(QUrl::fromLocalFile(fileName), qint64(largestMegabytes) << 20U);
 }
 
 } // namespace
@@ -88,9 +77,9 @@ QImage ZelvoImageLoader::image(const SlideMedia &media)
 
 DecodedImage ZelvoImageLoader::image(const SlideMedia &media, const QSize &needed)
 {
-    std::optional<QByteArray> bytes =
+    const std::optional<QByteArray> bytes =
         media.dataUrl.startsWith(dataScheme) ? payload(media.dataUrl) : contentOf(fileName(media));
-    return bytes ? decoded(*std::move(bytes), needed) : DecodedImage();
+    return bytes ? decoded(*bytes, needed) : DecodedImage();
 }
 
 int ZelvoImageLoader::reduction(const QSize &fullSize, const QSize &needed)

@@ -12,8 +12,8 @@ namespace quenara {
 inline constexpr qint64 largestFile = 4'000'000'000;
 
 /// Hands the bytes of the file to \a take, piece by piece. False if it cannot be read to its end,
-/// is no plain file of this machine or is larger than \a limit; some pieces may have been taken
-/// then.
+/// is no plain file of this machine, is larger than \a limit or holds more than its size, as files
+/// without an end do; some pieces may have been taken then. Never waits for another process.
 [[nodiscard]] bool readFile(const QUrl &url, const std::function<void(QByteArrayView)> &take,
                             qint64 limit = largestFile);
 

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QByteArray>
+
+namespace quenara {
+
+/// What a drawing and the drawings in it may still hold, all together.
+struct DrawingAllowance
+{
+    int imagesWithin = 2; ///< levels of images within images
+    qint64 elements = 100'000; ///< each as often as it is painted
+    qint64 imagePixels = qint64(64) << 20U;
+};
+
+/// The drawing (SVG, compressed or not) without all that leads out of its own bytes: references
+/// that neither name a part of it ("#...") nor hold an image ("data:") are gone, and so are the
+/// document type, processing instructions and imported style sheets. Its entities are not expanded.
+///
+/// Empty if the bytes are no well-formed XML, hold more than \a allowance, from which what they
+/// hold is taken, or are nested too deeply.
+[[nodiscard]] QByteArray containedDrawing(const QByteArray &bytes, DrawingAllowance &allowance);
+
+} // namespace quenara

@@ -1,0 +1,81 @@
+#include "FileReading.h"
+
+#include <QDateTime>
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <vector>
+
+#ifdef Q_OS_UNIX
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
+
+namespace quenara {
+
+namespace {
+
+/// Opens a file that has an end. What it is, is asked before it is opened, which has effects on
+/// some devices, and after, since another file may have come to its place.
+bool openPlain(QFile &file)
+{
+    constexpr auto mode = QIODevice::ReadOnly | QIODevice::Unbuffered;
+    if (!QFileInfo(file).isFile())
+        return false;
+#ifdef Q_OS_UNIX
+    // Neither opening a pipe nor reading from the system's own files waits then.
+    const int number =
+        ::open(QFile::encodeName(file.fileName()).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    struct stat attributes
+    {};
+    const bool isPlain = ::fstat(number, &attributes) == 0 && S_ISREG(attributes.st_mode);
+    if (isPlain && file.open(number, mode, QFile::AutoCloseHandle))
+        return true;
+    if (number >= 0)
+        ::close(number);
+    return false;
+#else
+    return file.open(mode);
+#endif
+}
+
+} // namespace
+
+bool readFile(const QUrl &url, const std::function<void(QByteArrayView)> &take, qint64 limit)
+{
+    QFile file(url.toLocalFile());
+    if (!url.isLocalFile() || !openPlain(file))
+        return false;
+    // Files of the system that may have no end tell no size, or one that is not true.
+    const qint64 most = file.size();
+    if (most > limit)
+        return false;
+    constexpr std::size_t pieceSize = 65536; // stays in the processor's cache
+    std::vector<char> piece(pieceSize);
+    qint64 total = 0;
+    for (qint64 size = 1; size > 0 && total <= most; total += size) {
+        size = file.read(piece.data(), qint64(piece.size()));
+        if (size < 0)
+            return false;
+        take({piece.data(), size});
+    }
+    return total <= most;
+}
+
+std::optional<QByteArray> wholeFile(const QUrl &url, qint64 limit)
+{
+    QByteArray bytes;
+    const bool isRead = readFile(
+        url, [&bytes](QByteArrayView piece) { bytes.append(piece); }, limit);
+    return isRead ? std::optional(std::move(bytes)) : std::nullopt;
+}
+
+qint64 modificationTime(const QUrl &url)
+{
+    const QFileInfo file(url.toLocalFile());
+    return file.exists() ? file.lastModified().toMSecsSinceEpoch() : 0;
+}
+
+} // namespace quenara

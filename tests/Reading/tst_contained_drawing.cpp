@@ -1,0 +1,305 @@
+#include "ContainedDrawing.h"
+#include "Files.h"
+#include "ImageBytes.h"
+#include "Images.h"
+#include "TestMain.h"
+
+#include <QGuiApplication>
+#include <QLoggingCategory>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <sys/stat.h>
+#include <zlib.h>
+
+using namespace quenara;
+using namespace quenara::test;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QByteArray head = "<svg xmlns='http://www.w3.org/2000/svg' "
+                        "xmlns:xlink='http://www.w3.org/1999/xlink' width='48' height='32'>";
+const QByteArray ground = "<rect width='48' height='32' fill='#0000ff'/>";
+
+QByteArray drawingOf(const QByteArray &content)
+{
+    return head + ground + content + "</svg>";
+}
+
+QByteArray dataUrl(const char *type, const QByteArray &bytes)
+{
+    return QByteArray("data:image/") + type + ";base64," + bytes.toBase64();
+}
+
+QByteArray imageOf(const QByteArray &reference, const QByteArray &attribute = "xlink:href")
+{
+    return "<image width='48' height='32' " + attribute + "='" + reference + "'/>";
+}
+
+QByteArray redPng()
+{
+    QImage image(8, 8, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    return encoded(image, "PNG");
+}
+
+QByteArray compressed(const QByteArray &bytes)
+{
+    QByteArray result(qsizetype(compressBound(uLong(bytes.size()))) + 64, '\0');
+    z_stream stream{};
+    constexpr int gzip = 16;
+    deflateInit2(&stream, Z_BEST_COMPRESSION, Z_DEFLATED, MAX_WBITS + gzip, MAX_MEM_LEVEL,
+                 Z_DEFAULT_STRATEGY);
+    QByteArray input = bytes;
+    stream.next_in = reinterpret_cast<Bytef *>(input.data());
+    stream.avail_in = uInt(input.size());
+    stream.next_out = reinterpret_cast<Bytef *>(result.data());
+    stream.avail_out = uInt(result.size());
+    deflate(&stream, Z_FINISH);
+    result.truncate(result.size() - qsizetype(stream.avail_out));
+    deflateEnd(&stream);
+    return result;
+}
+
+QImage imageIn(const QByteArray &bytes)
+{
+    ImageBytes image(bytes);
+    return image.reader().read();
+}
+
+QByteArray contained(const QByteArray &bytes)
+{
+    DrawingAllowance allowance;
+    return containedDrawing(bytes, allowance);
+}
+
+/// A chain of groups, each with ten uses of the one before it.
+QByteArray useBomb(int levels)
+{
+    QByteArray content = "<defs><g id='g0'><rect width='1' height='1'/></g>";
+    for (int level = 1; level <= levels; ++level) {
+        const QByteArray use = "<use xlink:href='#g" + QByteArray::number(level - 1) + "'/>";
+        content += "<g id='g" + QByteArray::number(level) + "'>" + use.repeated(10) + "</g>";
+    }
+    return drawingOf(content + "</defs><use xlink:href='#g" + QByteArray::number(levels) + "'/>");
+}
+
+QByteArray nested(int depth)
+{
+    return drawingOf(QByteArray("<g>").repeated(depth) + QByteArray("</g>").repeated(depth));
+}
+
+} // namespace
+
+class TestContainedDrawing : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void initTestCase()
+    {
+        QLoggingCategory::setFilterRules(u"qt.gui.imageio*=false\nqt.svg*=false"_s);
+        QVERIFY(m_folder.isValid());
+        writeFile(path("red.png"), redPng());
+        writeFile(path("red.svg"), head + "<rect id='r' width='48' height='32' fill='red'/></svg>");
+        writeFile(path("red.css"), "rect { fill: #ff0000 !important }");
+        QCOMPARE(::mkfifo(QFile::encodeName(path("pipe")).constData(), 0600), 0);
+    }
+
+    void whatIsOutsideIsNotSeen_data()
+    {
+        QTest::addColumn<QByteArray>("drawing");
+        const QByteArray folder = QFile::encodeName(m_folder.path());
+        const QByteArray png = folder + "/red.png";
+        const auto row = [](const char *name, const QByteArray &drawing) {
+            QTest::newRow(name) << drawing;
+        };
+        row("a file by its path", drawingOf(imageOf(png)));
+        row("a file by its address", drawingOf(imageOf("file://" + png)));
+        row("without a prefix", drawingOf(imageOf(png, "href")));
+        row("with another prefix",
+            drawingOf("<g xmlns:x='http://www.w3.org/1999/xlink'>" + imageOf(png, "x:href")
+                      + "</g>"));
+        row("behind a space", drawingOf(imageOf(" " + png)));
+        row("behind a character reference", drawingOf(imageOf("&#47;" + png.mid(1))));
+        row("a pipe", drawingOf(imageOf(folder + "/pipe")));
+        row("a device", drawingOf(imageOf("/dev/tty")));
+        row("an endless device", drawingOf(imageOf("/dev/zero")));
+        row("an address", drawingOf(imageOf("http://127.0.0.1:9/red.png")));
+        row("a file whose path begins as a data URL does",
+            drawingOf(imageOf("data/../../../../../../../../../../.." + png)));
+        row("a data URL that is no base64 and a path",
+            drawingOf(imageOf("data:/../../../../../../../../../../../.." + png)));
+        row("a part of another drawing", drawingOf("<use xlink:href='" + folder + "/red.svg#r'/>"));
+        row("a part of another drawing as a colour",
+            drawingOf("<rect width='48' height='32' fill='url(" + folder + "/red.svg#r) none'/>"));
+        row("a style sheet that an instruction names",
+            "<?xml version=\"1.0\"?>\n<?xml-stylesheet type=\"text/css\" href=\"" + folder
+                + "/red.css\"?>\n" + drawingOf({}));
+        row("a style sheet that rules import",
+            drawingOf("<style>@import url(" + folder + "/red.css);</style>"));
+        row("a base", drawingOf("<g xml:base='" + folder + "/'>" + imageOf("red.png") + "</g>"));
+        row("an entity in a file",
+            "<!DOCTYPE svg [<!ENTITY red SYSTEM '" + folder + "/red.svg'>]>"
+                + drawingOf("<g>&red;</g>"));
+        row("a reference that the document type sets",
+            "<!DOCTYPE svg [<!ATTLIST image xlink:href CDATA '" + png + "'>]>"
+                + drawingOf("<image width='48' height='32'/>"));
+        row("within a drawing within",
+            drawingOf(imageOf(dataUrl("svg+xml", drawingOf(imageOf(png))))));
+        row("within a compressed drawing", compressed(drawingOf(imageOf(png))));
+    }
+
+    void whatIsOutsideIsNotSeen()
+    {
+        QFETCH(QByteArray, drawing);
+        const QImage expected = imageIn(drawingOf({}));
+        QCOMPARE(expected.size(), QSize(48, 32));
+        QCOMPARE(expected.pixel(20, 10), qRgb(0, 0, 255));
+        QCOMPARE(imageIn(drawing), expected);
+    }
+
+    /// Whatever reads the drawing, also one that knows more than Qt does.
+    void noAddressIsLeft_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        const auto row = [](const char *name, const QByteArray &content) {
+            QTest::newRow(name) << content;
+        };
+        row("in a font's source",
+            "<style>@font-face { font-family: x; src: URL( 'outside' ) }</style>");
+        row("behind escapes", "<style>rect { fill: u\\72l(outside) }</style>");
+        row("in pieces", "<style>@imp<![CDATA[ort 'outside';]]></style>");
+        row("in a style attribute", "<rect style='fill:url( outside#a)'/>");
+        row("in an attribute", "<rect mask='url(outside)'/>");
+        row("of an animation", "<image><set attributeName='xlink:href'/></image>");
+        row("of a link", "<a xlink:href='outside'/>");
+        row("of a script", "<script src='outside'/>");
+    }
+
+    void noAddressIsLeft()
+    {
+        QFETCH(QByteArray, content);
+        const QByteArray rewritten = contained(drawingOf(content));
+        QVERIFY(rewritten.contains("#0000ff"));
+        QVERIFY(!rewritten.contains("import"));
+        QVERIFY(!rewritten.contains("attributeName"));
+        for (qsizetype at = rewritten.indexOf("outside"); at >= 0;
+             at = rewritten.indexOf("outside", at + 1))
+            QCOMPARE(rewritten.at(at - 1), '#');
+    }
+
+    void whatIsInsideIsSeen_data()
+    {
+        QTest::addColumn<QByteArray>("drawing");
+        const QByteArray red = dataUrl("png", redPng());
+        const QByteArray rect = "<rect width='48' height='32' fill='#ff0000'/>";
+        const auto row = [](const char *name, const QByteArray &drawing) {
+            QTest::newRow(name) << drawing;
+        };
+        row("an image", drawingOf(imageOf(red)));
+        row("an image in lines", drawingOf(imageOf(QByteArray(red).insert(60, "\n  "))));
+        row("an image in a drawing within",
+            drawingOf(imageOf(dataUrl("svg+xml", drawingOf(imageOf(red))))));
+        row("a part that is used",
+            drawingOf("<defs><g id='r'>" + rect + "</g></defs><use xlink:href='#r'/>"));
+        row("a gradient",
+            drawingOf("<linearGradient id='r'><stop stop-color='red'/></linearGradient>"
+                      "<rect width='48' height='32' fill='url(#r)'/>"));
+        row("rules",
+            drawingOf("<style>.r { fill: #ff0000 }</style>"
+                      "<rect class='r' width='48' height='32'/>"));
+        row("what a prefix names",
+            "<?xml version='1.0'?><s:svg xmlns:s='http://www.w3.org/2000/svg' width='48' "
+            "height='32'>"
+            "<s:rect width='48' height='32' fill='#ff0000'/></s:svg>");
+        row("a link to its beginning",
+            drawingOf("<g id='top'><a xlink:href='#top'>" + rect + "</a></g>"));
+        row("what a document type describes",
+            "<!DOCTYPE svg PUBLIC '-//W3C//DTD SVG 1.1//EN' 'http://127.0.0.1:9/svg11.dtd'>"
+                + drawingOf(rect));
+        row("entities for namespaces",
+            "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n<!-- \xc3\xbc -->\n<!DOCTYPE svg ["
+            "<!ENTITY ns_x \"http://ns.example.org/x/\">]>\n"
+                + QByteArray(drawingOf(rect)).replace("<svg ", "<svg xmlns:x='&ns_x;' "));
+        row("entities after a mark of the byte order",
+            "\xef\xbb\xbf<?xml version=\"1.0\"?><!DOCTYPE svg [<!ENTITY e \"a\">]>"
+                + drawingOf(rect));
+        row("after compression", compressed(drawingOf(rect)));
+    }
+
+    void whatIsInsideIsSeen()
+    {
+        QFETCH(QByteArray, drawing);
+        const QImage image = imageIn(drawing);
+        QCOMPARE(image.size(), QSize(48, 32));
+        QCOMPARE(image.pixel(20, 10), qRgb(255, 0, 0));
+    }
+
+    void anEntityIsNotExpanded()
+    {
+        const QByteArray rewritten = contained("<!DOCTYPE svg [<!ENTITY e '<rect/>expanded'>]>"
+                                               + drawingOf("<text fill='&e;'>&e;</text>"));
+        QVERIFY(rewritten.contains(">e</text>") && !rewritten.contains("&e;"));
+        QVERIFY(!rewritten.contains("expanded"));
+    }
+
+    void whatIsNoDrawingOrHoldsTooMuchIsNone_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        const auto row = [](const char *name, const QByteArray &bytes) {
+            QTest::newRow(name) << bytes;
+        };
+        QByteArray laughs = "<!DOCTYPE svg [<!ENTITY a0 'ha'>";
+        for (int level = 1; level <= 30; ++level) {
+            const QByteArray entity = "&a" + QByteArray::number(level - 1) + ";";
+            laughs += "<!ENTITY a" + QByteArray::number(level) + " '" + entity.repeated(10) + "'>";
+        }
+        row("nothing", {});
+        row("words", "Only words.");
+        row("an element that does not end", head + ground);
+        row("an entity that nothing declares", drawingOf("<text>&unknown;</text>"));
+        row("elements nested too deeply", nested(100'000));
+        row("a billion uses", useBomb(9));
+        row("uses without end",
+            drawingOf("<g id='a'><use xlink:href='#b'/></g>"
+                      "<g id='b'><use xlink:href='#a'/></g>"));
+        row("a pattern of itself",
+            drawingOf("<pattern id='p'><rect fill='url(#p)' width='9' height='9'/>"
+                      "</pattern><rect fill='url(#p)' width='48' height='32'/>"));
+        row("too many elements", drawingOf(QByteArray("<g/>").repeated(100'001)));
+        row("a small file that becomes a large one",
+            compressed(drawingOf(QByteArray(qsizetype(200) << 20U, ' '))));
+        row("a compressed file that is cut short", compressed(drawingOf({})).chopped(12));
+        row("entities within a broken document", laughs + "]>" + head + "&a30;");
+    }
+
+    void whatIsNoDrawingOrHoldsTooMuchIsNone()
+    {
+        QFETCH(QByteArray, bytes);
+        QVERIFY(contained(bytes).isEmpty());
+        QVERIFY(imageIn(bytes).isNull());
+    }
+
+    void whatIsWithinIsBounded()
+    {
+        QImage large(5000, 5000, QImage::Format_Mono);
+        large.setColorTable({qRgb(0, 0, 0), qRgb(255, 0, 0)});
+        large.fill(1);
+        const QByteArray image = imageOf(dataUrl("png", encoded(large, "PNG")));
+        QCOMPARE(contained(drawingOf(image.repeated(5))).count("base64"), 2);
+        QByteArray within = drawingOf({});
+        for (int level = 0; level < 6; ++level)
+            within = drawingOf(imageOf(dataUrl("svg+xml", within)));
+        QVERIFY(contained(within).size() < 2000);
+    }
+
+private:
+    QString path(const char *name) const { return m_folder.filePath(QLatin1String(name)); }
+
+    QTemporaryDir m_folder;
+};
+
+QUENARA_TEST_MAIN_WITH(QGuiApplication, TestContainedDrawing)
+#include "tst_contained_drawing.moc"
