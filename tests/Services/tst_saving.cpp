@@ -18,7 +18,9 @@
 #include <iterator>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/sysmacros.h>
 #include <sys/wait.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 using namespace quenara;
@@ -90,6 +92,38 @@ int mode(const QString &path)
     return int(attributes.st_mode & 07777U);
 }
 
+const QByteArray accessListName = "system.posix_acl_access";
+
+/// An access list as the system stores it: that one more user may read.
+QByteArray accessList()
+{
+    struct Entry
+    {
+        quint16 tag;
+        quint16 permissions;
+        quint32 identifier;
+    };
+    constexpr quint32 nobodyInParticular = ~0U;
+    constexpr Entry entries[] = {{0x01, 6, nobodyInParticular}, // owner
+                                 {0x02, 4, 12345}, // a user
+                                 {0x04, 0, nobodyInParticular}, // group
+                                 {0x10, 4, nobodyInParticular}, // the most for users and groups
+                                 {0x20, 0, nobodyInParticular}}; // others
+    constexpr quint32 version = 2;
+    QByteArray list(reinterpret_cast<const char *>(&version), sizeof(version));
+    return list.append(reinterpret_cast<const char *>(entries), sizeof(entries));
+}
+
+/// Empty if there is none.
+QByteArray extendedAttribute(const QByteArray &path, const QByteArray &name)
+{
+    QByteArray value(1000, '\0');
+    value.truncate(std::max<ssize_t>(
+        0,
+        ::getxattr(path.constData(), name.constData(), value.data(), std::size_t(value.size()))));
+    return value;
+}
+
 } // namespace
 
 class TestSaving : public QObject
@@ -139,21 +173,25 @@ private slots:
     void aSharedFileStaysWithItsGroupAndIsOpenToNoOther_data()
     {
         QTest::addColumn<bool>("isMember");
+        QTest::addColumn<int>("before");
         QTest::addColumn<int>("permissions");
-        QTest::newRow("saved by a member of the group") << true << 0660;
-        if (isRoot()) // who alone may become such a one
-            QTest::newRow("saved by one who may not keep the group") << false << 0606;
+        QTest::newRow("saved by a member of the group") << true << 0660 << 0660;
+        if (!isRoot()) // who alone may become such a one
+            return;
+        QTest::newRow("saved by one who may not keep the group") << false << 0666 << 0606;
+        QTest::newRow("whose group may do less than all others") << false << 0606 << 0600;
+        QTest::newRow("run as its owner") << false << 06666 << 0606;
     }
 
     void aSharedFileStaysWithItsGroupAndIsOpenToNoOther()
     {
         QFETCH(bool, isMember);
+        QFETCH(int, before);
         QFETCH(int, permissions);
         const Folder f;
         // Who is not root saves a file of their own.
         const uid_t saver = isRoot() ? 1002 : ::geteuid();
         const gid_t group = isRoot() ? 2000 : anyGroup();
-        const int before = isMember ? 0660 : 0666;
         QCOMPARE(::chown(QFile::encodeName(f.path).constData(), isRoot() ? 1001 : saver, group), 0);
         QCOMPARE(::chmod(QFile::encodeName(f.path).constData(), mode_t(before)), 0);
         QCOMPARE(::chmod(QFile::encodeName(f.folder.path()).constData(), 0777), 0);
@@ -251,6 +289,89 @@ private slots:
         QVERIFY(f.savingFails(linkAt(longestChain + 1)));
         QCOMPARE(contents(f.path), saved);
         QVERIFY(QFileInfo(linkAt(1)).isSymLink());
+    }
+
+    void whatIsNoPlainFileIsLeftAsItIs_data()
+    {
+        QTest::addColumn<mode_t>("kind");
+        QTest::addColumn<bool>("isLinked");
+        for (const bool isLinked : {false, true}) {
+            const char *how = isLinked ? "through a link" : "by its name";
+            QTest::addRow("a pipe, %s", how) << mode_t(S_IFIFO) << isLinked;
+            QTest::addRow("a socket, %s", how) << mode_t(S_IFSOCK) << isLinked;
+            if (isRoot()) // who alone may make one
+                QTest::addRow("a device, %s", how) << mode_t(S_IFCHR) << isLinked;
+        }
+    }
+
+    void whatIsNoPlainFileIsLeftAsItIs()
+    {
+        QFETCH(mode_t, kind);
+        QFETCH(bool, isLinked);
+        const Folder f;
+        const QString place = f.folder.filePath(u"Special.quenara"_s);
+        const QString link = f.folder.filePath(u"link.quenara"_s);
+        const dev_t device = makedev(1, 3); // takes all that is written
+        QCOMPARE(::mknod(QFile::encodeName(place).constData(), kind | 0666, device), 0);
+        QVERIFY(QFile::link(place, link));
+        const QStringList names = f.names();
+        QVERIFY(f.savingFails(isLinked ? link : place));
+        struct stat attributes
+        {};
+        QCOMPARE(::lstat(QFile::encodeName(place).constData(), &attributes), 0);
+        QCOMPARE(attributes.st_mode & S_IFMT, kind);
+        QCOMPARE(f.names(), names);
+    }
+
+    void aReplacedFileKeepsItsExtendedAttributes_data()
+    {
+        QTest::addColumn<QByteArray>("name");
+        QTest::addColumn<QByteArray>("value");
+        QTest::newRow("a note") << QByteArray("user.note") << QByteArray("for\0Sunday", 10);
+        QTest::newRow("an empty note") << QByteArray("user.empty") << QByteArray("");
+        QTest::newRow("an access list") << accessListName << accessList();
+    }
+
+    void aReplacedFileKeepsItsExtendedAttributes()
+    {
+        QFETCH(QByteArray, name);
+        QFETCH(QByteArray, value);
+        const Folder f;
+        const QByteArray path = QFile::encodeName(f.path);
+        QCOMPARE(::setxattr(path.constData(), name.constData(), value.constData(),
+                            std::size_t(value.size()), 0),
+                 0);
+        const int before = mode(f.path);
+        f.save(f.path);
+        QCOMPARE(extendedAttribute(path, name), value);
+        QCOMPARE(mode(f.path), before);
+    }
+
+    void aListThatTheFolderGivesItsFilesOpensNoReplacedOne()
+    {
+        const Folder f;
+        const QByteArray list = accessList();
+        QCOMPARE(::setxattr(QFile::encodeName(f.folder.path()).constData(),
+                            "system.posix_acl_default", list.constData(), std::size_t(list.size()),
+                            0),
+                 0);
+        QCOMPARE(::chmod(QFile::encodeName(f.path).constData(), 0640), 0);
+        f.save(f.path);
+        QCOMPARE(extendedAttribute(QFile::encodeName(f.path), accessListName), QByteArray());
+        QCOMPARE(mode(f.path), 0640);
+    }
+
+    void anotherNameOfTheFileKeepsTheOldContent()
+    {
+        Folder f;
+        const QByteArray before = contents(f.path);
+        const QString other = f.folder.filePath(u"Backup.quenara"_s);
+        QCOMPARE(
+            ::link(QFile::encodeName(f.path).constData(), QFile::encodeName(other).constData()), 0);
+        f.project.name = u"Changed"_s;
+        f.save(f.path);
+        QCOMPARE(contents(other), before);
+        QCOMPARE(ProjectFileService::load(f.url(), someTime()).name, f.project.name);
     }
 
     void nothingIsLeftWhereSavingFails_data()

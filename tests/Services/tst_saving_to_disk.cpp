@@ -9,10 +9,12 @@
 #include <QTest>
 
 #include <cerrno>
+#include <csignal>
 #include <cstdarg>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/syscall.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 using namespace quenara;
@@ -36,11 +38,14 @@ struct System
     QStringList calls;
     QString refused;
     int reason = 0;
+    QString fatal = {}; ///< the call that stops the process; a signal decides how it goes on
 
     /// Notes \a call; true if it is refused.
     bool refuses(const QString &call)
     {
         calls.append(call);
+        if (call == fatal)
+            ::raise(SIGSTOP);
         errno = call == refused ? reason : errno;
         return call == refused;
     }
@@ -134,6 +139,26 @@ class TestSavingToDisk : public QObject
             .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
     }
 
+    /// The file that a save has not brought to its place; empty if there is none.
+    QString leftOver() const
+    {
+        const QStringList left =
+            QDir(m_folder.path()).entryList({u".*"_s}, QDir::Files | QDir::Hidden);
+        return left.size() == 1 ? m_folder.filePath(left.constFirst()) : QString();
+    }
+
+    /// A process that has stopped while it saves the new bytes, at the call \a stopped.
+    pid_t stoppedSave(const QString &refused, const QString &stopped)
+    {
+        const pid_t process = ::fork();
+        if (process == 0) {
+            askedSystem = {.calls = {}, .refused = refused, .reason = EOPNOTSUPP, .fatal = stopped};
+            ::_exit(replaceFile(m_path, newBytes) ? 0 : 1);
+        }
+        ::waitpid(process, nullptr, WUNTRACED);
+        return process;
+    }
+
 private slots:
     void init()
     {
@@ -168,6 +193,55 @@ private slots:
                  (QStringList{makingUnnamed, newFileToDisk, naming, renaming, folderToDisk}));
     }
 
+    void withoutUnnamedFilesTheNewNameIsBroughtToTheDiskToo()
+    {
+        askedSystem.refused = makingUnnamed;
+        askedSystem.reason = EOPNOTSUPP;
+        QVERIFY(replaceFile(m_path, newBytes));
+        QCOMPARE(askedSystem.calls,
+                 (QStringList{makingUnnamed, newFileToDisk, renaming, folderToDisk}));
+    }
+
+    void whatAKilledSaveHasLeftTheNextOneRemoves_data()
+    {
+        QTest::addColumn<QString>("refused");
+        QTest::addColumn<QString>("stopped");
+        QTest::newRow("a part of a file") << makingUnnamed << newFileToDisk;
+        QTest::newRow("a whole file") << makingUnnamed << renaming;
+        QTest::newRow("a file that had no name") << QString() << renaming;
+    }
+
+    void whatAKilledSaveHasLeftTheNextOneRemoves()
+    {
+        QFETCH(QString, refused);
+        QFETCH(QString, stopped);
+        QCOMPARE(::chmod(QFile::encodeName(m_path).constData(), 0600), 0);
+        const pid_t process = stoppedSave(refused, stopped);
+        const QString left = leftOver();
+        QVERIFY(!left.isEmpty());
+        QCOMPARE(QFile::permissions(left) & (QFile::ReadGroup | QFile::ReadOther), 0);
+
+        QVERIFY(replaceFile(m_path, oldBytes));
+        QCOMPARE(leftOver(), left); // the process may go on
+        ::kill(process, SIGKILL);
+        ::waitpid(process, nullptr, 0);
+        QVERIFY(replaceFile(m_path, oldBytes));
+        QCOMPARE(names(), QStringList{u"Sunday.quenara"_s});
+        QCOMPARE(contents(), oldBytes);
+    }
+
+    void aSaveThatAnotherHasOvertakenIsStillWhole()
+    {
+        const pid_t process = stoppedSave(makingUnnamed, newFileToDisk);
+        QVERIFY(replaceFile(m_path, oldBytes));
+        ::kill(process, SIGCONT);
+        int status = -1;
+        ::waitpid(process, &status, 0);
+        QCOMPARE(status, 0);
+        QCOMPARE(contents(), newBytes);
+        QCOMPARE(names(), QStringList{u"Sunday.quenara"_s});
+    }
+
     void aProgramWithoutStandardInputSavesTheSameWay()
     {
         const int input = ::dup(STDIN_FILENO);
@@ -190,7 +264,6 @@ private slots:
         QTest::addColumn<int>("reason");
         QTest::newRow("the disk breaks") << newFileToDisk << EIO;
         QTest::newRow("the disk turns out to be full") << newFileToDisk << ENOSPC;
-        QTest::newRow("the file may not get a name") << naming << EPERM;
         QTest::newRow("the old file may not be replaced") << renaming << EPERM;
     }
 
@@ -212,6 +285,7 @@ private slots:
         QTest::addColumn<QString>("refused");
         QTest::addColumn<int>("reason");
         QTest::newRow("no files without a name") << makingUnnamed << EOPNOTSUPP;
+        QTest::newRow("no name for one") << naming << EPERM;
         QTest::newRow("no disk to wait for") << newFileToDisk << EINVAL;
         QTest::newRow("no way to wait for a folder") << folderToDisk << EIO;
     }
