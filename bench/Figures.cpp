@@ -29,6 +29,8 @@ public:
 
 QString text(double value, Figure::Unit unit)
 {
+    if (unit == Figure::Unit::bytes && value < 1024 * 1024)
+        return QStringLiteral("%1 kB").arg(value / 1024, 0, 'f', 2);
     if (unit == Figure::Unit::bytes)
         return QStringLiteral("%1 MB").arg(value / (1024 * 1024), 0, 'f', 2);
     if (value < 1e6)

@@ -2,6 +2,7 @@
 #include "EditingBenchmarks.h"
 #include "FileBenchmarks.h"
 #include "InterfaceStyle.h"
+#include "RecoveryBenchmarks.h"
 #include "RenderingBenchmarks.h"
 #include "StageBenchmarks.h"
 #include "WorkplaceBenchmarks.h"
@@ -22,8 +23,9 @@ struct Group
 };
 
 constexpr Group groups[] = {
-    {"editing", editingFigures}, {"files", fileFigures},    {"rendering", renderingFigures},
-    {"stage", stageFigures},     {"canvas", canvasFigures}, {"workplace", workplaceFigures},
+    {"editing", editingFigures},   {"files", fileFigures},    {"rendering", renderingFigures},
+    {"stage", stageFigures},       {"canvas", canvasFigures}, {"workplace", workplaceFigures},
+    {"recovery", recoveryFigures},
 };
 
 } // namespace

@@ -1,16 +1,16 @@
 #pragma once
 
-#include "Identifier.h"
 #include "JsonReader.h"
 #include "JsonWriter.h"
+#include "MayDiffer.h"
 
 #include <QHash>
 
 #include <charconv>
 #include <vector>
 
-/// What turns one record into another, as JSON: an object with the fields that differ. A field that
-/// is a record itself is written as its own change if it was there before, and whole else; an
+/// What turns one record into another, as JSON: an object with the fields that mayDiffer(). One
+/// that is a record itself is written as its own change if it was there before, and whole else; an
 /// optional that became empty is null; any other value is written whole.
 ///
 /// A list of records with identifiers is an object if the same ones stand in it in the same order:
@@ -44,7 +44,7 @@ public:
     {
         m_writer.format().StartObject();
         forEachField<T>([&](const auto &f) {
-            if (before.*f.member == after.*f.member)
+            if (!mayDiffer(before.*f.member, after.*f.member))
                 return;
             m_writer.format().Key(f.name.data(), rapidjson::SizeType(f.name.size()));
             write(before.*f.member, after.*f.member);
@@ -67,7 +67,7 @@ public:
     template<Identified T>
     void write(const QList<T> &before, const QList<T> &after)
     {
-        const auto hasSameID = [](const T &a, const T &b) { return isSameIdentifier(a.id, b.id); };
+        const auto hasSameID = [](const T &a, const T &b) { return !mayDiffer(a.id, b.id); };
         if (std::equal(before.cbegin(), before.cend(), after.cbegin(), after.cend(), hasSameID)) {
             writeInPlace(before, after);
         } else {
@@ -81,7 +81,7 @@ private:
     {
         m_writer.format().StartObject();
         for (qsizetype i = 0; i < after.size(); ++i) {
-            if (before.at(i) == after.at(i))
+            if (!mayDiffer(before.at(i), after.at(i)))
                 continue;
             const QByteArray position = QByteArray::number(i);
             m_writer.format().Key(position.constData(), rapidjson::SizeType(position.size()));
@@ -109,7 +109,7 @@ private:
             const qsizetype position = found == positions.cend() ? -1 : *found;
             if (position >= 0)
                 positions.erase(found);
-            if (position >= 0 && before.at(position) == record) {
+            if (position >= 0 && !mayDiffer(before.at(position), record)) {
                 if (position != first + count)
                     writeRun();
                 first = count == 0 ? position : first;

@@ -4,13 +4,13 @@ namespace quenara::json {
 
 namespace {
 
-constexpr qsizetype leastSize = 4096; // bytes
+constexpr qsizetype leastMediaSize = 4096; // bytes
 
 } // namespace
 
 std::optional<QByteArray> MediaCollector::placeholderFor(const QByteArray &media)
 {
-    if (media.size() < leastSize)
+    if (media.size() < leastMediaSize)
         return std::nullopt;
     return m_mark + QByteArray::number(numberOf(media));
 }

@@ -7,7 +7,7 @@
 #include <charconv>
 #include <new>
 
-// These two are templates over the JSON libraries, which only this file includes.
+// Templates over the JSON libraries: only sources that read or write JSON include them.
 #include "JsonReader.h"
 #include "JsonWriter.h"
 

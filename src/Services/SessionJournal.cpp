@@ -77,9 +77,9 @@ SessionJournal::SessionJournal(const QByteArray &mark)
 
 QByteArrayList SessionJournal::add(const Session &session)
 {
-    EntryWriter writer(m_media);
-    if (session == m_written && m_beginning.isEmpty())
+    if (!mayDiffer(m_written, session) && m_beginning.isEmpty())
         return {};
+    EntryWriter writer(m_media);
     json::ChangeWriter(writer).write(m_written, session);
     QByteArrayList pieces = std::exchange(m_beginning, {});
     const QList<QByteArray> newMedia = m_media.takeNew();

@@ -23,8 +23,8 @@ public:
     /// What the bytes so far hold.
     const Session &written() const { return m_written; }
 
-    /// The bytes to add, in pieces, so that they hold \a session. None if they do already, or if a
-    /// number in it is not finite.
+    /// The bytes to add, in pieces, so that they hold \a session. None if it shares all that it
+    /// holds with the one written last, or if a number in it is not finite.
     [[nodiscard]] QByteArrayList add(const Session &session);
 
     /// The session of the last entry up to which \a bytes are whole and sound; nothing without any

@@ -1,6 +1,7 @@
 #include "SessionRecorder.h"
 
 #include "FileReading.h"
+#include "MayDiffer.h"
 #include "WorkspaceStore.h"
 
 #include <QCoreApplication>
@@ -96,7 +97,7 @@ Session SessionRecorder::present()
 FilePlaces SessionRecorder::filePlaces()
 {
     const WorkspaceState &state = m_store.state();
-    if (m_projectInFile != state.project) {
+    if (mayDiffer(m_projectInFile, state.project)) {
         m_projectInFile = state.project;
         m_fileTime = modificationTime(*state.currentFileURL);
     }
@@ -116,7 +117,7 @@ void SessionRecorder::record()
         return;
     const Session session = present();
     const Session &written = m_journal.written();
-    const bool isEdit = session.project != written.project;
+    const bool isEdit = mayDiffer(written.project, session.project);
     const bool isOtherDocument = isEdit && !session.hasUnsavedChanges && !m_store.hasOpenGesture();
     if (!isWorthKeeping(session)) {
         m_file.remove();
