@@ -16,7 +16,7 @@ const RGBAColor blue{0, 0, 1, 1};
 constexpr QRgb grayPixel = qRgb(128, 128, 128);
 constexpr QRgb redPixel = qRgb(255, 0, 0);
 
-constexpr double unusual[] = {0, -0.0, -1, -1e9, 1e-9, 1e6, 1e9, 1e18, 1e300, -1e300};
+constexpr double unusual[] = {0, -0.0, -1, -1e9, 1e-9, 1e6, 1e9, 1e18, 1e300, -1e300, 1e308};
 
 Slide slideOf(const QList<SlideElement> &elements)
 {
@@ -156,6 +156,29 @@ private slots:
         const QImage image = imageOf(slideOf({layer, corner}));
         QCOMPARE(image.pixel(4, 4), qRgb(0, 0, 255));
         QVERIFY(image.pixel(2, 268) != magenta);
+    }
+
+    void anyLayerIsPaintedOnAnyCanvas_data()
+    {
+        QTest::addColumn<SlideElement>("layer");
+        QTest::addColumn<double>("side");
+        for (const SlideElement &layer : everyKindOfLayer()) {
+            for (const double side : {1e-300, 1e-6, 1e6, 1e12, 1e15, 1e300, 1e308})
+                QTest::addRow("%s on %g", qPrintable(nameOf(layer)), side) << layer << side;
+        }
+    }
+
+    void anyLayerIsPaintedOnAnyCanvas()
+    {
+        QFETCH(SlideElement, layer);
+        QFETCH(double, side);
+        layer.frame = {0, 0, side, side};
+        Slide slide = slideOf({layer});
+        slide.design.background = solidBackground(blue);
+        slide.design.canvasSize = {side, side};
+        const QImage image = imageOf(slide);
+        QCOMPARE(image.pixel(1, 1), magenta); // beside the square slide
+        QVERIFY(middleOf(image) != magenta);
     }
 
     void coloursAreCutToTheirRange_data()
@@ -325,6 +348,8 @@ private slots:
         QTest::newRow("1e9 by 1e9") << CanvasSize{1e9, 1e9} << true;
         QTest::newRow("1e300 by 1e300") << CanvasSize{1e300, 1e300} << true;
         QTest::newRow("1e-300 by 1e-300") << CanvasSize{1e-300, 1e-300} << true;
+        QTest::newRow("1e15 by 1e15") << CanvasSize{1e15, 1e15} << true;
+        QTest::newRow("1e308 by 1e308") << CanvasSize{1e308, 1e308} << true;
         QTest::newRow("100 by 10000") << CanvasSize{100, 10000} << true;
         QTest::newRow("100000 by 1000") << CanvasSize{100000, 1000} << true;
         QTest::newRow("0.5 by 0.5") << CanvasSize{0.5, 0.5} << true;

@@ -41,6 +41,9 @@ constexpr auto reals = std::to_array<double>({
     -0.0,
     1.0 / 3,
     0.1 + 0.2,
+    24.0,
+    -300.0,
+    1080.0,
     1e-7,
     1e15,
     1e17,
@@ -71,7 +74,7 @@ constexpr auto integers = std::to_array<std::int64_t>({
 class RandomValues
 {
 public:
-    explicit RandomValues(unsigned seed) : m_engine(seed) {}
+    explicit RandomValues(std::function<std::uint64_t()> next) : m_next(std::move(next)) {}
 
     template<class T>
     T make()
@@ -82,7 +85,7 @@ public:
     }
 
 private:
-    std::size_t below(std::size_t limit) { return m_engine() % limit; }
+    std::size_t below(std::size_t limit) { return m_next() % limit; }
 
     template<class T, std::size_t size>
     const T &oneOf(const std::array<T, size> &values)
@@ -120,13 +123,13 @@ private:
         value = oneOf(reals);
         if (below(2) == 0)
             return;
-        const auto anything = std::bit_cast<double>(m_engine());
+        const auto anything = std::bit_cast<double>(m_next());
         value = std::isfinite(anything) ? anything : value;
     }
 
     void fill(std::int64_t &value)
     {
-        value = below(2) == 0 ? oneOf(integers) : std::int64_t(m_engine());
+        value = below(2) == 0 ? oneOf(integers) : std::int64_t(m_next());
     }
 
     void fill(QDateTime &value)
@@ -162,7 +165,7 @@ private:
         forEachField<T>([&](const auto &f) { fill(record.*f.member); });
     }
 
-    std::mt19937_64 m_engine;
+    std::function<std::uint64_t()> m_next;
 };
 
 template<class T>
@@ -187,11 +190,16 @@ void dropHalfPairs(T &value)
 
 ZelvoProject randomProject(unsigned seed)
 {
-    RandomValues values(seed);
+    RandomValues values([engine = std::mt19937_64(seed)]() mutable { return engine(); });
     auto project = values.make<ZelvoProject>();
     if (project.serviceItems.isEmpty())
         project.serviceItems.append(values.make<ServiceItem>());
     return project;
+}
+
+SlideDesign randomDesign(const std::function<std::uint64_t()> &next)
+{
+    return RandomValues(next).make<SlideDesign>();
 }
 
 ZelvoProject withoutHalfPairs(ZelvoProject project)

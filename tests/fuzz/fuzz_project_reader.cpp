@@ -1,22 +1,12 @@
 // Whatever bytes the reader accepts must become a project that a save and a load give back whole.
 
+#include "Demand.h"
 #include "ProjectCodec.h"
 #include "ProjectNormalizer.h"
-
-#include <cstdio>
-#include <cstdlib>
 
 using namespace quenara;
 
 namespace {
-
-void demand(bool holds, const char *what)
-{
-    if (!holds) {
-        std::fprintf(stderr, "not so: %s\n", what);
-        std::abort();
-    }
-}
 
 ZelvoProject normalized(const DecodedDocument &document)
 {

@@ -1,5 +1,6 @@
 #include "SlideCanvas.h"
 
+#include "BoundedNumbers.h"
 #include "CanvasAccessible.h"
 #include "CanvasBackdrop.h"
 #include "CanvasKeys.h"
@@ -45,13 +46,13 @@ SlideCanvas::SlideCanvas(WorkspaceStore &store, RenderCaches &caches, QWidget *p
 
 QRectF SlideCanvas::slideRect() const
 {
-    return m_slide ? fittedCanvasRect(size(), m_slide->design.canvasSize) : QRectF();
+    return m_slide ? fittedCanvasRect(size(), paintedSize(m_slide->design.canvasSize)) : QRectF();
 }
 
 double SlideCanvas::scale() const
 {
     const QRectF slide = slideRect();
-    return slide.isEmpty() ? 0 : slide.width() / m_slide->design.canvasSize.width;
+    return slide.isEmpty() ? 0 : slide.width() / paintedSize(m_slide->design.canvasSize).width;
 }
 
 QPointF SlideCanvas::toCanvas(const QPointF &point) const

@@ -1,5 +1,6 @@
 #include "SlideDesignRenderView.h"
 
+#include "BoundedNumbers.h"
 #include "DashedOutline.h"
 #include "DeviceLayer.h"
 #include "RGBAColor.h"
@@ -44,7 +45,7 @@ void paintContent(QPainter &painter, const SlideElementRenderView &content, cons
 
 QRectF SlideDesignRenderView::safeArea() const
 {
-    const CanvasSize &canvas = slide.design.canvasSize;
+    const CanvasSize canvas = paintedSize(slide.design.canvasSize);
     QRectF guide(0, 0, (canvas.width - safeAreaInsetX) * scale,
                  (canvas.height - safeAreaInsetY) * scale);
     guide.moveCenter({canvas.width * scale / 2, canvas.height * scale / 2});
@@ -59,7 +60,7 @@ QRectF SlideDesignRenderView::box(const SlideElement &element) const
 
 QRectF SlideDesignRenderView::whole() const
 {
-    const CanvasSize &canvas = slide.design.canvasSize;
+    const CanvasSize canvas = paintedSize(slide.design.canvasSize);
     return {0, 0, canvas.width * scale, canvas.height * scale};
 }
 
@@ -74,20 +75,22 @@ void SlideDesignRenderView::paintBackground(QPainter &painter, RenderCaches &cac
 {
     painter.save();
     painter.setRenderHints(hints);
-    SlideBackgroundRenderView{slide.design.background, scale}.paint(painter, whole(), caches);
+    SlideBackgroundRenderView{withBoundedNumbers(slide.design.background), scale}.paint(
+        painter, whole(), caches);
     painter.restore();
 }
 
 void SlideDesignRenderView::paintLayers(QPainter &painter, const QList<SlideElement> &layers,
                                         RenderCaches &caches) const
 {
-    for (const SlideElement &element : layers) {
+    for (const SlideElement &layer : layers) {
+        const SlideElement element = withBoundedNumbers(layer);
         const QRectF elementBox = box(element);
         painter.save();
         painter.setRenderHints(hints);
         painter.save();
         painter.translate(elementBox.center());
-        painter.rotate(std::fmod(element.rotation, 360));
+        painter.rotate(std::fmod(layer.rotation, 360)); // a whole turn of any number is none
         painter.translate(-elementBox.center());
         paintContent(painter, {element, scale}, elementBox, caches);
         painter.restore();

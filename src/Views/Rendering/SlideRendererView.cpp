@@ -1,5 +1,6 @@
 #include "SlideRendererView.h"
 
+#include "BoundedNumbers.h"
 #include "SlideBackgroundRenderView.h"
 #include "SlideDesignRenderView.h"
 
@@ -21,7 +22,7 @@ QRectF SlideRendererView::fittedRect(const QSizeF &container, double aspectRatio
 
 QRectF SlideRendererView::slideRect(const QRectF &area) const
 {
-    const CanvasSize canvas = slide ? slide->design.canvasSize : CanvasSize();
+    const CanvasSize canvas = slide ? paintedSize(slide->design.canvasSize) : CanvasSize();
     if (!(canvas.width > 0) || !(canvas.height > 0))
         return {};
     return fittedRect(area.size(), canvas.width / canvas.height).translated(area.topLeft());
@@ -47,8 +48,8 @@ void SlideRendererView::paint(QPainter &painter, const QRectF &area, RenderCache
     painter.save();
     painter.setClipRect(fitted, Qt::IntersectClip);
     painter.translate(fitted.topLeft());
-    SlideDesignRenderView{*slide, fitted.width() / slide->design.canvasSize.width, showSafeArea,
-                          selectedElementID}
+    SlideDesignRenderView{*slide, fitted.width() / paintedSize(slide->design.canvasSize).width,
+                          showSafeArea, selectedElementID}
         .paint(painter, caches);
     painter.restore();
 }

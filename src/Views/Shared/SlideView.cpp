@@ -1,5 +1,6 @@
 #include "SlideView.h"
 
+#include "BoundedNumbers.h"
 #include "DeviceLayer.h"
 #include "DevicePixels.h"
 #include "SlideRendererView.h"
@@ -48,7 +49,7 @@ void SlideView::setOutline(QColor ZelvoTheme::*color, double opacity)
 
 QRect SlideView::slideRect() const
 {
-    const CanvasSize canvas = m_slide ? m_slide->design.canvasSize : CanvasSize();
+    const CanvasSize canvas = m_slide ? paintedSize(m_slide->design.canvasSize) : CanvasSize();
     if (!(canvas.width > 0) || !(canvas.height > 0))
         return {};
     const QSize fitted =
