@@ -39,7 +39,6 @@ static_assert(listsEveryMember<SessionWindows>);
 /// each reading then gives them new ones.
 struct FilePlaces
 {
-    std::int64_t fileTime = 0; ///< the file's last modification, in milliseconds since 1970
     std::optional<std::int64_t> selected;
     std::optional<std::int64_t> queued;
     std::optional<std::int64_t> live;
@@ -47,8 +46,7 @@ struct FilePlaces
     bool operator==(const FilePlaces &) const = default;
     static constexpr auto fields()
     {
-        return FieldList{field("fileTime", &FilePlaces::fileTime),
-                         field("selected", &FilePlaces::selected),
+        return FieldList{field("selected", &FilePlaces::selected),
                          field("queued", &FilePlaces::queued), field("live", &FilePlaces::live)};
     }
 };
@@ -59,6 +57,8 @@ struct Session
 {
     QString projectName;
     std::optional<QString> file; ///< the path that the project was opened from or saved to
+    /// When the file was modified last as it was read or saved, in milliseconds since 1970.
+    std::optional<std::int64_t> fileTime;
     bool hasUnsavedChanges = false;
     std::optional<ZelvoProject> project; ///< absent while the file holds it
     std::optional<FilePlaces> filePlaces; ///< present while the file holds it
@@ -76,6 +76,7 @@ struct Session
         return FieldList{
             field("projectName", &Session::projectName),
             field("file", &Session::file),
+            field("fileTime", &Session::fileTime),
             field("hasUnsavedChanges", &Session::hasUnsavedChanges),
             field("project", &Session::project),
             field("filePlaces", &Session::filePlaces),

@@ -75,7 +75,7 @@ std::optional<QByteArray> wholeFile(const QUrl &url, qint64 limit)
 qint64 modificationTime(const QUrl &url)
 {
     const QFileInfo file(url.toLocalFile());
-    return file.exists() ? file.lastModified().toMSecsSinceEpoch() : 0;
+    return file.isFile() ? file.lastModified().toMSecsSinceEpoch() : 0;
 }
 
 } // namespace quenara

@@ -20,7 +20,7 @@ inline constexpr qint64 largestFile = 4'000'000'000;
 /// The bytes of the file, all of them; nothing where readFile() fails. Throws std::bad_alloc.
 [[nodiscard]] std::optional<QByteArray> wholeFile(const QUrl &url, qint64 limit = largestFile);
 
-/// When the file was modified last, in milliseconds since 1970; 0 if there is none.
+/// When the plain file was modified last, in milliseconds since 1970; 0 if there is none.
 [[nodiscard]] qint64 modificationTime(const QUrl &url);
 
 } // namespace quenara

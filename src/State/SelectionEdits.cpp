@@ -68,7 +68,7 @@ WorkspaceState startAtFirstSlide(WorkspaceState state)
 
 WorkspaceState continueShow(WorkspaceState state, const Session &session, std::int64_t fileTime)
 {
-    const bool isSameFile = session.filePlaces && session.filePlaces->fileTime == fileTime;
+    const bool isSameFile = session.filePlaces && session.fileTime == fileTime;
     const auto found = [&](const std::optional<QString> &id,
                            std::optional<std::int64_t> FilePlaces::*place) {
         if (!id || !isSameFile || positionOf(state.project, id))

@@ -1,6 +1,5 @@
 #include "SessionRecorder.h"
 
-#include "FileReading.h"
 #include "MayDiffer.h"
 #include "WorkspaceStore.h"
 
@@ -71,7 +70,7 @@ void SessionRecorder::setLeavesUnsavedWork(bool leaves)
 }
 
 /// The session as the journal is to hold it now.
-Session SessionRecorder::present()
+Session SessionRecorder::present() const
 {
     const WorkspaceState &state = m_store.state();
     // A gesture may lead back to what is saved, and away again.
@@ -81,6 +80,8 @@ Session SessionRecorder::present()
         .projectName = state.project.name,
         .file = state.currentFileURL ? std::optional(state.currentFileURL->toLocalFile())
                                      : std::nullopt,
+        .fileTime =
+            state.currentFileURL ? std::optional(std::int64_t(m_store.fileTime())) : std::nullopt,
         .hasUnsavedChanges = state.hasUnsavedChanges,
         .project = isInFile ? std::nullopt : std::optional(state.project),
         .filePlaces = isInFile ? std::optional(filePlaces()) : std::nullopt,
@@ -94,19 +95,14 @@ Session SessionRecorder::present()
     };
 }
 
-FilePlaces SessionRecorder::filePlaces()
+FilePlaces SessionRecorder::filePlaces() const
 {
     const WorkspaceState &state = m_store.state();
-    if (mayDiffer(m_projectInFile, state.project)) {
-        m_projectInFile = state.project;
-        m_fileTime = modificationTime(*state.currentFileURL);
-    }
     const auto placeOf = [this](const std::optional<QString> &id) {
         const auto position = m_store.positionOf(id);
         return position ? std::optional(std::int64_t(position->absolute)) : std::nullopt;
     };
-    return {.fileTime = m_fileTime,
-            .selected = placeOf(state.selectedSlideID),
+    return {.selected = placeOf(state.selectedSlideID),
             .queued = placeOf(state.queuedSlideID),
             .live = placeOf(state.liveSlideID)};
 }

@@ -38,8 +38,8 @@ protected:
     void customEvent(QEvent *event) override;
 
 private:
-    Session present();
-    FilePlaces filePlaces();
+    Session present() const;
+    FilePlaces filePlaces() const;
     void record();
     void add(const Session &session);
     void begin(const Session &session, bool isDurable);
@@ -48,8 +48,6 @@ private:
 
     const WorkspaceStore &m_store;
     SessionWindows m_windows;
-    ZelvoProject m_projectInFile; ///< as it was read or saved last
-    std::int64_t m_fileTime = 0; ///< of that file, then
     JournalFile m_file;
     SessionJournal m_journal;
     qint64 m_sizeAtBeginning = 0;

@@ -13,6 +13,7 @@
 #include <QString>
 #include <QUrl>
 
+#include <cstdint>
 #include <functional>
 #include <optional>
 
@@ -37,12 +38,18 @@ class WorkspaceStore : public QObject
 #undef QUENARA_PROPERTY
 
 public:
+    /// What becomes of a save whose file another program has changed.
+    enum class ChangedFileAnswer : std::uint8_t { saveAnyway, saveAs, cancel };
+
     /// What the store needs of the world outside. The references must outlive the store.
     struct Environment
     {
         QSettings &preferences;
         FilePanelRunner &panels;
         std::function<QDateTime()> now = [] { return QDateTime::currentDateTimeUtc(); };
+        /// Asks about the file of that name.
+        std::function<ChangedFileAnswer(const QString &fileName)> askAboutChangedFile =
+            [](const QString & /*fileName*/) { return ChangedFileAnswer::saveAnyway; };
     };
 
     /// Starts on \a project with its order indexes renumbered, the first slide selected, queued
@@ -67,6 +74,9 @@ public:
     [[nodiscard]] std::optional<Slide> slideWithID(const std::optional<QString> &id) const;
     [[nodiscard]] std::optional<SlidePosition> positionOf(
         const std::optional<QString> &slideID) const;
+    /// When the document's file was modified last as it was read or saved, in milliseconds since
+    /// 1970; 0 without a file.
+    qint64 fileTime() const { return m_fileTime; }
     const UndoRedoStore &undoStore() const { return m_undoStore; }
 
     // Selection, queue and live (WorkspaceStoreSelection.cpp)
@@ -147,7 +157,8 @@ public:
     /// is read from its file: false if that fails, which leaves everything as it is but for
     /// errorMessage. If the live slide is not in that file any more, the audience sees black.
     [[nodiscard]] bool continueSession(const Session &session);
-    /// Asks for a place first when the document has none. A failure leaves everything as it is but
+    /// Asks for a place first when the document has none, and what to do when its file has changed
+    /// since the document was read from it or saved to it. A failure leaves everything as it is but
     /// for errorMessage.
     void saveProject();
     void saveProjectAs();
@@ -184,7 +195,7 @@ private:
     void editProject(const Edit &edit, UndoStep step = UndoStep::ofItsOwn);
     std::optional<SlideMedia> imageFromPanel();
     void restore(std::optional<ZelvoProject> project, UndoRedoStore history);
-    void load(ZelvoProject project, const std::optional<QUrl> &fileURL);
+    void load(ZelvoProject project, const std::optional<QUrl> &fileURL, qint64 fileTime = 0);
     void save(const QUrl &url);
     void fail(const QString &message);
     void publish(WorkspaceState state);
@@ -195,6 +206,8 @@ private:
     UndoRedoStore m_undoStore;
     std::optional<Gesture> m_gesture;
     GestureID m_lastGesture{};
+    /// When the document's file was modified last as it was read or saved; 0 for none.
+    qint64 m_fileTime = 0;
 
     // Caches, which hold for the present project.
     mutable std::optional<QList<FlattenedSlide>> m_flattenedSlides;

@@ -11,7 +11,7 @@
 namespace quenara {
 
 /// The one way a whole document is installed.
-void WorkspaceStore::load(ZelvoProject project, const std::optional<QUrl> &fileURL)
+void WorkspaceStore::load(ZelvoProject project, const std::optional<QUrl> &fileURL, qint64 fileTime)
 {
     WorkspaceState next = m_state;
     next.project = ProjectNormalizer::withMirroredOrder(std::move(project));
@@ -24,6 +24,7 @@ void WorkspaceStore::load(ZelvoProject project, const std::optional<QUrl> &fileU
                                                        next.project.name, m_environment.now());
     }
     m_gesture.reset();
+    m_fileTime = fileTime;
     publish(edits::startAtFirstSlide(std::move(next)), UndoRedoStore());
 }
 
@@ -58,7 +59,9 @@ void WorkspaceStore::openProjectWithPanel()
 void WorkspaceStore::openProject(const QUrl &url)
 {
     try {
-        load(ProjectFileService::load(url, m_environment.now()), url);
+        // Taken first: a file that changes while it is read counts as changed.
+        const qint64 fileTime = modificationTime(url);
+        load(ProjectFileService::load(url, m_environment.now()), url, fileTime);
     } catch (const ProjectFileError &error) {
         fail(error.description());
     }
@@ -88,6 +91,7 @@ bool WorkspaceStore::continueSession(const Session &session)
                                                        next.project.name, m_environment.now());
     }
     m_gesture.reset();
+    m_fileTime = session.hasUnsavedChanges ? session.fileTime.value_or(0) : fileTime;
     publish(edits::continueShow(std::move(next), session, fileTime), UndoRedoStore());
     return true;
 }
@@ -98,7 +102,18 @@ void WorkspaceStore::saveProject()
         saveProjectAs();
         return;
     }
-    save(*m_state.currentFileURL);
+    const QUrl url = *m_state.currentFileURL;
+    const qint64 fileTime = modificationTime(url);
+    const bool isChanged = fileTime != 0 && fileTime != m_fileTime;
+    switch (isChanged ? m_environment.askAboutChangedFile(url.fileName())
+                      : ChangedFileAnswer::saveAnyway) {
+    case ChangedFileAnswer::saveAnyway:
+        return save(url);
+    case ChangedFileAnswer::saveAs:
+        return saveProjectAs();
+    case ChangedFileAnswer::cancel:
+        return;
+    }
 }
 
 /// The document moves to \a url only when it is written there.
@@ -118,6 +133,7 @@ void WorkspaceStore::save(const QUrl &url)
     next.recentProjects =
         RecentProjectsStore::add(m_environment.preferences, url, next.project.name, now);
     m_gesture.reset();
+    m_fileTime = modificationTime(url);
     publish(std::move(next));
 }
 

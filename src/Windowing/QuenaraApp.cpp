@@ -1,5 +1,6 @@
 #include "QuenaraApp.h"
 
+#include "ChangedFileBox.h"
 #include "ProjectTemplates.h"
 #include "StateFolder.h"
 #include "Typing.h"
@@ -22,7 +23,12 @@ QString journalFolder()
 QuenaraApp::QuenaraApp(const QPalette &platformPalette)
     : m_panels([this] { return dialogParent(); }), m_questions([this] { return dialogParent(); }),
       m_store(ProjectTemplates::blankProject(QDateTime::currentDateTimeUtc()),
-              {.preferences = m_preferences, .panels = m_panels}),
+              {.preferences = m_preferences,
+               .panels = m_panels,
+               .askAboutChangedFile =
+                   [this](const QString &name) {
+                       return askAboutChangedFile([this] { return dialogParent(); }, name);
+                   }}),
       m_systemScheme(QDBusConnection::sessionBus(), platformPalette),
       m_sleepInhibitor(QDBusConnection::sessionBus()), m_windows(m_systemScheme, m_caches),
       m_appearance(m_preferences), m_outputs(m_store, m_windows, m_appearance),

@@ -17,10 +17,10 @@ Session sessionWith(const ZelvoProject &project)
 {
     return {.projectName = project.name,
             .file = u"/home/anna/Sunday.quenara"_s,
+            .fileTime = 5,
             .hasUnsavedChanges = true,
             .project = project,
-            .filePlaces =
-                FilePlaces{.fileTime = 5, .selected = 1, .queued = std::nullopt, .live = 0},
+            .filePlaces = FilePlaces{.selected = 1, .queued = std::nullopt, .live = 0},
             .selectedServiceItemID = u"A"_s,
             .selectedSlideID = u"A1"_s,
             .queuedSlideID = u"A2"_s,

@@ -41,13 +41,16 @@ struct RecordedWorld : World
     }
 };
 
-/// What the journal has to hold of \a state.
-Session sessionOf(const WorkspaceState &state)
+/// What the journal has to hold of the state of \a store.
+Session sessionOf(const WorkspaceStore &store)
 {
+    const WorkspaceState &state = store.state();
     Session session;
     session.projectName = state.project.name;
-    if (state.currentFileURL)
+    if (state.currentFileURL) {
         session.file = state.currentFileURL->toLocalFile();
+        session.fileTime = store.fileTime();
+    }
     session.hasUnsavedChanges = state.hasUnsavedChanges;
     if (!state.currentFileURL || state.hasUnsavedChanges)
         session.project = state.project;
@@ -65,7 +68,7 @@ Session sessionOf(const WorkspaceState &state)
 bool isUpToDate(const RecordedWorld &world)
 {
     std::optional<Session> recorded = world.recorded();
-    Session expected = sessionOf(world.store.state());
+    Session expected = sessionOf(world.store);
     if (!recorded)
         return false;
     recorded->filePlaces.reset(); // beside the identifiers, which are compared
@@ -138,11 +141,11 @@ private slots:
         world.store.goLive();
         QCOMPARE(world.files(), QStringList());
         world.store.loadDemoProject();
-        QCOMPARE(world.recorded(), std::optional(sessionOf(world.store.state())));
+        QCOMPARE(world.recorded(), std::optional(sessionOf(world.store)));
         world.store.newBlankProject();
         QCOMPARE(world.files(), QStringList());
         world.store.updateProjectName(u"Named"_s);
-        QCOMPARE(world.recorded(), std::optional(sessionOf(world.store.state())));
+        QCOMPARE(world.recorded(), std::optional(sessionOf(world.store)));
     }
 
     void ofASavedDocumentItHoldsTheShowAlone()
@@ -155,7 +158,7 @@ private slots:
         world.store.toggleBlackout();
         world.recorder->setWindows({.display = DisplayPlace::overOperator, .isStageOpen = true});
         QVERIFY(world.bytes().size() < 1500);
-        Session expected = sessionOf(world.store.state());
+        Session expected = sessionOf(world.store);
         expected.filePlaces = world.recorded()->filePlaces;
         expected.windows = {.display = DisplayPlace::overOperator, .isStageOpen = true};
         QCOMPARE(world.recorded(), std::optional(expected));
@@ -223,7 +226,7 @@ private slots:
     {
         RecordedWorld world;
         editText(world.store);
-        const Session left = sessionOf(world.store.state());
+        const Session left = sessionOf(world.store);
         world.recorder->setLeavesUnsavedWork(true);
         world.recorder.reset();
         const QList<LeftOverJournal> leftOver = leftOverJournals(world.journals);
@@ -326,7 +329,7 @@ private slots:
     void aLiveSlideThatIsGoneLeavesTheAudienceInTheDark()
     {
         World world;
-        Session session = sessionOf(world.store.state());
+        Session session = sessionOf(world.store);
         session.liveSlideID = u"gone"_s;
         QVERIFY(world.store.continueSession(session));
         QCOMPARE(world.store.outputMode(), OutputMode::blackout);

@@ -65,7 +65,15 @@ ZelvoProject showOf(const QList<int> &slideCounts)
 World::World() : World(ProjectTemplates::demoProject(someTime())) {}
 
 World::World(const ZelvoProject &project)
-    : store(project, {.preferences = preferences, .panels = panels, .now = [this] { return now; }})
+    : store(project,
+            {.preferences = preferences,
+             .panels = panels,
+             .now = [this] { return now; },
+             .askAboutChangedFile =
+                 [this](const QString &name) {
+                     changedFiles.append(name);
+                     return changedFileAnswer;
+                 }})
 {}
 
 QUrl World::fileUrl(const QString &name) const

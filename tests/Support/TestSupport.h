@@ -50,6 +50,10 @@ struct World
     QSettings preferences{folder.filePath(QStringLiteral("preferences.ini")), QSettings::IniFormat};
     PreparedPanels panels;
     QDateTime now = someTime();
+    /// What the operator answers when a file was changed by another program, and the names of
+    /// those.
+    WorkspaceStore::ChangedFileAnswer changedFileAnswer = WorkspaceStore::ChangedFileAnswer::cancel;
+    QStringList changedFiles;
     WorkspaceStore store;
 
     World();

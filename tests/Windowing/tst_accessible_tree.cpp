@@ -1,3 +1,4 @@
+#include "ChangedFileBox.h"
 #include "ColorWell.h"
 #include "FileDialogRunner.h"
 #include "Files.h"
@@ -274,6 +275,12 @@ void askBeforeLeaving(Program &program)
     program.commands.action(Command::newBlankProject)->trigger();
 }
 
+void askAboutTheFile(Program &program)
+{
+    static_cast<void>(
+        askAboutChangedFile(program.dialogParent(), QStringLiteral("Sunday.quenara")));
+}
+
 constexpr State states[] = {
     {"a text layer is selected", selectText},
     {"a shape is selected", selectShape},
@@ -286,6 +293,7 @@ constexpr State states[] = {
     {"a section is renamed", renameSection},
     {"the settings are open", openSettings},
     {"an alert is open", openAlert},
+    {"it is asked about a changed file", askAboutTheFile},
     {"the program tells about itself", openAbout},
     {"a menu is open", openMenu},
     {"the menu of a section is open", openSectionMenu},

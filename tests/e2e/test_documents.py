@@ -49,6 +49,20 @@ class OneDocument(Documents, ShowCase):
         self.program.press("ctrl+s")
         wait_until(lambda: name_in(self.file) == "Longer", "the file to be saved after all")
 
+    def test_a_file_that_another_program_changed_is_overwritten_only_when_told_so(self):
+        self.rename("Mine")
+        self.program.press("Return")
+        other = self.file.read_bytes().replace(b"Evening Show", b"Morning Show")
+        self.file.write_bytes(other)
+        self.program.press("ctrl+s")
+        self.program.answer_question("Escape")
+        self.program.wait_for_no_window(ALERT)
+        self.assertEqual(self.file.read_bytes(), other)
+        self.program.focus(OPERATOR)
+        self.program.press("ctrl+s")
+        self.program.answer_question(*DO_NOT_SAVE)
+        wait_until(lambda: name_in(self.file) == "Mine", "the file to be overwritten")
+
     def test_open_recent_asks_first_and_then_opens(self):
         other = self.folder / "Other.quenara"
         self.rename("Other")
