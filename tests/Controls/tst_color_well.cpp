@@ -59,19 +59,6 @@ private slots:
         QVERIFY(well.tried.isEmpty());
     }
 
-    void theWellWithTheFocusIsFramedInTheAccent()
-    {
-        Well well(glass);
-        const auto accents = [&] {
-            return pixelsOf(themeOf(well.control).accent, well.control.grab().toImage());
-        };
-        well.control.clearFocus();
-        well.control.setAttribute(Qt::WA_UnderMouse, false); // as a click of another row left it
-        QCOMPARE(accents(), 0);
-        well.control.setFocus(Qt::TabFocusReason);
-        QVERIFY(accents() > 0);
-    }
-
     void eachColourThatIsTriedIsToldOf()
     {
         Well well(glass);

@@ -1,356 +1,18 @@
-#include "ChangedFileBox.h"
-#include "ColorWell.h"
-#include "FileDialogRunner.h"
-#include "Files.h"
+#include "AccessibleThings.h"
 #include "GuiTestSupport.h"
-#include "LeaveQuestionBox.h"
-#include "ProgramWindows.h"
-#include "Recovery.h"
-#include "RundownList.h"
-#include "SessionJournal.h"
-#include "SessionRecorder.h"
+#include "ProgramStates.h"
 #include "SlideCanvas.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
-#include <QAccessible>
-#include <QComboBox>
-#include <QContextMenuEvent>
-#include <QFileDialog>
-#include <QFileSystemModel>
-#include <QMenu>
-#include <QMenuBar>
-#include <QMetaEnum>
 #include <QRegularExpression>
-#include <QTemporaryDir>
-#include <QTimer>
 
 #include <algorithm>
-#include <functional>
-#include <utility>
 
 using namespace quenara;
 using namespace quenara::test;
 
 namespace {
-
-/// The program amid a service.
-struct Program : ProgramWindows
-{
-    /// Brings the program into one of the states that it can be met in. What asks the operator
-    /// something returns only once that is answered.
-    using Arrange = void (*)(Program &program);
-
-    Program() { store.nextLive(); }
-    explicit Program(Arrange arrange) : Program()
-    {
-        arrange(*this);
-        settle();
-    }
-
-    ~Program()
-    {
-        for (QWidget *popup = QApplication::activePopupWidget(); popup;
-             popup = QApplication::activePopupWidget())
-            popup->close();
-    }
-
-    static void settle()
-    {
-        for (int i = 0; i < 3; ++i) {
-            QCoreApplication::processEvents();
-            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        }
-    }
-
-    std::unique_ptr<SessionRecorder> recorder;
-    std::unique_ptr<Recovery> recovery;
-
-    DialogParent dialogParent()
-    {
-        return [this] { return &operatorWindow; };
-    }
-
-    QMenu &openMenu(const QString &title)
-    {
-        QMenuBar &bar = *operatorWindow.menuBar();
-        for (QAction *menu : bar.actions()) {
-            if (menu->menu()->title().remove(QLatin1Char('&')) == title)
-                QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.actionGeometry(menu).center());
-        }
-        return *qobject_cast<QMenu *>(QApplication::activePopupWidget());
-    }
-};
-
-bool isReadingFolder(const QWidget &dialog)
-{
-    const auto *panel = qobject_cast<const QFileDialog *>(&dialog);
-    const auto *files = dialog.findChild<QFileSystemModel *>();
-    return panel && files && files->rowCount(files->index(panel->directory().path())) == 0;
-}
-
-/// Runs \a body in a program that was brought into a state, then answers what is still asked.
-void inState(Program::Arrange arrange, const std::function<void(Program &)> &body,
-             const Caller &caller = Caller::current())
-{
-    Program program;
-    bool isMet = false;
-    bool hasFailed = false;
-    const auto meet = [&] {
-        if (std::exchange(isMet, true))
-            return;
-        Program::settle();
-        try {
-            body(program);
-        } catch (const TestFailure &) {
-            hasFailed = true; // Qt lets no exception through
-        }
-    };
-    QTimer whileAsked;
-    QObject::connect(&whileAsked, &QTimer::timeout, &program.operatorWindow, [&] {
-        QWidget *dialog = QApplication::activeModalWidget();
-        if (dialog && dialog->isActiveWindow() && !isReadingFolder(*dialog))
-            meet();
-        if (dialog && isMet && QApplication::activeModalWidget() == dialog)
-            dialog->close();
-    });
-    whileAsked.start(1);
-    arrange(program);
-    whileAsked.stop();
-    meet();
-    if (hasFailed)
-        fail(QStringLiteral("see above"), caller);
-}
-
-struct State
-{
-    const char *name;
-    Program::Arrange arrange;
-};
-
-void selectText(Program &program)
-{
-    program.store.addTextLayer(SlideElementKind::text);
-}
-
-void selectShape(Program &program)
-{
-    program.store.addShapeLayer();
-}
-
-void selectNoSlide(Program &program)
-{
-    program.store.newBlankProject();
-}
-
-void blackOut(Program &program)
-{
-    program.store.toggleBlackout();
-}
-
-void openOutputs(Program &program)
-{
-    program.openDisplay();
-    program.openStage();
-}
-
-void openStartPanel(Program &program)
-{
-    program.store.showStartPanel();
-}
-
-/// Leaves the work of a program that has ended, the same at each call.
-void openRecovery(Program &program)
-{
-    static const QTemporaryDir folder;
-    Session session;
-    session.projectName = QStringLiteral("Sunday");
-    session.project = showOf({1});
-    QFile file(folder.filePath(QStringLiteral("left.journal")));
-    writeFile(file.fileName(), SessionJournal().add(session).join());
-    if (file.open(QIODevice::ReadWrite))
-        file.setFileTime(QDateTime(QDate(2026, 3, 1), QTime(9, 30)),
-                         QFileDevice::FileModificationTime);
-    file.close();
-    program.recorder = std::make_unique<SessionRecorder>(program.store, folder.path());
-    program.recovery = std::make_unique<Recovery>(Recovery::Context{.store = program.store,
-                                                                    .outputs = program.outputs,
-                                                                    .recorder = *program.recorder,
-                                                                    .questions = program.questions},
-                                                  folder.path());
-    program.operatorWindow.askAbout(*program.recovery);
-}
-
-void openSongImport(Program &program)
-{
-    program.store.setSongImportPresented(true);
-}
-
-void renameSection(Program &program)
-{
-    auto *list = program.operatorWindow.findChild<RundownList *>();
-    list->setCurrentIndex(list->model()->index(0, 0));
-    QTest::keyClick(list, Qt::Key_F2);
-}
-
-void openSettings(Program &program)
-{
-    program.settings.present();
-}
-
-void openAlert(Program &program)
-{
-    program.store.openProject(QUrl::fromLocalFile(QStringLiteral("/nowhere.quenara")));
-}
-
-void openAbout(Program &program)
-{
-    program.commands.action(Command::about)->trigger();
-}
-
-void openMenu(Program &program)
-{
-    program.openMenu(QStringLiteral("File"));
-}
-
-void openSectionMenu(Program &program)
-{
-    auto *list = program.operatorWindow.findChild<RundownList *>();
-    const QPoint section = list->visualRect(list->model()->index(0, 0)).center();
-    QContextMenuEvent event(QContextMenuEvent::Mouse, section, list->mapToGlobal(section));
-    QApplication::sendEvent(list->viewport(), &event);
-}
-
-void openList(Program &program)
-{
-    const auto pickers = program.operatorWindow.findChildren<QComboBox *>();
-    const auto picker = std::find_if(pickers.begin(), pickers.end(),
-                                     [](const QComboBox *box) { return box->isVisible(); });
-    (*picker)->showPopup();
-}
-
-void openColorDialog(Program &program)
-{
-    selectShape(program);
-    named<ColorWell>(program.operatorWindow, QStringLiteral("Fill")).click();
-}
-
-/// A file that lies alone in a folder, the same at each call.
-QUrl loneFile()
-{
-    static const QTemporaryDir folder;
-    const QString files = folder.filePath(QStringLiteral("files"));
-    QDir(files).removeRecursively();
-    QDir().mkdir(files);
-    const QString path = files + QStringLiteral("/Sunday.quenara");
-    writeFile(path, {});
-    return QUrl::fromLocalFile(path);
-}
-
-void ask(Program &program, const FilePanel &panel)
-{
-    // The folders of the dialogs before would be among those to look in.
-    QSettings(QSettings::UserScope, QStringLiteral("QtProject")).clear();
-    FileDialogRunner runner(program.dialogParent());
-    runner.startBeside(loneFile());
-    runner.run(panel);
-}
-
-void openOpenPanel(Program &program)
-{
-    ask(program, zelvoProjectOpenPanel());
-}
-
-void openSavePanel(Program &program)
-{
-    ask(program, zelvoProjectSavePanel(QStringLiteral("Monday")));
-}
-
-void askBeforeLeaving(Program &program)
-{
-    program.store.addSlide();
-    program.questions.meanwhile = [&program] {
-        LeaveQuestionBox(program.dialogParent()).ask(program.questions.asked.constLast());
-    };
-    program.commands.action(Command::newBlankProject)->trigger();
-}
-
-void askAboutTheFile(Program &program)
-{
-    static_cast<void>(
-        askAboutChangedFile(program.dialogParent(), QStringLiteral("Sunday.quenara")));
-}
-
-constexpr State states[] = {
-    {"a text layer is selected", selectText},
-    {"a shape is selected", selectShape},
-    {"there is no slide", selectNoSlide},
-    {"the screen is black", blackOut},
-    {"both output windows are open", openOutputs},
-    {"left-over work is offered", openRecovery},
-    {"the start panel is open", openStartPanel},
-    {"the song import is open", openSongImport},
-    {"a section is renamed", renameSection},
-    {"the settings are open", openSettings},
-    {"an alert is open", openAlert},
-    {"it is asked about a changed file", askAboutTheFile},
-    {"the program tells about itself", openAbout},
-    {"a menu is open", openMenu},
-    {"the menu of a section is open", openSectionMenu},
-    {"the list of a picker is open", openList},
-    {"a colour is chosen", openColorDialog},
-    {"a project to open is chosen", openOpenPanel},
-    {"a file to save in is chosen", openSavePanel},
-    {"it is asked what to do with changes", askBeforeLeaving},
-};
-
-bool isShown(QAccessibleInterface &thing)
-{
-    return thing.isValid() && !thing.state().invisible;
-}
-
-/// All that a reader finds in the program's windows, from the outside in.
-void collect(QAccessibleInterface *thing, QList<QAccessibleInterface *> &found)
-{
-    if (!thing || !isShown(*thing))
-        return;
-    found.append(thing);
-    for (int i = 0; i < thing->childCount(); ++i)
-        collect(thing->child(i), found);
-}
-
-QList<QAccessibleInterface *> allThings()
-{
-    QWidgetList windows = QApplication::topLevelWidgets();
-    windows.removeIf([](const QWidget *window) { return !window->isVisible(); });
-    std::sort(windows.begin(), windows.end(), [](const QWidget *a, const QWidget *b) {
-        return a->windowTitle() < b->windowTitle();
-    });
-    QList<QAccessibleInterface *> found;
-    for (QWidget *window : windows)
-        collect(QAccessible::queryAccessibleInterface(window), found);
-    return found;
-}
-
-QString roleName(QAccessible::Role role)
-{
-    return QString::fromUtf8(QMetaEnum::fromType<QAccessible::Role>().valueToKey(role));
-}
-
-/// What a reader says of a thing, but for where it is and whether it has the keyboard.
-QString wordsOf(QAccessibleInterface &thing)
-{
-    const QAccessible::State state = thing.state();
-    QStringList words{roleName(thing.role()), thing.text(QAccessible::Name),
-                      thing.text(QAccessible::Description), thing.text(QAccessible::Value)};
-    if (state.checked)
-        words.append(QStringLiteral("checked"));
-    if (state.selected)
-        words.append(QStringLiteral("selected"));
-    if (state.disabled)
-        words.append(QStringLiteral("disabled"));
-    return words.join(QStringLiteral(" | "));
-}
 
 /// Whether it comes and goes by itself: the time, when a file was changed, and the buttons over the
 /// sections in sight, since the list is scrolled so that the pointer, which an action has not,
@@ -387,22 +49,6 @@ QString linesOfOne(const QString &one, const QString &other)
     return lines.join(QStringLiteral("; "));
 }
 
-QString clickActionOf(QAccessibleInterface &thing)
-{
-    QAccessibleActionInterface *actions = thing.actionInterface();
-    const QStringList names = actions ? actions->actionNames() : QStringList();
-    const QString first = names.value(0);
-    const bool isClick = first == QAccessibleActionInterface::pressAction()
-        || first == QAccessibleActionInterface::toggleAction()
-        || first == QAccessibleActionInterface::showMenuAction();
-    return isClick ? first : QString();
-}
-
-bool isOfMenu(const QAccessibleInterface &thing)
-{
-    return thing.role() == QAccessible::MenuItem || thing.role() == QAccessible::PopupMenu;
-}
-
 /// Whether it is a part of Qt's own dialogs whose action does something else than a click: what
 /// picks a colour off the screen takes the pointer, which nobody has here, and an item in a list of
 /// files is selected and not opened.
@@ -420,31 +66,6 @@ void doClickAction(QAccessibleInterface &thing)
     thing.actionInterface()->doAction(clickActionOf(thing));
 }
 
-/// Clicks as the desktop does: into the window in front at that place of the screen.
-void click(QAccessibleInterface &thing)
-{
-    const QPoint middle = thing.rect().center();
-    QAccessibleInterface *around = thing.parent();
-    const auto *widget = qobject_cast<const QWidget *>(thing.object());
-    while (!widget && around) {
-        widget = qobject_cast<const QWidget *>(around->object());
-        around = around->parent();
-    }
-    QWidget *window = widget->window();
-    QTest::mouseClick(window->windowHandle(), Qt::LeftButton, Qt::NoModifier,
-                      window->mapFromGlobal(middle));
-}
-
-/// Whether a click in its middle meets the thing.
-bool isInSight(QAccessibleInterface &thing)
-{
-    const auto *widget = qobject_cast<const QWidget *>(thing.object());
-    if (thing.state().offscreen || widget)
-        return widget && widget->visibleRegion().contains(widget->rect().center());
-    const QPoint middle = thing.rect().center();
-    return thing.parent()->childAt(middle.x(), middle.y()) == &thing;
-}
-
 QAccessibleInterface &canvasOf(const Program &program)
 {
     return *QAccessible::queryAccessibleInterface(
@@ -454,7 +75,9 @@ QAccessibleInterface &canvasOf(const Program &program)
 void addRowsForStates()
 {
     QTest::addColumn<Program::Arrange>("arrange");
-    for (const State &state : states)
+    for (const State &state : ownStates)
+        QTest::newRow(state.name) << state.arrange;
+    for (const State &state : opened)
         QTest::newRow(state.name) << state.arrange;
 }
 
