@@ -93,12 +93,21 @@ void OperatorWindow::followScreen()
 QRect OperatorWindow::room() const
 {
     const QList<PlacedScreen> screens = m_screens.screens();
-    for (const PlacedScreen &placed : screens) {
-        // Qt may not know yet that the screen has become smaller.
-        if (placed.screen == screen())
-            return screen()->availableGeometry() & placed.frame;
-    }
-    return screens.isEmpty() ? screen()->availableGeometry() : screens.constFirst().frame;
+    const auto found = [&screens](const auto &isIt) {
+        return std::find_if(screens.cbegin(), screens.cend(), isIt);
+    };
+    // A screen that has moved away took the window along for Qt, but not where it lies.
+    auto placed = found([this](const PlacedScreen &candidate) {
+        return isVisible() && candidate.frame.contains(geometry().center());
+    });
+    if (placed == screens.cend())
+        placed =
+            found([this](const PlacedScreen &candidate) { return candidate.screen == screen(); });
+    if (placed == screens.cend())
+        return screens.isEmpty() ? screen()->availableGeometry() : screens.constFirst().frame;
+    // Qt may not know yet that the screen has become smaller.
+    const QRect available = placed->screen->availableGeometry() & placed->frame;
+    return available.isEmpty() ? placed->frame : available;
 }
 
 /// Called once the screens have changed and the window manager has put the window wherever it

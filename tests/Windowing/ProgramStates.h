@@ -323,7 +323,6 @@ inline constexpr State ownStates[] = {
     {"a section is renamed", renameSection},
     {"the settings are open", openSettings},
     {"an alert is open", openAlert},
-    {"it is asked about a changed file", askAboutTheFile},
     {"the program tells about itself", openAbout},
 };
 inline constexpr State opened[] = {
@@ -333,6 +332,7 @@ inline constexpr State opened[] = {
     {"a colour is chosen", openColorDialog},
     {"a project to open is chosen", openOpenPanel},
     {"a file to save in is chosen", openSavePanel},
+    {"it is asked about a changed file", askAboutTheFile},
     {"it is asked what to do with changes", askBeforeLeaving},
 };
 

@@ -71,10 +71,12 @@ class Editor(ReadCase):
         self.click("Slide", BUTTON)
         self.wait_for_rows("New Section", "New Slide")
         self.click("Template", PICKER)
+        # What is clicked as soon as a list opens counts as the click that has opened it.
+        program.wait_until_at_rest()
         self.click("Minimal Dark", CHOICE)
         self.wait_for_layers("Body", "Title")
         for remaining in ["Title"], []:
-            self.click(self.layers()[0], LAYER)
+            self.click_layer(self.layers()[0])
             self.click("Delete layer")
             self.wait_for_layers(*remaining)
 
@@ -142,6 +144,13 @@ class Editor(ReadCase):
 
     def wait_for_layers(self, *names):
         wait_until(lambda: self.layers() == list(names), f"the layers {names}")
+
+    def click_layer(self, name):
+        """Clicks on its row in the list of layers, which comes after the layers on the canvas."""
+        row = [thing for thing in self.shown() if (thing.role, thing.title) == (LAYER, name)][-1]
+        x, y, width, height = row.area
+        self.server.run("xdotool", "mousemove", str(x + width // 2), str(y + height // 2),
+                        "click", "1")
 
     def button_of(self, title, layer):
         return next((thing for thing in self.shown()
