@@ -100,9 +100,10 @@ QRect OperatorWindow::room() const
     auto placed = found([this](const PlacedScreen &candidate) {
         return isVisible() && candidate.frame.contains(geometry().center());
     });
-    if (placed == screens.cend())
+    if (placed == screens.cend()) {
         placed =
             found([this](const PlacedScreen &candidate) { return candidate.screen == screen(); });
+    }
     if (placed == screens.cend())
         return screens.isEmpty() ? screen()->availableGeometry() : screens.constFirst().frame;
     // Qt may not know yet that the screen has become smaller.

@@ -1,6 +1,10 @@
+#include "EmojiImageCache.h"
 #include "Fonts.h"
+#include "RenderCaches.h"
 #include "TextBlock.h"
 #include "TextImages.h"
+
+#include <QTextLayout>
 
 using namespace quenara;
 using namespace quenara::test;
@@ -19,6 +23,31 @@ int colouredPixels(const QImage &image)
             count += QColor(image.pixel(x, y)).hsvSaturation() > clearlyColoured ? 1 : 0;
     }
     return count;
+}
+
+/// The glyph of a smile, in a face of emoji.
+QGlyphRun smile()
+{
+    QFont font(emojiFontFamily());
+    font.setPixelSize(128);
+    font.setHintingPreference(QFont::PreferNoHinting);
+    QTextLayout layout(QStringLiteral("\U0001F600"), font);
+    layout.beginLayout();
+    layout.createLine();
+    layout.endLayout();
+    return layout.glyphRuns().constFirst();
+}
+
+/// What \a draw paints over black, with \a offset from the middle and scaled by \a scale.
+QImage drawnAt(const QPointF &offset, double scale, const std::function<void(QPainter &)> &draw)
+{
+    QImage image(800, 800, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::black);
+    QPainter painter(&image);
+    painter.translate(image.rect().center() + offset);
+    painter.scale(scale, scale);
+    draw(painter);
+    return image;
 }
 
 } // namespace
@@ -101,6 +130,94 @@ private slots:
             QCOMPARE(width(joined.arg(QChar(0xfe0f))), one);
             QCOMPARE(width(joined.arg(QString())), one);
         }
+    }
+
+    void anEmojiUpToTheLargestSizeLooksAsQtPaintsIt()
+    {
+        const QGlyphRun run = smile();
+        EmojiImageCache cache;
+        for (const double scale : {0.1, 0.24, 0.5, 1.0, 1.7, 2.9, 4.0}) {
+            for (const double part : {0.0, 0.01, 0.2, 0.49, 0.5, 0.51, 0.8, 0.99}) {
+                for (const QPointF offset : {QPointF(part, 0), QPointF(0, part)}) {
+                    const QImage expected = drawnAt(
+                        offset, scale, [&](QPainter &painter) { painter.drawGlyphRun({}, run); });
+                    QVERIFY(colouredPixels(expected) > 50);
+                    const QImage drawn = drawnAt(offset, scale, [&](QPainter &painter) {
+                        cache.image(run.rawFont(), run.glyphIndexes().constFirst(), scale)
+                            .draw(painter, run.positions().constFirst());
+                    });
+                    QCOMPARE(drawn, expected);
+                }
+            }
+        }
+    }
+
+    void aLargerEmojiIsEnlargedFromTheLargestSize()
+    {
+        const QGlyphRun run = smile();
+        EmojiImageCache cache;
+        constexpr int largest = int(EmojiImageCache::largestSize);
+        for (const double scale : {5.0, 80.0, 400.0, 1e6}) {
+            const EmojiImage emoji =
+                cache.image(run.rawFont(), run.glyphIndexes().constFirst(), scale);
+            QVERIFY(emoji.image.width() > largest / 2 && emoji.image.width() < 2 * largest);
+            const QImage drawn = drawnAt({-0.5 * 128 * scale, 0}, scale, [&](QPainter &painter) {
+                emoji.draw(painter, {0, 0.4 * 128});
+            });
+            QVERIFY2(colouredPixels(drawn) > 50, QByteArray::number(scale));
+        }
+        QVERIFY(cache.byteCount() < 5 * qsizetype(4) * largest * largest);
+    }
+
+    void anEmojiOfAnySizeCostsNoMoreThanTheLimitOfItsCache_data()
+    {
+        QTest::addColumn<double>("fontSize");
+        QTest::addColumn<bool>("isSeen");
+        for (const double fontSize : {600.0, 10'000.0, 50'000.0, 1e6})
+            QTest::addRow("size %g", fontSize) << fontSize << true;
+        QTest::newRow("a size beyond what Qt paints") << 1e9 << false;
+    }
+
+    void anEmojiOfAnySizeCostsNoMoreThanTheLimitOfItsCache()
+    {
+        QFETCH(double, fontSize);
+        QFETCH(bool, isSeen);
+        TextElementProperties text = plainText(QStringLiteral("\U0001F600"));
+        text.fontSize = fontSize;
+        text.shadow = TextShadow::soft;
+        const CanvasFrame wide{960 - 2 * fontSize, 540 - 2 * fontSize, 4 * fontSize, 4 * fontSize};
+        RenderCaches caches;
+        QImage image(canvas, QImage::Format_ARGB32_Premultiplied);
+        image.fill(Qt::black);
+        QPainter painter(&image);
+        SlideRendererView{.slide = textSlide(text, wide)}.paint(painter, image.rect(), caches);
+        painter.end();
+        QCOMPARE(colouredPixels(image) > 1000, isSeen);
+        QVERIFY(caches.emoji.byteCount() > 0);
+        QVERIFY(caches.emoji.byteCount() <= EmojiImageCache::usualByteLimit);
+    }
+
+    void emojiThatWereNotUsedForLongGo()
+    {
+        const QGlyphRun run = smile();
+        constexpr qsizetype limit = qsizetype(2) * 1024 * 1024;
+        EmojiImageCache cache(limit);
+        for (quint32 glyph = 100; glyph < 200; ++glyph) {
+            cache.image(run.rawFont(), glyph, 2);
+            QVERIFY(cache.byteCount() <= limit);
+        }
+        QVERIFY(cache.byteCount() > limit / 2);
+    }
+
+    void emojiOutOfSightAreNotPainted()
+    {
+        const CanvasFrame beside{3000, 200, 800, 400};
+        RenderCaches caches;
+        QImage image(canvas, QImage::Format_ARGB32_Premultiplied);
+        QPainter painter(&image);
+        const Slide slide = textSlide(plainText(QStringLiteral("\U0001F600")), beside);
+        SlideRendererView{.slide = slide}.paint(painter, image.rect(), caches);
+        QCOMPARE(caches.emoji.byteCount(), qsizetype(0));
     }
 
     void emojiInALowerThirdAreColouredToo()

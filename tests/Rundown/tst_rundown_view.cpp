@@ -886,6 +886,7 @@ private slots:
         QFETCH(QString, button);
         QFETCH(QString, expected);
         Rundown op(showOf(slides));
+        makeThumbnails(op); // a late one would have the list painted between the two looks
         op.list->scrollTo(op.model->indexOfServiceItem(section),
                           QAbstractItemView::PositionAtCenter);
         const int height = op.list->visualRect(op.model->indexOfServiceItem(section)).top();

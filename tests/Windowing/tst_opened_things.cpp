@@ -5,6 +5,7 @@
 #include "ProgramStates.h"
 
 #include <QAbstractButton>
+#include <QPointer>
 
 #include <memory>
 
@@ -19,7 +20,7 @@ constexpr QSize largeEnough(1900, 1030); ///< for the inspector not to scroll
 /// questions are the real ones. None of them is answered.
 struct AskingProgram : Program
 {
-    QWidget *base; ///< the window that has the keyboard before something is opened
+    QPointer<QWidget> base; ///< the window that has the keyboard before something is opened
     int transported = 0; ///< how often a command with a bare key was done
     int chosen = 0; ///< how often a button was pressed or an item of a picker was chosen
     int triggered = 0; ///< how often an item of a menu was chosen
@@ -79,6 +80,9 @@ struct AskingProgram : Program
                 && !qobject_cast<const OutputWindow *>(window));
     }
 
+    /// What was pressed may have closed that window for good.
+    bool isBaseShown() const { return base && base->isVisible(); }
+
     void closeAll() const
     {
         closePopups();
@@ -86,7 +90,7 @@ struct AskingProgram : Program
             QApplication::activeWindow()->close();
             settle();
         }
-        if (base->isVisible())
+        if (isBaseShown())
             activate(*base);
     }
 
@@ -282,7 +286,7 @@ private slots:
                 return;
             const bool isChanged = program->store.project() != document;
             program->closeAll();
-            if (isChanged || !program->base->isVisible())
+            if (isChanged || !program->isBaseShown())
                 program.reset();
         }
     }

@@ -74,15 +74,18 @@ QRawFont ScaledFontCache::font(const QRawFont &font, double scale)
     const std::pair key(font, scale);
     if (const QRawFont *known = m_fonts.object(key))
         return *known;
-    // The boxes that stand for letters of no font are drawn alike at every scale.
-    if (font.fontTable("head").isEmpty())
-        return font;
-    QRawFont own = font;
-    own.setPixelSize(font.pixelSize() * sizeFactor);
-    if (!own.isValid())
-        return font;
+    const QRawFont own = withOwnBitmaps(font);
     m_fonts.insert(key, new QRawFont(own));
     return own;
+}
+
+QRawFont withOwnBitmaps(const QRawFont &font)
+{
+    if (font.fontTable("head").isEmpty())
+        return font; // boxes, which Qt draws itself
+    QRawFont own = font;
+    own.setPixelSize(font.pixelSize() * sizeFactor);
+    return own.isValid() ? own : font;
 }
 
 QRawFont unsharedFont(const QString &fileName, double pixelSize)

@@ -48,6 +48,11 @@ private:
     QCache<std::pair<QRawFont, double>, QRawFont> m_fonts{maximum};
 };
 
+/// \a font with glyph bitmaps of its own, which go with its last copy; it looks the same to the
+/// pixel. Fonts of one face and size share those that were drawn, and hold all of them until the
+/// program ends (Qt 6.4.2). The boxes that stand for letters of no font stay as they are.
+[[nodiscard]] QRawFont withOwnBitmaps(const QRawFont &font);
+
 /// A face rounds the outlines that it gives differently after it was used at another size (Qt
 /// 6.4.2). This loads the face in \a fileName for the caller alone, unhinted, so that its outlines
 /// are always the same to the last bit.

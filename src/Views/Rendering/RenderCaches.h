@@ -1,5 +1,6 @@
 #pragma once
 
+#include "EmojiImageCache.h"
 #include "GlyphOutlineCache.h"
 #include "ImageCache.h"
 #include "PaintingWorkarounds.h"
@@ -15,6 +16,7 @@ struct RenderCaches
     ImageCache images{};
     TextBlockCache textBlocks{};
     GlyphOutlineCache outlines{};
+    EmojiImageCache emoji{};
     ScaledFontCache fonts{};
 };
 

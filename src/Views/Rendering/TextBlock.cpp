@@ -212,8 +212,7 @@ void TextBlock::draw(QPainter &painter, RenderCaches &caches, Placement placemen
     painter.save();
     painter.translate(0, m_bounds.top());
     painter.scale(unit(), unit());
-    for (const QGlyphRun &run : m_emoji)
-        painter.drawGlyphRun({}, run);
+    drawEmoji(painter, caches);
     const double scale = deviceScale(painter);
     if (scale * layoutPixelSize < largestCachedGlyph && placement == Placement::onWholeRows) {
         for (QGlyphRun run : m_letters) {
@@ -243,6 +242,24 @@ void TextBlock::gatherGlyphs()
         start = emoji.start + emoji.length;
     }
     gatherLetters(int(m_layout->text().size()));
+}
+
+/// Draws each emoji that is in sight.
+void TextBlock::drawEmoji(QPainter &painter, RenderCaches &caches)
+{
+    const QTransform toDevice = painter.deviceTransform();
+    const QRectF visible = visibleDeviceRect(painter);
+    for (const QGlyphRun &run : m_emoji) {
+        const QList<quint32> glyphs = run.glyphIndexes();
+        const QList<QPointF> positions = run.positions();
+        for (qsizetype i = 0; i < glyphs.size(); ++i) {
+            const QRectF reach = EmojiImage::reach(run.rawFont()).translated(positions.at(i));
+            if (toDevice.mapRect(reach).intersects(visible)) {
+                caches.emoji.image(run.rawFont(), glyphs.at(i), deviceScale(painter))
+                    .draw(painter, positions.at(i));
+            }
+        }
+    }
 }
 
 /// Collects the outlines once. Qt asks the font for those of large glyphs each time that they are

@@ -94,6 +94,7 @@ private:
     void truncate();
     void gatherGlyphs();
     void traceGlyphs(RenderCaches &caches);
+    void drawEmoji(QPainter &painter, RenderCaches &caches);
     void drawOutlines(QPainter &painter, RenderCaches &caches);
 
     TextElementProperties m_text;
