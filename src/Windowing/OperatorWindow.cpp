@@ -129,6 +129,15 @@ void OperatorWindow::comeWithinScreen()
     move(fitting.corner);
 }
 
+/// Before the style sheet was there, the window's parts asked for more room than they need. Where it
+/// has the room it stays where it is: somebody may have moved it meanwhile.
+void OperatorWindow::becomeNoLargerThanScreen()
+{
+    const QSize outer = frameGeometry().size();
+    if (outer != outer.boundedTo(room().size()))
+        comeWithinScreen();
+}
+
 bool OperatorWindow::event(QEvent *event)
 {
     if (event->type() == QEvent::ScreenChangeInternal)
@@ -183,8 +192,7 @@ void OperatorWindow::placeSheets() const
 /// place of a window that is not on its screen yet is not known.
 void OperatorWindow::showSheets()
 {
-    // Before the style sheet was there, its parts asked for more room than they need.
-    m_screensSettled.start();
+    QTimer::singleShot(screensSettleIn, this, &OperatorWindow::becomeNoLargerThanScreen);
     showRecovery();
     showStartPanel();
     showSongImport();

@@ -52,6 +52,7 @@ protected:
 private:
     QRect room() const;
     void comeWithinScreen();
+    void becomeNoLargerThanScreen();
     void placeSheets() const;
     void showSheets();
     template<class Sheet>
