@@ -97,8 +97,10 @@ void CommandActions::selectAndPerform(const std::function<void()> &select, Comma
     action(command)->trigger();
 }
 
-void CommandActions::openProject(const QUrl &url)
+void CommandActions::openProject(const QUrl &url, const QWidget *sheet)
 {
+    if (isRefused(Command::open, sheet))
+        return;
     closePopups();
     replaceDocument([&] { store().openProject(url); });
 }

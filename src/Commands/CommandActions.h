@@ -47,8 +47,9 @@ public:
     /// dialog keeps the command from the document.
     void selectAndPerform(const std::function<void()> &select, Command command) const;
 
-    /// Opens a project that the operator picked from a list, in place of the present one.
-    void openProject(const QUrl &url);
+    /// Opens a project that the operator picked from a list, in place of the present one. \a sheet
+    /// is the dialog with the list, if any: while another dialog is open, nothing is opened.
+    void openProject(const QUrl &url, const QWidget *sheet = nullptr);
 
 signals:
     /// The operator has agreed to drop the document. Another one replaces it next, or a panel asks

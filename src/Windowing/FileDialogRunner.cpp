@@ -59,8 +59,8 @@ QDir userFolder(QStandardPaths::StandardLocation kind)
 
 } // namespace
 
-FileDialogRunner::FileDialogRunner(DialogParent parent)
-    : m_parent(std::move(parent)), m_projects(userFolder(QStandardPaths::DocumentsLocation)),
+FileDialogRunner::FileDialogRunner(DialogOwner owner)
+    : m_owner(std::move(owner)), m_projects(userFolder(QStandardPaths::DocumentsLocation)),
       m_images(userFolder(QStandardPaths::PicturesLocation))
 {}
 
@@ -76,7 +76,6 @@ std::optional<QUrl> FileDialogRunner::run(const FilePanel &panel)
         asked.fileName = QFileInfo(*path).fileName();
         path = chosenPath(asked);
     }
-    m_parent()->activateWindow();
     return path ? std::optional(QUrl::fromLocalFile(*path)) : std::nullopt;
 }
 
@@ -95,7 +94,7 @@ QDir &FileDialogRunner::folderOf(const FilePanel &panel)
 std::optional<QString> FileDialogRunner::chosenPath(const FilePanel &panel)
 {
     const bool saves = panel.kind == FilePanel::Kind::save;
-    QFileDialog dialog(m_parent(), panel.title, folderOf(panel).path());
+    QFileDialog dialog(m_owner(), panel.title, folderOf(panel).path());
     dialog.resize(dialogSize);
     // Qt's own dialog has a splitter, and leaves the list of places hardly any room in it.
     if (auto *splitter = dialog.findChild<QSplitter *>())
@@ -112,7 +111,7 @@ std::optional<QString> FileDialogRunner::chosenPath(const FilePanel &panel)
     if (!panel.fileName.isEmpty())
         dialog.selectFile(fileNameFrom(panel.fileName));
     nameParts(dialog);
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+    if (runInFront(dialog) != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return std::nullopt;
     const QString path = chosenFile(dialog);
     folderOf(panel) = QFileInfo(path).dir();
@@ -126,11 +125,11 @@ bool FileDialogRunner::mayReplace(const QString &path)
                      .arg(file.fileName()),
                  QStringLiteral("This overwrites the file in the folder \u201c%1\u201d.")
                      .arg(file.dir().dirName()),
-                 AlertBox::Cancel, m_parent());
+                 AlertBox::Cancel, m_owner());
     const auto *replace = box.addButton(QStringLiteral("Replace"), AlertBox::DestructiveRole);
     box.setDefaultButton(AlertBox::Cancel);
     box.setEscapeButton(AlertBox::Cancel);
-    box.exec();
+    runInFront(box);
     return box.clickedButton() == replace;
 }
 

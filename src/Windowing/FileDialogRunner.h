@@ -1,6 +1,6 @@
 #pragma once
 
-#include "DialogParent.h"
+#include "DialogInFront.h"
 #include "FilePanels.h"
 
 #include <QDir>
@@ -13,7 +13,7 @@ namespace quenara {
 class FileDialogRunner : public FilePanelRunner
 {
 public:
-    explicit FileDialogRunner(DialogParent parent);
+    explicit FileDialogRunner(DialogOwner owner);
 
     /// A save panel answers with the final name and only after the operator agreed to replace the
     /// file that has it.
@@ -29,7 +29,7 @@ private:
 
     QDir &folderOf(const FilePanel &panel);
 
-    DialogParent m_parent;
+    DialogOwner m_owner;
     QDir m_projects;
     QDir m_images;
     bool m_isRunning = false;

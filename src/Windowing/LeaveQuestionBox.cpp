@@ -8,19 +8,18 @@
 
 namespace quenara {
 
-LeaveQuestionBox::LeaveQuestionBox(DialogParent parent) : m_parent(std::move(parent)) {}
+LeaveQuestionBox::LeaveQuestionBox(DialogOwner owner) : m_owner(std::move(owner)) {}
 
 LeaveAnswer LeaveQuestionBox::ask(const LeaveQuestion &question)
 {
-    AlertBox box(question.text, question.detail, AlertBox::Cancel, m_parent());
+    AlertBox box(question.text, question.detail, AlertBox::Cancel, m_owner());
     const auto *proceed = box.addButton(question.proceedTitle, AlertBox::DestructiveRole);
     const QPushButton *save = nullptr;
     if (question.offersSave)
         save = box.addButton(AlertBox::Save);
     box.setDefaultButton(question.offersSave ? AlertBox::Save : AlertBox::Cancel);
     box.setEscapeButton(AlertBox::Cancel);
-    box.exec();
-    m_parent()->activateWindow();
+    runInFront(box);
     if (save && box.clickedButton() == save)
         return LeaveAnswer::save;
     return box.clickedButton() == proceed ? LeaveAnswer::proceed : LeaveAnswer::cancel;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "DialogParent.h"
+#include "DialogInFront.h"
 #include "DocumentGuard.h"
 
 namespace quenara {
@@ -10,12 +10,12 @@ namespace quenara {
 class LeaveQuestionBox : public LeaveQuestionRunner
 {
 public:
-    explicit LeaveQuestionBox(DialogParent parent);
+    explicit LeaveQuestionBox(DialogOwner owner);
 
     LeaveAnswer ask(const LeaveQuestion &question) override;
 
 private:
-    DialogParent m_parent;
+    DialogOwner m_owner;
 };
 
 } // namespace quenara

@@ -21,13 +21,14 @@ QString journalFolder()
 } // namespace
 
 QuenaraApp::QuenaraApp(const QPalette &platformPalette)
-    : m_panels([this] { return dialogParent(); }), m_questions([this] { return dialogParent(); }),
+    : m_panels([this] { return &m_operatorWindow; }),
+      m_questions([this] { return &m_operatorWindow; }),
       m_store(ProjectTemplates::blankProject(QDateTime::currentDateTimeUtc()),
               {.preferences = m_preferences,
                .panels = m_panels,
                .askAboutChangedFile =
                    [this](const QString &name) {
-                       return askAboutChangedFile([this] { return dialogParent(); }, name);
+                       return askAboutChangedFile([this] { return &m_operatorWindow; }, name);
                    }}),
       m_systemScheme(QDBusConnection::sessionBus(), platformPalette),
       m_sleepInhibitor(QDBusConnection::sessionBus()), m_windows(m_systemScheme, m_caches),
@@ -45,6 +46,7 @@ QuenaraApp::QuenaraApp(const QPalette &platformPalette)
 {
     qApp->installEventFilter(&m_shortcutGuard);
     qApp->installEventFilter(&m_focusRing);
+    keepKeyboardInFront(m_operatorWindow);
     QObject::connect(&m_appearance, &AppearancePreference::rawValueChanged, &m_windows,
                      [this](const QString &, const QString &newValue) {
                          m_windows.updateAppearance(appearanceFromPreference(newValue));
@@ -71,13 +73,6 @@ QuenaraApp::QuenaraApp(const QPalette &platformPalette)
         Qt::DirectConnection);
     m_windows.updateAppearance(m_appearance.appearance());
     m_operatorWindow.show();
-}
-
-/// The sheet or alert in front, if there is one: only the operator's windows have them.
-QWidget *QuenaraApp::dialogParent()
-{
-    QWidget *front = QApplication::activeModalWidget();
-    return front ? front : &m_operatorWindow;
 }
 
 void QuenaraApp::start(const QString &path)

@@ -54,7 +54,6 @@ public:
     AppearancePreference &appearance() { return m_appearance; }
 
 private:
-    QWidget *dialogParent();
     void begin(const QString &path);
 
     QSettings m_preferences;

@@ -219,6 +219,7 @@ private slots:
             if (description.worksOnDocument)
                 world.commands.action(description.command)->trigger();
         }
+        world.commands.openProject(QUrl::fromLocalFile(dataPath(u"current.quenara"_s)));
         QCOMPARE(world.store.project(), project);
         QVERIFY(!world.store.isStartPanelPresented());
         QVERIFY(!world.store.isSongImportPresented());

@@ -60,12 +60,9 @@ struct Program : ProgramWindows
     std::unique_ptr<SessionRecorder> recorder;
     std::unique_ptr<Recovery> recovery;
 
-    DialogParent dialogParent()
+    DialogOwner dialogOwner()
     {
-        return [this] {
-            QWidget *front = QApplication::activeModalWidget();
-            return front ? front : &operatorWindow;
-        };
+        return [this] { return &operatorWindow; };
     }
 
     QMenu &openMenu(const QString &title)
@@ -278,7 +275,7 @@ inline void ask(Program &program, const FilePanel &panel)
 {
     // The folders of the dialogs before would be among those to look in.
     QSettings(QSettings::UserScope, QStringLiteral("QtProject")).clear();
-    FileDialogRunner runner(program.dialogParent());
+    FileDialogRunner runner(program.dialogOwner());
     runner.startBeside(loneFile());
     runner.run(panel);
 }
@@ -295,15 +292,14 @@ inline void openSavePanel(Program &program)
 
 inline void askAboutTheFile(Program &program)
 {
-    static_cast<void>(
-        askAboutChangedFile(program.dialogParent(), QStringLiteral("Sunday.quenara")));
+    static_cast<void>(askAboutChangedFile(program.dialogOwner(), QStringLiteral("Sunday.quenara")));
 }
 
 inline void askBeforeLeaving(Program &program)
 {
     program.store.addSlide();
     program.questions.meanwhile = [&program] {
-        LeaveQuestionBox(program.dialogParent()).ask(program.questions.asked.constLast());
+        LeaveQuestionBox(program.dialogOwner()).ask(program.questions.asked.constLast());
     };
     program.commands.action(Command::newBlankProject)->trigger();
 }

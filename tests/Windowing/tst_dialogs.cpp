@@ -1,3 +1,4 @@
+#include "ChangedFileBox.h"
 #include "FileDialogRunner.h"
 #include "Files.h"
 #include "GuiTestSupport.h"
@@ -10,9 +11,11 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTimer>
+#include <QWindow>
 
 #include <chrono>
 #include <functional>
@@ -123,12 +126,12 @@ class TestDialogs : public GuiTest
     Q_OBJECT
 
     QWidget m_window;
-    const DialogParent m_parent = [this] { return &m_window; };
+    const DialogOwner m_owner = [this] { return &m_window; };
 
     std::optional<QUrl> save(const QString &name, const QList<Operator::Step> &steps,
                              const Caller &caller = Caller::current())
     {
-        FileDialogRunner runner(m_parent);
+        FileDialogRunner runner(m_owner);
         const Operator person(steps, caller);
         const auto answer = runner.run(zelvoProjectSavePanel(name));
         if (!person.isDone())
@@ -171,7 +174,7 @@ private slots:
         QFETCH(Operator::Step, step);
         QFETCH(LeaveAnswer, expected);
         const Operator person({step});
-        QCOMPARE(LeaveQuestionBox(m_parent).ask(question), expected);
+        QCOMPARE(LeaveQuestionBox(m_owner).ask(question), expected);
     }
 
     void theQuestionShowsItsTextsAndStandsOnTheOperatorsWindow()
@@ -186,8 +189,40 @@ private slots:
                 QCOMPARE(label->textFormat(), Qt::PlainText);
             dialog.close();
         }});
-        LeaveQuestionBox(m_parent).ask(unsaved);
+        LeaveQuestionBox(m_owner).ask(unsaved);
         QVERIFY(person.isDone());
+    }
+
+    void whatIsAskedOutlivesTheSheetThatItStandsOn_data()
+    {
+        QTest::addColumn<std::function<void(const DialogOwner &)>>("ask");
+        QTest::newRow("a question") << std::function(
+            [](const DialogOwner &owner) { LeaveQuestionBox(owner).ask(unsaved); });
+        QTest::newRow("a file panel") << std::function(
+            [](const DialogOwner &owner) { FileDialogRunner(owner).run(zelvoProjectOpenPanel()); });
+        QTest::newRow("a question about a file") << std::function([](const DialogOwner &owner) {
+            static_cast<void>(askAboutChangedFile(owner, u"Sunday.quenara"_s));
+        });
+    }
+
+    void whatIsAskedOutlivesTheSheetThatItStandsOn()
+    {
+        QFETCH(std::function<void(const DialogOwner &)>, ask);
+        const QPointer sheet = new QDialog(&m_window);
+        sheet->setAttribute(Qt::WA_DeleteOnClose);
+        sheet->open();
+        const Operator person({[&](QWidget &dialog) {
+                                   QCOMPARE(dialog.windowHandle()->transientParent(),
+                                            sheet->windowHandle());
+                                   sheet->close();
+                               },
+                               [&](QWidget &dialog) {
+                                   QVERIFY(!sheet);
+                                   dialog.close();
+                               }});
+        ask(m_owner);
+        QVERIFY(person.isDone());
+        QTRY_VERIFY(m_window.isActiveWindow());
     }
 
     void aSavedNameGetsTheSuffixOnce_data()
@@ -302,7 +337,7 @@ private slots:
     void theNextPanelStartsWhereTheLastFileWas()
     {
         const QTemporaryDir folder;
-        FileDialogRunner runner(m_parent);
+        FileDialogRunner runner(m_owner);
         const Operator person({typeName(folder.filePath(u"Sunday"_s)), press(u"Save"_s)});
         runner.run(zelvoProjectSavePanel(u"First"_s));
         QCOMPARE(runner.run(zelvoProjectSavePanel(u"Second"_s)),
@@ -312,7 +347,7 @@ private slots:
     void aPanelStartsBesideTheFileItIsToldOf()
     {
         const QTemporaryDir folder;
-        FileDialogRunner runner(m_parent);
+        FileDialogRunner runner(m_owner);
         runner.startBeside(QUrl::fromLocalFile(folder.filePath(u"Sunday"_s)));
         runner.startBeside(QUrl::fromLocalFile(folder.filePath(u"gone/Sunday"_s)));
         runner.startBeside(QUrl(u"https://example.org/Sunday"_s));
@@ -326,7 +361,7 @@ private slots:
         const QTemporaryDir projects;
         const QTemporaryDir images;
         writeFile(images.filePath(u"a.png"_s), {});
-        FileDialogRunner runner(m_parent);
+        FileDialogRunner runner(m_owner);
         runner.startBeside(QUrl::fromLocalFile(projects.filePath(u"Sunday"_s)));
         QString imageFolder;
         const auto readFolder = [&](QWidget &dialog) {
@@ -344,7 +379,7 @@ private slots:
 
     void anOpenPanelTakesOneExistingFile()
     {
-        FileDialogRunner runner(m_parent);
+        FileDialogRunner runner(m_owner);
         const QString path = dataPath(u"current.quenara"_s);
         const Operator person({[this](QWidget &dialog) {
                                    const auto &panel = dynamic_cast<QFileDialog &>(dialog);
@@ -359,7 +394,7 @@ private slots:
 
     void aSecondPanelMeanwhileIsCancelled()
     {
-        FileDialogRunner runner(m_parent);
+        FileDialogRunner runner(m_owner);
         std::optional<QUrl> second = QUrl();
         const Operator person({[&](QWidget &dialog) {
             second = runner.run(zelvoProjectOpenPanel());

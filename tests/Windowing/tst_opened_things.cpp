@@ -29,12 +29,12 @@ struct AskingProgram : Program
     {
         store.queueNext();
         panels.whileOpen = [this] {
-            FileDialogRunner runner(dialogParent());
+            FileDialogRunner runner(dialogOwner());
             runner.startBeside(loneFile());
             runner.run(panels.asked.constLast());
         };
         questions.meanwhile = [this] {
-            LeaveQuestionBox(dialogParent()).ask(questions.asked.constLast());
+            LeaveQuestionBox(dialogOwner()).ask(questions.asked.constLast());
         };
         QObject::connect(&commands, &CommandActions::settingsRequested, &settings,
                          &SettingsWindow::present);

@@ -17,6 +17,7 @@ STAGE = "Quenara Stage"
 SETTINGS = "Quenara Settings"
 SONG_IMPORT = "Paste Song Lyrics"
 SAVE_PANEL = "Save Quenara Project"
+ABOUT = "About Quenara"
 
 # A place inside the project name's field, in the operator window's content.
 PROJECT_NAME = (100, 52)

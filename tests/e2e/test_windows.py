@@ -1,6 +1,6 @@
 """The program's windows: opening, closing, and what ends with them."""
 
-from program import DISPLAY, OPERATOR, SETTINGS, STAGE, START_PANEL
+from program import ABOUT, DISPLAY, OPERATOR, SETTINGS, STAGE, START_PANEL
 from show_case import ShowCase, run
 
 
@@ -76,6 +76,21 @@ class Windows(ShowCase):
         program.focus(SETTINGS)
         program.press("ctrl+q")
         self.assertEqual(program.wait_for_end(), 0, program.output())
+
+    def test_the_keyboard_stays_with_a_dialog_whatever_is_clicked_behind_it(self):
+        program = self.start_show()
+        program.focus(OPERATOR)
+        program.press("ctrl+comma")
+        program.focus(SETTINGS)
+        for title in (SETTINGS, OPERATOR):
+            with self.subTest(title=title):
+                program.choose("h", 0)
+                program.wait_for_window(ABOUT)
+                program.point_at(title, 20, 20)
+                self.server.run("xdotool", "click", "1")
+                program.wait_until_at_rest()
+                program.press("Escape")
+                program.wait_for_no_window(ABOUT)
 
 
 if __name__ == "__main__":

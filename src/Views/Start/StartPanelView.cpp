@@ -195,7 +195,7 @@ void StartPanelView::showRecentProjects()
     for (const RecentProject &project : recentProjects) {
         QPushButton *row = makeRecentRow(project);
         connect(row, &QPushButton::clicked, this,
-                [this, url = project.url()] { m_commands.openProject(url); });
+                [this, url = project.url()] { m_commands.openProject(url, this); });
         layout->addWidget(row);
     }
     layout->addStretch();
