@@ -56,14 +56,15 @@ Plane gaussian(const Plane &plane, double sigma)
     const auto pass = [&](const Plane &from, int lines, int nextLine, int length, int step) {
         Plane to{from.width, from.height};
         for (int line = 0; line < lines; ++line) {
-            const double *source = from.values.data() + line * nextLine;
-            double *target = to.values.data() + line * nextLine;
+            const auto at = [&](int i) {
+                return std::size_t(line) * nextLine + std::size_t(i) * step;
+            };
             for (int i = 0; i < length; ++i) {
                 const int last = std::min(i + reach, length - 1);
                 double value = 0;
                 for (int j = std::max(i - reach, 0); j <= last; ++j)
-                    value += kernel[std::size_t(j - i + reach)] * source[j * step];
-                target[i * step] = value / sum;
+                    value += kernel[std::size_t(j) - i + reach] * from.values[at(j)];
+                to.values[at(i)] = value / sum;
             }
         }
         return to;

@@ -36,9 +36,10 @@ InkShares inkSharesOf(const QImage &image)
         shares.rows[std::size_t(y * thumbnail.height() / image.height())] += row;
         total += row;
     }
-    for (int x = 0; x < image.width(); ++x)
+    for (int x = 0; x < image.width(); ++x) {
         shares.columns[std::size_t(x * thumbnail.width() / image.width())] +=
             columns[std::size_t(x)];
+    }
     for (std::vector<double> *values : {&shares.columns, &shares.rows}) {
         for (double &value : *values)
             value /= total;

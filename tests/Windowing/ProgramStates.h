@@ -192,9 +192,10 @@ inline void openRecovery(Program &program)
     session.project = showOf({1});
     QFile file(folder.filePath(QStringLiteral("left.journal")));
     writeFile(file.fileName(), SessionJournal().add(session).join());
-    if (file.open(QIODevice::ReadWrite))
+    if (file.open(QIODevice::ReadWrite)) {
         file.setFileTime(QDateTime(QDate(2026, 3, 1), QTime(9, 30)),
                          QFileDevice::FileModificationTime);
+    }
     file.close();
     program.recorder = std::make_unique<SessionRecorder>(program.store, folder.path());
     program.recovery = std::make_unique<Recovery>(Recovery::Context{.store = program.store,

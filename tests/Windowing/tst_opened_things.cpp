@@ -191,9 +191,10 @@ QList<std::pair<QString, Opener>> offeredIn(Program::Arrange arrange)
         QAccessibleInterface &thing = *things.at(i);
         const bool isOfMenuBar = isOfMenu(thing) && thing.parent()->role() == QAccessible::MenuBar;
         if (!clickActionOf(thing).isEmpty()
-            && (isOfMenuBar || (!isOfMenu(thing) && isInSight(thing))))
+            && (isOfMenuBar || (!isOfMenu(thing) && isInSight(thing)))) {
             offered.append(
                 {QStringLiteral("a click on ") + wordsOf(thing), {arrange, Way::press, i}});
+        }
     }
     const QList<QAction *> items = menuItems(program);
     for (qsizetype i = 0; i < items.size(); ++i) {
@@ -324,9 +325,10 @@ private:
             [] {});
         QVERIFY2(program.transported == 0, name);
         // What was chosen may have replaced the document, and the show with it.
-        if (program.store.project().id == document.id)
+        if (program.store.project().id == document.id) {
             QVERIFY2(program.show() == before,
                      name + qPrintable(program.show()) + " not " + qPrintable(before));
+        }
         const int answers = program.chosen > 0 ? program.chosen : program.triggered;
         QVERIFY2(answers <= 1, name);
     }
