@@ -118,6 +118,7 @@ void SessionRecorder::record()
     if (!isWorthKeeping(session)) {
         m_file.remove();
         m_journal = SessionJournal();
+        m_isOnDisk = true; // nothing is to be brought there any more
     } else if (!m_file.isOpen() || isOtherDocument || !m_isWhole) {
         begin(session, false);
     } else {

@@ -213,6 +213,17 @@ private slots:
         QCOMPARE(world.files().size(), 1);
     }
 
+    void anotherDocumentIsRecordedWhereNothingOfTheFirstWasWorthKeeping()
+    {
+        RecordedWorld world;
+        editText(world.store);
+        world.store.newBlankProject();
+        QCOMPARE(world.files(), QStringList());
+        QCoreApplication::sendPostedEvents(); // the first is brought to the disk only now
+        world.store.newSundayServiceProject();
+        QVERIFY(isUpToDate(world));
+    }
+
     void itGoesWhenTheProgramEndsInOrder()
     {
         RecordedWorld world;
