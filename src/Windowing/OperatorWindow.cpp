@@ -129,8 +129,8 @@ void OperatorWindow::comeWithinScreen()
     move(fitting.corner);
 }
 
-/// Before the style sheet was there, the window's parts asked for more room than they need. Where it
-/// has the room it stays where it is: somebody may have moved it meanwhile.
+/// Before the style sheet was there, the window's parts asked for more room than they need. Where
+/// it has the room it stays where it is: somebody may have moved it meanwhile.
 void OperatorWindow::becomeNoLargerThanScreen()
 {
     const QSize outer = frameGeometry().size();
@@ -204,6 +204,8 @@ void OperatorWindow::showTitle()
     // QWidget replaces the mark, unless it is doubled, by a sign that the window is modified.
     const QString mark = QStringLiteral("[*]");
     QString name = m_store.project().name.simplified();
+    // The desktop would read no further than to the first of these.
+    name.remove(QChar::Null);
     if (name.isEmpty())
         name = QStringLiteral("Untitled");
     setWindowTitle(QStringLiteral("%1 \u2014 Quenara").arg(name.replace(mark, mark + mark)));

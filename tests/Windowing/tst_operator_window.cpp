@@ -58,8 +58,10 @@ private slots:
         QCOMPARE(w.window.windowTitle(), QStringLiteral("Quenara Demo Service \u2014 Quenara"));
         w.store.updateProjectName(QStringLiteral("Easter"));
         QCOMPARE(w.window.windowTitle(), QStringLiteral("Easter \u2014 Quenara"));
-        for (const char *empty : {"", " \n\t "}) {
-            w.store.updateProjectName(QLatin1String(empty));
+        w.store.updateProjectName(QStringLiteral("[*]") + QChar::Null + QStringLiteral("Easter"));
+        QCOMPARE(w.window.windowTitle(), QStringLiteral("[*][*]Easter \u2014 Quenara"));
+        for (const QString &empty : {QString(), QStringLiteral(" \n\t "), QString(QChar::Null)}) {
+            w.store.updateProjectName(empty);
             QCOMPARE(w.window.windowTitle(), QStringLiteral("Untitled \u2014 Quenara"));
         }
     }
