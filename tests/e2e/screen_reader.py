@@ -166,9 +166,22 @@ class Thing:
         Atspi.Component.grab_focus(self._accessible)
         wait_until(lambda: self.has("FOCUSED"), f"{self.title} to have the keyboard")
 
-    def press(self):
-        """Does what a press of it does."""
-        Atspi.Action.do_action(self._accessible, 0)
+    @property
+    def action_count(self):
+        return Atspi.Action.get_n_actions(self._accessible)
+
+    def press(self, action=0):
+        """Does what a press of it does, or what another of its actions does."""
+        Atspi.Action.do_action(self._accessible, action)
+
+    @property
+    def child_count(self):
+        return self._accessible.get_child_count()
+
+    def child(self, index):
+        """None once it is gone."""
+        child = self._accessible.get_child_at_index(index)
+        return Thing(child) if child else None
 
     def select_row(self, row):
         """Selects a row by its place, as one of a table."""

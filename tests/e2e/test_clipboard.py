@@ -1,30 +1,31 @@
 """Pasting from a clipboard and a selection that nobody owns, as after a login."""
 
-from program import OPERATOR, PASTE_SONG, SLIDE_TITLE, SONG_IMPORT
-from show_case import ShowCase, run
+from program import OPERATOR, PASTE_SONG, SAVE_PANEL, SLIDE_TITLE, SONG_IMPORT
+from show_case import ReadCase, run
 
 KEYS = ("ctrl+v", "shift+Insert", "ctrl+shift+Insert")
+COLOR = "Text Color"
 LYRICS = (200, 250)
 SONG_TITLE = (200, 70)
 # A place on the first slide's text, in the operator window's content.
 LAYER = (SLIDE_TITLE[0], SLIDE_TITLE[1] - 30)
 
 
-class EmptyClipboard(ShowCase):
+class EmptyClipboard(ReadCase):
     def setUp(self):
         self.program = self.start_show()
         self.program.focus(OPERATOR)
 
-    def click(self, button, window, place):
+    def click_button(self, button, window, place):
         self.program.point_at(window, *place)
         self.server.run("xdotool", "click", str(button))
 
     def paste_everywhere(self, window, place):
-        self.click(1, window, place)
+        self.click_button(1, window, place)
         self.program.press(*KEYS)
-        self.click(2, window, place)
+        self.click_button(2, window, place)
         # Paste in the menu, which cannot be chosen, so that the menu is still there to be closed.
-        self.click(3, window, place)
+        self.click_button(3, window, place)
         self.program.press("p", "Escape")
 
     def test_the_lyrics_and_the_title_of_a_song(self):
@@ -41,11 +42,44 @@ class EmptyClipboard(ShowCase):
     def test_the_text_on_the_canvas_and_a_field(self):
         self.program.click(*LAYER, times=2)
         self.program.press(*KEYS)
-        self.click(2, OPERATOR, LAYER)
+        self.click_button(2, OPERATOR, LAYER)
         self.program.press("Escape")
         self.program.click_project_name()
         self.program.press("End", *KEYS, "x", "Return")
         self.program.wait_for_window("Evening Showx — Quenara")
+
+    def test_each_field_of_the_inspector(self):
+        self.click_row("Words")
+        self.paste_into_each_field(OPERATOR)
+
+    def test_each_field_of_a_colour_dialog(self):
+        self.click_row("Words")
+        self.thing(COLOR, "push button").press()
+        self.program.focus(COLOR)
+        self.paste_into_each_field(COLOR)
+
+    def test_the_name_in_a_file_panel(self):
+        self.program.press("ctrl+shift+s")
+        self.program.focus(SAVE_PANEL)
+        self.paste_into_each_field(SAVE_PANEL)
+
+    def click_row(self, name):
+        self.thing(name, "list item").press()
+
+    def paste_into_each_field(self, window):
+        left, top = self.program.area(window)[2:]
+        fields = [thing for thing in self.shown(window)
+                  if thing.role in ("text", "spin button") and thing.has("FOCUSABLE")]
+        self.assertNotEqual(fields, [])
+        for field in fields:
+            with self.subTest(field=field.title):
+                x, y, width, height = field.area
+                place = (x - left + width // 4, y - top + height // 2)
+                self.click_button(1, window, place)
+                self.program.press(*KEYS)
+                self.click_button(2, window, place)
+                self.program.focus(window)
+                self.assertIsNone(self.program.status(), self.program.output())
 
 
 if __name__ == "__main__":
