@@ -7,8 +7,11 @@
 #include "WorkspaceStore.h"
 
 #include <QApplication>
-#include <QWidget>
+#include <QEvent>
+#include <QMenu>
+#include <QScopedValueRollback>
 
+#include <algorithm>
 #include <utility>
 
 namespace quenara {
@@ -22,6 +25,35 @@ QString toolTipOf(const CommandDescription &description, const QAction &action)
         description.toolTip ? QString::fromUtf8(description.toolTip) : action.iconText();
     return buttonToolTip(text, action.shortcut());
 }
+
+/// Whether a menu with \a action is open.
+bool isInOpenMenu(const QAction &action)
+{
+    const QList<QObject *> shownBy = action.associatedObjects();
+    return std::any_of(shownBy.cbegin(), shownBy.cend(), [](const QObject *object) {
+        const auto *menu = qobject_cast<const QMenu *>(object);
+        return menu && menu->isVisible();
+    });
+}
+
+/// An action that knows whether one of its keys was pressed.
+class CommandAction : public QAction
+{
+public:
+    using QAction::QAction;
+
+    bool isTriggeredByKey() const { return m_isTriggeredByKey; }
+
+protected:
+    bool event(QEvent *event) override
+    {
+        const QScopedValueRollback byKey(m_isTriggeredByKey, event->type() == QEvent::Shortcut);
+        return QAction::event(event);
+    }
+
+private:
+    bool m_isTriggeredByKey = false;
+};
 
 } // namespace
 
@@ -37,7 +69,7 @@ CommandActions::CommandActions(Context context, QObject *parent)
 
 QAction *CommandActions::makeAction(const CommandDescription &description)
 {
-    auto *action = new QAction(QString::fromUtf8(description.title), this);
+    auto *action = new CommandAction(QString::fromUtf8(description.title), this);
     action->setIconText(
         QString::fromUtf8(description.buttonTitle ? description.buttonTitle : description.title));
     action->setData(QString::fromUtf8(description.symbol));
@@ -53,14 +85,29 @@ QAction *CommandActions::makeAction(const CommandDescription &description)
     action->setShortcutContext(Qt::WindowShortcut);
     action->setAutoRepeat(description.repeats);
     action->setMenuRole(description.role);
-    connect(action, &QAction::triggered, this,
-            [this, command = description.command] { perform(command); });
+    connect(action, &QAction::triggered, this, [this, action, command = description.command] {
+        if (isInReach(*action, action->isTriggeredByKey()))
+            perform(command);
+    });
     return action;
 }
 
 bool CommandActions::isOn(Command command) const
 {
     return descriptionOf(command).isOn(store(), outputs());
+}
+
+/// Whether \a action, of a menu, is triggered by what a click could do, too. Assistive technologies
+/// choose items of closed menus, and behind dialogs. Keys come from windows that no dialog blocks.
+bool CommandActions::isInReach(const QAction &action, bool isKey)
+{
+    if (isKey)
+        return true;
+    if (QApplication::activePopupWidget() && !isInOpenMenu(action)) {
+        closePopups(); // as a click beside them does
+        return false;
+    }
+    return !QApplication::activeModalWidget();
 }
 
 /// While a dialog is open on the operator's window, the keys of an output window go on running the
@@ -93,6 +140,7 @@ void CommandActions::selectAndPerform(const std::function<void()> &select, Comma
 {
     if (isRefused(command, nullptr))
         return;
+    closePopups();
     select();
     action(command)->trigger();
 }

@@ -65,6 +65,7 @@ signals:
 
 private:
     QAction *makeAction(const CommandDescription &description);
+    static bool isInReach(const QAction &action, bool isKey);
     static bool isRefused(Command command, const QWidget *sheet);
     void replaceDocument(const std::function<void()> &replace);
     void showState();

@@ -72,6 +72,27 @@ QAccessibleInterface &canvasOf(const Program &program)
         program.operatorWindow.findChild<SlideCanvas *>());
 }
 
+constexpr auto itemsThatAct =
+    std::to_array<Command>({Command::goLive, Command::nextLive, Command::previousLive,
+                            Command::queueNext, Command::toggleBlackout, Command::toggleLogo,
+                            Command::toggleStageWindow, Command::newBlankProject});
+
+/// Chooses the item of the menu bar as an assistive technology does.
+void pressItem(Program &program, Command command)
+{
+    QAction *action = program.commands.action(command);
+    for (QMenu *menu : program.operatorWindow.menuBar()->findChildren<QMenu *>()) {
+        const qsizetype place = menu->actions().indexOf(action);
+        if (place < 0)
+            continue;
+        QAccessible::queryAccessibleInterface(menu)
+            ->child(int(place))
+            ->actionInterface()
+            ->doAction(QAccessibleActionInterface::pressAction());
+    }
+    Program::settle();
+}
+
 void addRowsForStates()
 {
     QTest::addColumn<Program::Arrange>("arrange");
@@ -171,6 +192,54 @@ private slots:
             ++acted;
         }
         QVERIFY(acted > 50);
+    }
+
+    void anItemOfAClosedMenuOnlyClosesTheListOrMenuThatIsOpen_data()
+    {
+        QTest::addColumn<Program::Arrange>("open");
+        QTest::newRow("the menu of a section") << Program::Arrange(openSectionMenu);
+        QTest::newRow("the list of a picker") << Program::Arrange(openList);
+    }
+
+    void anItemOfAClosedMenuOnlyClosesTheListOrMenuThatIsOpen()
+    {
+        QFETCH(Program::Arrange, open);
+        for (const Command command : itemsThatAct) {
+            Program program(selectText);
+            open(program);
+            const WorkspaceState before = program.store.state();
+            pressItem(program, command);
+            QVERIFY(!QApplication::activePopupWidget());
+            QCOMPARE(program.store.state(), before);
+            QVERIFY(!program.windows.isStageWindowOpen());
+        }
+    }
+
+    void anItemOfAMenuDoesNothingBehindADialog_data()
+    {
+        QTest::addColumn<Program::Arrange>("arrange");
+        for (const State &state : {State{"the start panel", openStartPanel},
+                                   {"the recovery", openRecovery},
+                                   {"the song import", openSongImport},
+                                   {"an alert", openAlert},
+                                   {"a colour dialog", openColorDialog},
+                                   {"a file panel", openSavePanel},
+                                   {"a question", askBeforeLeaving}})
+            QTest::newRow(state.name) << state.arrange;
+    }
+
+    void anItemOfAMenuDoesNothingBehindADialog()
+    {
+        QFETCH(Program::Arrange, arrange);
+        inState(arrange, [](Program &program) {
+            QVERIFY(QApplication::activeModalWidget());
+            const WorkspaceState before = program.store.state();
+            for (const Command command : itemsThatAct)
+                pressItem(program, command);
+            QCOMPARE(program.store.state(), before);
+            QVERIFY(!program.windows.isStageWindowOpen());
+            QVERIFY(!program.windows.isDisplayWindowOpen());
+        });
     }
 
     void anItemOfAnOpenMenuClosesTheMenuAndActs()
