@@ -18,14 +18,6 @@ QScreen *mainScreen()
     return active ? active->screen() : QGuiApplication::primaryScreen();
 }
 
-QList<QRect> framesOf(const QList<PlacedScreen> &screens)
-{
-    QList<QRect> frames;
-    for (const PlacedScreen &screen : screens)
-        frames.append(screen.frame);
-    return frames;
-}
-
 std::optional<qsizetype> indexOf(const QList<PlacedScreen> &screens, const QScreen *screen)
 {
     const auto found =
@@ -61,16 +53,15 @@ std::optional<PlacedScreen> DisplayPlacement::screenToFollow(const QScreen *curr
 {
     const QList<PlacedScreen> screens = m_screens.screens();
     const QList<QRect> frames = framesOf(screens);
-    return screenAt(
-        screens,
-        quenara::screenToFollow(frames, indexOf(screens, current), operatorScreen(frames)));
+    return screenAt(screens,
+                    quenara::screenToFollow(frames, indexOf(screens, current), operatorScreen()));
 }
 
 std::optional<PlacedScreen> DisplayPlacement::freeScreen() const
 {
     const QList<PlacedScreen> screens = m_screens.screens();
     const QList<QRect> frames = framesOf(screens);
-    return screenAt(screens, quenara::freeScreen(frames, operatorScreen(frames)));
+    return screenAt(screens, quenara::freeScreen(frames, operatorScreen()));
 }
 
 void DisplayPlacement::cover(QWidget &window, const PlacedScreen &target) const
@@ -100,18 +91,14 @@ bool DisplayPlacement::move(QWidget &window, const PlacedScreen &target) const
 
 bool DisplayPlacement::coversOperator(const QWidget &window) const
 {
-    return window.geometry().intersects(operatorScreen(framesOf(m_screens.screens())));
+    return window.geometry().intersects(operatorScreen());
 }
 
-/// The one of \a screens with the operator's window; empty without one.
-QRect DisplayPlacement::operatorScreen(const QList<QRect> &screens) const
+QRect DisplayPlacement::operatorScreen() const
 {
-    if (!m_operatorWindow)
-        return {};
-    const QPoint center = m_operatorWindow->frameGeometry().center();
-    const auto found = std::find_if(screens.cbegin(), screens.cend(),
-                                    [&](const QRect &screen) { return screen.contains(center); });
-    return found == screens.cend() ? QRect() : *found;
+    const QList<PlacedScreen> screens = m_screens.screens();
+    const auto under = m_operatorWindow ? screenUnder(screens, *m_operatorWindow) : std::nullopt;
+    return under ? screens.at(*under).frame : QRect();
 }
 
 /// Whether a display over \a frame does without a window manager. When a screen goes, window
@@ -119,8 +106,8 @@ QRect DisplayPlacement::operatorScreen(const QList<QRect> &screens) const
 /// lie over what the operator sees.
 bool DisplayPlacement::goesUnmanaged(const QRect &frame) const
 {
-    const QList<QRect> frames = framesOf(m_screens.screens());
-    return m_screens.isX11() && isApart(frame, frames, operatorScreen(frames));
+    const QList<PlacedScreen> screens = m_screens.screens();
+    return m_screens.isX11() && isApart(frame, framesOf(screens), operatorScreen());
 }
 
 } // namespace quenara

@@ -21,7 +21,9 @@ public:
     /// The display never goes to the screen with \a operatorWindow by itself.
     void keepOff(const QWidget &operatorWindow) { m_operatorWindow = &operatorWindow; }
 
-    bool hasScreens() const { return !m_screens.screens().isEmpty(); }
+    QList<PlacedScreen> screens() const { return m_screens.screens(); }
+    /// The one with the operator's window; empty without one.
+    QRect operatorScreen() const;
 
     /// The screen that a display opened by command covers. Its `screen` is null without screens.
     PlacedScreen screenByCommand() const;
@@ -43,7 +45,6 @@ signals:
     void screensChanged();
 
 private:
-    QRect operatorScreen(const QList<QRect> &screens) const;
     bool goesUnmanaged(const QRect &frame) const;
 
     ScreenWatch m_screens;

@@ -3,6 +3,7 @@
 #include <QGuiApplication>
 #include <QHash>
 #include <QScreen>
+#include <QWidget>
 
 #include <algorithm>
 #include <cstdlib>
@@ -96,6 +97,23 @@ bool isAboutScreens(xcb_connection_t * /*server*/, const void * /*message*/)
 #endif
 
 } // namespace
+
+std::optional<qsizetype> screenUnder(const QList<PlacedScreen> &screens, const QWidget &window)
+{
+    const QPoint center = window.frameGeometry().center();
+    const auto found =
+        std::find_if(screens.cbegin(), screens.cend(),
+                     [&](const PlacedScreen &screen) { return screen.frame.contains(center); });
+    return found == screens.cend() ? std::nullopt : std::optional(found - screens.cbegin());
+}
+
+QList<QRect> framesOf(const QList<PlacedScreen> &screens)
+{
+    QList<QRect> frames;
+    for (const PlacedScreen &screen : screens)
+        frames.append(screen.frame);
+    return frames;
+}
 
 ScreenWatch::ScreenWatch(QObject *parent) : QObject(parent), m_server(xServer())
 {

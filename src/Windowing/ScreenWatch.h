@@ -6,8 +6,10 @@
 #include <QRect>
 
 #include <chrono>
+#include <optional>
 
 class QScreen;
+class QWidget;
 struct xcb_connection_t;
 
 namespace quenara {
@@ -22,6 +24,13 @@ struct PlacedScreen
     QScreen *screen = nullptr;
     QRect frame;
 };
+
+/// The place in \a screens of the one that the middle of \a window lies on; none if it lies beside
+/// all of them.
+[[nodiscard]] std::optional<qsizetype> screenUnder(const QList<PlacedScreen> &screens,
+                                                   const QWidget &window);
+
+[[nodiscard]] QList<QRect> framesOf(const QList<PlacedScreen> &screens);
 
 /// Where the screens are, and when that changes. An X server is asked directly: Qt misses changes
 /// of resolution there, and screens that begin or cease to mirror another.

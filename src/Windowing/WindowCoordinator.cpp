@@ -25,7 +25,7 @@ WindowCoordinator::WindowCoordinator(const SystemColorScheme &systemScheme, Rend
             &WindowCoordinator::followScreens);
     m_screensSettled.setSingleShot(true);
     m_screensSettled.setInterval(screensSettleIn);
-    connect(&m_screensSettled, &QTimer::timeout, this, &WindowCoordinator::reopenDisplay);
+    connect(&m_screensSettled, &QTimer::timeout, this, &WindowCoordinator::reopenWaiting);
 }
 
 WindowCoordinator::~WindowCoordinator()
@@ -33,6 +33,12 @@ WindowCoordinator::~WindowCoordinator()
     // Deleted now, not later: what the windows show need not outlive the coordinator.
     for (Output *output : {&m_display, &m_stage})
         delete output->window.release();
+}
+
+void WindowCoordinator::keepOff(QWidget &operatorWindow)
+{
+    m_placement.keepOff(operatorWindow);
+    m_stagePlacement.keepOff(operatorWindow);
 }
 
 void WindowCoordinator::adopt(Output &output, OutputWindow *window)
@@ -109,29 +115,39 @@ void WindowCoordinator::leaveDisplay()
 
 void WindowCoordinator::openStageWindow(const WorkspaceStore &store, AppAppearance appearance)
 {
-    if (m_stage.window) {
-        bringToFront(*m_stage.window);
-        return;
+    if (!m_stage.window) {
+        OutputWindow *window = makeStageWindow(store, appearance);
+        window->setGeometry(stageFrame);
+        window->show();
+        adopt(m_stage, window);
     }
+    bringToFront(*m_stage.window);
+}
+
+/// It is shown neither yet nor anywhere in particular.
+OutputWindow *WindowCoordinator::makeStageWindow(const WorkspaceStore &store,
+                                                 AppAppearance appearance)
+{
     auto *window = new OutputWindow(new StageOutputView(store, m_caches), Qt::Window);
     window->setObjectName(QStringLiteral("stageWindow"));
     window->setWindowTitle(QStringLiteral("Quenara Stage"));
     window->setMinimumSize(stageMinimumSize);
-    window->setGeometry(stageFrame);
     window->setAppearance(appearance);
-    window->show();
-    bringToFront(*window);
-    adopt(m_stage, window);
+    m_stagePlacement.follow(*window);
+    m_stageStore = &store;
+    m_isStageWaiting = false;
+    return window;
 }
 
 void WindowCoordinator::closeStageWindow()
 {
+    m_isStageWaiting = false;
     close(m_stage);
 }
 
 SessionWindows WindowCoordinator::sessionWindows() const
 {
-    SessionWindows windows{.isStageOpen = m_stage.isOpen};
+    SessionWindows windows{.isStageOpen = m_stage.isOpen || m_isStageWaiting};
     if (m_display.window && m_placement.coversOperator(*m_display.window)) {
         windows.display = DisplayPlace::overOperator;
     } else if (m_display.window || m_isDisplayWaiting) {
@@ -161,12 +177,20 @@ void WindowCoordinator::reopen(const WorkspaceStore &store, AppAppearance appear
 
 void WindowCoordinator::followScreens()
 {
-    if (!m_placement.hasScreens())
+    if (m_placement.screens().isEmpty())
         return; // there is no screen to see them on
-    if (!m_display.window) {
-        m_screensSettled.start();
-        return;
+    m_screensSettled.start();
+    m_stagePlacement.awaitSettling();
+    if (m_stage.window && m_stagePlacement.hasLostScreen()) {
+        m_isStageWaiting = true; // before the change is told of
+        close(m_stage);
     }
+    if (m_display.window)
+        followWithDisplay();
+}
+
+void WindowCoordinator::followWithDisplay()
+{
     const auto screen = m_placement.screenToFollow(m_displayScreen);
     if (!screen) {
         closeDisplayWindow();
@@ -179,12 +203,30 @@ void WindowCoordinator::followScreens()
     }
 }
 
+void WindowCoordinator::reopenWaiting()
+{
+    reopenDisplay();
+    reopenStage();
+}
+
 void WindowCoordinator::reopenDisplay()
 {
     if (!m_isDisplayWaiting || !m_displayStore)
         return;
     if (const auto screen = m_placement.freeScreen())
         openDisplay(*m_displayStore, m_appearance.appearance(), *screen);
+}
+
+void WindowCoordinator::reopenStage()
+{
+    if (!m_isStageWaiting || !m_stageStore || !m_stagePlacement.canReturn(m_display.window.get()))
+        return;
+    OutputWindow *window = makeStageWindow(*m_stageStore, m_appearance.appearance());
+    m_stagePlacement.restore(*window);
+    // It comes by itself, while somebody may type elsewhere.
+    window->setAttribute(Qt::WA_ShowWithoutActivating);
+    window->show();
+    adopt(m_stage, window);
 }
 
 void WindowCoordinator::updateAppearance(AppAppearance appearance)

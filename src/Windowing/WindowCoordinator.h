@@ -4,6 +4,7 @@
 #include "DisplayPlacement.h"
 #include "OutputWindow.h"
 #include "Session.h"
+#include "StagePlacement.h"
 #include "WindowCloseObserver.h"
 
 #include <QObject>
@@ -26,8 +27,9 @@ class WorkspaceStore;
 /// The display follows the screens: it goes on covering its screen when that changes, moves to
 /// another when it disappears, and closes when there is none but the operator's. It then waits:
 /// when a screen of its own comes back, it opens there without taking the keyboard. Opening or
-/// closing it by command ends the waiting. A display that covers the operator's window is left by
-/// Escape, pressed there twice within a second.
+/// closing it by command ends the waiting. So does the stage monitor once it was put on a screen of
+/// its own, except that it waits for that one screen. A display that covers the operator's window
+/// is left by Escape, pressed there twice within a second.
 class WindowCoordinator : public QObject
 {
     Q_OBJECT
@@ -39,8 +41,8 @@ public:
                       QObject *parent = nullptr);
     ~WindowCoordinator() override;
 
-    /// The display never goes to the screen with \a operatorWindow by itself.
-    void keepOff(const QWidget &operatorWindow) { m_placement.keepOff(operatorWindow); }
+    /// No window goes to the screen with \a operatorWindow by itself.
+    void keepOff(QWidget &operatorWindow);
 
     /// Covers the second screen, else the main one. An open window is only raised.
     void openDisplayWindow(const WorkspaceStore &store, AppAppearance appearance);
@@ -93,22 +95,29 @@ private:
 
     void openDisplay(const WorkspaceStore &store, AppAppearance appearance,
                      const PlacedScreen &screen);
+    OutputWindow *makeStageWindow(const WorkspaceStore &store, AppAppearance appearance);
     void adopt(Output &output, OutputWindow *window);
     void release(Output &output);
     void close(Output &output);
     void setDisplayWaiting(bool isWaiting);
     void followScreens();
+    void followWithDisplay();
+    void reopenWaiting();
     void reopenDisplay();
+    void reopenStage();
     void leaveDisplay();
 
     RenderCaches &m_caches;
     ApplicationAppearance m_appearance;
     DisplayPlacement m_placement;
+    StagePlacement m_stagePlacement{m_placement};
     Output m_display{.openChanged = &WindowCoordinator::isDisplayWindowOpenChanged};
     Output m_stage{.openChanged = &WindowCoordinator::isStageWindowOpenChanged};
     QPointer<QScreen> m_displayScreen; ///< the one the display covers; null without screens
     QPointer<const WorkspaceStore> m_displayStore; ///< what it shows or last showed
+    QPointer<const WorkspaceStore> m_stageStore; ///< likewise
     bool m_isDisplayWaiting = false;
+    bool m_isStageWaiting = false; ///< whether it is closed and opens once its screen is back
     QTimer m_screensSettled;
 };
 

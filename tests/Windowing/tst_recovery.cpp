@@ -197,7 +197,7 @@ private slots:
     void theWindowsOfASessionAreWhatReopensThem()
     {
         WindowingWorld world;
-        const QWidget operatorWindow;
+        QWidget operatorWindow;
         world.windows.keepOff(operatorWindow);
         QCOMPARE(world.windows.sessionWindows(), SessionWindows());
         world.openDisplay();

@@ -4,7 +4,7 @@ import random
 import time
 
 from processes import wait_until
-from program import DISPLAY, OPERATOR
+from program import DISPLAY, OPERATOR, STAGE
 from screen_watch import ScreenWatch
 from show_case import TwoScreenCase, run
 from xserver import FIRST_SCREEN, SCREEN_HEIGHT, SCREEN_WIDTH, SECOND_SCREEN, THIRD_SCREEN
@@ -165,6 +165,48 @@ class Screens(TwoScreenCase):
         self.server.plug_second_screen()
         self.see_slide(0)
         self.assertEqual(program.area(DISPLAY), SECOND_SCREEN)
+
+    def put_stage_on_third_screen(self, program):
+        self.server.plug_third_screen()
+        self.addCleanup(self.server.unplug_third_screen)
+        program.open_stage()
+        program.move(STAGE, THIRD_SCREEN[2] + 120, 90)
+        program.focus(OPERATOR)
+        program.wait_until_at_rest()
+        return program.area(STAGE)
+
+    def test_a_stage_monitor_whose_screen_is_unplugged_closes_and_comes_back_where_it_was(self):
+        program = self.start_showing()
+        place = self.put_stage_on_third_screen(program)
+        self.server.unplug_third_screen()
+        program.wait_for_no_window(STAGE)
+        wait_until(lambda: "Evening Show" in program.focused_title(), "the operator window")
+        self.server.plug_third_screen()
+        program.wait_for_window(STAGE)
+        wait_until(lambda: program.area(STAGE) == place, f"{place} to be the stage monitor's")
+        self.assertIn("Evening Show", program.focused_title())
+        self.assertEqual(program.area(DISPLAY), SECOND_SCREEN)
+
+    def test_a_stage_monitor_waits_for_its_own_screen(self):
+        program = self.start_showing()
+        self.put_stage_on_third_screen(program)
+        self.server.unplug_third_screen()
+        program.wait_for_no_window(STAGE)
+        self.server.unplug_second_screen()
+        program.wait_for_no_window(DISPLAY)
+        self.server.plug_second_screen()
+        self.see_slide(0)
+        program.wait_until_at_rest()
+        self.assertIsNone(program.window(STAGE))
+
+    def test_a_stage_monitor_beside_the_operator_window_stays_when_another_screen_goes(self):
+        program = self.start_showing()
+        program.open_stage()
+        place = program.area(STAGE)
+        self.server.unplug_second_screen()
+        program.wait_for_no_window(DISPLAY)
+        program.wait_until_at_rest()
+        self.assertEqual(program.area(STAGE), place)
 
     def test_a_screen_unplugged_and_plugged_a_hundred_times_changes_nothing_of_the_show(self):
         program = self.start_showing()
