@@ -45,6 +45,7 @@ QuenaraApp::QuenaraApp(const QPalette &platformPalette)
       m_deferredPreferences(m_preferences, m_operatorWindow)
 {
     qApp->installEventFilter(&m_shortcutGuard);
+    qApp->installEventFilter(&m_activationGuard);
     qApp->installEventFilter(&m_focusRing);
     keepKeyboardInFront(m_operatorWindow);
     QObject::connect(&m_appearance, &AppearancePreference::rawValueChanged, &m_windows,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ActivationGuard.h"
 #include "AppearancePreference.h"
 #include "AudienceAnnouncer.h"
 #include "CommandActions.h"
@@ -69,6 +70,7 @@ private:
     SessionRecorder m_recorder; // gone before the windows are, which it would record
     AudienceAnnouncer m_announcer;
     ShortcutGuard m_shortcutGuard;
+    ActivationGuard m_activationGuard;
     FocusRing m_focusRing;
     DocumentGuard m_guard;
     CommandActions m_commands;

@@ -706,6 +706,26 @@ private slots:
         QCOMPARE(inspector.store.project(), before);
     }
 
+    void aFocusThatIsElsewhereStaysThereWhenRowsGo()
+    {
+        Inspector inspector;
+        inspector.startTyping(u"X"_s, u"12"_s);
+        auto &title = inspector.control<TextField>(u"Title"_s);
+        title.setFocus();
+        inspector.store.selectElement(std::nullopt);
+        QCOMPARE(QApplication::focusWidget(), &title);
+    }
+
+    void tabGoesOnFromTheFieldThatReturnHasLeft()
+    {
+        Inspector inspector;
+        inspector.startTyping(u"Width"_s, u"900"_s);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        QVERIFY(!qobject_cast<QLineEdit *>(QApplication::focusWidget()));
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QCOMPARE(QApplication::focusWidget(), &inspector.control<NumberField>(u"Height"_s));
+    }
+
     void aClickBesideAFieldEndsTheTyping()
     {
         Inspector inspector;

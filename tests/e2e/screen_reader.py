@@ -97,6 +97,51 @@ class ScreenReader:
         return wait_until(found, "the program to be readable")
 
 
+class Keyboard:
+    """Where a program tells that the keyboard is; a context manager."""
+
+    def __init__(self):
+        self._moves = 0
+        self._holder = None
+        self._listener = Atspi.EventListener.new(self._hear)
+
+    def __enter__(self):
+        self._listener.register("object:state-changed:focused")
+        return self
+
+    def __exit__(self, *_):
+        self._listener.deregister("object:state-changed:focused")
+
+    def _hear(self, event):
+        if event.detail1:
+            self._moves += 1
+            self._holder = Thing(event.source)
+
+    @property
+    def holder(self):
+        """What has the keyboard as far as has been told; None before anything has."""
+        while GLib.MainContext.default().iteration(False):
+            pass
+        return self._holder
+
+    def is_at(self, title, role=None, description=None):
+        # What has gone has no name any more.
+        with contextlib.suppress(GLib.Error):
+            holder = self.holder
+            return (holder is not None and holder.title == title and role in (None, holder.role)
+                    and description in (None, holder.description))
+        return False
+
+    def move(self, act):
+        """Does what moves the keyboard, and waits until that is told of."""
+        def has_moved():
+            return self.holder and self._moves > before
+
+        before = self.holder and self._moves
+        act()
+        wait_until(has_moved, "the keyboard to move")
+
+
 class Thing:
     """Something that a screen reader can speak of."""
 

@@ -350,8 +350,14 @@ void SlideCanvas::focusLayer(const std::optional<QString> &id)
     endKeySteps();
     m_focusedElementID = id;
     showFocus();
-    if (const SlideElement *focused = hasFocus() ? layer(id) : nullptr)
+    if (!hasFocus())
+        return;
+    if (const SlideElement *focused = layer(id)) {
         announce(QAccessible::Focus, *focused);
+    } else {
+        QAccessibleEvent event(this, QAccessible::Focus);
+        QAccessible::updateAccessibility(&event);
+    }
 }
 
 void SlideCanvas::announce(QAccessible::Event change, const SlideElement &layer)

@@ -3,6 +3,7 @@
 #include "QtWorkarounds.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPointer>
 
@@ -15,6 +16,36 @@ QLineEdit *heldBackField()
 {
     return qobject_cast<QLineEdit *>(QApplication::focusWidget());
 }
+
+/// Has Tab go on from the field that was left, while the widget around it has the keyboard: it
+/// would begin anew in front of the first control.
+class TabFromField : public QObject
+{
+public:
+    TabFromField(QWidget &around, QWidget &field) : QObject(&around), m_field(&field)
+    {
+        around.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject *around, QEvent *event) override
+    {
+        if (event->type() == QEvent::FocusOut) {
+            around->removeEventFilter(this);
+            deleteLater();
+        }
+        const bool isTab = event->type() == QEvent::KeyPress
+            && (static_cast<QKeyEvent *>(event)->key() == Qt::Key_Tab
+                || static_cast<QKeyEvent *>(event)->key() == Qt::Key_Backtab);
+        if (!isTab || !m_field || !m_field->isVisible() || !m_field->isEnabled())
+            return false;
+        m_field->setFocus(Qt::OtherFocusReason);
+        QCoreApplication::sendEvent(m_field, event);
+        return true;
+    }
+
+private:
+    QPointer<QWidget> m_field;
+};
 
 } // namespace
 
@@ -31,6 +62,7 @@ void leaveField(QWidget &field)
         around = around->isWindow() ? nullptr : around->parentWidget();
     if (around) {
         around->setFocus();
+        new TabFromField(*around, field);
     } else {
         field.clearFocus();
     }

@@ -9,8 +9,9 @@ namespace quenara {
 [[nodiscard]] bool takesText(const QObject *receiver);
 
 /// Ends the typing into \a field: it takes what was typed, and the keyboard goes to the nearest
-/// widget around it that takes the focus from a click. There, keys are the show's. If the focus
-/// were only cleared, it would go to the first field when the window becomes active again.
+/// widget around it that takes the focus from a click. There, keys are the show's, but for Tab,
+/// which goes on from the field. If the focus were only cleared, it would go to the first field
+/// when the window becomes active again.
 void leaveField(QWidget &field);
 
 /// Ends the typing into the field that has the focus, if that is one that holds back what is typed

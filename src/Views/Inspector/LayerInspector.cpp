@@ -9,6 +9,7 @@
 #include "Switch.h"
 #include "TextField.h"
 #include "TextInspector.h"
+#include "Typing.h"
 
 #include <QVBoxLayout>
 
@@ -98,8 +99,9 @@ void LayerInspector::showRows()
     };
     for (const auto &[block, isShown] : blocks) {
         // Qt would give the focus to the next field, which would take the keys of the show.
-        if (!isShown && block->isAncestorOf(focusWidget()))
-            setFocus();
+        QWidget *focused = window()->focusWidget();
+        if (!isShown && focused && block->isAncestorOf(focused))
+            leaveField(*focused);
         block->setVisible(isShown);
     }
 }

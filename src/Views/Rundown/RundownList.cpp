@@ -195,6 +195,31 @@ void RundownList::dataChanged(const QModelIndex &topLeft, const QModelIndex &bot
         tellOf(row);
 }
 
+/// Qt would tell assistive technologies that the row has the keyboard, wherever that is.
+void RundownList::currentChanged(const QModelIndex &current, const QModelIndex &previous)
+{
+    QAbstractItemView::currentChanged( // NOLINT(bugprone-parent-virtual-call): which is the point
+        current, previous);
+    tellOfFocus();
+}
+
+void RundownList::focusInEvent(QFocusEvent *event)
+{
+    QListView::focusInEvent(event);
+    // After Qt has told that the list has the keyboard.
+    QMetaObject::invokeMethod(this, &RundownList::tellOfFocus, Qt::QueuedConnection);
+}
+
+/// Tells assistive technologies which row the keyboard is at, if it is in the list.
+void RundownList::tellOfFocus()
+{
+    if (!hasFocus() || !currentIndex().isValid())
+        return;
+    QAccessibleEvent event(this, QAccessible::Focus);
+    event.setChild(currentIndex().row());
+    QAccessible::updateAccessibility(&event);
+}
+
 /// Tells assistive technologies that what is said of a row may have changed.
 void RundownList::tellOf(int row)
 {

@@ -47,8 +47,10 @@ signals:
     void rowsPlaced();
 
 protected:
+    void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
     void dataChanged(const QModelIndex &topLeft, const QModelIndex &bottomRight,
                      const QList<int> &roles) override;
+    void focusInEvent(QFocusEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
@@ -64,6 +66,7 @@ private:
     QModelIndex affectedRow() const;
     std::optional<int> rowFor(const QKeyEvent &event) const;
     void tellOf(int row);
+    void tellOfFocus();
     void showFocus();
     void followStore();
     void followSelection();
