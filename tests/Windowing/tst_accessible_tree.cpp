@@ -2,6 +2,7 @@
 #include "GuiTestSupport.h"
 #include "ProgramStates.h"
 #include "SlideCanvas.h"
+#include "Slider.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -240,6 +241,26 @@ private slots:
             QVERIFY(!program.windows.isStageWindowOpen());
             QVERIFY(!program.windows.isDisplayWindowOpen());
         });
+    }
+
+    void aSliderIsNotSetBehindADialogNorAnOpenList()
+    {
+        for (const Program::Arrange open : {openList, openSectionMenu, openStartPanel}) {
+            Program program(selectText);
+            auto *slider = program.operatorWindow.findChild<Slider *>();
+            QAccessibleValueInterface *value =
+                QAccessible::queryAccessibleInterface(slider)->valueInterface();
+            open(program);
+            Program::settle();
+            const ZelvoProject before = program.store.project();
+            value->setCurrentValue(0.5);
+            QCOMPARE(program.store.project(), before);
+            QVERIFY(!QApplication::activePopupWidget());
+            program.store.setStartPanelPresented(false);
+            Program::settle();
+            value->setCurrentValue(0.5);
+            QVERIFY(program.store.project() != before);
+        }
     }
 
     void anItemOfAnOpenMenuClosesTheMenuAndActs()

@@ -361,18 +361,22 @@ void closePopups()
     }
 }
 
+bool isReachedByClick(const QWidget &widget)
+{
+    if (!widget.isVisible() || !widget.isEnabled() || isBehindDialog(widget))
+        return false;
+    const bool isHeldBack = isBehindPopup(widget);
+    if (isHeldBack)
+        closePopups();
+    return !isHeldBack;
+}
+
 void clickSoon(QWidget &widget, const std::function<void()> &act)
 {
     const auto click = [target = QPointer(&widget), act] {
-        const auto canBeClicked = [&] {
-            return target && target->isVisible() && target->isEnabled() && !isBehindDialog(*target);
-        };
+        const auto canBeClicked = [&] { return target && isReachedByClick(*target); };
         if (!canBeClicked())
             return;
-        if (isBehindPopup(*target)) {
-            closePopups();
-            return;
-        }
         QWidget *field = QApplication::focusWidget();
         if (takesText(field) && field->window() == target->window())
             leaveField(*field);

@@ -21,6 +21,10 @@ void setAccessibleRole(QWidget &widget, QAccessible::Role role);
 /// leaves its menu open, which a click on it does not.
 void closePopups();
 
+/// Whether a click would reach \a widget: it is shown and enabled, and no dialog stands before it.
+/// Of a list or menu that is open elsewhere, which keeps a click from it, this closes all.
+[[nodiscard]] bool isReachedByClick(const QWidget &widget);
+
 /// Does what a click on \a widget does, which \a act carries out, once assistive technology has its
 /// answer: a dialog that the click opens would keep it waiting. As a click, it ends the typing in
 /// that window, does nothing if the widget is disabled or a dialog stands before it, and only

@@ -1,5 +1,6 @@
 #include "Slider.h"
 
+#include "AccessibleControls.h"
 #include "ThemeColors.h"
 
 #include <QAccessibleWidget>
@@ -57,6 +58,8 @@ public:
 
     void setCurrentValue(const QVariant &value) override
     {
+        if (!isReachedByClick(m_slider))
+            return;
         emit m_slider.edited(std::clamp(value.toDouble(), m_slider.minimum(), m_slider.maximum()));
         emit m_slider.editingFinished();
     }
