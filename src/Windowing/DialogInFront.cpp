@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDialog>
 #include <QEvent>
+#include <QPointer>
 #include <QWindow>
 
 namespace quenara {
@@ -26,18 +27,25 @@ bool isBehind(const QWindow &window, const QWidget &dialog)
 class TransientFor : public QObject
 {
 public:
-    explicit TransientFor(const QWidget &below) : m_below(*below.window()->windowHandle()) {}
+    explicit TransientFor(const QWidget &below) : m_below(below.window()->windowHandle()) {}
 
     bool eventFilter(QObject *watched, QEvent *event) override
     {
         if (event->type() == QEvent::Show)
-            static_cast<QWidget *>(watched)->windowHandle()->setTransientParent(&m_below);
+            static_cast<QWidget *>(watched)->windowHandle()->setTransientParent(m_below);
         return QObject::eventFilter(watched, event);
     }
 
 private:
-    QWindow &m_below;
+    QPointer<QWindow> m_below;
 };
+
+/// Qt's widgets miss that a window gets the keyboard while a menu is open.
+void followKeyboard(QWidget &window)
+{
+    if (QGuiApplication::focusWindow() == window.windowHandle())
+        QApplication::setActiveWindow(&window);
+}
 
 } // namespace
 
@@ -56,11 +64,16 @@ void keepKeyboardInFront(QObject &context)
 {
     QObject::connect(qApp, &QGuiApplication::focusWindowChanged, &context, [](QWindow *window) {
         QWidget *front = QApplication::activeModalWidget();
-        if (!window || !front || !isBehind(*window, *front))
+        if (!window || !front)
             return;
         // Queued, since Qt still tells others of the change.
-        QMetaObject::invokeMethod(
-            front, [front] { front->activateWindow(); }, Qt::QueuedConnection);
+        if (isBehind(*window, *front)) {
+            QMetaObject::invokeMethod(
+                front, [front] { front->activateWindow(); }, Qt::QueuedConnection);
+        } else if (window == front->windowHandle()) {
+            QMetaObject::invokeMethod(
+                front, [front] { followKeyboard(*front); }, Qt::QueuedConnection);
+        }
     });
 }
 

@@ -153,15 +153,14 @@ class Monkey:
     def press_thing(self):
         """Goes down the tree by chance, and does one of the actions of what it comes to."""
         thing = self.application
-        while thing and thing.child_count and (
-                thing.action_count == 0 or self.random.random() < 0.8):
-            thing = thing.child(self.random.randrange(thing.child_count))
-        if not thing or thing.role in UNMOVED or thing.name == "Quit" or not thing.action_count:
+        children = thing.child_count
+        while children > 0 and (thing.action_count < 1 or self.random.random() < 0.8):
+            thing = thing.child(self.random.randrange(children))
+            children = thing.child_count if thing else 0
+        actions = thing.action_count if thing else 0
+        if actions < 1 or thing.role in UNMOVED or thing.name == "Quit":
             return
-        # A reader can open a menu behind a dialog, which then leaves the keyboard with neither.
-        if thing.role == "menu item" and thing.child_count:
-            return
-        action = self.random.randrange(thing.action_count)
+        action = self.random.randrange(actions)
         self.steps.append(f"action {action} of {thing.role} {thing.name!r}")
         thing.press(action)
 
@@ -204,7 +203,7 @@ class Monkey:
         """Points to a random place of a window. Whether the program shows something there: the
         frame of another window might close it."""
         places = {shown: self.place_of(shown) for shown in windows}
-        if not all(places.values()):
+        if not all(places.values()): # one has closed meanwhile
             return False
         x, y, width, height = places[window]
         x, y = x + self.random.randrange(width), y + self.random.randrange(height)

@@ -2,7 +2,7 @@
 
 from documents import Documents
 from processes import wait_until
-from program import ALERT, DISPLAY, OPERATOR, SETTINGS, STAGE, START_PANEL
+from program import ABOUT, ALERT, DISPLAY, OPERATOR, SETTINGS, STAGE, START_PANEL
 from show_case import ReadCase, run
 
 BUTTON, SWITCH, CHOICE, TEXT, PICKER, SLIDER, ROW = (
@@ -225,6 +225,20 @@ class Accessibility(Documents, ReadCase):
                 self.program.press(key)
                 wait_until(lambda told=told: changes() == ["Opacity"] * told, "a change to be told")
                 self.assertEqual(opacity.value, value)
+
+    def test_a_menu_opened_behind_a_dialog_leaves_that_the_keyboard(self):
+        self.program.open_display()
+        self.program.focus(OPERATOR)
+        self.menus()["Help"][0].press()
+        self.program.wait_for_window(ABOUT)
+        self.program.focus(DISPLAY)
+        bar = next(thing for thing in self.shown() if thing.role == "menu bar")
+        bar.children[0].press()
+        wait_until(lambda: bar.children[0].children[0].has("SHOWING"), "the menu to open")
+        self.program.press("Escape")
+        self.program.wait_until_at_rest()
+        self.program.press("Escape")
+        self.program.wait_for_no_window(ABOUT)
 
     def test_without_a_slide_what_needs_one_is_disabled(self):
         self.program.focus(OPERATOR)
