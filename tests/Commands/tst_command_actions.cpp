@@ -226,10 +226,10 @@ private slots:
         QVERIFY(world.panels.asked.isEmpty());
         QVERIFY(quit.isEmpty());
 
-        world.commands.action(Command::queueNext)->trigger();
-        world.commands.action(Command::goLive)->trigger();
+        world.commands.perform(Command::queueNext);
+        world.commands.perform(Command::goLive);
         QCOMPARE(world.store.liveSlideID(), u"A2"_s);
-        world.commands.action(Command::toggleDisplayWindow)->trigger();
+        world.commands.perform(Command::toggleDisplayWindow);
         QVERIFY(world.outputs.isDisplayWindowOpen());
     }
 
