@@ -17,12 +17,18 @@ namespace quenara {
 
 namespace {
 
+/// Whether \a name could name a file at all. Qt warns of one that could not.
+bool mayBeFile(const QString &name)
+{
+    return !name.isEmpty() && !name.contains(QChar::Null);
+}
+
 /// Opens a file that has an end. What it is, is asked before it is opened, which has effects on
 /// some devices, and after, since another file may have come to its place.
 bool openPlain(QFile &file)
 {
     constexpr auto mode = QIODevice::ReadOnly | QIODevice::Unbuffered;
-    if (!QFileInfo(file).isFile())
+    if (!mayBeFile(file.fileName()) || !QFileInfo(file).isFile())
         return false;
 #ifdef Q_OS_UNIX
     // Neither opening a pipe nor reading from the system's own files waits then.
@@ -74,7 +80,8 @@ std::optional<QByteArray> wholeFile(const QUrl &url, qint64 limit)
 
 qint64 modificationTime(const QUrl &url)
 {
-    const QFileInfo file(url.toLocalFile());
+    const QString name = url.toLocalFile();
+    const QFileInfo file(mayBeFile(name) ? name : QString());
     return file.isFile() ? file.lastModified().toMSecsSinceEpoch() : 0;
 }
 

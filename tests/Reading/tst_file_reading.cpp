@@ -51,6 +51,13 @@ private slots:
         QCOMPARE(wholeFile(QUrl::fromLocalFile(path(u"plain"_s))), bytes);
     }
 
+    void aNameThatNoFileCanHaveNamesNone()
+    {
+        const QUrl url = QUrl::fromLocalFile(path(u"pl"_s) + QChar::Null + u"ain"_s);
+        QVERIFY(!wholeFile(url)); // and Qt does not warn, which would end the test
+        QCOMPARE(modificationTime(url), 0);
+    }
+
     void aFileAboveTheLimitIsNotRead()
     {
         writeFile(path(u"plain"_s), QByteArray(1001, 'x'));

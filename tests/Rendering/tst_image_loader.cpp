@@ -286,6 +286,20 @@ private slots:
         QVERIFY(ZelvoImageLoader::image(mediaAt(place)).isNull());
     }
 
+    void aNameThatNoFileCanHaveIsLookedForNowhere_data()
+    {
+        QTest::addColumn<QByteArray>("place");
+        QTest::newRow("a path") << QByteArray("/tmp/im\0age.png", 15);
+        QTest::newRow("an address") << QByteArray("file:///tmp/im%00age.png");
+    }
+
+    void aNameThatNoFileCanHaveIsLookedForNowhere()
+    {
+        QFETCH(QByteArray, place);
+        QCOMPARE(ZelvoImageLoader::fileName(mediaAt(place)), QString());
+        QVERIFY(ZelvoImageLoader::image(mediaAt(place)).isNull());
+    }
+
     void anAddressOnTheNetIsNoFile_data()
     {
         QTest::addColumn<QByteArray>("place");

@@ -105,7 +105,8 @@ QString ZelvoImageLoader::fileName(const SlideMedia &media)
         return {};
     const QString text = QString::fromUtf8(media.dataUrl);
     const QUrl url(text, QUrl::StrictMode);
-    return url.isLocalFile() ? url.toLocalFile() : text;
+    const QString name = url.isLocalFile() ? url.toLocalFile() : text;
+    return name.contains(QChar::Null) ? QString() : name; // no file is called so
 }
 
 } // namespace quenara
