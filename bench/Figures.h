@@ -42,6 +42,7 @@ public:
     explicit Times(const QList<double> &times) : m_times(times) {}
 
     void measure(const std::function<void()> &operation);
+    void append(const Times &others) { m_times += others.m_times; }
     /// The shortest in nanoseconds.
     double best() const { return within(0); }
     /// What the \a share of them, from the shortest on, took at most.

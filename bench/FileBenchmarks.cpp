@@ -1,5 +1,6 @@
 #include "FileBenchmarks.h"
 
+#include "ProcessMemory.h"
 #include "ProjectCodec.h"
 #include "ProjectFileService.h"
 #include "ProjectGenerator.h"
@@ -131,19 +132,6 @@ private:
     ZelvoProject m_project;
     QByteArray m_bytes;
 };
-
-/// A line of this process's status, in bytes; \a key as "VmRSS:".
-double memoryStatus(QByteArrayView key)
-{
-    QFile status(QStringLiteral("/proc/self/status"));
-    if (status.open(QIODevice::ReadOnly)) {
-        for (const QByteArray &line : status.readAll().split('\n')) {
-            if (line.startsWith(key))
-                return line.mid(key.size()).simplified().split(' ').constFirst().toDouble() * 1024;
-        }
-    }
-    qFatal("no %s in the process's status", key.data());
-}
 
 } // namespace
 

@@ -8,10 +8,10 @@
 #include "RenderCaches.h"
 #include "RundownList.h"
 #include "RundownModel.h"
+#include "Settling.h"
 #include "StageOutputView.h"
 #include "TextField.h"
 
-#include <QAbstractEventDispatcher>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -40,13 +40,6 @@ TextField *titleFieldOf(const QWidget &view)
         return field->accessibleName() == QStringLiteral("Title");
     });
     return *title;
-}
-
-/// Handles events until all that a step changes is painted.
-void settle()
-{
-    QAbstractEventDispatcher *dispatcher = QAbstractEventDispatcher::instance();
-    while (dispatcher->processEvents(QEventLoop::AllEvents)) {}
 }
 
 class Workplace

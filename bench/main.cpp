@@ -1,10 +1,12 @@
 #include "CanvasBenchmarks.h"
 #include "EditingBenchmarks.h"
+#include "ExtremeBenchmarks.h"
 #include "FileBenchmarks.h"
 #include "InterfaceStyle.h"
 #include "RecoveryBenchmarks.h"
 #include "RenderingBenchmarks.h"
 #include "StageBenchmarks.h"
+#include "WalkThrough.h"
 #include "WorkplaceBenchmarks.h"
 #include "ZelvoImageLoader.h"
 
@@ -23,9 +25,9 @@ struct Group
 };
 
 constexpr Group groups[] = {
-    {"editing", editingFigures},   {"files", fileFigures},    {"rendering", renderingFigures},
-    {"stage", stageFigures},       {"canvas", canvasFigures}, {"workplace", workplaceFigures},
-    {"recovery", recoveryFigures},
+    {"editing", editingFigures},   {"files", fileFigures},       {"rendering", renderingFigures},
+    {"stage", stageFigures},       {"canvas", canvasFigures},    {"workplace", workplaceFigures},
+    {"recovery", recoveryFigures}, {"extremes", extremeFigures},
 };
 
 } // namespace
@@ -42,10 +44,14 @@ int main(int argc, char *argv[])
         reportMemoryOfLoading(arguments.at(2));
         return 0;
     }
-    benchmark::Initialize(&argc, argv);
     quenara::setUpInterface();
     quenara::ZelvoImageLoader::limitMemory();
     quenara::applyTheme(quenara::ZelvoTheme::dark());
+    if (arguments.size() == 3 && arguments.at(1) == QLatin1String(walkThroughArgument)) {
+        reportWalkThrough(arguments.at(2));
+        return 0;
+    }
+    benchmark::Initialize(&argc, argv);
     QStringList wanted;
     for (int i = 1; i < argc; ++i)
         wanted.append(QString::fromLocal8Bit(argv[i]));
