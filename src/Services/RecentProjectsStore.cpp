@@ -2,6 +2,7 @@
 
 #include "JsonDates.h"
 #include "ProjectCodec.h"
+#include "ShortenedText.h"
 
 #include <QCoreApplication>
 #include <QEvent>
@@ -30,8 +31,9 @@ QList<RecentProject> RecentProjectsStore::add(QSettings &preferences, const QUrl
     const QString path = url.toLocalFile();
     QList<RecentProject> projects = load(preferences);
     projects.removeIf([&path](const RecentProject &project) { return project.path == path; });
-    projects.prepend(
-        {.name = projectName, .path = path, .lastOpened = json::referenceSeconds(now)});
+    projects.prepend({.name = shortened(projectName, longestName),
+                      .path = path,
+                      .lastOpened = json::referenceSeconds(now)});
     projects = projects.first(std::min(projects.size(), limit));
     preferences.setValue(QLatin1String(preferencesKey),
                          QString::fromUtf8(ProjectCodec::encode(projects)));

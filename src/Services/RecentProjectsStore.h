@@ -16,6 +16,7 @@ struct RecentProjectsStore
 {
     static constexpr const char *preferencesKey = "QuenaraRecentProjects";
     static constexpr qsizetype limit = 10;
+    static constexpr qsizetype longestName = 1000; ///< characters that are kept of a project's name
 
     /// The stored list, newest first; empty if there is none or it does not decode.
     [[nodiscard]] static QList<RecentProject> load(const QSettings &preferences);

@@ -139,7 +139,8 @@ void WorkspaceStore::save(const QUrl &url)
 
 void WorkspaceStore::saveProjectAs()
 {
-    const QString &name = m_state.project.name;
+    constexpr qsizetype longestName = 200; // that file systems have room for in all writings
+    const QString name = m_state.project.name.left(longestName);
     const FilePanel panel =
         zelvoProjectSavePanel(name.isEmpty() ? QStringLiteral("Quenara") : name);
     if (const std::optional<QUrl> url = m_environment.panels.run(panel))

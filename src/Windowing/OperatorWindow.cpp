@@ -6,6 +6,7 @@
 #include "OperatorView.h"
 #include "Recovery.h"
 #include "RecoverySheet.h"
+#include "ShortenedText.h"
 #include "StartPanelView.h"
 #include "WindowCoordinator.h"
 #include "WindowPlace.h"
@@ -203,7 +204,8 @@ void OperatorWindow::showTitle()
 {
     // QWidget replaces the mark, unless it is doubled, by a sign that the window is modified.
     const QString mark = QStringLiteral("[*]");
-    QString name = m_store.project().name.simplified();
+    constexpr qsizetype longestName = 1000; // no title bar has room for more
+    QString name = shortened(m_store.project().name, longestName).simplified();
     // The desktop would read no further than to the first of these.
     name.remove(QChar::Null);
     if (name.isEmpty())

@@ -91,6 +91,16 @@ private slots:
         QCOMPARE(box.text(), u"one"_s);
     }
 
+    void ofATextThatIsTooLongTheBeginningIsPasted()
+    {
+        Box box;
+        auto *data = new QMimeData;
+        data->setText(u"a line of a song\n"_s.repeated(20'000));
+        copy(data);
+        QTest::keyClick(&box.control, Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(box.text(), data->text().first(100'000));
+    }
+
     void anExampleIsSelectedWholeAtFirstAndByTheFirstClickAlone()
     {
         Box box;

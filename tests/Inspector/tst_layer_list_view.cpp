@@ -105,6 +105,37 @@ private slots:
             QVERIFY(!symbol->isVisible());
     }
 
+    void ofThousandsOfLayersThoseAroundTheSelectedOneHaveRows()
+    {
+        QList<SlideElement> layers;
+        for (int i = 0; i < 5000; ++i)
+            layers.append(layerAt(QString::number(i), i));
+        LayerList list(showWith(layers));
+        const auto says = [&list](const QString &text) {
+            const QList<QLabel *> labels = list.view.findChildren<QLabel *>();
+            return std::any_of(labels.begin(), labels.end(), [&](const QLabel *label) {
+                return label->isVisible() && label->text() == text;
+            });
+        };
+        const QStringList top = list.ids();
+        QCOMPARE(top.size(), 200);
+        QCOMPARE(top.constFirst(), u"4999"_s);
+        QVERIFY(says(u"4800 more below"_s));
+
+        list.store.selectElement(u"2500"_s);
+        QCOMPARE(list.ids().size(), 200);
+        QCOMPARE(list.markedIDs(), QStringList{u"2500"_s});
+        QVERIFY(says(u"2399 more above"_s));
+        QVERIFY(says(u"2401 more below"_s));
+        const QStringList around = list.ids();
+        list.row(u"2510"_s).click();
+        QCOMPARE(list.ids(), around);
+
+        list.store.selectElement(u"0"_s);
+        QCOMPARE(list.ids().constLast(), u"0"_s);
+        QVERIFY(says(u"4800 more above"_s));
+    }
+
     void textsThatAreCutAreWarnedOf()
     {
         LayerList list(showOf({2}));

@@ -194,6 +194,24 @@ private slots:
         QCOMPARE(topColor(-1, 0), qRgb(0, 0, 255));
     }
 
+    void ofTooManyLayersTheTopmostArePainted()
+    {
+        SlideDesign design;
+        for (int i = 0; i < 1000; ++i) {
+            SlideElement layer;
+            layer.id = QString::number(i);
+            layer.zIndex = i;
+            layer.visible = i < 900;
+            design.elements.append(layer);
+        }
+        const QList<SlideElement> painted = paintedLayers(design);
+        QCOMPARE(painted.size(), mostPaintedLayers);
+        QCOMPARE(painted.constFirst().id, QString::number(900 - mostPaintedLayers));
+        QCOMPARE(painted.constLast().id, QStringLiteral("899"));
+        design.elements = painted;
+        QCOMPARE(paintedLayers(design), painted);
+    }
+
     void aHiddenLayerIsNeitherDrawnNorOutlinedEvenWhenSelected()
     {
         SlideElement hidden = rectangleLayer(QStringLiteral("hidden"), {0, 0, 1920, 1080}, red, 1);

@@ -114,6 +114,44 @@ private slots:
         QVERIFY(block.bounds().width() <= box.width());
     }
 
+    void aLongTextIsCutWhereItsBeginningIs_data()
+    {
+        QTest::addColumn<QString>("beginning");
+        QTest::addColumn<QString>("rest");
+        QTest::newRow("words") << words(1500) << words(500'000);
+        QTest::newRow("lines") << lines(900) << lines(200'000);
+        QTest::newRow("a word without end") << QString(9000, u'w') << QString(4'000'000, u'w');
+    }
+
+    void aLongTextIsCutWhereItsBeginningIs()
+    {
+        QFETCH(QString, beginning);
+        QFETCH(QString, rest);
+        const QSizeF box(1000, 800);
+        const TextBlock expected(sized(beginning, 44), box);
+        const TextBlock block(sized(beginning + rest, 44), box);
+        QVERIFY(expected.isCut() && block.isCut());
+        QCOMPARE(block.lines(), expected.lines());
+        QCOMPARE(block.bounds(), expected.bounds());
+        QCOMPARE(block.offsets().stored(block.layout().text().size()),
+                 beginning.size() + rest.size());
+    }
+
+    void aTextOfMoreCharactersThanAreLaidOutIsCutThoughThereIsRoom()
+    {
+        const QSizeF endless(10'000, 10'000);
+        const QString longest(TextBlock::longestText, u'x');
+        QVERIFY(!TextBlock(sized(longest, 10), endless).isCut());
+        const TextBlock cut(sized(longest + u'x', 10), endless);
+        QVERIFY(cut.isCut());
+        QCOMPARE(cut.layout().text(), longest + ellipsis);
+        const QString pairs = QStringLiteral("x") + QStringLiteral("\U0001D11E").repeated(20'000);
+        QVERIFY(!TextBlock(sized(pairs, 10), endless)
+                     .layout()
+                     .text()
+                     .contains(QChar(0xd834) + QString(ellipsis)));
+    }
+
     void aSlidesTextMayHaveAnyNumberOfLines()
     {
         const TextBlock block(sized(lines(60), 44), roomy);

@@ -51,6 +51,23 @@ private slots:
         QVERIFY(queued.data(RundownModel::isSelectedRole).toBool());
     }
 
+    void thousandsOfRowsThatBearOneMarkAreToldOfAtOnce()
+    {
+        ZelvoProject project = showOf({5000, 1});
+        for (Slide &slide : project.serviceItems.first().slides)
+            slide.id = u"same"_s;
+        World world(project);
+        const RundownModel model(world.store);
+        QList<std::pair<int, int>> told;
+        connect(&model, &RundownModel::dataChanged, this,
+                [&told](const QModelIndex &first, const QModelIndex &last) {
+                    told.append({first.row(), last.row()});
+                });
+        world.store.selectSlide(project.serviceItems.last().slides.first().id, true);
+        QVERIFY(told.contains(std::pair(1, 5000)));
+        QVERIFY(told.size() < 10);
+    }
+
     void theModelStaysConsistentWhileTheProjectChanges()
     {
         World world(showOf({3, 2, 4}));

@@ -44,6 +44,20 @@ private slots:
         QVERIFY(RecentProjectsStore::load(m_preferences).isEmpty());
     }
 
+    void ofALongNameTheBeginningIsKept()
+    {
+        const QString name = u"name"_s.repeated(60'000);
+        const auto added = RecentProjectsStore::add(m_preferences, fileUrl(u"/a"_s), name, start);
+        QCOMPARE(added.constFirst().name,
+                 name.first(RecentProjectsStore::longestName - 1) + u'\u2026');
+        QCOMPARE(RecentProjectsStore::load(m_preferences), added);
+        const QString longest = name.first(RecentProjectsStore::longestName);
+        QCOMPARE(RecentProjectsStore::add(m_preferences, fileUrl(u"/b"_s), longest, start)
+                     .constFirst()
+                     .name,
+                 longest);
+    }
+
     void whatDoesNotDecodeIsAnEmptyListAndStays_data()
     {
         QTest::addColumn<QVariant>("stored");

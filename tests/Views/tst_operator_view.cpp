@@ -22,6 +22,8 @@ namespace {
 
 struct Operator : OperatorWorld
 {
+    using OperatorWorld::OperatorWorld;
+
     QLineEdit *name = view.findChild<QLineEdit *>(QStringLiteral("projectName"));
 
     bool shows(const QString &text) const
@@ -34,6 +36,12 @@ struct Operator : OperatorWorld
 
     QString badge() const { return view.findChild<OutputModeBadge *>()->accessibleName(); }
 };
+
+/// A project with a name that no field takes in.
+QString endlessName()
+{
+    return QStringLiteral("name ").repeated(50'000);
+}
 
 /// What the tooltip over the middle of a widget says.
 QString tooltipOver(QWidget &widget)
@@ -80,6 +88,20 @@ private slots:
         QCOMPARE(op.view.findChild<RundownView *>()->width(), 286);
         QCOMPARE(op.view.findChild<TransportView *>()->height(), 132);
         QCOMPARE(op.view.findChild<TransportView *>()->width(), 1480);
+    }
+
+    void aNameThatIsTooLongForItsFieldIsNeitherEditedThereNorCut()
+    {
+        ZelvoProject project = test::World().store.project();
+        project.name = endlessName();
+        Operator op(project);
+        QVERIFY(op.name->isReadOnly());
+        QVERIFY(op.name->text().startsWith(QStringLiteral("name name")));
+        op.name->setFocus();
+        QTest::keyClicks(op.name, QStringLiteral("x"));
+        QTest::keyClick(op.name, Qt::Key_Return);
+        QCOMPARE(op.store.project().name, project.name);
+        QVERIFY(!op.store.hasUnsavedChanges());
     }
 
     void onASmallScreenTheWorkAreaGivesWayAndNothingElse_data()

@@ -10,18 +10,33 @@ namespace {
 
 using Finder = QTextBoundaryFinder;
 
+/// What a finder looks at: it examines all of its text before it answers, however long that is.
+/// Characters and words end within this piece.
+struct Surroundings
+{
+    static constexpr qsizetype reach = 10'000; ///< to either side
+
+    qsizetype start;
+    QString piece;
+
+    Surroundings(const QString &text, qsizetype position)
+        : start(std::max<qsizetype>(0, position - reach)), piece(text.mid(start, 2 * reach))
+    {}
+};
+
 /// The first boundary, in the direction of \a step from \a position, that is there for one of
 /// \a reasons; \a end if there is none.
 qsizetype boundary(Finder::BoundaryType type, const QString &text, qsizetype position,
                    Finder::BoundaryReasons reasons, qsizetype (Finder::*step)(), qsizetype end)
 {
-    Finder finder(type, text);
-    finder.setPosition(position);
+    const Surroundings around(text, position);
+    Finder finder(type, around.piece);
+    finder.setPosition(position - around.start);
     while ((finder.*step)() >= 0) {
         if (finder.boundaryReasons() & reasons)
-            return finder.position();
+            return around.start + finder.position();
     }
-    return end;
+    return std::clamp(end, around.start, around.start + around.piece.size());
 }
 
 qsizetype next(Finder::BoundaryType type, const QString &text, qsizetype position,
@@ -107,8 +122,9 @@ void EditedText::replace(const QString &other)
 qsizetype EditedText::placeFrom(qsizetype position) const
 {
     const qsizetype within = std::clamp<qsizetype>(position, 0, text.size());
-    Finder finder(Finder::Grapheme, text);
-    finder.setPosition(within);
+    const Surroundings around(text, within);
+    Finder finder(Finder::Grapheme, around.piece);
+    finder.setPosition(within - around.start);
     return finder.isAtBoundary() ? within : next(Finder::Grapheme, text, within, anyBoundary);
 }
 

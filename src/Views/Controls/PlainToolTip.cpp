@@ -1,12 +1,21 @@
 #include "PlainToolTip.h"
 
+#include "ShortenedText.h"
+
 #include <QTextDocument>
 
 namespace quenara {
 
+namespace {
+
+constexpr qsizetype longestToolTip = 2000; ///< characters; more would cover the screen
+
+} // namespace
+
 QString plainToolTip(const QString &text)
 {
-    return Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text) : text;
+    const QString shown = shortened(text, longestToolTip);
+    return Qt::mightBeRichText(shown) ? Qt::convertFromPlainText(shown) : shown;
 }
 
 QString buttonToolTip(const QString &text, const QKeySequence &key)

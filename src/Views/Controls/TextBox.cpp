@@ -10,6 +10,12 @@
 
 namespace quenara {
 
+namespace {
+
+constexpr qsizetype longestPaste = 100'000; ///< characters; it takes Qt longer to lay out more
+
+} // namespace
+
 TextBox::TextBox(const QString &title, QWidget *parent) : QPlainTextEdit(parent)
 {
     setAccessibleName(title);
@@ -64,7 +70,7 @@ void TextBox::insertFromMimeData(const QMimeData *source)
 {
     // Qt would read the first format of the source, even if it has none, as on X11 while nobody
     // owns the clipboard. It would also set Markdown as rich text.
-    const QString text = pastedText(source);
+    const QString text = pastedText(source).left(longestPaste);
     if (text.isEmpty())
         return;
     if (m_isExample && !textCursor().hasSelection())

@@ -1,31 +1,37 @@
 #include "TextField.h"
 
+#include "ShortenedText.h"
 #include "Typing.h"
 
 #include <QKeyEvent>
 
 #include <algorithm>
-#include <limits>
 
 namespace quenara {
+
+void showLine(QLineEdit &field, const QString &text)
+{
+    field.setReadOnly(text.size() > longestLine);
+    field.setText(shortened(text, longestLine));
+}
 
 TextField::TextField(const QString &title, QWidget *parent) : QLineEdit(parent)
 {
     setAccessibleName(title);
-    setMaxLength(std::numeric_limits<int>::max());
+    setMaxLength(longestLine);
 }
 
 void TextField::showText(const QString &text)
 {
-    if (text == this->text())
+    if (isReadOnly() == (text.size() > longestLine) && shortened(text, longestLine) == this->text())
         return;
     const int caret = hasFocus() ? cursorPosition() : 0;
     const bool selectsBackwards = caret == selectionStart();
     const int anchor = !hasSelectedText() ? caret
         : selectsBackwards                ? selectionEnd()
                                           : selectionStart();
-    setText(text);
-    const int end = int(text.size());
+    showLine(*this, text);
+    const int end = int(this->text().size());
     const int start = std::min(anchor, end);
     setSelection(start, std::min(caret, end) - start);
 }

@@ -4,6 +4,14 @@
 
 namespace quenara {
 
+/// The characters that a field of one line holds at most, far more than a title has: what takes
+/// them in takes the longer the more they are.
+inline constexpr int longestLine = 100'000;
+
+/// Shows \a text in \a field. Of one that is too long, it shows the beginning and lets nobody edit
+/// that.
+void showLine(QLineEdit &field, const QString &text);
+
 /// One line of text. Return and Escape leave it.
 class TextField : public QLineEdit
 {

@@ -26,6 +26,7 @@ constexpr int warningSize = 14;
 constexpr int warningGap = 6;
 constexpr int belowHeader = 4;
 constexpr int actionsMargin = 8; ///< above them
+constexpr qsizetype mostRows = 200; ///< widgets that can be made before anybody waits for them
 
 struct Action
 {
@@ -62,7 +63,8 @@ LayerListView::LayerListView(WorkspaceStore &store, RenderCaches &caches, QWidge
     : QWidget(parent), m_store(store), m_caches(caches),
       m_warning(new SymbolLabel(QLatin1String(cutTextSymbol), warningSize, &ZelvoTheme::warning)),
       m_header(makeHeader()), m_list(new QWidget), m_rowsLayout(new QVBoxLayout(m_list)),
-      m_actions(makeActions())
+      m_actions(makeActions()), m_above(makeRoleLabel(QStringLiteral("note"))),
+      m_below(makeRoleLabel(QStringLiteral("note")))
 {
     m_warning->hide();
     setAccessibleRole(*m_list, QAccessible::List);
@@ -73,7 +75,9 @@ LayerListView::LayerListView(WorkspaceStore &store, RenderCaches &caches, QWidge
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(m_header);
+    layout->addWidget(m_above);
     layout->addWidget(m_list);
+    layout->addWidget(m_below);
     layout->addWidget(m_actions);
     connect(&store, &WorkspaceStore::changed, this, &LayerListView::showStore);
     showStore();
@@ -159,11 +163,32 @@ void LayerListView::showWarning(const std::optional<Slide> &slide)
     m_warning->setToolTip(plainToolTip(notice));
 }
 
+/// Those of \a all layers that have rows: most often all of them, else as many as stay the same
+/// until one beyond is selected.
+QList<LayerRow::Contents> LayerListView::chosenRows(const QList<LayerRow::Contents> &all)
+{
+    const qsizetype count = std::min(all.size(), mostRows);
+    const auto selected = std::find_if(all.begin(), all.end(), [this](const auto &row) {
+        return row.id == m_store.selectedElementID();
+    });
+    const qsizetype place = selected - all.begin();
+    const bool hasRow = place >= m_firstRow && place < m_firstRow + count;
+    if (selected != all.end() && !hasRow)
+        m_firstRow = place - count / 2;
+    m_firstRow = std::clamp<qsizetype>(m_firstRow, 0, all.size() - count);
+    const qsizetype below = all.size() - count - m_firstRow;
+    m_above->setText(QStringLiteral("%1 more above").arg(m_firstRow));
+    m_above->setVisible(m_firstRow > 0);
+    m_below->setText(QStringLiteral("%1 more below").arg(below));
+    m_below->setVisible(below > 0);
+    return all.sliced(m_firstRow, count);
+}
+
 void LayerListView::showStore()
 {
     const std::optional<Slide> slide = m_store.slideWithID(m_store.selectedSlideID());
     const QList<LayerRow::Contents> rows =
-        slide ? rowsOf(slide->design.elements) : QList<LayerRow::Contents>();
+        chosenRows(slide ? rowsOf(slide->design.elements) : QList<LayerRow::Contents>());
     // An enabled layout would place all rows again for each that is shown or hidden.
     m_rowsLayout->setEnabled(false);
     while (m_rows.size() < rows.size()) {

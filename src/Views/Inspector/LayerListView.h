@@ -1,5 +1,6 @@
 #pragma once
 
+#include "LayerRow.h"
 #include "ProjectModels.h"
 
 #include <QList>
@@ -8,16 +9,16 @@
 #include <functional>
 #include <optional>
 
+class QLabel;
 class QVBoxLayout;
 
 namespace quenara {
 
-class LayerRow;
 struct RenderCaches;
 class WorkspaceStore;
 
 /// The layers of the selected slide, topmost first, with buttons that add, copy, delete and move
-/// them.
+/// them. Of more layers than a design has, those around the selected one have rows.
 class LayerListView : public QWidget
 {
     Q_OBJECT
@@ -31,7 +32,7 @@ private:
     LayerRow *makeRow();
     void updateLayerOf(const LayerRow &row, const std::function<void(SlideElement &)> &update);
     void showStore();
-
+    QList<LayerRow::Contents> chosenRows(const QList<LayerRow::Contents> &all);
     void showWarning(const std::optional<Slide> &slide);
 
     WorkspaceStore &m_store;
@@ -43,6 +44,9 @@ private:
     QWidget *m_list;
     QVBoxLayout *m_rowsLayout;
     QWidget *m_actions;
+    QLabel *m_above; ///< says how many layers lie above the first row; hidden if none does
+    QLabel *m_below; ///< likewise below the last one
+    qsizetype m_firstRow = 0; ///< the first layer from the top that has a row
     QList<LayerRow *> m_rows; ///< from the top; those that are not needed now are hidden
 };
 

@@ -3,6 +3,8 @@
 #include "Fonts.h"
 #include "RenderCaches.h"
 
+#include <algorithm>
+
 namespace quenara {
 
 namespace {
@@ -21,7 +23,7 @@ constexpr double lineHeight = 1.25; // of the font size: room for accents and de
 TextElementProperties lineOf(const QString &text, double size, TextFontWeight weight)
 {
     TextElementProperties line;
-    line.text = text.simplified();
+    line.text = text.first(std::min(text.size(), TextBlock::longestText)).simplified();
     line.fontFamily = systemFontFamily();
     line.fontSize = size;
     line.weight = weight;

@@ -90,10 +90,13 @@ void dropSpacingAtTheEnd(QList<Character> &characters)
         characters.removeLast();
 }
 
-/// The code points of the text in capitals, if it is shown in such, with one kind of line break.
-QList<Character> charactersOf(const TextElementProperties &properties)
+/// The code points of the text, or of its first \a most characters, in capitals, if it is shown in
+/// such, with one kind of line break.
+QList<Character> charactersOf(const TextElementProperties &properties, qsizetype most)
 {
-    const QString &stored = properties.text;
+    QStringView stored = properties.text;
+    if (stored.size() > most)
+        stored = stored.first(stored.at(most - 1).isHighSurrogate() ? most - 1 : most);
     QList<Character> characters;
     characters.reserve(stored.size());
     qsizetype end = 0;
@@ -108,7 +111,7 @@ QList<Character> charactersOf(const TextElementProperties &properties)
             characters.append({QChar::LineSeparator, start, end});
             continue;
         }
-        const QString character = stored.sliced(start, end - start);
+        const QString character = stored.sliced(start, end - start).toString();
         for (const uint value : (properties.uppercase ? character.toUpper() : character).toUcs4())
             characters.append({value, start, end});
     }
@@ -151,10 +154,10 @@ void appendColour(ShownText &shown, int count)
 
 } // namespace
 
-ShownText shownText(const TextElementProperties &properties)
+ShownText shownText(const TextElementProperties &properties, qsizetype most)
 {
     const bool hasColour = !emojiFontFamily().isEmpty();
-    const QList<Character> characters = charactersOf(properties);
+    const QList<Character> characters = charactersOf(properties, most);
     ShownText shown;
     shown.text.reserve(characters.size());
     bool isInside = false;

@@ -7,6 +7,8 @@
 #include <QString>
 #include <QTextLayout>
 
+#include <limits>
+
 namespace quenara {
 
 /// Ends a truncated text.
@@ -24,8 +26,10 @@ struct ShownText
 /// break as a line separator, without the spacing before one, and its emoji in colour where a face
 /// for that is installed. A character that is an emoji by default becomes a letter before the
 /// selector U+FE0E. One that is a letter by default (a cross, a heart, an arrow) becomes an emoji
-/// before U+FE0F. Selectors inside emoji are left out: faces know joined emoji without them.
-[[nodiscard]] ShownText shownText(const TextElementProperties &properties);
+/// before U+FE0F. Selectors inside emoji are left out: faces know joined emoji without them. Of a
+/// text that is longer than \a most, that is its beginning.
+[[nodiscard]] ShownText shownText(const TextElementProperties &properties,
+                                  qsizetype most = std::numeric_limits<qsizetype>::max());
 
 /// The first \a length characters of \a shown, and an ellipsis for those that follow.
 [[nodiscard]] ShownText truncated(const ShownText &shown, qsizetype length);

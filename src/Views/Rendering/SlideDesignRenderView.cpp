@@ -43,6 +43,12 @@ void paintContent(QPainter &painter, const SlideElementRenderView &content, cons
 
 } // namespace
 
+QList<SlideElement> paintedLayers(const SlideDesign &design)
+{
+    const QList<SlideElement> visible = design.visibleElementsInDrawingOrder();
+    return visible.last(std::min(visible.size(), mostPaintedLayers));
+}
+
 QRectF SlideDesignRenderView::safeArea() const
 {
     const CanvasSize canvas = paintedSize(slide.design.canvasSize);
@@ -67,7 +73,7 @@ QRectF SlideDesignRenderView::whole() const
 void SlideDesignRenderView::paint(QPainter &painter, RenderCaches &caches) const
 {
     paintBackground(painter, caches);
-    paintLayers(painter, slide.design.visibleElementsInDrawingOrder(), caches);
+    paintLayers(painter, paintedLayers(slide.design), caches);
     paintGuide(painter);
 }
 

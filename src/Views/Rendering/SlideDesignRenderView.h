@@ -41,4 +41,10 @@ struct SlideDesignRenderView
     bool operator==(const SlideDesignRenderView &) const = default;
 };
 
+/// The layers that are painted of one slide at most, far more than a design has.
+inline constexpr qsizetype mostPaintedLayers = 300;
+
+/// The visible layers of \a design in drawing order; of too many, the topmost ones.
+[[nodiscard]] QList<SlideElement> paintedLayers(const SlideDesign &design);
+
 } // namespace quenara

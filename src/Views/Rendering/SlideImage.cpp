@@ -28,7 +28,7 @@ void SlideImage::paint(QPainter &painter, const SlideDesignRenderView &view, con
     const Key key{.view = withoutLayers(view),
                   .topLeft = topLeft,
                   .devicePixelRatio = painter.device()->devicePixelRatioF()};
-    const QList<SlideElement> layers = view.slide.design.visibleElementsInDrawingOrder();
+    const QList<SlideElement> layers = paintedLayers(view.slide.design);
     if (m_key != key) {
         m_key = key;
         m_layers = layers;

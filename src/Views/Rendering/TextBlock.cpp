@@ -22,6 +22,7 @@ constexpr double fitTolerance = 0.25; // canvas units of the font size
 constexpr double finestFit = 1e-9; // of the font size, however large that is
 constexpr double smallestFontSize = 0.1;
 constexpr double largestCachedGlyph = 64; // device pixels; Qt holds bitmaps of smaller glyphs
+constexpr qsizetype firstBeginning = 2000; // characters of a long text that are tried first
 
 Qt::Alignment alignmentOf(TextAlignmentValue alignment)
 {
@@ -49,17 +50,35 @@ TextBlock::TextBlock(const TextElementProperties &text, const QSizeF &box, const
     m_layout->setTextOption(option);
     m_layout->setCacheEnabled(true); // so that drawing shapes nothing again
     m_layout->setFont(slideFont(m_text.fontFamily, m_text.weight, layoutPixelSize));
-    setShown(shownText(text));
-    layOut(1);
-    if (doesFit())
-        return;
+    for (qsizetype length = firstBeginning; !setBeginning(length);)
+        length *= 4;
+}
+
+/// Lays out no more than the first \a length characters of the text. False if there is room for
+/// more of them.
+bool TextBlock::setBeginning(qsizetype length)
+{
+    const bool isWhole = m_text.text.size() <= std::min(length, longestText);
+    setShown(shownText(m_text, std::min(length, longestText)));
+    if (isWhole) {
+        layOut(1);
+        if (doesFit())
+            return true;
+    }
     layOut(m_limits.smallestFit);
-    if (doesFit()) {
+    m_isCut = !doesFit();
+    if (m_isCut) {
+        truncate();
+    } else if (isWhole) {
         shrink();
+    } else if (length < longestText) {
+        return false;
     } else {
         m_isCut = true;
-        truncate();
+        setShown(truncated(m_shown, m_shown.text.size()));
+        layOut(m_fit);
     }
+    return true;
 }
 
 TextBlock::~TextBlock() = default;

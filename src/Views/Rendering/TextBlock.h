@@ -38,6 +38,11 @@ public:
     /// The factor that a slide's text is shrunk by at most.
     static constexpr double smallestFit = TextLimits().smallestFit;
 
+    /// The characters of a text that are laid out at most, far more than can be read on a slide:
+    /// one that is longer is cut there. What it costs to lay a text out depends on what there is
+    /// room for, not on its length.
+    static constexpr qsizetype longestText = 32'000;
+
     /// Wraps \a text between words, and inside a word that is too long for a line. Shrinks it,
     /// within \a limits, until it fits into \a box. Truncates what does not fit even then.
     TextBlock(const TextElementProperties &text, const QSizeF &box, const TextLimits &limits = {});
@@ -85,6 +90,7 @@ private:
         QPointF position;
     };
 
+    bool setBeginning(qsizetype length);
     void setShown(const ShownText &shown);
     void layOut(double fit);
     bool doesFit() const;

@@ -1,6 +1,7 @@
 #include "RundownModel.h"
 
 #include "Identifier.h"
+#include "PlainToolTip.h"
 #include "Show.h"
 #include "WorkspaceStore.h"
 
@@ -27,6 +28,9 @@ constexpr auto symbols = std::to_array<TypeSymbol>({
     {ServiceItemType::custom, "square.stack.3d.up"},
 });
 static_assert(entriesStandAtTheirCases(symbols, &TypeSymbol::type));
+
+/// More rows than these that bear one mark are announced as one range, others one by one.
+constexpr qsizetype mostRowsInTurn = 20;
 
 /// False for lists that share their storage. What the lists hold is not compared.
 bool mayDiffer(const QList<Slide> &a, const QList<Slide> &b)
@@ -162,7 +166,14 @@ void RundownModel::showMarks()
     // A document may hold an id twice, so that two rows bear one mark.
     const auto tellOf = [&](const QStringList &ids, bool areItems) {
         for (const QString &id : ids) {
+            QList<int> rows;
             for (int row = rowWith(id, areItems); row >= 0; row = rowWith(id, areItems, row + 1))
+                rows.append(row);
+            if (rows.size() > mostRowsInTurn) {
+                emit dataChanged(index(rows.constFirst()), index(rows.constLast()));
+                continue;
+            }
+            for (const int row : rows)
                 emit dataChanged(index(row), index(row));
         }
     };
@@ -219,8 +230,9 @@ QVariant RundownModel::sectionData(const ServiceItem &item, int role) const
     switch (role) {
     case Qt::DisplayRole:
     case Qt::EditRole:
-    case Qt::ToolTipRole:
         return item.title;
+    case Qt::ToolTipRole:
+        return plainToolTip(item.title);
     case Qt::AccessibleDescriptionRole:
         return QStringLiteral("%1 section%2")
             .arg(title(item.type),
@@ -245,8 +257,9 @@ QVariant RundownModel::slideData(const Row &row, int role) const
     const Slide &slide = slideOf(row);
     switch (role) {
     case Qt::DisplayRole:
-    case Qt::ToolTipRole:
         return slide.title.isEmpty() ? QStringLiteral("Untitled") : slide.title;
+    case Qt::ToolTipRole:
+        return plainToolTip(slide.title.isEmpty() ? QStringLiteral("Untitled") : slide.title);
     case Qt::AccessibleDescriptionRole:
         return QStringLiteral("Slide %1 of %2%3")
             .arg(QString::number(row.slide + 1), itemOf(row).title, stateOf(slide));

@@ -11,6 +11,7 @@
 #include "RundownModel.h"
 #include "SlideThumbnails.h"
 #include "Symbols.h"
+#include "TextField.h"
 #include "ZelvoTheme.h"
 
 #include <QAbstractItemView>
@@ -20,8 +21,6 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QToolTip>
-
-#include <limits>
 
 namespace quenara {
 
@@ -245,7 +244,7 @@ QWidget *RundownRowDelegate::createEditor(QWidget *parent, const QStyleOptionVie
     auto *field = new QLineEdit(parent);
     field->setObjectName(QStringLiteral("sectionTitle"));
     field->setAccessibleName(QStringLiteral("Section Title"));
-    field->setMaxLength(std::numeric_limits<int>::max());
+    field->setMaxLength(longestLine);
     // A save and an undo take what is typed while the field goes on being edited.
     auto *self = const_cast<RundownRowDelegate *>(this); // which Qt has make editors as const
     connect(field, &QLineEdit::editingFinished, self, [self, field] {
@@ -258,8 +257,16 @@ QWidget *RundownRowDelegate::createEditor(QWidget *parent, const QStyleOptionVie
 /// Leaves what has been typed alone when the row changes meanwhile.
 void RundownRowDelegate::setEditorData(QWidget *editor, const QModelIndex &index) const
 {
-    if (!qobject_cast<QLineEdit *>(editor)->isModified())
-        QStyledItemDelegate::setEditorData(editor, index);
+    auto *field = qobject_cast<QLineEdit *>(editor);
+    if (!field->isModified())
+        showLine(*field, index.data(Qt::EditRole).toString());
+}
+
+void RundownRowDelegate::setModelData(QWidget *editor, QAbstractItemModel *model,
+                                      const QModelIndex &index) const
+{
+    if (!qobject_cast<QLineEdit *>(editor)->isReadOnly())
+        QStyledItemDelegate::setModelData(editor, model, index);
 }
 
 /// The text stands where the title is painted.

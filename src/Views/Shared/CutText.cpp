@@ -1,7 +1,11 @@
 #include "CutText.h"
 
 #include "RenderCaches.h"
+#include "ShortenedText.h"
 #include "SlideDesignModels.h"
+#include "SlideDesignRenderView.h"
+
+#include <algorithm>
 
 namespace quenara {
 
@@ -21,10 +25,13 @@ bool isCut(const SlideElement &layer, RenderCaches &caches)
 
 QStringList layersWithCutText(const SlideDesign &design, RenderCaches &caches)
 {
+    constexpr qsizetype longestName = 200;
     QStringList names;
-    for (const SlideElement &layer : design.elements) {
+    const qsizetype count = std::min(design.elements.size(), mostPaintedLayers);
+    for (qsizetype i = 0; i < count; ++i) {
+        const SlideElement &layer = design.elements.at(i);
         if (isCut(layer, caches))
-            names.append(layer.name);
+            names.append(shortened(layer.name, longestName));
     }
     return names;
 }

@@ -51,7 +51,7 @@ ProjectNameField::~ProjectNameField()
 void ProjectNameField::keyPressEvent(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Escape)
-        setText(m_store.project().name);
+        showText(m_store.project().name);
     TextField::keyPressEvent(event);
 }
 
@@ -92,7 +92,7 @@ void ProjectNameField::paintEvent(QPaintEvent *event)
 
 void ProjectNameField::write()
 {
-    if (text() != m_store.project().name)
+    if (!isReadOnly() && text() != m_store.project().name)
         m_store.updateProjectName(text());
 }
 
