@@ -13,7 +13,7 @@ endif()
 
 # quenara_add_test(<name> ROOMS <room>... [QT <module>...] [LINK <target>...] [SOURCES <file>...]
 #                  [TWO_SCREENS | SMALL_SCREEN])
-# One Qt Test executable from <name>.cpp, run offscreen (on one screen, on two of 1920 by 1080 side
+# One Qt Test executable from <name>.cpp, run offscreen (on one screen of 1920 by 1080, on two side
 # by side, or on one of 1366 by 768 beside a larger one) with a home of its own. Every warning of Qt
 # is a failure: at once or, for tests with windows, as GuiTest says.
 function(quenara_add_test name)
@@ -28,12 +28,13 @@ function(quenara_add_test name)
   quenara_moc_test(${name})
   quenara_precompile_tests(${name} ${TEST_LINK})
 
-  set(platform offscreen)
+  set(screens one-screen)
   if(TEST_TWO_SCREENS)
-    set(platform offscreen:configfile=${PROJECT_SOURCE_DIR}/tests/GuiSupport/two-screens.json)
+    set(screens two-screens)
   elseif(TEST_SMALL_SCREEN)
-    set(platform offscreen:configfile=${PROJECT_SOURCE_DIR}/tests/GuiSupport/small-screen.json)
+    set(screens small-screen)
   endif()
+  set(platform offscreen:configfile=${PROJECT_SOURCE_DIR}/tests/GuiSupport/${screens}.json)
   set(fatalWarnings 1)
   if("quenara_gui_test_support" IN_LIST TEST_LINK)
     set(fatalWarnings 0)
