@@ -204,8 +204,8 @@ void OperatorWindow::showTitle()
 {
     // QWidget replaces the mark, unless it is doubled, by a sign that the window is modified.
     const QString mark = QStringLiteral("[*]");
-    constexpr qsizetype longestName = 1000; // no title bar has room for more
-    QString name = shortened(m_store.project().name, longestName).simplified();
+    constexpr qsizetype longestTitle = 1000; // no title bar has room for more
+    QString name = shortened(m_store.project().name, longestTitle).simplified();
     // The desktop would read no further than to the first of these.
     name.remove(QChar::Null);
     if (name.isEmpty())

@@ -42,7 +42,7 @@ struct SlideDesignRenderView
 };
 
 /// The layers that are painted of one slide at most, far more than a design has.
-inline constexpr qsizetype mostPaintedLayers = 300;
+inline constexpr qsizetype mostPaintedLayers = 500;
 
 /// The visible layers of \a design in drawing order; of too many, the topmost ones.
 [[nodiscard]] QList<SlideElement> paintedLayers(const SlideDesign &design);
