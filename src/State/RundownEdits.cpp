@@ -196,6 +196,19 @@ Edited updateSelectedSlide(WorkspaceState state, const std::function<void(Slide 
     });
 }
 
+void retitle(Slide &slide, const QString &title)
+{
+    slide.title = title;
+    const QList<SlideElement> &layers = std::as_const(slide.design.elements);
+    const auto titleLayer =
+        std::find_if(layers.begin(), layers.end(), [](const SlideElement &layer) {
+            return layer.text && layer.name.toLower().contains(QLatin1String("title"));
+        });
+    if (titleLayer != layers.end())
+        slide.design.elements[titleLayer - layers.begin()].text->text = title;
+    slide.body = ProjectNormalizer::compatibilityBody(slide);
+}
+
 Edited applyTemplateToSelectedSlide(WorkspaceState state, const QString &templateID)
 {
     std::optional<QString> elementID;

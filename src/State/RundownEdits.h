@@ -54,6 +54,10 @@ using Edited = std::optional<WorkspaceState>;
 [[nodiscard]] Edited updateSelectedSlide(WorkspaceState state,
                                          const std::function<void(Slide &)> &update);
 
+/// Gives \a slide another title, and its text to the first layer whose name has "title" in it: a
+/// template's title layer follows the title of its slide. The body comes in step with the design.
+void retitle(Slide &slide, const QString &title);
+
 /// Rebuilds the selected slide's design; the first text layer is selected.
 [[nodiscard]] Edited applyTemplateToSelectedSlide(WorkspaceState state, const QString &templateID);
 

@@ -1,6 +1,7 @@
 #include "CommandWorld.h"
 #include "GuiTestSupport.h"
 #include "ProjectFileService.h"
+#include "ProjectTemplates.h"
 #include "RenderCaches.h"
 #include "RundownList.h"
 #include "RundownModel.h"
@@ -16,6 +17,8 @@
 #include <QScrollBar>
 #include <QToolTip>
 #include <QWheelEvent>
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 using namespace quenara;
@@ -494,12 +497,64 @@ private slots:
         QCOMPARE(op.store.project().serviceItems.at(1).title, QStringLiteral("Opening"));
     }
 
-    void aSlidesRowIsNotRenamed()
+    void aSlidesTitleIsTypedInItsRowAfterF2()
+    {
+        Rundown op(showOf({2, 3}));
+        op.store.goLive();
+        const QModelIndex slide = rowOfSlide(op, QStringLiteral("B2"));
+        op.beginRenaming(slide);
+        QLineEdit *field = op.titleField();
+        QTRY_VERIFY(field->hasFocus());
+        QCOMPARE(field->accessibleName(), QStringLiteral("Slide Title"));
+        QCOMPARE(field->selectedText(), QStringLiteral("Title of B2"));
+        const Selection before = selectionOf(op.store.state());
+        QTest::keyClicks(field, QStringLiteral("blessing l"));
+        QVERIFY(!op.store.canUndo());
+        QTest::keyClick(field, Qt::Key_Return);
+        QTRY_VERIFY(!op.titleField());
+        QCOMPARE(op.titlesOf(1), QStringList({u"B1"_s, u"blessing l"_s, u"B3"_s}));
+        QCOMPARE(op.undoSteps(), 1);
+        QCOMPARE(selectionOf(op.store.state()), before);
+        QVERIFY(op.list->hasFocus());
+        op.store.undo();
+        QCOMPARE(op.store.project(), showOf({2, 3}));
+    }
+
+    void aClickOnAnotherSlideTakesTheTitleThatIsTypedForTheFirst()
+    {
+        Rundown op(showOf({2, 3}));
+        op.beginRenaming(rowOfSlide(op, QStringLiteral("B2")));
+        QTest::keyClicks(op.titleField(), QStringLiteral("Blessing"));
+        op.click(rowOfSlide(op, QStringLiteral("A2")));
+        QTRY_VERIFY(!op.titleField());
+        QCOMPARE(op.titlesOf(1), QStringList({u"B1"_s, u"Blessing"_s, u"B3"_s}));
+        QCOMPARE(op.titlesOf(0), QStringList({u"A1"_s, u"A2"_s}));
+        QCOMPARE(op.store.selectedSlideID(), u"A2"_s);
+    }
+
+    void aTemplatesTitleLayerFollowsTheTitleThatIsTypedInTheRow()
+    {
+        ZelvoProject project = showOf({1});
+        Slide &slide = project.serviceItems.first().slides.first();
+        slide = ProjectTemplates::slide(QStringLiteral("Welcome"), QString(), 0,
+                                        QStringLiteral("welcome"));
+        Rundown op(project);
+        op.beginRenaming(rowOfSlide(op, slide.id));
+        QTest::keyClicks(op.titleField(), QStringLiteral("Good Morning"));
+        QTest::keyClick(op.titleField(), Qt::Key_Return);
+        const Slide renamed = op.store.project().serviceItems.first().slides.first();
+        QCOMPARE(renamed.title, QStringLiteral("Good Morning"));
+        const auto layers = renamed.design.elements;
+        QVERIFY(std::any_of(layers.begin(), layers.end(), [](const SlideElement &layer) {
+            return layer.text && layer.text->text == QStringLiteral("Good Morning");
+        }));
+    }
+
+    void aDoubleClickOnASlideRenamesNothing()
     {
         Rundown op(showOf({2}));
         const QModelIndex slide = rowOfSlide(op, QStringLiteral("A1"));
         op.click(slide);
-        QTest::keyClick(op.list, Qt::Key_F2);
         QTest::mouseDClick(op.list->viewport(), Qt::LeftButton, Qt::NoModifier, op.middleOf(slide));
         QVERIFY(!op.titleField());
     }

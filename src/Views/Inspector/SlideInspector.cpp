@@ -3,35 +3,26 @@
 #include "InspectorRows.h"
 #include "Picker.h"
 #include "ProjectTemplates.h"
+#include "RundownEdits.h"
 #include "SelectionBindings.h"
 #include "TextField.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace quenara {
 
 namespace {
 
-/// A template's title layer follows the title of its slide.
-void setTitle(Slide &slide, const QString &title)
-{
-    slide.title = title;
-    const QList<SlideElement> &layers = std::as_const(slide.design.elements);
-    const auto titleLayer =
-        std::find_if(layers.begin(), layers.end(), [](const SlideElement &layer) {
-            return layer.text && layer.name.toLower().contains(QLatin1String("title"));
-        });
-    if (titleLayer != layers.end())
-        slide.design.elements[titleLayer - layers.begin()].text->text = title;
-}
-
 Binding<QString> slideTitle(SelectionBindings &selection)
 {
-    return {selection.ofSlide([](Slide &slide) { return &slide.title; }).read,
+    return {[&selection]() -> std::optional<QString> {
+                if (!selection.slide())
+                    return std::nullopt;
+                return selection.slide()->title;
+            },
             [&selection](const QString &title) {
                 selection.store().updateSelectedSlide(
-                    [&](Slide &slide) { setTitle(slide, title); });
+                    [&](Slide &slide) { edits::retitle(slide, title); });
             }};
 }
 

@@ -272,10 +272,10 @@ std::optional<int> RundownList::rowFor(const QKeyEvent &event) const
     }
 }
 
-/// Has the title of a section typed in its row; does nothing for a slide.
+/// Has the title of a row typed where it stands.
 void RundownList::rename(const QModelIndex &index)
 {
-    if (!m_model->serviceItemAt(index))
+    if (!index.isValid())
         return;
     scrollTo(index);
     edit(index);
@@ -284,8 +284,10 @@ void RundownList::rename(const QModelIndex &index)
 void RundownList::mouseDoubleClickEvent(QMouseEvent *event)
 {
     QListView::mouseDoubleClickEvent(event);
-    if (event->button() == Qt::LeftButton)
-        rename(indexAt(event->pos()));
+    const QModelIndex index = indexAt(event->pos());
+    // Who clicks twice on a slide wants it queued.
+    if (event->button() == Qt::LeftButton && m_model->serviceItemAt(index))
+        rename(index);
 }
 
 /// Qt would have Tab move on to another row, which nobody has selected.

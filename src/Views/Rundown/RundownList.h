@@ -16,8 +16,8 @@ class WorkspaceStore;
 /// The rundown as a list. A click on a slide selects and queues it, one on a section selects that.
 /// Keys are left to the transport, except that Ctrl with an arrow moves to another row while the
 /// list has the keyboard, Home and End to the first and the last, Ctrl+Space chooses the same
-/// again, and F2 renames a section, as a double click on its title does. While a title is typed,
-/// the keys are the field's.
+/// again, and F2 renames the row, as a double click on a section's title does. While a title is
+/// typed, the keys are the field's.
 class RundownList : public QListView
 {
     Q_OBJECT

@@ -2,6 +2,7 @@
 
 #include "Identifier.h"
 #include "PlainToolTip.h"
+#include "RundownEdits.h"
 #include "Show.h"
 #include "WorkspaceStore.h"
 
@@ -197,31 +198,38 @@ QVariant RundownModel::data(const QModelIndex &index, int role) const
 Qt::ItemFlags RundownModel::flags(const QModelIndex &index) const
 {
     const Qt::ItemFlags flags = QAbstractListModel::flags(index);
-    return serviceItemAt(index) ? flags | Qt::ItemIsEditable : flags;
+    return index.isValid() ? flags | Qt::ItemIsEditable : flags;
 }
 
 bool RundownModel::setData(const QModelIndex &index, const QVariant &value, int role)
 {
-    const ServiceItem *item = serviceItemAt(index);
-    ServiceItem changed = item ? *item : ServiceItem();
-    if (role == Qt::EditRole && !value.toString().trimmed().isEmpty()) {
-        changed.title = value.toString();
-    } else if (role == typeRole) {
-        changed.type = ServiceItemType(value.toInt());
-    }
-    if (!item || changed == *item)
+    if (!index.isValid() || index.row() >= m_rows.size())
         return false;
-    const bool wasSelected = changed.id == m_store.selectedServiceItemID();
+    const Row row = m_rows.at(index.row());
+    const auto change = [&](ServiceItem &item) {
+        if (role == typeRole && row.slide < 0) {
+            item.type = ServiceItemType(value.toInt());
+        } else if (role != Qt::EditRole || value.toString().trimmed().isEmpty()) {
+            return;
+        } else if (row.slide < 0) {
+            item.title = value.toString();
+        } else if (item.slides.at(row.slide).title != value.toString()) {
+            edits::retitle(item.slides[row.slide], value.toString());
+        }
+    };
+    const ServiceItem before = itemOf(row);
+    ServiceItem after = before;
+    change(after);
+    if (after == before)
+        return false;
+    const bool wasSelected = before.id == m_store.selectedServiceItemID();
     // A gesture of its own, so that no open one takes it in.
     const GestureID gesture = m_store.beginGesture();
-    m_store.updateServiceItem(changed.id, [&changed](ServiceItem &updated) {
-        updated.title = changed.title;
-        updated.type = changed.type;
-    });
+    m_store.updateServiceItem(before.id, change);
     m_store.endGesture(gesture);
     // An edit leaves the section with the selected slide selected.
     if (wasSelected)
-        m_store.selectServiceItem(changed.id);
+        m_store.selectServiceItem(before.id);
     return true;
 }
 
@@ -256,6 +264,8 @@ QVariant RundownModel::slideData(const Row &row, int role) const
 {
     const Slide &slide = slideOf(row);
     switch (role) {
+    case Qt::EditRole:
+        return slide.title;
     case Qt::DisplayRole:
         return slide.title.isEmpty() ? QStringLiteral("Untitled") : slide.title;
     case Qt::ToolTipRole:

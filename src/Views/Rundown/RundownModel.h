@@ -11,8 +11,8 @@ namespace quenara {
 class WorkspaceStore;
 
 /// The rundown as rows of a list: each service item followed by its slides. The model announces
-/// which rows came, went and changed, so that views draw no others again. Service items can be
-/// renamed and given another type.
+/// which rows came, went and changed, so that views draw no others again. Rows can be renamed, and
+/// service items given another type.
 class RundownModel : public QAbstractListModel
 {
     Q_OBJECT
@@ -35,8 +35,9 @@ public:
     int rowCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role) const override;
     Qt::ItemFlags flags(const QModelIndex &index) const override;
-    /// Renames a service item (Qt::EditRole) or changes its type (typeRole), each as one undo step.
-    /// Returns false and changes nothing for a blank title and for what the item has already.
+    /// Renames a service item or a slide (Qt::EditRole), or changes an item's type (typeRole), each
+    /// as one undo step. Returns false and changes nothing for a blank title and for what the row
+    /// has already.
     bool setData(const QModelIndex &index, const QVariant &value, int role) override;
 
     /// Null for a service item's row.

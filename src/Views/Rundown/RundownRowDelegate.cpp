@@ -239,11 +239,13 @@ QSize RundownRowDelegate::sizeHint(const QStyleOptionViewItem &option,
 }
 
 QWidget *RundownRowDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem & /*option*/,
-                                          const QModelIndex & /*index*/) const
+                                          const QModelIndex &index) const
 {
     auto *field = new QLineEdit(parent);
-    field->setObjectName(QStringLiteral("sectionTitle"));
-    field->setAccessibleName(QStringLiteral("Section Title"));
+    const bool isSection = index.data(RundownModel::isServiceItemRole).toBool();
+    field->setObjectName(isSection ? QStringLiteral("sectionTitle") : QStringLiteral("slideTitle"));
+    field->setAccessibleName(isSection ? QStringLiteral("Section Title")
+                                       : QStringLiteral("Slide Title"));
     field->setMaxLength(longestLine);
     // A save and an undo take what is typed while the field goes on being edited.
     auto *self = const_cast<RundownRowDelegate *>(this); // which Qt has make editors as const
