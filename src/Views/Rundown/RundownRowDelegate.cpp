@@ -22,6 +22,8 @@
 #include <QPainterPath>
 #include <QToolTip>
 
+#include <algorithm>
+
 namespace quenara {
 
 namespace {
@@ -277,9 +279,12 @@ void RundownRowDelegate::updateEditorGeometry(QWidget *editor, const QStyleOptio
 {
     constexpr int frame = 5;
     constexpr int verticalMargin = 4;
-    editor->setGeometry(titleBox(rowOf(option.rect), index)
-                            .adjusted(-frame, verticalMargin, 0, -verticalMargin)
-                            .toRect());
+    const QRectF row = rowOf(option.rect);
+    const double height = std::min(row.height(), itemRowHeight - 2.0) - 2 * verticalMargin;
+    QRectF box = titleBox(row, index).adjusted(-frame, 0, 0, 0);
+    box.setHeight(height);
+    box.moveTop(row.center().y() - height / 2);
+    editor->setGeometry(box.toRect());
 }
 
 /// Shows a tooltip for a title that is cut short in its row, and one for a slide whose text is.
