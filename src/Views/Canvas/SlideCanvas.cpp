@@ -21,14 +21,6 @@
 
 namespace quenara {
 
-namespace {
-
-// Points
-constexpr double moveDistance = 2; ///< of the pointer before a press becomes a drag
-constexpr double resizeDistance = 1;
-
-} // namespace
-
 SlideCanvas::SlideCanvas(WorkspaceStore &store, RenderCaches &caches, QWidget *parent)
     : QWidget(parent), m_store(store), m_caches(caches),
       m_editor(new CanvasTextLayerEditor(store, caches, this)), m_liveMark(new LiveSlideMark(this))
@@ -80,7 +72,7 @@ const SlideElement *SlideCanvas::layer(const std::optional<QString> &id) const
 
 const SlideElement *SlideCanvas::layerUnder(const QPointF &point) const
 {
-    const std::optional<Press> press = pressAt(point);
+    const std::optional<LayerDrag::Press> press = pressAt(point);
     return press ? layer(press->layerID) : nullptr;
 }
 
@@ -133,10 +125,8 @@ void SlideCanvas::showStore()
             update();
         }
     }
-    const SlideElement *layer = selectedLayer();
-    const bool isPressedLayer = m_press && layer && layer->id == m_press->layerID;
-    if (m_press && (!isPressedLayer || (isDragging() && !m_store.isGestureOpen(m_drag))))
-        endDrag();
+    if (m_drag.isPressed() && !m_drag.isOf(selectedLayer()))
+        drag([this] { m_drag.end(); });
     if (m_slide && !elementIndex(*m_slide, m_focusedElementID))
         m_focusedElementID.reset();
     showFocus();
@@ -186,15 +176,16 @@ void SlideCanvas::endEditing()
     update();
 }
 
-std::optional<SlideCanvas::Press> SlideCanvas::pressAt(const QPointF &point) const
+std::optional<LayerDrag::Press> SlideCanvas::pressAt(const QPointF &point) const
 {
     if (slideRect().isEmpty())
         return std::nullopt;
     const SlideElement *marked = markedLayer();
     if (marked && resizeHandle(boxOf(*marked)).contains(point))
-        return Press{Grip::handle, marked->id, point};
+        return LayerDrag::Press{LayerDrag::Grip::handle, marked->id, point};
     const SlideElement *layer = layerAt(m_slide->design, toCanvas(point));
-    return layer ? std::optional(Press{Grip::layer, layer->id, point}) : std::nullopt;
+    return layer ? std::optional(LayerDrag::Press{LayerDrag::Grip::layer, layer->id, point})
+                 : std::nullopt;
 }
 
 void SlideCanvas::mousePressEvent(QMouseEvent *event)
@@ -202,15 +193,13 @@ void SlideCanvas::mousePressEvent(QMouseEvent *event)
     if (event->button() != Qt::LeftButton)
         return;
     focusLayer(std::nullopt);
-    m_press = pressAt(event->position());
-    if (m_press)
-        m_store.selectElement(m_press->layerID);
+    drag([&] { m_drag.press(pressAt(event->position())); });
 }
 
 void SlideCanvas::mouseDoubleClickEvent(QMouseEvent *event)
 {
-    const std::optional<Press> press = pressAt(event->position());
-    const SlideElement *layer = press && press->grip == Grip::layer
+    const std::optional<LayerDrag::Press> press = pressAt(event->position());
+    const SlideElement *layer = press && press->grip == LayerDrag::Grip::layer
         ? layerAt(m_slide->design, toCanvas(press->point))
         : nullptr;
     if (event->button() == Qt::LeftButton && layer && layer->text) {
@@ -223,10 +212,12 @@ void SlideCanvas::mouseDoubleClickEvent(QMouseEvent *event)
 void SlideCanvas::mouseMoveEvent(QMouseEvent *event)
 {
     if (!event->buttons().testFlag(Qt::LeftButton)) {
-        endDrag();
+        drag([this] { m_drag.end(); });
         showCursor(event->position());
-    } else if (m_press && !slideRect().isEmpty()) {
-        dragTo(event->position());
+    } else if (m_drag.isOf(selectedLayer()) && !slideRect().isEmpty()) {
+        drag([&] {
+            m_drag.moveTo(event->position(), *selectedLayer(), m_slide->design.canvasSize, scale());
+        });
     }
 }
 
@@ -234,26 +225,37 @@ void SlideCanvas::mouseReleaseEvent(QMouseEvent *event)
 {
     if (event->button() != Qt::LeftButton)
         return;
-    endDrag();
+    drag([this] { m_drag.end(); });
     showCursor(event->position());
+}
+
+/// Has \a change done to the drag, and the guides painted that come or go with it.
+void SlideCanvas::drag(const std::function<void()> &change)
+{
+    const bool hadVertical = m_drag.showVerticalCenterGuide();
+    const bool hadHorizontal = m_drag.showHorizontalCenterGuide();
+    change();
+    if (m_drag.showVerticalCenterGuide() != hadVertical)
+        update(verticalCenterGuide(slideRect()).toAlignedRect());
+    if (m_drag.showHorizontalCenterGuide() != hadHorizontal)
+        update(horizontalCenterGuide(slideRect()).toAlignedRect());
 }
 
 void SlideCanvas::showCursor(const QPointF &point)
 {
-    const std::optional<Press> press = pressAt(point);
+    const std::optional<LayerDrag::Press> press = pressAt(point);
     if (!press) {
         unsetCursor();
     } else {
-        setCursor(press->grip == Grip::handle ? Qt::SizeFDiagCursor : Qt::SizeAllCursor);
+        setCursor(press->grip == LayerDrag::Grip::handle ? Qt::SizeFDiagCursor : Qt::SizeAllCursor);
     }
 }
 
 void SlideCanvas::keyPressEvent(QKeyEvent *event)
 {
-    if (event->matches(QKeySequence::Cancel) && isDragging()) {
-        m_store.cancelGesture(m_drag);
-        endDrag();
-    } else if (isDragging() || !workOnLayer(*event)) {
+    if (event->matches(QKeySequence::Cancel) && m_drag.isDragging()) {
+        drag([this] { m_drag.cancel(); });
+    } else if (m_drag.isDragging() || !workOnLayer(*event)) {
         event->ignore();
     }
 }
@@ -306,7 +308,7 @@ void SlideCanvas::changeByKey(const CanvasFrame &frame)
     m_store.selectElement(keyLayer()->id);
     if (!m_store.isGestureOpen(m_keySteps))
         m_keySteps = m_store.beginGesture();
-    setFrame(frame);
+    m_store.updateSelectedElement([&](SlideElement &element) { element.frame = frame; });
 }
 
 void SlideCanvas::focusInEvent(QFocusEvent *event)
@@ -385,58 +387,6 @@ void SlideCanvas::showFocus()
         announce(QAccessible::DescriptionChanged, *told);
 }
 
-bool SlideCanvas::isDragging() const
-{
-    return m_dragStartFrame || m_resizeStartFrame;
-}
-
-void SlideCanvas::dragTo(const QPointF &point)
-{
-    const QPointF travel = point - m_press->point;
-    const bool isMove = m_press->grip == Grip::layer;
-    if (!isDragging()) {
-        if (std::hypot(travel.x(), travel.y()) < (isMove ? moveDistance : resizeDistance))
-            return;
-        m_store.selectElement(m_press->layerID);
-        m_drag = m_store.beginGesture();
-        (isMove ? m_dragStartFrame : m_resizeStartFrame) = selectedLayer()->frame;
-    }
-    const CanvasSize &canvas = m_slide->design.canvasSize;
-    const QPointF translation = travel / scale();
-    if (isMove) {
-        const CenterSnap snap =
-            applyCenterSnap(m_dragStartFrame->offsetBy(translation.x(), translation.y()), canvas);
-        showGuides(snap.showVerticalCenterGuide, snap.showHorizontalCenterGuide);
-        setFrame(snap.frame);
-    } else {
-        setFrame(resizedWithin(*m_resizeStartFrame, translation, canvas));
-    }
-}
-
-void SlideCanvas::setFrame(const CanvasFrame &frame)
-{
-    m_store.updateSelectedElement([&](SlideElement &element) { element.frame = frame; });
-}
-
-void SlideCanvas::endDrag()
-{
-    m_press.reset();
-    m_dragStartFrame.reset();
-    m_resizeStartFrame.reset();
-    m_store.endGesture(m_drag);
-    showGuides(false, false);
-}
-
-void SlideCanvas::showGuides(bool vertical, bool horizontal)
-{
-    if (vertical != m_showVerticalCenterGuide)
-        update(verticalCenterGuide(slideRect()).toAlignedRect());
-    if (horizontal != m_showHorizontalCenterGuide)
-        update(horizontalCenterGuide(slideRect()).toAlignedRect());
-    m_showVerticalCenterGuide = vertical;
-    m_showHorizontalCenterGuide = horizontal;
-}
-
 void SlideCanvas::changeEvent(QEvent *event)
 {
     if (changesTheme(*event)) {
@@ -471,9 +421,9 @@ void SlideCanvas::paintEvent(QPaintEvent * /*event*/)
                         .showSafeArea = true,
                         .selectedElementID = m_selectedElementID},
                        slideRect().topLeft(), m_caches);
-    if (m_showVerticalCenterGuide)
+    if (m_drag.showVerticalCenterGuide())
         painter.fillRect(verticalCenterGuide(slideRect()), centerGuideColor(theme));
-    if (m_showHorizontalCenterGuide)
+    if (m_drag.showHorizontalCenterGuide())
         painter.fillRect(horizontalCenterGuide(slideRect()), centerGuideColor(theme));
     if (const SlideElement *layer = markedLayer())
         paintSelectionMarks(painter, boxOf(*layer), theme);

@@ -1,13 +1,13 @@
 #pragma once
 
-#include "CanvasGestures.h"
+#include "LayerDrag.h"
 #include "SlideImage.h"
-#include "WorkspaceStore.h"
 
 #include <QAccessible>
 #include <QImage>
 #include <QWidget>
 
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -65,16 +65,6 @@ protected:
     bool focusNextPrevChild(bool next) override;
 
 private:
-    enum class Grip { layer, handle };
-
-    /// What the mouse button was pressed on.
-    struct Press
-    {
-        Grip grip;
-        QString layerID;
-        QPointF point; ///< points of the widget
-    };
-
     double scale() const;
     QPointF toCanvas(const QPointF &point) const;
     QRect marksRect() const;
@@ -86,19 +76,15 @@ private:
     void endKeySteps();
     void showFocus();
     void announce(QAccessible::Event change, const SlideElement &layer);
-    std::optional<Press> pressAt(const QPointF &point) const;
+    std::optional<LayerDrag::Press> pressAt(const QPointF &point) const;
 
     void showStore();
     void showEditor();
     void showLiveMark();
     void showCursor(const QPointF &point);
-    void showGuides(bool vertical, bool horizontal);
+    void drag(const std::function<void()> &change);
     void beginEditing(const QString &layerID, const QPointF &point);
     void endEditing();
-    bool isDragging() const;
-    void dragTo(const QPointF &point);
-    void endDrag();
-    void setFrame(const CanvasFrame &frame);
     Slide paintedSlide() const;
 
     WorkspaceStore &m_store;
@@ -108,14 +94,9 @@ private:
     SlideImage m_slideImage;
     QImage m_backdrop; ///< null once it is outdated
 
-    std::optional<Press> m_press;
-    std::optional<CanvasFrame> m_dragStartFrame;
-    std::optional<CanvasFrame> m_resizeStartFrame;
-    GestureID m_drag{};
+    LayerDrag m_drag{m_store};
     GestureID m_keySteps{}; ///< the changes by a key that is held down
     std::optional<QString> m_focusedElementID; ///< the layer that Tab has reached
-    bool m_showVerticalCenterGuide = false;
-    bool m_showHorizontalCenterGuide = false;
     std::optional<QString> m_editingElementID;
     CanvasTextLayerEditor *m_editor;
     LiveSlideMark *m_liveMark;
