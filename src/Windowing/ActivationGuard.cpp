@@ -21,11 +21,28 @@ QWidget *widgetWithKeyboard()
     return nullptr;
 }
 
-void activateWindowWithKeyboard()
+/// Whether \a dialog stands on \a window or on what belongs to it.
+bool isBehind(const QWindow &window, const QWidget &dialog)
 {
-    QWidget *window = widgetWithKeyboard();
-    if (window && window != QApplication::activeWindow() && !QApplication::activePopupWidget())
-        QApplication::setActiveWindow(window);
+    const QWindow *own = dialog.windowHandle();
+    const QWindow *owner =
+        dialog.parentWidget() ? dialog.parentWidget()->window()->windowHandle() : nullptr;
+    const auto belongsTo = [&window](const QWindow *other) {
+        return other
+            && (other == &window || other->isAncestorOf(&window, QWindow::IncludeTransients));
+    };
+    return belongsTo(owner) && !belongsTo(own);
+}
+
+void settleKeyboard()
+{
+    const QWindow *window = QGuiApplication::focusWindow();
+    QWidget *front = QApplication::activeModalWidget();
+    if (window && front && isBehind(*window, *front))
+        return front->activateWindow();
+    QWidget *widget = widgetWithKeyboard();
+    if (widget && widget != QApplication::activeWindow() && !QApplication::activePopupWidget())
+        QApplication::setActiveWindow(widget);
 }
 
 } // namespace
@@ -37,16 +54,18 @@ ActivationGuard::ActivationGuard(QObject *parent) : QObject(parent)
 
 bool ActivationGuard::eventFilter(QObject *watched, QEvent *event)
 {
-    const auto *widget = qobject_cast<const QWidget *>(watched);
-    if (event->type() == QEvent::Hide && widget && widget->windowType() == Qt::Popup)
-        checkSoon();
+    if (event->type() == QEvent::Hide) {
+        const auto *widget = qobject_cast<const QWidget *>(watched);
+        if (widget && widget->windowType() == Qt::Popup)
+            checkSoon();
+    }
     return QObject::eventFilter(watched, event);
 }
 
 /// After Qt has done what it does by itself.
 void ActivationGuard::checkSoon()
 {
-    QMetaObject::invokeMethod(this, activateWindowWithKeyboard, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(this, settleKeyboard, Qt::QueuedConnection);
 }
 
 } // namespace quenara

@@ -10,18 +10,6 @@ namespace quenara {
 
 namespace {
 
-bool isBehind(const QWindow &window, const QWidget &dialog)
-{
-    const QWindow *own = dialog.windowHandle();
-    const QWindow *owner =
-        dialog.parentWidget() ? dialog.parentWidget()->window()->windowHandle() : nullptr;
-    const auto belongsTo = [&window](const QWindow *other) {
-        return other
-            && (other == &window || other->isAncestorOf(&window, QWindow::IncludeTransients));
-    };
-    return belongsTo(owner) && !belongsTo(own);
-}
-
 /// Makes a dialog transient for the window of another widget as it is shown: a window manager keeps
 /// it in front of that one. Before, it has no window of its own.
 class TransientFor : public QObject
@@ -40,13 +28,6 @@ private:
     QPointer<QWindow> m_below;
 };
 
-/// Qt's widgets miss that a window gets the keyboard while a menu is open.
-void followKeyboard(QWidget &window)
-{
-    if (QGuiApplication::focusWindow() == window.windowHandle())
-        QApplication::setActiveWindow(&window);
-}
-
 } // namespace
 
 int runInFront(QDialog &dialog)
@@ -58,23 +39,6 @@ int runInFront(QDialog &dialog)
     QWidget *front = QApplication::activeModalWidget();
     (front ? front : dialog.parentWidget())->activateWindow();
     return result;
-}
-
-void keepKeyboardInFront(QObject &context)
-{
-    QObject::connect(qApp, &QGuiApplication::focusWindowChanged, &context, [](QWindow *window) {
-        QWidget *front = QApplication::activeModalWidget();
-        if (!window || !front)
-            return;
-        // Queued, since Qt still tells others of the change.
-        if (isBehind(*window, *front)) {
-            QMetaObject::invokeMethod(
-                front, [front] { front->activateWindow(); }, Qt::QueuedConnection);
-        } else if (window == front->windowHandle()) {
-            QMetaObject::invokeMethod(
-                front, [front] { followKeyboard(*front); }, Qt::QueuedConnection);
-        }
-    });
 }
 
 } // namespace quenara

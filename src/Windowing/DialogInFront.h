@@ -3,7 +3,6 @@
 #include <functional>
 
 class QDialog;
-class QObject;
 class QWidget;
 
 namespace quenara {
@@ -16,9 +15,5 @@ using DialogOwner = std::function<QWidget *()>;
 /// front of that, and then gives the keyboard to what is in front. The dialog does not belong to
 /// the sheet, which may close meanwhile. Returns what the dialog returned.
 int runInFront(QDialog &dialog);
-
-/// While \a context lives, gives the keyboard back to the dialog in front when a window behind that
-/// dialog gets it. The windows that the audience sees are behind none.
-void keepKeyboardInFront(QObject &context);
 
 } // namespace quenara

@@ -47,7 +47,6 @@ QuenaraApp::QuenaraApp(const QPalette &platformPalette)
     qApp->installEventFilter(&m_shortcutGuard);
     qApp->installEventFilter(&m_activationGuard);
     qApp->installEventFilter(&m_focusRing);
-    keepKeyboardInFront(m_operatorWindow);
     QObject::connect(&m_appearance, &AppearancePreference::rawValueChanged, &m_windows,
                      [this](const QString &, const QString &newValue) {
                          m_windows.updateAppearance(appearanceFromPreference(newValue));
