@@ -44,6 +44,16 @@ bool lock([[maybe_unused]] const QFile &file)
 #endif
 }
 
+/// Whether another open file has the lock.
+bool isLocked([[maybe_unused]] const QFile &file)
+{
+#ifdef Q_OS_UNIX
+    return ::flock(file.handle(), LOCK_SH | LOCK_NB) != 0 && errno == EWOULDBLOCK;
+#else
+    return false;
+#endif
+}
+
 /// EINVAL: the file system has nothing to synchronize.
 bool synchronized([[maybe_unused]] const QFile &file)
 {
@@ -110,6 +120,39 @@ std::shared_ptr<QFile> locked(const QString &path)
         && file->open(QIODevice::ReadWrite | QIODevice::ExistingOnly) && lock(*file)
         && hasItsName(*file);
     return isLocked ? file : nullptr;
+}
+
+/// The session in the journal at \a path, which a running program has; nothing if none has it.
+std::optional<Session> sessionOfRunningProgram(const QString &path)
+{
+    // A program that begins its journal anew has neither the old file any more nor, to whoever has
+    // just opened that, the new one yet.
+    constexpr int tries = 3;
+    for (int i = 0; i < tries; ++i) {
+        QFile file(path);
+        if (!file.open(QIODevice::ReadOnly))
+            return std::nullopt;
+        if (isLocked(file))
+            return SessionJournal::read(file.read(file.size()));
+        if (hasItsName(file))
+            return std::nullopt;
+    }
+    return std::nullopt;
+}
+
+/// Whether the two paths lead to one file, by links or from different folders.
+bool isSameFile(const QString &a, const QString &b)
+{
+    std::error_code error;
+    return std::filesystem::equivalent(QFileInfo(a).filesystemFilePath(),
+                                       QFileInfo(b).filesystemFilePath(), error);
+}
+
+/// Newest first.
+QFileInfoList journalsIn(const QString &folder)
+{
+    const QStringList filter{QLatin1Char('*') + QLatin1String(extension)};
+    return QDir(folder).entryInfoList(filter, QDir::Files, QDir::Time);
 }
 
 /// Takes away what processes have left that were ended while they began a journal.
@@ -184,9 +227,7 @@ QList<LeftOverJournal> leftOverJournals(const QString &folder)
 {
     QList<LeftOverJournal> journals;
     removeAbandoned(folder);
-    const QStringList filter{QLatin1Char('*') + QLatin1String(extension)};
-    // The folder sorts by time, newest first.
-    const QFileInfoList files = QDir(folder).entryInfoList(filter, QDir::Files, QDir::Time);
+    const QFileInfoList files = journalsIn(folder);
     for (const QFileInfo &info : files) {
         const std::shared_ptr<QFile> file = locked(info.filePath());
         if (!file)
@@ -205,6 +246,21 @@ QList<LeftOverJournal> leftOverJournals(const QString &folder)
         }
     }
     return journals;
+}
+
+bool isOpenElsewhere(const QUrl &file, const QString &folder, const QStringList &own)
+{
+    const QFileInfoList journals = journalsIn(folder);
+    return std::any_of(journals.cbegin(), journals.cend(), [&](const QFileInfo &journal) {
+        if (own.contains(journal.filePath()))
+            return false;
+        try {
+            const std::optional<Session> session = sessionOfRunningProgram(journal.filePath());
+            return session && session->file && isSameFile(*session->file, file.toLocalFile());
+        } catch (const std::bad_alloc &) {
+            return false; // no reason not to open the document
+        }
+    });
 }
 
 } // namespace quenara

@@ -7,6 +7,8 @@
 #include <QFile>
 #include <QList>
 #include <QString>
+#include <QStringList>
+#include <QUrl>
 
 #include <memory>
 
@@ -20,6 +22,7 @@ public:
     /// Makes no file yet.
     explicit JournalFile(QString folder);
 
+    const QString &path() const { return m_path; }
     bool isOpen() const { return m_file != nullptr; }
     /// In bytes; 0 while there is none.
     qint64 size() const { return m_file ? m_file->size() : 0; }
@@ -59,5 +62,9 @@ struct LeftOverJournal
 /// The journals in \a folder that no running program has, newest first. Removes those that hold
 /// nothing to bring back, and leaves files alone that are none.
 [[nodiscard]] QList<LeftOverJournal> leftOverJournals(const QString &folder);
+
+/// Whether another running program has the document in \a file open, under whatever path, as the
+/// journals in \a folder tell. \a own are the paths of those that this program has.
+[[nodiscard]] bool isOpenElsewhere(const QUrl &file, const QString &folder, const QStringList &own);
 
 } // namespace quenara

@@ -26,6 +26,9 @@ public:
     SessionRecorder(const SessionRecorder &) = delete;
     SessionRecorder &operator=(const SessionRecorder &) = delete;
 
+    /// The path of this process's journal, whether it is there or not.
+    const QString &journal() const { return m_file.path(); }
+
     void setWindows(const SessionWindows &windows);
 
     /// Waits until everything is on the disk. False if it cannot be brought there.

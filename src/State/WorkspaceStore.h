@@ -50,6 +50,8 @@ public:
         /// Asks about the file of that name.
         std::function<ChangedFileAnswer(const QString &fileName)> askAboutChangedFile =
             [](const QString & /*fileName*/) { return ChangedFileAnswer::saveAnyway; };
+        /// Whether the operator wants that file opened, which another program may have open.
+        std::function<bool(const QUrl &file)> mayOpen = [](const QUrl & /*file*/) { return true; };
     };
 
     /// Starts on \a project with its order indexes renumbered, the first slide selected, queued
@@ -151,7 +153,7 @@ public:
     void newSundayServiceProject();
     void loadDemoProject();
     void openProjectWithPanel();
-    /// A failure leaves everything as it is but for errorMessage.
+    /// A failure leaves everything as it is but for errorMessage, a refusal without that.
     void openProject(const QUrl &url);
     /// Goes on with \a session as it stood; the history begins anew. What the session has not kept
     /// is read from its file: false if that fails, which leaves everything as it is but for

@@ -58,6 +58,8 @@ void WorkspaceStore::openProjectWithPanel()
 
 void WorkspaceStore::openProject(const QUrl &url)
 {
+    if (!m_environment.mayOpen(url))
+        return;
     try {
         // Taken first: a file that changes while it is read counts as changed.
         const qint64 fileTime = modificationTime(url);

@@ -198,6 +198,14 @@ void OperatorWindow::showSheets()
     showStartPanel();
     showSongImport();
     showError();
+    emit painted();
+}
+
+void OperatorWindow::whenPainted(const std::function<void()> &ask)
+{
+    if (m_hasBeenPainted)
+        return ask();
+    connect(this, &OperatorWindow::painted, this, ask, Qt::SingleShotConnection);
 }
 
 void OperatorWindow::showTitle()

@@ -40,8 +40,14 @@ public:
     /// Asks what becomes of left-over work, before any other sheet is to open.
     void askAbout(Recovery &recovery);
 
+    /// Calls \a ask once the window is painted, before which no dialog finds its place on it.
+    void whenPainted(const std::function<void()> &ask);
+
     /// Has the content keep its minimum size where the window's screen has room for that.
     void followScreen();
+
+signals:
+    void painted(); ///< for the first time
 
 protected:
     bool event(QEvent *event) override;

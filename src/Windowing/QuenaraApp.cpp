@@ -18,6 +18,11 @@ QString journalFolder()
     return stateFolder() + QStringLiteral("/recovery");
 }
 
+QUrl urlOf(const QString &path)
+{
+    return QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath());
+}
+
 } // namespace
 
 QuenaraApp::QuenaraApp(const QPalette &platformPalette)
@@ -29,7 +34,8 @@ QuenaraApp::QuenaraApp(const QPalette &platformPalette)
                .askAboutChangedFile =
                    [this](const QString &name) {
                        return askAboutChangedFile([this] { return &m_operatorWindow; }, name);
-                   }}),
+                   },
+               .mayOpen = [this](const QUrl &file) { return mayOpen(file); }}),
       m_systemScheme(QDBusConnection::sessionBus(), platformPalette),
       m_sleepInhibitor(QDBusConnection::sessionBus()), m_windows(m_systemScheme, m_caches),
       m_appearance(m_preferences), m_outputs(m_store, m_windows, m_appearance),
@@ -77,11 +83,13 @@ QuenaraApp::QuenaraApp(const QPalette &platformPalette)
 
 void QuenaraApp::start(const QString &path)
 {
-    m_recovery = std::make_unique<Recovery>(Recovery::Context{.store = m_store,
-                                                              .outputs = m_outputs,
-                                                              .recorder = m_recorder,
-                                                              .questions = m_questions},
-                                            journalFolder());
+    m_recovery = std::make_unique<Recovery>(
+        Recovery::Context{.store = m_store,
+                          .outputs = m_outputs,
+                          .recorder = m_recorder,
+                          .questions = m_questions,
+                          .mayOpen = [this](const QUrl &file) { return mayOpen(file); }},
+        journalFolder());
     if (!m_recovery->isAsking())
         return begin(path);
     QObject::connect(m_recovery.get(), &Recovery::answered, &m_operatorWindow,
@@ -95,11 +103,40 @@ void QuenaraApp::start(const QString &path)
 
 void QuenaraApp::begin(const QString &path)
 {
-    if (path.isEmpty()) {
-        showStartPanel();
-    } else {
+    if (path.isEmpty())
+        return showStartPanel();
+    if (!isOpenElsewhere(urlOf(path)))
+        return openDocument(path);
+    // In the event loop, too, since a signal would not end the program from within a question that
+    // is asked before.
+    m_operatorWindow.whenPainted([this, path] {
         openDocument(path);
-    }
+        const bool isRefused = !m_store.currentFileURL() && !m_store.errorMessage();
+        if (isRefused)
+            showStartPanel();
+    });
+}
+
+bool QuenaraApp::isOpenElsewhere(const QUrl &file) const
+{
+    QStringList own{m_recorder.journal()};
+    if (m_recovery)
+        own += m_recovery->journals();
+    return quenara::isOpenElsewhere(file, journalFolder(), own);
+}
+
+bool QuenaraApp::mayOpen(const QUrl &file)
+{
+    if (!isOpenElsewhere(file))
+        return true;
+    const LeaveAnswer answer = m_questions.ask({
+        .text = QStringLiteral("%1 is open in another running Quenara.").arg(file.fileName()),
+        .detail = QStringLiteral("If both change it, the one that saves later is asked before it "
+                                 "replaces what the other has saved."),
+        .offersSave = false,
+        .proceedTitle = QStringLiteral("Open Anyway"),
+    });
+    return answer == LeaveAnswer::proceed;
 }
 
 void QuenaraApp::endWithoutAsking()
@@ -127,7 +164,7 @@ bool QuenaraApp::mayEndSession(bool mayAsk)
 
 void QuenaraApp::openDocument(const QString &path)
 {
-    m_store.openProject(QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath()));
+    m_store.openProject(urlOf(path));
 }
 
 } // namespace quenara

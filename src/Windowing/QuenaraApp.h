@@ -56,6 +56,8 @@ public:
 
 private:
     void begin(const QString &path);
+    bool isOpenElsewhere(const QUrl &file) const;
+    bool mayOpen(const QUrl &file);
 
     QSettings m_preferences;
     FileDialogRunner m_panels;

@@ -5,10 +5,13 @@
 #include "SessionRecorder.h"
 #include "WorkspaceStore.h"
 
+#include <optional>
+#include <utility>
+
 namespace quenara {
 
 Recovery::Recovery(Context context, const QString &folder)
-    : m_context(context), m_journals(leftOverJournals(folder))
+    : m_context(std::move(context)), m_journals(leftOverJournals(folder))
 {}
 
 QList<LeftOverWork> Recovery::works() const
@@ -23,9 +26,20 @@ QList<LeftOverWork> Recovery::works() const
     return works;
 }
 
+QStringList Recovery::journals() const
+{
+    QStringList paths;
+    for (const LeftOverJournal &journal : m_journals)
+        paths.append(journal.path);
+    return paths;
+}
+
 void Recovery::continueWith(qsizetype index)
 {
     const LeftOverJournal journal = m_journals.at(index);
+    const std::optional<QString> &file = journal.session.file;
+    if (file && !m_context.mayOpen(QUrl::fromLocalFile(*file)))
+        return;
     endAsking(); // first, so that an alert about the file stands on the window
     if (m_context.store.continueSession(journal.session)) {
         m_context.outputs.reopen(journal.session.windows);

@@ -4,8 +4,10 @@
 #include "RecoverySheet.h"
 
 #include <QObject>
+#include <QStringList>
+#include <QUrl>
 
-#include <optional>
+#include <functional>
 
 namespace quenara {
 
@@ -27,6 +29,8 @@ public:
         OutputWindowController &outputs;
         SessionRecorder &recorder;
         LeaveQuestionRunner &questions;
+        /// Whether the operator wants that file opened, which another program may have open.
+        std::function<bool(const QUrl &file)> mayOpen = [](const QUrl & /*file*/) { return true; };
     };
 
     /// The references must outlive this. Looks into \a folder.
@@ -35,11 +39,14 @@ public:
     bool isAsking() const { return !m_journals.isEmpty(); }
     /// Newest first.
     QList<LeftOverWork> works() const;
+    /// The paths of the journals with them.
+    QStringList journals() const;
 
     // By the index into works().
 
     /// Brings the work and the show back, which ends the asking; the other works are kept for the
-    /// next start. So is this one, if its file cannot be read.
+    /// next start. So is this one, if its file cannot be read. Asks first if another program has
+    /// that file open, and goes on asking if it is not to be opened then.
     void continueWith(qsizetype index);
     /// Asks once more if something is unsaved.
     void discard(qsizetype index);

@@ -216,6 +216,74 @@ private slots:
         QCOMPARE(journals.files(), QStringList{u"young.journal.new"_s});
     }
 
+    void theDocumentOfARunningProgramIsKnownByEachOfItsPaths_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::addColumn<bool>("isKnown");
+        QTest::newRow("its own path") << u"shows/Sunday.quenara"_s << true;
+        QTest::newRow("from another folder") << u"other/../shows/Sunday.quenara"_s << true;
+        QTest::newRow("a symbolic link to it") << u"other/Link.quenara"_s << true;
+        QTest::newRow("a symbolic link to its folder") << u"other/folder/Sunday.quenara"_s << true;
+        QTest::newRow("a hard link") << u"other/Name.quenara"_s << true;
+        QTest::newRow("another file") << u"other/Other.quenara"_s << false;
+        QTest::newRow("a copy") << u"other/Sunday.quenara"_s << false;
+        QTest::newRow("a file that is not there") << u"shows/Monday.quenara"_s << false;
+        QTest::newRow("a symbolic link that leads in a circle") << u"other/circle"_s << false;
+    }
+
+    void theDocumentOfARunningProgramIsKnownByEachOfItsPaths()
+    {
+        QFETCH(QString, path);
+        QFETCH(bool, isKnown);
+        const Journals journals;
+        const auto at = [&](const QString &name) { return journals.base.filePath(name); };
+        QVERIFY(QDir().mkpath(at(u"shows"_s)) && QDir().mkpath(at(u"other"_s)));
+        const QString shown = at(u"shows/Sunday.quenara"_s);
+        for (const QString &file :
+             {shown, at(u"other/Sunday.quenara"_s), at(u"other/Other.quenara"_s)})
+            writeFile(file, "{}");
+        QVERIFY(QFile::link(shown, at(u"other/Link.quenara"_s)));
+        QVERIFY(QFile::link(at(u"shows"_s), at(u"other/folder"_s)));
+        QVERIFY(QFile::link(at(u"other/circle"_s), at(u"other/circle"_s)));
+        QCOMPARE(::link(QFile::encodeName(shown).constData(),
+                        QFile::encodeName(at(u"other/Name.quenara"_s)).constData()),
+                 0);
+        Session session = sessionNamed(u"Sunday"_s);
+        session.file = shown;
+        JournalFile running(journals.folder);
+        QVERIFY(running.begin(piecesOf(session), false));
+        const QUrl url = QUrl::fromLocalFile(at(path));
+        QCOMPARE(isOpenElsewhere(url, journals.folder, {}), isKnown);
+        QVERIFY(!isOpenElsewhere(url, journals.folder, {running.path()}));
+        // Once the program has ended, it has nothing open.
+        running.close();
+        QVERIFY(!isOpenElsewhere(url, journals.folder, {}));
+    }
+
+    void theDocumentThatARunningProgramHasNowCounts()
+    {
+        const Journals journals;
+        const auto isOpen = [&](const QString &name) {
+            return isOpenElsewhere(QUrl::fromLocalFile(journals.base.filePath(name)),
+                                   journals.folder, {});
+        };
+        Session session = sessionNamed(u"Sunday"_s);
+        SessionJournal journal;
+        JournalFile running(journals.folder);
+        QVERIFY(running.begin(journal.add(session), false));
+        for (const QString &name : {u"First"_s, u"Second"_s}) {
+            writeFile(journals.base.filePath(name), "{}");
+            session.file = journals.base.filePath(name);
+            QVERIFY(running.append(journal.add(session)));
+            QVERIFY(isOpen(name));
+        }
+        QVERIFY(!isOpen(u"First"_s));
+        // What is only half written yet says nothing.
+        session.file = journals.base.filePath(u"First"_s);
+        QVERIFY(running.append({journal.add(session).join().chopped(1)}));
+        QVERIFY(isOpen(u"Second"_s));
+    }
+
     void aFailureLeavesWhatIsWhole()
     {
         const Journals journals;

@@ -1,11 +1,19 @@
 #include "DisplayOutputView.h"
 #include "GuiTestSupport.h"
 #include "QuenaraApp.h"
+#include "RecentProjectsStore.h"
+#include "SessionRecorder.h"
 #include "StartPanelView.h"
+#include "StateFolder.h"
 #include "TestSupport.h"
 
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QFile>
 #include <QFileDialog>
+#include <QLineEdit>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -31,13 +39,14 @@ QWidget *shownWindow(const QString &name)
     return nullptr;
 }
 
+/// Of a menu within the menu, its first item.
 void choose(const QString &title, const Caller &caller = Caller::current())
 {
     const auto *operatorWindow = qobject_cast<QMainWindow *>(shownWindow(u"operatorWindow"_s));
     for (const QAction *menu : operatorWindow->menuBar()->actions()) {
         for (QAction *action : menu->menu()->actions()) {
             if (action->text() == title)
-                return action->trigger();
+                return (action->menu() ? action->menu()->actions().first() : action)->trigger();
         }
     }
     fail(QStringLiteral("there is no menu item \"%1\"").arg(title), caller);
@@ -64,6 +73,7 @@ private slots:
     {
         QApplication::setOrganizationName(u"Quenara"_s);
         QApplication::setApplicationName(u"Quenara"_s);
+        QDir(stateFolder()).removeRecursively(); // what a test run that was ended has left
     }
 
     void theApplicationFollowsThePreferenceFromTheStartAndAsItChanges()
@@ -132,6 +142,66 @@ private slots:
         app.showStartPanel();
         QTRY_VERIFY(shownWindow(u"startPanel"_s));
         QCOMPARE(shownWindow(u"startPanel"_s)->parentWidget(), shownWindow(u"operatorWindow"_s));
+    }
+
+    void aDocumentThatAnotherProgramHasOpenIsOpenedOnlyWhenToldSo_data()
+    {
+        QTest::addColumn<QString>("way");
+        QTest::addColumn<QString>("button"); // none: Escape
+        QTest::addColumn<bool>("isOpened");
+        for (const QString &way : {u"the command line"_s, u"Open..."_s, u"Open Recent"_s}) {
+            const QByteArray by = way.toUtf8();
+            QTest::addRow("%s: Open Anyway", by.constData()) << way << u"Open Anyway"_s << true;
+            QTest::addRow("%s: Cancel", by.constData()) << way << u"Cancel"_s << false;
+            QTest::addRow("%s: Escape", by.constData()) << way << QString() << false;
+        }
+    }
+
+    void aDocumentThatAnotherProgramHasOpenIsOpenedOnlyWhenToldSo()
+    {
+        QFETCH(QString, way);
+        QFETCH(QString, button);
+        QFETCH(bool, isOpened);
+        World other;
+        const SessionRecorder recorder(other.store, stateFolder() + u"/recovery"_s);
+        const QUrl file = other.fileUrl(u"Sunday.quenara"_s);
+        other.panels.answer = file;
+        other.store.saveProject();
+        const QString link = other.folder.filePath(u"Link.quenara"_s);
+        QVERIFY(QFile::link(file.toLocalFile(), link));
+
+        QSettings preferences;
+        RecentProjectsStore::add(preferences, QUrl::fromLocalFile(link), u"Sunday"_s,
+                                 QDateTime::currentDateTimeUtc());
+        QuenaraApp app{QPalette(Qt::white)};
+        QStringList asked;
+        QTimer answering;
+        connect(&answering, &QTimer::timeout, this, [&] {
+            QWidget *dialog = QApplication::activeModalWidget();
+            if (!dialog || !dialog->isActiveWindow())
+                return;
+            if (auto *panel = qobject_cast<QFileDialog *>(dialog)) {
+                panel->findChild<QLineEdit *>(u"fileNameEdit"_s)->setText(link);
+                panel->findChild<QDialogButtonBox *>()->buttons().constFirst()->click();
+            } else if (auto *box = qobject_cast<QMessageBox *>(dialog)) {
+                asked.append(box->text());
+                if (button.isEmpty()) {
+                    QTest::keyClick(box, Qt::Key_Escape);
+                } else {
+                    press(*box, button);
+                }
+            }
+        });
+        answering.start(20);
+        if (way == u"the command line"_s) {
+            app.start(link);
+            QTRY_COMPARE(asked.size(), 1);
+        } else {
+            choose(way);
+        }
+        QCOMPARE(asked, QStringList{u"Link.quenara is open in another running Quenara."_s});
+        const QWidget *window = shownWindow(u"operatorWindow"_s);
+        QCOMPARE(window->windowTitle().startsWith(other.store.project().name), isOpened);
     }
 
     void filePanelsStartBesideTheOpenDocument()

@@ -23,6 +23,8 @@ struct NextStart : ProgramWindows
     QString journals = state.filePath(u"recovery"_s);
     SessionRecorder recorder{store, journals};
     std::unique_ptr<Recovery> recovery;
+    bool mayOpen = true; ///< what the operator answers when a file is open elsewhere
+    QStringList askedOf; ///< the files that this was asked of
 
     /// Leaves the journal of a program that had \a opened windows.
     void leave(const QString &name, const SessionWindows &opened = {}, bool isUnsaved = true) const
@@ -48,10 +50,17 @@ struct NextStart : ProgramWindows
 
     RecoverySheet *start()
     {
-        recovery = std::make_unique<Recovery>(
-            Recovery::Context{
-                .store = store, .outputs = outputs, .recorder = recorder, .questions = questions},
-            journals);
+        recovery =
+            std::make_unique<Recovery>(Recovery::Context{.store = store,
+                                                         .outputs = outputs,
+                                                         .recorder = recorder,
+                                                         .questions = questions,
+                                                         .mayOpen =
+                                                             [this](const QUrl &file) {
+                                                                 askedOf.append(file.fileName());
+                                                                 return mayOpen;
+                                                             }},
+                                       journals);
         operatorWindow.askAbout(*recovery);
         return sheet();
     }
@@ -103,6 +112,25 @@ private slots:
         // It is in the journal of this process alone from here on.
         QCOMPARE(program.files().size(), 1);
         QVERIFY(!program.files().contains(u"Sunday.journal"_s));
+    }
+
+    void workWhoseFileIsNotToBeOpenedGoesOnBeingOffered()
+    {
+        NextStart program;
+        program.leave(u"Sunday"_s);
+        program.mayOpen = false;
+        RecoverySheet *sheet = program.start();
+        const ZelvoProject before = program.store.project();
+        press(*sheet, u"Continue"_s);
+        QCOMPARE(program.askedOf, QStringList{u"Sunday.quenara"_s});
+        QCOMPARE(program.sheet(), sheet);
+        QCOMPARE(program.store.project(), before);
+        QVERIFY(program.files().contains(u"Sunday.journal"_s));
+        QVERIFY(!program.recovery->journals().isEmpty());
+        program.mayOpen = true;
+        press(*sheet, u"Continue"_s);
+        QVERIFY(!program.sheet());
+        QCOMPARE(program.store.project().name, u"Sunday"_s);
     }
 
     void aClosedDisplayStaysClosed()

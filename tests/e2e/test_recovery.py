@@ -137,6 +137,30 @@ class Recovery(Documents, ReadCase):
         self.start()
         self.see_start_panel()
 
+    def test_a_document_that_is_open_in_a_running_program_is_opened_only_when_told_so(self):
+        first = self.program
+        link = self.folder / "Link.quenara"
+        link.symlink_to(self.file)
+        first.open_display()
+        again = self.start(link)
+        titles = lambda: sorted(again.windows().values())
+        wait_until(lambda: EMPTY_TITLE in titles() and SHEET in titles(), "the question")
+        again.press("Escape")
+        self.see_start_panel()
+        self.assertIn(EMPTY_TITLE, titles())
+        self.assertEqual(again.kill(signal.SIGTERM), 0)
+
+        again = self.start(link)
+        self.click("Open Anyway", "push button", window=SHEET)
+        wait_until(lambda: titles().count("Evening Show — Quenara") == 2, "both to have it")
+        self.assertEqual(first.kill(signal.SIGTERM), 0)
+        self.assertEqual(again.kill(signal.SIGTERM), 0)
+        # Nobody has it any more.
+        alone = self.start(link)
+        alone.wait_for_window("Evening Show — Quenara")
+        alone.wait_until_at_rest()
+        self.assertIsNone(alone.window(SHEET))
+
     def test_what_a_running_program_has_is_not_offered(self):
         self.change_name("Changed")
         self.start()
