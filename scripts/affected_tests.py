@@ -48,12 +48,10 @@ def knows_end_to_end(script, changed):
                for name in changed)
 
 
-def knows(folders, executable, name):
-    """Whether an executable is made of a changed file, or of one that may include it."""
+def knows(folders, test, name):
+    """Whether a test is a changed file, or made of one, or of one that may include it."""
     path = Path(name)
-    if path.name.startswith("tst_"):
-        return path.stem == Path(executable).name
-    return str(path.parent) in folders
+    return path.stem == test if path.name.startswith("tst_") else str(path.parent) in folders
 
 
 def main():
@@ -61,7 +59,7 @@ def main():
     root = Path.cwd()
     folders = folders_by_executable(build)
 
-    def is_affected(command, is_end_to_end):
+    def is_affected(test, command, is_end_to_end):
         if any(name.startswith(EVERY_TEST) for name in changed):
             return True
         if is_end_to_end:
@@ -69,11 +67,11 @@ def main():
         executable = command[0].removeprefix(f"{root / build}/")
         if executable not in folders:
             return any(name.startswith(ALL_ROOMS) for name in changed)
-        return any(knows(folders[executable], executable, name) for name in changed)
+        return any(knows(folders[executable], test, name) for name in changed)
 
     if changed:
         print("|".join(re.escape(name) for name, command, is_end_to_end in tests_of(build)
-                       if is_affected(command, is_end_to_end)))
+                       if is_affected(name, command, is_end_to_end)))
 
 
 if __name__ == "__main__":

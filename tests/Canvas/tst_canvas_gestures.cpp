@@ -5,6 +5,8 @@
 
 using namespace quenara;
 
+namespace tst_canvas_gestures {
+
 namespace {
 
 constexpr CanvasSize fullHD{1920, 1080};
@@ -214,5 +216,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestCanvasGestures)
+QUENARA_TEST(TestCanvasGestures)
+
+} // namespace tst_canvas_gestures
+
 #include "tst_canvas_gestures.moc"

@@ -8,6 +8,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_canvas_text_layer_editor {
+
 namespace {
 
 const QString lyric = QStringLiteral("A1.lyric");
@@ -634,5 +636,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestCanvasTextLayerEditor)
+QUENARA_GUI_TEST(TestCanvasTextLayerEditor)
+
+} // namespace tst_canvas_text_layer_editor
+
 #include "tst_canvas_text_layer_editor.moc"

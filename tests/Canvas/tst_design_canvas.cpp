@@ -8,6 +8,8 @@ using namespace Qt::StringLiterals;
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_design_canvas {
+
 namespace {
 
 const QString lyric = QStringLiteral("A1.lyric");
@@ -633,5 +635,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestDesignCanvas)
+QUENARA_GUI_TEST(TestDesignCanvas)
+
+} // namespace tst_design_canvas
+
 #include "tst_design_canvas.moc"

@@ -6,6 +6,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_edited_text {
+
 using Selecting = EditedText::Selecting;
 
 class TestEditedText : public QObject
@@ -200,5 +202,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestEditedText)
+QUENARA_TEST(TestEditedText)
+
+} // namespace tst_edited_text
+
 #include "tst_edited_text.moc"

@@ -8,6 +8,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_input_method_edits {
+
 namespace {
 
 using Attribute = QInputMethodEvent::Attribute;
@@ -134,5 +136,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestInputMethodEdits)
+QUENARA_TEST(TestInputMethodEdits)
+
+} // namespace tst_input_method_edits
+
 #include "tst_input_method_edits.moc"

@@ -5,6 +5,8 @@
 
 using namespace quenara;
 
+namespace tst_text_layer_placement {
+
 namespace {
 
 /// A layer of 200 by 100 canvas units on a slide of half the canvas's size.
@@ -39,8 +41,6 @@ TextLayerPlacement framed(const CanvasFrame &frame)
 constexpr double manyTurns = 360.0 * (1LL << 40);
 
 } // namespace
-
-Q_DECLARE_METATYPE(TextLayerPlacement)
 
 class TestTextLayerPlacement : public QObject
 {
@@ -176,5 +176,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestTextLayerPlacement)
+QUENARA_TEST(TestTextLayerPlacement)
+
+} // namespace tst_text_layer_placement
+
 #include "tst_text_layer_placement.moc"

@@ -11,6 +11,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_command_actions {
+
 namespace {
 
 using Commands = QList<Command>;
@@ -368,5 +370,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestCommandActions)
+QUENARA_GUI_TEST(TestCommandActions)
+
+} // namespace tst_command_actions
+
 #include "tst_command_actions.moc"

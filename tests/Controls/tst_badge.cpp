@@ -6,6 +6,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_badge {
+
 class TestBadge : public GuiTest
 {
     Q_OBJECT
@@ -34,5 +36,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestBadge)
+QUENARA_GUI_TEST(TestBadge)
+
+} // namespace tst_badge
+
 #include "tst_badge.moc"

@@ -10,6 +10,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_color_well {
+
 namespace {
 
 struct Well : Shown<ColorWell>
@@ -116,5 +118,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestColorWell)
+QUENARA_GUI_TEST(TestColorWell)
+
+} // namespace tst_color_well
+
 #include "tst_color_well.moc"

@@ -5,6 +5,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_elided_text {
+
 namespace {
 
 constexpr double width = 150;
@@ -63,5 +65,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestElidedText)
+QUENARA_GUI_TEST(TestElidedText)
+
+} // namespace tst_elided_text
+
 #include "tst_elided_text.moc"

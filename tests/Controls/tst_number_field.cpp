@@ -10,6 +10,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_number_field {
+
 namespace {
 
 /// A field with the focus that shows what is entered, as one that is bound to a store.
@@ -234,5 +236,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestNumberField)
+QUENARA_GUI_TEST(TestNumberField)
+
+} // namespace tst_number_field
+
 #include "tst_number_field.moc"

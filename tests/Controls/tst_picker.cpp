@@ -8,6 +8,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_picker {
+
 namespace {
 
 Picker *directions()
@@ -76,5 +78,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestPicker)
+QUENARA_GUI_TEST(TestPicker)
+
+} // namespace tst_picker
+
 #include "tst_picker.moc"

@@ -10,6 +10,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_slider {
+
 namespace {
 
 /// A slider from -3 to 12 that shows the value it is pulled to, as one that is bound to a store.
@@ -218,5 +220,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestSlider)
+QUENARA_GUI_TEST(TestSlider)
+
+} // namespace tst_slider
+
 #include "tst_slider.moc"

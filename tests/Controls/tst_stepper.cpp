@@ -10,6 +10,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_stepper {
+
 namespace {
 
 /// A stepper from 12 to 180 that shows the value it was stepped to.
@@ -114,5 +116,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestStepper)
+QUENARA_GUI_TEST(TestStepper)
+
+} // namespace tst_stepper
+
 #include "tst_stepper.moc"

@@ -5,6 +5,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_switch {
+
 class TestSwitch : public GuiTest
 {
     Q_OBJECT
@@ -32,5 +34,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestSwitch)
+QUENARA_GUI_TEST(TestSwitch)
+
+} // namespace tst_switch
+
 #include "tst_switch.moc"

@@ -6,6 +6,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_symbol_button {
+
 namespace {
 
 /// Whether anything in \a ink is seen.
@@ -20,8 +22,6 @@ void wear(ColorScheme scheme)
 }
 
 } // namespace
-
-Q_DECLARE_METATYPE(SymbolButton::Look)
 
 class TestSymbolButton : public GuiTest
 {
@@ -114,5 +114,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestSymbolButton)
+QUENARA_GUI_TEST(TestSymbolButton)
+
+} // namespace tst_symbol_button
+
 #include "tst_symbol_button.moc"

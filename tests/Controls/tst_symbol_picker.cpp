@@ -9,6 +9,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_symbol_picker {
+
 namespace {
 
 struct Alignment : Shown<SymbolPicker>
@@ -78,5 +80,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestSymbolPicker)
+QUENARA_GUI_TEST(TestSymbolPicker)
+
+} // namespace tst_symbol_picker
+
 #include "tst_symbol_picker.moc"

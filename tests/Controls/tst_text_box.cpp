@@ -10,6 +10,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_text_box {
+
 namespace {
 
 /// A box that says "one", all of it selected.
@@ -183,5 +185,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestTextBox)
+QUENARA_GUI_TEST(TestTextBox)
+
+} // namespace tst_text_box
+
 #include "tst_text_box.moc"

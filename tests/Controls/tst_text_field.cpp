@@ -7,6 +7,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_text_field {
+
 class TestTextField : public GuiTest
 {
     Q_OBJECT
@@ -128,5 +130,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestTextField)
+QUENARA_GUI_TEST(TestTextField)
+
+} // namespace tst_text_field
+
 #include "tst_text_field.moc"

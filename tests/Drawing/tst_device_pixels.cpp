@@ -8,6 +8,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_device_pixels {
+
 namespace {
 
 constexpr QSize size(400, 300);
@@ -175,5 +177,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestDevicePixels)
+QUENARA_GUI_TEST(TestDevicePixels)
+
+} // namespace tst_device_pixels
+
 #include "tst_device_pixels.moc"

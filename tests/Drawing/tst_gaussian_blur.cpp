@@ -8,6 +8,8 @@
 
 using namespace quenara;
 
+namespace tst_gaussian_blur {
+
 namespace {
 
 constexpr int side = 160;
@@ -119,5 +121,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestGaussianBlur)
+QUENARA_TEST(TestGaussianBlur)
+
+} // namespace tst_gaussian_blur
+
 #include "tst_gaussian_blur.moc"

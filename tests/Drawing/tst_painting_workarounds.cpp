@@ -6,6 +6,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_painting_workarounds {
+
 namespace {
 
 /// Whether the upper halves of the vector registers are in use.
@@ -47,5 +49,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestPaintingWorkarounds)
+QUENARA_GUI_TEST(TestPaintingWorkarounds)
+
+} // namespace tst_painting_workarounds
+
 #include "tst_painting_workarounds.moc"

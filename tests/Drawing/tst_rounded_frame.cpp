@@ -7,6 +7,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_rounded_frame {
+
 namespace {
 
 constexpr int rounding = 2; // of 255; from painting through a clip and blending twice
@@ -99,5 +101,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestRoundedFrame)
+QUENARA_GUI_TEST(TestRoundedFrame)
+
+} // namespace tst_rounded_frame
+
 #include "tst_rounded_frame.moc"

@@ -7,6 +7,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_scaled_font_cache {
+
 namespace {
 
 constexpr std::array scales{0.09, 0.17, 0.25, 1.0 / 3, 0.4999};
@@ -74,5 +76,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestScaledFontCache)
+QUENARA_GUI_TEST(TestScaledFontCache)
+
+} // namespace tst_scaled_font_cache
+
 #include "tst_scaled_font_cache.moc"

@@ -56,11 +56,10 @@ SlideMedia solidImage(const QSize &size, const QColor &color);
 
 } // namespace quenara::test
 
-/// A main that runs the test as the program runs.
-#define QUENARA_GUI_TEST_MAIN(TestClass)                                                           \
-    int main(int argc, char *argv[])                                                               \
-    {                                                                                              \
+/// A test that runs as the program runs.
+#define QUENARA_GUI_TEST(TestClass)                                                                \
+    static const quenara::test::NamedTest named##TestClass(__FILE__, [](int argc, char *argv[]) {  \
         QApplication application(argc, argv);                                                      \
         quenara::test::setUpApplication();                                                         \
         return quenara::test::runTest<TestClass>(argc, argv);                                      \
-    }
+    });

@@ -15,6 +15,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_inspector_controls {
+
 namespace {
 
 const QColor tried(20, 40, 60, 80);
@@ -282,8 +284,6 @@ struct Inspected : InspectorWorld
 
 } // namespace
 
-Q_DECLARE_METATYPE(Row)
-
 class TestInspectorControls : public GuiTest
 {
     Q_OBJECT
@@ -404,5 +404,8 @@ private:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestInspectorControls)
+QUENARA_GUI_TEST(TestInspectorControls)
+
+} // namespace tst_inspector_controls
+
 #include "tst_inspector_controls.moc"

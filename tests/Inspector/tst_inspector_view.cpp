@@ -22,6 +22,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_inspector_view {
+
 namespace {
 
 /// A show of two slides, with the first one's text selected.
@@ -822,5 +824,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestInspectorView)
+QUENARA_GUI_TEST(TestInspectorView)
+
+} // namespace tst_inspector_view
+
 #include "tst_inspector_view.moc"

@@ -13,6 +13,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_layer_list_view {
+
 namespace {
 
 SlideElement layerAt(const QString &id, std::int64_t zIndex)
@@ -481,5 +483,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestLayerListView)
+QUENARA_GUI_TEST(TestLayerListView)
+
+} // namespace tst_layer_list_view
+
 #include "tst_layer_list_view.moc"

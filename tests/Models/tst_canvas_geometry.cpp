@@ -5,7 +5,7 @@
 
 using namespace quenara;
 
-Q_DECLARE_METATYPE(quenara::CanvasFrame)
+namespace tst_canvas_geometry {
 
 class TestCanvasGeometry : public QObject
 {
@@ -59,5 +59,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestCanvasGeometry)
+QUENARA_TEST(TestCanvasGeometry)
+
+} // namespace tst_canvas_geometry
+
 #include "tst_canvas_geometry.moc"

@@ -6,6 +6,8 @@
 
 using namespace quenara;
 
+namespace tst_raw_enums {
+
 namespace {
 
 /// What the program makes of an enumeration, as texts that a table can state.
@@ -52,8 +54,6 @@ QStringList words(const char *text)
 }
 
 } // namespace
-
-Q_DECLARE_METATYPE(Cases)
 
 class TestRawEnums : public QObject
 {
@@ -123,5 +123,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestRawEnums)
+QUENARA_TEST(TestRawEnums)
+
+} // namespace tst_raw_enums
+
 #include "tst_raw_enums.moc"

@@ -11,6 +11,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_records {
+
 namespace {
 
 /// Compares \a changed, which differs from \a original in one field, both ways.
@@ -56,8 +58,6 @@ QStringList fieldNames()
 using Check = std::function<void()>;
 
 } // namespace
-
-Q_DECLARE_METATYPE(Check)
 
 class TestRecords : public QObject
 {
@@ -175,5 +175,8 @@ private:
     }
 };
 
-QUENARA_TEST_MAIN(TestRecords)
+QUENARA_TEST(TestRecords)
+
+} // namespace tst_records
+
 #include "tst_records.moc"

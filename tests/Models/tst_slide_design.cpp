@@ -10,6 +10,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_slide_design {
+
 namespace {
 
 SlideElement layer(QStringView id, std::int64_t zIndex, bool visible = true)
@@ -202,5 +204,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestSlideDesign)
+QUENARA_TEST(TestSlideDesign)
+
+} // namespace tst_slide_design
+
 #include "tst_slide_design.moc"

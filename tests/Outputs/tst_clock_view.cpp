@@ -6,6 +6,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_clock_view {
+
 namespace {
 
 const QLocale unitedStates(QLocale::English, QLocale::UnitedStates);
@@ -228,5 +230,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestClockView)
+QUENARA_GUI_TEST(TestClockView)
+
+} // namespace tst_clock_view
+
 #include "tst_clock_view.moc"

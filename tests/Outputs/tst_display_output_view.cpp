@@ -9,6 +9,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_display_output_view {
+
 namespace {
 
 constexpr QSize screen(960, 540);
@@ -247,5 +249,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestDisplayOutputView)
+QUENARA_GUI_TEST(TestDisplayOutputView)
+
+} // namespace tst_display_output_view
+
 #include "tst_display_output_view.moc"

@@ -9,6 +9,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_fitted_text {
+
 namespace {
 
 constexpr QSize room(480, 140);
@@ -193,5 +195,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestFittedText)
+QUENARA_GUI_TEST(TestFittedText)
+
+} // namespace tst_fitted_text
+
 #include "tst_fitted_text.moc"

@@ -8,6 +8,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_stage_layout {
+
 namespace {
 
 const QString endlessTitle = QStringLiteral("A title that goes on and on, ").repeated(20);
@@ -171,5 +173,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestStageLayout)
+QUENARA_GUI_TEST(TestStageLayout)
+
+} // namespace tst_stage_layout
+
 #include "tst_stage_layout.moc"

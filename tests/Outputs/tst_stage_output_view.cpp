@@ -11,6 +11,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_stage_output_view {
+
 namespace {
 
 ZelvoProject withoutLiveBody()
@@ -250,5 +252,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestStageOutputView)
+QUENARA_GUI_TEST(TestStageOutputView)
+
+} // namespace tst_stage_output_view
+
 #include "tst_stage_output_view.moc"

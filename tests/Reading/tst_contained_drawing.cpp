@@ -16,6 +16,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_contained_drawing {
+
 namespace {
 
 const QByteArray head = "<svg xmlns='http://www.w3.org/2000/svg' "
@@ -301,5 +303,8 @@ private:
     QTemporaryDir m_folder;
 };
 
-QUENARA_TEST_MAIN_WITH(QGuiApplication, TestContainedDrawing)
+QUENARA_TEST_WITH(QGuiApplication, TestContainedDrawing)
+
+} // namespace tst_contained_drawing
+
 #include "tst_contained_drawing.moc"

@@ -10,6 +10,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_encoded_image {
+
 namespace {
 
 constexpr QSize size(48, 32);
@@ -139,5 +141,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestEncodedImage)
+QUENARA_TEST(TestEncodedImage)
+
+} // namespace tst_encoded_image
+
 #include "tst_encoded_image.moc"

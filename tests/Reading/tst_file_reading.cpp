@@ -16,6 +16,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_file_reading {
+
 class TestFileReading : public QObject
 {
     Q_OBJECT
@@ -98,5 +100,8 @@ private:
     int m_socket = -1;
 };
 
-QUENARA_TEST_MAIN(TestFileReading)
+QUENARA_TEST(TestFileReading)
+
+} // namespace tst_file_reading
+
 #include "tst_file_reading.moc"

@@ -9,6 +9,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_emoji {
+
 namespace {
 
 constexpr CanvasFrame frame{200, 200, 1500, 600};
@@ -249,5 +251,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestEmoji)
+QUENARA_GUI_TEST(TestEmoji)
+
+} // namespace tst_emoji
+
 #include "tst_emoji.moc"

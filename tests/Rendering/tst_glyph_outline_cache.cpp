@@ -5,6 +5,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_glyph_outline_cache {
+
 namespace {
 
 QRawFont font(TextFontWeight weight)
@@ -61,5 +63,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestGlyphOutlineCache)
+QUENARA_GUI_TEST(TestGlyphOutlineCache)
+
+} // namespace tst_glyph_outline_cache
+
 #include "tst_glyph_outline_cache.moc"

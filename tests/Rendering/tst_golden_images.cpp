@@ -6,6 +6,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_golden_images {
+
 namespace {
 
 /// The largest difference of any channel of any pixel. The faces are compiled in and not hinted, so
@@ -65,5 +67,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestGoldenImages)
+QUENARA_GUI_TEST(TestGoldenImages)
+
+} // namespace tst_golden_images
+
 #include "tst_golden_images.moc"

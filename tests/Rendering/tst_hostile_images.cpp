@@ -9,6 +9,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_hostile_images {
+
 namespace {
 
 /// The most memory that the process has held so far.
@@ -118,5 +120,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestHostileImages)
+QUENARA_GUI_TEST(TestHostileImages)
+
+} // namespace tst_hostile_images
+
 #include "tst_hostile_images.moc"

@@ -9,6 +9,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_image_cache {
+
 namespace {
 
 constexpr QSize size(320, 240);
@@ -251,5 +253,8 @@ private:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestImageCache)
+QUENARA_GUI_TEST(TestImageCache)
+
+} // namespace tst_image_cache
+
 #include "tst_image_cache.moc"

@@ -15,6 +15,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_image_loader {
+
 namespace {
 
 constexpr QSize size(640, 480);
@@ -337,5 +339,8 @@ private:
     QTemporaryDir m_folder;
 };
 
-QUENARA_TEST_MAIN(TestImageLoader)
+QUENARA_TEST(TestImageLoader)
+
+} // namespace tst_image_loader
+
 #include "tst_image_loader.moc"

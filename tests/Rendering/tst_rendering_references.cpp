@@ -10,6 +10,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_rendering_references {
+
 namespace {
 
 /// One channel of an image as real numbers, 0 to 1.
@@ -242,5 +244,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestRenderingReferences)
+QUENARA_GUI_TEST(TestRenderingReferences)
+
+} // namespace tst_rendering_references
+
 #include "tst_rendering_references.moc"

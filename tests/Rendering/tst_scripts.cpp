@@ -3,6 +3,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_scripts {
+
 /// No GuiTest: Qt warns of scripts that it has no face for.
 class TestScripts : public QObject
 {
@@ -35,5 +37,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestScripts)
+QUENARA_GUI_TEST(TestScripts)
+
+} // namespace tst_scripts
+
 #include "tst_scripts.moc"

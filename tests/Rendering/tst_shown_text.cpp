@@ -7,6 +7,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_shown_text {
+
 namespace {
 
 TextElementProperties stored(const QString &text, bool uppercase)
@@ -127,5 +129,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestShownText)
+QUENARA_GUI_TEST(TestShownText)
+
+} // namespace tst_shown_text
+
 #include "tst_shown_text.moc"

@@ -8,6 +8,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_slide_background {
+
 namespace {
 
 constexpr QSize canvas(1920, 1080);
@@ -321,5 +323,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestSlideBackground)
+QUENARA_GUI_TEST(TestSlideBackground)
+
+} // namespace tst_slide_background
+
 #include "tst_slide_background.moc"

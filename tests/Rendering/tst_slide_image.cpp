@@ -6,6 +6,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_slide_image {
+
 namespace {
 
 constexpr QSize area(960, 540);
@@ -176,5 +178,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestSlideImage)
+QUENARA_GUI_TEST(TestSlideImage)
+
+} // namespace tst_slide_image
+
 #include "tst_slide_image.moc"

@@ -5,6 +5,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_slide_renderer {
+
 namespace {
 
 const RGBAColor red{1, 0, 0, 1};
@@ -501,5 +503,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestSlideRenderer)
+QUENARA_GUI_TEST(TestSlideRenderer)
+
+} // namespace tst_slide_renderer
+
 #include "tst_slide_renderer.moc"

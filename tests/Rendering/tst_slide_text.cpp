@@ -9,6 +9,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_slide_text {
+
 class TestSlideText : public GuiTest
 {
     Q_OBJECT
@@ -135,5 +137,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestSlideText)
+QUENARA_GUI_TEST(TestSlideText)
+
+} // namespace tst_slide_text
+
 #include "tst_slide_text.moc"

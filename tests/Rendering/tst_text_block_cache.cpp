@@ -4,6 +4,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_text_block_cache {
+
 namespace {
 
 constexpr QSizeF size(640, 360);
@@ -56,5 +58,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestTextBlockCache)
+QUENARA_GUI_TEST(TestTextBlockCache)
+
+} // namespace tst_text_block_cache
+
 #include "tst_text_block_cache.moc"

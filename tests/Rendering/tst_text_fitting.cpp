@@ -4,6 +4,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_text_fitting {
+
 namespace {
 
 TextElementProperties sized(const QString &text, double fontSize)
@@ -263,5 +265,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestTextFitting)
+QUENARA_GUI_TEST(TestTextFitting)
+
+} // namespace tst_text_fitting
+
 #include "tst_text_fitting.moc"

@@ -8,6 +8,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_text_layout_geometry {
+
 namespace {
 
 constexpr QSizeF box(1500, 600);
@@ -196,5 +198,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestTextLayoutGeometry)
+QUENARA_GUI_TEST(TestTextLayoutGeometry)
+
+} // namespace tst_text_layout_geometry
+
 #include "tst_text_layout_geometry.moc"

@@ -4,6 +4,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_text_limits {
+
 namespace {
 
 constexpr TextLimits sevenLines{.smallestFit = 0.52, .lineMaximum = 7};
@@ -160,5 +162,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestTextLimits)
+QUENARA_GUI_TEST(TestTextLimits)
+
+} // namespace tst_text_limits
+
 #include "tst_text_limits.moc"

@@ -5,6 +5,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_text_setting {
+
 namespace {
 
 constexpr CanvasFrame frame{200, 200, 1500, 600};
@@ -306,5 +308,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestTextSetting)
+QUENARA_GUI_TEST(TestTextSetting)
+
+} // namespace tst_text_setting
+
 #include "tst_text_setting.moc"

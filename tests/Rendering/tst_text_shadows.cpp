@@ -4,6 +4,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_text_shadows {
+
 namespace {
 
 const RGBAColor red{1, 0, 0, 1};
@@ -152,5 +154,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestTextShadows)
+QUENARA_GUI_TEST(TestTextShadows)
+
+} // namespace tst_text_shadows
+
 #include "tst_text_shadows.moc"

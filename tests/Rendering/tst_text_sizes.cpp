@@ -8,6 +8,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_text_sizes {
+
 namespace {
 
 constexpr QSize thumbnail(64, 36);
@@ -171,5 +173,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestTextSizes)
+QUENARA_GUI_TEST(TestTextSizes)
+
+} // namespace tst_text_sizes
+
 #include "tst_text_sizes.moc"

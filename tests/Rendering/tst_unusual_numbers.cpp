@@ -7,6 +7,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_unusual_numbers {
+
 namespace {
 
 constexpr QSize screen(480, 270);
@@ -490,5 +492,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestUnusualNumbers)
+QUENARA_GUI_TEST(TestUnusualNumbers)
+
+} // namespace tst_unusual_numbers
+
 #include "tst_unusual_numbers.moc"

@@ -9,6 +9,8 @@ using namespace Qt::StringLiterals;
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_rundown_model {
+
 class TestRundownModel : public GuiTest
 {
     Q_OBJECT
@@ -190,5 +192,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestRundownModel)
+QUENARA_GUI_TEST(TestRundownModel)
+
+} // namespace tst_rundown_model
+
 #include "tst_rundown_model.moc"

@@ -24,6 +24,8 @@ using namespace Qt::StringLiterals;
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_rundown_view {
+
 namespace {
 
 constexpr QPoint beside(RundownView::panelWidth + 50, 10); ///< a place that is not in the view
@@ -1263,5 +1265,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestRundownView)
+QUENARA_GUI_TEST(TestRundownView)
+
+} // namespace tst_rundown_view
+
 #include "tst_rundown_view.moc"

@@ -17,6 +17,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_song_import_sheet {
+
 namespace {
 
 const QString example = u"[Verse 1]\nLine one\nLine two\n\n[Chorus]\nLine one\nLine two"_s;
@@ -266,5 +268,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestSongImportSheet)
+QUENARA_GUI_TEST(TestSongImportSheet)
+
+} // namespace tst_song_import_sheet
+
 #include "tst_song_import_sheet.moc"

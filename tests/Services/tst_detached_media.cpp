@@ -13,6 +13,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_detached_media {
+
 namespace {
 
 constexpr qsizetype leastSize = 16;
@@ -219,5 +221,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestDetachedMedia)
+QUENARA_TEST(TestDetachedMedia)
+
+} // namespace tst_detached_media
+
 #include "tst_detached_media.moc"

@@ -16,6 +16,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_document_keys {
+
 namespace {
 
 QByteArray jsonOf(const QJsonValue &value)
@@ -295,5 +297,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestDocumentKeys)
+QUENARA_TEST(TestDocumentKeys)
+
+} // namespace tst_document_keys
+
 #include "tst_document_keys.moc"

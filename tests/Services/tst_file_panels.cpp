@@ -7,6 +7,8 @@
 using namespace quenara;
 using namespace Qt::StringLiterals;
 
+namespace tst_file_panels {
+
 namespace {
 
 QStringList patternsOf(const FilePanel &panel)
@@ -87,5 +89,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestFilePanels)
+QUENARA_TEST(TestFilePanels)
+
+} // namespace tst_file_panels
+
 #include "tst_file_panels.moc"

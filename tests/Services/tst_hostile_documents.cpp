@@ -12,6 +12,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_hostile_documents {
+
 namespace {
 
 QByteArray withInteger(const QByteArray &token)
@@ -334,5 +336,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestHostileDocuments)
+QUENARA_TEST(TestHostileDocuments)
+
+} // namespace tst_hostile_documents
+
 #include "tst_hostile_documents.moc"

@@ -16,6 +16,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_image_file {
+
 namespace {
 
 QByteArray encodedImage(const char *format)
@@ -29,9 +31,8 @@ QByteArray halfOf(const char *format)
     return whole.first(whole.size() / 2);
 }
 
-const QByteArray drawing = R"(<svg xmlns="http://www.w3.org/2000/svg" width="48" height="32">
-  <rect width="24" height="16" fill="#ff0000"/>
-</svg>)";
+const QByteArray drawing = "<svg xmlns='http://www.w3.org/2000/svg' width='48' height='32'>"
+                           "<rect width='24' height='16' fill='#ff0000'/></svg>";
 
 QByteArray declared(const QByteArray &markup)
 {
@@ -159,5 +160,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN_WITH(QGuiApplication, TestImageFile)
+QUENARA_TEST_WITH(QGuiApplication, TestImageFile)
+
+} // namespace tst_image_file
+
 #include "tst_image_file.moc"

@@ -18,6 +18,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_journal_file {
+
 namespace {
 
 Session sessionNamed(const QString &name)
@@ -316,5 +318,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestJournalFile)
+QUENARA_TEST(TestJournalFile)
+
+} // namespace tst_journal_file
+
 #include "tst_journal_file.moc"

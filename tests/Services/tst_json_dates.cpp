@@ -6,6 +6,8 @@
 using namespace quenara::json;
 using namespace Qt::StringLiterals;
 
+namespace tst_json_dates {
+
 class TestJsonDates : public QObject
 {
     Q_OBJECT
@@ -66,5 +68,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestJsonDates)
+QUENARA_TEST(TestJsonDates)
+
+} // namespace tst_json_dates
+
 #include "tst_json_dates.moc"

@@ -17,6 +17,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_opened_documents {
+
 namespace {
 
 // Each document stands beside what it is once opened. There, "*" is any fresh identifier, the time
@@ -161,5 +163,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestOpenedDocuments)
+QUENARA_TEST(TestOpenedDocuments)
+
+} // namespace tst_opened_documents
+
 #include "tst_opened_documents.moc"

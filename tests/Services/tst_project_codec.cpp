@@ -14,6 +14,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_project_codec {
+
 class TestProjectCodec : public QObject
 {
     Q_OBJECT
@@ -348,5 +350,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestProjectCodec)
+QUENARA_TEST(TestProjectCodec)
+
+} // namespace tst_project_codec
+
 #include "tst_project_codec.moc"

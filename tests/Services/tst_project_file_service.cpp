@@ -15,6 +15,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_project_file_service {
+
 namespace {
 
 const QUrl notLocal(u"http://localhost/show.quenara"_s);
@@ -242,5 +244,8 @@ private:
     QTemporaryDir m_folder;
 };
 
-QUENARA_TEST_MAIN(TestProjectFileService)
+QUENARA_TEST(TestProjectFileService)
+
+} // namespace tst_project_file_service
+
 #include "tst_project_file_service.moc"

@@ -10,6 +10,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_project_normalizer {
+
 namespace {
 
 SlideElement textLayer(const QString &text, std::int64_t zIndex = 0)
@@ -68,8 +70,6 @@ const Slide &firstSlide(const ZelvoProject &project)
 }
 
 } // namespace
-
-Q_DECLARE_METATYPE(quenara::LegacyQuenaraDocument)
 
 class TestProjectNormalizer : public QObject
 {
@@ -397,5 +397,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestProjectNormalizer)
+QUENARA_TEST(TestProjectNormalizer)
+
+} // namespace tst_project_normalizer
+
 #include "tst_project_normalizer.moc"

@@ -9,6 +9,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_project_templates {
+
 namespace {
 
 const QString givenTitle = u"The Title"_s;
@@ -37,9 +39,9 @@ SlideBackground gradient(QStringView color, QStringView start, QStringView end,
     return background;
 }
 
-SlideElement text(const QString &name, SlideElementKind kind, const QString &words,
-                  const CanvasFrame &frame, double size, TextFontWeight weight, QStringView color,
-                  TextAlignmentValue alignment, bool soft, int z)
+SlideElement textLayer(const QString &name, SlideElementKind kind, const QString &words,
+                       const CanvasFrame &frame, double size, TextFontWeight weight,
+                       QStringView color, TextAlignmentValue alignment, bool soft, int z)
 {
     SlideElement element;
     element.name = name;
@@ -63,12 +65,12 @@ SlideElement text(const QString &name, SlideElementKind kind, const QString &wor
 
 SlideElement lyric(const CanvasFrame &frame, double size, TextFontWeight weight)
 {
-    return text(u"Lyric"_s, SlideElementKind::songLyricText, givenBody, frame, size, weight,
-                u"#f4f1ea", TextAlignmentValue::center, true, 10);
+    return textLayer(u"Lyric"_s, SlideElementKind::songLyricText, givenBody, frame, size, weight,
+                     u"#f4f1ea", TextAlignmentValue::center, true, 10);
 }
 
-SlideElement shape(const QString &name, const CanvasFrame &frame, double opacity,
-                   const ShapeProperties &properties, int z)
+SlideElement shapeLayer(const QString &name, const CanvasFrame &frame, double opacity,
+                        const ShapeProperties &properties, int z)
 {
     SlideElement element;
     element.name = name;
@@ -82,8 +84,8 @@ SlideElement shape(const QString &name, const CanvasFrame &frame, double opacity
 
 SlideElement accent(double y, int z)
 {
-    return shape(u"Amber Accent"_s, {760, y, 400, 8}, 0.92,
-                 {ShapeKind::capsule, RGBAColor::fromHex(u"#e0a134"), {}, 0, 4}, z);
+    return shapeLayer(u"Amber Accent"_s, {760, y, 400, 8}, 0.92,
+                      {ShapeKind::capsule, RGBAColor::fromHex(u"#e0a134"), {}, 0, 4}, z);
 }
 
 /// Every layer of the catalogue that is not the lyric itself, as a difference that must be seen.
@@ -101,9 +103,6 @@ QStringList catalogueIDs()
 }
 
 } // namespace
-
-Q_DECLARE_METATYPE(quenara::SlideBackground)
-Q_DECLARE_METATYPE(QList<quenara::SlideElement>)
 
 class TestProjectTemplates : public QObject
 {
@@ -148,53 +147,55 @@ private slots:
         QTest::newRow("lowerLyric")
             << gradient(u"#161b22", u"#081019", u"#111723", vertical, 0.2)
             << QList{lyric({180, 610, 1560, 290}, 72, bold),
-                     ::shape(u"Bottom Wash"_s, {0, 574, 1920, 506}, 0.66,
-                             {ShapeKind::rectangle, {0, 0, 0, 0.45}, {}, 0, 0}, 1)};
+                     shapeLayer(u"Bottom Wash"_s, {0, 574, 1920, 506}, 0.66,
+                                {ShapeKind::rectangle, {0, 0, 0, 0.45}, {}, 0, 0}, 1)};
         QTest::newRow("scriptureReading")
             << solid(u"#10151f")
-            << QList{::text(u"Reference"_s, words, givenTitle, {180, 122, 1560, 120}, 52, bold,
-                            u"#e0a134", left, true, 10),
-                     ::text(u"Scripture"_s, scriptureText, givenBody, {180, 282, 1450, 560}, 56,
-                            medium, u"#f4f1ea", left, false, 11),
-                     ::text(u"Footer"_s, words, givenFooter, {180, 908, 760, 80}, 28, medium,
-                            u"#aeb7c5", left, false, 12)};
+            << QList{textLayer(u"Reference"_s, words, givenTitle, {180, 122, 1560, 120}, 52, bold,
+                               u"#e0a134", left, true, 10),
+                     textLayer(u"Scripture"_s, scriptureText, givenBody, {180, 282, 1450, 560}, 56,
+                               medium, u"#f4f1ea", left, false, 11),
+                     textLayer(u"Footer"_s, words, givenFooter, {180, 908, 760, 80}, 28, medium,
+                               u"#aeb7c5", left, false, 12)};
         QTest::newRow("sermonTitle")
             << gradient(u"#161b22", u"#16120d", u"#0b111b", diagonal, 0.08)
-            << QList{::text(u"Title"_s, words, givenTitle, {180, 326, 1560, 155}, 92, heavy,
-                            u"#f4f1ea", center, true, 10),
-                     ::text(u"Subtitle"_s, words, givenBody, {260, 510, 1400, 120}, 42, medium,
-                            u"#d5c4a3", center, false, 11),
+            << QList{textLayer(u"Title"_s, words, givenTitle, {180, 326, 1560, 155}, 92, heavy,
+                               u"#f4f1ea", center, true, 10),
+                     textLayer(u"Subtitle"_s, words, givenBody, {260, 510, 1400, 120}, 42, medium,
+                               u"#d5c4a3", center, false, 11),
                      accent(688, 3)};
         QTest::newRow("welcome") << gradient(u"#121417", u"#111723", u"#2b2114", radialHint, 0.04)
-                                 << QList{::text(u"Title"_s, words, givenTitle,
-                                                 {200, 300, 1520, 165}, 104, heavy, u"#f4f1ea",
-                                                 center, true, 10),
-                                          ::text(u"Subtitle"_s, words, givenBody,
-                                                 {320, 500, 1280, 110}, 44, medium, u"#efe0c4",
-                                                 center, false, 11),
+                                 << QList{textLayer(u"Title"_s, words, givenTitle,
+                                                    {200, 300, 1520, 165}, 104, heavy, u"#f4f1ea",
+                                                    center, true, 10),
+                                          textLayer(u"Subtitle"_s, words, givenBody,
+                                                    {320, 500, 1280, 110}, 44, medium, u"#efe0c4",
+                                                    center, false, 11),
                                           accent(660, 3)};
         QTest::newRow("announcement")
             << solid(u"#f0eee8")
-            << QList{::shape(u"Accent Block"_s, {0, 0, 135, 1080}, 1,
-                             {ShapeKind::rectangle, RGBAColor::fromHex(u"#c9872a"), {}, 0, 0}, 1),
-                     ::text(u"Title"_s, words, givenTitle, {245, 215, 1320, 150}, 76, heavy,
-                            u"#181b20", left, false, 10),
-                     ::text(u"Body"_s, words, givenBody, {250, 405, 1240, 340}, 54, medium,
-                            u"#303640", left, false, 11),
-                     ::text(u"Footer"_s, words, givenFooter, {250, 840, 900, 80}, 30, semibold,
-                            u"#88601f", left, false, 12)};
+            << QList{shapeLayer(u"Accent Block"_s, {0, 0, 135, 1080}, 1,
+                                {ShapeKind::rectangle, RGBAColor::fromHex(u"#c9872a"), {}, 0, 0},
+                                1),
+                     textLayer(u"Title"_s, words, givenTitle, {245, 215, 1320, 150}, 76, heavy,
+                               u"#181b20", left, false, 10),
+                     textLayer(u"Body"_s, words, givenBody, {250, 405, 1240, 340}, 54, medium,
+                               u"#303640", left, false, 11),
+                     textLayer(u"Footer"_s, words, givenFooter, {250, 840, 900, 80}, 30, semibold,
+                               u"#88601f", left, false, 12)};
         QTest::newRow("closing") << gradient(u"#090b10", u"#05070b", u"#0e1a16", vertical, 0.04)
-                                 << QList{::text(u"Title"_s, words, givenTitle,
-                                                 {260, 328, 1400, 140}, 88, bold, u"#f4f1ea",
-                                                 center, true, 10),
-                                          ::text(u"Body"_s, words, givenBody, {310, 500, 1300, 185},
-                                                 54, medium, u"#cad6ce", center, false, 11)};
+                                 << QList{textLayer(u"Title"_s, words, givenTitle,
+                                                    {260, 328, 1400, 140}, 88, bold, u"#f4f1ea",
+                                                    center, true, 10),
+                                          textLayer(u"Body"_s, words, givenBody,
+                                                    {310, 500, 1300, 185}, 54, medium, u"#cad6ce",
+                                                    center, false, 11)};
         QTest::newRow("minimalDark")
             << solid(u"#05070b")
-            << QList{::text(u"Title"_s, words, givenTitle, {240, 300, 1440, 125}, 72, bold,
-                            u"#f4f1ea", center, true, 10),
-                     ::text(u"Body"_s, words, givenBody, {310, 470, 1300, 250}, 52, medium,
-                            u"#d7dce7", center, false, 11)};
+            << QList{textLayer(u"Title"_s, words, givenTitle, {240, 300, 1440, 125}, 72, bold,
+                               u"#f4f1ea", center, true, 10),
+                     textLayer(u"Body"_s, words, givenBody, {310, 470, 1300, 250}, 52, medium,
+                               u"#d7dce7", center, false, 11)};
         QTest::newRow("warmAmber") << gradient(u"#25170b", u"#0b0907", u"#5a3711", diagonal, 0.08)
                                    << QList{lyric({210, 340, 1500, 360}, 78, bold)};
         QTest::newRow("imageBackgroundLyric")
@@ -339,5 +340,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestProjectTemplates)
+QUENARA_TEST(TestProjectTemplates)
+
+} // namespace tst_project_templates
+
 #include "tst_project_templates.moc"

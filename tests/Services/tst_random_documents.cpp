@@ -19,6 +19,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_random_documents {
+
 namespace {
 
 void addSeeds()
@@ -247,5 +249,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestRandomDocuments)
+QUENARA_TEST(TestRandomDocuments)
+
+} // namespace tst_random_documents
+
 #include "tst_random_documents.moc"

@@ -12,6 +12,8 @@
 using namespace quenara;
 using namespace Qt::StringLiterals;
 
+namespace tst_recent_projects_store {
+
 namespace {
 
 const QString key = u"QuenaraRecentProjects"_s;
@@ -192,5 +194,8 @@ private:
     QSettings m_preferences{m_folder.filePath(u"preferences.ini"_s), QSettings::IniFormat};
 };
 
-QUENARA_TEST_MAIN(TestRecentProjectsStore)
+QUENARA_TEST(TestRecentProjectsStore)
+
+} // namespace tst_recent_projects_store
+
 #include "tst_recent_projects_store.moc"

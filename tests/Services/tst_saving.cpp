@@ -27,6 +27,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_saving {
+
 namespace {
 
 constexpr int usual = 0644;
@@ -508,5 +510,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestSaving)
+QUENARA_TEST(TestSaving)
+
+} // namespace tst_saving
+
 #include "tst_saving.moc"

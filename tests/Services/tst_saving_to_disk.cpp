@@ -21,6 +21,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_saving_to_disk {
+
 namespace {
 
 const QByteArray oldBytes = "the old file";
@@ -309,5 +311,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestSavingToDisk)
+QUENARA_TEST(TestSavingToDisk)
+
+} // namespace tst_saving_to_disk
+
 #include "tst_saving_to_disk.moc"

@@ -11,6 +11,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_session_journal {
+
 namespace {
 
 Session sessionWith(const ZelvoProject &project)
@@ -295,5 +297,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestSessionJournal)
+QUENARA_TEST(TestSessionJournal)
+
+} // namespace tst_session_journal
+
 #include "tst_session_journal.moc"

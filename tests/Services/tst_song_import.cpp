@@ -13,6 +13,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_song_import {
+
 namespace {
 
 /// Sections as "title: line / line | title:".
@@ -369,5 +371,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestSongImport)
+QUENARA_TEST(TestSongImport)
+
+} // namespace tst_song_import
+
 #include "tst_song_import.moc"

@@ -12,6 +12,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_starting_projects {
+
 namespace {
 
 using Rows = QList<QStringList>;
@@ -57,9 +59,6 @@ QStringList identifiersOf(const ZelvoProject &project)
 }
 
 } // namespace
-
-Q_DECLARE_METATYPE(Factory)
-Q_DECLARE_METATYPE(Rows)
 
 class TestStartingProjects : public QObject
 {
@@ -215,5 +214,8 @@ private:
     }
 };
 
-QUENARA_TEST_MAIN(TestStartingProjects)
+QUENARA_TEST(TestStartingProjects)
+
+} // namespace tst_starting_projects
+
 #include "tst_starting_projects.moc"

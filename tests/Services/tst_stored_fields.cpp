@@ -6,17 +6,20 @@
 using namespace quenara;
 using namespace Qt::StringLiterals;
 
-namespace {
+namespace tst_stored_fields {
 
 enum class Size { small, large };
 
-} // namespace
+} // namespace tst_stored_fields
 
 template<>
-inline constexpr auto quenara::rawCases<Size> = std::to_array<RawCase<Size>>({
-    {Size::small, "small"},
-    {Size::large, "large"},
-});
+inline constexpr auto quenara::rawCases<tst_stored_fields::Size> =
+    std::to_array<RawCase<tst_stored_fields::Size>>({
+        {tst_stored_fields::Size::small, "small"},
+        {tst_stored_fields::Size::large, "large"},
+    });
+
+namespace tst_stored_fields {
 
 namespace {
 
@@ -90,8 +93,6 @@ Note with(const std::function<void(Note &)> &change)
 
 } // namespace
 
-Q_DECLARE_METATYPE(std::optional<Note>)
-
 class TestStoredFields : public QObject
 {
     Q_OBJECT
@@ -150,5 +151,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestStoredFields)
+QUENARA_TEST(TestStoredFields)
+
+} // namespace tst_stored_fields
+
 #include "tst_stored_fields.moc"

@@ -8,6 +8,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_slide_view {
+
 namespace {
 
 constexpr QSize room(480, 270);
@@ -167,5 +169,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestSlideView)
+QUENARA_GUI_TEST(TestSlideView)
+
+} // namespace tst_slide_view
+
 #include "tst_slide_view.moc"

@@ -11,6 +11,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_preferences_view {
+
 namespace {
 
 QStringList titles(const QList<QPushButton *> &buttons)
@@ -126,5 +128,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestPreferencesView)
+QUENARA_GUI_TEST(TestPreferencesView)
+
+} // namespace tst_preferences_view
+
 #include "tst_preferences_view.moc"

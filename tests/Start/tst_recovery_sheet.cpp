@@ -9,6 +9,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_recovery_sheet {
+
 namespace {
 
 const QDateTime sundayMorning(QDate(2026, 3, 1), QTime(9, 30));
@@ -105,5 +107,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestRecoverySheet)
+QUENARA_GUI_TEST(TestRecoverySheet)
+
+} // namespace tst_recovery_sheet
+
 #include "tst_recovery_sheet.moc"

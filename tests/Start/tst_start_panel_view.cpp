@@ -20,6 +20,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_start_panel_view {
+
 namespace {
 
 /// The texts of the column of recent projects, from the top.
@@ -318,5 +320,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestStartPanelView)
+QUENARA_GUI_TEST(TestStartPanelView)
+
+} // namespace tst_start_panel_view
+
 #include "tst_start_panel_view.moc"

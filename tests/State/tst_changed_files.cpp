@@ -10,6 +10,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_changed_files {
+
 namespace {
 
 using Answer = WorkspaceStore::ChangedFileAnswer;
@@ -144,5 +146,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestChangedFiles)
+QUENARA_TEST(TestChangedFiles)
+
+} // namespace tst_changed_files
+
 #include "tst_changed_files.moc"

@@ -18,6 +18,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_document_lifecycle {
+
 namespace {
 
 using Operation = void (WorkspaceStore::*)();
@@ -49,8 +51,6 @@ QString textOf(ProjectFileError::Case error)
 }
 
 } // namespace
-
-Q_DECLARE_METATYPE(Operation)
 
 class TestDocumentLifecycle : public QObject
 {
@@ -352,5 +352,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestDocumentLifecycle)
+QUENARA_TEST(TestDocumentLifecycle)
+
+} // namespace tst_document_lifecycle
+
 #include "tst_document_lifecycle.moc"

@@ -10,6 +10,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_failed_documents {
+
 namespace {
 
 using Operation = void (WorkspaceStore::*)();
@@ -30,8 +32,6 @@ QString changeSince(Everything before, World &world, ProjectFileError::Case erro
 }
 
 } // namespace
-
-Q_DECLARE_METATYPE(Operation)
 
 class TestFailedDocuments : public QObject
 {
@@ -171,5 +171,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestFailedDocuments)
+QUENARA_TEST(TestFailedDocuments)
+
+} // namespace tst_failed_documents
+
 #include "tst_failed_documents.moc"

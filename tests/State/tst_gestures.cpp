@@ -12,6 +12,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_gestures {
+
 namespace {
 
 using Operation = std::function<void(World &)>;
@@ -77,8 +79,6 @@ struct SavedWorld : World
 };
 
 } // namespace
-
-Q_DECLARE_METATYPE(Operation)
 
 class TestGestures : public QObject
 {
@@ -639,5 +639,8 @@ private:
     }
 };
 
-QUENARA_TEST_MAIN(TestGestures)
+QUENARA_TEST(TestGestures)
+
+} // namespace tst_gestures
+
 #include "tst_gestures.moc"

@@ -11,6 +11,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_history_memory {
+
 namespace {
 
 /// The bytes that the program holds of the heap.
@@ -72,5 +74,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestHistoryMemory)
+QUENARA_TEST(TestHistoryMemory)
+
+} // namespace tst_history_memory
+
 #include "tst_history_memory.moc"

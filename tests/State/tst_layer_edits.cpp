@@ -17,6 +17,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_layer_edits {
+
 namespace {
 
 using Edit = std::function<void(World &)>;
@@ -112,9 +114,6 @@ SlideElement selectedElementOf(const World &world)
 }
 
 } // namespace
-
-Q_DECLARE_METATYPE(Edit)
-Q_DECLARE_METATYPE(Operation)
 
 class TestLayerEdits : public QObject
 {
@@ -513,5 +512,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN_WITH(QGuiApplication, TestLayerEdits)
+QUENARA_TEST_WITH(QGuiApplication, TestLayerEdits)
+
+} // namespace tst_layer_edits
+
 #include "tst_layer_edits.moc"

@@ -10,6 +10,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_limited_memory {
+
 class TestLimitedMemory : public QObject
 {
     Q_OBJECT
@@ -65,5 +67,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN_WITH(QGuiApplication, TestLimitedMemory)
+QUENARA_TEST_WITH(QGuiApplication, TestLimitedMemory)
+
+} // namespace tst_limited_memory
+
 #include "tst_limited_memory.moc"

@@ -13,6 +13,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_random_edits {
+
 namespace {
 
 constexpr int projectCount = 60;
@@ -151,5 +153,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestRandomEdits)
+QUENARA_TEST(TestRandomEdits)
+
+} // namespace tst_random_edits
+
 #include "tst_random_edits.moc"

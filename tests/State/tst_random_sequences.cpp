@@ -13,6 +13,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_random_sequences {
+
 namespace {
 
 using Random = QRandomGenerator;
@@ -567,5 +569,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestRandomSequences)
+QUENARA_TEST(TestRandomSequences)
+
+} // namespace tst_random_sequences
+
 #include "tst_random_sequences.moc"

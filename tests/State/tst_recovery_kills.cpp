@@ -19,6 +19,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_recovery_kills {
+
 namespace {
 
 constexpr int defaultKillCount = 20;
@@ -151,5 +153,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestRecoveryKills)
+QUENARA_TEST(TestRecoveryKills)
+
+} // namespace tst_recovery_kills
+
 #include "tst_recovery_kills.moc"

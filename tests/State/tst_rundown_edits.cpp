@@ -17,6 +17,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_rundown_edits {
+
 namespace {
 
 using Edit = std::function<void(WorkspaceStore &)>;
@@ -98,8 +100,6 @@ QList<std::int64_t> orderIndexesOf(const ZelvoProject &project)
 }
 
 } // namespace
-
-Q_DECLARE_METATYPE(Edit)
 
 class TestRundownEdits : public QObject
 {
@@ -553,5 +553,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestRundownEdits)
+QUENARA_TEST(TestRundownEdits)
+
+} // namespace tst_rundown_edits
+
 #include "tst_rundown_edits.moc"

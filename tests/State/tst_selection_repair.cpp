@@ -8,7 +8,7 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
-Q_DECLARE_METATYPE(quenara::test::Selection)
+namespace tst_selection_repair {
 
 class TestSelectionRepair : public QObject
 {
@@ -93,5 +93,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestSelectionRepair)
+QUENARA_TEST(TestSelectionRepair)
+
+} // namespace tst_selection_repair
+
 #include "tst_selection_repair.moc"

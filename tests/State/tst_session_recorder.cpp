@@ -14,6 +14,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_session_recorder {
+
 namespace {
 
 /// A world whose store is recorded.
@@ -379,5 +381,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestSessionRecorder)
+QUENARA_TEST(TestSessionRecorder)
+
+} // namespace tst_session_recorder
+
 #include "tst_session_recorder.moc"

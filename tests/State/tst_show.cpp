@@ -8,6 +8,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_show {
+
 class TestShow : public QObject
 {
     Q_OBJECT
@@ -121,5 +123,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestShow)
+QUENARA_TEST(TestShow)
+
+} // namespace tst_show
+
 #include "tst_show.moc"

@@ -17,6 +17,8 @@ inline char *QTest::toString(const StageTexts &texts)
                         .join(u" | "));
 }
 
+namespace tst_stage_texts {
+
 namespace {
 
 /// Two items, the second one without slides, and a third: A1, A2, C1.
@@ -134,5 +136,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestStageTexts)
+QUENARA_TEST(TestStageTexts)
+
+} // namespace tst_stage_texts
+
 #include "tst_stage_texts.moc"

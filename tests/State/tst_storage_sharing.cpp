@@ -8,6 +8,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_storage_sharing {
+
 namespace {
 
 /// A show with images in it.
@@ -190,5 +192,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestStorageSharing)
+QUENARA_TEST(TestStorageSharing)
+
+} // namespace tst_storage_sharing
+
 #include "tst_storage_sharing.moc"

@@ -14,6 +14,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_store_notifications {
+
 namespace {
 
 using Operation = std::function<void(World &)>;
@@ -35,8 +37,6 @@ Operation call(void (WorkspaceStore::*operation)())
 }
 
 } // namespace
-
-Q_DECLARE_METATYPE(Operation)
 
 class TestStoreNotifications : public QObject
 {
@@ -281,5 +281,8 @@ private:
     }
 };
 
-QUENARA_TEST_MAIN(TestStoreNotifications)
+QUENARA_TEST(TestStoreNotifications)
+
+} // namespace tst_store_notifications
+
 #include "tst_store_notifications.moc"

@@ -9,6 +9,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_transport {
+
 namespace {
 
 using Operation = void (WorkspaceStore::*)();
@@ -29,8 +31,6 @@ void goTo(WorkspaceStore &store, const QString &id)
 }
 
 } // namespace
-
-Q_DECLARE_METATYPE(Operation)
 
 class TestTransport : public QObject
 {
@@ -345,5 +345,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestTransport)
+QUENARA_TEST(TestTransport)
+
+} // namespace tst_transport
+
 #include "tst_transport.moc"

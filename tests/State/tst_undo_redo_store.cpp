@@ -5,6 +5,8 @@
 
 using namespace quenara;
 
+namespace tst_undo_redo_store {
+
 namespace {
 
 ZelvoProject named(int number)
@@ -143,5 +145,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestUndoRedoStore)
+QUENARA_TEST(TestUndoRedoStore)
+
+} // namespace tst_undo_redo_store
+
 #include "tst_undo_redo_store.moc"

@@ -43,15 +43,34 @@ int runTest(int argc, char *argv[])
     return QTest::qExec(&test, argc, argv);
 }
 
+/// A test of this executable, whose first argument names the one to run: tst_transport for what
+/// tst_transport.cpp holds. The others are Qt Test's.
+class NamedTest
+{
+public:
+    using Run = int (*)(int argc, char *argv[]);
+
+    /// Lives as long as the executable; \a name is a path, of which the stem counts.
+    NamedTest(const char *name, Run run) noexcept;
+
+    /// Runs the one that \a argv names. Returns the number of its failures, or 255 when there is
+    /// none of that name.
+    static int runNamed(int argc, char *argv[]);
+
+private:
+    const char *m_name;
+    Run m_run;
+    NamedTest *m_next;
+};
+
 } // namespace quenara::test
 
-/// A main for a test without windows that needs an application of a certain class.
-#define QUENARA_TEST_MAIN_WITH(Application, TestClass)                                             \
-    int main(int argc, char *argv[])                                                               \
-    {                                                                                              \
+/// A test without windows that needs an application of a certain class.
+#define QUENARA_TEST_WITH(Application, TestClass)                                                  \
+    static const quenara::test::NamedTest named##TestClass(__FILE__, [](int argc, char *argv[]) {  \
         const Application application(argc, argv);                                                 \
         return quenara::test::runTest<TestClass>(argc, argv);                                      \
-    }
+    });
 
-/// A main for any other test without windows.
-#define QUENARA_TEST_MAIN(TestClass) QUENARA_TEST_MAIN_WITH(QCoreApplication, TestClass)
+/// Any other test without windows.
+#define QUENARA_TEST(TestClass) QUENARA_TEST_WITH(QCoreApplication, TestClass)

@@ -6,9 +6,9 @@
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
-namespace {
+namespace tst_test_main {
 
-constexpr auto runsFailingTests = "--failing-tests";
+namespace {
 
 /// A helper that cannot do what it is asked for.
 int findNothing(const Caller &caller = Caller::current())
@@ -60,8 +60,7 @@ private slots:
     void initTestCase()
     {
         QProcess process;
-        process.start(QCoreApplication::applicationFilePath(),
-                      {QString::fromLatin1(runsFailingTests)});
+        process.start(QCoreApplication::applicationFilePath(), {u"failing_tests"_s});
         QVERIFY(process.waitForFinished());
         m_output = QString::fromUtf8(process.readAllStandardOutput());
         QCOMPARE(process.exitStatus(), QProcess::NormalExit);
@@ -71,28 +70,37 @@ private slots:
     void aHelperThatFailsFailsItsTestAtTheCallersLine()
     {
         const QString report =
-            u"FAIL!  : FailingTests::theFirst() there is nothing\n   Loc: [%1(%2)]"_s.arg(
+            u"FAIL!  : tst_test_main::FailingTests::theFirst() there is nothing\n   Loc: [%1(%2)]"_s.arg(
                 QStringLiteral(__FILE__), QString::number(FailingTests::lineBeforeTheCall + 1));
         QVERIFY2(m_output.contains(report), qPrintable(m_output));
     }
 
     void theTestEndsThere() { QVERIFY(!m_output.contains(u"the first goes on"_s)); }
 
+    void aTestThatDoesNotExistFailsAndThoseThatDoAreNamed()
+    {
+        QProcess process;
+        process.start(QCoreApplication::applicationFilePath(), {u"tst_nothing"_s});
+        QVERIFY(process.waitForFinished());
+        QCOMPARE(process.exitCode(), 255);
+        QVERIFY(process.readAllStandardError().contains("tst_test_main\n"));
+    }
+
     void theOtherTestsAndRowsRun()
     {
-        QVERIFY(m_output.contains(u"FAIL!  : FailingTests::aRow(that fails)"_s));
-        QVERIFY(m_output.contains(u"PASS   : FailingTests::aRow(that passes)"_s));
-        QVERIFY(m_output.contains(u"PASS   : FailingTests::theLast()"_s));
+        QVERIFY(m_output.contains(u"FAIL!  : tst_test_main::FailingTests::aRow(that fails)"_s));
+        QVERIFY(m_output.contains(u"PASS   : tst_test_main::FailingTests::aRow(that passes)"_s));
+        QVERIFY(m_output.contains(u"PASS   : tst_test_main::FailingTests::theLast()"_s));
     }
 };
 
-int main(int argc, char *argv[])
-{
+QUENARA_TEST(TestTestMain)
+
+static const NamedTest failingTests("failing_tests", [](int argc, char *argv[]) {
     const QCoreApplication application(argc, argv);
-    if (!QCoreApplication::arguments().contains(QString::fromLatin1(runsFailingTests)))
-        return runTest<TestTestMain>(argc, argv);
-    int justTheName = 1;
-    return runTest<FailingTests>(justTheName, argv);
-}
+    return runTest<FailingTests>(argc, argv);
+});
+
+} // namespace tst_test_main
 
 #include "tst_test_main.moc"

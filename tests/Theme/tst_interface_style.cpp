@@ -12,6 +12,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_interface_style {
+
 namespace {
 
 /// The symbol on a square of that many points, transparent elsewhere.
@@ -144,5 +146,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestInterfaceStyle)
+QUENARA_GUI_TEST(TestInterfaceStyle)
+
+} // namespace tst_interface_style
+
 #include "tst_interface_style.moc"

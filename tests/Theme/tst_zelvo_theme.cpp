@@ -8,6 +8,8 @@
 
 using namespace quenara;
 
+namespace tst_zelvo_theme {
+
 class TestZelvoTheme : public QObject
 {
     Q_OBJECT
@@ -135,5 +137,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestZelvoTheme)
+QUENARA_TEST(TestZelvoTheme)
+
+} // namespace tst_zelvo_theme
+
 #include "tst_zelvo_theme.moc"

@@ -10,6 +10,8 @@ using namespace Qt::StringLiterals;
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_transport_view {
+
 namespace {
 
 /// The bar in a window, as wide as it is in the smallest window of the operator.
@@ -302,5 +304,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestTransportView)
+QUENARA_GUI_TEST(TestTransportView)
+
+} // namespace tst_transport_view
+
 #include "tst_transport_view.moc"

@@ -9,7 +9,7 @@
 
 using namespace quenara;
 
-Q_DECLARE_METATYPE(quenara::RGBAColor)
+namespace tst_rgba_color {
 
 namespace {
 
@@ -183,5 +183,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestRGBAColor)
+QUENARA_TEST(TestRGBAColor)
+
+} // namespace tst_rgba_color
+
 #include "tst_rgba_color.moc"

@@ -18,6 +18,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_operator_view {
+
 namespace {
 
 struct Operator : OperatorWorld
@@ -397,5 +399,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestOperatorView)
+QUENARA_GUI_TEST(TestOperatorView)
+
+} // namespace tst_operator_view
+
 #include "tst_operator_view.moc"

@@ -14,6 +14,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_unaided_painting {
+
 namespace {
 
 /// All threads that Qt may fill pixels with, at work on something else.
@@ -113,5 +115,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestUnaidedPainting)
+QUENARA_GUI_TEST(TestUnaidedPainting)
+
+} // namespace tst_unaided_painting
+
 #include "tst_unaided_painting.moc"

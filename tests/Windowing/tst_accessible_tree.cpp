@@ -13,6 +13,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_accessible_tree {
+
 namespace {
 
 /// Whether it comes and goes by itself: the time, when a file was changed, and the buttons over the
@@ -389,5 +391,8 @@ private:
     QStringList m_compared; ///< what was said of each before
 };
 
-QUENARA_GUI_TEST_MAIN(TestAccessibleTree)
+QUENARA_GUI_TEST(TestAccessibleTree)
+
+} // namespace tst_accessible_tree
+
 #include "tst_accessible_tree.moc"

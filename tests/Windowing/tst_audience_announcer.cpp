@@ -8,6 +8,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_audience_announcer {
+
 namespace {
 
 /// A demo service with somebody who listens.
@@ -109,5 +111,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestAudienceAnnouncer)
+QUENARA_GUI_TEST(TestAudienceAnnouncer)
+
+} // namespace tst_audience_announcer
+
 #include "tst_audience_announcer.moc"

@@ -9,6 +9,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_awake_screens {
+
 class TestAwakeScreens : public GuiTest
 {
     Q_OBJECT
@@ -50,5 +52,8 @@ private:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestAwakeScreens)
+QUENARA_GUI_TEST(TestAwakeScreens)
+
+} // namespace tst_awake_screens
+
 #include "tst_awake_screens.moc"

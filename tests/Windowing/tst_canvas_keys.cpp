@@ -6,6 +6,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_canvas_keys {
+
 namespace {
 
 /// A window with a design canvas and the keys of the menus; a text of the first slide is edited.
@@ -123,5 +125,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestCanvasKeys)
+QUENARA_GUI_TEST(TestCanvasKeys)
+
+} // namespace tst_canvas_keys
+
 #include "tst_canvas_keys.moc"

@@ -9,6 +9,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_deferred_preferences {
+
 /// What is stored at the start is written after the first painting.
 class TestDeferredPreferences : public GuiTest
 {
@@ -73,5 +75,8 @@ void TestDeferredPreferences::whatChangesLaterIsWrittenAtOnce()
     QTRY_COMPARE(written(), QVariant(QStringLiteral("2")));
 }
 
-QUENARA_GUI_TEST_MAIN(TestDeferredPreferences)
+QUENARA_GUI_TEST(TestDeferredPreferences)
+
+} // namespace tst_deferred_preferences
+
 #include "tst_deferred_preferences.moc"

@@ -25,6 +25,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_dialogs {
+
 namespace {
 
 /// Does each step in the dialog that has the keyboard then, one after the other, as an operator
@@ -118,8 +120,6 @@ const LeaveQuestion quitting{
     .text = u"Quit?"_s, .detail = u"Dark."_s, .offersSave = false, .proceedTitle = u"Quit"_s};
 
 } // namespace
-
-Q_DECLARE_METATYPE(Operator::Step)
 
 class TestDialogs : public GuiTest
 {
@@ -405,5 +405,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestDialogs)
+QUENARA_GUI_TEST(TestDialogs)
+
+} // namespace tst_dialogs
+
 #include "tst_dialogs.moc"

@@ -9,6 +9,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_display_escape {
+
 namespace {
 
 /// The program on a single screen, its display open and active.
@@ -137,5 +139,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestDisplayEscape)
+QUENARA_GUI_TEST(TestDisplayEscape)
+
+} // namespace tst_display_escape
+
 #include "tst_display_escape.moc"

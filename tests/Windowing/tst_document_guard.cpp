@@ -12,6 +12,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_document_guard {
+
 namespace {
 
 const QMenu &openRecentMenu(const OperatorWindow &window, const Caller &caller = Caller::current())
@@ -54,8 +56,6 @@ const LeaveQuestion unsavedQuestion{
 using Leave = void (*)(Program &);
 
 } // namespace
-
-Q_DECLARE_METATYPE(Leave)
 
 class TestDocumentGuard : public GuiTest
 {
@@ -309,5 +309,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestDocumentGuard)
+QUENARA_GUI_TEST(TestDocumentGuard)
+
+} // namespace tst_document_guard
+
 #include "tst_document_guard.moc"

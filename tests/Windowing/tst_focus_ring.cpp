@@ -11,6 +11,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_focus_ring {
+
 namespace {
 
 using Open = QWidget *(*)(ProgramWindows &program);
@@ -303,5 +305,8 @@ private:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestFocusRing)
+QUENARA_GUI_TEST(TestFocusRing)
+
+} // namespace tst_focus_ring
+
 #include "tst_focus_ring.moc"

@@ -9,6 +9,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_keyboard_ways {
+
 namespace {
 
 /// The program on a slide with a new text, the canvas reached by Tab.
@@ -207,5 +209,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestKeyboardWays)
+QUENARA_GUI_TEST(TestKeyboardWays)
+
+} // namespace tst_keyboard_ways
+
 #include "tst_keyboard_ways.moc"

@@ -12,6 +12,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_opened_things {
+
 namespace {
 
 constexpr QSize largeEnough(1900, 1030); ///< for the inspector not to scroll
@@ -217,8 +219,6 @@ QList<std::pair<QString, Opener>> offeredIn(Program::Arrange arrange)
 
 } // namespace
 
-Q_DECLARE_METATYPE(Opener)
-
 class TestOpenedThings : public GuiTest
 {
     Q_OBJECT
@@ -336,5 +336,8 @@ private:
     QSet<QString> m_opened;
 };
 
-QUENARA_GUI_TEST_MAIN(TestOpenedThings)
+QUENARA_GUI_TEST(TestOpenedThings)
+
+} // namespace tst_opened_things
+
 #include "tst_opened_things.moc"

@@ -11,6 +11,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_operator_window {
+
 namespace {
 
 struct Window : WindowingWorld
@@ -261,5 +263,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestOperatorWindow)
+QUENARA_GUI_TEST(TestOperatorWindow)
+
+} // namespace tst_operator_window
+
 #include "tst_operator_window.moc"

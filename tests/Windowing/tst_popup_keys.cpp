@@ -17,6 +17,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_popup_keys {
+
 namespace {
 
 /// The program amid a service: another slide is queued than the live one, which is being edited, a
@@ -297,5 +299,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestPopupKeys)
+QUENARA_GUI_TEST(TestPopupKeys)
+
+} // namespace tst_popup_keys
+
 #include "tst_popup_keys.moc"

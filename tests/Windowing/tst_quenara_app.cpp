@@ -22,6 +22,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_quenara_app {
+
 namespace {
 
 QColor windowColor()
@@ -225,5 +227,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestQuenaraApp)
+QUENARA_GUI_TEST(TestQuenaraApp)
+
+} // namespace tst_quenara_app
+
 #include "tst_quenara_app.moc"

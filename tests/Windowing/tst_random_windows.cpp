@@ -20,6 +20,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_random_windows {
+
 namespace {
 
 constexpr int actionCount = 500;
@@ -463,5 +465,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestRandomWindows)
+QUENARA_GUI_TEST(TestRandomWindows)
+
+} // namespace tst_random_windows
+
 #include "tst_random_windows.moc"

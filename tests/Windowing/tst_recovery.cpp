@@ -14,6 +14,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_recovery {
+
 namespace {
 
 /// The program after an unexpected end of others.
@@ -240,5 +242,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestRecovery)
+QUENARA_GUI_TEST(TestRecovery)
+
+} // namespace tst_recovery
+
 #include "tst_recovery.moc"

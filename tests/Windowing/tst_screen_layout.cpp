@@ -5,6 +5,8 @@
 
 using namespace quenara;
 
+namespace tst_screen_layout {
+
 class TestScreenLayout : public QObject
 {
     Q_OBJECT
@@ -83,5 +85,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestScreenLayout)
+QUENARA_TEST(TestScreenLayout)
+
+} // namespace tst_screen_layout
+
 #include "tst_screen_layout.moc"

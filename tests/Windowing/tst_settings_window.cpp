@@ -9,6 +9,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_settings_window {
+
 namespace {
 
 struct Program : WindowingWorld
@@ -119,5 +121,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestSettingsWindow)
+QUENARA_GUI_TEST(TestSettingsWindow)
+
+} // namespace tst_settings_window
+
 #include "tst_settings_window.moc"

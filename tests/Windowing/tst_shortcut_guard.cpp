@@ -12,6 +12,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_shortcut_guard {
+
 namespace {
 
 /// Sends a key event of a moment and says whether it came back accepted.
@@ -136,5 +138,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestShortcutGuard)
+QUENARA_GUI_TEST(TestShortcutGuard)
+
+} // namespace tst_shortcut_guard
+
 #include "tst_shortcut_guard.moc"

@@ -8,6 +8,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_sleep_inhibitor {
+
 class TestSleepInhibitor : public QObject
 {
     Q_OBJECT
@@ -121,5 +123,8 @@ private slots:
     }
 };
 
-QUENARA_TEST_MAIN(TestSleepInhibitor)
+QUENARA_TEST(TestSleepInhibitor)
+
+} // namespace tst_sleep_inhibitor
+
 #include "tst_sleep_inhibitor.moc"

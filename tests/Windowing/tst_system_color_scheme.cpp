@@ -9,6 +9,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_system_color_scheme {
+
 namespace {
 
 constexpr unsigned noPreference = 0;
@@ -133,5 +135,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestSystemColorScheme)
+QUENARA_GUI_TEST(TestSystemColorScheme)
+
+} // namespace tst_system_color_scheme
+
 #include "tst_system_color_scheme.moc"

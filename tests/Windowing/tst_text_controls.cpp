@@ -15,6 +15,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_text_controls {
+
 namespace {
 
 /// The text that a key writes; empty for a key that does something else.
@@ -327,5 +329,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestTextControls)
+QUENARA_GUI_TEST(TestTextControls)
+
+} // namespace tst_text_controls
+
 #include "tst_text_controls.moc"

@@ -9,6 +9,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_window_coordinator {
+
 namespace {
 
 /// The windows that are painted, in the order of their first paintings.
@@ -265,5 +267,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestWindowCoordinator)
+QUENARA_GUI_TEST(TestWindowCoordinator)
+
+} // namespace tst_window_coordinator
+
 #include "tst_window_coordinator.moc"

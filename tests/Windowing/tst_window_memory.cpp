@@ -16,6 +16,8 @@ using namespace Qt::StringLiterals;
 
 // The first screen has 1366 by 768 points, the second, on its right, 1920 by 1080.
 
+namespace tst_window_memory {
+
 namespace {
 
 /// One start of the program, as far as the operator's window goes.
@@ -195,5 +197,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestWindowMemory)
+QUENARA_GUI_TEST(TestWindowMemory)
+
+} // namespace tst_window_memory
+
 #include "tst_window_memory.moc"

@@ -7,6 +7,8 @@
 using namespace quenara;
 using namespace quenara::test;
 
+namespace tst_window_place {
+
 namespace {
 
 WindowPlace somePlace()
@@ -135,5 +137,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestWindowPlace)
+QUENARA_GUI_TEST(TestWindowPlace)
+
+} // namespace tst_window_place
+
 #include "tst_window_place.moc"

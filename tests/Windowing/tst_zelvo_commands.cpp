@@ -13,6 +13,8 @@ using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
 
+namespace tst_zelvo_commands {
+
 namespace {
 
 QString menuText(const QMenu &menu)
@@ -381,5 +383,8 @@ private slots:
     }
 };
 
-QUENARA_GUI_TEST_MAIN(TestZelvoCommands)
+QUENARA_GUI_TEST(TestZelvoCommands)
+
+} // namespace tst_zelvo_commands
+
 #include "tst_zelvo_commands.moc"

@@ -9,6 +9,8 @@
 #include <QSvgRenderer>
 #include <QTest>
 
+namespace tst_project_file_type {
+
 namespace {
 
 using namespace quenara;
@@ -102,6 +104,8 @@ void ProjectFileType::anIconRendersAtEverySize()
 
 } // namespace
 
-QUENARA_TEST_MAIN(ProjectFileType)
+QUENARA_TEST(ProjectFileType)
+
+} // namespace tst_project_file_type
 
 #include "tst_project_file_type.moc"
