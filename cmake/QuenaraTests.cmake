@@ -29,6 +29,7 @@ function(quenara_add_tests name)
   list(TRANSFORM modules PREPEND Qt6::)
   set(executable ${name}Tests)
   add_executable(${executable} ${TEST_SOURCES})
+  set_source_files_properties(${TEST_SOURCES} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
   target_link_libraries(${executable} PRIVATE ${rooms} ${modules} ${TEST_LINK} Qt6::Test
                                               quenara_test_support quenara_test_flags)
   set_target_properties(${executable} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 7
