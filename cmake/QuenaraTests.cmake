@@ -13,6 +13,12 @@ if(NOT QUENARA_SANITIZE)
   endif()
 endif()
 
+# Compiles the sources of a target a few together.
+function(quenara_compile_together target)
+  set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 7
+    UNITY_BUILD_CODE_BEFORE_INCLUDE "// NOLINTNEXTLINE(bugprone-suspicious-include)")
+endfunction()
+
 # quenara_add_tests(<name> ROOMS <room>... [QT <module>...] [LINK <target>...] [SOURCES <file>...]
 #                   [TWO_SCREENS <test>...] [SMALL_SCREEN <test>...] [EXCEPT <test>...])
 # One executable <name>Tests of every tst_*.cpp of the folder, which are compiled a few together:
@@ -32,8 +38,7 @@ function(quenara_add_tests name)
   set_source_files_properties(${TEST_SOURCES} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
   target_link_libraries(${executable} PRIVATE ${rooms} ${modules} ${TEST_LINK} Qt6::Test
                                               quenara_test_support quenara_test_flags)
-  set_target_properties(${executable} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 7
-    UNITY_BUILD_CODE_BEFORE_INCLUDE "// NOLINTNEXTLINE(bugprone-suspicious-include)")
+  quenara_compile_together(${executable})
   quenara_precompile_tests(${executable} ${TEST_LINK})
 
   set(fatalWarnings 1)
