@@ -77,19 +77,25 @@ inline bool isOfMenu(const QAccessibleInterface &thing)
     return thing.role() == QAccessible::MenuItem || thing.role() == QAccessible::PopupMenu;
 }
 
-/// Clicks as the desktop does: into the window in front at that place of the screen.
-inline void click(QAccessibleInterface &thing)
+/// The window that shows a thing.
+inline QWidget &windowOf(QAccessibleInterface &thing)
 {
-    const QPoint middle = thing.rect().center();
     QAccessibleInterface *around = thing.parent();
     const auto *widget = qobject_cast<const QWidget *>(thing.object());
     while (!widget && around) {
         widget = qobject_cast<const QWidget *>(around->object());
         around = around->parent();
     }
-    QWidget *window = widget->window();
-    QTest::mouseClick(window->windowHandle(), Qt::LeftButton, Qt::NoModifier,
-                      window->mapFromGlobal(middle));
+    return *widget->window();
+}
+
+/// Clicks as the desktop does: into the window in front at that place of the screen.
+inline void click(QAccessibleInterface &thing)
+{
+    const QPoint middle = thing.rect().center();
+    QWidget &window = windowOf(thing);
+    QTest::mouseClick(window.windowHandle(), Qt::LeftButton, Qt::NoModifier,
+                      window.mapFromGlobal(middle));
 }
 
 /// Whether a click in its middle meets the thing.

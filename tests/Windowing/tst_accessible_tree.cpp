@@ -3,6 +3,7 @@
 #include "ProgramStates.h"
 #include "SlideCanvas.h"
 #include "Slider.h"
+#include "Typing.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -17,15 +18,16 @@ namespace tst_accessible_tree {
 
 namespace {
 
-/// Whether it comes and goes by itself: the time, when a file was changed, and the buttons over the
-/// sections in sight, since the list is scrolled so that the pointer, which an action has not,
-/// stays on what was clicked.
+/// Whether it comes and goes by itself: the time, when a file was changed, how far an area is
+/// scrolled, and the buttons over the sections in sight, since the list is scrolled so that the
+/// pointer, which an action has not, stays on what was clicked.
 bool isFleeting(QAccessibleInterface &thing)
 {
     static const QRegularExpression date(QStringLiteral(R"(\d:\d\d:\d\d$)"));
     const bool isDate = thing.role() == QAccessible::TreeItem
         && date.match(thing.text(QAccessible::Name)).hasMatch();
-    return isDate || thing.text(QAccessible::Description) == QStringLiteral("Time")
+    return isDate || thing.role() == QAccessible::ScrollBar
+        || thing.text(QAccessible::Description) == QStringLiteral("Time")
         || thing.text(QAccessible::Name).startsWith(QStringLiteral("Move section"));
 }
 
@@ -69,6 +71,76 @@ void doClickAction(QAccessibleInterface &thing)
     thing.actionInterface()->doAction(clickActionOf(thing));
 }
 
+bool isBehindTheDialog(QAccessibleInterface &thing)
+{
+    const QWidget *dialog = QApplication::activeModalWidget();
+    return dialog && dialog != &windowOf(thing);
+}
+
+/// What it is called by: its label or, without one, its name.
+QString titleOf(QAccessibleInterface &thing)
+{
+    const auto labels = thing.relations(QAccessible::Label);
+    return (labels.isEmpty() ? &thing : labels.constFirst().first)->text(QAccessible::Name);
+}
+
+bool canBeWritten(QAccessibleInterface &thing)
+{
+    return thing.editableTextInterface() && thing.state().editable && !thing.state().disabled;
+}
+
+/// A text that is not there yet and that every field takes.
+QString newTextFor(QAccessibleInterface &thing)
+{
+    const bool isColor = thing.text(QAccessible::Value).startsWith(QLatin1Char('#'));
+    return isColor ? QStringLiteral("#336699") : QStringLiteral("77");
+}
+
+void write(QAccessibleInterface &thing)
+{
+    thing.editableTextInterface()->replaceText(0, thing.textInterface()->characterCount(),
+                                               newTextFor(thing));
+}
+
+void typeInto(QAccessibleInterface &thing)
+{
+    QWindow *window = windowOf(thing).windowHandle();
+    ProgramWindows::activate(windowOf(thing));
+    thing.actionInterface()->doAction(QAccessibleActionInterface::setFocusAction());
+    QTest::keyClick(window, Qt::Key_A, Qt::ControlModifier);
+    for (const QChar character : newTextFor(thing))
+        QTest::keyClick(window, character.toLatin1());
+}
+
+/// Leaves what is typed, if anything is.
+void leaveTyping()
+{
+    if (takesText(QApplication::focusWidget()))
+        QTest::keyClick(QGuiApplication::focusWindow(), Qt::Key_Tab);
+}
+
+/// All the ways in which an assistive technology changes what a thing holds, but for scrolling.
+QList<std::function<void()>> changesOf(QAccessibleInterface &thing)
+{
+    QList<std::function<void()>> changes;
+    if (canBeWritten(thing)) {
+        QAccessibleEditableTextInterface *text = thing.editableTextInterface();
+        changes << [&thing] { write(thing); } << [text] { text->deleteText(0, 1); } << [text] {
+            text->insertText(0, QStringLiteral("7"));
+        } << [&thing] { thing.setText(QAccessible::Value, newTextFor(thing)); };
+    }
+    QAccessibleValueInterface *value = thing.valueInterface();
+    if (value && thing.role() != QAccessible::ScrollBar) {
+        for (const QVariant &end : {value->minimumValue(), value->maximumValue()})
+            changes << [value, end] { value->setCurrentValue(end); };
+    }
+    if (QAccessibleTableInterface *table = thing.tableInterface()) {
+        for (int row = 0; row < table->rowCount(); ++row)
+            changes << [table, row] { table->selectRow(row); };
+    }
+    return changes;
+}
+
 QAccessibleInterface &canvasOf(const Program &program)
 {
     return *QAccessible::queryAccessibleInterface(
@@ -103,6 +175,27 @@ void addRowsForStates()
         QTest::newRow(state.name) << state.arrange;
     for (const State &state : opened)
         QTest::newRow(state.name) << state.arrange;
+}
+
+void addRowsForDialogs()
+{
+    QTest::addColumn<Program::Arrange>("arrange");
+    for (const State &state : {State{"the start panel", openStartPanel},
+                               {"the recovery", openRecovery},
+                               {"the song import", openSongImport},
+                               {"an alert", openAlert},
+                               {"a colour dialog", openColorDialog},
+                               {"a file panel", openSavePanel},
+                               {"a question", askBeforeLeaving}})
+        QTest::newRow(state.name) << state.arrange;
+}
+
+void addRowsForPopups()
+{
+    QTest::addColumn<Program::Arrange>("open");
+    QTest::newRow("a menu of the menu bar") << Program::Arrange(openMenu);
+    QTest::newRow("the menu of a section") << Program::Arrange(openSectionMenu);
+    QTest::newRow("the list of a picker") << Program::Arrange(openList);
 }
 
 } // namespace
@@ -166,13 +259,7 @@ private slots:
         QVERIFY(canvasOf(program).child(1)->state().focused);
     }
 
-    void anActionOnWhatLiesBehindAnOpenListOrMenuOnlyClosesThat_data()
-    {
-        QTest::addColumn<Program::Arrange>("open");
-        QTest::newRow("a menu of the menu bar") << Program::Arrange(openMenu);
-        QTest::newRow("the menu of a section") << Program::Arrange(openSectionMenu);
-        QTest::newRow("the list of a picker") << Program::Arrange(openList);
-    }
+    void anActionOnWhatLiesBehindAnOpenListOrMenuOnlyClosesThat_data() { addRowsForPopups(); }
 
     void anActionOnWhatLiesBehindAnOpenListOrMenuOnlyClosesThat()
     {
@@ -218,18 +305,7 @@ private slots:
         }
     }
 
-    void anItemOfAMenuDoesNothingBehindADialog_data()
-    {
-        QTest::addColumn<Program::Arrange>("arrange");
-        for (const State &state : {State{"the start panel", openStartPanel},
-                                   {"the recovery", openRecovery},
-                                   {"the song import", openSongImport},
-                                   {"an alert", openAlert},
-                                   {"a colour dialog", openColorDialog},
-                                   {"a file panel", openSavePanel},
-                                   {"a question", askBeforeLeaving}})
-            QTest::newRow(state.name) << state.arrange;
-    }
+    void anItemOfAMenuDoesNothingBehindADialog_data() { addRowsForDialogs(); }
 
     void anItemOfAMenuDoesNothingBehindADialog()
     {
@@ -243,6 +319,124 @@ private slots:
             QVERIFY(!program.windows.isStageWindowOpen());
             QVERIFY(!program.windows.isDisplayWindowOpen());
         });
+    }
+
+    void whatLiesBehindADialogIsNotChanged_data() { addRowsForDialogs(); }
+
+    void whatLiesBehindADialogIsNotChanged()
+    {
+        QFETCH(Program::Arrange, arrange);
+        inState(arrange, [](const Program &program) {
+            const QString before = toldOf(program);
+            int tried = 0;
+            for (QAccessibleInterface *thing : allThings()) {
+                if (!isBehindTheDialog(*thing))
+                    continue;
+                const QByteArray words = wordsOf(*thing).toUtf8();
+                for (const auto &change : changesOf(*thing)) {
+                    change();
+                    Program::settle();
+                    QVERIFY2(toldOf(program) == before, words);
+                    ++tried;
+                }
+            }
+            QVERIFY2(tried > 20, QByteArray::number(tried));
+        });
+    }
+
+    void whatLiesBehindAnOpenListOrMenuIsNotChanged_data() { addRowsForPopups(); }
+
+    void whatLiesBehindAnOpenListOrMenuIsNotChanged()
+    {
+        QFETCH(Program::Arrange, open);
+        Program program(selectText);
+        const QString before = toldOf(program);
+        int tried = 0;
+        for (QAccessibleInterface *thing : allThings()) {
+            const QByteArray words = wordsOf(*thing).toUtf8();
+            for (const auto &change : changesOf(*thing)) {
+                open(program);
+                QVERIFY(QApplication::activePopupWidget());
+                change();
+                Program::settle();
+                QVERIFY2(!QApplication::activePopupWidget(), words);
+                QVERIFY2(toldOf(program) == before, words);
+                ++tried;
+            }
+        }
+        QVERIFY2(tried > 20, QByteArray::number(tried));
+    }
+
+    void whatIsWrittenIsTakenAsIfItWereTyped_data() { addRowsForStates(); }
+
+    void whatIsWrittenIsTakenAsIfItWereTyped()
+    {
+        QFETCH(Program::Arrange, arrange);
+        QList<qsizetype> places;
+        const auto findFields = [&](const Program &) {
+            const QList<QAccessibleInterface *> things = allThings();
+            for (qsizetype i = 0; i < things.size(); ++i) {
+                QAccessibleInterface &thing = *things.at(i);
+                const QString name = titleOf(thing);
+                if (canBeWritten(thing) && !isBehindTheDialog(thing)
+                    && !QApplication::activePopupWidget() && !m_written.contains(name)) {
+                    m_written.append(name);
+                    places.append(i);
+                }
+            }
+        };
+        inState(arrange, findFields);
+        for (const qsizetype place : std::as_const(places)) {
+            QString name;
+            const auto toldAfter = [&](void (*enter)(QAccessibleInterface &)) {
+                QString told;
+                inState(arrange, [&](const Program &program) {
+                    QAccessibleInterface &field = *allThings().at(place);
+                    name = wordsOf(field);
+                    const QString before = toldOf(program);
+                    enter(field);
+                    leaveTyping();
+                    Program::settle();
+                    told = toldOf(program);
+                    QVERIFY2(told != before, qPrintable(name));
+                });
+                return told;
+            };
+            const QString typed = toldAfter(typeInto);
+            const QString written = toldAfter(write);
+            QVERIFY2(written == typed,
+                     qPrintable(name + linesOfOne(written, typed) + QStringLiteral(" and not ")
+                                + linesOfOne(typed, written)));
+        }
+    }
+
+    void allFieldsOfTheProgramWereWritten()
+    {
+        for (const char *name : {"Project Name", "Title", "Name", "X", "Song title", "Lyrics",
+                                 "Section Title", "HTML:", "Hue:", "File name:"}) {
+            QVERIFY2(m_written.contains(QString::fromLatin1(name)),
+                     qPrintable(m_written.join(QLatin1Char('\n'))));
+        }
+    }
+
+    void whatIsWrittenIntoAFieldOfTheOperatorsWindowIsOneStep()
+    {
+        int written = 0;
+        for (int field = 0;; ++field) {
+            Program program(selectText);
+            QList<QAccessibleInterface *> fields = allThings();
+            fields.removeIf([](QAccessibleInterface *thing) { return !canBeWritten(*thing); });
+            if (field >= fields.size())
+                break;
+            const ZelvoProject before = program.store.project();
+            write(*fields.at(field));
+            const QByteArray words = wordsOf(*fields.at(field)).toUtf8();
+            QVERIFY2(program.store.project() != before, words);
+            program.store.undo();
+            QVERIFY2(program.store.project() == before, words);
+            ++written;
+        }
+        QCOMPARE(written, 7); // the project's name, the slide's, the layer's, its frame
     }
 
     void aSliderIsNotSetBehindADialogNorAnOpenList()
@@ -389,6 +583,7 @@ private:
     }
 
     QStringList m_compared; ///< what was said of each before
+    QStringList m_written; ///< the fields that were written into
 };
 
 QUENARA_GUI_TEST(TestAccessibleTree)

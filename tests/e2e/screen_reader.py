@@ -185,6 +185,10 @@ class Thing:
         """The text that it holds."""
         return Atspi.Text.get_text(self._accessible, 0, -1)
 
+    def write(self, text):
+        """Replaces the text that it holds."""
+        Atspi.EditableText.set_text_contents(self._accessible, text)
+
     def move_caret(self, position):
         Atspi.Text.set_caret_offset(self._accessible, position)
 
@@ -218,6 +222,10 @@ class Thing:
     def press(self, action=0):
         """Does what a press of it does, or what another of its actions does."""
         Atspi.Action.do_action(self._accessible, action)
+
+    def focus(self):
+        """Gives it the keyboard by the second of its actions, as far as it can have it."""
+        self.press(1)
 
     @property
     def child_count(self):

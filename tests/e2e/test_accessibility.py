@@ -5,8 +5,9 @@ from processes import wait_until
 from program import ABOUT, ALERT, DISPLAY, OPERATOR, SETTINGS, STAGE, START_PANEL
 from show_case import ReadCase, run
 
-BUTTON, SWITCH, CHOICE, TEXT, PICKER, SLIDER, ROW = (
-    "push button", "check box", "radio button", "text", "combo box", "slider", "list item")
+BUTTON, SWITCH, CHOICE, TEXT, PICKER, SLIDER, ROW, SPIN_BOX = (
+    "push button", "check box", "radio button", "text", "combo box", "slider", "list item",
+    "spin button")
 
 PROJECT_BAR = {(TEXT, "Project Name"), (BUTTON, "New"), (BUTTON, "Open"), (BUTTON, "Save")}
 RUNDOWN = {(BUTTON, name) for name in (
@@ -215,6 +216,52 @@ class Accessibility(Documents, ReadCase):
         self.program.focus(OPERATOR)
         self.program.press("ctrl+z")
         wait_until(lambda: opacity.value == 1, "the opacity that was")
+
+    def test_what_is_written_through_the_reader_is_taken_as_if_it_were_typed(self):
+        for name, text in (("Project Name", "Morning Show"), ("Title", "Hello"), ("X", "200")):
+            before = self.thing(name, TEXT).text
+            self.thing(name, TEXT).write(text)
+            wait_until(lambda name=name, text=text: self.thing(name, TEXT).text == text, name)
+            self.program.focus(OPERATOR)
+            self.program.press("ctrl+z")
+            wait_until(lambda name=name, before=before: self.thing(name, TEXT).text == before,
+                       f"the {name} that was")
+        self.thing("Text Color").press()
+        self.program.focus("Text Color")
+        self.thing("HTML:", TEXT, "Text Color").write("#336699")
+        wait_until(lambda: self.thing("Text Color").description == "#336699", "the colour")
+        self.thing("Blue:", SPIN_BOX, "Text Color").set_value(0)
+        wait_until(lambda: self.thing("Text Color").description == "#336600", "the colour's blue")
+        self.program.press("Escape")
+        self.program.wait_for_no_window("Text Color")
+
+    def test_nothing_is_written_or_set_behind_a_dialog_nor_an_open_list(self):
+        name = self.thing("Project Name", TEXT)
+        opacity = self.thing("Opacity", SLIDER)
+        layer = self.thing("Name", TEXT)
+        before = name.text, opacity.value, layer.text
+
+        def change():
+            name.write("Elsewhere")
+            layer.write("Elsewhere")
+            opacity.set_value(0.5)
+            self.program.wait_until_at_rest()
+            self.assertEqual((name.text, opacity.value, layer.text), before)
+
+        self.program.focus(OPERATOR)
+        self.program.press("ctrl+n")
+        self.program.focus(START_PANEL)
+        change()
+        self.program.press("Escape")
+        self.program.wait_for_no_window(START_PANEL)
+        picker = self.thing("Type", PICKER)
+        picker.press()
+        wait_until(lambda: picker.has("EXPANDED"), "the list to open")
+        name.write("Elsewhere")
+        wait_until(lambda: not picker.has("EXPANDED"), "the list to close")
+        self.assertEqual(name.text, before[0])
+        name.write("Here")
+        self.program.wait_for_window("Here — Quenara")
 
     def test_a_slider_tells_of_each_value_that_keys_or_an_undo_give_it(self):
         self.program.focus(OPERATOR)

@@ -1,6 +1,5 @@
 #include "CanvasTextLayerEditor.h"
 
-#include "CanvasTextInterface.h"
 #include "Clipboard.h"
 #include "DevicePixels.h"
 #include "EditedTextView.h"
@@ -24,10 +23,9 @@ CanvasTextLayerEditor::CanvasTextLayerEditor(WorkspaceStore &store, RenderCaches
     : QWidget(parent), m_store(store), m_caches(caches)
 {
     setObjectName(QStringLiteral("canvasTextLayerEditor"));
-    makeCanvasTextReadable();
-    setAccessibleName(QStringLiteral("Layer text"));
-    setAttribute(Qt::WA_InputMethodEnabled);
+    setAttribute(Qt::WA_InputMethodEnabled); // before the name, by which readers meet a text
     setInputMethodHints(Qt::ImhMultiLine);
+    setAccessibleName(QStringLiteral("Layer text"));
     setFocusPolicy(Qt::ClickFocus);
     setCursor(Qt::IBeamCursor);
     // The menu bar gives the keyboard back. An open menu does not even take the focus.

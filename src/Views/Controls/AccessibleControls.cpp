@@ -1,6 +1,7 @@
 #include "AccessibleControls.h"
 
 #include "AccessibleItem.h"
+#include "AccessibleText.h"
 #include "Typing.h"
 
 #include <QAbstractButton>
@@ -333,9 +334,11 @@ QAccessibleInterface *accessibleControl(const QString & /*className*/, QObject *
     if (QComboBox *owner = pickerWithList(qobject_cast<QAbstractItemView *>(object)))
         return new ChoicesInterface(*owner);
     auto *widget = qobject_cast<QWidget *>(object);
-    const QVariant role = widget ? widget->property(roleProperty) : QVariant();
+    if (!widget)
+        return nullptr;
+    const QVariant role = widget->property(roleProperty);
     return role.isValid() ? new QAccessibleWidget(widget, QAccessible::Role(role.toInt()))
-                          : nullptr;
+                          : makeTextInterface(*widget);
 }
 
 } // namespace

@@ -9,8 +9,8 @@ class QWidget;
 namespace quenara {
 
 /// Has assistive technologies meet every button and picker of the program, those of Qt's own
-/// dialogs included, as one whose action does what a click does. To be called once, before the
-/// first window is made.
+/// dialogs included, as one whose action does what a click does, and every text and number as one
+/// that is typed. To be called once, before the first window is made.
 void makeControlsAccessible();
 
 /// Tells assistive technologies that \a widget is of that \a role, whatever its class is. To be

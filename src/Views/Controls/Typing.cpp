@@ -76,12 +76,16 @@ void endTyping()
 
 void takeTyping()
 {
-    const QPointer<QLineEdit> field = heldBackField();
-    if (!field)
-        return;
-    emit field->editingFinished();
-    if (field)
-        field->setModified(false); // so that it shows what the store makes of it
+    if (QLineEdit *field = heldBackField())
+        takeTyping(*field);
+}
+
+void takeTyping(QLineEdit &field)
+{
+    const QPointer<QLineEdit> taken = &field;
+    emit field.editingFinished();
+    if (taken)
+        taken->setModified(false); // so that it shows what the store makes of it
 }
 
 } // namespace quenara

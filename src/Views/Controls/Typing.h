@@ -1,5 +1,6 @@
 #pragma once
 
+class QLineEdit;
 class QObject;
 class QWidget;
 
@@ -20,5 +21,8 @@ void endTyping();
 
 /// Has such a field take what was typed. It keeps the keyboard, its caret and its selection.
 void takeTyping();
+
+/// Has \a field take what was written into it while it had not the keyboard.
+void takeTyping(QLineEdit &field);
 
 } // namespace quenara
