@@ -1,5 +1,6 @@
 """Pasting from a clipboard and a selection that nobody owns, as after a login."""
 
+from processes import wait_until
 from program import OPERATOR, PASTE_SONG, SAVE_PANEL, SLIDE_TITLE, SONG_IMPORT
 from show_case import ReadCase, run
 
@@ -52,6 +53,29 @@ class EmptyClipboard(ReadCase):
         self.click_row("Words")
         self.paste_into_each_field(OPERATOR)
 
+    def test_each_field_that_a_row_is_renamed_or_edited_in(self):
+        def rows():
+            return [thing for thing in self.shown() if thing.role == "list item"]
+
+        def opened_field():
+            return next((thing for thing in self.shown()
+                         if thing.role == "text" and thing.has("FOCUSED")), None)
+
+        opened = set()
+        for place in range(len(rows())):
+            self.program.focus(OPERATOR)
+            rows()[place].focus()
+            self.program.press("F2")
+            try:
+                field = wait_until(opened_field, "a field", deadline=1)
+            except AssertionError:
+                continue  # a row of the list of layers, which has nothing that is typed
+            opened.add(field.title)
+            self.paste_into(field, OPERATOR)
+            self.program.press("Escape")
+            wait_until(lambda: not opened_field(), "the field to be left")
+        self.assertEqual(opened, {"Section Title", "Slide Title", "Layer text"})
+
     def test_each_field_of_a_colour_dialog(self):
         self.click_row("Words")
         self.thing(COLOR, "push button").press()
@@ -67,19 +91,22 @@ class EmptyClipboard(ReadCase):
         self.thing(name, "list item").press()
 
     def paste_into_each_field(self, window):
-        left, top = self.program.area(window)[2:]
         fields = [thing for thing in self.shown(window)
                   if thing.role in ("text", "spin button") and thing.has("FOCUSABLE")]
         self.assertNotEqual(fields, [])
         for field in fields:
-            with self.subTest(field=field.title):
-                x, y, width, height = field.area
-                place = (x - left + width // 4, y - top + height // 2)
-                self.click_button(1, window, place)
-                self.program.press(*KEYS)
-                self.click_button(2, window, place)
-                self.program.focus(window)
-                self.assertIsNone(self.program.status(), self.program.output())
+            self.paste_into(field, window)
+
+    def paste_into(self, field, window):
+        left, top = self.program.area(window)[2:]
+        with self.subTest(field=field.title):
+            x, y, width, height = field.area
+            place = (x - left + width // 4, y - top + height // 2)
+            self.click_button(1, window, place)
+            self.program.press(*KEYS)
+            self.click_button(2, window, place)
+            self.program.focus(window)
+            self.assertIsNone(self.program.status(), self.program.output())
 
 
 if __name__ == "__main__":

@@ -7,6 +7,7 @@
 
 #include <QAccessibleWidget>
 #include <QHash>
+#include <QLineEdit>
 #include <QPointer>
 
 namespace quenara {
@@ -93,10 +94,12 @@ public:
                                                    : QAccessibleWidget::interface_cast(type);
     }
 
-    int childCount() const override { return rowCount(); }
+    int childCount() const override { return rowCount() + (titleField() ? 1 : 0); }
 
     QAccessibleInterface *child(int row) const override
     {
+        if (row == rowCount())
+            return titleField();
         const QModelIndex index = m_list.model()->index(row, 0);
         if (!index.isValid())
             return nullptr;
@@ -108,18 +111,23 @@ public:
 
     int indexOfChild(const QAccessibleInterface *child) const override
     {
+        if (child && child == titleField())
+            return rowCount();
         const auto *row = dynamic_cast<const RowInterface *>(child);
         return row ? row->index().row() : -1;
     }
 
     QAccessibleInterface *childAt(int x, int y) const override
     {
-        return child(m_list.indexAt(m_list.viewport()->mapFromGlobal(QPoint(x, y))).row());
+        QAccessibleInterface *field = titleField();
+        return field && field->rect().contains(x, y)
+            ? field
+            : child(m_list.indexAt(m_list.viewport()->mapFromGlobal(QPoint(x, y))).row());
     }
 
     QAccessibleInterface *focusChild() const override
     {
-        return m_list.hasFocus() ? child(m_list.currentIndex().row()) : nullptr;
+        return m_list.hasFocus() ? child(m_list.currentIndex().row()) : titleField();
     }
 
     QAccessibleInterface *caption() const override { return nullptr; }
@@ -161,7 +169,7 @@ public:
 
     bool selectRow(int row) override
     {
-        const auto *item = static_cast<const RowInterface *>(child(row));
+        const auto *item = dynamic_cast<const RowInterface *>(child(row));
         if (item)
             item->press();
         return item;
@@ -189,6 +197,12 @@ protected:
     }
 
 private:
+    /// The field in which a row is renamed, while one is.
+    QAccessibleInterface *titleField() const
+    {
+        return QAccessible::queryAccessibleInterface(m_list.viewport()->findChild<QLineEdit *>());
+    }
+
     RundownList &m_list;
     mutable QHash<QPersistentModelIndex, QAccessible::Id> m_rows; ///< those that were asked for
 };
