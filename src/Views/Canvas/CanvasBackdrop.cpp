@@ -33,7 +33,8 @@ QImage canvasBackdrop(const QSize &size, double devicePixelRatio, const QRectF &
     DeviceLayer shadow = DeviceLayer::painted(
         painter, slide, plan.reach, [&](QPainter &layer) { layer.fillRect(slide, Qt::black); },
         plan.reduction);
-    shadow.image = gaussianBlurred(shadow.image, plan.sigma);
+    // Black is all alpha.
+    shadow.image = gaussianBlurred(shadow.image.convertToFormat(QImage::Format_Alpha8), plan.sigma);
     shadow.draw(painter, shadowOpacity(scheme));
     return backdrop;
 }
