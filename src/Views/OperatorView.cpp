@@ -28,7 +28,7 @@ OperatorView::OperatorView(WorkspaceStore &store, const CommandActions &commands
     workArea->setSpacing(0);
     workArea->addWidget(new RundownView(store, commands, caches));
     workArea->addWidget(makeSeparator(Qt::Vertical));
-    // The panels beside it have fixed widths: where room is scarce, the canvas gives way.
+    // Where room is scarce, the canvas gives way, and at last the inspector.
     workArea->addWidget(new DesignCanvasView(store, commands, caches), 1);
     workArea->addWidget(new InspectorView(store, caches));
     auto *layout = new QVBoxLayout(this);

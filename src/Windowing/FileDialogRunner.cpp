@@ -2,6 +2,7 @@
 
 #include "AlertBox.h"
 #include "DialogParts.h"
+#include "WindowPlace.h"
 
 #include <QFileDialog>
 #include <QFileInfo>
@@ -9,6 +10,7 @@
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QScopedValueRollback>
+#include <QScreen>
 #include <QSplitter>
 #include <QStandardPaths>
 
@@ -95,7 +97,7 @@ std::optional<QString> FileDialogRunner::chosenPath(const FilePanel &panel)
 {
     const bool saves = panel.kind == FilePanel::Kind::save;
     QFileDialog dialog(m_owner(), panel.title, folderOf(panel).path());
-    dialog.resize(dialogSize);
+    dialog.resize(sizeWithin(m_owner()->screen()->availableSize(), dialogSize, usualFrame));
     // Qt's own dialog has a splitter, and leaves the list of places hardly any room in it.
     if (auto *splitter = dialog.findChild<QSplitter *>())
         splitter->setSizes({placesWidth, dialogSize.width() - placesWidth});

@@ -33,6 +33,7 @@ constexpr QSize defaultSize(1480, 900);
 /// \a sheet when it is centred over \a window and kept within the \a room of a screen.
 QRect centered(QRect sheet, const QRect &window, const QRect &room)
 {
+    sheet.setSize(sheet.size().boundedTo(room.size()));
     sheet.moveCenter(window.center());
     sheet.moveRight(std::min(sheet.right(), room.right()));
     sheet.moveBottom(std::min(sheet.bottom(), room.bottom()));
@@ -172,8 +173,9 @@ void OperatorWindow::resizeEvent(QResizeEvent *event)
 }
 
 /// Puts the open sheets in the middle of the window, and wholly on its screen, since nothing goes
-/// on before they are answered. Their frames are not known before they are shown: they are taken to
-/// be like the window's own.
+/// on before they are answered: where it lacks the room, they are smaller than they are meant to
+/// be. Their frames are not known before they are shown: they are taken to be like the window's
+/// own.
 void OperatorWindow::placeSheets() const
 {
     if (!m_hasBeenPainted)
@@ -184,8 +186,10 @@ void OperatorWindow::placeSheets() const
                            ->availableGeometry()
                            .marginsRemoved(windowHandle()->frameMargins());
     for (QDialog *sheet : findChildren<QDialog *>(QString(), Qt::FindDirectChildrenOnly)) {
-        if (sheet->isVisible() && sheet->isModal())
-            sheet->setGeometry(centered(sheet->geometry(), geometry(), room));
+        if (!sheet->isVisible() || !sheet->isModal())
+            continue;
+        sheet->setMinimumSize(sheet->minimumSize().boundedTo(room.size()));
+        sheet->setGeometry(centered(sheet->geometry(), geometry(), room));
     }
 }
 

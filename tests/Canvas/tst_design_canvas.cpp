@@ -107,6 +107,23 @@ private slots:
         QCOMPARE(std::abs(middleOf(*title) - middleOf(button)) <= 1, isInTheMiddle);
     }
 
+    void aTitleOfUsualLengthIsReadWholeBesideTheButtonsOnALargeScreenAtAScaleOfTwo()
+    {
+        DesignCanvas c;
+        c.store.updateSelectedSlide(
+            [](Slide &slide) { slide.title = QStringLiteral("Romans 15:13"); });
+        c.view.resize(333, 300);
+        QCoreApplication::processEvents();
+        for (const QLabel *label : c.view.findChildren<QLabel *>()) {
+            if (label->text() == u"Romans 15:13")
+                QVERIFY(label->isVisible() && label->width() >= label->sizeHint().width());
+        }
+        for (const char *name : {"Text", "Lyric", "Image"}) {
+            const QWidget &button = named(c.view, QString::fromUtf8(name));
+            QVERIFY(button.width() >= button.minimumSizeHint().width());
+        }
+    }
+
     void theHeaderNamesTheSlideAndTheCanvas()
     {
         DesignCanvas c;

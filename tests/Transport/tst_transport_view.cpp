@@ -290,9 +290,23 @@ private slots:
         QVERIFY(!op.isChecked(QStringLiteral("Monitor")));
     }
 
+    void everyButtonFitsAtTheSmallestWidth_data()
+    {
+        QTest::addColumn<bool>("isStacked");
+        QTest::newRow("that is stated") << false;
+        QTest::newRow("of all, in pairs one above the other") << true;
+    }
+
     void everyButtonFitsAtTheSmallestWidth()
     {
+        QFETCH(bool, isStacked);
         Transport op;
+        if (isStacked)
+            op.view.resize(op.view.minimumSizeHint());
+        const auto rowOf = [&op](const QString &name) { return named(op.view, name).y(); };
+        QCOMPARE(rowOf(u"Queue Prev"_s) < rowOf(u"Queue Next"_s), isStacked);
+        QCOMPARE(rowOf(u"Blackout"_s) < rowOf(u"Logo"_s), isStacked);
+        QCOMPARE(rowOf(u"Display"_s) < rowOf(u"Monitor"_s), isStacked);
         const QList<SymbolButton *> buttons = op.view.findChildren<SymbolButton *>();
         QVERIFY(!buttons.isEmpty());
         for (const SymbolButton *a : buttons) {

@@ -116,6 +116,8 @@ private slots:
         QTest::newRow("1920 by 1080 at a scale of 1.5, beside a dock") << QSize(1210, 640);
         QTest::newRow("1024 by 768") << QSize(1020, 696);
         QTest::newRow("1366 by 768 at a font DPI of 144") << QSize(906, 440);
+        QTest::newRow("1366 by 768 at a scale of 2") << QSize(681, 334);
+        QTest::newRow("1280 by 720 at a scale of 2") << QSize(638, 310);
     }
 
     void onASmallScreenTheWorkAreaGivesWayAndNothingElse()
@@ -123,6 +125,7 @@ private slots:
         QFETCH(QSize, size);
         Operator op;
         op.store.updateProjectName(QString(200, u'W'));
+        op.store.toggleBlackout(); // which is the widest badge
         op.view.resize(size);
         QCoreApplication::processEvents();
         QCOMPARE(op.view.size(), size);
@@ -168,6 +171,7 @@ private slots:
         QTest::newRow("the stated minimum") << QSize(1180, 760) << true << true;
         QTest::newRow("1024 by 768") << QSize(1020, 696) << false << true;
         QTest::newRow("1366 by 768 at a font DPI of 144") << QSize(906, 440) << false << false;
+        QTest::newRow("1280 by 720 at a scale of 2") << QSize(638, 310) << false << false;
     }
 
     void theLivePreviewIsShownOnEveryScreen()
@@ -192,6 +196,24 @@ private slots:
         QVERIFY(bar.rect().contains(place));
         for (const SymbolButton *button : bar.findChildren<SymbolButton *>())
             QVERIFY2(!place.intersects(placeOf(*button, bar)), qPrintable(button->text()));
+    }
+
+    void onTheSmallestScreenTabBringsEachControlOfTheInspectorIntoSight()
+    {
+        Operator op;
+        op.store.addTextLayer(SlideElementKind::text);
+        op.view.resize(638, 500);
+        QCoreApplication::processEvents();
+        const auto *inspector = op.view.findChild<QWidget *>(QStringLiteral("inspector"));
+        named(*inspector, QStringLiteral("Title")).setFocus();
+        int seen = 0;
+        for (QWidget *now = QApplication::focusWidget(); inspector->isAncestorOf(now);
+             now = QApplication::focusWidget()) {
+            QVERIFY2(!now->visibleRegion().isEmpty(), qPrintable(nameOf(*now)));
+            ++seen;
+            QTest::keyClick(now, Qt::Key_Tab);
+        }
+        QVERIFY(seen > 20);
     }
 
     void theBadgeFollowsTheOutputMode()

@@ -277,6 +277,28 @@ private slots:
         }
     }
 
+    void theRingOfALayerLeavesItsResizeHandleInSight()
+    {
+        ProgramWindows program;
+        program.store.addTextLayer(SlideElementKind::text);
+        const CanvasFrame frame = program.store.selectedElement()->frame;
+        auto *canvas = program.operatorWindow.findChild<SlideCanvas *>();
+        canvas->setFocus(Qt::TabFocusReason);
+        QTest::keyClick(program.operatorWindow.windowHandle(), Qt::Key_Tab);
+        settle(program.operatorWindow);
+        QVERIFY(isRingShown(program));
+        const double scale = canvas->slideRect().width() / CanvasSize().width;
+        const QPointF corner = canvas->slideRect().topLeft()
+            + QPointF(frame.x + frame.width, frame.y + frame.height) * scale;
+        QRectF handle(0, 0, 12, 12);
+        handle.moveCenter(corner);
+        const QRect area(canvas->mapTo(&program.operatorWindow, handle.toAlignedRect().topLeft()),
+                         handle.toAlignedRect().size());
+        auto *ring = program.operatorWindow.findChild<QFocusFrame *>();
+        QCOMPARE(imageOf(program.operatorWindow, area),
+                 imageWithout(*ring, program.operatorWindow, area));
+    }
+
     void aFieldThatIsClickedHasARing()
     {
         ProgramWindows program;

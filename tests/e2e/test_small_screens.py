@@ -5,12 +5,12 @@ import tempfile
 from pathlib import Path
 
 from processes import wait_until
-from program import OPERATOR, STAGE, START_PANEL
+from program import OPERATOR, PASTE_SONG, SAVE_PANEL, SONG_IMPORT, STAGE, START_PANEL
 from show_case import SHOW, TwoScreenCase, run
 from xserver import SCREEN_HEIGHT, SCREEN_WIDTH
 
-# From the lower right corner of the window to the middle of the button for the stage monitor.
-MONITOR_BUTTON = (46, 66)
+# From the lower right corner of the window to the button for the stage monitor.
+MONITOR_BUTTON = (46, 46)
 RESTARTS = 10
 
 
@@ -69,6 +69,7 @@ class SmallScreens(TwoScreenCase):
                 ((1366, 768), {}), ((1280, 720), {}),
                 ((1366, 768), {"QT_FONT_DPI": "144"}), ((1280, 720), {"QT_SCALE_FACTOR": "1.5"}),
                 ((1920, 1080), {"QT_SCALE_FACTOR": "1.5"}),
+                ((1366, 768), {"QT_SCALE_FACTOR": "2"}), ((1280, 720), {"QT_SCALE_FACTOR": "2"}),
                 ((1920, 1080), {"QT_FONT_DPI": "120"}), ((1920, 1080), {"QT_FONT_DPI": "144"})):
             with self.subTest(size=size, **environment):
                 self.server.plug_first_screen(size)
@@ -193,6 +194,24 @@ class SmallScreens(TwoScreenCase):
         self.server.plug_first_screen((1366, 768))
         self.assert_within(1366, 768, START_PANEL)
         self.assert_within(1366, 768)
+
+    def test_what_is_asked_lies_whole_on_the_smallest_screen(self):
+        self.server.unplug_second_screen()
+        for size in ((1366, 768), (1280, 720)):
+            self.server.plug_first_screen(size)
+            program = self.start(SHOW, environment={"QT_SCALE_FACTOR": "2"})
+            for title, ask in (
+                    (START_PANEL, lambda: program.press("ctrl+n")),
+                    (SAVE_PANEL, lambda: program.press("ctrl+shift+s")),
+                    (SONG_IMPORT, lambda: program.click(*(2 * place for place in PASTE_SONG)))):
+                with self.subTest(size=size, title=title):
+                    program.focus(OPERATOR)
+                    ask()
+                    program.focus(title)
+                    self.assert_within(*size, title)
+                    program.press("Escape")
+                    program.wait_for_no_window(title)
+            self.quit()
 
     def change_maximized(self, change):
         self.server.run("wmctrl", "-i", "-r", self.program.wait_for_window(OPERATOR), "-b",

@@ -14,6 +14,8 @@
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace quenara {
 
 namespace {
@@ -24,6 +26,7 @@ constexpr int headerMargin = 12;
 constexpr int buttonSpacing = 8;
 constexpr int narrowMargin = 8;
 constexpr int narrowSpacing = 6;
+constexpr int usualTitleWidth = 120;
 constexpr int leastTitleWidth = 24;
 constexpr int lineSpacing = 2;
 constexpr int emptySpacing = 6;
@@ -49,8 +52,8 @@ protected:
 };
 
 /// Titles on the left, buttons on the right. Where the buttons leave no room for the size, the
-/// title stands alone in the middle of the height, as the buttons do; where they leave none for the
-/// title, the buttons stand alone, closer together.
+/// title stands alone in the middle of the height, as the buttons do; where they leave little for
+/// the title, they are narrower and stand closer together; where they leave none, they stand alone.
 class CanvasHeader : public QWidget
 {
 public:
@@ -84,8 +87,10 @@ protected:
         for (int i = 1; i < m_row->count(); ++i)
             room -= m_row->itemAt(i)->sizeHint().width() + buttonSpacing;
         m_size->setVisible(m_size->sizeHint().width() <= room);
-        const bool isNarrow = room < leastTitleWidth;
-        m_title->setVisible(!isNarrow);
+        const bool isNarrow = room < usualTitleWidth;
+        const int narrowRoom = width() - minimumSizeHint().width() - narrowSpacing;
+        m_title->setVisible(!isNarrow || narrowRoom >= leastTitleWidth);
+        m_title->setMinimumWidth(isNarrow ? std::max(0, narrowRoom) : 0);
         const int edge = isNarrow ? narrowMargin : headerMargin;
         m_row->setContentsMargins(edge, 0, edge, 0);
         m_row->setSpacing(isNarrow ? narrowSpacing : buttonSpacing);
@@ -107,6 +112,7 @@ DesignCanvasView::DesignCanvasView(WorkspaceStore &store, const CommandActions &
 {
     m_area->addWidget(makeEmptyState());
     m_area->addWidget(m_canvas);
+    m_area->setMinimumHeight(1); // on the smallest screens, it is the buttons that need the room
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);

@@ -370,11 +370,21 @@ void SlideCanvas::announce(QAccessible::Event change, const SlideElement &layer)
     QAccessible::updateAccessibility(&event);
 }
 
+/// What the focus ring lies around while a layer has the keyboard: the handle of a layer that has
+/// one, too, on all sides alike, with room for the ring's round corner.
+QRectF SlideCanvas::focusedBox(const SlideElement &layer) const
+{
+    constexpr double gap = 3;
+    const QRectF box = boxOf(layer);
+    const double beyond = &layer == markedLayer() ? resizeHandle(box).width() / 2 + gap : 0;
+    return box.normalized().adjusted(-beyond, -beyond, beyond, beyond);
+}
+
 /// Puts the focus ring around what has the keyboard, and tells assistive technologies of it.
 void SlideCanvas::showFocus()
 {
     const SlideElement *layer = m_focusedElementID ? keyLayer() : nullptr;
-    setFocusArea(*this, (layer ? boxOf(*layer) : slideRect()).toAlignedRect());
+    setFocusArea(*this, (layer ? focusedBox(*layer) : slideRect()).toAlignedRect());
     const SlideElement *told = keyLayer();
     const QString words = !told
         ? QString()

@@ -74,6 +74,7 @@ private:
     bool workOnLayer(const QKeyEvent &event);
     void changeByKey(const CanvasFrame &frame);
     void endKeySteps();
+    QRectF focusedBox(const SlideElement &layer) const;
     void showFocus();
     void announce(QAccessible::Event change, const SlideElement &layer);
     std::optional<LayerDrag::Press> pressAt(const QPointF &point) const;

@@ -18,6 +18,7 @@ namespace quenara {
 namespace {
 
 constexpr int columnWidth = 340;
+constexpr int leastWidth = 120; ///< what the columns beside it leave on the smallest screens
 constexpr int headerHeight = 44;
 constexpr int headerMargin = 12;
 constexpr int columnMargin = 14;
@@ -49,7 +50,8 @@ InspectorView::InspectorView(WorkspaceStore &store, RenderCaches &caches, QWidge
     setPanelName(*this, QStringLiteral("inspector"));
     setAccessibleRole(*this, QAccessible::Pane);
     setAccessibleName(QStringLiteral("Inspector"));
-    setFixedWidth(columnWidth);
+    setMinimumWidth(leastWidth);
+    setMaximumWidth(columnWidth);
     // A click beside a field takes the focus from it, which ends the typing.
     setFocusPolicy(Qt::ClickFocus);
 
@@ -62,7 +64,7 @@ InspectorView::InspectorView(WorkspaceStore &store, RenderCaches &caches, QWidge
     auto *scroll = new QScrollArea;
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setFocusPolicy(Qt::NoFocus);
-    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    scroll->setMinimumHeight(1); // on the smallest screens, it is the buttons that need the room
     scroll->setWidgetResizable(true);
     scroll->setWidget(makeColumn(caches));
 
@@ -71,6 +73,11 @@ InspectorView::InspectorView(WorkspaceStore &store, RenderCaches &caches, QWidge
     layout->setSpacing(0);
     layout->addWidget(header);
     layout->addWidget(scroll, 1);
+}
+
+QSize InspectorView::sizeHint() const
+{
+    return {columnWidth, QWidget::sizeHint().height()};
 }
 
 QWidget *InspectorView::makeColumn(RenderCaches &caches)

@@ -66,6 +66,7 @@ RundownView::RundownView(WorkspaceStore &store, const CommandActions &commands,
     layout->setSpacing(0);
     layout->addWidget(makeHeader(commands));
     auto *list = new RundownList(store, commands, caches);
+    list->setMinimumHeight(1); // on the smallest screens, it is the buttons that need the room
     layout->addWidget(list, 1);
     layout->addWidget(makeFooter(commands));
     new SectionButtons(store, commands, *list, this);

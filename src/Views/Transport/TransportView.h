@@ -4,6 +4,8 @@
 
 #include <QWidget>
 
+class QBoxLayout;
+
 namespace quenara {
 
 class CommandActions;
@@ -15,7 +17,8 @@ class WorkspaceStore;
 /// The strip across the bottom of the operator window: what is queued and live, and the buttons
 /// that run the service. None is ever disabled. Where the strip has no room for all of its parts,
 /// the preview of the queued slide goes, and that of the live slide becomes smaller: what the
-/// audience sees is always told.
+/// audience sees is always told. Where even that is too wide, the buttons that belong together
+/// stand one above the other.
 class TransportView : public QWidget
 {
     Q_OBJECT
@@ -26,7 +29,8 @@ public:
     TransportView(WorkspaceStore &store, const CommandActions &commands, RenderCaches &caches,
                   QWidget *parent = nullptr);
 
-    /// The room for the buttons and the smallest preview of the live slide.
+    /// The room for the buttons, paired one above the other, and the smallest preview of the live
+    /// slide.
     QSize minimumSizeHint() const override;
 
 protected:
@@ -40,7 +44,17 @@ private:
         Command command;
     };
 
+    /// Buttons that stand beside each other or, where room is scarce, one above the other.
+    struct Pair
+    {
+        QBoxLayout *layout;
+        SymbolButton *first;
+        SymbolButton *second;
+    };
+
     int widthBesidePreviews() const;
+    int widthSavedByStacking() const;
+    void stackPairs(bool isStacked);
     void showSlides();
     void showSwitches();
     void showNotice();
@@ -50,6 +64,9 @@ private:
     TransportPreview *m_queued;
     TransportPreview *m_live;
     QList<Switch> m_switches;
+    QBoxLayout *m_navigation;
+    QList<Pair> m_pairs;
+    bool m_isStacked = false;
 };
 
 } // namespace quenara
