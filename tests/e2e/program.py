@@ -73,6 +73,11 @@ class Program:
     def pid(self):
         return self._process.pid
 
+    @property
+    def home(self):
+        """The folder that its panels begin in."""
+        return Path(self._home.name)
+
     def status(self):
         return self._process.status()
 
