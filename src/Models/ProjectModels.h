@@ -9,6 +9,7 @@
 #include <QDateTime>
 #include <QList>
 #include <QString>
+#include <QTypeInfo>
 
 #include <cstdint>
 #include <optional>
@@ -47,9 +48,9 @@ struct Slide
     QString title; ///< the operator's label
     QString body; ///< the main text, kept in step with the design's
     std::int64_t orderIndex = 0; ///< mirrors the position in the item's list, 0-based
-    std::optional<QString> footer;
-    std::optional<SlideMedia> image;
-    std::optional<SlideMedia> audio;
+    SharedOptional<QString> footer;
+    SharedOptional<SlideMedia> image;
+    SharedOptional<SlideMedia> audio;
     SlideDesign design = SlideDesign::centeredLyric(body);
 
     bool operator==(const Slide &) const = default;
@@ -69,6 +70,13 @@ struct Slide
     }
 };
 static_assert(listsEveryMember<Slide>);
+
+} // namespace quenara
+
+/// A list of slides that grows takes no second copy of them.
+Q_DECLARE_TYPEINFO(quenara::Slide, Q_RELOCATABLE_TYPE);
+
+namespace quenara {
 
 struct ServiceItem
 {

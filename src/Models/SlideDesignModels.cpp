@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <vector>
 
 namespace quenara {
 
@@ -54,32 +55,61 @@ TextElementProperties TextElementProperties::lyric(const QString &text)
     };
 }
 
-SlideDesign SlideDesign::centeredLyric(const QString &text, const QString &themeId)
+namespace {
+
+/// The design of a slide without a text, which still lacks its layer's identifier.
+SlideDesign blankLyric()
 {
     SlideElement lyric;
-    lyric.id = newIdentifier();
     lyric.name = QStringLiteral("Lyric");
     lyric.kind = SlideElementKind::songLyricText;
     lyric.frame = {220, 340, 1480, 360};
     lyric.zIndex = 10;
-    lyric.text = TextElementProperties::lyric(text);
+    lyric.text = TextElementProperties::lyric({});
     return {
         .canvasSize = {1920, 1080},
         .background = SlideBackground::defaultDark(),
         .elements = {lyric},
-        .themeId = themeId,
+        .themeId = rawValue(SlideTemplateID::centerLyric),
         .safeAreaEnabled = true,
     };
 }
 
-QList<SlideElement> SlideDesign::visibleElementsInDrawingOrder() const
+} // namespace
+
+SlideDesign SlideDesign::centeredLyric(const QString &text, const QString &themeId)
 {
+    // Shared by all, since a document may have any number of slides without a design.
+    static const SlideDesign blank = blankLyric();
+    SlideDesign design = blank;
+    SlideElement &lyric = design.elements.first();
+    lyric.id = newIdentifier();
+    if (!text.isEmpty())
+        lyric.text->text = text;
+    if (themeId != *blank.themeId)
+        design.themeId = themeId;
+    return design;
+}
+
+QList<SlideElement> SlideDesign::visibleElementsInDrawingOrder(qsizetype most) const
+{
+    // Addresses are sorted, since there may be many times more elements than are wanted.
+    std::vector<const SlideElement *> order;
+    order.reserve(std::size_t(elements.size()));
+    for (const SlideElement &element : elements) {
+        if (element.visible)
+            order.push_back(&element);
+    }
+    const auto isBelow = [](const SlideElement *a, const SlideElement *b) {
+        return a->zIndex < b->zIndex;
+    };
+    if (!std::is_sorted(order.cbegin(), order.cend(), isBelow))
+        std::stable_sort(order.begin(), order.end(), isBelow);
+    const qsizetype count = std::min(qsizetype(order.size()), most);
     QList<SlideElement> visible;
-    std::copy_if(elements.cbegin(), elements.cend(), std::back_inserter(visible),
-                 [](const SlideElement &element) { return element.visible; });
-    std::stable_sort(
-        visible.begin(), visible.end(),
-        [](const SlideElement &a, const SlideElement &b) { return a.zIndex < b.zIndex; });
+    visible.reserve(count);
+    std::transform(order.cend() - count, order.cend(), std::back_inserter(visible),
+                   [](const SlideElement *element) { return *element; });
     return visible;
 }
 

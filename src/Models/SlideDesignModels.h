@@ -11,6 +11,7 @@
 #include <QString>
 
 #include <cstdint>
+#include <limits>
 #include <optional>
 
 namespace quenara {
@@ -133,9 +134,9 @@ struct SlideBackground
 {
     SlideBackgroundKind kind = SlideBackgroundKind::solid;
     RGBAColor solidColor; ///< kept for every kind
-    std::optional<GradientBackground> gradient;
-    std::optional<SlideMedia> image;
-    std::optional<VideoBackground> video;
+    SharedOptional<GradientBackground> gradient;
+    SharedOptional<SlideMedia> image;
+    SharedOptional<VideoBackground> video;
     double blurAmount = 0; ///< radius in canvas units
     double dimAmount = 0; ///< 0 to 1: opacity of the black laid over the background
 
@@ -290,10 +291,10 @@ struct SlideElement
     bool locked = false;
     bool visible = true;
     std::int64_t zIndex = 0; ///< drawing order, higher on top; ties keep list order
-    std::optional<TextElementProperties> text;
-    std::optional<SlideMedia> image;
-    std::optional<ShapeProperties> shape;
-    std::optional<LowerThirdProperties> lowerThird;
+    SharedOptional<TextElementProperties> text;
+    SharedOptional<SlideMedia> image;
+    SharedOptional<ShapeProperties> shape;
+    SharedOptional<LowerThirdProperties> lowerThird;
 
     bool operator==(const SlideElement &) const = default;
     static constexpr auto fields()
@@ -323,15 +324,17 @@ struct SlideDesign
     CanvasSize canvasSize;
     SlideBackground background;
     QList<SlideElement> elements;
-    std::optional<QString> themeId; ///< the template that made the design
+    SharedOptional<QString> themeId; ///< the template that made the design
     bool safeAreaEnabled = true; ///< show the title-safe guide in editors
 
     /// The default design of a slide: one lyric layer over SlideBackground::defaultDark().
     [[nodiscard]] static SlideDesign centeredLyric(
         const QString &text, const QString &themeId = rawValue(SlideTemplateID::centerLyric));
 
-    /// The visible elements from the lowest zIndex up; equal ones keep their list order.
-    [[nodiscard]] QList<SlideElement> visibleElementsInDrawingOrder() const;
+    /// The visible elements from the lowest zIndex up; equal ones keep their list order. Of more
+    /// than \a most, the topmost.
+    [[nodiscard]] QList<SlideElement> visibleElementsInDrawingOrder(
+        qsizetype most = std::numeric_limits<qsizetype>::max()) const;
 
     /// The id of the first element in list order that carries text properties.
     [[nodiscard]] std::optional<QString> firstTextElementID() const;

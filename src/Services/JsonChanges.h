@@ -52,8 +52,8 @@ public:
         m_writer.format().EndObject();
     }
 
-    template<class T>
-    void write(const std::optional<T> &before, const std::optional<T> &after)
+    template<Optional T>
+    void write(const T &before, const T &after)
     {
         if (!after) {
             m_writer.format().Null();
@@ -170,8 +170,8 @@ public:
         return isApplied;
     }
 
-    template<class T>
-    bool apply(Element element, std::optional<T> &value)
+    template<Optional T>
+    bool apply(Element element, T &value)
     {
         return value && !element.is_null() ? apply(element, *value) : m_reader.read(element, value);
     }

@@ -157,14 +157,14 @@ public:
     }
 
     /// An empty optional may also be written as null.
-    template<class T>
-    bool read(Element element, std::optional<T> &value)
+    template<Optional T>
+    bool read(Element element, T &value)
     {
         if (element.is_null()) {
             value.reset();
             return true;
         }
-        return read(element, value.emplace(unread<T>()));
+        return read(element, value.emplace(unread<typename T::value_type>()));
     }
 
     template<Record T>

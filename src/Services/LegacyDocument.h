@@ -15,8 +15,8 @@ struct LegacySlide
     std::optional<QString> text;
     std::optional<std::int64_t> orderIndex;
     std::optional<QString> footer;
-    std::optional<SlideMedia> image;
-    std::optional<SlideMedia> audio;
+    SharedOptional<SlideMedia> image;
+    SharedOptional<SlideMedia> audio;
     std::optional<QString> emoji;
 
     bool operator==(const LegacySlide &) const = default;

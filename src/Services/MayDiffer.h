@@ -41,6 +41,13 @@ template<class T>
     return before.has_value() != after.has_value() || (before && mayDiffer(*before, *after));
 }
 
+template<class T>
+[[nodiscard]] bool mayDiffer(const SharedOptional<T> &before, const SharedOptional<T> &after)
+{
+    return !before.isSharedWith(after)
+        && (before.has_value() != after.has_value() || mayDiffer(*before, *after));
+}
+
 template<Record T>
 [[nodiscard]] bool mayDiffer(const T &before, const T &after)
 {

@@ -99,8 +99,8 @@ QList<SlideTemplate> ProjectTemplates::templates()
 }
 
 SlideDesign ProjectTemplates::design(const QString &templateID, const QString &title,
-                                     const QString &body, const std::optional<QString> &footer,
-                                     const std::optional<SlideMedia> &image)
+                                     const QString &body, const SharedOptional<QString> &footer,
+                                     const SharedOptional<SlideMedia> &image)
 {
     const SlideTemplateID id =
         fromRawValue<SlideTemplateID>(templateID).value_or(SlideTemplateID::centerLyric);
@@ -115,8 +115,8 @@ QString ProjectTemplates::defaultTemplate(ServiceItemType type)
 }
 
 Slide ProjectTemplates::slide(const QString &title, const QString &body, std::int64_t orderIndex,
-                              const QString &templateID, const std::optional<QString> &footer,
-                              const std::optional<SlideMedia> &image)
+                              const QString &templateID, const SharedOptional<QString> &footer,
+                              const SharedOptional<SlideMedia> &image)
 {
     return {.id = newIdentifier(),
             .title = title,

@@ -30,16 +30,16 @@ struct ProjectTemplates
     /// Each recipe takes the inputs it needs and ignores the rest. Layer identifiers are new.
     [[nodiscard]] static SlideDesign design(const QString &templateID, const QString &title,
                                             const QString &body,
-                                            const std::optional<QString> &footer = std::nullopt,
-                                            const std::optional<SlideMedia> &image = std::nullopt);
+                                            const SharedOptional<QString> &footer = std::nullopt,
+                                            const SharedOptional<SlideMedia> &image = std::nullopt);
 
     [[nodiscard]] static QString defaultTemplate(ServiceItemType type);
 
     /// A new slide with the template's design of its own texts and image.
     [[nodiscard]] static Slide slide(const QString &title, const QString &body,
                                      std::int64_t orderIndex, const QString &templateID,
-                                     const std::optional<QString> &footer = std::nullopt,
-                                     const std::optional<SlideMedia> &image = std::nullopt);
+                                     const SharedOptional<QString> &footer = std::nullopt,
+                                     const SharedOptional<SlideMedia> &image = std::nullopt);
 
     /// "Untitled Quenara", without items.
     [[nodiscard]] static ZelvoProject blankProject(const QDateTime &now);

@@ -14,8 +14,8 @@ struct SlideContents
 {
     QString title;
     QString body;
-    std::optional<QString> footer;
-    std::optional<SlideMedia> image;
+    SharedOptional<QString> footer;
+    SharedOptional<SlideMedia> image;
 };
 
 /// How a template lays out a slide. The design still lacks its themeId.

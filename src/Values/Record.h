@@ -1,5 +1,7 @@
 #pragma once
 
+#include "SharedOptional.h"
+
 #include <QHashFunctions>
 #include <QList>
 
@@ -15,6 +17,12 @@ template<class T>
 inline constexpr bool isOptional = false;
 template<class T>
 inline constexpr bool isOptional<std::optional<T>> = true;
+template<class T>
+inline constexpr bool isOptional<SharedOptional<T>> = true;
+
+/// A std::optional or a SharedOptional.
+template<class T>
+concept Optional = isOptional<T>;
 
 /// Marks a Field that no document may lack.
 struct Required
@@ -165,8 +173,8 @@ template<class T>
     }
 }
 
-template<class T>
-[[nodiscard]] std::size_t hashOf(const std::optional<T> &value, std::size_t seed)
+template<Optional T>
+[[nodiscard]] std::size_t hashOf(const T &value, std::size_t seed)
 {
     return value ? hashOf(*value, seed ^ 1U) : ::qHash(0, seed);
 }

@@ -34,7 +34,8 @@ SlideBackground gradient(QStringView color, QStringView start, QStringView end,
 {
     SlideBackground background = solid(color);
     background.kind = SlideBackgroundKind::gradient;
-    background.gradient = {RGBAColor::fromHex(start), RGBAColor::fromHex(end), direction};
+    background.gradient =
+        GradientBackground{RGBAColor::fromHex(start), RGBAColor::fromHex(end), direction};
     background.dimAmount = dim;
     return background;
 }

@@ -74,8 +74,8 @@ bool agrees(const QJsonValue &json, E value)
 template<Record T>
 bool agrees(const QJsonValue &json, const T &record);
 
-template<class T>
-bool agrees(const QJsonValue &json, const std::optional<T> &value)
+template<Optional T>
+bool agrees(const QJsonValue &json, const T &value)
 {
     return value ? agrees(json, *value) : json.isUndefined();
 }

@@ -164,7 +164,7 @@ private slots:
     {
         SessionJournal journal;
         Session session = sessionWith(showOf({6}));
-        const auto setImage = [&session](qsizetype index, const std::optional<SlideMedia> &media) {
+        const auto setImage = [&session](qsizetype index, const SharedOptional<SlideMedia> &media) {
             session.project->serviceItems[0].slides[index].design.background.image = media;
         };
         setImage(0, image('a'));

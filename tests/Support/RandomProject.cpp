@@ -145,10 +145,12 @@ private:
         value = E(below(rawCases<E>.size()));
     }
 
-    template<class T>
-    void fill(std::optional<T> &value)
+    template<Optional T>
+    void fill(T &value)
     {
-        value = below(2) == 0 ? std::nullopt : std::optional(make<T>());
+        value.reset();
+        if (below(2) != 0)
+            value.emplace(make<typename T::value_type>());
     }
 
     template<class T>

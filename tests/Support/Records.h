@@ -37,10 +37,10 @@ struct Values
         return E((std::size_t(value) + 1) % rawCases<E>.size());
     }
 
-    template<class T>
-    static std::optional<T> altered(const std::optional<T> &value)
+    template<Optional T>
+    static T altered(const T &value)
     {
-        return value ? altered(*value) : filled<T>();
+        return value ? altered(*value) : filled<typename T::value_type>();
     }
 
     template<class T>

@@ -37,7 +37,7 @@ Binding<QString> slideTemplate(SelectionBindings &selection)
                 slide && std::any_of(templates.begin(), templates.end(), [&](const auto &known) {
                     return known.id == slide->design.themeId;
                 });
-            return isKnown ? slide->design.themeId : std::nullopt;
+            return isKnown ? std::optional(*slide->design.themeId) : std::nullopt;
         },
         [&selection](const QString &id) { selection.store().applyTemplateToSelectedSlide(id); }};
 }

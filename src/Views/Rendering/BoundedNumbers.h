@@ -3,6 +3,7 @@
 #include "SlideDesignModels.h"
 
 #include <algorithm>
+#include <cmath>
 #include <type_traits>
 #include <utility>
 
@@ -12,15 +13,35 @@ namespace quenara {
 /// with which arithmetic ends; no slide shows the difference.
 inline constexpr double largestPaintedNumber = 1e9;
 
-/// \a value with all of its numbers between the largest painted one and its negative.
+/// Whether all numbers of \a value lie between the largest painted one and its negative.
+template<class T>
+[[nodiscard]] bool hasBoundedNumbers(const T &value)
+{
+    if constexpr (std::is_same_v<T, double>) {
+        return std::abs(value) <= largestPaintedNumber;
+    } else if constexpr (isOptional<T>) {
+        return !value || hasBoundedNumbers(*value);
+    } else if constexpr (Record<T>) {
+        bool isBounded = true;
+        forEachField<T>(
+            [&](const auto &f) { isBounded = isBounded && hasBoundedNumbers(value.*f.member); });
+        return isBounded;
+    } else {
+        return true;
+    }
+}
+
+/// \a value with the nearest of those numbers in the place of each that is none. What it shares
+/// with the original stays shared where it can.
 template<class T>
 [[nodiscard]] T withBoundedNumbers(T value)
 {
+    if (hasBoundedNumbers(value))
+        return value;
     if constexpr (std::is_same_v<T, double>) {
-        value = std::clamp(value, -largestPaintedNumber, largestPaintedNumber);
+        return std::clamp(value, -largestPaintedNumber, largestPaintedNumber);
     } else if constexpr (isOptional<T>) {
-        if (value)
-            *value = withBoundedNumbers(std::move(*value));
+        *value = withBoundedNumbers(*std::as_const(value));
     } else if constexpr (Record<T>) {
         forEachField<T>([&value](const auto &f) {
             value.*f.member = withBoundedNumbers(std::move(value.*f.member));

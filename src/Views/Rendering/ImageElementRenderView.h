@@ -14,7 +14,7 @@ struct RenderCaches;
 /// An image layer, or a placeholder if there is no image to show.
 struct ImageElementRenderView
 {
-    std::optional<SlideMedia> media;
+    SharedOptional<SlideMedia> media;
 
     void paint(QPainter &painter, const QRectF &box, RenderCaches &caches) const;
 };

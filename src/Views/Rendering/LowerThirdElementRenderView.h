@@ -15,7 +15,7 @@ struct RenderCaches;
 /// properties.
 struct LowerThirdElementRenderView
 {
-    std::optional<LowerThirdProperties> lowerThird;
+    SharedOptional<LowerThirdProperties> lowerThird;
     double scale; ///< points of the target for one canvas unit
 
     void paint(QPainter &painter, const QRectF &box, RenderCaches &caches) const;

@@ -13,7 +13,7 @@ namespace quenara {
 /// radius are points of the target at every scale.
 struct ShapeElementRenderView
 {
-    std::optional<ShapeProperties> shape;
+    SharedOptional<ShapeProperties> shape;
 
     void paint(QPainter &painter, const QRectF &box) const;
 
