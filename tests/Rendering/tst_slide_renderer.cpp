@@ -214,6 +214,38 @@ private slots:
         QCOMPARE(paintedLayers(design), painted);
     }
 
+    void ofTooManyShadowsTheTopmostArePainted_data()
+    {
+        QTest::addColumn<double>("width"); // of each layer, which is as high as the canvas
+        QTest::addColumn<qsizetype>("expected"); // shadows
+        QTest::newRow("a twentieth of the canvas") << 1920 / 20.0 << qsizetype(200);
+        QTest::newRow("half of it") << 1920 / 2.0 << qsizetype(2 * mostBlurredCanvases);
+        QTest::newRow("all of it") << 1920.0 << qsizetype(mostBlurredCanvases);
+        QTest::newRow("far more") << 1e300 << qsizetype(mostBlurredCanvases);
+    }
+
+    void ofTooManyShadowsTheTopmostArePainted()
+    {
+        QFETCH(double, width);
+        QFETCH(qsizetype, expected);
+        SlideDesign design;
+        for (int i = 0; i < 200; ++i) {
+            SlideElement layer;
+            layer.id = QString::number(i);
+            layer.zIndex = i;
+            layer.frame = {0, 0, width, 1080};
+            layer.text = TextElementProperties::lyric(QStringLiteral("Grace"));
+            layer.text->shadow->radius = 0;
+            design.elements.append(layer);
+        }
+        const QList<SlideElement> painted = paintedLayers(design);
+        QCOMPARE(painted.size(), 200);
+        for (qsizetype i = 0; i < 200; ++i)
+            QCOMPARE(painted.at(i).text->shadow.has_value(), i >= 200 - expected);
+        // What is left is everything else.
+        QCOMPARE(painted.constFirst().text->text, QStringLiteral("Grace"));
+    }
+
     void aHiddenLayerIsNeitherDrawnNorOutlinedEvenWhenSelected()
     {
         SlideElement hidden = rectangleLayer(QStringLiteral("hidden"), {0, 0, 1920, 1080}, red, 1);

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace quenara {
 
@@ -41,12 +42,43 @@ void paintContent(QPainter &painter, const SlideElementRenderView &content, cons
     }
 }
 
+/// How much of a slide, in square canvas units, the shadow and the outline of \a layer may cover.
+double blurredArea(const SlideElement &layer, double canvas)
+{
+    if (!isText(layer.kind) || !layer.text)
+        return 0;
+    const auto around = [&](double radius) {
+        const double sides = 2 * std::max(0.0, radius);
+        return std::min(canvas,
+                        (std::max(0.0, layer.frame.width) + sides)
+                            * (std::max(0.0, layer.frame.height) + sides));
+    };
+    const TextElementProperties &text = *layer.text;
+    return (text.shadow ? around(text.shadow->radius) : 0)
+        + (text.outline ? around(text.outline->width) : 0);
+}
+
+void removeGlow(SlideElement &layer)
+{
+    if (!std::as_const(layer).text || !isText(layer.kind))
+        return;
+    layer.text->shadow.reset();
+    layer.text->outline.reset();
+}
+
 } // namespace
 
 QList<SlideElement> paintedLayers(const SlideDesign &design)
 {
-    const QList<SlideElement> visible = design.visibleElementsInDrawingOrder();
-    return visible.last(std::min(visible.size(), mostPaintedLayers));
+    QList<SlideElement> layers = design.visibleElementsInDrawingOrder(mostPaintedLayers);
+    const double canvas = design.canvasSize.width * design.canvasSize.height;
+    double blurred = 0;
+    for (qsizetype i = layers.size(); i-- > 0;) {
+        blurred += blurredArea(layers.at(i), canvas);
+        if (blurred > mostBlurredCanvases * canvas)
+            removeGlow(layers[i]);
+    }
+    return layers;
 }
 
 QRectF SlideDesignRenderView::safeArea() const

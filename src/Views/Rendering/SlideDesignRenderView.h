@@ -44,7 +44,11 @@ struct SlideDesignRenderView
 /// The layers that are painted of one slide at most, far more than a design has.
 inline constexpr qsizetype mostPaintedLayers = 500;
 
-/// The visible layers of \a design in drawing order; of too many, the topmost ones.
+/// How many times its canvas the shadows and outlines of one slide's texts cover at most, likewise.
+inline constexpr double mostBlurredCanvases = 32;
+
+/// The visible layers of \a design in drawing order; of too many, the topmost ones. Likewise, the
+/// lowest ones have no shadow and no outline where there is too much of those.
 [[nodiscard]] QList<SlideElement> paintedLayers(const SlideDesign &design);
 
 } // namespace quenara
