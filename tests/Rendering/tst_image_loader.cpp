@@ -190,6 +190,27 @@ private slots:
         QCOMPARE(decoded.image.size(), huge / 2);
     }
 
+    void anImageOfMorePixelsThanAnybodyTakesIsNone()
+    {
+        QByteArray jpeg = encoded(QImage(512, 512, QImage::Format_Grayscale8), "JPG");
+        const QByteArray startOfFrame("\xff\xc0\0\x0b\x08", 5);
+        const qsizetype frame = jpeg.indexOf(startOfFrame) + startOfFrame.size();
+        QVERIFY(frame >= startOfFrame.size());
+        QVERIFY(!ZelvoImageLoader::image(mediaOf(jpeg), {64, 64}).image.isNull());
+        jpeg.replace(frame, 4, QByteArray("\xff\xdc\xff\xdc", 4)); // 65,500 by 65,500
+        QVERIFY(ZelvoImageLoader::image(mediaOf(jpeg), {64, 64}).image.isNull());
+    }
+
+    void anImageThatIsLargerThanItSaysIsReducedAllTheSame()
+    {
+        QByteArray image = gif();
+        image.replace(6, 4, QByteArray("\xd0\x07\xe8\x03", 4)); // shown on 2000 by 1000 pixels
+        const DecodedImage decoded = ZelvoImageLoader::image(mediaOf(image), {480, 240});
+        QCOMPARE(decoded.fullSize, QSize(2000, 1000));
+        QCOMPARE(decoded.reduction, 4);
+        QCOMPARE(decoded.image.size(), QSize(500, 250));
+    }
+
     void onlyStrictBase64AfterTheFirstCommaIsDecoded_data()
     {
         QTest::addColumn<QByteArray>("dataUrl");

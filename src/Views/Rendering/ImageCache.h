@@ -3,7 +3,9 @@
 #include "ZelvoImageLoader.h"
 
 #include <QDateTime>
+#include <QMultiHash>
 
+#include <cstddef>
 #include <list>
 
 namespace quenara {
@@ -17,6 +19,9 @@ public:
     static constexpr qsizetype usualByteLimit = qsizetype(256) * 1024 * 1024;
 
     explicit ImageCache(qsizetype byteLimit = usualByteLimit) : m_byteLimit(byteLimit) {}
+
+    ImageCache(const ImageCache &) = delete;
+    ImageCache &operator=(const ImageCache &) = delete;
 
     /// The image of \a media with at least \a needed pixels each way, if it has them. Null if there
     /// is none to be had.
@@ -36,11 +41,18 @@ private:
         qsizetype byteCount() const { return dataUrl.size() + decoded.image.sizeInBytes(); }
     };
 
-    QImage added(Entry entry);
+    /// By the hashes of what they were decoded from.
+    using Places = QMultiHash<std::size_t, std::list<Entry>::iterator>;
+
+    Places::iterator find(std::size_t hash, const SlideMedia &media, const QDateTime &modified,
+                          const QSize &needed);
+    QImage added(std::size_t hash, Entry entry);
+    void removeLast();
 
     qsizetype m_byteLimit;
     qsizetype m_byteCount = 0;
     std::list<Entry> m_entries; ///< the most recently used first
+    Places m_places;
 };
 
 } // namespace quenara

@@ -22,11 +22,32 @@ constexpr int largestMegabytes = 256;
 constexpr qint64 bytesPerPixel = 4;
 constexpr qint64 largestPixelCount = (qint64(largestMegabytes) << 20U) / bytesPerPixel;
 
+/// More than any camera or scanner gives. A few bytes may claim to hold more, which takes long to
+/// read even at a fraction of the size.
+constexpr qint64 mostStoredPixels = qint64(1) << 30U;
+
 /// \a image in the format that painters draw fastest.
 QImage paintable(const QImage &image)
 {
     return image.convertToFormat(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied
                                                          : QImage::Format_RGB32);
+}
+
+QSize reduced(const QSize &size, int reduction)
+{
+    return {(size.width() + reduction - 1) / reduction,
+            (size.height() + reduction - 1) / reduction};
+}
+
+/// Of an image whose reader did not know its size before.
+DecodedImage reducedAfterwards(const QImage &image, const QSize &needed)
+{
+    const int reduction = ZelvoImageLoader::reduction(image.size(), needed);
+    const QImage result = reduction > 1
+        ? image.scaled(reduced(image.size(), reduction), Qt::IgnoreAspectRatio,
+                       Qt::SmoothTransformation)
+        : image;
+    return {paintable(result), image.size(), reduction};
 }
 
 DecodedImage decoded(const QByteArray &bytes, const QSize &needed)
@@ -39,13 +60,15 @@ DecodedImage decoded(const QByteArray &bytes, const QSize &needed)
     const auto turned = [isTurned](const QSize &size) {
         return isTurned ? size.transposed() : size;
     };
+    if (qint64(stored.width()) * stored.height() > mostStoredPixels)
+        return {};
     const int reduction = ZelvoImageLoader::reduction(turned(stored), needed);
-    if (reduction > 1) {
-        reader.setScaledSize({(stored.width() + reduction - 1) / reduction,
-                              (stored.height() + reduction - 1) / reduction});
-    }
-    const QImage image = paintable(reader.read());
-    return {image, stored.isValid() ? turned(stored) : image.size(), reduction};
+    if (reduction > 1)
+        reader.setScaledSize(reduced(stored, reduction));
+    const QImage image = reader.read();
+    const bool isAsSaid = reduction > 1 || image.isNull() || image.size() == turned(stored);
+    return isAsSaid ? DecodedImage{paintable(image), turned(stored), reduction}
+                    : reducedAfterwards(image, needed);
 }
 
 /// The bytes that a data URL holds. Nothing if it has no comma or anything but padded base64 after
