@@ -31,6 +31,12 @@ bool DocumentGuard::mayQuit()
     return m_letGo == m_store.state() || mayLeave(m_windows.isDisplayWindowOpen());
 }
 
+bool DocumentGuard::asksBeforeQuitting() const
+{
+    return m_letGo != m_store.state()
+        && (m_store.hasUnsavedChanges() || m_windows.isDisplayWindowOpen());
+}
+
 void DocumentGuard::letGo()
 {
     m_letGo = m_store.state();

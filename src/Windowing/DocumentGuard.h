@@ -47,6 +47,9 @@ public:
     [[nodiscard]] bool mayReplaceDocument();
     [[nodiscard]] bool mayQuit();
 
+    /// Whether mayQuit() would ask now.
+    [[nodiscard]] bool asksBeforeQuitting() const;
+
     /// Nothing is asked before quitting as long as everything stays as it is now.
     void letGo();
 

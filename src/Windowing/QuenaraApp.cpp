@@ -7,7 +7,6 @@
 
 #include <QApplication>
 #include <QFileInfo>
-#include <QSessionManager>
 
 namespace quenara {
 
@@ -48,7 +47,8 @@ QuenaraApp::QuenaraApp(const QPalette &platformPalette)
       m_operatorWindow(m_store, m_windows, m_guard, m_commands, m_menus, m_caches),
       m_windowMemory(m_operatorWindow, WindowMemory::standardFile()),
       m_settingsWindow(m_appearance, m_menus, &m_operatorWindow),
-      m_deferredPreferences(m_preferences, m_operatorWindow)
+      m_deferredPreferences(m_preferences, m_operatorWindow),
+      m_sessionEnd(m_store, m_operatorWindow, m_guard, m_recorder)
 {
     qApp->installEventFilter(&m_shortcutGuard);
     qApp->installEventFilter(&m_activationGuard);
@@ -68,15 +68,6 @@ QuenaraApp::QuenaraApp(const QPalette &platformPalette)
     const auto recordWindows = [this] { m_recorder.setWindows(m_windows.sessionWindows()); };
     QObject::connect(&m_outputs, &OutputWindows::changed, &m_recorder, recordWindows);
     QObject::connect(&m_windows, &WindowCoordinator::windowMade, &m_recorder, recordWindows);
-    // Direct: the session manager waits for the answer of this call.
-    QObject::connect(
-        qApp, &QGuiApplication::commitDataRequest, &m_recorder,
-        [this](QSessionManager &manager) {
-            if (!mayEndSession(manager.allowsInteraction()))
-                manager.cancel();
-            manager.release();
-        },
-        Qt::DirectConnection);
     m_windows.updateAppearance(m_appearance.appearance());
     m_operatorWindow.show();
 }
@@ -144,22 +135,6 @@ void QuenaraApp::endWithoutAsking()
     endTyping();
     m_recorder.setLeavesUnsavedWork(true);
     QCoreApplication::exit();
-}
-
-bool QuenaraApp::mayEndSession(bool mayAsk)
-{
-    if (mayAsk && !m_guard.mayQuit())
-        return false;
-    if (!mayAsk) {
-        endTyping();
-        m_recorder.setLeavesUnsavedWork(true);
-        // The session may go on after all, and then be left in order.
-        QObject::connect(
-            &m_store, &WorkspaceStore::changed, &m_recorder,
-            [this] { m_recorder.setLeavesUnsavedWork(false); }, Qt::SingleShotConnection);
-    }
-    m_guard.letGo();
-    return true;
 }
 
 void QuenaraApp::openDocument(const QString &path)

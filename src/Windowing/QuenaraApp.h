@@ -13,6 +13,7 @@
 #include "OutputWindowController.h"
 #include "Recovery.h"
 #include "RenderCaches.h"
+#include "SessionEnd.h"
 #include "SessionRecorder.h"
 #include "SettingsWindow.h"
 #include "ShortcutGuard.h"
@@ -48,9 +49,6 @@ public:
 
     /// Ends the program although nobody can be asked: unsaved work is left to the next start.
     void endWithoutAsking();
-    /// Whether the session that the program runs in may end. Asks what quitting asks, if it \a
-    /// mayAsk; else unsaved work is left to the next start.
-    [[nodiscard]] bool mayEndSession(bool mayAsk);
 
     AppearancePreference &appearance() { return m_appearance; }
 
@@ -81,6 +79,7 @@ private:
     WindowMemory m_windowMemory;
     SettingsWindow m_settingsWindow;
     DeferredPreferences m_deferredPreferences;
+    SessionEnd m_sessionEnd;
     std::unique_ptr<Recovery> m_recovery;
 };
 
