@@ -20,7 +20,8 @@ inline QByteArray bytesOf(const QString &path)
 
 inline QStringList entriesOf(const QString &path)
 {
-    return QDir(path).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    return QDir(path).entryList(QDir::AllEntries | QDir::System | QDir::Hidden
+                                | QDir::NoDotAndDotDot);
 }
 
 /// Everything that a failure must leave alone, the preferences' bytes included.

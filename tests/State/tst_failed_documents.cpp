@@ -31,6 +31,20 @@ QString changeSince(Everything before, World &world, ProjectFileError::Case erro
     return after == before ? justTheMessage : u"the history or the preferences have changed"_s;
 }
 
+/// "pipe.quenara", "socket.quenara", "circle.quenara" and a link to the first.
+void makeSpecialFiles(const QDir &folder, const Caller &caller = Caller::current())
+{
+    const auto make = [&](const char *name, mode_t kind) {
+        const QByteArray path = QFile::encodeName(folder.filePath(QLatin1String(name)));
+        return ::mknod(path.constData(), kind | S_IRUSR | S_IWUSR, 0) == 0;
+    };
+    const QString circle = folder.filePath(u"circle.quenara"_s);
+    if (!make("pipe.quenara", S_IFIFO) || !make("socket.quenara", S_IFSOCK)
+        || !QFile::link(circle, circle)
+        || !QFile::link(folder.filePath(u"pipe.quenara"_s), folder.filePath(u"to-pipe.quenara"_s)))
+        fail(u"no special files can be made"_s, caller);
+}
+
 } // namespace
 
 class TestFailedDocuments : public QObject
@@ -81,6 +95,11 @@ private slots:
         QTest::newRow("a file taken for a folder") << u"saved/show.quenara/show.quenara"_s;
         QTest::newRow("a name beyond all lengths") << QString(5000, u'x');
         QTest::newRow("a pipe that nobody writes to") << u"pipe.quenara"_s;
+        QTest::newRow("a link to that pipe") << u"to-pipe.quenara"_s;
+        QTest::newRow("a socket") << u"socket.quenara"_s;
+        QTest::newRow("a link that leads in a circle") << u"circle.quenara"_s;
+        QTest::newRow("the memory of a process") << u"/proc/self/mem"_s;
+        QTest::newRow("the kernel's log") << u"/proc/kmsg"_s;
         QTest::newRow("a hundred gigabytes") << u"large.quenara"_s;
         QTest::newRow("a device without an end") << u"/dev/zero"_s;
         QTest::newRow("a device without a byte") << u"/dev/null"_s;
@@ -92,8 +111,7 @@ private slots:
         BusyWorld world;
         const QDir folder(world.folder.path());
         QVERIFY(QFile::link(u"nowhere"_s, folder.filePath(u"link.quenara"_s)));
-        const QByteArray pipe = QFile::encodeName(folder.filePath(u"pipe.quenara"_s));
-        QCOMPARE(mkfifo(pipe.constData(), S_IRUSR | S_IWUSR), 0);
+        makeSpecialFiles(folder);
         QFile large(folder.filePath(u"large.quenara"_s));
         QVERIFY(large.open(QIODevice::WriteOnly) && large.resize(100'000'000'000));
         const Everything before = everythingOf(world);
@@ -123,6 +141,11 @@ private slots:
         row("a folder in the file's place", u"taken.quenara"_s);
         row("a missing folder", u"missing/show.quenara"_s);
         row("a file taken for a folder", u"file/show.quenara"_s);
+        row("a pipe", u"pipe.quenara"_s);
+        row("a link to that pipe", u"to-pipe.quenara"_s);
+        row("a socket", u"socket.quenara"_s);
+        row("a link that leads in a circle", u"circle.quenara"_s);
+        row("a link to a device", u"device.quenara"_s);
         row("a name beyond all lengths", QString(5000, u'x'));
         row("a place where nobody may write", u"/proc/show.quenara"_s);
     }
@@ -135,6 +158,8 @@ private slots:
         const QDir folder(world.folder.path());
         const QUrl url = QUrl::fromLocalFile(folder.absoluteFilePath(path));
         QFile file(folder.filePath(u"file"_s));
+        makeSpecialFiles(folder);
+        QVERIFY(QFile::link(u"/dev/full"_s, folder.filePath(u"device.quenara"_s)));
         QVERIFY(folder.mkpath(u"taken.quenara"_s) && file.open(QIODevice::WriteOnly));
         world.panels.answer = url;
         if (operation == &WorkspaceStore::saveProject)
@@ -147,6 +172,7 @@ private slots:
         QCOMPARE(changeSince(before, world, ProjectFileError::unableToWrite), justTheMessage);
         QCOMPARE(bytesOf(world.saved.toLocalFile()), savedBytes);
         QCOMPARE(entriesOf(world.folder.path()), entries);
+        QVERIFY(!QFileInfo(u"/dev/full"_s).isFile());
     }
 
     void aSaveToAFolderThatIsGoneChangesNothingButTheMessage()
