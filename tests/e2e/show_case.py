@@ -56,9 +56,9 @@ class ShowCase(unittest.TestCase):
             raise unittest.SkipTest(str(reason)) from reason
         cls.addClassCleanup(cls.server.close)
 
-    def start(self, *arguments, **options):
+    def start(self, *arguments, executable=EXECUTABLE, **options):
         """The program, running until the end of the test."""
-        self.program = self.enterContext(Program(self.server, EXECUTABLE, *arguments, **options))
+        self.program = self.enterContext(Program(self.server, executable, *arguments, **options))
         self.program.wait_for_window(OPERATOR)
         return self.program
 

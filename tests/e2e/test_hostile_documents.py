@@ -35,7 +35,7 @@ class HostileDocuments(TwoScreenCase):
                 findings.append(f"document {number}: {what}")
         print(f"documents: {COUNT} from {FIRST} on, {self.opened} opened, {self.refused} refused, "
               f"{self.steps} steps, {len(findings)} findings", flush=True)
-        self.assertEqual(findings, [])
+        self.assertEqual("\n".join(findings), "")
 
     def step_through(self, document):
         file = self.folder / "Hostile.quenara"

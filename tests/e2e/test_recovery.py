@@ -7,8 +7,9 @@ from pathlib import Path
 
 from documents import Documents, name_in
 from processes import wait_until
-from program import DISPLAY, OPERATOR, STAGE
-from show_case import ReadCase, run
+from program import DISPLAY, OPERATOR, STAGE, Program
+from show_case import EXECUTABLE, ReadCase, run
+from xserver import XServer
 
 EMPTY_TITLE = "Untitled Quenara — Quenara"
 SHEET = "Quenara"
@@ -70,6 +71,35 @@ class Recovery(Documents, ReadCase):
         again.answer_question("Tab", "space")
         self.assertEqual(again.wait_for_end(), 0, again.output())
         self.assertEqual(self.journals(), [])
+
+    def test_the_work_goes_on_after_a_crash(self):
+        for number in (signal.SIGSEGV, signal.SIGABRT, signal.SIGBUS):
+            with self.subTest(number=number):
+                self.change_name(f"Changed {number}")
+                self.assertEqual(self.program.kill(number), -number, self.program.output())
+                again = self.start()
+                self.answer("Continue")
+                again.wait_for_window(f"Changed {number} — Quenara")
+
+    def test_the_work_goes_on_after_the_screens_are_gone(self):
+        """The X server ends before its programs, as it does when it crashes."""
+        self.assertEqual(self.program.kill(signal.SIGTERM), 0)
+        with XServer(two_screens_required=True) as server:
+            with Program(server, EXECUTABLE, self.file,
+                         environment={"XDG_STATE_HOME": self.state}) as program:
+                program.wait_for_window("Evening Show — Quenara")
+                program.focus(OPERATOR)
+                program.click_project_name()
+                program.press("ctrl+a")
+                program.type("Changed")
+                program.press("Return")
+                program.wait_for_window("Changed — Quenara")
+                server.close()
+                self.assertNotEqual(program.wait_for_end(), 0)
+        self.assertEqual(len(self.journals()), 1)
+        again = self.start()
+        self.answer("Continue")
+        again.wait_for_window("Changed — Quenara")
 
     def test_a_saved_show_goes_on_too(self):
         self.program.open_display()
