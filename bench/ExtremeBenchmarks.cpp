@@ -81,6 +81,12 @@ QByteArray emptySlides(qsizetype count)
         + slides + "]}]}";
 }
 
+/// In the flat layout of older documents.
+QByteArray emptyLegacySlides(qsizetype count)
+{
+    return R"({"title":"A","slides":[)" + QByteArray("{},").repeated(count).chopped(1) + "]}";
+}
+
 QByteArray withName(const QString &name)
 {
     ZelvoProject project = startingProject();
@@ -116,6 +122,7 @@ QList<Extreme> extremes()
     const QString text = words(large);
     return {
         {"300,000 empty slides", emptySlides(300'000), true},
+        {"300,000 empty slides of the older layout", emptyLegacySlides(300'000), true},
         {"10,000 layers", withLayers(10'000, shapeLayer), true},
         {"700 lyrics with shadows",
          withLayers(700, [](int i) { return textLayer(QStringLiteral("Grace"), i); }), true},

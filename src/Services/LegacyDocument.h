@@ -2,6 +2,8 @@
 
 #include "ProjectModels.h"
 
+#include <QTypeInfo>
+
 #include <optional>
 
 namespace quenara {
@@ -9,15 +11,15 @@ namespace quenara {
 /// A slide of the older flat layout.
 struct LegacySlide
 {
-    std::optional<QString> id;
-    std::optional<QString> title;
-    std::optional<QString> body;
-    std::optional<QString> text;
+    SharedOptional<QString> id;
+    SharedOptional<QString> title;
+    SharedOptional<QString> body;
+    SharedOptional<QString> text;
     std::optional<std::int64_t> orderIndex;
-    std::optional<QString> footer;
+    SharedOptional<QString> footer;
     SharedOptional<SlideMedia> image;
     SharedOptional<SlideMedia> audio;
-    std::optional<QString> emoji;
+    SharedOptional<QString> emoji;
 
     bool operator==(const LegacySlide &) const = default;
     static constexpr auto fields()
@@ -36,6 +38,12 @@ struct LegacySlide
     }
 };
 static_assert(listsEveryMember<LegacySlide>);
+
+} // namespace quenara
+
+Q_DECLARE_TYPEINFO(quenara::LegacySlide, Q_RELOCATABLE_TYPE);
+
+namespace quenara {
 
 /// The older top-level object. It is read, never written.
 struct LegacyQuenaraDocument

@@ -2,6 +2,7 @@
 
 #include "Identifier.h"
 #include "ProjectTemplates.h"
+#include "SharedParts.h"
 
 #include <QStringList>
 
@@ -52,8 +53,12 @@ std::optional<QString> bodyEntry(const SlideElement &element)
 ServiceItem importedItem(const LegacyQuenaraDocument &document)
 {
     QList<Slide> slides;
-    for (const LegacySlide &legacy : document.slides.value_or(QList<LegacySlide>()))
-        slides.append(ProjectNormalizer::slide(legacy, slides.size()));
+    for (const LegacySlide &legacy : document.slides.value_or(QList<LegacySlide>())) {
+        Slide slide = ProjectNormalizer::slide(legacy, slides.size());
+        if (!slides.isEmpty())
+            sharePartsWith(slide, slides.constLast());
+        slides.append(std::move(slide));
+    }
     if (slides.isEmpty()) {
         slides.append(ProjectTemplates::slide(QStringLiteral("Imported Slide"), QString(), 0,
                                               rawValue(SlideTemplateID::centerLyric)));

@@ -389,6 +389,25 @@ private slots:
         QCOMPARE(indexes, (QList<std::int64_t>{0, 1, 2}));
     }
 
+    void flatSlidesShareWhatTheyHaveAlike()
+    {
+        LegacyQuenaraDocument document;
+        document.slides = QList<LegacySlide>(3);
+        (*document.slides)[2].text = u"Another"_s;
+        const ZelvoProject project = ProjectNormalizer::project(document, someTime());
+        const QList<Slide> &slides = project.serviceItems.first().slides;
+        const SlideDesign &first = slides.at(0).design;
+        const SlideDesign &second = slides.at(1).design;
+        const SlideDesign &third = slides.at(2).design;
+        QVERIFY(second.background.gradient.isSharedWith(first.background.gradient));
+        QVERIFY(second.elements.first().text.isSharedWith(first.elements.first().text));
+        QVERIFY(isSharedWith(second.elements.first().name, first.elements.first().name));
+        QVERIFY(second.elements.first().id != first.elements.first().id);
+        QCOMPARE(first.elements.first().text->text, QString());
+        QCOMPARE(third.elements.first().text->text, u"Another"_s);
+        QVERIFY(third.background.gradient.isSharedWith(first.background.gradient));
+    }
+
     void renumberingWhatIsInOrderCopiesNothing()
     {
         const ZelvoProject project = showOf({3, 2});
