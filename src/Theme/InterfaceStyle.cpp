@@ -40,6 +40,9 @@ QString roleColor(const ZelvoTheme &theme, const QString &name)
 void setUpInterface()
 {
     constexpr double textSize = 13; // points
+    // The interface is written in English and drawn from left to right, whatever the desktop's
+    // language.
+    QApplication::setLayoutDirection(Qt::LeftToRight);
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     loadBundledFonts();
     QApplication::setFont(systemFont(textSize, QFont::Normal));

@@ -132,6 +132,13 @@ private slots:
         }
     }
 
+    void theInterfaceRunsFromLeftToRightWhateverTheDesktopsLanguage()
+    {
+        QApplication::setLayoutDirection(Qt::RightToLeft);
+        setUpInterface();
+        QCOMPARE(QApplication::layoutDirection(), Qt::LeftToRight);
+    }
+
     void everySymbolOfTheListIsDrawn()
     {
         const QStringList files = QDir(QStringLiteral(":/icons")).entryList();
