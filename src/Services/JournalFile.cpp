@@ -125,8 +125,8 @@ std::shared_ptr<QFile> locked(const QString &path)
 /// The session in the journal at \a path, which a running program has; nothing if none has it.
 std::optional<Session> sessionOfRunningProgram(const QString &path)
 {
-    // A program that begins its journal anew has neither the old file any more nor, to whoever has
-    // just opened that, the new one yet.
+    // After the file is opened, and before its lock is looked at, the program may begin its journal
+    // anew in another file of this name.
     constexpr int tries = 3;
     for (int i = 0; i < tries; ++i) {
         QFile file(path);

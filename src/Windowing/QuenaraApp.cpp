@@ -98,8 +98,8 @@ void QuenaraApp::begin(const QString &path)
         return showStartPanel();
     if (!isOpenElsewhere(urlOf(path)))
         return openDocument(path);
-    // In the event loop, too, since a signal would not end the program from within a question that
-    // is asked before.
+    // The question waits for the window, which it stands on, and for the event loop: asked before
+    // that runs, it would outlast a signal that ends the program.
     m_operatorWindow.whenPainted([this, path] {
         openDocument(path);
         const bool isRefused = !m_store.currentFileURL() && !m_store.errorMessage();

@@ -41,7 +41,7 @@ QWidget *shownWindow(const QString &name)
     return nullptr;
 }
 
-/// Of a menu within the menu, its first item.
+/// Chooses the menu item of that title or, if that is a menu itself, its first item.
 void choose(const QString &title, const Caller &caller = Caller::current())
 {
     const auto *operatorWindow = qobject_cast<QMainWindow *>(shownWindow(u"operatorWindow"_s));

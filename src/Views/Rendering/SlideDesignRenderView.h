@@ -44,7 +44,8 @@ struct SlideDesignRenderView
 /// The layers that are painted of one slide at most, far more than a design has.
 inline constexpr qsizetype mostPaintedLayers = 500;
 
-/// How many times its canvas the shadows and outlines of one slide's texts cover at most, likewise.
+/// How many times the canvas the shadows and outlines of one slide may cover together, again far
+/// more than in any design.
 inline constexpr double mostBlurredCanvases = 32;
 
 /// The visible layers of \a design in drawing order; of too many, the topmost ones. Likewise, the
