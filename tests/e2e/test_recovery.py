@@ -7,7 +7,7 @@ from pathlib import Path
 
 from documents import Documents, name_in
 from processes import wait_until
-from program import DISPLAY, OPERATOR, STAGE, Program
+from program import DISPLAY, OPERATOR, SANITIZER_OPTIONS, STAGE, Program
 from show_case import EXECUTABLE, ReadCase, run
 from xserver import XServer
 
@@ -16,12 +16,16 @@ SHEET = "Quenara"
 
 
 class Recovery(Documents, ReadCase):
+    sanitizer = SANITIZER_OPTIONS
+
     def setUp(self):
         self.state = self.enterContext(tempfile.TemporaryDirectory(prefix="quenara-state-"))
         super().setUp()
 
     def start(self, *arguments, **options):
-        return super().start(*arguments, environment={"XDG_STATE_HOME": self.state}, **options)
+        return super().start(*arguments, **options,
+                             environment={"XDG_STATE_HOME": self.state,
+                                          "ASAN_OPTIONS": self.sanitizer})
 
     def journals(self):
         folder = Path(self.state, "Quenara/recovery")
@@ -73,6 +77,11 @@ class Recovery(Documents, ReadCase):
         self.assertEqual(self.journals(), [])
 
     def test_the_work_goes_on_after_a_crash(self):
+        # A sanitizer would handle what ends others.
+        self.sanitizer = f"{SANITIZER_OPTIONS}:handle_segv=0:handle_sigbus=0"
+        self.assertEqual(self.program.kill(signal.SIGTERM), 0)
+        self.start(self.file)
+        self.program.wait_for_window("Evening Show — Quenara")
         for number in (signal.SIGSEGV, signal.SIGABRT, signal.SIGBUS):
             with self.subTest(number=number):
                 self.change_name(f"Changed {number}")
