@@ -299,6 +299,31 @@ private slots:
                  imageWithout(*ring, program.operatorWindow, area));
     }
 
+    void theRingOfALayerThatReachesBeyondTheCanvasStaysOnIt_data()
+    {
+        QTest::addColumn<CanvasFrame>("frame");
+        QTest::newRow("to the left") << CanvasFrame{-1500, 100, 1800, 200};
+        QTest::newRow("on all sides") << CanvasFrame{-2000, -2000, 6000, 6000};
+        QTest::newRow("wholly") << CanvasFrame{-9000, 100, 300, 200};
+        QTest::newRow("by more than any screen") << CanvasFrame{-1e15, 100, 2e15, 200};
+    }
+
+    void theRingOfALayerThatReachesBeyondTheCanvasStaysOnIt()
+    {
+        QFETCH(CanvasFrame, frame);
+        ProgramWindows program;
+        program.store.addTextLayer(SlideElementKind::text);
+        program.store.updateSelectedElement([&frame](SlideElement &layer) { layer.frame = frame; });
+        auto *canvas = program.operatorWindow.findChild<SlideCanvas *>();
+        canvas->setFocus(Qt::TabFocusReason);
+        QTest::keyClick(program.operatorWindow.windowHandle(), Qt::Key_Tab);
+        QCoreApplication::processEvents();
+        QVERIFY(isRingShown(program));
+        const auto *ring = program.operatorWindow.findChild<QFocusFrame *>();
+        const QRect area(canvas->mapTo(&program.operatorWindow, QPoint()), canvas->size());
+        QVERIFY(area.adjusted(-3, -3, 3, 3).contains(ring->geometry()));
+    }
+
     void aFieldThatIsClickedHasARing()
     {
         ProgramWindows program;

@@ -5,6 +5,7 @@
 #include "CanvasBackdrop.h"
 #include "CanvasKeys.h"
 #include "CanvasTextLayerEditor.h"
+#include "DevicePixels.h"
 #include "FocusRing.h"
 #include "LiveSlideMark.h"
 #include "SelectionMarks.h"
@@ -384,7 +385,9 @@ QRectF SlideCanvas::focusedBox(const SlideElement &layer) const
 void SlideCanvas::showFocus()
 {
     const SlideElement *layer = m_focusedElementID ? keyLayer() : nullptr;
-    setFocusArea(*this, (layer ? focusedBox(*layer) : slideRect()).toAlignedRect());
+    constexpr int inset = focusRingDistance;
+    const QRect room = rect().adjusted(inset, inset, -inset, -inset);
+    setFocusArea(*this, reachableRect(layer ? focusedBox(*layer) : slideRect()) & room);
     const SlideElement *told = keyLayer();
     const QString words = !told
         ? QString()
