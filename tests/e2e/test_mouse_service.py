@@ -14,6 +14,8 @@ from show_case import ReadCase, image_of, run
 BUTTON, SWITCH, FIELD, PICKER, ROW, CANVAS, SLIDER = (
     "push button", "check box", "text", "combo box", "list item", "canvas", "slider")
 IMAGE_PANEL = "Choose Image"
+# Qt takes what is clicked so soon after a list has opened for the click that has opened it.
+DOUBLE_CLICK = 0.5
 # More than any menu is high or wide, in steps of the pointer.
 MOST_STEPS = 60
 LYRICS = ("[Verse 1]", "Morning light", "[Chorus]", "Sing again")
@@ -186,6 +188,7 @@ class MouseService(ReadCase):
     def choose(self, picker, choice):
         self.click(picker, PICKER)
         wait_until(lambda: self.thing(picker, PICKER).has("EXPANDED"), f"the list of {picker}")
+        time.sleep(DOUBLE_CLICK)
         self.click_middle(next(item for item in self.thing(picker, PICKER).children[0].children
                                if item.name == choice))
         wait_until(lambda: self.thing(picker, PICKER).name == choice
