@@ -123,21 +123,24 @@ class Program:
 
     def windows(self):
         """The shown windows that have a title, by X window id, managed or not."""
-        search = None
-        # A window that closes meanwhile ends a search before it has found the rest.
-        while search is None or b"BadWindow" in search.stderr:
-            search = self.server.ask("xdotool", "search", "--onlyvisible", "--name", ".")
         # A window that was found may close before it is asked for its title.
         titles = {window: self.server.ask("xdotool", "getwindowname", window).stdout
-                  for window in search.stdout.decode().split()}
+                  for window in self._found(".")}
         return {window: title.decode().strip() for window, title in titles.items() if title}
 
     def window(self, title):
         """The id of the shown window whose whole title matches, None when there is none."""
-        for window, shown in self.windows().items():
-            if re.fullmatch(title, shown):
-                return window
-        return None
+        return next(iter(self._found(f"^({title})$")), None)
+
+    def _found(self, title):
+        """The ids of the shown windows with a matching part of their titles. They are the root's
+        children, or those of frames."""
+        command = ["search", "--onlyvisible", "--maxdepth", "2", "--name", title]
+        search = None
+        # A window that closes meanwhile ends a search before it has found the rest.
+        while search is None or b"BadWindow" in search.stderr:
+            search = self.server.ask("xdotool", *command)
+        return search.stdout.decode().split()
 
     def is_managed(self, title):
         """Whether the window manager knows the shown window."""

@@ -3,6 +3,8 @@
 // before; HASH is the SHA-1 of its RGB bytes. Keys are pressed for those who write "press KEYSYM",
 // KEYSYM being a hexadecimal number, to it; it prints "press TIME" then. Times are nanoseconds of
 // one clock. Ends with its input.
+//
+// screen_watch --once X Y WIDTH HEIGHT: writes the RGB bytes of what is shown there now.
 
 #include <QByteArray>
 #include <QCryptographicHash>
@@ -42,6 +44,19 @@ std::int64_t now()
 {
     std::fprintf(stderr, "screen_watch: %s\n", message);
     std::exit(1);
+}
+
+/// Three bytes for each, red first.
+QByteArray rgbOf(std::span<const std::uint32_t> pixels)
+{
+    QByteArray colors(qsizetype(3 * pixels.size()), Qt::Uninitialized);
+    char *color = colors.data();
+    for (const std::uint32_t pixel : pixels) {
+        *color++ = char(pixel >> 16U);
+        *color++ = char(pixel >> 8U);
+        *color++ = char(pixel);
+    }
+    return colors;
 }
 
 void say(const std::string &line)
@@ -91,19 +106,10 @@ private:
             lock.unlock();
             if (pixels.empty())
                 return;
-            say("frame " + std::to_string(time) + ' ' + hashOf(pixels));
+            const QByteArray hash =
+                QCryptographicHash::hash(rgbOf(pixels), QCryptographicHash::Sha1).toHex();
+            say("frame " + std::to_string(time) + ' ' + hash.toStdString());
         }
-    }
-
-    static std::string hashOf(const Pixels &pixels)
-    {
-        QByteArray colors(qsizetype(3 * pixels.size()), Qt::Uninitialized);
-        char *color = colors.data();
-        for (const std::uint32_t pixel : pixels) {
-            for (const unsigned shift : {16U, 8U, 0U})
-                *color++ = char(pixel >> shift & 0xffU);
-        }
-        return QCryptographicHash::hash(colors, QCryptographicHash::Sha1).toHex().toStdString();
     }
 
     std::mutex m_mutex;
@@ -200,16 +206,9 @@ bool obey(Screen &screen)
     return true;
 }
 
-} // namespace
-
-int main(int argc, char *argv[])
+/// Tells of every frame until the input ends.
+void watch(Screen &screen)
 {
-    if (argc != 5)
-        fail("usage: screen_watch X Y WIDTH HEIGHT");
-    std::vector<int> area;
-    for (int i = 1; i < argc; ++i)
-        area.push_back(std::atoi(argv[i]));
-    Screen screen(area);
     Frames frames;
     Pixels before;
     while (obey(screen)) {
@@ -223,5 +222,30 @@ int main(int argc, char *argv[])
             frames.add(now(), before);
         }
     }
+}
+
+void writeOnce(Screen &screen)
+{
+    if (!screen.look())
+        fail("the area is no part of the root window");
+    const QByteArray colors = rgbOf(screen.pixels());
+    if (std::fwrite(colors.constData(), 1, std::size_t(colors.size()), stdout)
+        != std::size_t(colors.size()))
+        fail("the image cannot be written");
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    const std::span words(argv + 1, std::size_t(argc - 1));
+    const bool isOnce = !words.empty() && std::strcmp(words[0], "--once") == 0;
+    std::vector<int> area;
+    for (const char *word : words.subspan(isOnce ? 1 : 0))
+        area.push_back(std::atoi(word));
+    if (area.size() != 4)
+        fail("usage: screen_watch [--once] X Y WIDTH HEIGHT");
+    Screen screen(area);
+    isOnce ? writeOnce(screen) : watch(screen);
     return 0;
 }

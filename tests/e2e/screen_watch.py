@@ -1,12 +1,12 @@
 """Watching a screen without a pause, and pressing keys meanwhile."""
 
-import os
 import subprocess
 import threading
 import time
 from dataclasses import dataclass
 
-SCREEN_WATCH = os.environ.get("QUENARA_SCREEN_WATCH", "")
+from xserver import SCREEN_WATCH
+
 SYMBOLS = {"Left": 0xff51, "Up": 0xff52, "Right": 0xff53, "Down": 0xff54, "space": 0x20}
 
 

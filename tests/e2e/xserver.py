@@ -8,6 +8,7 @@ from pathlib import Path
 
 from processes import Process, wait_until
 
+SCREEN_WATCH = os.environ.get("QUENARA_SCREEN_WATCH", "")
 SCREEN_WIDTH = 1920
 SCREEN_HEIGHT = 1080
 FIRST_SCREEN = (SCREEN_WIDTH, SCREEN_HEIGHT, 0, 0)
@@ -128,8 +129,8 @@ class XServer:
 
     def screenshot(self, area):
         """The colours shown in a (width, height, x, y) of the root window, as RGB bytes."""
-        return self.run("import", "-window", "root", "-crop", "%dx%d+%d+%d" % area, "+repage",
-                        "-depth", "8", "rgb:-")
+        width, height, x, y = area
+        return self.run(SCREEN_WATCH, "--once", *map(str, (x, y, width, height)))
 
     def save_screenshot(self, area, path):
         self.run("import", "-window", "root", "-crop", "%dx%d+%d+%d" % area, "+repage", str(path))
