@@ -1,7 +1,5 @@
 """Every control by its name, role and state, as a screen reader tells of them."""
 
-import time
-
 from documents import Documents
 from processes import wait_until
 from program import ABOUT, ALERT, DISPLAY, OPERATOR, SETTINGS, STAGE, START_PANEL
@@ -10,9 +8,6 @@ from show_case import ReadCase, run
 BUTTON, SWITCH, CHOICE, TEXT, PICKER, SLIDER, ROW, SPIN_BOX = (
     "push button", "check box", "radio button", "text", "combo box", "slider", "list item",
     "spin button")
-
-# The server's delay before it repeats a key that is held, and a number of repeats.
-HELD = 1.2
 
 PROJECT_BAR = {(TEXT, "Project Name"), (BUTTON, "New"), (BUTTON, "Open"), (BUTTON, "Save")}
 RUNDOWN = {(BUTTON, name) for name in (
@@ -277,14 +272,6 @@ class Accessibility(Documents, ReadCase):
                 self.program.press(key)
                 wait_until(lambda told=told: changes() == ["Opacity"] * told, "a change to be told")
                 self.assertEqual(opacity.value, value)
-
-    def test_a_button_is_pressed_once_by_a_key_that_is_held(self):
-        self.program.focus(OPERATOR)
-        self.thing("Next", BUTTON).take_keyboard()
-        with self.program.held("ctrl"), self.program.held("space"):
-            time.sleep(HELD)
-        self.program.wait_until_at_rest()
-        self.wait_for_row("Slide", "Slide 2 of Welcome, live, queued, selected")
 
     def test_a_menu_opened_behind_a_dialog_leaves_that_the_keyboard(self):
         self.program.open_display()
