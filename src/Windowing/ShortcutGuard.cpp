@@ -2,6 +2,7 @@
 
 #include "Typing.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMenuBar>
@@ -34,7 +35,8 @@ bool ShortcutGuard::eventFilter(QObject *watched, QEvent *event)
     case QEvent::ShortcutOverride:
         return !m_isGivingToPopup && claims(*watched, static_cast<QKeyEvent &>(*event));
     case QEvent::KeyPress:
-        return wasForClosedPopup(static_cast<const QKeyEvent &>(*event));
+        return wasForClosedPopup(static_cast<const QKeyEvent &>(*event))
+            || pressesButtonAgain(*watched, static_cast<const QKeyEvent &>(*event));
     case QEvent::KeyRelease: {
         const auto &release = static_cast<const QKeyEvent &>(*event);
         m_released = {release.key(), release.timestamp()};
@@ -84,6 +86,15 @@ void ShortcutGuard::giveToPopup(QObject &receiver, QKeyEvent &press)
 bool ShortcutGuard::wasForClosedPopup(const QKeyEvent &event) const
 {
     return event.key() == m_popupKey && !QApplication::activePopupWidget();
+}
+
+/// A button takes no notice of repeats that it knows for such. Others would press it again and
+/// again, a switch of what the audience sees included.
+bool ShortcutGuard::pressesButtonAgain(const QObject &receiver, const QKeyEvent &press)
+{
+    // While an assistive technology is connected, Qt tells no times.
+    return press.key() == Qt::Key_Space && press.timestamp() != 0
+        && qobject_cast<const QAbstractButton *>(&receiver) && isRepeat(press);
 }
 
 /// Qt has the menu bar keep the keyboard when Escape closes a menu, even one that the mouse opened:

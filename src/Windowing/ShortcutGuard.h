@@ -13,7 +13,8 @@ namespace quenara {
 /// about a menu bar; or when it is the repeat of a key that is held down. Undo and redo always may,
 /// although text fields would take their keys for themselves.
 ///
-/// A key that closed a popup reaches nothing else until it is pressed anew.
+/// A key that closed a popup reaches nothing else until it is pressed anew. A key that is held
+/// presses the button with the focus once.
 ///
 /// To be installed as an event filter on the application.
 class ShortcutGuard : public QObject
@@ -39,6 +40,7 @@ private:
     bool claims(QObject &receiver, QKeyEvent &press);
     void giveToPopup(QObject &receiver, QKeyEvent &press);
     bool wasForClosedPopup(const QKeyEvent &event) const;
+    bool pressesButtonAgain(const QObject &receiver, const QKeyEvent &press);
     void leaveMenuBar();
     bool isRepeat(const QKeyEvent &press);
 

@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListView>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 using namespace quenara;
@@ -68,6 +69,33 @@ private slots:
             QVERIFY(!isAccepted(list, QEvent::ShortcutOverride, Qt::Key_Right, 1000));
             isAccepted(list, QEvent::KeyRelease, Qt::Key_Right, 1000);
         }
+    }
+
+    void aKeyThatIsHeldPressesAButtonOnce()
+    {
+        ShortcutGuard guard;
+        qApp->installEventFilter(&guard);
+        QPushButton button;
+        showActive(button);
+        int clicks = 0;
+        connect(&button, &QPushButton::clicked, &button, [&clicks] { ++clicks; });
+        const auto press = [&button](quint64 timestamp) {
+            for (const QEvent::Type type : {QEvent::ShortcutOverride, QEvent::KeyPress})
+                isAccepted(button, type, Qt::Key_Space, timestamp, Qt::ControlModifier);
+        };
+        const auto release = [&button](quint64 timestamp) {
+            isAccepted(button, QEvent::KeyRelease, Qt::Key_Space, timestamp, Qt::ControlModifier);
+        };
+        press(1000);
+        for (quint64 repeat = 1500; repeat < 2000; repeat += 40) {
+            release(repeat);
+            press(repeat);
+        }
+        release(2000);
+        QCOMPARE(clicks, 1);
+        press(2500);
+        release(2600);
+        QCOMPARE(clicks, 2);
     }
 
     void keysWithoutModifiersThatATextTakesAreNoShortcuts()
