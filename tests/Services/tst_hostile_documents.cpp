@@ -341,9 +341,9 @@ private slots:
             R"({"name":5,"slides":[{"title":7},8],"name":"last","slides":[{"title":"one"}]})");
         QVERIFY(legacy);
         QCOMPARE(legacy->name, u"last"_s);
-        const auto project = currentProject(
-            R"({"schemaVersion":"none","serviceItems":[{"id":1}],"name":null,)"
-            + withMember(R"("name": "last")").trimmed().mid(1));
+        const auto project =
+            currentProject(R"({"schemaVersion":"none","serviceItems":[{"id":1}],"name":null,)"
+                           + withMember(R"("name": "last")").trimmed().mid(1));
         QVERIFY(project);
         QCOMPARE(project->name, u"last"_s);
         QVERIFY(!project->serviceItems.isEmpty());

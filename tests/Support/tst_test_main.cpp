@@ -70,8 +70,9 @@ private slots:
     void aHelperThatFailsFailsItsTestAtTheCallersLine()
     {
         const QString report =
-            u"FAIL!  : tst_test_main::FailingTests::theFirst() there is nothing\n   Loc: [%1(%2)]"_s.arg(
-                QStringLiteral(__FILE__), QString::number(FailingTests::lineBeforeTheCall + 1));
+            u"FAIL!  : tst_test_main::FailingTests::theFirst() there is nothing\n   Loc: [%1(%2)]"_s
+                .arg(QStringLiteral(__FILE__),
+                     QString::number(FailingTests::lineBeforeTheCall + 1));
         QVERIFY2(m_output.contains(report), qPrintable(m_output));
     }
 
