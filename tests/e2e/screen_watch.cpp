@@ -138,6 +138,15 @@ public:
         shmctl(memory, IPC_RMID, nullptr);
     }
 
+    ~Screen()
+    {
+        shmdt(m_pixels.data());
+        xcb_disconnect(m_server);
+    }
+
+    Screen(const Screen &) = delete;
+    Screen &operator=(const Screen &) = delete;
+
     /// What is shown now; false while the area is no part of the root window.
     bool look()
     {
