@@ -8,6 +8,8 @@
 #include <QMenuBar>
 #include <QScopedValueRollback>
 
+#include <utility>
+
 namespace quenara {
 
 namespace {
@@ -36,6 +38,7 @@ bool ShortcutGuard::eventFilter(QObject *watched, QEvent *event)
         return !m_isGivingToPopup && claims(*watched, static_cast<QKeyEvent &>(*event));
     case QEvent::KeyPress:
         return wasForClosedPopup(static_cast<const QKeyEvent &>(*event))
+            || isAltBeforePopup(static_cast<const QKeyEvent &>(*event))
             || pressesButtonAgain(*watched, static_cast<const QKeyEvent &>(*event));
     case QEvent::KeyRelease: {
         const auto &release = static_cast<const QKeyEvent &>(*event);
@@ -57,11 +60,15 @@ bool ShortcutGuard::claims(QObject &receiver, QKeyEvent &press)
     const bool isRepeated = isRepeat(press);
     if (QApplication::activePopupWidget()) {
         m_popupKey = press.key();
+        if (press.key() == Qt::Key_Alt)
+            m_awaitsAlt = false;
         if (!isRepeated)
             giveToPopup(receiver, press);
         press.accept();
         return true;
     }
+    if (press.key() == Qt::Key_Alt)
+        m_awaitsAlt = true;
     if (!isRepeated)
         m_popupKey.reset();
     if (isUndoOrRedo(press)) {
@@ -86,6 +93,14 @@ void ShortcutGuard::giveToPopup(QObject &receiver, QKeyEvent &press)
 bool ShortcutGuard::wasForClosedPopup(const QKeyEvent &event) const
 {
     return event.key() == m_popupKey && !QApplication::activePopupWidget();
+}
+
+/// While an assistive technology is connected, Qt asks it about a press before that arrives, but
+/// opens a menu by its keys at once: their Alt would close it again.
+bool ShortcutGuard::isAltBeforePopup(const QKeyEvent &press)
+{
+    return press.key() == Qt::Key_Alt && std::exchange(m_awaitsAlt, false)
+        && QApplication::activePopupWidget();
 }
 
 /// A button takes no notice of repeats that it knows for such. Others would press it again and

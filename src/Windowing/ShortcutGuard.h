@@ -13,8 +13,9 @@ namespace quenara {
 /// about a menu bar; or when it is the repeat of a key that is held down. Undo and redo always may,
 /// although text fields would take their keys for themselves.
 ///
-/// A key that closed a popup reaches nothing else until it is pressed anew. A key that is held
-/// presses the button with the focus once.
+/// A key that closed a popup reaches nothing else until it is pressed anew, and an Alt that was
+/// pressed before a popup opened does not reach that. A key that is held presses the button with
+/// the focus once.
 ///
 /// To be installed as an event filter on the application.
 class ShortcutGuard : public QObject
@@ -40,6 +41,7 @@ private:
     bool claims(QObject &receiver, QKeyEvent &press);
     void giveToPopup(QObject &receiver, QKeyEvent &press);
     bool wasForClosedPopup(const QKeyEvent &event) const;
+    bool isAltBeforePopup(const QKeyEvent &press);
     bool pressesButtonAgain(const QObject &receiver, const QKeyEvent &press);
     void leaveMenuBar();
     bool isRepeat(const QKeyEvent &press);
@@ -47,6 +49,7 @@ private:
     Moment m_pressed;
     Moment m_released;
     bool m_repeats = false; ///< whether the last press was the repeat of a held key
+    bool m_awaitsAlt = false; ///< pressed without a popup, not yet arrived
     std::optional<int> m_popupKey; ///< the last key pressed, if a popup was open then
     bool m_isGivingToPopup = false;
 };

@@ -7,6 +7,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListView>
+#include <QMenu>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -149,6 +150,28 @@ private slots:
         waitForTheNextMoment();
         QTest::keyClick(dialog.windowHandle(), key);
         QVERIFY(!dialog.isVisible());
+    }
+
+    void anAltThatArrivesLateIsNotForThePopupOpenedMeanwhile()
+    {
+        ShortcutGuard guard;
+        qApp->installEventFilter(&guard);
+        QWidget window;
+        QMenu menu;
+        menu.addAction(QStringLiteral("Display"));
+        showActive(window);
+        const auto sendAlt = [&window](QEvent::Type type) {
+            isAccepted(*window.windowHandle(), type, Qt::Key_Alt, 0, Qt::AltModifier);
+        };
+        sendAlt(QEvent::ShortcutOverride);
+        menu.popup({});
+        QVERIFY(menu.isVisible());
+        sendAlt(QEvent::KeyPress);
+        QVERIFY(menu.isVisible());
+        sendAlt(QEvent::KeyRelease);
+        sendAlt(QEvent::ShortcutOverride);
+        sendAlt(QEvent::KeyPress);
+        QVERIFY(!menu.isVisible());
     }
 
     void undoAndRedoAloneAreTakenFromAControlThatWantsThem()

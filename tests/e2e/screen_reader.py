@@ -2,6 +2,7 @@
 
 import contextlib
 import os
+import signal
 import tempfile
 from pathlib import Path
 
@@ -87,6 +88,16 @@ class ScreenReader:
             yield names
         finally:
             listener.deregister(kind)
+
+    @contextlib.contextmanager
+    def silent(self):
+        """Meanwhile, nobody answers the program, which asks about each key."""
+        registry = Thing(Atspi.get_desktop(0)).pid
+        os.kill(registry, signal.SIGSTOP)
+        try:
+            yield
+        finally:
+            os.kill(registry, signal.SIGCONT)
 
     def application(self, pid):
         """The root of what a process shows, once it shows something."""

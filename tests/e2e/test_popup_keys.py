@@ -150,6 +150,16 @@ class PopupKeys(ReadCase):
         self.program.press("Return")
         self.see_slide(QUEUED)
 
+    def test_a_menu_stays_open_however_late_a_screen_reader_hears_of_its_keys(self):
+        # The program asks only a reader that listens to something.
+        with self.reader.moves_of_the_keyboard():
+            self.program.wait_until_at_rest()
+            with self.reader.silent():
+                self.program.press("alt+o")
+                self.program.wait_until_at_rest()
+        self.program.press("Return")
+        self.program.wait_for_no_window(DISPLAY)
+
 
 if __name__ == "__main__":
     run()
