@@ -1,5 +1,7 @@
 #include "BringToFront.h"
 
+#include "KeyboardClaim.h"
+
 #include <QWidget>
 
 namespace quenara {
@@ -8,7 +10,11 @@ void bringToFront(QWidget &window)
 {
     window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
     window.raise();
-    window.activateWindow();
+    if (window.windowFlags().testFlag(Qt::BypassWindowManagerHint)) {
+        new KeyboardClaim(window);
+    } else {
+        window.activateWindow();
+    }
 }
 
 } // namespace quenara

@@ -29,6 +29,8 @@ SLIDE_TITLE = (712, 384)
 # A program that has not woken up for so many seconds has no work left: longer than any timer of its
 # that is started by what happens to it.
 AT_REST = 0.5
+# Seconds after which a window manager is asked once more.
+ASK_AGAIN = 1
 # The least and most seconds between two blinks of a caret, which Qt has every half second.
 BLINK = (0.4, 0.65)
 
@@ -170,17 +172,30 @@ class Program:
     def focus(self, title):
         """Puts a window in front and gives it the keyboard, even if another window that is closing
         passes that on elsewhere."""
-        def has_focus():
-            if re.fullmatch(title, self.focused_title()):
-                return True
+        def ask():
             window = self.wait_for_window(title)
             # Only a click reaches a window that the window manager does not know.
-            ask = (["mousemove", "--window", window, "200", "200", "click", "1",
-                    "mousemove", "restore"] if title == DISPLAY else ["windowactivate", window])
-            self.server.ask("xdotool", *ask)
+            self.server.ask("xdotool", *(
+                ["mousemove", "--window", window, "200", "200", "click", "1",
+                 "mousemove", "restore"] if title == DISPLAY else ["windowactivate", window]))
+            return time.monotonic()
+
+        asked = 0
+
+        def has_focus():
+            nonlocal asked
+            if re.fullmatch(title, self.focused_title()):
+                return True
+            # An answer that comes late would take the focus from what has it by then.
+            if time.monotonic() - asked > ASK_AGAIN:
+                asked = ask()
             return False
 
         wait_until(has_focus, f"{title} to have the focus")
+
+    def wait_for_focus(self, title):
+        """Waits until a window has the focus that gets it by itself."""
+        wait_until(lambda: re.fullmatch(title, self.focused_title()), f"{title} to have the focus")
 
     def area(self, title):
         """(width, height, x, y) of a window without frame on the whole desktop."""
@@ -248,11 +263,13 @@ class Program:
 
     def open_display(self):
         self.toggle_display()
-        return self.wait_for_window(DISPLAY)
+        self.wait_for_focus(DISPLAY)
+        return self.window(DISPLAY)
 
     def open_stage(self):
         self.toggle_stage()
-        return self.wait_for_window(STAGE)
+        self.wait_for_focus(STAGE)
+        return self.window(STAGE)
 
     def answer_question(self, *keys):
         """Presses keys in the alert that stands or is about to."""

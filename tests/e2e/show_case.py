@@ -60,6 +60,8 @@ class ShowCase(unittest.TestCase):
         """The program, running until the end of the test."""
         self.program = self.enterContext(Program(self.server, executable, *arguments, **options))
         self.program.wait_for_window(OPERATOR)
+        # Or what stands before it.
+        self.program.wait_for_focus(".+")
         return self.program
 
     def start_show(self):

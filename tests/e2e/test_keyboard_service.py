@@ -44,13 +44,13 @@ class KeyboardService(ReadCase):
 
     def begin(self):
         self.start(environment={"XDG_CONFIG_HOME": str(self.folder / "config")})
-        self.wait_for_front(START_PANEL)
+        self.program.wait_for_focus(START_PANEL)
         self.wait_for_keyboard("New Blank Project")
         self.press("space")
-        self.wait_for_front(EMPTY_TITLE)
+        self.program.wait_for_focus(EMPTY_TITLE)
         self.reach("Project Name", FIELD)
         self.enter("Easter")
-        self.wait_for_front(TITLE)
+        self.program.wait_for_focus(TITLE)
 
     def make_a_section(self):
         self.press_button("Add section")
@@ -77,10 +77,10 @@ class KeyboardService(ReadCase):
         self.press_button("Text", "Add a text layer", key="shift+Tab")
         self.write_on_the_canvas()
         self.press_button("Image", "Add an image layer", key="shift+Tab")
-        self.wait_for_front(IMAGE_PANEL)
+        self.program.wait_for_focus(IMAGE_PANEL)
         self.program.type(str(self.picture))
         self.press("Return")
-        self.wait_for_front(TITLE)
+        self.program.wait_for_focus(TITLE)
         self.wait_for_keyboard("Image", BUTTON)
         self.wait_for_layers("Image", "Text", "Body", "Title")
         self.move_the_picture()
@@ -118,11 +118,11 @@ class KeyboardService(ReadCase):
     def change_the_background(self):
         self.choose("Type", "solid")
         self.press_button("Solid")
-        self.wait_for_front("Solid")
+        self.program.wait_for_focus("Solid")
         self.reach("HTML:", FIELD)
         self.program.type(BLUE)
         self.press("Return")
-        self.wait_for_front(TITLE)
+        self.program.wait_for_focus(TITLE)
         self.wait_for_keyboard("Solid")
         wait_until(lambda: self.thing("Solid", BUTTON).description == BLUE, "the colour")
 
@@ -139,7 +139,7 @@ class KeyboardService(ReadCase):
 
     def import_a_song(self):
         self.press_button("Paste song lyrics")
-        self.wait_for_front(SONG_IMPORT)
+        self.program.wait_for_focus(SONG_IMPORT)
         self.wait_for_keyboard("Song title")
         self.program.type("Morning Hymn")
         self.press("Return")
@@ -147,7 +147,7 @@ class KeyboardService(ReadCase):
         self.press("ctrl+v")
         self.reach("Import Song", BUTTON)
         self.press("space")
-        self.wait_for_front(TITLE)
+        self.program.wait_for_focus(TITLE)
         self.wait_for_rows("Opening", "Good morning", "Morning Hymn", "Verse 1", "Chorus")
         self.wait_for_keyboard("Paste song lyrics")
 
@@ -176,11 +176,11 @@ class KeyboardService(ReadCase):
 
     def save(self):
         self.press("ctrl+shift+s")
-        self.wait_for_front(SAVE_PANEL)
+        self.program.wait_for_focus(SAVE_PANEL)
         self.press("ctrl+a")
         self.program.type(str(self.file))
         self.press("Return")
-        self.wait_for_front(TITLE)
+        self.program.wait_for_focus(TITLE)
         wait_until(self.file.exists, "the service to be saved")
         opening, song = document_in(self.file)["serviceItems"]
         self.assertEqual((opening["title"], opening["type"]), ("Opening", "welcome"))
@@ -199,14 +199,14 @@ class KeyboardService(ReadCase):
     def run_the_service(self):
         welcome, chorus, verse = (image_of(self.file, place) for place in range(3))
         self.press("Return", "alt+o", "Return")
-        self.wait_for_front(DISPLAY)
+        self.program.wait_for_focus(DISPLAY)
         self.see(welcome, "the welcome")
         self.press("Right")
         self.see(chorus, "the chorus")
         self.press("b")
         self.see_black()
         self.press("b", "alt+Tab")
-        self.wait_for_front(TITLE)
+        self.program.wait_for_focus(TITLE)
         self.press("Down", "Return")
         self.see(verse, "the verse")
         self.press("l")
@@ -214,27 +214,27 @@ class KeyboardService(ReadCase):
         self.press("l", "Left")
         self.see(chorus, "the chorus again")
         self.press("alt+o", "Down", "Return")
-        self.wait_for_front(STAGE)
+        self.program.wait_for_focus(STAGE)
         self.press("Page_Down")
         self.see(verse, "the verse again")
         self.press("alt+Tab")
-        self.wait_for_front(TITLE)
+        self.program.wait_for_focus(TITLE)
         self.press("alt+o", "Down", "Return")
         self.program.wait_for_no_window(STAGE)
         self.press("alt+o", "Return")
         self.program.wait_for_no_window(DISPLAY)
-        self.wait_for_front(TITLE)
+        self.program.wait_for_focus(TITLE)
 
     def close(self):
         self.press_button("Add section")
         self.wait_for_rows("Opening", "Good morning", "Morning Hymn", "Chorus", "Verse 1",
                            "New Section", "New Slide")
         self.press("ctrl+q")
-        self.wait_for_front(ALERT)
+        self.program.wait_for_focus(ALERT)
         self.press("Escape")
-        self.wait_for_front(TITLE)
+        self.program.wait_for_focus(TITLE)
         self.press("ctrl+q")
-        self.wait_for_front(ALERT)
+        self.program.wait_for_focus(ALERT)
         self.wait_for_keyboard("Save")
         self.press("Return")
         self.assertEqual(self.program.wait_for_end(), 0, self.program.output())
@@ -242,10 +242,10 @@ class KeyboardService(ReadCase):
 
     def open_again(self):
         self.start(environment={"XDG_CONFIG_HOME": str(self.folder / "config")})
-        self.wait_for_front(START_PANEL)
+        self.program.wait_for_focus(START_PANEL)
         self.reach("Easter", BUTTON)
         self.press("space")
-        self.wait_for_front(TITLE)
+        self.program.wait_for_focus(TITLE)
         self.wait_for_rows("Opening", "Good morning", "Morning Hymn", "Chorus", "Verse 1",
                            "New Section", "New Slide")
         self.press("ctrl+q")
@@ -253,9 +253,6 @@ class KeyboardService(ReadCase):
 
     def press(self, *keys):
         self.program.press(*keys)
-
-    def wait_for_front(self, title):
-        wait_until(lambda: self.program.focused_title() == title, f"{title} to have the keyboard")
 
     def wait_for_keyboard(self, name, role=None):
         def is_there():
