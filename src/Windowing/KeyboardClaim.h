@@ -9,8 +9,8 @@ namespace quenara {
 
 /// Gives a window the keyboard that no window manager knows, and sees to it for half a second that
 /// it stays there: a window manager may not have answered yet when another window of the program
-/// asked for it, as Qt has one ask whose menu closes. What somebody presses meanwhile ends that, and
-/// so does a window of another program that gets the keyboard.
+/// asked for it, as Qt has one ask whose menu closes. What somebody presses meanwhile ends that,
+/// and so does a window of another program that gets the keyboard.
 class KeyboardClaim : public QObject
 {
     Q_OBJECT
