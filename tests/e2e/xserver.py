@@ -156,9 +156,11 @@ class XServer:
 
     def _start_window_manager(self):
         environment = self.environment | {"HOME": self._folder.name}
-        self._processes.append(Process(["openbox"], env=environment))
-        wait_until(lambda: b"Name: Openbox" in self.ask("wmctrl", "-m").stdout,
-                   "openbox to come up")
+        ready = Path(self._folder.name, "ready")
+        # It has a name before it manages windows, and one that is shown in between stays unseen.
+        self._processes.append(Process(["openbox", "--startup", f"touch {ready}"],
+                                       env=environment))
+        wait_until(ready.exists, "openbox to come up")
         # Windows are placed on the screen with the pointer.
         self.run("xdotool", "mousemove", "100", "1000")
 
