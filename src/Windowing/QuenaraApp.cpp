@@ -51,6 +51,7 @@ QuenaraApp::QuenaraApp(const QPalette &platformPalette)
       m_sessionEnd(m_store, m_operatorWindow, m_guard, m_recorder)
 {
     qApp->installEventFilter(&m_shortcutGuard);
+    qApp->installNativeEventFilter(&m_shortcutGuard);
     qApp->installEventFilter(&m_activationGuard);
     qApp->installEventFilter(&m_focusRing);
     QObject::connect(&m_appearance, &AppearancePreference::rawValueChanged, &m_windows,

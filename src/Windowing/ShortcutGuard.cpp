@@ -10,6 +10,10 @@
 
 #include <utility>
 
+#if QT_CONFIG(xcb)
+#include <xcb/xproto.h>
+#endif
+
 namespace quenara {
 
 namespace {
@@ -31,6 +35,14 @@ bool isUndoOrRedo(const QKeyEvent &event)
 
 } // namespace
 
+bool ShortcutGuard::nativeEventFilter(const QByteArray &type, void *message, qintptr * /*result*/)
+{
+    const auto release = releaseIn(type, message);
+    if (release && release->code == m_pressedCode)
+        m_released = {m_pressed.key, release->time};
+    return false;
+}
+
 bool ShortcutGuard::eventFilter(QObject *watched, QEvent *event)
 {
     switch (event->type()) {
@@ -42,7 +54,8 @@ bool ShortcutGuard::eventFilter(QObject *watched, QEvent *event)
             || pressesButtonAgain(*watched, static_cast<const QKeyEvent &>(*event));
     case QEvent::KeyRelease: {
         const auto &release = static_cast<const QKeyEvent &>(*event);
-        m_released = {release.key(), release.timestamp()};
+        if (release.timestamp() != 0)
+            m_released = {release.key(), release.timestamp()};
         const bool isOfPopup = wasForClosedPopup(release);
         if (isOfPopup && release.key() == Qt::Key_Escape)
             leaveMenuBar();
@@ -107,9 +120,8 @@ bool ShortcutGuard::isAltBeforePopup(const QKeyEvent &press)
 /// again, a switch of what the audience sees included.
 bool ShortcutGuard::pressesButtonAgain(const QObject &receiver, const QKeyEvent &press)
 {
-    // While an assistive technology is connected, Qt tells no times.
-    return press.key() == Qt::Key_Space && press.timestamp() != 0
-        && qobject_cast<const QAbstractButton *>(&receiver) && isRepeat(press);
+    return press.key() == Qt::Key_Space && qobject_cast<const QAbstractButton *>(&receiver)
+        && isRepeat(press);
 }
 
 /// Qt has the menu bar keep the keyboard when Escape closes a menu, even one that the mouse opened:
@@ -129,13 +141,41 @@ void ShortcutGuard::leaveMenuBar()
 bool ShortcutGuard::isRepeat(const QKeyEvent &press)
 {
     const Moment now{press.key(), press.timestamp()};
-    // A key that went down and up at one moment was not held.
-    const bool wasHeld = m_released != m_pressed;
-    if (now != m_pressed) {
+    // What is passed on of a press has no time.
+    const bool isPassedOn = now.key == m_pressed.key && now.time == 0;
+    if (now != m_pressed && !isPassedOn) {
+        // A key that went down and up at one moment was not held.
+        const bool wasHeld = m_released != m_pressed;
         m_pressed = now;
+        m_pressedCode = press.nativeScanCode();
         m_repeats = wasHeld && now == m_released;
     }
     return press.isAutoRepeat() || m_repeats;
 }
+
+#if QT_CONFIG(xcb)
+
+std::optional<ShortcutGuard::Release> ShortcutGuard::releaseIn(const QByteArray &type,
+                                                               const void *message)
+{
+    constexpr int sentByClient = 0x80;
+    if (type != "xcb_generic_event_t")
+        return std::nullopt;
+    const auto &event = *static_cast<const xcb_generic_event_t *>(message);
+    if ((event.response_type & ~sentByClient) != XCB_KEY_RELEASE)
+        return std::nullopt;
+    const auto &release = *static_cast<const xcb_key_release_event_t *>(message);
+    return Release{release.detail, release.time};
+}
+
+#else
+
+std::optional<ShortcutGuard::Release> ShortcutGuard::releaseIn(const QByteArray & /*type*/,
+                                                               const void * /*message*/)
+{
+    return std::nullopt;
+}
+
+#endif
 
 } // namespace quenara

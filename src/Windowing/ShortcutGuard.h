@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QAbstractNativeEventFilter>
 #include <QObject>
 
 #include <optional>
@@ -17,13 +18,17 @@ namespace quenara {
 /// pressed before a popup opened does not reach that. A key that is held presses the button with
 /// the focus once.
 ///
-/// To be installed as an event filter on the application.
-class ShortcutGuard : public QObject
+/// To be installed on the application as an event filter and as one of its native events, from
+/// which it knows when keys were released: Qt does not tell while an assistive technology is
+/// connected.
+class ShortcutGuard : public QObject, public QAbstractNativeEventFilter
 {
     Q_OBJECT
 
 public:
     using QObject::QObject;
+
+    bool nativeEventFilter(const QByteArray &type, void *message, qintptr *result) override;
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -38,6 +43,13 @@ private:
         bool operator==(const Moment &) const = default;
     };
 
+    /// A release as the platform's server tells of it.
+    struct Release
+    {
+        quint32 code; ///< of the key on the keyboard
+        quint64 time; ///< as that of a Moment
+    };
+
     bool claims(QObject &receiver, QKeyEvent &press);
     void giveToPopup(QObject &receiver, QKeyEvent &press);
     bool wasForClosedPopup(const QKeyEvent &event) const;
@@ -45,8 +57,10 @@ private:
     bool pressesButtonAgain(const QObject &receiver, const QKeyEvent &press);
     void leaveMenuBar();
     bool isRepeat(const QKeyEvent &press);
+    static std::optional<Release> releaseIn(const QByteArray &type, const void *message);
 
     Moment m_pressed;
+    quint32 m_pressedCode = 0; ///< of that key on the keyboard
     Moment m_released;
     bool m_repeats = false; ///< whether the last press was the repeat of a held key
     bool m_awaitsAlt = false; ///< pressed without a popup, not yet arrived

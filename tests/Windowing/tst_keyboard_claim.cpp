@@ -44,10 +44,11 @@ private slots:
         showActive(claiming);
         const QPointer claim = new KeyboardClaim(claiming);
         asking.activateWindow();
-        if (isKey)
+        if (isKey) {
             QTest::keyClick(asking.windowHandle(), Qt::Key_A);
-        else
+        } else {
             QTest::mouseClick(&asking, Qt::LeftButton);
+        }
         QTRY_VERIFY(!claim);
         QVERIFY(asking.isActiveWindow());
     }

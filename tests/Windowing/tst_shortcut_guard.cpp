@@ -11,6 +11,10 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#if QT_CONFIG(xcb)
+#include <xcb/xproto.h>
+#endif
+
 using namespace quenara;
 using namespace quenara::test;
 
@@ -28,6 +32,21 @@ bool isAccepted(QObject &receiver, QEvent::Type type, Qt::Key key, quint64 times
     QCoreApplication::sendEvent(&receiver, &event);
     return event.isAccepted();
 }
+
+#if QT_CONFIG(xcb)
+
+constexpr quint32 scanCodeOfSpace = 65;
+
+void releaseSpace(ShortcutGuard &guard, xcb_timestamp_t time)
+{
+    xcb_key_release_event_t release{};
+    release.response_type = XCB_KEY_RELEASE;
+    release.detail = scanCodeOfSpace;
+    release.time = time;
+    guard.nativeEventFilter("xcb_generic_event_t", &release, nullptr);
+}
+
+#endif
 
 /// Wants every key for itself.
 class Greedy : public QObject
@@ -98,6 +117,39 @@ private slots:
         release(2600);
         QCOMPARE(clicks, 2);
     }
+
+#if QT_CONFIG(xcb)
+    void aKeyThatIsHeldPressesAButtonOnceWhereOnlyTheServerTellsOfReleases()
+    {
+        ShortcutGuard guard;
+        qApp->installEventFilter(&guard);
+        QPushButton button;
+        showActive(button);
+        int clicks = 0;
+        connect(&button, &QPushButton::clicked, &button, [&clicks] { ++clicks; });
+        // As Qt asks at once whether a press is a shortcut, and sends presses and releases later.
+        const auto send = [&button](QEvent::Type type, quint64 timestamp) {
+            QKeyEvent event(type, Qt::Key_Space, Qt::ControlModifier, scanCodeOfSpace, 0, 0);
+            event.setTimestamp(timestamp);
+            QCoreApplication::sendEvent(&button, &event);
+        };
+        send(QEvent::ShortcutOverride, 1000);
+        send(QEvent::KeyPress, 0);
+        for (xcb_timestamp_t repeat = 1500; repeat < 2000; repeat += 40) {
+            releaseSpace(guard, repeat);
+            send(QEvent::ShortcutOverride, repeat);
+            send(QEvent::KeyRelease, 0);
+            send(QEvent::KeyPress, 0);
+        }
+        releaseSpace(guard, 2000);
+        send(QEvent::KeyRelease, 0);
+        QCOMPARE(clicks, 1);
+        send(QEvent::ShortcutOverride, 2500);
+        send(QEvent::KeyPress, 0);
+        send(QEvent::KeyRelease, 0);
+        QCOMPARE(clicks, 2);
+    }
+#endif
 
     void keysWithoutModifiersThatATextTakesAreNoShortcuts()
     {

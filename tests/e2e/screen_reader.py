@@ -74,8 +74,10 @@ class ScreenReader:
         told = []
 
         def hear(event):
-            if role in (None, event.source.get_role_name()):
-                told.append(event.source.get_name())
+            # What has gone since has neither role nor name.
+            with contextlib.suppress(GLib.Error):
+                if role in (None, event.source.get_role_name()):
+                    told.append(event.source.get_name())
 
         def names():
             while GLib.MainContext.default().iteration(False):

@@ -20,6 +20,8 @@ SHOW_TITLE = "Evening Show — Quenara"
 EXECUTABLE = os.environ.get("QUENARA_PROGRAM", "")
 RENDER_SLIDE = os.environ.get("QUENARA_RENDER_SLIDE", "")
 NOTHING_RAN = 77
+# Seconds that make some forty presses of a held key.
+HOLD = 1.5
 SCREEN_NAMES = {FIRST_SCREEN: "first screen", SECOND_SCREEN: "second screen"}
 BLACK = bytes(3 * SECOND_SCREEN[0] * SECOND_SCREEN[1])
 
@@ -104,6 +106,11 @@ class ShowCase(unittest.TestCase):
         while time.monotonic() < end:
             seen.add(self.server.screenshot(SECOND_SCREEN))
         return seen
+
+    def screenshots_while_held(self, key):
+        """All that the second screen shows while a key is held, which the server repeats."""
+        with self.program.held(key):
+            return self.screenshots_during(HOLD)
 
 
 class TwoScreenCase(ShowCase):

@@ -3,7 +3,7 @@
 from documents import Documents
 from processes import wait_until
 from program import ABOUT, ALERT, DISPLAY, OPERATOR, SETTINGS, STAGE, START_PANEL
-from show_case import ReadCase, run
+from show_case import ReadCase, run, slide_image
 
 BUTTON, SWITCH, CHOICE, TEXT, PICKER, SLIDER, ROW, SPIN_BOX = (
     "push button", "check box", "radio button", "text", "combo box", "slider", "list item",
@@ -272,6 +272,20 @@ class Accessibility(Documents, ReadCase):
                 self.program.press(key)
                 wait_until(lambda told=told: changes() == ["Opacity"] * told, "a change to be told")
                 self.assertEqual(opacity.value, value)
+
+    def test_a_key_that_is_held_while_a_reader_listens_acts_once(self):
+        self.program.open_display()
+        self.program.focus(OPERATOR)
+        self.see_slide(0)
+        with self.reader.moves_of_the_keyboard():
+            self.program.wait_until_at_rest()
+            seen = self.screenshots_while_held("Right")
+            self.see_slide(1)
+            self.assertTrue(seen <= {slide_image(0), slide_image(1)}, "another slide was seen")
+            self.thing("Next", BUTTON).focus()
+            seen = self.screenshots_while_held("ctrl+space")
+            self.see_slide(2)
+            self.assertTrue(seen <= {slide_image(1), slide_image(2)}, "another slide was seen")
 
     def test_a_menu_opened_behind_a_dialog_leaves_that_the_keyboard(self):
         self.program.open_display()

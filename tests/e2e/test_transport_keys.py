@@ -114,37 +114,31 @@ class KeysInTheSettings(TwoScreenCase):
 class HeldKeys(TwoScreenCase):
     """The server repeats a key that is held down; the program takes one press as one step."""
 
-    HOLD = 1.5
-
     def setUp(self):
         program = self.start_show()
         program.open_display()
         self.see_slide(0)
         program.focus(OPERATOR)
 
-    def hold(self, key):
-        with self.program.held(key):
-            return self.screenshots_during(self.HOLD)
-
     def test_the_server_repeats_a_held_letter(self):
         self.program.click_project_name()
         self.program.press("ctrl+a")
-        self.hold("x")
+        self.screenshots_while_held("x")
         self.program.press("Return")
         self.program.wait_for_window("xx+ — Quenara")
 
     def test_a_held_arrow_is_one_step(self):
-        seen = self.hold("Right")
+        seen = self.screenshots_while_held("Right")
         self.see_slide(1)
         self.assertTrue(seen <= {slide_image(0), slide_image(1)}, "another slide was seen")
 
     def test_a_held_down_arrow_queues_one_slide_on(self):
-        self.hold("Down")
+        self.screenshots_while_held("Down")
         self.program.press("space")
         self.see_slide(1)
 
     def test_a_held_b_blacks_out_for_good(self):
-        seen = self.hold("b")
+        seen = self.screenshots_while_held("b")
         self.see_black()
         self.assertTrue(seen <= {slide_image(0), BLACK}, "something else was seen")
         self.program.press("b")
