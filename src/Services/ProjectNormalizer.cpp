@@ -136,12 +136,12 @@ Slide ProjectNormalizer::slide(const LegacySlide &legacy, std::int64_t orderInde
 {
     const QString body = legacy.body ? *legacy.body : legacy.text.value_or(QString());
     const QString numbered = QStringLiteral("Slide %1").arg(orderIndex + 1);
-    const QString prefix = legacy.emoji ? *legacy.emoji + QLatin1Char(' ') : QString();
+    const QString label = legacy.emoji ? *legacy.emoji + QLatin1Char(' ') + numbered : numbered;
     const QString templateID = rawValue(legacy.image ? SlideTemplateID::imageBackgroundLyric
                                                      : SlideTemplateID::centerLyric);
     return {
         .id = legacy.id ? *legacy.id : newIdentifier(),
-        .title = legacy.title.value_or(prefix + numbered),
+        .title = legacy.title.value_or(label),
         .body = body,
         .orderIndex = legacy.orderIndex.value_or(orderIndex),
         .footer = legacy.footer,
