@@ -1,10 +1,7 @@
-#include "Identifier.h"
 #include "ProjectModels.h"
 #include "Records.h"
 #include "TestMain.h"
 
-#include <QRegularExpression>
-#include <QSet>
 #include <QTest>
 
 using namespace quenara;
@@ -45,19 +42,6 @@ class TestSlideDesign : public QObject
     Q_OBJECT
 
 private slots:
-    void identifiersAreUpperCaseTextsOfFreshRandomUuids()
-    {
-        static const QRegularExpression form(QStringLiteral(
-            "^[0-9A-F]{8}-[0-9A-F]{4}-4[0-9A-F]{3}-[89AB][0-9A-F]{3}-[0-9A-F]{12}$"));
-        QSet<QString> seen;
-        for (int i = 0; i < 100; ++i) {
-            const QString id = newIdentifier();
-            QVERIFY2(form.match(id).hasMatch(), qPrintable(id));
-            seen.insert(id);
-        }
-        QCOMPARE(seen.size(), 100);
-    }
-
     void theSoftShadowIsABlurredBlackBelow()
     {
         QCOMPARE(TextShadow::soft,

@@ -48,6 +48,21 @@ void releaseSpace(ShortcutGuard &guard, xcb_timestamp_t time)
 
 #endif
 
+/// A button under a guard, with the keyboard, that counts its presses.
+class GuardedButton : public QPushButton
+{
+public:
+    ShortcutGuard guard;
+    int clicks = 0;
+
+    GuardedButton()
+    {
+        qApp->installEventFilter(&guard);
+        connect(this, &QPushButton::clicked, this, [this] { ++clicks; });
+        showActive(*this);
+    }
+};
+
 /// Wants every key for itself.
 class Greedy : public QObject
 {
@@ -93,12 +108,7 @@ private slots:
 
     void aKeyThatIsHeldPressesAButtonOnce()
     {
-        ShortcutGuard guard;
-        qApp->installEventFilter(&guard);
-        QPushButton button;
-        showActive(button);
-        int clicks = 0;
-        connect(&button, &QPushButton::clicked, &button, [&clicks] { ++clicks; });
+        GuardedButton button;
         const auto press = [&button](quint64 timestamp) {
             for (const QEvent::Type type : {QEvent::ShortcutOverride, QEvent::KeyPress})
                 isAccepted(button, type, Qt::Key_Space, timestamp, Qt::ControlModifier);
@@ -112,21 +122,16 @@ private slots:
             press(repeat);
         }
         release(2000);
-        QCOMPARE(clicks, 1);
+        QCOMPARE(button.clicks, 1);
         press(2500);
         release(2600);
-        QCOMPARE(clicks, 2);
+        QCOMPARE(button.clicks, 2);
     }
 
 #if QT_CONFIG(xcb)
     void aKeyThatIsHeldPressesAButtonOnceWhereOnlyTheServerTellsOfReleases()
     {
-        ShortcutGuard guard;
-        qApp->installEventFilter(&guard);
-        QPushButton button;
-        showActive(button);
-        int clicks = 0;
-        connect(&button, &QPushButton::clicked, &button, [&clicks] { ++clicks; });
+        GuardedButton button;
         // As Qt asks at once whether a press is a shortcut, and sends presses and releases later.
         const auto send = [&button](QEvent::Type type, quint64 timestamp) {
             QKeyEvent event(type, Qt::Key_Space, Qt::ControlModifier, scanCodeOfSpace, 0, 0);
@@ -136,18 +141,18 @@ private slots:
         send(QEvent::ShortcutOverride, 1000);
         send(QEvent::KeyPress, 0);
         for (xcb_timestamp_t repeat = 1500; repeat < 2000; repeat += 40) {
-            releaseSpace(guard, repeat);
+            releaseSpace(button.guard, repeat);
             send(QEvent::ShortcutOverride, repeat);
             send(QEvent::KeyRelease, 0);
             send(QEvent::KeyPress, 0);
         }
-        releaseSpace(guard, 2000);
+        releaseSpace(button.guard, 2000);
         send(QEvent::KeyRelease, 0);
-        QCOMPARE(clicks, 1);
+        QCOMPARE(button.clicks, 1);
         send(QEvent::ShortcutOverride, 2500);
         send(QEvent::KeyPress, 0);
         send(QEvent::KeyRelease, 0);
-        QCOMPARE(clicks, 2);
+        QCOMPARE(button.clicks, 2);
     }
 #endif
 

@@ -34,3 +34,25 @@ class Documents:
         self.program.click_project_name()
         self.program.press("ctrl+a")
         self.program.type(name)
+
+
+class UnsavedWork(Documents):
+    """To be mixed into a case that starts the program more than once in one place."""
+
+    def setUp(self):
+        self.state = self.enterContext(tempfile.TemporaryDirectory(prefix="quenara-state-"))
+        super().setUp()
+
+    def start(self, *arguments, environment=None, **options):
+        return super().start(*arguments, **options,
+                             environment={"XDG_STATE_HOME": self.state} | (environment or {}))
+
+    def journals(self):
+        """The files of the work that is not saved."""
+        folder = Path(self.state, "Quenara/recovery")
+        return sorted(folder.iterdir()) if folder.exists() else []
+
+    def change_name(self, name):
+        self.rename(name)
+        self.program.press("Return")
+        self.program.wait_for_window(f"{name} — Quenara")

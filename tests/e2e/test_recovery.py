@@ -2,10 +2,8 @@
 
 import os
 import signal
-import tempfile
-from pathlib import Path
 
-from documents import Documents, name_in
+from documents import UnsavedWork, name_in
 from processes import wait_until
 from program import DISPLAY, OPERATOR, SANITIZER_OPTIONS, STAGE, Program
 from show_case import EXECUTABLE, ReadCase, run
@@ -15,26 +13,12 @@ EMPTY_TITLE = "Untitled Quenara — Quenara"
 SHEET = "Quenara"
 
 
-class Recovery(Documents, ReadCase):
+class Recovery(UnsavedWork, ReadCase):
     sanitizer = SANITIZER_OPTIONS
-
-    def setUp(self):
-        self.state = self.enterContext(tempfile.TemporaryDirectory(prefix="quenara-state-"))
-        super().setUp()
 
     def start(self, *arguments, **options):
         return super().start(*arguments, **options,
-                             environment={"XDG_STATE_HOME": self.state,
-                                          "ASAN_OPTIONS": self.sanitizer})
-
-    def journals(self):
-        folder = Path(self.state, "Quenara/recovery")
-        return sorted(folder.iterdir()) if folder.exists() else []
-
-    def change_name(self, name):
-        self.rename(name)
-        self.program.press("Return")
-        self.program.wait_for_window(f"{name} — Quenara")
+                             environment={"ASAN_OPTIONS": self.sanitizer})
 
     def answer(self, button):
         self.click(button, "push button", window=SHEET)

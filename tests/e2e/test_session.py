@@ -1,9 +1,6 @@
 """Logging out: what the session manager is answered, and what comes back after it."""
 
-import tempfile
-from pathlib import Path
-
-from documents import Documents, name_in
+from documents import UnsavedWork, name_in
 from program import ALERT, OPERATOR
 from session_manager import NOBODY_IS_ASKED, SAVE_BOTH, SAVE_GLOBAL, SessionManager
 from show_case import ReadCase, run
@@ -13,9 +10,8 @@ NOTHING_CANCELLED, CANCELLED = ("interact_done", 0), ("interact_done", 1)
 NOT_SAVED, SAVED = ("save_yourself_done", 0), ("save_yourself_done", 1)
 
 
-class Session(Documents, ReadCase):
+class Session(UnsavedWork, ReadCase):
     def setUp(self):
-        self.state = self.enterContext(tempfile.TemporaryDirectory(prefix="quenara-state-"))
         try:
             self.session = self.enterContext(SessionManager())
         except Unavailable as reason:
@@ -24,17 +20,7 @@ class Session(Documents, ReadCase):
         self.session.wait_for_client()
 
     def start(self, *arguments, **options):
-        environment = {"XDG_STATE_HOME": self.state} | self.session.environment
-        return super().start(*arguments, environment=environment, **options)
-
-    def journals(self):
-        folder = Path(self.state, "Quenara/recovery")
-        return sorted(folder.iterdir()) if folder.exists() else []
-
-    def change_name(self, name):
-        self.rename(name)
-        self.program.press("Return")
-        self.program.wait_for_window(f"{name} — Quenara")
+        return super().start(*arguments, environment=self.session.environment, **options)
 
     def end_session(self):
         """The exit status of the program, which nothing asks any more."""
