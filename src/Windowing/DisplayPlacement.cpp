@@ -1,6 +1,6 @@
 #include "DisplayPlacement.h"
 
-#include "ScreenLayout.h"
+#include "ScreenChoice.h"
 
 #include <QApplication>
 #include <QScreen>

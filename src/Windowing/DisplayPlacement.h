@@ -10,7 +10,7 @@
 namespace quenara {
 
 /// Decides which screen the audience display covers, and has a window cover it. Which screens there
-/// are comes from the desktop, what follows from that is decided by the functions of ScreenLayout.
+/// are comes from the desktop, what follows from that is decided by the functions of ScreenChoice.
 class DisplayPlacement : public QObject
 {
     Q_OBJECT

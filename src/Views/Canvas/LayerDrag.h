@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CanvasGestures.h"
+#include "PointerGeometry.h"
 #include "WorkspaceStore.h"
 
 #include <optional>

@@ -1,7 +1,7 @@
 #include "SelectionMarks.h"
 
-#include "CanvasGestures.h"
 #include "DevicePixels.h"
+#include "PointerGeometry.h"
 #include "ZelvoTheme.h"
 
 #include <cmath>

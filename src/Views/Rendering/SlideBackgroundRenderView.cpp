@@ -90,11 +90,18 @@ bool SlideBackgroundRenderView::paintImage(QPainter &painter, const QRectF &slid
 bool SlideBackgroundRenderView::isOpaque() const
 {
     const auto isWhole = [](const RGBAColor &color) { return color.alpha >= 1; };
-    if (background.kind == SlideBackgroundKind::image)
+    switch (background.kind) {
+    case SlideBackgroundKind::image:
         return false;
-    if (background.kind == SlideBackgroundKind::gradient && background.gradient)
-        return isWhole(background.gradient->startColor) && isWhole(background.gradient->endColor);
-    return isWhole(background.solidColor);
+    case SlideBackgroundKind::gradient:
+        return background.gradient
+            ? isWhole(background.gradient->startColor) && isWhole(background.gradient->endColor)
+            : isWhole(background.solidColor);
+    case SlideBackgroundKind::solid:
+    case SlideBackgroundKind::video:
+        return isWhole(background.solidColor);
+    }
+    Q_UNREACHABLE();
 }
 
 void SlideBackgroundRenderView::paint(QPainter &painter, const QRectF &slide,

@@ -1,11 +1,11 @@
-#include "CanvasGestures.h"
+#include "PointerGeometry.h"
 #include "TestMain.h"
 
 #include <QTest>
 
 using namespace quenara;
 
-namespace tst_canvas_gestures {
+namespace tst_pointer_geometry {
 
 namespace {
 
@@ -28,7 +28,7 @@ QString idAt(const SlideDesign &design, const QPointF &point)
 
 } // namespace
 
-class TestCanvasGestures : public QObject
+class TestPointerGeometry : public QObject
 {
     Q_OBJECT
 
@@ -216,8 +216,8 @@ private slots:
     }
 };
 
-QUENARA_TEST(TestCanvasGestures)
+QUENARA_TEST(TestPointerGeometry)
 
-} // namespace tst_canvas_gestures
+} // namespace tst_pointer_geometry
 
-#include "tst_canvas_gestures.moc"
+#include "tst_pointer_geometry.moc"

@@ -1,4 +1,4 @@
-#include "CanvasGestures.h"
+#include "PointerGeometry.h"
 
 #include "SlideRendererView.h"
 

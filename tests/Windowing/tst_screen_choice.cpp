@@ -1,13 +1,13 @@
-#include "ScreenLayout.h"
+#include "ScreenChoice.h"
 #include "TestMain.h"
 
 #include <QTest>
 
 using namespace quenara;
 
-namespace tst_screen_layout {
+namespace tst_screen_choice {
 
-class TestScreenLayout : public QObject
+class TestScreenChoice : public QObject
 {
     Q_OBJECT
 
@@ -85,8 +85,8 @@ private slots:
     }
 };
 
-QUENARA_TEST(TestScreenLayout)
+QUENARA_TEST(TestScreenChoice)
 
-} // namespace tst_screen_layout
+} // namespace tst_screen_choice
 
-#include "tst_screen_layout.moc"
+#include "tst_screen_choice.moc"

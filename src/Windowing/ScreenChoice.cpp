@@ -1,4 +1,4 @@
-#include "ScreenLayout.h"
+#include "ScreenChoice.h"
 
 #include <algorithm>
 
