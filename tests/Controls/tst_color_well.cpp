@@ -1,10 +1,17 @@
 #include "ColorWell.h"
 #include "ControlTest.h"
+#include "DialogParts.h"
+#include "FocusRing.h"
 #include "Pixels.h"
 #include "ThemeColors.h"
 
 #include <QColorDialog>
+#include <QDialogButtonBox>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QSet>
 #include <QSignalSpy>
+#include <QSpinBox>
 
 using namespace quenara;
 using namespace quenara::test;
@@ -82,6 +89,38 @@ private slots:
         well.dialogs().constFirst()->reject();
         QCOMPARE(well.finished.size(), 1);
         QCOMPARE(well.cancelled.size(), 1);
+    }
+
+    void aDialogThatIsTooLargeScrollsAllButItsButtons()
+    {
+        constexpr QSize room(600, 320);
+        FocusRing focusRing;
+        qApp->installEventFilter(&focusRing);
+        QColorDialog dialog;
+        fitInto(room, dialog);
+        showActive(dialog);
+        QCOMPARE(dialog.size().boundedTo(room), dialog.size());
+        for (const QPushButton *button :
+             dialog.findChild<QDialogButtonBox *>()->findChildren<QPushButton *>())
+            QCOMPARE(button->visibleRegion(), QRegion(button->rect()));
+        QSet<const QWidget *> reached;
+        while (!reached.contains(QApplication::focusWidget())) {
+            const QWidget *part = QApplication::focusWidget();
+            reached.insert(part);
+            QVERIFY2(!part->visibleRegion().isEmpty(), part->metaObject()->className());
+            QTest::keyClick(&dialog, Qt::Key_Tab);
+        }
+        for (const QSpinBox *number : dialog.findChildren<QSpinBox *>())
+            QVERIFY(reached.contains(number) || number->isHidden());
+    }
+
+    void aDialogThatFitsStaysAsItIs()
+    {
+        QColorDialog dialog;
+        const QSize whole = dialog.sizeHint();
+        fitInto(whole, dialog);
+        QCOMPARE(dialog.sizeHint(), whole);
+        QVERIFY(!dialog.findChild<QScrollArea *>());
     }
 
     void anEmptyWellOpensNoDialog()

@@ -5,6 +5,8 @@
 #include "ThemeColors.h"
 
 #include <QFocusFrame>
+#include <QScrollArea>
+#include <QScrollBar>
 
 #include <algorithm>
 
@@ -261,6 +263,40 @@ private slots:
                 missed.append(titleOf(*widget));
         }
         QCOMPARE(missed, QStringList());
+    }
+
+    void whatTabComesToFromBesideIsScrolledIntoSight_data()
+    {
+        QTest::addColumn<QString>("from");
+        QTest::addColumn<Qt::Key>("key");
+        QTest::addColumn<QString>("to");
+        QTest::newRow("backwards to the end")
+            << QStringLiteral("Previous") << Qt::Key_Backtab << QStringLiteral("Shadow");
+        QTest::newRow("forwards to the start")
+            << QStringLiteral("Image") << Qt::Key_Tab << QStringLiteral("Title");
+    }
+
+    void whatTabComesToFromBesideIsScrolledIntoSight()
+    {
+        QFETCH(QString, from);
+        QFETCH(Qt::Key, key);
+        QFETCH(QString, to);
+        ProgramWindows program;
+        QWidget *window = openOperator(program);
+        window->resize(window->minimumSize());
+        auto *area = window->findChild<QScrollArea *>();
+        QTRY_VERIFY(area->verticalScrollBar()->maximum() > 200);
+        if (key == Qt::Key_Tab)
+            area->verticalScrollBar()->setValue(area->verticalScrollBar()->maximum());
+        named(*window, from).setFocus(Qt::TabFocusReason);
+        constexpr int mostLayers = 20; // which Tab goes through on its way
+        for (int i = 0; i < mostLayers && !area->isAncestorOf(QApplication::focusWidget()); ++i) {
+            ProgramWindows::press(*window, key,
+                                  key == Qt::Key_Backtab ? Qt::ShiftModifier : Qt::NoModifier);
+        }
+        const QWidget *reached = QApplication::focusWidget();
+        QCOMPARE(nameOf(*reached), to);
+        QCOMPARE(reached->visibleRegion(), QRegion(reached->rect()));
     }
 
     void aClickOnTheRundownOrTheCanvasShowsNoRingAndTabDoes()

@@ -18,6 +18,7 @@ SETTINGS = "Quenara Settings"
 SONG_IMPORT = "Paste Song Lyrics"
 SAVE_PANEL = "Save Quenara Project"
 ABOUT = "About Quenara"
+TEXT_COLOR = "Text Color"
 
 # A place inside the project name's field, in the operator window's content.
 PROJECT_NAME = (100, 52)

@@ -5,10 +5,13 @@ import tempfile
 from pathlib import Path
 
 from processes import wait_until
-from program import OPERATOR, PASTE_SONG, SAVE_PANEL, SONG_IMPORT, STAGE, START_PANEL
+from program import (OPERATOR, PASTE_SONG, PROJECT_NAME, SAVE_PANEL, SONG_IMPORT, STAGE, START_PANEL,
+                     TEXT_COLOR)
 from show_case import SHOW, TwoScreenCase, run
 from xserver import SCREEN_HEIGHT, SCREEN_WIDTH
 
+# How many controls lie between the colour of the selected text and the project's name.
+COLOUR_BEFORE_NAME = 15
 # From the lower right corner of the window to the button for the stage monitor.
 MONITOR_BUTTON = (46, 46)
 RESTARTS = 10
@@ -212,6 +215,20 @@ class SmallScreens(TwoScreenCase):
                     program.press("Escape")
                     program.wait_for_no_window(title)
             self.quit()
+
+    def test_a_colour_is_chosen_on_the_smallest_screen(self):
+        self.server.unplug_second_screen()
+        for size in ((1366, 768), (1280, 720)):
+            with self.subTest(size=size):
+                self.server.plug_first_screen(size)
+                program = self.start(SHOW, environment={"QT_SCALE_FACTOR": "2"})
+                program.click(*(2 * place for place in PROJECT_NAME))
+                program.press(*["shift+Tab"] * COLOUR_BEFORE_NAME, "ctrl+space")
+                program.wait_for_focus(TEXT_COLOR)
+                self.assert_within(*size, TEXT_COLOR)
+                program.press("Escape")
+                program.wait_for_no_window(TEXT_COLOR)
+                self.quit()
 
     def change_maximized(self, change):
         self.server.run("wmctrl", "-i", "-r", self.program.wait_for_window(OPERATOR), "-b",

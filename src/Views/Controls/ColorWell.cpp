@@ -6,6 +6,7 @@
 #include <QColorDialog>
 #include <QPainter>
 #include <QPainterPath>
+#include <QScreen>
 
 namespace quenara {
 
@@ -61,6 +62,8 @@ void ColorWell::openDialog()
     m_dialog->setOption(QColorDialog::ShowAlphaChannel); // before the colour, or it becomes opaque
     m_dialog->setCurrentColor(m_color->toColor());
     nameParts(*m_dialog);
+    const QSize frame = window()->frameSize() - window()->size(); // which the dialog will have, too
+    fitInto(screen()->availableSize() - frame, *m_dialog);
     connect(m_dialog, &QColorDialog::currentColorChanged, this,
             [this](const QColor &color) { emit edited(RGBAColor::fromColor(color)); });
     connect(m_dialog, &QDialog::finished, this, [this] { m_dialog.clear(); });

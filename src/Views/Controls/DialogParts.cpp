@@ -4,7 +4,10 @@
 #include "PlainToolTip.h"
 
 #include <QAbstractButton>
-#include <QDialog>
+#include <QBoxLayout>
+#include <QColorDialog>
+#include <QScrollArea>
+#include <QScrollBar>
 
 namespace quenara {
 
@@ -49,6 +52,28 @@ void nameParts(QDialog &dialog)
             setAccessibleRole(*part, QAccessible::Graphic);
         part->setAccessibleName(name);
     }
+}
+
+/// Qt lays the dialog out as a column: what chooses the colour, then the buttons.
+void fitInto(const QSize &room, QColorDialog &dialog)
+{
+    auto *column = qobject_cast<QBoxLayout *>(dialog.layout());
+    const QSize whole = dialog.sizeHint();
+    if (!column || !column->itemAt(0)->layout() || whole == whole.boundedTo(room))
+        return;
+    auto *area = new QScrollArea;
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setWidgetResizable(true);
+    area->setWidget(new QWidget);
+    QLayout *choice = column->takeAt(0)->layout();
+    column->insertWidget(0, area, 1);
+    area->widget()->setLayout(choice);
+    column->setSizeConstraint(QLayout::SetDefaultConstraint);
+    const QMargins margins = choice->contentsMargins();
+    const int beside =
+        area->verticalScrollBar()->sizeHint().width() + margins.left() + margins.right();
+    dialog.resize((whole + QSize(beside, 0)).boundedTo(room));
 }
 
 } // namespace quenara

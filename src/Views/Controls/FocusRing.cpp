@@ -9,6 +9,7 @@
 #include <QFocusFrame>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QScrollArea>
 
 #include <algorithm>
 #include <utility>
@@ -72,6 +73,15 @@ QRect roomOf(const QWidget &widget)
     return room;
 }
 
+/// Scrolls what \a widget lies in. Qt does so only for a Tab that does not come from beside it.
+void bringIntoSight(QWidget &widget)
+{
+    for (QWidget *around = widget.parentWidget(); around; around = around->parentWidget()) {
+        if (auto *area = qobject_cast<QScrollArea *>(around))
+            area->ensureWidgetVisible(&widget);
+    }
+}
+
 bool isTab(const QEvent &event)
 {
     const int key = static_cast<const QKeyEvent &>(event).key();
@@ -119,9 +129,7 @@ bool FocusRing::eventFilter(QObject *watched, QEvent *event)
             comeByKeyboard(QApplication::focusWidget());
         break;
     case QEvent::FocusIn:
-        m_widget =
-            isWanted(*widget, static_cast<const QFocusEvent *>(event)->reason()) ? widget : nullptr;
-        place();
+        comeTo(*widget, static_cast<const QFocusEvent *>(event)->reason());
         break;
     case QEvent::FocusOut:
         m_last = std::exchange(m_widget, nullptr);
@@ -139,6 +147,14 @@ bool FocusRing::eventFilter(QObject *watched, QEvent *event)
         break;
     }
     return false;
+}
+
+void FocusRing::comeTo(QWidget &widget, Qt::FocusReason reason)
+{
+    m_widget = isWanted(widget, reason) ? &widget : nullptr;
+    if (m_widget && (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason))
+        bringIntoSight(widget);
+    place();
 }
 
 void FocusRing::comeByKeyboard(QWidget *focused)

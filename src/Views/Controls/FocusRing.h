@@ -30,7 +30,7 @@ void setFocusArea(QWidget &widget, const QRect &area);
 /// Lays the ring around whatever has the keyboard, in every window of the program, so that no
 /// control paints one itself. What is typed into always has it, all else once the keyboard was used
 /// to come there: a click leaves the keyboard to the show. What cannot be reached by the Tab key
-/// never has it.
+/// never has it. What Tab comes to is scrolled into sight.
 ///
 /// To be installed as an event filter on the application.
 class FocusRing : public QObject
@@ -46,6 +46,7 @@ protected:
 
 private:
     bool isWanted(const QWidget &widget, Qt::FocusReason reason) const;
+    void comeTo(QWidget &widget, Qt::FocusReason reason);
     void comeByKeyboard(QWidget *focused);
     void place();
 
