@@ -52,6 +52,7 @@ OperatorWindow::OperatorWindow(WorkspaceStore &store, WindowCoordinator &windows
     setObjectName(QStringLiteral("operatorWindow"));
     m_windows.keepOff(*this);
     menus.fill(*menuBar());
+    menus.addTo(*this);
     auto *content = new OperatorView(store, commands, caches);
     setCentralWidget(content);
     content->setFocus();

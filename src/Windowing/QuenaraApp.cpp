@@ -43,13 +43,14 @@ QuenaraApp::QuenaraApp(const QPalette &platformPalette)
       m_commands({.store = m_store,
                   .outputs = m_outputs,
                   .mayReplaceDocument = [this] { return m_guard.mayReplaceDocument(); }}),
-      m_menus(m_store, m_commands, m_windows),
+      m_latinKeys(m_commands), m_menus(m_store, m_commands, m_windows),
       m_operatorWindow(m_store, m_windows, m_guard, m_commands, m_menus, m_caches),
       m_windowMemory(m_operatorWindow, WindowMemory::standardFile()),
       m_settingsWindow(m_appearance, m_menus, &m_operatorWindow),
       m_deferredPreferences(m_preferences, m_operatorWindow),
       m_sessionEnd(m_store, m_operatorWindow, m_guard, m_recorder)
 {
+    qApp->installEventFilter(&m_latinKeys);
     qApp->installEventFilter(&m_shortcutGuard);
     qApp->installNativeEventFilter(&m_shortcutGuard);
     qApp->installEventFilter(&m_activationGuard);

@@ -8,6 +8,7 @@
 #include "DocumentGuard.h"
 #include "FileDialogRunner.h"
 #include "FocusRing.h"
+#include "LatinKeys.h"
 #include "LeaveQuestionBox.h"
 #include "OperatorWindow.h"
 #include "OutputWindowController.h"
@@ -74,6 +75,7 @@ private:
     FocusRing m_focusRing;
     DocumentGuard m_guard;
     CommandActions m_commands;
+    LatinKeys m_latinKeys;
     ZelvoCommands m_menus;
     OperatorWindow m_operatorWindow;
     WindowMemory m_windowMemory;
