@@ -2,7 +2,10 @@
 #include "Picker.h"
 
 #include <QAbstractItemView>
+#include <QCursor>
 #include <QSignalSpy>
+
+#include <memory>
 
 using namespace quenara;
 using namespace quenara::test;
@@ -40,6 +43,16 @@ private slots:
         QVERIFY(chevron() != inUse);
         picker.control.setEnabled(true);
         QCOMPARE(chevron(), inUse);
+    }
+
+    void aPickerThatIsMadeUnderThePointerDoesNotTakeThatForOverIt()
+    {
+        QCursor::setPos(10, 10);
+        std::unique_ptr<Picker> picker(directions());
+        QVERIFY(picker->rect().contains(picker->mapFromGlobal(QCursor::pos())));
+        picker->setEnabled(false);
+        picker->setEnabled(true);
+        QVERIFY(!picker->underMouse());
     }
 
     void keysDoNotChooseWhileTheListIsClosed_data()

@@ -59,7 +59,10 @@ void Picker::keyPressEvent(QKeyEvent *event)
 /// it is over the picker.
 void Picker::hidePopup()
 {
+    const bool wasOpen = view()->isVisible();
     QComboBox::hidePopup();
+    if (!wasOpen)
+        return; // a change of the picker, which need not even have a place yet
     setAttribute(Qt::WA_UnderMouse, rect().contains(mapFromGlobal(QCursor::pos())));
     update();
 }
