@@ -1,6 +1,8 @@
 #include "ControlTest.h"
 #include "TextField.h"
 
+#include <QDropEvent>
+#include <QMimeData>
 #include <QSignalSpy>
 
 using namespace quenara;
@@ -106,6 +108,23 @@ private slots:
         QFocusEvent left(QEvent::FocusOut, reason);
         QApplication::sendEvent(&field.control, &left);
         QTEST(field.control.cursorPosition(), "caret");
+    }
+
+    void whatIsDroppedOnAFieldThatIsNotBeingEditedIsTaken()
+    {
+        Shown field(new TextField(u"Title"_s));
+        field.control.clearFocus();
+        const QSignalSpy finished(&field.control, &QLineEdit::editingFinished);
+        QMimeData text;
+        text.setText(u"hymn"_s);
+        const QPoint place = field.control.rect().center();
+        QDragEnterEvent enter(place, Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&field.control, &enter);
+        QDropEvent drop(place, Qt::CopyAction, &text, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&field.control, &drop);
+        QCOMPARE(field.control.text(), u"hymn"_s);
+        QCOMPARE(finished.size(), 1);
+        QVERIFY(!field.control.isModified());
     }
 
     void returnAndEscapeLeaveIt_data()

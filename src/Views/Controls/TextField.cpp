@@ -58,4 +58,11 @@ void TextField::focusOutEvent(QFocusEvent *event)
         home(false);
 }
 
+void TextField::dropEvent(QDropEvent *event)
+{
+    QLineEdit::dropEvent(event);
+    if (!hasFocus())
+        takeTyping(*this);
+}
+
 } // namespace quenara

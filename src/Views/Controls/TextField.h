@@ -27,6 +27,8 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     /// Shows a long text from its beginning again.
     void focusOutEvent(QFocusEvent *event) override;
+    /// Takes what is dropped at once while the keyboard is elsewhere: nobody would leave it.
+    void dropEvent(QDropEvent *event) override;
 };
 
 } // namespace quenara
