@@ -351,6 +351,20 @@ private slots:
         QCOMPARE(op.titlesOf(0), QStringList({u"A1"_s, u"A2"_s}));
     }
 
+    void theContextMenuKeyBringsTheSelectedRowIntoSight()
+    {
+        Rundown op(showOf({40}));
+        op.store.selectSlide(*op.store.liveSlideID(), false);
+        op.list->verticalScrollBar()->setValue(op.list->verticalScrollBar()->maximum());
+        const QModelIndex row = rowOfSlide(op, *op.store.selectedSlideID());
+        QVERIFY(!isInSight(op, row));
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
+        QApplication::sendEvent(op.list, &event);
+        QVERIFY(isInSight(op, row));
+        QVERIFY(QApplication::activePopupWidget());
+        QApplication::activePopupWidget()->close();
+    }
+
     void theContextMenuKeyOpensTheMenuOfTheSelectedSlide()
     {
         Rundown op(showOf({2, 3}));

@@ -39,7 +39,7 @@ struct CyrillicProgram : ProgramWindows
 };
 
 void send(QEvent::Type type, const CyrillicKey &key, Qt::KeyboardModifiers modifiers,
-                 bool isRepeat = false)
+          bool isRepeat = false)
 {
     const bool isWritten = modifiers == Qt::NoModifier;
     QKeyEvent event(type, key.letter, modifiers, key.place, 0, 0,
@@ -55,7 +55,7 @@ void send(QEvent::Type type, const CyrillicKey &key, Qt::KeyboardModifiers modif
 
 /// As Qt delivers a key that is no shortcut to it: first it asks, then it sends the press.
 void pressKey(const CyrillicKey &key, Qt::KeyboardModifiers modifiers = Qt::NoModifier,
-                  bool isRepeat = false)
+              bool isRepeat = false)
 {
     for (const QEvent::Type type : {QEvent::ShortcutOverride, QEvent::KeyPress})
         send(type, key, modifiers, isRepeat);

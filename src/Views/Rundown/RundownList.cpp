@@ -309,6 +309,8 @@ void RundownList::contextMenuEvent(QContextMenuEvent *event)
         ? makeSectionMenu(
             *m_model, index, [this, row] { rename(row); }, this)
         : makeSlideMenu(m_store, m_commands, index.data(RundownModel::idRole).toString(), this);
+    if (isByKeyboard)
+        scrollTo(index);
     menu->popup(isByKeyboard ? viewport()->mapToGlobal(visualRect(index).center())
                              : event->globalPos());
 }
