@@ -9,9 +9,11 @@
 #include <QDialogButtonBox>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QSet>
 #include <QSignalSpy>
 #include <QSpinBox>
+#include <QWheelEvent>
 
 using namespace quenara;
 using namespace quenara::test;
@@ -112,6 +114,24 @@ private slots:
         }
         for (const QSpinBox *number : dialog.findChildren<QSpinBox *>())
             QVERIFY(reached.contains(number) || number->isHidden());
+    }
+
+    void theWheelScrollsADialogThatIsTooLargeAndChangesNoNumber()
+    {
+        QColorDialog dialog(QColor(100, 100, 100));
+        fitInto(QSize(600, 320), dialog);
+        showActive(dialog);
+        auto *area = dialog.findChild<QScrollArea *>();
+        QVERIFY(area->verticalScrollBar()->maximum() > 0);
+        for (QSpinBox *number : dialog.findChildren<QSpinBox *>()) {
+            const QPointF place = number->rect().center();
+            QWheelEvent down(place, number->mapToGlobal(place), {}, {0, -120}, Qt::NoButton,
+                             Qt::NoModifier, Qt::NoScrollPhase, false);
+            QSpontaneKeyEvent::setSpontaneous(&down); // else it is not passed on
+            qApp->notify(number, &down);
+        }
+        QCOMPARE(dialog.currentColor(), QColor(100, 100, 100));
+        QVERIFY(area->verticalScrollBar()->value() > 0);
     }
 
     void aDialogThatFitsStaysAsItIs()

@@ -4,8 +4,10 @@
 #include "PlainToolTip.h"
 
 #include <QAbstractButton>
+#include <QAbstractSpinBox>
 #include <QBoxLayout>
 #include <QColorDialog>
+#include <QEvent>
 #include <QScrollArea>
 #include <QScrollBar>
 
@@ -33,6 +35,21 @@ QString nameOfPart(const QWidget &part, bool isFirstOfItsClass)
         return isFirstOfItsClass ? QStringLiteral("Basic colors") : QStringLiteral("Custom colors");
     return {};
 }
+
+/// Has the wheel scroll what a number lies in. Qt would turn the number, too.
+class WheelPasses : public QObject
+{
+public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject * /*number*/, QEvent *event) override
+    {
+        if (event->type() != QEvent::Wheel)
+            return false;
+        event->ignore();
+        return true;
+    }
+};
 
 } // namespace
 
@@ -70,6 +87,9 @@ void fitInto(const QSize &room, QColorDialog &dialog)
     column->insertWidget(0, area, 1);
     area->widget()->setLayout(choice);
     column->setSizeConstraint(QLayout::SetDefaultConstraint);
+    auto *wheel = new WheelPasses(area);
+    for (QAbstractSpinBox *number : area->findChildren<QAbstractSpinBox *>())
+        number->installEventFilter(wheel);
     const QMargins margins = choice->contentsMargins();
     const int beside =
         area->verticalScrollBar()->sizeHint().width() + margins.left() + margins.right();
