@@ -9,7 +9,7 @@ namespace quenara {
 
 namespace {
 
-constexpr double margin = 24; // points, on every side at least
+constexpr double slideMargin = 24; // points, on every side at least
 constexpr double snapDistance = 18; // canvas units
 constexpr double handleSize = 12; // points
 
@@ -26,8 +26,8 @@ QRectF fittedCanvasRect(const QSizeF &size, const CanvasSize &canvas)
 {
     if (size.isEmpty() || !(canvas.width > 0) || !(canvas.height > 0))
         return {};
-    const QSizeF room(std::max(0.0, size.width() - 2 * margin),
-                      std::max(0.0, size.height() - 2 * margin));
+    const QSizeF room(std::max(0.0, size.width() - 2 * slideMargin),
+                      std::max(0.0, size.height() - 2 * slideMargin));
     QRectF rect = SlideRendererView::fittedRect(room, canvas.width / canvas.height);
     rect.moveCenter({size.width() / 2, size.height() / 2});
     return rect;
