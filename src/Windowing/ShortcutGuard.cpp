@@ -8,6 +8,7 @@
 #include <QMenuBar>
 #include <QScopedValueRollback>
 
+#include <algorithm>
 #include <utility>
 
 #if QT_CONFIG(xcb)
@@ -37,9 +38,8 @@ bool isUndoOrRedo(const QKeyEvent &event)
 
 bool ShortcutGuard::nativeEventFilter(const QByteArray &type, void *message, qintptr * /*result*/)
 {
-    const auto release = releaseIn(type, message);
-    if (release && release->code == m_pressedCode)
-        m_released = {m_pressed.key, release->time};
+    if (const auto move = moveIn(type, message))
+        note(*move);
     return false;
 }
 
@@ -147,30 +147,55 @@ bool ShortcutGuard::isRepeat(const QKeyEvent &press)
         // A key that went down and up at one moment was not held.
         const bool wasHeld = m_released != m_pressed;
         m_pressed = now;
-        m_pressedCode = press.nativeScanCode();
-        m_repeats = wasHeld && now == m_released;
+        m_repeats = (wasHeld && now == m_released) || isRepeatOfServer(press);
     }
     return press.isAutoRepeat() || m_repeats;
 }
 
+/// Qt may hear of several moves before it delivers the first.
+void ShortcutGuard::note(const ServerMove &move)
+{
+    constexpr qsizetype mostRepeats = 100; // some four seconds of a held key
+    if (!move.isPress) {
+        m_serverReleased = move;
+        return;
+    }
+    const bool isHeld = m_serverReleased.code == move.code && m_serverReleased.time == move.time
+        && m_serverPressed.time != move.time;
+    m_serverPressed = move;
+    if (isHeld)
+        m_serverRepeats.append(move);
+    if (m_serverRepeats.size() > mostRepeats)
+        m_serverRepeats.removeFirst();
+}
+
+bool ShortcutGuard::isRepeatOfServer(const QKeyEvent &press) const
+{
+    return std::any_of(
+        m_serverRepeats.cbegin(), m_serverRepeats.cend(), [&press](const ServerMove &repeat) {
+            return repeat.code == press.nativeScanCode() && repeat.time == press.timestamp();
+        });
+}
+
 #if QT_CONFIG(xcb)
 
-std::optional<ShortcutGuard::Release> ShortcutGuard::releaseIn(const QByteArray &type,
+std::optional<ShortcutGuard::ServerMove> ShortcutGuard::moveIn(const QByteArray &type,
                                                                const void *message)
 {
     constexpr int sentByClient = 0x80;
     if (type != "xcb_generic_event_t")
         return std::nullopt;
     const auto &event = *static_cast<const xcb_generic_event_t *>(message);
-    if ((event.response_type & ~sentByClient) != XCB_KEY_RELEASE)
+    const int kind = event.response_type & ~sentByClient;
+    if (kind != XCB_KEY_PRESS && kind != XCB_KEY_RELEASE)
         return std::nullopt;
-    const auto &release = *static_cast<const xcb_key_release_event_t *>(message);
-    return Release{release.detail, release.time};
+    const auto &move = *static_cast<const xcb_key_press_event_t *>(message);
+    return ServerMove{kind == XCB_KEY_PRESS, move.detail, move.time};
 }
 
 #else
 
-std::optional<ShortcutGuard::Release> ShortcutGuard::releaseIn(const QByteArray & /*type*/,
+std::optional<ShortcutGuard::ServerMove> ShortcutGuard::moveIn(const QByteArray & /*type*/,
                                                                const void * /*message*/)
 {
     return std::nullopt;

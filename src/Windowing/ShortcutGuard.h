@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractNativeEventFilter>
+#include <QList>
 #include <QObject>
 
 #include <optional>
@@ -43,11 +44,12 @@ private:
         bool operator==(const Moment &) const = default;
     };
 
-    /// A release as the platform's server tells of it.
-    struct Release
+    /// A press or a release as the X server tells of it, which is before Qt does.
+    struct ServerMove
     {
-        quint32 code; ///< of the key on the keyboard
-        quint64 time; ///< as that of a Moment
+        bool isPress = false;
+        quint32 code = 0; ///< of the key on the keyboard
+        quint64 time = 0; ///< as that of a Moment
     };
 
     bool claims(QObject &receiver, QKeyEvent &press);
@@ -57,10 +59,14 @@ private:
     bool pressesButtonAgain(const QObject &receiver, const QKeyEvent &press);
     void leaveMenuBar();
     bool isRepeat(const QKeyEvent &press);
-    static std::optional<Release> releaseIn(const QByteArray &type, const void *message);
+    void note(const ServerMove &move);
+    [[nodiscard]] bool isRepeatOfServer(const QKeyEvent &press) const;
+    static std::optional<ServerMove> moveIn(const QByteArray &type, const void *message);
 
     Moment m_pressed;
-    quint32 m_pressedCode = 0; ///< of that key on the keyboard
+    ServerMove m_serverPressed;
+    ServerMove m_serverReleased;
+    QList<ServerMove> m_serverRepeats; ///< the last presses that were of a held key
     Moment m_released;
     bool m_repeats = false; ///< whether the last press was the repeat of a held key
     bool m_awaitsAlt = false; ///< pressed without a popup, not yet arrived

@@ -208,7 +208,10 @@ class Monkey:
         x, y, width, height = places[window]
         x, y = x + self.random.randrange(width), y + self.random.randrange(height)
         self.server.ask("xdotool", "mousemove", str(x), str(y))
-        under = str(self.told_of("getmouselocation")["WINDOW"])
+        told = self.told_of("getmouselocation")
+        if not told: # the window there has just closed
+            return False
+        under = str(told["WINDOW"])
         if under not in places: # a popup, or what the window manager shows
             return int(under) & CLIENT == int(window) & CLIENT
         left, top, across, down = places[under]
