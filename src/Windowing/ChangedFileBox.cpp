@@ -1,6 +1,7 @@
 #include "ChangedFileBox.h"
 
 #include "AlertBox.h"
+#include "NameInSentence.h"
 
 #include <QPushButton>
 
@@ -10,10 +11,10 @@ WorkspaceStore::ChangedFileAnswer askAboutChangedFile(const DialogOwner &owner,
                                                       const QString &fileName)
 {
     using Answer = WorkspaceStore::ChangedFileAnswer;
-    AlertBox box(
-        QStringLiteral("%1 was changed by another program since it was opened.").arg(fileName),
-        QStringLiteral("Saving replaces what the other program has written."), AlertBox::Cancel,
-        owner());
+    AlertBox box(QStringLiteral("%1 was changed by another program since it was opened.")
+                     .arg(nameInSentence(fileName)),
+                 QStringLiteral("Saving replaces what the other program has written."),
+                 AlertBox::Cancel, owner());
     const auto *saveAnyway =
         box.addButton(QStringLiteral("Save Anyway"), AlertBox::DestructiveRole);
     auto *saveAs = box.addButton(QStringLiteral("Save As..."), AlertBox::AcceptRole);

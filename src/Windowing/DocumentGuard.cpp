@@ -1,6 +1,6 @@
 #include "DocumentGuard.h"
 
-#include "ShortenedText.h"
+#include "NameInSentence.h"
 #include "Typing.h"
 #include "WindowCoordinator.h"
 #include "WorkspaceStore.h"
@@ -9,12 +9,6 @@
 #include <QStringList>
 
 namespace quenara {
-
-namespace {
-
-constexpr qsizetype longestName = 200; ///< characters of a project's name in a question
-
-} // namespace
 
 DocumentGuard::DocumentGuard(WorkspaceStore &store, const WindowCoordinator &windows,
                              LeaveQuestionRunner &questions)
@@ -62,7 +56,7 @@ bool DocumentGuard::mayLeave(bool endsShow)
     const QScopedValueRollback asking(m_isAsking, true);
     const LeaveAnswer answer = m_questions.ask({
         .text = isUnsaved ? QStringLiteral("Do you want to save the changes to \u201c%1\u201d?")
-                                .arg(shortened(m_store.project().name, longestName))
+                                .arg(nameInSentence(m_store.project().name))
                           : QStringLiteral("Do you want to quit during the service?"),
         .detail = detail.join(QLatin1Char('\n')),
         .offersSave = isUnsaved,

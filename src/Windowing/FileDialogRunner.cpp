@@ -2,6 +2,7 @@
 
 #include "AlertBox.h"
 #include "DialogParts.h"
+#include "NameInSentence.h"
 #include "WindowPlace.h"
 
 #include <QFileDialog>
@@ -124,9 +125,9 @@ bool FileDialogRunner::mayReplace(const QString &path)
 {
     const QFileInfo file(path);
     AlertBox box(QStringLiteral("\u201c%1\u201d already exists. Do you want to replace it?")
-                     .arg(file.fileName()),
+                     .arg(nameInSentence(file.fileName())),
                  QStringLiteral("This overwrites the file in the folder \u201c%1\u201d.")
-                     .arg(file.dir().dirName()),
+                     .arg(nameInSentence(file.dir().dirName())),
                  AlertBox::Cancel, m_owner());
     const auto *replace = box.addButton(QStringLiteral("Replace"), AlertBox::DestructiveRole);
     box.setDefaultButton(AlertBox::Cancel);

@@ -1,6 +1,7 @@
 #include "QuenaraApp.h"
 
 #include "ChangedFileBox.h"
+#include "NameInSentence.h"
 #include "ProjectTemplates.h"
 #include "StateFolder.h"
 #include "Typing.h"
@@ -123,7 +124,8 @@ bool QuenaraApp::mayOpen(const QUrl &file)
     if (!isOpenElsewhere(file))
         return true;
     const LeaveAnswer answer = m_questions.ask({
-        .text = QStringLiteral("%1 is open in another running Quenara.").arg(file.fileName()),
+        .text = QStringLiteral("%1 is open in another running Quenara.")
+                    .arg(nameInSentence(file.fileName())),
         .detail = QStringLiteral("If both change it, the one that saves later is asked before it "
                                  "replaces what the other has saved."),
         .offersSave = false,

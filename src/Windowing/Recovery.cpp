@@ -1,6 +1,7 @@
 #include "Recovery.h"
 
 #include "DocumentGuard.h"
+#include "NameInSentence.h"
 #include "OutputWindowController.h"
 #include "SessionRecorder.h"
 #include "WorkspaceStore.h"
@@ -57,7 +58,7 @@ void Recovery::discard(qsizetype index)
     if (asks) {
         const LeaveAnswer answer = m_context.questions.ask({
             .text = QStringLiteral("Do you want to discard the unsaved changes to \u201c%1\u201d?")
-                        .arg(journal.session.projectName),
+                        .arg(nameInSentence(journal.session.projectName)),
             .detail = QStringLiteral("They cannot be brought back."),
             .offersSave = false,
             .proceedTitle = QStringLiteral("Discard"),
