@@ -22,6 +22,13 @@ namespace {
 constexpr qsizetype largestDrawing = qsizetype(64) << 20U; // bytes, uncompressed
 constexpr int deepestNesting = 200; // of elements, and of what refers to one another
 
+// More than any drawing has, since each of them is compared with all others: the attributes of one
+// element, the namespaces of a drawing, the stops of a gradient, the elements times the rules.
+constexpr int mostAttributes = 1000;
+constexpr qsizetype mostNamespaces = 1000;
+constexpr std::size_t mostStops = 1000;
+constexpr double mostMatches = 5e7;
+
 bool isCompressed(const QByteArray &bytes)
 {
     return bytes.startsWith("\x1f\x8b");
@@ -56,9 +63,43 @@ public:
     QString resolveUndeclaredEntity(const QString &name) override { return name; }
 };
 
-/// The text of a document without its document type, if that declares entities; nothing if it
-/// declares none.
-std::optional<QString> withoutEntities(const QByteArray &bytes)
+/// Whether an element may have, or the document type declare, too many attributes: a reader knows
+/// only once it has compared them. Counted are the beginnings of values between two "<", and the
+/// words of all declarations. Some encodings have zeros between the characters.
+bool mayHaveTooManyAttributes(const QByteArray &bytes)
+{
+    constexpr int wordsOfADeclaration = 3;
+    int values = 0;
+    int words = 0;
+    int length = 0; // since the last "<"
+    char before = 0;
+    bool isDeclaration = false;
+    bool isAfterSpace = false;
+    for (const char character : bytes) {
+        if (character == '\0')
+            continue;
+        if (QByteArrayView(" \t\r\n").contains(character)) {
+            isAfterSpace = true;
+            continue;
+        }
+        const bool isStart = character == '<';
+        const bool isQuote = character == '"' || character == '\'';
+        length = isStart ? 0 : length + 1;
+        values = isStart ? 0 : values + int(isQuote && before == '=');
+        isDeclaration =
+            !isStart && (isDeclaration || (length == 2 && before == '!' && character == 'A'));
+        words += int(isDeclaration && isAfterSpace);
+        if (values > mostAttributes || words > wordsOfADeclaration * mostAttributes)
+            return true;
+        before = character;
+        isAfterSpace = false;
+    }
+    return false;
+}
+
+/// The text of a document without its document type, if that declares entities or attributes;
+/// nothing if it declares neither.
+std::optional<QString> withoutDeclarations(const QByteArray &bytes)
 {
     QXmlStreamReader reader(bytes);
     qint64 before = 0;
@@ -66,7 +107,10 @@ std::optional<QString> withoutEntities(const QByteArray &bytes)
         before = reader.characterOffset();
         reader.readNext();
     }
-    if (!reader.isDTD() || reader.entityDeclarations().isEmpty())
+    const bool declares = reader.isDTD()
+        && (!reader.entityDeclarations().isEmpty()
+            || reader.text().contains(QLatin1String("<!ATTLIST")));
+    if (!declares)
         return std::nullopt;
     QStringDecoder decoder(reader.documentEncoding().toLatin1().constData());
     if (!decoder.isValid())
@@ -103,12 +147,19 @@ public:
     QByteArray rewritten(QXmlStreamReader &reader);
 
 private:
+    /// What is painted for an element.
+    struct Cost
+    {
+        double elements = 0;
+        double characters = 0;
+    };
     struct Element
     {
-        bool isPainted = true; ///< and not only a colour that others are painted with
-        std::vector<int> children;
-        QStringList references; ///< identifiers of what it has painted, too
-        std::optional<double> cost = std::nullopt; ///< elements painted for it, once known
+        Cost own; ///< without what is in it
+        bool isText = false;
+        std::vector<int> children = {};
+        QStringList references = {}; ///< identifiers of what it has painted, too
+        std::optional<Cost> cost = std::nullopt; ///< once known
     };
 
     bool take(QXmlStreamReader &reader);
@@ -118,7 +169,9 @@ private:
     QString reference(const QStringView &element, const QString &target);
     QString embeddedImage(const QString &dataUrl);
     void noteReferences(const QString &value);
-    double cost(int index, int depth);
+    Cost cost(int index, int depth);
+    bool isAllowed(const Cost &cost) const;
+    Element &opened() { return m_elements.at(std::size_t(m_open.back())); }
 
     DrawingAllowance &m_allowance;
     QByteArray m_result;
@@ -127,6 +180,8 @@ private:
     std::vector<int> m_open; ///< the element that is read and those that it is in
     QMultiHash<QString, int> m_named;
     QString m_style; ///< rules that are read and not yet written
+    qsizetype m_ruleCount = 0;
+    qsizetype m_namespaceCount = 0;
     bool m_isStyle = false;
 };
 
@@ -138,12 +193,14 @@ QByteArray Rewriting::rewritten(QXmlStreamReader &reader)
         if (!take(reader))
             return {};
     }
-    if (reader.hasError() || m_elements.empty())
+    const double matches = double(m_elements.size()) * double(m_ruleCount);
+    if (reader.hasError() || m_elements.empty() || matches > mostMatches)
         return {};
-    const double painted = cost(0, 0);
-    if (painted > double(m_allowance.elements))
+    const Cost painted = cost(0, 0);
+    if (!isAllowed(painted))
         return {};
-    m_allowance.elements -= qint64(painted);
+    m_allowance.elements -= qint64(painted.elements);
+    m_allowance.characters -= qint64(painted.characters);
     return m_result;
 }
 
@@ -163,6 +220,9 @@ bool Rewriting::take(QXmlStreamReader &reader)
         if (m_isStyle) {
             m_style += reader.text();
         } else if (!m_open.empty()) {
+            constexpr double charactersOfPaths = 64; // that take as long as one of a text
+            if (opened().isText)
+                opened().own.characters += charactersOfPaths * double(reader.text().size());
             m_writer.writeCharacters(reader.text().toString());
         }
         return true;
@@ -176,6 +236,7 @@ bool Rewriting::take(QXmlStreamReader &reader)
 /// Rules may come in several pieces, none of which shows an address.
 void Rewriting::writeStyle()
 {
+    m_ruleCount += m_style.count(u'{') + m_style.count(u',');
     if (!m_style.isEmpty())
         m_writer.writeCharacters(withoutAddresses(std::exchange(m_style, {})));
 }
@@ -186,15 +247,23 @@ bool Rewriting::start(const QXmlStreamReader &reader)
     const int index = int(m_elements.size());
     if (m_open.size() >= deepestNesting || index >= m_allowance.elements)
         return false;
-    if (!m_open.empty())
-        m_elements.at(std::size_t(m_open.back())).children.push_back(index);
-    m_open.push_back(index);
     const QStringView name = reader.name();
+    const bool isStop = name == QLatin1String("stop");
+    m_namespaceCount += reader.namespaceDeclarations().size();
+    if (m_namespaceCount > mostNamespaces)
+        return false;
+    if (!m_open.empty()) {
+        opened().children.push_back(index);
+        if (isStop && opened().children.size() > mostStops)
+            return false;
+    }
+    m_open.push_back(index);
     m_isStyle = name == QLatin1String("style");
-    m_elements.push_back(
-        {.isPainted = name != QLatin1String("stop") && !name.endsWith(QLatin1String("Gradient")),
-         .children = {},
-         .references = {}});
+    // What others are only coloured with is not painted.
+    const bool isPainted = !isStop && !name.endsWith(QLatin1String("Gradient"));
+    m_elements.push_back({.own = {.elements = isPainted ? 1.0 : 0.0},
+                          .isText = name == QLatin1String("text") || name == QLatin1String("tspan")
+                              || name == QLatin1String("textArea")});
 
     m_writer.writeStartElement(reader.qualifiedName().toString());
     for (const QXmlStreamNamespaceDeclaration &space : reader.namespaceDeclarations()) {
@@ -219,6 +288,8 @@ void Rewriting::writeAttribute(const QStringView &element, const QXmlStreamAttri
         return;
     if (name == QLatin1String("id"))
         m_named.insert(value, m_open.back());
+    if (name == QLatin1String("d") || name == QLatin1String("points"))
+        opened().own.characters += double(value.size());
     if (name == QLatin1String("href") || name == QLatin1String("src")) {
         value = reference(element, value.trimmed());
         if (value.isEmpty())
@@ -236,7 +307,7 @@ QString Rewriting::reference(const QStringView &element, const QString &target)
     if (target.startsWith(u'#')) {
         // A link leads there when it is clicked; nothing is painted for it.
         if (element != QLatin1String("a"))
-            m_elements.at(std::size_t(m_open.back())).references.append(target.mid(1));
+            opened().references.append(target.mid(1));
         return target;
     }
     const bool isImage = element == QLatin1String("image") && target.startsWith(u"data:");
@@ -259,6 +330,9 @@ QString Rewriting::embeddedImage(const QString &dataUrl)
     if (!size.isValid() || pixels > m_allowance.imagePixels)
         return {};
     m_allowance.imagePixels -= pixels;
+    constexpr double leastElements = 10; // that take as long as an image
+    constexpr double pixelsOfOne = 16384;
+    opened().own.elements += leastElements + double(pixels) / pixelsOfOne;
     const QString format = QString::fromLatin1(image.reader().format());
     if (image.reader().read().isNull())
         return {};
@@ -273,29 +347,42 @@ void Rewriting::noteReferences(const QString &value)
     if (!value.contains(u'('))
         return;
     for (const QRegularExpressionMatch &match : part.globalMatch(value))
-        m_elements.at(std::size_t(m_open.back())).references.append(match.captured(1).trimmed());
+        opened().references.append(match.captured(1).trimmed());
 }
 
-/// How many elements are painted for the one at \a index; no end of them if it refers to what it is
-/// in, or refers to others too deeply.
-double Rewriting::cost(int index, int depth)
+/// What is painted for the element at \a index; no end of it if it refers to what it is in, refers
+/// to others too deeply or comes to more than is allowed.
+Rewriting::Cost Rewriting::cost(int index, int depth)
 {
-    constexpr double endless = std::numeric_limits<double>::infinity();
+    constexpr Cost endless{.elements = std::numeric_limits<double>::infinity()};
     Element &element = m_elements.at(std::size_t(index));
     if (element.cost)
         return *element.cost;
     if (depth > 2 * deepestNesting)
         return endless;
     element.cost = endless; // while it is counted
-    double sum = element.isPainted ? 1 : 0;
-    for (const int child : element.children)
-        sum += cost(child, depth + 1);
+    Cost sum = element.own;
+    const auto add = [&](int painted) {
+        const Cost more = cost(painted, depth + 1);
+        sum.elements += more.elements;
+        sum.characters += more.characters;
+        return isAllowed(sum);
+    };
+    if (!std::all_of(element.children.cbegin(), element.children.cend(), add))
+        return endless;
     for (const QString &reference : std::as_const(element.references)) {
-        for (const int target : m_named.values(reference))
-            sum += cost(target, depth + 1);
+        const auto [first, last] = std::as_const(m_named).equal_range(reference);
+        if (!std::all_of(first, last, add))
+            return endless;
     }
     element.cost = sum;
     return sum;
+}
+
+bool Rewriting::isAllowed(const Cost &cost) const
+{
+    return cost.elements <= double(m_allowance.elements)
+        && cost.characters <= double(m_allowance.characters);
 }
 
 } // namespace
@@ -303,10 +390,10 @@ double Rewriting::cost(int index, int depth)
 QByteArray containedDrawing(const QByteArray &bytes, DrawingAllowance &allowance)
 {
     const QByteArray drawing = isCompressed(bytes) ? uncompressed(bytes) : bytes;
-    if (drawing.size() > largestDrawing)
+    if (drawing.size() > largestDrawing || mayHaveTooManyAttributes(drawing))
         return {};
     Rewriting rewriting(allowance);
-    if (const std::optional<QString> text = withoutEntities(drawing)) {
+    if (const std::optional<QString> text = withoutDeclarations(drawing)) {
         UnexpandedEntities entities;
         QXmlStreamReader reader(*text);
         reader.setEntityResolver(&entities);

@@ -8,7 +8,10 @@ namespace quenara {
 struct DrawingAllowance
 {
     int imagesWithin = 2; ///< levels of images within images
-    qint64 elements = 100'000; ///< each as often as it is painted
+    /// Each as often as it is painted, an image as several by its size.
+    qint64 elements = 100'000;
+    /// Of paths, as often as they are painted; one of a text is as many as take as long.
+    qint64 characters = qint64(16) << 20U;
     qint64 imagePixels = qint64(64) << 20U;
 };
 

@@ -6,6 +6,7 @@
 
 #include <QGuiApplication>
 #include <QLoggingCategory>
+#include <QStringConverter>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -85,6 +86,21 @@ QByteArray useBomb(int levels)
         content += "<g id='g" + QByteArray::number(level) + "'>" + use.repeated(10) + "</g>";
     }
     return drawingOf(content + "</defs><use xlink:href='#g" + QByteArray::number(levels) + "'/>");
+}
+
+/// \a part as often as \a count says, each with its number in the place of "%".
+QByteArray numbered(const QByteArray &part, int count)
+{
+    QByteArray all;
+    for (int i = 0; i < count; ++i)
+        all += QByteArray(part).replace('%', QByteArray::number(i));
+    return all;
+}
+
+QByteArray inTwoBytes(const QByteArray &text)
+{
+    QStringEncoder encoder(QStringEncoder::Utf16, QStringEncoder::Flag::WriteBom);
+    return encoder.encode(QString::fromLatin1(text));
 }
 
 QByteArray nested(int depth)
@@ -247,6 +263,15 @@ private slots:
         QVERIFY(!rewritten.contains("expanded"));
     }
 
+    void theDocumentTypeAddsNoAttributes()
+    {
+        const QByteArray type =
+            "<!DOCTYPE svg [<!ATTLIST rect" + numbered(" a% CDATA '>'", 900) + ">]>";
+        const QByteArray rewritten = contained(type + drawingOf({}));
+        QCOMPARE(rewritten, contained(drawingOf({})));
+        QVERIFY(!rewritten.isEmpty());
+    }
+
     void whatIsNoDrawingOrHoldsTooMuchIsNone_data()
     {
         QTest::addColumn<QByteArray>("bytes");
@@ -271,6 +296,35 @@ private slots:
             drawingOf("<pattern id='p'><rect fill='url(#p)' width='9' height='9'/>"
                       "</pattern><rect fill='url(#p)' width='48' height='32'/>"));
         row("too many elements", drawingOf(QByteArray("<g/>").repeated(100'001)));
+        row("too many attributes", drawingOf("<g" + numbered(" a%='1'", 1001) + "/>"));
+        row("too many attributes in characters of two bytes",
+            inTwoBytes(drawingOf("<g" + numbered(" a% = \"1\"", 1001) + "/>")));
+        row("too many attributes in the document type",
+            "<!DOCTYPE svg [<!ATTLIST g" + numbered(" a% CDATA ''", 1001) + ">]>" + drawingOf({}));
+        row("too many lists of attributes in the document type",
+            "<!DOCTYPE svg [" + numbered("<!ATTLIST g% a CDATA ''>", 1001) + "]>" + drawingOf({}));
+        row("too many namespaces", head + numbered("<g xmlns:n%='n'/>", 1001) + "</svg>");
+        row("too many stops",
+            drawingOf("<linearGradient>" + QByteArray("<stop/>").repeated(1001)
+                      + "</linearGradient>"));
+        row("too many rules for its elements",
+            drawingOf("<style>" + QByteArray("*{fill:red}").repeated(10'000) + "</style>"
+                      + QByteArray("<g/>").repeated(10'000)));
+        row("too many selectors for its elements",
+            drawingOf("<style>" + QByteArray("*,").repeated(10'000) + "*{fill:red}</style>"
+                      + QByteArray("<g/>").repeated(10'000)));
+        row("many uses of many elements of one name",
+            drawingOf(QByteArray("<g id='a'/>").repeated(45'000)
+                      + QByteArray("<use xlink:href='#a'/>").repeated(45'000)));
+        row("many uses of a long path",
+            drawingOf("<path id='a' d='M0 0" + QByteArray("L9 9L8 9").repeated(5000) + "'/>"
+                      + QByteArray("<use xlink:href='#a'/>").repeated(1000)));
+        row("many uses of a long text",
+            drawingOf("<text id='a'>" + QByteArray("words ").repeated(5000) + "</text>"
+                      + QByteArray("<use xlink:href='#a'/>").repeated(1000)));
+        row("many uses of an image",
+            drawingOf("<g id='a'>" + imageOf(dataUrl("png", redPng())) + "</g>"
+                      + QByteArray("<use xlink:href='#a'/>").repeated(10'000)));
         row("a small file that becomes a large one",
             compressed(drawingOf(QByteArray(qsizetype(200) << 20U, ' '))));
         row("a compressed file that is cut short", compressed(drawingOf({})).chopped(12));
