@@ -79,8 +79,8 @@ void synchronizeFolder([[maybe_unused]] const QString &folder)
 #endif
 }
 
-/// Whether the open file still is the one of its name: its process may have replaced or removed it.
-bool hasItsName([[maybe_unused]] const QFile &file)
+/// Whether the open file is the one at \a path: another may have come to its place, or none.
+bool isAt(const QString &path, [[maybe_unused]] const QFile &file)
 {
 #ifdef Q_OS_UNIX
     struct stat opened
@@ -88,10 +88,10 @@ bool hasItsName([[maybe_unused]] const QFile &file)
     struct stat named
     {};
     return ::fstat(file.handle(), &opened) == 0
-        && ::lstat(QFile::encodeName(file.fileName()).constData(), &named) == 0
+        && ::lstat(QFile::encodeName(path).constData(), &named) == 0
         && opened.st_dev == named.st_dev && opened.st_ino == named.st_ino;
 #else
-    return file.exists();
+    return QFile::exists(path);
 #endif
 }
 
@@ -118,7 +118,7 @@ std::shared_ptr<QFile> locked(const QString &path)
     auto file = std::make_shared<QFile>(path);
     const bool isLocked = QFileInfo(path).isFile() && !QFileInfo(path).isSymbolicLink()
         && file->open(QIODevice::ReadWrite | QIODevice::ExistingOnly) && lock(*file)
-        && hasItsName(*file);
+        && isAt(path, *file);
     return isLocked ? file : nullptr;
 }
 
@@ -134,7 +134,7 @@ std::optional<Session> sessionOfRunningProgram(const QString &path)
             return std::nullopt;
         if (isLocked(file))
             return SessionJournal::read(file.read(file.size()));
-        if (hasItsName(file))
+        if (isAt(path, file))
             return std::nullopt;
     }
     return std::nullopt;
@@ -198,6 +198,11 @@ bool JournalFile::begin(const QByteArrayList &pieces, bool isDurable)
     return false;
 }
 
+bool JournalFile::isInPlace() const
+{
+    return m_file && isAt(m_path, *m_file);
+}
+
 bool JournalFile::append(const QByteArrayList &pieces)
 {
     return m_file && write(*m_file, pieces);
@@ -223,7 +228,7 @@ void LeftOverJournal::remove() const
     QFile::remove(path);
 }
 
-QList<LeftOverJournal> leftOverJournals(const QString &folder)
+QList<LeftOverJournal> leftOverJournals(const QString &folder, qint64 mostBytes)
 {
     QList<LeftOverJournal> journals;
     removeAbandoned(folder);
@@ -232,6 +237,9 @@ QList<LeftOverJournal> leftOverJournals(const QString &folder)
         const std::shared_ptr<QFile> file = locked(info.filePath());
         if (!file)
             continue;
+        mostBytes -= file->size();
+        if (mostBytes < 0 && !journals.isEmpty())
+            break;
         try {
             const auto bytes = wholeFile(QUrl::fromLocalFile(info.filePath()));
             if (!bytes || !SessionJournal::isJournal(*bytes))

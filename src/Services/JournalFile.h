@@ -24,6 +24,9 @@ public:
 
     const QString &path() const { return m_path; }
     bool isOpen() const { return m_file != nullptr; }
+    /// Whether the next start would find what is written. False once somebody has removed the file
+    /// or its folder, or has put another in its place.
+    bool isInPlace() const;
     /// In bytes; 0 while there is none.
     qint64 size() const { return m_file ? m_file->size() : 0; }
 
@@ -59,9 +62,14 @@ struct LeftOverJournal
     void remove() const;
 };
 
-/// The journals in \a folder that no running program has, newest first. Removes those that hold
-/// nothing to bring back, and leaves files alone that are none.
-[[nodiscard]] QList<LeftOverJournal> leftOverJournals(const QString &folder);
+/// How large the journals that are read at one start may be in bytes, all together.
+inline constexpr qint64 mostLeftOverBytes = qint64(1) << 30U;
+
+/// The journals in \a folder that no running program has, newest first; of more than \a mostBytes
+/// only the newest, and one of any size. Removes those that hold nothing to bring back, and leaves
+/// files alone that are none.
+[[nodiscard]] QList<LeftOverJournal> leftOverJournals(const QString &folder,
+                                                      qint64 mostBytes = mostLeftOverBytes);
 
 /// Whether another running program has the document in \a file open, under whatever path, as the
 /// journals in \a folder tell. \a own are the paths of those that this program has.

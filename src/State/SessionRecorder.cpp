@@ -25,8 +25,9 @@ bool isWorthKeeping(const Session &session)
 
 } // namespace
 
-SessionRecorder::SessionRecorder(const WorkspaceStore &store, const QString &folder)
-    : m_store(store), m_file(folder)
+SessionRecorder::SessionRecorder(const WorkspaceStore &store, const QString &folder,
+                                 std::chrono::milliseconds pauseAfterFailure)
+    : m_store(store), m_file(folder), m_pauseAfterFailure(pauseAfterFailure)
 {
     // An edit is recorded before views paint it, which might be what ends the program; a step of
     // the show after the audience has seen it.
@@ -59,7 +60,7 @@ bool SessionRecorder::synchronize()
         if (!m_isOnDisk)
             giveUp();
     }
-    return m_isOnDisk;
+    return !m_isGivenUp;
 }
 
 void SessionRecorder::setLeavesUnsavedWork(bool leaves)
@@ -109,24 +110,26 @@ FilePlaces SessionRecorder::filePlaces() const
 
 void SessionRecorder::record()
 {
-    if (m_isGivenUp)
-        return;
     const Session session = present();
-    const Session &written = m_journal.written();
-    const bool isEdit = mayDiffer(written.project, session.project);
+    const bool isEdit = mayDiffer(m_journal.written().project, session.project);
+    if (m_isGivenUp) {
+        if (isEdit && mayTryAgain())
+            finishEdit();
+        return;
+    }
     const bool isOtherDocument = isEdit && !session.hasUnsavedChanges && !m_store.hasOpenGesture();
     if (!isWorthKeeping(session)) {
         m_file.remove();
         m_journal = SessionJournal();
         m_isOnDisk = true; // nothing is to be brought there any more
     } else if (!m_file.isOpen() || isOtherDocument || !m_isWhole) {
-        begin(session, false);
+        begin(session, !m_isWhole);
     } else {
         add(session);
     }
     if (isEdit && m_file.isOpen())
         m_isOnDisk = false;
-    if (!m_isOnDisk && !m_store.hasOpenGesture())
+    if (!m_isOnDisk && !m_isGivenUp && !m_store.hasOpenGesture())
         finishEdit();
 }
 
@@ -143,6 +146,7 @@ void SessionRecorder::begin(const Session &session, bool isDurable)
     if (m_file.begin(m_journal.add(session), isDurable)) {
         m_sizeAtBeginning = m_file.size();
         m_isWhole = true;
+        m_isOnDisk = false; // its name is not there yet
     } else {
         giveUp();
     }
@@ -159,18 +163,31 @@ void SessionRecorder::finishEdit()
 void SessionRecorder::customEvent(QEvent * /*event*/)
 {
     m_isSynchronizationPosted = false;
-    if (m_isGivenUp || m_store.hasOpenGesture())
+    if (m_store.hasOpenGesture())
         return;
-    if (m_file.size() > 2 * m_sizeAtBeginning + leastGrowth) {
-        begin(present(), true);
-        m_isOnDisk = true;
+    if (m_isGivenUp) {
+        m_isGivenUp = !mayTryAgain();
+        return record();
     }
+    if (m_file.isOpen() && (hasGrownLarge() || !m_file.isInPlace()))
+        begin(present(), true);
     synchronize();
+}
+
+bool SessionRecorder::hasGrownLarge() const
+{
+    return m_file.size() > 2 * m_sizeAtBeginning + leastGrowth;
+}
+
+bool SessionRecorder::mayTryAgain() const
+{
+    return std::chrono::milliseconds(m_sinceFailure.elapsed()) >= m_pauseAfterFailure;
 }
 
 /// The show goes on without a journal. What it holds by then can still be brought back.
 void SessionRecorder::giveUp()
 {
+    m_sinceFailure.start();
     m_isGivenUp = true;
     m_isWhole = false;
     if (!std::exchange(m_hasSaidSo, true))

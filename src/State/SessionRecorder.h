@@ -3,7 +3,10 @@
 #include "JournalFile.h"
 #include "SessionJournal.h"
 
+#include <QElapsedTimer>
 #include <QObject>
+
+#include <chrono>
 
 namespace quenara {
 
@@ -16,11 +19,18 @@ class WorkspaceStore;
 ///
 /// The journal holds the project from its first unsaved change on, and one that has no file yet
 /// from its start. A save makes it small again. Its file goes with this object.
+///
+/// Where it cannot be written, as on a full disk, the show goes on without it. It is tried again
+/// with a save, with the first change after that, and with an edit some time later.
 class SessionRecorder : public QObject
 {
 public:
-    /// \a store must outlive this. \a folder is that of all journals.
-    SessionRecorder(const WorkspaceStore &store, const QString &folder);
+    static constexpr std::chrono::seconds usualPauseAfterFailure{10};
+
+    /// \a store must outlive this. \a folder is that of all journals. No edit before
+    /// \a pauseAfterFailure is over has the journal tried again: that writes the whole project.
+    SessionRecorder(const WorkspaceStore &store, const QString &folder,
+                    std::chrono::milliseconds pauseAfterFailure = usualPauseAfterFailure);
     ~SessionRecorder() override;
 
     SessionRecorder(const SessionRecorder &) = delete;
@@ -47,6 +57,8 @@ private:
     void add(const Session &session);
     void begin(const Session &session, bool isDurable);
     void finishEdit();
+    bool hasGrownLarge() const;
+    bool mayTryAgain() const;
     void giveUp();
 
     const WorkspaceStore &m_store;
@@ -56,7 +68,9 @@ private:
     qint64 m_sizeAtBeginning = 0;
     bool m_isOnDisk = true;
     bool m_isSynchronizationPosted = false;
-    bool m_isGivenUp = false; ///< until the document is saved, or is changed for the first time
+    bool m_isGivenUp = false;
+    QElapsedTimer m_sinceFailure; ///< runs once anything has failed
+    std::chrono::milliseconds m_pauseAfterFailure;
     bool m_isWhole = true; ///< false if something may be lacking in the file, or half in it
     bool m_hasSaidSo = false;
     bool m_leavesUnsavedWork = false;

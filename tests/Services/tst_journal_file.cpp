@@ -10,6 +10,7 @@
 #include <QTest>
 
 #include <csignal>
+#include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -88,6 +89,20 @@ private slots:
         QCOMPARE(journals.names(), (QStringList{u"Newest"_s, u"Middle"_s, u"Oldest"_s}));
         // Looking at them changes nothing.
         QCOMPARE(journals.names(), (QStringList{u"Newest"_s, u"Middle"_s, u"Oldest"_s}));
+    }
+
+    void ofManyLargeOnesTheNewestAreReadAndTheOthersKept()
+    {
+        const Journals journals;
+        journals.leaveBehind(u"Newest"_s);
+        const qint64 size = QFileInfo(journals.onlyFile()).size();
+        journals.leaveBehind(u"Middle"_s, 200);
+        journals.leaveBehind(u"Oldest"_s, 3000);
+        QCOMPARE(leftOverJournals(journals.folder, 0).size(), 1);
+        QCOMPARE(leftOverJournals(journals.folder, size).size(), 1);
+        QCOMPARE(leftOverJournals(journals.folder, 2 * size).size(), 2);
+        QCOMPARE(leftOverJournals(journals.folder, 0).first().session.projectName, u"Newest"_s);
+        QCOMPARE(journals.names().size(), 3);
     }
 
     void aJournalThatIsOpenIsNotLeftOver()
@@ -213,6 +228,10 @@ private slots:
         QVERIFY(file.open(QIODevice::ReadWrite));
         QVERIFY(file.setFileTime(QDateTime::currentDateTime().addSecs(-600),
                                  QFileDevice::FileModificationTime));
+        // However slow its disk is, a process that still writes has the lock.
+        QCOMPARE(::flock(file.handle(), LOCK_EX), 0);
+        QCOMPARE(journals.names(), QStringList());
+        QCOMPARE(journals.files().size(), 2);
         file.close();
         QCOMPARE(journals.names(), QStringList());
         QCOMPARE(journals.files(), QStringList{u"young.journal.new"_s});

@@ -1,3 +1,4 @@
+#include "FullDisk.h"
 #include "ProjectTemplates.h"
 #include "RandomHand.h"
 #include "SessionRecorder.h"
@@ -7,12 +8,12 @@
 #include <QDir>
 #include <QTest>
 
-#include <csignal>
-#include <sys/resource.h>
+#include <chrono>
 
 using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
+using namespace std::chrono_literals;
 
 namespace tst_session_recorder {
 
@@ -357,24 +358,53 @@ private slots:
         editText(world.store);
         const QByteArray whole = world.bytes();
         const Session last = *world.recorded();
-        const auto limitFiles = [](rlim_t size) {
-            rlimit limit{};
-            QCOMPARE(::getrlimit(RLIMIT_FSIZE, &limit), 0);
-            limit.rlim_cur = std::min(size, limit.rlim_max);
-            QCOMPARE(::setrlimit(RLIMIT_FSIZE, &limit), 0);
-        };
-        std::signal(SIGXFSZ, SIG_IGN);
-        limitFiles(rlim_t(whole.size()) + 20);
         QTest::ignoreMessage(QtInfoMsg, "Quenara could not write its recovery journal.");
-        for (int i = 0; i < 5; ++i) {
-            editText(world.store);
-            QCoreApplication::sendPostedEvents();
+        {
+            const FullDisk disk(ulong(whole.size()) + 20);
+            for (int i = 0; i < 5; ++i) {
+                editText(world.store);
+                QCoreApplication::sendPostedEvents();
+            }
+            QVERIFY(!world.store.errorMessage());
+            QCOMPARE(world.recorded(), std::optional(last));
         }
-        QVERIFY(!world.store.errorMessage());
-        QCOMPARE(world.recorded(), std::optional(last));
-
-        limitFiles(RLIM_INFINITY);
         world.store.saveProject();
+        QVERIFY(isUpToDate(world));
+        editText(world.store);
+        QVERIFY(isUpToDate(world));
+    }
+
+    void onceTheDiskHasRoomAgainItHoldsTheNextEdit()
+    {
+        RecordedWorld world(showOf({2}));
+        world.recorder = std::make_unique<SessionRecorder>(world.store, world.journals, 0ms);
+        world.save();
+        editText(world.store);
+        QTest::ignoreMessage(QtInfoMsg, "Quenara could not write its recovery journal.");
+        {
+            const FullDisk disk;
+            for (int i = 0; i < 3; ++i) {
+                editText(world.store);
+                QCoreApplication::sendPostedEvents();
+                QVERIFY(!world.recorder->synchronize());
+            }
+        }
+        editText(world.store);
+        QCoreApplication::sendPostedEvents();
+        QVERIFY(isUpToDate(world));
+        QVERIFY(world.recorder->synchronize());
+        editText(world.store);
+        QVERIFY(isUpToDate(world));
+    }
+
+    void aJournalThatSomebodyRemovesIsThereAgainAfterTheNextEdit()
+    {
+        RecordedWorld world(showOf({2}));
+        editText(world.store);
+        QCoreApplication::sendPostedEvents();
+        QVERIFY(QDir(world.journals).removeRecursively());
+        editText(world.store);
+        QCoreApplication::sendPostedEvents();
         QVERIFY(isUpToDate(world));
         editText(world.store);
         QVERIFY(isUpToDate(world));

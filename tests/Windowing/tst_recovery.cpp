@@ -1,3 +1,4 @@
+#include "FullDisk.h"
 #include "GuiTestSupport.h"
 #include "ProgramWindows.h"
 #include "Recovery.h"
@@ -148,7 +149,7 @@ private slots:
     void discardingUnsavedWorkAsksOnceMore()
     {
         NextStart program;
-        program.leave(u"Sunday"_s);
+        program.leave(u"Sun\u202eday"_s); // would turn the words after it
         QPointer<RecoverySheet> sheet = program.start();
         const QSignalSpy answered(program.recovery.get(), &Recovery::answered);
         press(*sheet, u"Discard"_s);
@@ -222,6 +223,28 @@ private slots:
         QVERIFY(!program.windows.isDisplayWindowOpen());
         QVERIFY(program.files().contains(u"Sunday.journal"_s));
         program.store.dismissError();
+    }
+
+    void workIsKeptUntilItIsInAnotherJournal_data()
+    {
+        QTest::addColumn<bool>("isUnsaved");
+        QTest::newRow("unsaved work") << true;
+        QTest::newRow("the show of a saved document") << false;
+    }
+
+    void workIsKeptUntilItIsInAnotherJournal()
+    {
+        QFETCH(bool, isUnsaved);
+        NextStart program;
+        program.leave(u"Sunday"_s, {}, isUnsaved);
+        QTest::ignoreMessage(QtInfoMsg, "Quenara could not write its recovery journal.");
+        {
+            const FullDisk disk;
+            press(*program.start(), u"Continue"_s);
+        }
+        QCOMPARE(program.store.project().name, u"Sunday"_s);
+        QCOMPARE(program.store.hasUnsavedChanges(), isUnsaved);
+        QCOMPARE(program.files(), QStringList{u"Sunday.journal"_s});
     }
 
     void theWindowsOfASessionAreWhatReopensThem()
