@@ -19,6 +19,7 @@
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 using namespace quenara;
@@ -1234,6 +1235,20 @@ private slots:
         op.list->verticalScrollBar()->setValue(0);
         op.view.grab();
         QCOMPARE(made(), scrolled);
+    }
+
+    void whatTheThumbnailsHoldGoesWithTheDocument()
+    {
+        const QByteArray video(1000, 'x');
+        ZelvoProject project = showOf({3});
+        for (Slide &slide : project.serviceItems[0].slides)
+            slide.design.background.video = VideoBackground{.name = {}, .dataUrl = video};
+        Rundown op(std::exchange(project, {}));
+        op.view.grab();
+        QVERIFY(!video.isDetached());
+        op.store.newBlankProject();
+        op.view.grab();
+        QVERIFY(video.isDetached());
     }
 
     void onlyRowsInSightGetThumbnails()

@@ -75,6 +75,10 @@ QModelIndex RundownList::affectedRow() const
 /// the list where it was scrolled to.
 void RundownList::followStore()
 {
+    if (m_projectID != m_store.project().id) {
+        m_projectID = m_store.project().id;
+        m_thumbnails.clear(); // a project that has been closed takes no memory
+    }
     executeDelayedItemsLayout(); // rows that have come or gone move the others
     followSelection();
     followLive();

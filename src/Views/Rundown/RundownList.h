@@ -79,6 +79,7 @@ private:
     const CommandActions &m_commands;
     SlideThumbnails m_thumbnails;
     RundownModel *m_model;
+    QString m_projectID; ///< of the project whose slides have thumbnails
     QPersistentModelIndex m_followed; ///< the row last scrolled to
     int m_followedRow = -1;
     std::optional<QString> m_liveID; ///< of the slide that was live when the list last followed

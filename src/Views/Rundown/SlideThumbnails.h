@@ -23,6 +23,9 @@ public:
     /// From now on thumbnails are made for a few milliseconds, the first one in any case.
     void startMaking();
 
+    /// Lets go of all thumbnails, and of what their slides hold.
+    void clear() { m_entries.clear(); }
+
     /// Null if the thumbnail is not made yet and the time is up; it is then owed.
     QPixmap thumbnail(const Slide &slide, double devicePixelRatio);
 
