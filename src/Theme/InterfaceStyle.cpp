@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QFile>
+#include <QPixmapCache>
 #include <QRegularExpression>
 #include <QStyleFactory>
 
@@ -46,6 +47,9 @@ void setUpInterface()
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     loadBundledFonts();
     QApplication::setFont(systemFont(textSize, QFont::Normal));
+    // Each dialog leaves images in Qt's cache that nothing asks for again.
+    constexpr int cacheLimit = 2048; // kB
+    QPixmapCache::setCacheLimit(cacheLimit);
 }
 
 void applyTheme(const ZelvoTheme &theme)
