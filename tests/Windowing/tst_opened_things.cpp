@@ -2,12 +2,15 @@
 #include "AccessibleThings.h"
 #include "BareKeys.h"
 #include "GuiTestSupport.h"
+#include "InterfaceStyle.h"
 #include "ProgramStates.h"
+#include "ZelvoTheme.h"
 
 #include <QAbstractButton>
 #include <QPointer>
 
 #include <memory>
+#include <utility>
 
 using namespace quenara;
 using namespace quenara::test;
@@ -230,35 +233,7 @@ private slots:
         QApplication::setQuitOnLastWindowClosed(false);
     }
 
-    /// A row for everything that opens something, found by trying whatever there is.
-    void whatIsOpenHasEveryKeyAndTheShowNone_data()
-    {
-        QTest::addColumn<Opener>("opener");
-        QSet<QString> tried;
-        for (const State &state : ownStates) {
-            std::unique_ptr<AskingProgram> program;
-            for (const auto &[name, opener] : offeredIn(state.arrange)) {
-                if (tried.contains(name))
-                    continue;
-                tried.insert(name);
-                if (!program)
-                    program = std::make_unique<AskingProgram>(state.arrange);
-                const QString before = program->state();
-                bool opens = false;
-                whileOpen([&] { opener.open(*program); },
-                          [&] {
-                              opens = program->hasOpened();
-                              if (opens)
-                                  m_opened.insert(openClass());
-                          });
-                // A program is used again as long as nothing has come of it.
-                if (opens || program->state() != before)
-                    program.reset();
-                if (opens)
-                    QTest::addRow("%s, while %s", qPrintable(name), state.name) << opener;
-            }
-        }
-    }
+    void whatIsOpenHasEveryKeyAndTheShowNone_data() { addOpeners(); }
 
     void whatIsOpenHasEveryKeyAndTheShowNone()
     {
@@ -292,15 +267,86 @@ private slots:
         }
     }
 
+    /// A row for each kind of thing that can be opened.
+    void whatIsOpenStaysOpenWhenTheDesktopChangesItsColours_data()
+    {
+        findOpeners();
+        QTest::addColumn<Opener>("opener");
+        for (const auto &[kind, opener] : m_kinds.asKeyValueRange())
+            QTest::newRow(qPrintable(kind)) << opener;
+    }
+
+    void whatIsOpenStaysOpenWhenTheDesktopChangesItsColours()
+    {
+        QFETCH(Opener, opener);
+        const AskingProgram program(opener.arrange);
+        const QString before = program.show();
+        whileOpen([&] { opener.open(program); },
+                  [&] {
+                      const QWidget *popup = QApplication::activePopupWidget();
+                      const QWidget *window = QApplication::activeWindow();
+                      for (const ZelvoTheme &theme : {ZelvoTheme::dark(), ZelvoTheme::light()}) {
+                          applyTheme(theme);
+                          Program::settle();
+                          QVERIFY(program.hasOpened());
+                          QCOMPARE(QApplication::activePopupWidget(), popup);
+                          QCOMPARE(QApplication::activeWindow(), window);
+                      }
+                  });
+        QCOMPARE(program.show(), before);
+    }
+
     void everyKindOfThingWasOpened()
     {
+        findOpeners();
         for (const char *kind :
              {"QMenu", "QComboBoxPrivateContainer", "QColorDialog", "QFileDialog", "AlertBox",
               "StartPanelView", "SongImportSheet", "SettingsWindow"})
-            QVERIFY2(m_opened.contains(QString::fromLatin1(kind)), kind);
+            QVERIFY2(m_kinds.contains(QString::fromLatin1(kind)), kind);
     }
 
 private:
+    /// Adds a row for everything that opens something, found by trying whatever there is.
+    void addOpeners()
+    {
+        findOpeners();
+        QTest::addColumn<Opener>("opener");
+        for (const auto &[name, opener] : std::as_const(m_openers))
+            QTest::newRow(qPrintable(name)) << opener;
+    }
+
+    void findOpeners()
+    {
+        if (!m_openers.isEmpty())
+            return;
+        QSet<QString> tried;
+        for (const State &state : ownStates) {
+            std::unique_ptr<AskingProgram> program;
+            for (const auto &[name, opener] : offeredIn(state.arrange)) {
+                if (tried.contains(name))
+                    continue;
+                tried.insert(name);
+                if (!program)
+                    program = std::make_unique<AskingProgram>(state.arrange);
+                const QString before = program->state();
+                bool opens = false;
+                whileOpen([&] { opener.open(*program); },
+                          [&] {
+                              opens = program->hasOpened();
+                              if (opens && !m_kinds.contains(openClass()))
+                                  m_kinds.insert(openClass(), opener);
+                          });
+                // A program is used again as long as nothing has come of it.
+                if (opens || program->state() != before)
+                    program.reset();
+                if (opens) {
+                    const QString place = QLatin1String(", while ") + QLatin1String(state.name);
+                    m_openers.append({name + place, opener});
+                }
+            }
+        }
+    }
+
     static QList<Qt::Key> closing() { return {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}; }
 
     static QString openClass()
@@ -333,7 +379,8 @@ private:
         QVERIFY2(answers <= 1, name);
     }
 
-    QSet<QString> m_opened;
+    QList<std::pair<QString, Opener>> m_openers;
+    QMap<QString, Opener> m_kinds; ///< one for each kind of thing that is opened
 };
 
 QUENARA_GUI_TEST(TestOpenedThings)
