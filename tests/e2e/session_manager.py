@@ -16,6 +16,9 @@ ERROR_SIZE = 256
 EVERY_CALLBACK = (1 << 10) - 1
 POLL_INTERVAL = 0.02
 
+# What C code points to: the libraries call those of an earlier manager for a later one, too.
+kept = []
+
 
 class Callback(ctypes.Structure):
     _fields_ = [("function", c_void_p), ("data", c_void_p)]
@@ -67,7 +70,6 @@ class SessionManager:
         self._answers = []
         self._clients = []
         self._connections = []
-        self._kept = [] # what C code points to
         self._lock = threading.Lock() # of all that is above and of what the libraries do
         self._is_closed = threading.Event()
         self._listen()
@@ -85,8 +87,9 @@ class SessionManager:
             self._ice.IceCloseConnection(c_void_p(connection))
         self._ice.IceFreeListenObjs(self._listener_count, self._listeners)
 
-    def _keep(self, value):
-        self._kept.append(value)
+    @staticmethod
+    def _keep(value):
+        kept.append(value)
         return value
 
     def _listen(self):
