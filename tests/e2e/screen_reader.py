@@ -6,7 +6,7 @@ import signal
 import tempfile
 from pathlib import Path
 
-from processes import Process, wait_until
+from processes import DEADLINE, Process, wait_until
 from xserver import Unavailable
 
 try:
@@ -16,6 +16,8 @@ try:
 except (ImportError, ValueError) as reason:
     Atspi = None
     WITHOUT_READER = f"reading the accessibility tree needs its bindings: {reason}"
+
+ANSWER_LIMIT = DEADLINE * 1000 # milliseconds
 
 
 class ScreenReader:
@@ -46,6 +48,9 @@ class ScreenReader:
                             "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}
         os.environ |= {"DBUS_SESSION_BUS_ADDRESS": address, "DISPLAY": server.display}
         Atspi.init()
+        # Unless told otherwise, it gives up a program that has not answered for 0.8 s, and what was
+        # asked about counts as gone.
+        Atspi.set_timeout(ANSWER_LIMIT, ANSWER_LIMIT)
         # Only a main loop would keep a cache up to date.
         Atspi.get_desktop(0).set_cache_mask(Atspi.Cache.NONE)
 
