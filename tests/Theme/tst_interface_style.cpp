@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QPainter>
+#include <QPixmapCache>
 #include <QPushButton>
 #include <QRegularExpression>
 
@@ -150,6 +151,24 @@ private slots:
             blank.fill(Qt::transparent);
             QVERIFY2(image != blank, qPrintable(symbol));
         }
+    }
+
+    void imagesThatNothingAsksForAgainTakeLittleMemory()
+    {
+        constexpr int images = 32;
+        constexpr int side = 256; // 256 kB each
+        setUpInterface();
+        QPixmapCache::clear();
+        int kept = 0;
+        for (int i = 0; i < images; ++i) {
+            QPixmap image(side, side);
+            image.fill(Qt::white);
+            QPixmapCache::insert(QString::number(i), image);
+        }
+        for (int i = 0; i < images; ++i)
+            kept += int(QPixmapCache::find(QString::number(i), nullptr));
+        QVERIFY(kept > 0);
+        QVERIFY2(kept <= images / 4, qPrintable(QString::number(kept)));
     }
 };
 
