@@ -4,11 +4,13 @@
 #include <QKeyEvent>
 #include <QShortcut>
 
+#include <utility>
+
 namespace quenara {
 
 namespace {
 
-constexpr qint64 escapeTwiceWithin = 1000; // milliseconds
+constexpr quint64 escapeTwiceWithin = 1000; // milliseconds
 
 } // namespace
 
@@ -23,20 +25,22 @@ EscapeTwice::EscapeTwice(QWidget &window) : QObject(&window)
 /// A key that is a shortcut arrives as the question whether it may be one, and not as a press.
 bool EscapeTwice::eventFilter(QObject *watched, QEvent *event)
 {
-    if (event->type() == QEvent::ShortcutOverride
-        && static_cast<const QKeyEvent *>(event)->key() != Qt::Key_Escape)
-        m_sinceFirst.invalidate();
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto &key = static_cast<const QKeyEvent &>(*event);
+        if (key.key() == Qt::Key_Escape)
+            m_askedAt = key.timestamp();
+        else
+            m_first.reset();
+    }
     return QObject::eventFilter(watched, event);
 }
 
 void EscapeTwice::press()
 {
-    const bool isSecond = m_sinceFirst.isValid() && !m_sinceFirst.hasExpired(escapeTwiceWithin);
-    if (isSecond) {
-        m_sinceFirst.invalidate();
+    const auto first = std::exchange(m_first, m_askedAt);
+    if (first && m_askedAt - *first <= escapeTwiceWithin) {
+        m_first.reset();
         emit pressed();
-    } else {
-        m_sinceFirst.start();
     }
 }
 

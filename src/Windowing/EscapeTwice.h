@@ -1,13 +1,14 @@
 #pragma once
 
-#include <QElapsedTimer>
 #include <QObject>
+
+#include <optional>
 
 namespace quenara {
 
 /// Tells when Escape is pressed in a window twice in a row and within a second, so that a key that
 /// is brushed against does nothing. Any other key in between, in whatever window, starts afresh,
-/// and so does a new window.
+/// and so does a new window. What counts is when the keys went down, however late they arrive.
 class EscapeTwice : public QObject
 {
     Q_OBJECT
@@ -24,7 +25,9 @@ signals:
 private:
     void press();
 
-    QElapsedTimer m_sinceFirst; ///< invalid unless a first press waits for its second
+    quint64 m_askedAt =
+        0; ///< when the last Escape went down, in milliseconds of the platform's clock
+    std::optional<quint64> m_first; ///< likewise of a press that waits for its second
 };
 
 } // namespace quenara

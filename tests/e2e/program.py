@@ -211,6 +211,15 @@ class Program:
             self.server.run("xdotool", "key", key)
 
     @contextlib.contextmanager
+    def stopped(self):
+        """Meanwhile, the program does nothing, as on a machine that has too much to do."""
+        os.kill(self.pid, signal.SIGSTOP)
+        try:
+            yield
+        finally:
+            os.kill(self.pid, signal.SIGCONT)
+
+    @contextlib.contextmanager
     def held(self, key):
         """Holds a key down meanwhile."""
         self.server.run("xdotool", "keydown", key)

@@ -77,6 +77,23 @@ class Display(TwoScreenCase):
         program.wait_for_no_window(DISPLAY)
         self.assertIsNone(program.status())
 
+    def test_escape_counts_as_pressed_twice_by_when_the_key_went_down(self):
+        self.server.unplug_second_screen()
+        self.addCleanup(self.server.plug_second_screen)
+        program = self.start_show()
+        program.open_display()
+        with program.stopped():
+            program.press("Escape")
+            time.sleep(1.2)
+            program.press("Escape")
+        program.wait_until_at_rest()
+        self.see_slide(0, FIRST_SCREEN)
+        program.press("x", "Escape")  # of which the first starts afresh
+        with program.stopped():
+            program.press("Escape")
+            time.sleep(1.2)
+        program.wait_for_no_window(DISPLAY)
+
     def test_beside_the_operator_escape_does_not_close_it(self):
         program = self.start_show()
         program.open_display()
