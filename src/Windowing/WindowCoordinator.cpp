@@ -192,10 +192,10 @@ void WindowCoordinator::followScreens()
 void WindowCoordinator::followWithDisplay()
 {
     const auto screen = m_placement.screenToFollow(m_displayScreen);
-    if (!screen) {
-        closeDisplayWindow();
-        setDisplayWaiting(true);
-    } else if (m_placement.move(*m_display.window, *screen)) {
+    if (!screen)
+        return awaitDisplayScreen();
+    m_hasDisplayFollowed = m_hasDisplayFollowed || screen->screen != m_displayScreen;
+    if (m_placement.move(*m_display.window, *screen)) {
         m_displayScreen = screen->screen;
     } else {
         m_display.window->hide();
@@ -203,8 +203,18 @@ void WindowCoordinator::followWithDisplay()
     }
 }
 
+void WindowCoordinator::awaitDisplayScreen()
+{
+    closeDisplayWindow();
+    setDisplayWaiting(true);
+}
+
 void WindowCoordinator::reopenWaiting()
 {
+    // By now it is known where the operator's window has come to meanwhile.
+    const bool hasFollowed = std::exchange(m_hasDisplayFollowed, false);
+    if (hasFollowed && m_display.window && m_placement.coversOperator(*m_display.window))
+        awaitDisplayScreen();
     reopenDisplay();
     reopenStage();
 }

@@ -102,6 +102,7 @@ private:
     void setDisplayWaiting(bool isWaiting);
     void followScreens();
     void followWithDisplay();
+    void awaitDisplayScreen();
     void reopenWaiting();
     void reopenDisplay();
     void reopenStage();
@@ -117,6 +118,7 @@ private:
     QPointer<const WorkspaceStore> m_displayStore; ///< what it shows or last showed
     QPointer<const WorkspaceStore> m_stageStore; ///< likewise
     bool m_isDisplayWaiting = false;
+    bool m_hasDisplayFollowed = false; ///< to another screen, since the screens last settled
     bool m_isStageWaiting = false; ///< whether it is closed and opens once its screen is back
     QTimer m_screensSettled;
 };

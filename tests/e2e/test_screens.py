@@ -155,6 +155,18 @@ class Screens(TwoScreenCase):
         self.see_slide(0)
         self.assertEqual(program.area(DISPLAY), SECOND_SCREEN)
 
+    def test_a_display_does_not_stay_where_the_operator_window_has_come_to_meanwhile(self):
+        self.server.plug_third_screen()
+        self.addCleanup(self.server.unplug_third_screen)
+        program = self.start_showing()
+        with program.stopped():
+            program.move(OPERATOR, THIRD_SCREEN[2] + 40, 40)
+            self.server.unplug_second_screen()
+        program.wait_for_no_window(DISPLAY)
+        self.server.plug_second_screen()
+        self.see_slide(0)
+        self.assertEqual(program.area(DISPLAY), SECOND_SCREEN)
+
     def test_a_display_does_not_come_back_on_a_mirror_of_the_operators_screen(self):
         program = self.start_showing()
         self.server.unplug_second_screen()
