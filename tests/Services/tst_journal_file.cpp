@@ -10,10 +10,13 @@
 #include <QTest>
 
 #include <csignal>
+#include <functional>
 #include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <unistd.h>
+#include <utility>
 
 using namespace quenara;
 using namespace quenara::test;
@@ -37,7 +40,21 @@ QByteArrayList piecesOf(const Session &session)
     return SessionJournal().add(session);
 }
 
+/// Is called once, by the next lock that is asked for, before that is.
+std::function<void()> beforeTheNextLock;
+
 } // namespace
+
+// Stands in the place of the C library's.
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name): its names are not ours to use
+extern "C" int flock(int file, int operation) noexcept
+{
+    if (const auto happens = std::exchange(beforeTheNextLock, nullptr))
+        happens();
+    return int(::syscall(SYS_flock, file, operation));
+}
+
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)
 
 class TestJournalFile : public QObject
 {
@@ -117,6 +134,22 @@ private slots:
             QCOMPARE(journals.names(), QStringList());
             QCOMPARE(journals.files().size(), 1);
         }
+        QCOMPARE(journals.names(), QStringList{u"Running on"_s});
+    }
+
+    void aJournalThatIsBegunAnewWhileItIsLookedAtIsNotLeftOver()
+    {
+        const Journals journals;
+        JournalFile file(journals.folder);
+        QVERIFY(file.begin(piecesOf(sessionNamed(u"Running"_s)), false));
+        // The file that was opened has lost its name by then, and its lock.
+        beforeTheNextLock = [&file] {
+            QVERIFY(file.begin(piecesOf(sessionNamed(u"Running on"_s)), false));
+        };
+        QCOMPARE(journals.names(), QStringList());
+        QVERIFY(!beforeTheNextLock);
+        QVERIFY(file.isInPlace());
+        file.close();
         QCOMPARE(journals.names(), QStringList{u"Running on"_s});
     }
 

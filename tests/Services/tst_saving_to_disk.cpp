@@ -1,4 +1,5 @@
 #include "FileReplacement.h"
+#include "JournalFile.h"
 #include "TestMain.h"
 #include "UnnamedFiles.h"
 
@@ -258,6 +259,21 @@ private slots:
         QCOMPARE(askedSystem.calls,
                  (QStringList{makingUnnamed, newFileToDisk, naming, renaming, folderToDisk}));
         QCOMPARE(contents(), newBytes);
+    }
+
+    void aJournalBegunAnewIsOnTheDiskBeforeItTakesTheOldOnesPlace()
+    {
+        const QTemporaryDir folder;
+        JournalFile journal(folder.filePath(u"recovery"_s));
+        QVERIFY(journal.begin({oldBytes}, false));
+        askedSystem.calls.clear();
+        QVERIFY(journal.begin({newBytes}, true));
+        QCOMPARE(askedSystem.calls, (QStringList{newFileToDisk, renaming}));
+        // What the disk does not take leaves the journal that is there.
+        askedSystem = {.calls = {}, .refused = newFileToDisk, .reason = EIO};
+        QVERIFY(!journal.begin({newBytes}, true));
+        QCOMPARE(askedSystem.calls, QStringList{newFileToDisk});
+        QVERIFY(journal.isInPlace());
     }
 
     void theOldFileStaysWhereTheSystemRefuses_data()
