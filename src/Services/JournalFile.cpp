@@ -9,6 +9,7 @@
 #include <QUrl>
 
 #include <algorithm>
+#include <cstdint>
 #include <filesystem>
 #include <new>
 #include <system_error>
@@ -16,6 +17,7 @@
 
 #ifdef Q_OS_UNIX
 #include <cerrno>
+#include <cstdio>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -33,25 +35,42 @@ constexpr auto newExtension = ".new";
 /// From which age on one that is being begun was abandoned, in seconds.
 constexpr qint64 abandonedAfter = 60;
 
-/// Locks the file for this process, or says that another one has it. Without locks, every journal
-/// counts as that of a running program.
-bool lock([[maybe_unused]] const QFile &file)
+enum class Lock : std::uint8_t { taken, held, missing };
+
+/// Locks the file until it is closed, unless another open file has the lock. A file system that
+/// refuses locks of whole files may have those of ranges, of which Linux binds one to the open file
+/// as well. Missing where there are neither.
+Lock tryToLock([[maybe_unused]] const QFile &file, [[maybe_unused]] bool isShared)
 {
 #ifdef Q_OS_UNIX
-    return ::flock(file.handle(), LOCK_EX | LOCK_NB) == 0;
+    bool isTaken = ::flock(file.handle(), (isShared ? LOCK_SH : LOCK_EX) | LOCK_NB) == 0;
+#ifdef F_OFD_SETLK
+    if (!isTaken && errno != EWOULDBLOCK) {
+        struct flock all
+        {};
+        all.l_type = isShared ? F_RDLCK : F_WRLCK;
+        all.l_whence = SEEK_SET;
+        isTaken = ::fcntl(file.handle(), F_OFD_SETLK, &all) == 0;
+    }
+#endif
+    if (isTaken)
+        return Lock::taken;
+    return errno == EWOULDBLOCK || errno == EACCES ? Lock::held : Lock::missing;
 #else
-    return false;
+    return Lock::missing;
 #endif
 }
 
-/// Whether another open file has the lock.
-bool isLocked([[maybe_unused]] const QFile &file)
+/// Without locks, every journal counts as that of a running program.
+bool lock(const QFile &file)
 {
-#ifdef Q_OS_UNIX
-    return ::flock(file.handle(), LOCK_SH | LOCK_NB) != 0 && errno == EWOULDBLOCK;
-#else
-    return false;
-#endif
+    return tryToLock(file, false) == Lock::taken;
+}
+
+/// Whether another open file has the lock.
+bool isLocked(const QFile &file)
+{
+    return tryToLock(file, true) == Lock::held;
 }
 
 /// EINVAL: the file system has nothing to synchronize.

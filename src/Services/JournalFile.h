@@ -32,8 +32,8 @@ public:
 
     // Each returns false if it fails. What is whole in the file can still be read then.
 
-    /// Makes \a pieces the whole content. With \a isDurable they are on the disk before anything is
-    /// lost of what was in the file.
+    /// Makes \a pieces the whole content. Fails, too, where the file system has no locks. With \a
+    /// isDurable they are on the disk before anything is lost of what was in the file.
     [[nodiscard]] bool begin(const QByteArrayList &pieces, bool isDurable);
     [[nodiscard]] bool append(const QByteArrayList &pieces);
     /// Waits until everything is on the disk.

@@ -131,6 +131,7 @@ void SessionRecorder::record()
         m_isOnDisk = false;
     if (!m_isOnDisk && !m_isGivenUp && !m_store.hasOpenGesture())
         finishEdit();
+    tellWhetherKeeping();
 }
 
 void SessionRecorder::add(const Session &session)
@@ -192,6 +193,14 @@ void SessionRecorder::giveUp()
     m_isWhole = false;
     if (!std::exchange(m_hasSaidSo, true))
         qInfo("Quenara could not write its recovery journal.");
+    tellWhetherKeeping();
+}
+
+void SessionRecorder::tellWhetherKeeping()
+{
+    const bool isKeeping = !m_isGivenUp;
+    if (std::exchange(m_isToldToKeep, isKeeping) != isKeeping)
+        emit isKeepingChanged(isKeeping);
 }
 
 } // namespace quenara

@@ -20,10 +20,13 @@ class WorkspaceStore;
 /// The journal holds the project from its first unsaved change on, and one that has no file yet
 /// from its start. A save makes it small again. Its file goes with this object.
 ///
-/// Where it cannot be written, as on a full disk, the show goes on without it. It is tried again
-/// with a save, with the first change after that, and with an edit some time later.
+/// Where it cannot be written, as on a full disk or one without locks, the show goes on without it.
+/// It is tried again with a save, with the first change after that, and with an edit some time
+/// later.
 class SessionRecorder : public QObject
 {
+    Q_OBJECT
+
 public:
     static constexpr std::chrono::seconds usualPauseAfterFailure{10};
 
@@ -47,6 +50,10 @@ public:
     /// it: the process may be ended without having asked.
     void setLeavesUnsavedWork(bool leaves);
 
+signals:
+    /// What is not saved would come back after an unexpected end again, or no longer.
+    void isKeepingChanged(bool isKeeping);
+
 protected:
     void customEvent(QEvent *event) override;
 
@@ -60,6 +67,7 @@ private:
     bool hasGrownLarge() const;
     bool mayTryAgain() const;
     void giveUp();
+    void tellWhetherKeeping();
 
     const WorkspaceStore &m_store;
     SessionWindows m_windows;
@@ -73,6 +81,7 @@ private:
     std::chrono::milliseconds m_pauseAfterFailure;
     bool m_isWhole = true; ///< false if something may be lacking in the file, or half in it
     bool m_hasSaidSo = false;
+    bool m_isToldToKeep = true;
     bool m_leavesUnsavedWork = false;
 };
 

@@ -19,7 +19,7 @@ namespace quenara {
 
 OperatorView::OperatorView(WorkspaceStore &store, const CommandActions &commands,
                            RenderCaches &caches, QWidget *parent)
-    : QWidget(parent)
+    : QWidget(parent), m_projectBar(new ProjectBar(store, commands))
 {
     setAccessibleRole(*this, QAccessible::Pane);
     setAccessibleName(QStringLiteral("Operator"));
@@ -34,12 +34,17 @@ OperatorView::OperatorView(WorkspaceStore &store, const CommandActions &commands
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    layout->addWidget(new ProjectBar(store, commands));
+    layout->addWidget(m_projectBar);
     layout->addLayout(workArea, 1);
     layout->addWidget(new TransportView(store, commands, caches));
     qApp->installEventFilter(this);
     // Connected last: after the parts above have shown the change.
     connect(&store, &WorkspaceStore::changed, this, layOutNow);
+}
+
+void OperatorView::showWhetherKept(bool isKept)
+{
+    m_projectBar->showWhetherKept(isKept);
 }
 
 bool OperatorView::eventFilter(QObject *watched, QEvent *event)

@@ -5,6 +5,7 @@
 namespace quenara {
 
 class CommandActions;
+class ProjectBar;
 struct RenderCaches;
 class WorkspaceStore;
 
@@ -19,8 +20,14 @@ public:
     OperatorView(WorkspaceStore &store, const CommandActions &commands, RenderCaches &caches,
                  QWidget *parent = nullptr);
 
+    /// Tells, beside the project's name, whether unsaved changes come back after a crash.
+    void showWhetherKept(bool isKept);
+
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    ProjectBar *m_projectBar;
 };
 
 } // namespace quenara

@@ -47,15 +47,15 @@ QRect centered(QRect sheet, const QRect &window, const QRect &room)
 OperatorWindow::OperatorWindow(WorkspaceStore &store, WindowCoordinator &windows,
                                DocumentGuard &guard, CommandActions &commands,
                                const ZelvoCommands &menus, RenderCaches &caches)
-    : m_store(store), m_windows(windows), m_guard(guard), m_commands(commands)
+    : m_store(store), m_windows(windows), m_guard(guard), m_commands(commands),
+      m_content(new OperatorView(store, commands, caches))
 {
     setObjectName(QStringLiteral("operatorWindow"));
     m_windows.keepOff(*this);
     menus.fill(*menuBar());
     menus.addTo(*this);
-    auto *content = new OperatorView(store, commands, caches);
-    setCentralWidget(content);
-    content->setFocus();
+    setCentralWidget(m_content);
+    m_content->setFocus();
     followScreen();
     resize(sizeWithin(screen()->availableSize(), defaultSize, usualFrame));
 
@@ -245,6 +245,11 @@ void OperatorWindow::showSheet(bool isPresented, QPointer<Sheet> &sheet,
     });
     sheet->open();
     placeSheets();
+}
+
+void OperatorWindow::showWhetherKept(bool isKept)
+{
+    m_content->showWhetherKept(isKept);
 }
 
 void OperatorWindow::askAbout(Recovery &recovery)

@@ -14,6 +14,7 @@ namespace quenara {
 class AlertBox;
 class CommandActions;
 class DocumentGuard;
+class OperatorView;
 class Recovery;
 class RecoverySheet;
 struct RenderCaches;
@@ -39,6 +40,9 @@ public:
 
     /// Asks what becomes of left-over work, before any other sheet is to open.
     void askAbout(Recovery &recovery);
+
+    /// Tells, without a question, whether unsaved changes come back after a crash.
+    void showWhetherKept(bool isKept);
 
     /// Calls \a ask once the window is painted, before which no dialog finds its place on it.
     void whenPainted(const std::function<void()> &ask);
@@ -75,6 +79,7 @@ private:
     WindowCoordinator &m_windows;
     DocumentGuard &m_guard;
     CommandActions &m_commands;
+    OperatorView *m_content;
     ScreenWatch m_screens;
     QTimer m_screensSettled;
     bool m_hasBeenPainted = false;

@@ -71,6 +71,8 @@ QuenaraApp::QuenaraApp(const QPalette &platformPalette)
     const auto recordWindows = [this] { m_recorder.setWindows(m_windows.sessionWindows()); };
     QObject::connect(&m_outputs, &OutputWindows::changed, &m_recorder, recordWindows);
     QObject::connect(&m_windows, &WindowCoordinator::windowMade, &m_recorder, recordWindows);
+    QObject::connect(&m_recorder, &SessionRecorder::isKeepingChanged, &m_operatorWindow,
+                     &OperatorWindow::showWhetherKept);
     m_windows.updateAppearance(m_appearance.appearance());
     m_operatorWindow.show();
 }

@@ -9,7 +9,10 @@
 #include <QFile>
 #include <QTest>
 
+#include <cerrno>
 #include <csignal>
+#include <cstdarg>
+#include <fcntl.h>
 #include <functional>
 #include <sys/file.h>
 #include <sys/resource.h>
@@ -43,15 +46,43 @@ QByteArrayList piecesOf(const Session &session)
 /// Is called once, by the next lock that is asked for, before that is.
 std::function<void()> beforeTheNextLock;
 
+/// Why the file system refuses locks of whole files, and of ranges; 0 where it has them.
+struct Refusals
+{
+    int ofFiles = 0;
+    int ofRanges = 0;
+};
+Refusals refusals;
+
+/// Keeps the system from having locks while it lives.
+struct WithoutLocks
+{
+    explicit WithoutLocks(const Refusals &reasons) { refusals = reasons; }
+    ~WithoutLocks() { refusals = {}; }
+    Q_DISABLE_COPY_MOVE(WithoutLocks)
+};
+
 } // namespace
 
-// Stands in the place of the C library's.
+// These stand in the place of the C library's.
 // NOLINTBEGIN(readability-inconsistent-declaration-parameter-name): its names are not ours to use
 extern "C" int flock(int file, int operation) noexcept
 {
     if (const auto happens = std::exchange(beforeTheNextLock, nullptr))
         happens();
-    return int(::syscall(SYS_flock, file, operation));
+    errno = refusals.ofFiles;
+    return refusals.ofFiles != 0 ? -1 : int(::syscall(SYS_flock, file, operation));
+}
+
+extern "C" int fcntl(int file, int command, ...)
+{
+    std::va_list arguments;
+    va_start(arguments, command);
+    void *argument = va_arg(arguments, void *);
+    va_end(arguments);
+    const bool isRefused = command == F_OFD_SETLK && refusals.ofRanges != 0;
+    errno = isRefused ? refusals.ofRanges : errno;
+    return isRefused ? -1 : int(::syscall(SYS_fcntl, file, command, argument));
 }
 
 // NOLINTEND(readability-inconsistent-declaration-parameter-name)
@@ -95,6 +126,15 @@ class TestJournalFile : public QObject
         }
     };
 
+    static void addFileSystems()
+    {
+        QTest::addColumn<int>("refusal");
+        QTest::newRow("with locks of whole files") << 0;
+        QTest::newRow("over a network without a service of locks") << ENOLCK;
+        QTest::newRow("with no such operation") << EOPNOTSUPP;
+        QTest::newRow("of a program that has no such function") << ENOSYS;
+    }
+
 private slots:
     void whatAProcessLeavesIsListedNewestFirst()
     {
@@ -122,8 +162,12 @@ private slots:
         QCOMPARE(journals.names().size(), 3);
     }
 
+    void aJournalThatIsOpenIsNotLeftOver_data() { addFileSystems(); }
+
     void aJournalThatIsOpenIsNotLeftOver()
     {
+        QFETCH(int, refusal);
+        const WithoutLocks fileSystem({.ofFiles = refusal});
         const Journals journals;
         {
             JournalFile file(journals.folder);
@@ -153,8 +197,12 @@ private slots:
         QCOMPARE(journals.names(), QStringList{u"Running on"_s});
     }
 
+    void theLockDiesWithItsProcess_data() { addFileSystems(); }
+
     void theLockDiesWithItsProcess()
     {
+        QFETCH(int, refusal);
+        const WithoutLocks fileSystem({.ofFiles = refusal});
         const Journals journals;
         const int status = statusOfProcess([&] {
             JournalFile file(journals.folder);
@@ -314,8 +362,12 @@ private slots:
         QVERIFY(!isOpenElsewhere(url, journals.folder, {}));
     }
 
+    void theDocumentThatARunningProgramHasNowCounts_data() { addFileSystems(); }
+
     void theDocumentThatARunningProgramHasNowCounts()
     {
+        QFETCH(int, refusal);
+        const WithoutLocks fileSystem({.ofFiles = refusal});
         const Journals journals;
         const auto isOpen = [&](const QString &name) {
             return isOpenElsewhere(QUrl::fromLocalFile(journals.base.filePath(name)),
@@ -355,6 +407,21 @@ private slots:
         });
         QCOMPARE(status, 0);
         QCOMPARE(journals.names(), QStringList{u"Whole"_s});
+    }
+
+    void whereNothingCanBeLockedNothingBeginsAndNothingIsTaken()
+    {
+        const Journals journals;
+        journals.leaveBehind(u"Work"_s);
+        {
+            const WithoutLocks fileSystem({.ofFiles = ENOLCK, .ofRanges = ENOLCK});
+            QCOMPARE(journals.names(), QStringList());
+            JournalFile file(journals.folder);
+            QVERIFY(!file.begin(piecesOf(sessionNamed(u"New"_s)), false));
+            QVERIFY(!file.isOpen());
+            QCOMPARE(journals.files().size(), 1);
+        }
+        QCOMPARE(journals.names(), QStringList{u"Work"_s});
     }
 
     void whereNoFolderCanBeNothingBegins()

@@ -358,6 +358,7 @@ private slots:
         editText(world.store);
         const QByteArray whole = world.bytes();
         const Session last = *world.recorded();
+        const QSignalSpy told(world.recorder.get(), &SessionRecorder::isKeepingChanged);
         QTest::ignoreMessage(QtInfoMsg, "Quenara could not write its recovery journal.");
         {
             const FullDisk disk(ulong(whole.size()) + 20);
@@ -367,11 +368,13 @@ private slots:
             }
             QVERIFY(!world.store.errorMessage());
             QCOMPARE(world.recorded(), std::optional(last));
+            QCOMPARE(told, (QList<QVariantList>{{false}}));
         }
         world.store.saveProject();
         QVERIFY(isUpToDate(world));
         editText(world.store);
         QVERIFY(isUpToDate(world));
+        QCOMPARE(told, (QList<QVariantList>{{false}, {true}}));
     }
 
     void onceTheDiskHasRoomAgainItHoldsTheNextEdit()

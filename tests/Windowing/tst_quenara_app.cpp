@@ -11,6 +11,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -39,6 +40,16 @@ QWidget *shownWindow(const QString &name)
             return window;
     }
     return nullptr;
+}
+
+/// Whether the operator's window tells that unsaved changes would be lost in a crash.
+bool warnsOfACrash()
+{
+    for (const QLabel *label : shownWindow(u"operatorWindow"_s)->findChildren<QLabel *>()) {
+        if (label->text() == u"No crash recovery"_s)
+            return label->isVisible();
+    }
+    return false;
 }
 
 /// Chooses the menu item of that title or, if that is a menu itself, its first item.
@@ -135,6 +146,28 @@ private slots:
                                    return window->objectName() == u"settingsWindow"_s;
                                }),
                  1);
+    }
+
+    void thatNothingWouldComeBackAfterACrashIsToldWithoutAQuestion()
+    {
+        const QByteArray home = qgetenv("XDG_STATE_HOME");
+        qputenv("XDG_STATE_HOME", "/proc/home"); // where nobody can make a folder
+        {
+            QuenaraApp app{QPalette(Qt::white)};
+            QWidget &window = *shownWindow(u"operatorWindow"_s);
+            showActive(window);
+            QVERIFY(!warnsOfACrash());
+            const QWidget *focused = QApplication::focusWidget();
+            QTest::ignoreMessage(QtInfoMsg, "Quenara could not write its recovery journal.");
+            app.openDocument(dataPath(u"current.quenara"_s));
+            QVERIFY(warnsOfACrash());
+            QCOMPARE(QApplication::focusWidget(), focused);
+            QVERIFY(!QApplication::activeModalWidget());
+            qputenv("XDG_STATE_HOME", home);
+        }
+        QuenaraApp app{QPalette(Qt::white)};
+        app.openDocument(dataPath(u"current.quenara"_s));
+        QVERIFY(!warnsOfACrash());
     }
 
     void theStartPanelStandsOnTheOperatorWindow()

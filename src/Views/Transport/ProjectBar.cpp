@@ -109,6 +109,7 @@ ProjectBar::ProjectBar(WorkspaceStore &store, const CommandActions &commands, QW
     : QWidget(parent), m_store(store),
       m_edited(makeRoleLabel(QStringLiteral("edited"), QStringLiteral("Edited"))),
       m_fileName(new ElidedLabel(QStringLiteral("fileName"))),
+      m_noRecovery(new ElidedLabel(QStringLiteral("noRecovery"))),
       m_outputMode(new OutputModeBadge(badgeLook))
 {
     setPanelName(*this, QStringLiteral("projectBar"));
@@ -121,6 +122,7 @@ ProjectBar::ProjectBar(WorkspaceStore &store, const CommandActions &commands, QW
     layout->addWidget(new ProjectNameField(store), 1);
     layout->addWidget(m_edited);
     layout->addWidget(m_fileName);
+    layout->addWidget(m_noRecovery);
     layout->addStretch(1);
     for (const Command command : {Command::newProject, Command::open, Command::save}) {
         layout->addWidget(
@@ -128,8 +130,18 @@ ProjectBar::ProjectBar(WorkspaceStore &store, const CommandActions &commands, QW
     }
     layout->addWidget(m_outputMode);
 
+    m_noRecovery->setText(QStringLiteral("No crash recovery"));
+    m_noRecovery->setToolTip(plainToolTip(
+        QStringLiteral("Unsaved changes cannot be kept for a crash at the moment. Save often.")));
+    showWhetherKept(true);
+
     connect(&store, &WorkspaceStore::changed, this, &ProjectBar::showState);
     showState();
+}
+
+void ProjectBar::showWhetherKept(bool isKept)
+{
+    m_noRecovery->setVisible(!isKept);
 }
 
 void ProjectBar::showState()

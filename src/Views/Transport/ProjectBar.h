@@ -35,8 +35,8 @@ private:
     QString m_projectID; ///< whose name the field holds
 };
 
-/// The bar across the top of the operator window: the project, where it is kept, and what the
-/// audience sees.
+/// The bar across the top of the operator window: the project, where it is kept, whether unsaved
+/// changes would be lost in a crash, and what the audience sees.
 class ProjectBar : public QWidget
 {
     Q_OBJECT
@@ -46,12 +46,16 @@ public:
 
     ProjectBar(WorkspaceStore &store, const CommandActions &commands, QWidget *parent = nullptr);
 
+    /// Says so while unsaved changes would not come back after a crash.
+    void showWhetherKept(bool isKept);
+
 private:
     void showState();
 
     WorkspaceStore &m_store;
     QLabel *m_edited;
     QLabel *m_fileName;
+    QLabel *m_noRecovery;
     OutputModeBadge *m_outputMode;
 };
 
