@@ -1,6 +1,7 @@
 #include "ContainedDrawing.h"
 
 #include "ImageBytes.h"
+#include "PaintingEffort.h"
 
 #include <QMultiHash>
 #include <QRegularExpression>
@@ -323,8 +324,12 @@ QString Rewriting::embeddedImage(const QString &dataUrl)
         || m_allowance.imagesWithin == 0)
         return {};
     --m_allowance.imagesWithin;
+    const double effortBefore = m_allowance.paintingEffort;
     ImageBytes image(QByteArray::fromBase64(dataUrl.mid(start).toLatin1()), m_allowance);
     ++m_allowance.imagesWithin;
+    // It is painted here, where what is painted is counted, and where it is shown.
+    constexpr double furtherTimes = 2;
+    m_allowance.paintingEffort -= furtherTimes * (effortBefore - m_allowance.paintingEffort);
     const QSize size = image.reader().size();
     const qint64 pixels = qint64(size.width()) * size.height();
     if (!size.isValid() || pixels > m_allowance.imagePixels)
@@ -387,7 +392,9 @@ bool Rewriting::isAllowed(const Cost &cost) const
 
 } // namespace
 
-QByteArray containedDrawing(const QByteArray &bytes, DrawingAllowance &allowance)
+namespace {
+
+QByteArray rewrittenDrawing(const QByteArray &bytes, DrawingAllowance &allowance)
 {
     const QByteArray drawing = isCompressed(bytes) ? uncompressed(bytes) : bytes;
     if (drawing.size() > largestDrawing || mayHaveTooManyAttributes(drawing))
@@ -401,6 +408,16 @@ QByteArray containedDrawing(const QByteArray &bytes, DrawingAllowance &allowance
     }
     QXmlStreamReader reader(drawing);
     return rewriting.rewritten(reader);
+}
+
+} // namespace
+
+QByteArray containedDrawing(const QByteArray &bytes, DrawingAllowance &allowance)
+{
+    QByteArray drawing = rewrittenDrawing(bytes, allowance);
+    if (!drawing.isEmpty())
+        allowance.paintingEffort -= paintingEffort(drawing, allowance.paintingEffort);
+    return allowance.paintingEffort < 0 ? QByteArray() : drawing;
 }
 
 } // namespace quenara

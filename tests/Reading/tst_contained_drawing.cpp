@@ -11,6 +11,7 @@
 #include <QTest>
 
 #include <sys/stat.h>
+#include <vector>
 #include <zlib.h>
 
 using namespace quenara;
@@ -96,6 +97,58 @@ QByteArray numbered(const QByteArray &part, int count)
         all += QByteArray(part).replace('%', QByteArray::number(i));
     return all;
 }
+
+/// What covers much of a screen, or crosses it, and so takes long to paint if there is much of it.
+struct CostlyKind
+{
+    const char *name;
+    QByteArray part; ///< called "a"
+    int enough; ///< how often a drawing may well have it
+    int tooMany;
+
+    /// The part as often as \a count says.
+    QByteArray drawing(int count) const
+    {
+        const QByteArray ofAScreen = QByteArray(head).replace("48", "1920").replace("32", "1080");
+        return ofAScreen + "<defs>" + part + "</defs>"
+            + QByteArray("<use xlink:href='#a'/>").repeated(count) + "</svg>";
+    }
+};
+
+/// A path that goes up and down \a count times where it has covered each pixel of a square before.
+QByteArray tallPath(int count)
+{
+    QByteArray path = "M0 0";
+    for (int y = 0; y < 1080; y += 2)
+        path += "L1920 " + QByteArray::number(y) + "L0 " + QByteArray::number(y + 1);
+    return "<path id='a' d='" + path + "L1919 0" + QByteArray("V1080V0").repeated(count) + "'/>";
+}
+
+const std::vector<CostlyKind> costlyKinds{
+    {"dashed lines with round ends",
+     "<path id='a' d='M0 0L1920 1080' stroke='red' stroke-width='9' stroke-linecap='round' "
+     "stroke-dasharray='9 18'/>",
+     50, 45'000},
+    {"rectangles as large as the drawing", "<rect id='a' width='1920' height='1080' fill='red'/>",
+     300, 45'000},
+    {"translucent groups",
+     "<g id='a' opacity='.5'><rect width='1920' height='1080' fill='red'/></g>", 100, 12'000},
+    {"gradients",
+     "<linearGradient id='g'><stop offset='0' stop-color='red'/>"
+     "<stop offset='1' stop-color='lime'/></linearGradient>"
+     "<rect id='a' width='1920' height='1080' fill='url(#g)'/>",
+     50, 9000},
+    {"wide round lines",
+     "<circle id='a' cx='960' cy='540' r='400' fill='green' stroke='red' stroke-width='50'/>", 300,
+     45'000},
+    {"lines that cross one another",
+     "<path id='a' d='M0 0" + QByteArray("L1920 1080L0 1079L1920 0L0 1").repeated(9)
+         + "' fill='none' stroke='red' stroke-width='100' stroke-linejoin='round'/>",
+     5, 500},
+    {"a path with many tall lines", tallPath(50), 1, 300},
+    {"words in large letters", "<text id='a' y='540' font-size='200' fill='red'>words words</text>",
+     50, 10'000},
+};
 
 QByteArray inTwoBytes(const QByteArray &text)
 {
@@ -325,6 +378,10 @@ private slots:
         row("many uses of an image",
             drawingOf("<g id='a'>" + imageOf(dataUrl("png", redPng())) + "</g>"
                       + QByteArray("<use xlink:href='#a'/>").repeated(10'000)));
+        for (const CostlyKind &kind : costlyKinds)
+            row(kind.name, kind.drawing(kind.tooMany));
+        row("a costly drawing within",
+            drawingOf(imageOf(dataUrl("svg+xml", costlyKinds[1].drawing(1200)))));
         row("a small file that becomes a large one",
             compressed(drawingOf(QByteArray(qsizetype(200) << 20U, ' '))));
         row("a compressed file that is cut short", compressed(drawingOf({})).chopped(12));
@@ -336,6 +393,21 @@ private slots:
         QFETCH(QByteArray, bytes);
         QVERIFY(contained(bytes).isEmpty());
         QVERIFY(imageIn(bytes).isNull());
+    }
+
+    void whatIsPaintedALittleIsKept_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        for (const CostlyKind &kind : costlyKinds)
+            QTest::newRow(kind.name) << kind.drawing(kind.enough);
+    }
+
+    void whatIsPaintedALittleIsKept()
+    {
+        QFETCH(QByteArray, bytes);
+        const QImage image = imageIn(bytes);
+        QCOMPARE(image.size(), QSize(1920, 1080));
+        QVERIFY(image.pixel(960, 540) != qRgb(0, 0, 255));
     }
 
     void whatIsWithinIsBounded()
