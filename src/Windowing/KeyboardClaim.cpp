@@ -27,20 +27,38 @@ KeyboardClaim::KeyboardClaim(QWidget &window)
     m_window.activateWindow();
 }
 
-/// A key that is a shortcut arrives as the question whether it may be one, and not as a press.
 bool KeyboardClaim::eventFilter(QObject *watched, QEvent *event)
 {
     switch (event->type()) {
+    // A key that is a shortcut arrives as the question whether it may be one, and not as a press.
     case QEvent::ShortcutOverride:
     case QEvent::MouseButtonPress:
     case QEvent::TouchBegin:
-        m_interval.stop();
-        deleteLater();
+        end();
+        break;
+    case QEvent::Show:
+        if (asksForKeyboard(*watched))
+            end();
         break;
     default:
         break;
     }
     return QObject::eventFilter(watched, event);
+}
+
+/// Whether what is shown is another window that came to have the keyboard, as a question does.
+bool KeyboardClaim::asksForKeyboard(const QObject &shown) const
+{
+    const auto *window = qobject_cast<const QWidget *>(&shown);
+    return window && window != &m_window && window->isWindow()
+        && window->windowType() != Qt::ToolTip
+        && !window->testAttribute(Qt::WA_ShowWithoutActivating);
+}
+
+void KeyboardClaim::end()
+{
+    m_interval.stop();
+    deleteLater();
 }
 
 void KeyboardClaim::claim()

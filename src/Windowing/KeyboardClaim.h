@@ -10,7 +10,7 @@ namespace quenara {
 /// Gives a window the keyboard that no window manager knows, and sees to it for half a second that
 /// it stays there: a window manager may not have answered yet when another window of the program
 /// asked for it, as Qt has one ask whose menu closes. What somebody presses meanwhile ends that,
-/// and so does a window of another program that gets the keyboard.
+/// and so does another window that opens, or one of another program that gets the keyboard.
 class KeyboardClaim : public QObject
 {
     Q_OBJECT
@@ -22,7 +22,9 @@ public:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    [[nodiscard]] bool asksForKeyboard(const QObject &shown) const;
     void claim();
+    void end();
 
     QWidget &m_window;
     QTimer m_interval;

@@ -53,6 +53,40 @@ private slots:
         QVERIFY(asking.isActiveWindow());
     }
 
+    void aWindowThatOpensLaterHasTheKeyboard()
+    {
+        QWidget claiming;
+        showActive(claiming);
+        const QPointer claim = new KeyboardClaim(claiming);
+        QWidget question;
+        showActive(question);
+        QTRY_VERIFY(!claim);
+        QVERIFY(question.isActiveWindow());
+    }
+
+    void whatOpensWithoutTakingTheKeyboardEndsNoClaim_data()
+    {
+        QTest::addColumn<bool>("isToolTip");
+        QTest::newRow("a tooltip") << true;
+        QTest::newRow("an output that comes by itself") << false;
+    }
+
+    void whatOpensWithoutTakingTheKeyboardEndsNoClaim()
+    {
+        QFETCH(bool, isToolTip);
+        QWidget asking;
+        QWidget claiming;
+        showActive(asking);
+        showActive(claiming);
+        const QPointer claim = new KeyboardClaim(claiming);
+        QWidget opened(nullptr, isToolTip ? Qt::ToolTip : Qt::Window);
+        opened.setAttribute(Qt::WA_ShowWithoutActivating);
+        opened.show();
+        asking.activateWindow();
+        QTRY_VERIFY(!claim);
+        QVERIFY(claiming.isActiveWindow());
+    }
+
     void aWindowThatClosesClaimsNothing()
     {
         QWidget asking;

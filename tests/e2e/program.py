@@ -274,6 +274,8 @@ class Program:
     def open_display(self):
         self.toggle_display()
         self.wait_for_focus(DISPLAY)
+        # Until somebody presses a key, it takes the keyboard back from whoever has it given away.
+        self.press("shift")
         return self.window(DISPLAY)
 
     def open_stage(self):
