@@ -70,8 +70,8 @@ private:
     }
 };
 
-/// What an outline of \a length takes that has painted what is \a covered: each of its pixels is put
-/// behind those of its row that are left of it.
+/// What an outline of \a length takes that has painted what is \a covered: each of its pixels is
+/// put behind those of its row that are left of it.
 double outlineEffort(double length, const QRectF &covered)
 {
     const double rows = std::max(1.0, covered.height());
@@ -126,7 +126,8 @@ public:
         drawPath(path);
     }
 
-    void drawPixmap(const QRectF &area, const QPixmap & /*pixmap*/, const QRectF & /*part*/) override
+    void drawPixmap(const QRectF &area, const QPixmap & /*pixmap*/,
+                    const QRectF & /*part*/) override
     {
         countImage(area);
     }
@@ -161,8 +162,8 @@ private:
 
     void countImage(const QRectF &area)
     {
-        m_effort += ofAnElement
-            + ofAnImagePixel * areaOf(state->transform().mapRect(area) & m_image);
+        m_effort +=
+            ofAnElement + ofAnImagePixel * areaOf(state->transform().mapRect(area) & m_image);
     }
 
     void countFill(const QPainterPath &path)
