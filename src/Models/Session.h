@@ -57,8 +57,7 @@ struct Session
 {
     QString projectName;
     std::optional<QString> file; ///< the path that the project was opened from or saved to
-    /// When the file was modified last as it was read or saved, in milliseconds since 1970.
-    std::optional<std::int64_t> fileTime;
+    std::optional<QString> fileVersion; ///< which of the file's states was read or saved
     bool hasUnsavedChanges = false;
     std::optional<ZelvoProject> project; ///< absent while the file holds it
     std::optional<FilePlaces> filePlaces; ///< present while the file holds it
@@ -76,7 +75,7 @@ struct Session
         return FieldList{
             field("projectName", &Session::projectName),
             field("file", &Session::file),
-            field("fileTime", &Session::fileTime),
+            field("fileVersion", &Session::fileVersion),
             field("hasUnsavedChanges", &Session::hasUnsavedChanges),
             field("project", &Session::project),
             field("filePlaces", &Session::filePlaces),

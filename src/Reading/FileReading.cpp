@@ -1,5 +1,6 @@
 #include "FileReading.h"
 
+#include <QCryptographicHash>
 #include <QDateTime>
 #include <QFile>
 #include <QFileInfo>
@@ -47,6 +48,30 @@ bool openPlain(QFile &file)
 #endif
 }
 
+constexpr auto hashOfVersions = QCryptographicHash::Blake2b_160;
+
+QString versionOf(const QCryptographicHash &hash)
+{
+    return QString::fromLatin1(hash.result().toHex());
+}
+
+QString versionByTimes(const QFileInfo &file)
+{
+#ifdef Q_OS_UNIX
+    struct stat attributes
+    {};
+    if (::stat(QFile::encodeName(file.filePath()).constData(), &attributes) == 0) {
+        const auto time = [](const timespec &since) {
+            return QStringLiteral("%1.%2").arg(since.tv_sec).arg(since.tv_nsec);
+        };
+        return QStringLiteral("%1 %2 %3 %4")
+            .arg(QString::number(attributes.st_size), QString::number(attributes.st_ino),
+                 time(attributes.st_mtim), time(attributes.st_ctim));
+    }
+#endif
+    return QStringLiteral("%1 %2").arg(file.size()).arg(file.lastModified().toMSecsSinceEpoch());
+}
+
 } // namespace
 
 bool readFile(const QUrl &url, const std::function<void(QByteArrayView)> &take, qint64 limit)
@@ -78,11 +103,25 @@ std::optional<QByteArray> wholeFile(const QUrl &url, qint64 limit)
     return isRead ? std::optional(std::move(bytes)) : std::nullopt;
 }
 
-qint64 modificationTime(const QUrl &url)
+QString fileVersion(const QUrl &url)
 {
     const QString name = url.toLocalFile();
     const QFileInfo file(mayBeFile(name) ? name : QString());
-    return file.isFile() ? file.lastModified().toMSecsSinceEpoch() : 0;
+    if (!file.isFile())
+        return {};
+    QCryptographicHash hash(hashOfVersions);
+    const bool isRead = readFile(
+        url, [&hash](QByteArrayView piece) { hash.addData(piece); }, mostComparedBytes);
+    return isRead ? versionOf(hash) : versionByTimes(file);
+}
+
+QString versionOf(QByteArrayView bytes)
+{
+    if (bytes.size() > mostComparedBytes)
+        return {};
+    QCryptographicHash hash(hashOfVersions);
+    hash.addData(bytes);
+    return versionOf(hash);
 }
 
 } // namespace quenara

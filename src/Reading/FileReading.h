@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QByteArray>
+#include <QByteArrayView>
+#include <QString>
 #include <QUrl>
 
 #include <functional>
@@ -20,7 +22,17 @@ inline constexpr qint64 largestFile = 4'000'000'000;
 /// The bytes of the file, all of them; nothing where readFile() fails. Throws std::bad_alloc.
 [[nodiscard]] std::optional<QByteArray> wholeFile(const QUrl &url, qint64 limit = largestFile);
 
-/// When the plain file was modified last, in milliseconds since 1970; 0 if there is none.
-[[nodiscard]] qint64 modificationTime(const QUrl &url);
+/// Up to which size a file's bytes tell its version: going through so many takes about a
+/// twentieth of a second.
+inline constexpr qint64 mostComparedBytes = qint64(32) << 20U;
+
+/// What differs once the plain file at \a url has changed; empty if there is none. It is told by
+/// the bytes, so that neither a clock's steps nor times that are put back hide a change, and other
+/// permissions, another name or an equal copy in its place are none. Of a file that is larger, or
+/// cannot be read, it is told by its size, its number in the file system and the times when it was
+/// modified and when anything about it changed, permissions included.
+[[nodiscard]] QString fileVersion(const QUrl &url);
+/// The same of a file that holds \a bytes; empty if they are more than are compared.
+[[nodiscard]] QString versionOf(QByteArrayView bytes);
 
 } // namespace quenara

@@ -30,11 +30,16 @@ ZelvoProject loaded(const QUrl &url, const QDateTime &now)
 }
 
 /// False if the project could not be written.
-bool write(const ZelvoProject &project, const QUrl &url)
+bool write(const ZelvoProject &project, const QUrl &url, QString *version)
 {
     const QByteArray bytes = ProjectCodec::encode(project);
-    return bytes.size() <= largestFile && url.isLocalFile()
-        && replaceFile(url.toLocalFile(), bytes);
+    if (bytes.size() > largestFile || !url.isLocalFile() || !replaceFile(url.toLocalFile(), bytes))
+        return false;
+    if (version)
+        *version = versionOf(bytes);
+    if (version && version->isEmpty())
+        *version = fileVersion(url);
+    return true;
 }
 
 } // namespace
@@ -50,11 +55,12 @@ ZelvoProject ProjectFileService::load(const QUrl &url, const QDateTime &now)
     }
 }
 
-ZelvoProject ProjectFileService::save(ZelvoProject project, const QUrl &url, const QDateTime &now)
+ZelvoProject ProjectFileService::save(ZelvoProject project, const QUrl &url, const QDateTime &now,
+                                      QString *version)
 {
     try {
         project = ProjectNormalizer::normalizedForSave(std::move(project), now);
-        if (write(project, url))
+        if (write(project, url, version))
             return project;
     } catch (const std::bad_alloc &) {
         // Falls through to the error below.

@@ -66,9 +66,10 @@ WorkspaceState startAtFirstSlide(WorkspaceState state)
     return state;
 }
 
-WorkspaceState continueShow(WorkspaceState state, const Session &session, std::int64_t fileTime)
+WorkspaceState continueShow(WorkspaceState state, const Session &session,
+                            const QString &fileVersion)
 {
-    const bool isSameFile = session.filePlaces && session.fileTime == fileTime;
+    const bool isSameFile = session.filePlaces && session.fileVersion == fileVersion;
     const auto found = [&](const std::optional<QString> &id,
                            std::optional<std::int64_t> FilePlaces::*place) {
         if (!id || !isSameFile || positionOf(state.project, id))

@@ -21,10 +21,10 @@ namespace quenara::edits {
 [[nodiscard]] WorkspaceState startAtFirstSlide(WorkspaceState state);
 
 /// Selection, queue, live slide and output mode as \a session has them. A slide that its identifier
-/// does not find is the one in its place if the file, modified last at \a fileTime, is as it was.
+/// does not find is the one in its place if the file, now of \a fileVersion, is as it was.
 /// Other ids are repaired; if the live slide is gone, nobody has sent what takes its place: black.
 [[nodiscard]] WorkspaceState continueShow(WorkspaceState state, const Session &session,
-                                          std::int64_t fileTime);
+                                          const QString &fileVersion);
 
 /// Sends the queued slide (else the selected one, else the first) live and ends any other output
 /// mode.

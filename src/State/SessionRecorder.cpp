@@ -81,8 +81,7 @@ Session SessionRecorder::present() const
         .projectName = state.project.name,
         .file = state.currentFileURL ? std::optional(state.currentFileURL->toLocalFile())
                                      : std::nullopt,
-        .fileTime =
-            state.currentFileURL ? std::optional(std::int64_t(m_store.fileTime())) : std::nullopt,
+        .fileVersion = state.currentFileURL ? std::optional(m_store.fileVersion()) : std::nullopt,
         .hasUnsavedChanges = state.hasUnsavedChanges,
         .project = isInFile ? std::nullopt : std::optional(state.project),
         .filePlaces = isInFile ? std::optional(filePlaces()) : std::nullopt,

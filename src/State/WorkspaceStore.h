@@ -76,9 +76,8 @@ public:
     [[nodiscard]] std::optional<Slide> slideWithID(const std::optional<QString> &id) const;
     [[nodiscard]] std::optional<SlidePosition> positionOf(
         const std::optional<QString> &slideID) const;
-    /// When the document's file was modified last as it was read or saved, in milliseconds since
-    /// 1970; 0 without a file.
-    qint64 fileTime() const { return m_fileTime; }
+    /// Which state of the document's file was read or saved; empty without a file.
+    const QString &fileVersion() const { return m_fileVersion; }
     const UndoRedoStore &undoStore() const { return m_undoStore; }
 
     // Selection, queue and live (WorkspaceStoreSelection.cpp)
@@ -197,7 +196,8 @@ private:
     void editProject(const Edit &edit, UndoStep step = UndoStep::ofItsOwn);
     std::optional<SlideMedia> imageFromPanel();
     void restore(std::optional<ZelvoProject> project, UndoRedoStore history);
-    void load(ZelvoProject project, const std::optional<QUrl> &fileURL, qint64 fileTime = 0);
+    void load(ZelvoProject project, const std::optional<QUrl> &fileURL,
+              const QString &fileVersion = {});
     void save(const QUrl &url);
     void fail(const QString &message);
     void publish(WorkspaceState state);
@@ -208,8 +208,7 @@ private:
     UndoRedoStore m_undoStore;
     std::optional<Gesture> m_gesture;
     GestureID m_lastGesture{};
-    /// When the document's file was modified last as it was read or saved; 0 for none.
-    qint64 m_fileTime = 0;
+    QString m_fileVersion;
 
     // Caches, which hold for the present project.
     mutable std::optional<QList<FlattenedSlide>> m_flattenedSlides;

@@ -11,7 +11,8 @@
 namespace quenara {
 
 /// The one way a whole document is installed.
-void WorkspaceStore::load(ZelvoProject project, const std::optional<QUrl> &fileURL, qint64 fileTime)
+void WorkspaceStore::load(ZelvoProject project, const std::optional<QUrl> &fileURL,
+                          const QString &fileVersion)
 {
     WorkspaceState next = m_state;
     next.project = ProjectNormalizer::withMirroredOrder(std::move(project));
@@ -24,7 +25,7 @@ void WorkspaceStore::load(ZelvoProject project, const std::optional<QUrl> &fileU
                                                        next.project.name, m_environment.now());
     }
     m_gesture.reset();
-    m_fileTime = fileTime;
+    m_fileVersion = fileVersion;
     publish(edits::startAtFirstSlide(std::move(next)), UndoRedoStore());
 }
 
@@ -62,8 +63,8 @@ void WorkspaceStore::openProject(const QUrl &url)
         return;
     try {
         // Taken first: a file that changes while it is read counts as changed.
-        const qint64 fileTime = modificationTime(url);
-        load(ProjectFileService::load(url, m_environment.now()), url, fileTime);
+        const QString version = quenara::fileVersion(url);
+        load(ProjectFileService::load(url, m_environment.now()), url, version);
     } catch (const ProjectFileError &error) {
         fail(error.description());
     }
@@ -75,7 +76,7 @@ bool WorkspaceStore::continueSession(const Session &session)
         session.file ? std::optional(QUrl::fromLocalFile(*session.file)) : std::nullopt;
     ZelvoProject project = session.project.value_or(ZelvoProject());
     // Before it is read: a file that changes meanwhile counts as another one.
-    const qint64 fileTime = url ? modificationTime(*url) : 0;
+    const QString version = url ? quenara::fileVersion(*url) : QString();
     try {
         if (!session.project && url)
             project = ProjectFileService::load(*url, m_environment.now());
@@ -93,8 +94,8 @@ bool WorkspaceStore::continueSession(const Session &session)
                                                        next.project.name, m_environment.now());
     }
     m_gesture.reset();
-    m_fileTime = session.hasUnsavedChanges ? session.fileTime.value_or(0) : fileTime;
-    publish(edits::continueShow(std::move(next), session, fileTime), UndoRedoStore());
+    m_fileVersion = session.hasUnsavedChanges ? session.fileVersion.value_or(QString()) : version;
+    publish(edits::continueShow(std::move(next), session, version), UndoRedoStore());
     return true;
 }
 
@@ -105,8 +106,8 @@ void WorkspaceStore::saveProject()
         return;
     }
     const QUrl url = *m_state.currentFileURL;
-    const qint64 fileTime = modificationTime(url);
-    const bool isChanged = fileTime != 0 && fileTime != m_fileTime;
+    const QString version = quenara::fileVersion(url);
+    const bool isChanged = !version.isEmpty() && version != m_fileVersion;
     switch (isChanged ? m_environment.askAboutChangedFile(url.fileName())
                       : ChangedFileAnswer::saveAnyway) {
     case ChangedFileAnswer::saveAnyway:
@@ -123,8 +124,9 @@ void WorkspaceStore::save(const QUrl &url)
 {
     const QDateTime now = m_environment.now();
     WorkspaceState next = m_state;
+    QString version;
     try {
-        next.project = ProjectFileService::save(std::move(next.project), url, now);
+        next.project = ProjectFileService::save(std::move(next.project), url, now, &version);
     } catch (const ProjectFileError &error) {
         return fail(error.description());
     } catch (const ProjectEncodingError &) {
@@ -135,7 +137,7 @@ void WorkspaceStore::save(const QUrl &url)
     next.recentProjects =
         RecentProjectsStore::add(m_environment.preferences, url, next.project.name, now);
     m_gesture.reset();
-    m_fileTime = modificationTime(url);
+    m_fileVersion = version;
     publish(std::move(next));
 }
 

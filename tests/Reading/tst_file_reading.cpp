@@ -57,7 +57,39 @@ private slots:
     {
         const QUrl url = QUrl::fromLocalFile(path(u"pl"_s) + QChar::Null + u"ain"_s);
         QVERIFY(!wholeFile(url)); // and Qt does not warn, which would end the test
-        QCOMPARE(modificationTime(url), 0);
+        QCOMPARE(fileVersion(url), QString());
+    }
+
+    void aLargeFileThatIsChangedIsOfAnotherVersionThoughItsTimeIsPutBack()
+    {
+        const QUrl url = QUrl::fromLocalFile(path(u"large"_s));
+        QFile file(url.toLocalFile());
+        QVERIFY(file.open(QIODevice::ReadWrite | QIODevice::Unbuffered));
+        QVERIFY(file.resize(mostComparedBytes + 1)); // of which the disk keeps nothing
+        struct stat before
+        {};
+        QCOMPARE(::fstat(file.handle(), &before), 0);
+        const QString version = fileVersion(url);
+        QVERIFY(!version.isEmpty());
+        QCOMPARE(fileVersion(url), version);
+        QTest::qWait(20); // longer than the steps of the clock that files have their times from
+        QCOMPARE(file.write("x"), 1);
+        const timespec times[] = {before.st_atim, before.st_mtim};
+        QCOMPARE(::futimens(file.handle(), times), 0);
+        QVERIFY(fileVersion(url) != version);
+        QVERIFY(file.remove());
+    }
+
+    void theVersionOfAFileIsThatOfItsBytes()
+    {
+        const QByteArray bytes = "the bytes";
+        writeFile(path(u"plain"_s), bytes);
+        const QUrl url = QUrl::fromLocalFile(path(u"plain"_s));
+        QCOMPARE(fileVersion(url), versionOf(bytes));
+        writeFile(path(u"plain"_s), "the bites");
+        QVERIFY(fileVersion(url) != versionOf(bytes));
+        QCOMPARE(versionOf(QByteArray(mostComparedBytes + 1, 'x')), QString());
+        QCOMPARE(fileVersion(QUrl::fromLocalFile(path(u"pipe"_s))), QString());
     }
 
     void aFileAboveTheLimitIsNotRead()

@@ -19,7 +19,7 @@ Session sessionWith(const ZelvoProject &project)
 {
     return {.projectName = project.name,
             .file = u"/home/anna/Sunday.quenara"_s,
-            .fileTime = 5,
+            .fileVersion = u"5"_s,
             .hasUnsavedChanges = true,
             .project = project,
             .filePlaces = FilePlaces{.selected = 1, .queued = std::nullopt, .live = 0},
