@@ -18,15 +18,15 @@ constexpr double mostPixels = 64.0 * 1024 * 1024; // of an image in memory
 
 // Nanoseconds that Qt's rasterizer takes.
 constexpr double ofAnElement = 2000;
-constexpr double ofAnOpaquePixel = 0.2;
-constexpr double ofATranslucentPixel = 0.35;
+constexpr double ofAnOpaquePixel = 0.4;
+constexpr double ofATranslucentPixel = 0.6;
 constexpr double ofAGradientPixel = 2;
 constexpr double ofAnImagePixel = 6;
 constexpr double ofAnOutlinePixel = 40;
 constexpr double ofAPassedPixel = 0.22; ///< of the outline, in the same row, left of one
 constexpr double ofACorner = 300;
 constexpr double ofADash = 1500;
-constexpr double ofARoundEnd = 7500;
+constexpr double ofARoundPixel = 1000; ///< of the width of a line that ends or turns round
 constexpr double ofAGlyph = 300;
 
 /// The length of the outline of a glyph, in heights of its line.
@@ -192,9 +192,11 @@ private:
         const double dashes = line.length * dashesPerPixel(pen, scale);
         const double pieces = line.corners + dashes;
         const double area = std::min(areaOf(covered), (line.length + width * pieces) * width);
-        const double ofOneDash = ofADash + (pen.capStyle() == Qt::RoundCap ? 2 * ofARoundEnd : 0);
+        const double roundEnds = pen.capStyle() == Qt::RoundCap ? 2 * dashes + line.corners : 0;
+        const double roundTurns = pen.joinStyle() == Qt::RoundJoin ? line.corners : 0;
         m_effort += outlineEffort(2 * line.length + 2 * widthWithin * pieces, covered)
-            + ofACorner * line.corners + ofOneDash * dashes + pixelOf(pen.brush()) * area;
+            + ofACorner * line.corners + ofADash * dashes
+            + ofARoundPixel * widthWithin * (roundEnds + roundTurns) + pixelOf(pen.brush()) * area;
     }
 
     static double dashesPerPixel(const QPen &pen, double scale)

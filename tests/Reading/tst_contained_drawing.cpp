@@ -129,6 +129,10 @@ const std::vector<CostlyKind> costlyKinds{
      "<path id='a' d='M0 0L1920 1080' stroke='red' stroke-width='9' stroke-linecap='round' "
      "stroke-dasharray='9 18'/>",
      50, 45'000},
+    {"wide dashed lines with round ends",
+     "<path id='a' d='M0 0L1920 1080' stroke='red' stroke-width='200' stroke-linecap='round' "
+     "stroke-dasharray='10 10'/>",
+     5, 100},
     {"rectangles as large as the drawing", "<rect id='a' width='1920' height='1080' fill='red'/>",
      300, 45'000},
     {"translucent groups",
@@ -381,7 +385,7 @@ private slots:
         for (const CostlyKind &kind : costlyKinds)
             row(kind.name, kind.drawing(kind.tooMany));
         row("a costly drawing within",
-            drawingOf(imageOf(dataUrl("svg+xml", costlyKinds[1].drawing(1200)))));
+            drawingOf(imageOf(dataUrl("svg+xml", costlyKinds[2].drawing(900)))));
         row("a small file that becomes a large one",
             compressed(drawingOf(QByteArray(qsizetype(200) << 20U, ' '))));
         row("a compressed file that is cut short", compressed(drawingOf({})).chopped(12));
