@@ -26,6 +26,12 @@ QList<GoldenSlide> machineSlides();
 
 inline constexpr std::array goldenSizes = {QSize(480, 270), QSize(960, 540)};
 
+/// The largest difference of any channel of any pixel that is none. The faces are compiled in and
+/// not hinted, so that only the last bits of anti-aliasing, gradients and blurs may differ from one
+/// processor or version of Qt to the next. Two percent more or less of any opacity over its
+/// opposite is more.
+inline constexpr int goldenTolerance = 4;
+
 /// The file name of a slide's image of \a size.
 QString goldenFileName(const GoldenSlide &slide, const QSize &size);
 

@@ -1,5 +1,5 @@
 // paint_golden SHEET [FOLDER]: lays everything that the renderer shows out on one image, to be
-// looked at. With a folder, leaves the golden images in it.
+// looked at. With a folder, leaves the golden images in it, and names those that it changes.
 
 #include "Fonts.h"
 #include "GoldenSlides.h"
@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <utility>
 
 using namespace quenara;
 using namespace quenara::test;
@@ -39,20 +40,33 @@ QImage contactSheet(const QList<GoldenSlide> &slides)
     return sheet;
 }
 
+/// Leaves an image alone that shows the same already. False if it could not be written.
+bool rewrite(const QString &path, const QImage &painted)
+{
+    const QImage golden(path);
+    if (golden.size() == painted.size() && largestDifference(painted, golden) <= goldenTolerance)
+        return true;
+    std::puts(qPrintable(path));
+    return painted.convertToFormat(QImage::Format_RGB888).save(path, "PNG", bestCompression);
+}
+
 /// False if an image could not be written.
 bool rewrite(const QDir &folder)
 {
-    for (const QString &name : folder.entryList(QDir::Files))
-        QFile::remove(folder.filePath(name));
+    QStringList gone = folder.entryList(QDir::Files);
     const auto written = [&](const GoldenSlide &slide) {
         return std::all_of(goldenSizes.begin(), goldenSizes.end(), [&](const QSize &size) {
-            return rendered(slide.view, size)
-                .convertToFormat(QImage::Format_RGB888)
-                .save(folder.filePath(goldenFileName(slide, size)), "PNG", bestCompression);
+            const QString name = goldenFileName(slide, size);
+            gone.removeOne(name);
+            return rewrite(folder.filePath(name), rendered(slide.view, size));
         });
     };
     const QList<GoldenSlide> slides = goldenSlides();
-    return QDir().mkpath(folder.path()) && std::all_of(slides.begin(), slides.end(), written);
+    const bool isWritten =
+        QDir().mkpath(folder.path()) && std::all_of(slides.begin(), slides.end(), written);
+    for (const QString &name : std::as_const(gone))
+        QFile::remove(folder.filePath(name));
+    return isWritten;
 }
 
 } // namespace

@@ -10,11 +10,6 @@ namespace tst_golden_images {
 
 namespace {
 
-/// The largest difference of any channel of any pixel. The faces are compiled in and not hinted, so
-/// that only the last bits of anti-aliasing, gradients and blurs may differ from one processor or
-/// version of Qt to the next. Two percent more or less of any opacity over its opposite is more.
-constexpr int tolerance = 4;
-
 const QDir &goldenFolder()
 {
     static const QDir folder(QStringLiteral(QUENARA_GOLDEN_IMAGES));
@@ -44,9 +39,10 @@ private slots:
         QFETCH(QSize, size);
         const QString fileName = goldenFileName(slide, size);
         const QImage golden(goldenFolder().filePath(fileName));
+        QVERIFY2(!golden.isNull(), "there is no such golden image");
         const QImage painted = rendered(slide.view, size);
         const int difference = largestDifference(painted, golden);
-        if (difference > tolerance) {
+        if (difference > goldenTolerance) {
             QVERIFY(QDir().mkpath(QStringLiteral("painted")));
             QVERIFY(painted.save(QStringLiteral("painted/") + fileName));
             QFAIL(qPrintable(QStringLiteral("differs by %1; see painted/%2 in the build folder")

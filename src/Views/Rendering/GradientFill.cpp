@@ -1,6 +1,7 @@
 #include "GradientFill.h"
 
 #include "DevicePixels.h"
+#include "DitherPattern.h"
 #include "PaintingWorkarounds.h"
 
 #include <QImage>
@@ -9,7 +10,6 @@
 #include <array>
 #include <cmath>
 #include <functional>
-#include <limits>
 #include <vector>
 
 namespace quenara {
@@ -24,122 +24,222 @@ constexpr int bandPixels = 16'384;
 /// one colour.
 constexpr double largestSide = 1'000'000;
 
-/// Width over height below which a diagonal gradient is painted as a vertical one.
-constexpr double narrowest = 1.0 / 16;
-
 /// Paints one row of the slide.
 using PaintRow = std::function<void(int y, QRgb *row)>;
 
-/// The colours of a gradient.
+/// Red, green and blue, premultiplied, and alpha.
+template<typename Number>
+using Channels = std::array<Number, 4>;
+
+/// In 1/2^24 of the step from one shade of a channel to the next.
+using FineColor = Channels<quint32>;
+
+constexpr double finest = 1U << 24U;
+
+/// The colours of a gradient. What lies between two that can be shown is shown as either, by a
+/// pattern: on average it is right, and no edge of a band of one colour is to be seen.
 class Shades
 {
 public:
     Shades(const QColor &start, const QColor &end)
         : m_start(premultiplied(start)), m_end(premultiplied(end))
-    {}
-
-    /// The colour at \a t, 0 at the start to 1 at the end; premultiplied.
-    QRgb at(double t) const
     {
-        const auto share = float(std::clamp(t, 0.0, 1.0));
-        const auto mixed = [&](std::size_t channel) {
-            const float start = m_start.at(channel);
-            return qRound(start + share * (m_end.at(channel) - start));
+        for (std::size_t i = 0; i < m_start.size(); ++i)
+            m_difference.at(i) = m_end.at(i) - m_start.at(i);
+        std::copy(m_start.begin(), m_start.end(), m_roughStart.begin());
+        std::copy(m_difference.begin(), m_difference.end(), m_roughDifference.begin());
+    }
+
+    /// The colour at \a t, 0 at the start to 1 at the end.
+    FineColor at(double t) const
+    {
+        FineColor color{};
+        for (std::size_t i = 0; i < color.size(); ++i)
+            color.at(i) = quint32(std::lround(finest * (m_start.at(i) + t * m_difference.at(i))));
+        return color;
+    }
+
+    /// at(), with the last 8 bits of each channel 0, for every pixel.
+    FineColor roughlyAt(float t) const
+    {
+        constexpr auto part = float(1U << 16U);
+        const auto channel = [&](std::size_t i) {
+            return quint32(qint32(part * (m_roughStart[i] + t * m_roughDifference[i]))) << 8U;
         };
-        return qRgba(mixed(0), mixed(1), mixed(2), mixed(3));
+        return {channel(0), channel(1), channel(2), channel(3)};
+    }
+
+    /// What is to be added to a colour, modulo 2^32, to go on by \a t.
+    FineColor step(double t) const
+    {
+        FineColor step{};
+        for (std::size_t i = 0; i < step.size(); ++i)
+            step.at(i) = quint32(std::lround(finest * t * m_difference.at(i)));
+        return step;
     }
 
 private:
-    using Channels = std::array<float, 4>; ///< red, green, blue, alpha; 0 to 255
-
-    static Channels premultiplied(const QColor &color)
+    static constexpr double white = 255;
+    static Channels<double> premultiplied(const QColor &color)
     {
-        const auto alpha = float(color.alphaF());
-        return {255 * float(color.redF()) * alpha, 255 * float(color.greenF()) * alpha,
-                255 * float(color.blueF()) * alpha, 255 * alpha};
+        const double alpha = color.alphaF();
+        return {white * color.redF() * alpha, white * color.greenF() * alpha,
+                white * color.blueF() * alpha, white * alpha};
     }
 
-    Channels m_start;
-    Channels m_end;
+    Channels<double> m_start;
+    Channels<double> m_end;
+    Channels<double> m_difference{};
+    Channels<float> m_roughStart{};
+    Channels<float> m_roughDifference{};
 };
 
-PaintRow uprightRows(const QSize &size, const Shades &shades)
+/// How much is added to each channel of a pixel before it is cut to what can be shown.
+class Thresholds
 {
-    return [=](int y, QRgb *row) {
-        std::fill_n(row, size.width(), shades.at((y + 0.5) / size.height()));
-    };
-}
+public:
+    using Row = Channels<std::array<quint32, DitherPattern::side>>;
 
-/// Rows that are all cut from one strip of colours, each \a slope pixels further on than the row
-/// above.
-PaintRow slantedRows(const QSize &size, double slope, const Shades &shades)
-{
-    const double length = size.width() + size.height() * slope;
-    std::vector<QRgb> strip(std::size_t(std::ceil(length)) + 1);
-    for (std::size_t i = 0; i < strip.size(); ++i)
-        strip[i] = shades.at((double(i) + (1 + slope) / 2) / length);
-    return [size, slope, strip = std::move(strip)](int y, QRgb *row) {
-        std::copy_n(strip.begin() + std::lround(y * slope), size.width(), row);
-    };
-}
-
-/// Rows through rings of one colour each around the middle of the slide. The left half of a row
-/// mirrors the right half.
-PaintRow roundRows(const QSize &size, double endRadius, const Shades &shades)
-{
-    struct Ring
+    /// Those of opaque colours differ from channel to channel, so that not all are lighter at the
+    /// same pixels. Of premultiplied colours none may become more than alpha.
+    explicit Thresholds(bool isOpaque)
     {
-        double square; ///< of the radius where the ring ends, in pixels
-        QRgb color;
-    };
-    constexpr int shadeCount = 1024;
-    std::vector<Ring> rings;
-    for (int i = 0; i <= shadeCount; ++i) {
-        const QRgb color = shades.at(double(i) / shadeCount);
-        const double end = i < shadeCount ? std::max(0.0, endRadius) * (i + 0.5) / shadeCount
-                                          : std::numeric_limits<double>::infinity();
-        if (rings.empty() || rings.back().color != color)
-            rings.push_back({end * end, color});
-        rings.back().square = end * end;
-    }
-    return [size, rings = std::move(rings)](int y, QRgb *row) {
-        const double fromMiddle = y + 0.5 - size.height() / 2.0;
-        const double square = fromMiddle * fromMiddle;
-        const double first = size.width() % 2 == 0 ? 0.5 : 0; // pixels from the middle
-        QRgb *const middle = row + size.width() / 2;
-        QRgb *const end = row + size.width();
-        auto ring = std::upper_bound(
-            rings.begin(), rings.end(), square,
-            [](double value, const Ring &candidate) { return value < candidate.square; });
-        for (QRgb *pixel = middle; pixel != end; ++ring) {
-            const double pieceEnd = std::ceil(std::sqrt(ring->square - square) - first);
-            QRgb *const next = pieceEnd < double(end - middle) ? middle + qsizetype(pieceEnd) : end;
-            std::fill(pixel, std::max(pixel, next), ring->color);
-            pixel = std::max(pixel, next);
+        struct Offset
+        {
+            int x = 0;
+            int y = 0;
+        };
+        constexpr Channels<Offset> apart{{{0, 0}, {5, 11}, {11, 6}, {0, 0}}};
+        constexpr quint32 unit = 1U << 16U; // that there are 256 of between two shades
+        for (std::size_t y = 0; y < m_rows.size(); ++y) {
+            for (std::size_t channel = 0; channel < apart.size(); ++channel) {
+                const Offset offset = isOpaque ? apart.at(channel) : Offset();
+                for (int x = 0; x < DitherPattern::side; ++x) {
+                    const int value = DitherPattern::instance().at(x + offset.x, int(y) + offset.y);
+                    m_rows.at(y).at(channel).at(std::size_t(x)) = unit * quint32(value) + unit / 2;
+                }
+            }
         }
-        std::reverse_copy(row + (size.width() + 1) / 2, end, row);
+    }
+
+    const Row &row(int y) const { return m_rows[std::size_t(y % DitherPattern::side)]; }
+
+private:
+    std::array<Row, DitherPattern::side> m_rows{};
+};
+
+/// The colour that is shown of one whose thresholds have been added.
+QRgb shownColor(quint32 red, quint32 green, quint32 blue, quint32 alpha)
+{
+    constexpr quint32 shown = 0xff000000;
+    return (alpha & shown) | ((red & shown) >> 8U) | ((green & shown) >> 16U) | (blue >> 24U);
+}
+
+/// Calls \a paint with the first pixel and the number of those of one width of the pattern after
+/// the other, each small enough for the processor to compute several at once.
+template<typename Paint>
+void inBlocks(int width, const Paint &paint)
+{
+    const int whole = width - width % DitherPattern::side;
+    for (int first = 0; first < whole; first += DitherPattern::side)
+        paint(first, DitherPattern::side);
+    paint(whole, width - whole);
+}
+
+/// Where a pixel lies on the way from the start to the end: `first` at the middle of the first one,
+/// and so much more with each pixel to the right and down.
+struct Slope
+{
+    double first = 0;
+    double right = 0;
+    double down = 0;
+};
+
+Slope slopeOf(GradientDirection direction, const QSize &size)
+{
+    const double width = size.width();
+    const double height = size.height();
+    const double right = direction == GradientDirection::vertical ? 0
+        : direction == GradientDirection::horizontal              ? 1 / width
+                                                     : width / (width * width + height * height);
+    const double down = direction == GradientDirection::horizontal ? 0
+        : direction == GradientDirection::vertical                 ? 1 / height
+                                                   : height / (width * width + height * height);
+    return {(right + down) / 2, right, down};
+}
+
+PaintRow straightRows(const QSize &size, const Slope &slope, const Shades &shades,
+                      const Thresholds &thresholds)
+{
+    const FineColor step = shades.step(slope.right);
+    return [=](int y, QRgb *row) {
+        Thresholds::Row added = thresholds.row(y); // to the colour of a block's first pixel
+        for (std::size_t channel = 0; channel < added.size(); ++channel) {
+            for (std::size_t x = 0; x < added[channel].size(); ++x)
+                added[channel][x] += quint32(x) * step[channel];
+        }
+        const FineColor left = shades.at(slope.first + y * slope.down);
+        const auto &[red, green, blue, alpha] = added;
+        inBlocks(size.width(), [&](int first, int pixels) {
+            const auto right = quint32(first);
+            const quint32 r = left[0] + right * step[0];
+            const quint32 g = left[1] + right * step[1];
+            const quint32 b = left[2] + right * step[2];
+            const quint32 a = left[3] + right * step[3];
+            for (int i = 0; i < pixels; ++i) {
+                const auto x = std::size_t(i);
+                row[first + i] = shownColor(r + red[x], g + green[x], b + blue[x], a + alpha[x]);
+            }
+        });
+    };
+}
+
+/// Rows through rings around the middle of the slide.
+PaintRow roundRows(const QSize &size, double endRadius, const Shades &shades,
+                   const Thresholds &thresholds)
+{
+    const auto square = [endRadius](double pixelsFromMiddle) {
+        const double way = endRadius > 0 ? pixelsFromMiddle / endRadius : 1;
+        return float(std::min(1.0, way * way));
+    };
+    const int half = (size.width() + 1) / 2;
+    std::vector<float> squares; // of the way from the middle to the pixels on its right
+    for (int x = 0; x < half; ++x)
+        squares.push_back(square(x + (size.width() % 2 == 0 ? 0.5 : 0)));
+    std::vector<float> along(std::size_t(size.width())); // the gradient, for a row's pixels
+    return [=](int y, QRgb *row) mutable {
+        const float down = square(y + 0.5 - size.height() / 2.0);
+        float *const middle = along.data() + size.width() - half;
+        for (int x = 0; x < half; ++x)
+            middle[x] = std::sqrt(std::min(1.0F, down + squares[std::size_t(x)]));
+        std::reverse_copy(middle, along.data() + size.width(), along.data()); // the left half
+        const auto &[red, green, blue, alpha] = thresholds.row(y);
+        inBlocks(size.width(), [&](int first, int pixels) {
+            const float *const places = along.data() + first;
+            for (int i = 0; i < pixels; ++i) {
+                const auto [r, g, b, a] = shades.roughlyAt(places[i]);
+                const auto x = std::size_t(i);
+                row[first + i] = shownColor(r + red[x], g + green[x], b + blue[x], a + alpha[x]);
+            }
+        });
     };
 }
 
 PaintRow rowsOf(const GradientFill &fill, const QSize &size, double scale)
 {
     const Shades shades(fill.start, fill.end);
-    switch (fill.direction) {
-    case GradientDirection::vertical:
-        return uprightRows(size, shades);
-    case GradientDirection::horizontal:
-        return slantedRows(size, 0, shades);
-    case GradientDirection::diagonal:
-        return size.width() < narrowest * size.height()
-            ? uprightRows(size, shades)
-            : slantedRows(size, double(size.height()) / size.width(), shades);
-    case GradientDirection::radialHint:
-        break;
-    }
-    return roundRows(size, fill.endRadius * scale, shades);
+    const Thresholds thresholds(fill.isOpaque());
+    return fill.direction == GradientDirection::radialHint
+        ? roundRows(size, fill.endRadius * scale, shades, thresholds)
+        : straightRows(size, slopeOf(fill.direction, size), shades, thresholds);
 }
 
 } // namespace
+
+bool GradientFill::isOpaque() const
+{
+    return start.alphaF() >= 1 && end.alphaF() >= 1;
+}
 
 void GradientFill::paint(QPainter &painter, const QRectF &slide) const
 {
@@ -159,9 +259,8 @@ void GradientFill::paint(QPainter &painter, const QRectF &slide) const
     const QRect area = whole.toAlignedRect();
     const PaintRow paintRow = rowsOf(*this, area.size(), deviceScale(painter));
     const int bandHeight = std::clamp(bandPixels / area.width(), 1, visible.height());
-    const bool isOpaque = start.alphaF() >= 1 && end.alphaF() >= 1;
     QImage band(area.width(), bandHeight,
-                isOpaque ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied);
+                isOpaque() ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied);
     if (band.isNull())
         return;
     painter.save();
