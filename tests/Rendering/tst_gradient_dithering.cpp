@@ -34,10 +34,7 @@ struct Case
 const std::array cases{
     Case{.name = "dark", .start = {0.02, 0.03, 0.05, 1}, .end = {0.09, 0.06, 0.14, 1}},
     Case{.name = "bright", .start = {0.1, 0.2, 0.3, 1}, .end = {0.9, 0.6, 0.4, 1}},
-    Case{.name = "darkened",
-         .start = {0.2, 0.25, 0.4, 1},
-         .end = {0.05, 0.1, 0.2, 1},
-         .dim = 0.35},
+    Case{.name = "darkened", .start = {0.2, 0.25, 0.4, 1}, .end = {0.05, 0.1, 0.2, 1}, .dim = 0.35},
     Case{.name = "translucent", .start = {0.2, 0.4, 0.6, 0.2}, .end = {0.3, 0.1, 0.5, 0.7}},
 };
 
