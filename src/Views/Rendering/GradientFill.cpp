@@ -80,6 +80,7 @@ public:
 
 private:
     static constexpr double white = 255;
+
     static Channels<double> premultiplied(const QColor &color)
     {
         const double alpha = color.alphaF();
@@ -146,26 +147,27 @@ void inBlocks(int width, const Paint &paint)
     paint(whole, width - whole);
 }
 
-/// Where a pixel lies on the way from the start to the end: `first` at the middle of the first one,
-/// and so much more with each pixel to the right and down.
+/// How much further on the way from the start to the end each pixel lies than the one to its left
+/// and the one above it.
 struct Slope
 {
-    double first = 0;
     double right = 0;
     double down = 0;
 };
 
-Slope slopeOf(GradientDirection direction, const QSize &size)
+Slope slopeOf(GradientDirection direction, const QSizeF &size)
 {
-    const double width = size.width();
-    const double height = size.height();
-    const double right = direction == GradientDirection::vertical ? 0
-        : direction == GradientDirection::horizontal              ? 1 / width
-                                                     : width / (width * width + height * height);
-    const double down = direction == GradientDirection::horizontal ? 0
-        : direction == GradientDirection::vertical                 ? 1 / height
-                                                   : height / (width * width + height * height);
-    return {(right + down) / 2, right, down};
+    switch (direction) {
+    case GradientDirection::vertical:
+        return {.down = 1 / size.height()};
+    case GradientDirection::horizontal:
+        return {.right = 1 / size.width()};
+    case GradientDirection::diagonal:
+    case GradientDirection::radialHint:
+        break;
+    }
+    const double square = size.width() * size.width() + size.height() * size.height();
+    return {.right = size.width() / square, .down = size.height() / square};
 }
 
 PaintRow straightRows(const QSize &size, const Slope &slope, const Shades &shades,
@@ -178,7 +180,7 @@ PaintRow straightRows(const QSize &size, const Slope &slope, const Shades &shade
             for (std::size_t x = 0; x < added[channel].size(); ++x)
                 added[channel][x] += quint32(x) * step[channel];
         }
-        const FineColor left = shades.at(slope.first + y * slope.down);
+        const FineColor left = shades.at(slope.right / 2 + (y + 0.5) * slope.down);
         const auto &[red, green, blue, alpha] = added;
         inBlocks(size.width(), [&](int first, int pixels) {
             const auto right = quint32(first);
