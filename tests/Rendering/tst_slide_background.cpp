@@ -3,6 +3,7 @@
 #include "Images.h"
 #include "SlideRendererView.h"
 
+#include <algorithm>
 #include <cmath>
 
 using namespace quenara;
@@ -64,6 +65,23 @@ int difference(const QColor &a, const QColor &b)
 {
     return std::max({std::abs(a.red() - b.red()), std::abs(a.green() - b.green()),
                      std::abs(a.blue() - b.blue())});
+}
+
+/// A slide of an image without blur, or with one.
+SlideBackground imageBackground(const QImage &image, double blurAmount = 0)
+{
+    SlideBackground background = solidBackground({0, 0, 0, 1});
+    background.kind = SlideBackgroundKind::image;
+    background.image = mediaOf(encoded(image, "PNG"));
+    background.blurAmount = blurAmount;
+    return background;
+}
+
+QImage solid(const QSize &size, const QColor &color)
+{
+    QImage image(size, QImage::Format_RGB32);
+    image.fill(color);
+    return image;
 }
 
 } // namespace
@@ -236,6 +254,131 @@ private slots:
         const QImage image = imageOf(background);
         QCOMPARE(image.pixel(1, 1), qRgb(0, 0, 255));
         QCOMPARE(image.pixel(1918, 1078), qRgb(0, 0, 255));
+    }
+
+    void aDarkenedImageIsExactOnAverage_data()
+    {
+        QTest::addColumn<double>("dim");
+        QTest::addColumn<bool>("isOpaque");
+        for (const double dim : {0.1, 0.35, 0.5, 0.82, 1.0}) {
+            QTest::addRow("%g", dim) << dim << true;
+            QTest::addRow("%g, translucent", dim) << dim << false;
+        }
+    }
+
+    void aDarkenedImageIsExactOnAverage()
+    {
+        QFETCH(double, dim);
+        QFETCH(bool, isOpaque);
+        constexpr int part = 16; // of one colour, each way
+        const QSize size(16 * part, 9 * part);
+        const auto colorAt = [&](int x, int y) {
+            const int shade = 16 * (x / part) + 15 * (y / part) / 8;
+            return QColor(shade, 255 - shade, shade / 2, isOpaque ? 255 : 255 - shade / 3);
+        };
+        QImage image(size, QImage::Format_ARGB32);
+        for (int y = 0; y < size.height(); ++y) {
+            for (int x = 0; x < size.width(); ++x)
+                image.setPixelColor(x, y, colorAt(x, y));
+        }
+        SlideBackground background = imageBackground(image);
+        background.dimAmount = dim;
+        QImage shown(size, QImage::Format_RGB32);
+        shown.fill(Qt::black);
+        QPainter painter(&shown);
+        paintAnew({.slide = slideWith(designOver(background))}, painter, shown.rect());
+        painter.end();
+        for (int top = 0; top < size.height(); top += part) {
+            for (int left = 0; left < size.width(); left += part) {
+                const QColor bright = colorAt(left, top);
+                const double expected = bright.green() * bright.alphaF() * (1 - dim);
+                double sum = 0;
+                for (int i = 0; i < part * part; ++i) {
+                    const int green = qGreen(shown.pixel(left + i % part, top + i / part));
+                    // A translucent one is rounded before it is darkened.
+                    QVERIFY(std::abs(green - expected) <= (isOpaque ? 1 : 1.5));
+                    sum += green;
+                }
+                QVERIFY(std::abs(sum / (part * part) - expected) <= (isOpaque ? 0.25 : 0.75));
+            }
+        }
+    }
+
+    void aPartOfADarkenedImageIsPaintedAsInTheWhole()
+    {
+        SlideBackground background = imageBackground(rendered({}, {64, 64}));
+        background.dimAmount = 0.3;
+        const SlideRendererView view{.slide = slideWith(designOver(background))};
+        const QRect part(50, 77, 130, 61);
+        const QImage whole = rendered(view, {320, 180});
+        QImage inPart(whole.size(), whole.format());
+        inPart.fill(magenta);
+        QPainter painter(&inPart);
+        painter.setClipRect(part);
+        paintAnew(view, painter, inPart.rect());
+        painter.end();
+        QCOMPARE(inPart.copy(part), whole.copy(part));
+        QCOMPARE(inPart.pixel(part.left() - 1, part.top()), magenta);
+        QCOMPARE(inPart.pixel(part.left(), part.bottom() + 1), magenta);
+    }
+
+    void everyBackgroundCoversTheWholeOfThePixelsAlongItsEdges_data()
+    {
+        QTest::addColumn<SlideBackground>("background");
+        const QImage photograph = solid({40, 30}, QColor(0, 90, 0));
+        SlideBackground darkened = imageBackground(photograph);
+        darkened.dimAmount = 0.5;
+        SlideBackground video = solidBackground({0, 1, 0, 1});
+        video.kind = SlideBackgroundKind::video;
+        QTest::newRow("a solid colour") << solidBackground({0, 1, 0, 1});
+        QTest::newRow("a gradient") << gradient(GradientDirection::diagonal);
+        QTest::newRow("an image") << imageBackground(photograph);
+        QTest::newRow("a darkened image") << darkened;
+        QTest::newRow("a video") << video;
+    }
+
+    /// The slide is 1365.33 pixels wide and stands a third of a pixel to the right.
+    void everyBackgroundCoversTheWholeOfThePixelsAlongItsEdges()
+    {
+        QFETCH(SlideBackground, background);
+        const QImage image = rendered({.slide = slideWith(designOver(background))}, {1366, 768});
+        for (const QPoint corner : {QPoint(0, 0), QPoint(0, 400), QPoint(700, 0), QPoint(700, 767),
+                                    QPoint(1365, 400), QPoint(1365, 767)}) {
+            const QPoint inside(std::clamp(corner.x(), 1, 1364), std::clamp(corner.y(), 1, 766));
+            QVERIFY(difference(image.pixelColor(corner), image.pixelColor(inside)) <= 2);
+        }
+    }
+
+    void aBlurredImageFadesOnlyWhereItEnds()
+    {
+        const auto blurred = [](const QSize &size) {
+            return rendered(
+                {.slide = slideWith(designOver(imageBackground(solid(size, Qt::green), 40)))},
+                {960, 540});
+        };
+        const QColor whole = Qt::green;
+        const QImage high = blurred({400, 300}); // the slide cuts it off above and below
+        QVERIFY(difference(high.pixelColor(480, 0), whole) <= 1);
+        QVERIFY(difference(high.pixelColor(480, 539), whole) <= 1);
+        QVERIFY(difference(high.pixelColor(0, 270), whole) > 50);
+        QVERIFY(difference(high.pixelColor(959, 270), whole) > 50);
+        const QImage wide = blurred({800, 300});
+        QVERIFY(difference(wide.pixelColor(480, 0), whole) > 50);
+        QVERIFY(difference(wide.pixelColor(480, 539), whole) > 50);
+        QVERIFY(difference(wide.pixelColor(0, 270), whole) <= 1);
+        QVERIFY(difference(wide.pixelColor(959, 270), whole) <= 1);
+    }
+
+    /// What the slide cuts off is blurred into what it shows.
+    void aBlurredImageIsCutOnlyOnceItIsBlurred()
+    {
+        QImage image = solid({400, 300}, Qt::black);
+        QPainter painter(&image);
+        painter.fillRect(0, 0, 400, 35, Qt::green); // the slide begins at 37.5
+        painter.end();
+        const QImage shown =
+            rendered({.slide = slideWith(designOver(imageBackground(image, 60)))}, {960, 540});
+        QVERIFY(shown.pixelColor(480, 0).green() > 60);
     }
 
     void mediaThatDoesNotDecodeFallsBackToTheGradientAndThenToTheSolidColour_data()

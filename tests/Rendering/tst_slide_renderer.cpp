@@ -466,6 +466,28 @@ private slots:
         QVERIFY(std::abs(qRed(image.pixel(200, 200)) - dimmed) <= 1);
     }
 
+    void thePlaceholdersDashesAreTwoPointsWideAndLieWithinTheLayer()
+    {
+        SlideElement layer;
+        layer.id = QStringLiteral("image");
+        layer.kind = SlideElementKind::image;
+        layer.frame = {100, 100, 400, 400};
+        const QImage image = rendered({.slide = slideOver(gray, {layer})}, canvas);
+        const int dimmed = qRound(128 * (1 - 0.32));
+        const int dash = qRound(dimmed + (255 - dimmed) * 0.35);
+        const auto isShade = [&](int x, int y, int shade) {
+            return std::abs(qRed(image.pixel(x, y)) - shade) <= 1;
+        };
+        // From the top left corner on, eight points are dashed and six are not.
+        for (const int y : {100, 101})
+            QVERIFY(isShade(105, y, dash) && isShade(111, y, dimmed));
+        QVERIFY(isShade(105, 99, 128) && isShade(105, 102, dimmed));
+        int dashed = 0;
+        for (int x = 102; x < 498; ++x)
+            dashed += int(isShade(x, 498, dash) && isShade(x, 499, dash));
+        QVERIFY(std::abs(dashed - 396 * 8 / 14) <= 14);
+    }
+
     void aLowerThirdHasItsBarBesideItsTextOverItsFill()
     {
         SlideElement layer;
@@ -481,6 +503,26 @@ private slots:
         layer.lowerThird.reset();
         QCOMPARE(rendered({.slide = slideOver(gray, {layer})}, canvas).pixel(132, 880),
                  qRgb(128, 128, 128));
+    }
+
+    void aLowerThirdWithoutASubtitleCentresItsTitle()
+    {
+        SlideElement layer;
+        layer.id = QStringLiteral("name");
+        layer.kind = SlideElementKind::lowerThird;
+        layer.frame = {100, 800, 900, 160};
+        const RGBAColor black{0, 0, 0, 1};
+        const auto middleOfInk = [&](const QString &subtitle) {
+            layer.lowerThird = LowerThirdProperties{QStringLiteral("H"), subtitle, black, black};
+            return inkOf(rendered({.slide = slideOver(black, {layer})}, canvas)).center().y();
+        };
+        QVERIFY(std::abs(middleOfInk({}) - 880) <= 2);
+        QVERIFY(std::abs(middleOfInk(QStringLiteral("  ")) - 880) <= 2);
+        const int titleAbove = [&] {
+            layer.lowerThird->subtitle = QStringLiteral("H");
+            return inkOf(rendered({.slide = slideOver(black, {layer})}, canvas)).top();
+        }();
+        QVERIFY(titleAbove < 850);
     }
 
     void aSlideIsAsSharpAsTheScreenItIsDrawnOn()

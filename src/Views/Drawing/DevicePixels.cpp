@@ -54,6 +54,12 @@ QRect visiblePixels(const QPainter &painter, const QRectF &bounds, int margin)
     return seen.isEmpty() ? QRect() : seen.toAlignedRect();
 }
 
+QRectF touchedPixels(const QPainter &painter, const QRectF &rect)
+{
+    const QRectF mapped = painter.deviceTransform().mapRect(rect);
+    return reachableArea.contains(mapped) ? QRectF(mapped.toAlignedRect()) : mapped;
+}
+
 void useDevicePixels(QPainter &painter)
 {
     // From the identity: the inverse is then exact, and pixels stay where they are.

@@ -17,6 +17,11 @@ constexpr double borderWidth = 2;
 constexpr double dashLength = 8;
 constexpr double dashGap = 6;
 
+double enlargement(const QSizeF &size, const QRectF &box)
+{
+    return std::max(box.width() / size.width(), box.height() / size.height());
+}
+
 void paintPlaceholder(QPainter &painter, const QRectF &box)
 {
     // Qt makes every dash, even those out of sight.
@@ -24,11 +29,12 @@ void paintPlaceholder(QPainter &painter, const QRectF &box)
     painter.save();
     painter.setClipRect(seen, Qt::IntersectClip);
     painter.fillRect(seen, QColor::fromRgbF(0, 0, 0, 0.32F));
+    const double half = borderWidth / 2;
     DashedOutline{.color = QColor::fromRgbF(1, 1, 1, 0.35F),
                   .width = borderWidth,
                   .dash = dashLength,
                   .gap = dashGap}
-        .paint(painter, seen);
+        .paint(painter, seen.adjusted(half, half, -half, -half));
     painter.setPen(QColor::fromRgbF(1, 1, 1, 0.62F));
     painter.setFont(systemFont(labelSize, QFont::DemiBold));
     painter.drawText(box, Qt::AlignCenter, QStringLiteral("Image"));
@@ -37,11 +43,19 @@ void paintPlaceholder(QPainter &painter, const QRectF &box)
 
 } // namespace
 
-QRectF fillingPart(const QSizeF &size, const QRectF &box)
+QRectF filledPlace(const QSizeF &size, const QRectF &box)
 {
-    const double ratio = std::max(box.width() / size.width(), box.height() / size.height());
-    const QSizeF part(box.width() / ratio, box.height() / ratio);
-    return {QPointF((size.width() - part.width()) / 2, (size.height() - part.height()) / 2), part};
+    QRectF place(QPointF(), size * enlargement(size, box));
+    place.moveCenter(box.center());
+    return place;
+}
+
+QRectF filledPart(const QSizeF &size, const QRectF &box, const QRectF &place)
+{
+    const double enlarged = enlargement(size, box);
+    const QPointF corner = place.topLeft() - filledPlace(size, box).topLeft();
+    return {corner.x() / enlarged, corner.y() / enlarged, place.width() / enlarged,
+            place.height() / enlarged};
 }
 
 void ImageElementRenderView::paint(QPainter &painter, const QRectF &box, RenderCaches &caches) const
@@ -53,7 +67,7 @@ void ImageElementRenderView::paint(QPainter &painter, const QRectF &box, RenderC
     if (image.isNull()) {
         paintPlaceholder(painter, box);
     } else {
-        painter.drawImage(box, image, fillingPart(image.size(), box));
+        painter.drawImage(box, image, filledPart(image.size(), box, box));
     }
 }
 

@@ -19,7 +19,10 @@ struct ImageElementRenderView
     void paint(QPainter &painter, const QRectF &box, RenderCaches &caches) const;
 };
 
-/// The largest centred part, in pixels, of an image of \a size that has the aspect ratio of \a box.
-[[nodiscard]] QRectF fillingPart(const QSizeF &size, const QRectF &box);
+/// Where the whole of an image of \a size lies that is scaled to fill \a box.
+[[nodiscard]] QRectF filledPlace(const QSizeF &size, const QRectF &box);
+
+/// The part of that image, in its pixels, that lies in \a place.
+[[nodiscard]] QRectF filledPart(const QSizeF &size, const QRectF &box, const QRectF &place);
 
 } // namespace quenara

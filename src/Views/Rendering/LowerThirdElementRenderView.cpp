@@ -59,15 +59,18 @@ void LowerThirdElementRenderView::paint(QPainter &painter, const QRectF &box,
     const double textWidth = box.width() / scale - inset - textLeft;
     painter.fillRect(QRectF(inset, 0, barWidth, height), lowerThird->accent.toColor());
 
+    const TextElementProperties title = lineOf(lowerThird->title, titleSize, TextFontWeight::bold);
+    const TextElementProperties subtitle =
+        lineOf(lowerThird->subtitle, subtitleSize, TextFontWeight::medium);
     const double titleHeight = titleSize * lineHeight;
     const double subtitleHeight = subtitleSize * lineHeight;
-    const double top = (height - titleHeight - lineGap - subtitleHeight) / 2;
+    const double below = subtitle.text.isEmpty() ? 0 : lineGap + subtitleHeight;
+    const double top = (height - titleHeight - below) / 2;
     painter.setPen(Qt::white);
-    drawLine(painter, lineOf(lowerThird->title, titleSize, TextFontWeight::bold),
-             {textLeft, top, textWidth, titleHeight}, caches);
+    drawLine(painter, title, {textLeft, top, textWidth, titleHeight}, caches);
     painter.setPen(QColor::fromRgbF(1, 1, 1, subtitleOpacity));
-    drawLine(painter, lineOf(lowerThird->subtitle, subtitleSize, TextFontWeight::medium),
-             {textLeft, top + titleHeight + lineGap, textWidth, subtitleHeight}, caches);
+    drawLine(painter, subtitle, {textLeft, top + titleHeight + lineGap, textWidth, subtitleHeight},
+             caches);
     painter.restore();
 }
 

@@ -1,5 +1,6 @@
 #include "SlideBackgroundRenderView.h"
 
+#include "DarkenedImage.h"
 #include "DevicePixels.h"
 #include "Fonts.h"
 #include "GaussianBlur.h"
@@ -66,25 +67,41 @@ void SlideBackgroundRenderView::paintCaption(QPainter &painter, const QRectF &sl
 bool SlideBackgroundRenderView::paintImage(QPainter &painter, const QRectF &slide,
                                            RenderCaches &caches) const
 {
-    const double device = deviceScale(painter);
-    const BlurPlan blur(background.blurAmount * device * scale);
-    const QSizeF size = slide.size() * device / blur.reduction;
-    const QImage image = caches.images.image(*background.image, wholePixels(size));
+    const BlurPlan blur(background.blurAmount * scale);
+    const QImage image =
+        caches.images.image(*background.image, wholePixels(slide.size() / blur.reduction));
     if (image.isNull())
         return false;
     if (blur.isNone()) {
-        painter.drawImage(slide, image, fillingPart(image.size(), slide));
+        paintPart(painter, slide, slide, image, filledPart(image.size(), slide, slide));
         return true;
     }
-    const QRectF part(QPointF(), size);
+    // The blur brings in what lies beside the slide; beyond the image there is nothing.
+    const QRectF around = filledPlace(image.size(), slide)
+        & slide.adjusted(-blur.reach, -blur.reach, blur.reach, blur.reach);
+    const QRectF part(QPointF(), around.size() / blur.reduction);
     QImage reduced(part.toAlignedRect().size(), QImage::Format_ARGB32_Premultiplied);
     reduced.fill(Qt::transparent);
     QPainter reducedPainter(&reduced);
     reducedPainter.setRenderHint(QPainter::SmoothPixmapTransform);
-    reducedPainter.drawImage(part, image, fillingPart(image.size(), part));
+    reducedPainter.drawImage(part, image, filledPart(image.size(), slide, around));
     reducedPainter.end();
-    painter.drawImage(slide, gaussianBlurred(reduced, blur.sigma), part);
+    paintPart(painter, slide, around, gaussianBlurred(reduced, blur.sigma), part);
     return true;
+}
+
+/// Has \a part of \a image fill \a place, which may reach beyond the slide.
+void SlideBackgroundRenderView::paintPart(QPainter &painter, const QRectF &slide,
+                                          const QRectF &place, const QImage &image,
+                                          const QRectF &part) const
+{
+    if (dim() > 0 && reachableArea.contains(slide)) {
+        DarkenedImage{image, part, dim()}.paint(painter, place, slide.toRect());
+    } else {
+        painter.setClipRect(slide, Qt::IntersectClip);
+        painter.drawImage(place, image, part);
+        painter.fillRect(slide, QColor::fromRgbF(0, 0, 0, float(dim())));
+    }
 }
 
 bool SlideBackgroundRenderView::isOpaque() const
@@ -109,6 +126,17 @@ void SlideBackgroundRenderView::paint(QPainter &painter, const QRectF &slide,
 {
     if (slide.isEmpty() || scale <= 0)
         return;
+    const QRectF pixels = touchedPixels(painter, slide);
+    const SlideBackgroundRenderView inPixels{background, scale * deviceScale(painter)};
+    painter.save();
+    useDevicePixels(painter);
+    inPixels.paintPixels(painter, pixels, caches);
+    painter.restore();
+}
+
+void SlideBackgroundRenderView::paintPixels(QPainter &painter, const QRectF &slide,
+                                            RenderCaches &caches) const
+{
     switch (background.kind) {
     case SlideBackgroundKind::solid:
         painter.fillRect(slide, darkened(background.solidColor));
@@ -118,10 +146,8 @@ void SlideBackgroundRenderView::paint(QPainter &painter, const QRectF &slide,
         paintCaption(painter, slide);
         break;
     case SlideBackgroundKind::image:
-        if (background.image && paintImage(painter, slide, caches)) {
-            painter.fillRect(slide, QColor::fromRgbF(0, 0, 0, float(dim())));
+        if (background.image && paintImage(painter, slide, caches))
             break;
-        }
         [[fallthrough]];
     case SlideBackgroundKind::gradient:
         paintGradient(painter, slide);

@@ -10,7 +10,7 @@ namespace quenara {
 
 struct RenderCaches;
 
-/// The background of a slide, darkened by its dim amount.
+/// The background of a slide, darkened by its dim amount. It covers whole device pixels.
 struct SlideBackgroundRenderView
 {
     SlideBackground background;
@@ -26,10 +26,14 @@ private:
     /// \a color under the darkening.
     QColor darkened(const RGBAColor &color) const;
     double dim() const;
+    // What paints through a painter whose coordinates are device pixels, which `scale` is then of.
+    void paintPixels(QPainter &painter, const QRectF &slide, RenderCaches &caches) const;
     void paintGradient(QPainter &painter, const QRectF &slide) const;
     void paintCaption(QPainter &painter, const QRectF &slide) const;
     /// Returns false, having painted nothing, if there is no image to be had.
     bool paintImage(QPainter &painter, const QRectF &slide, RenderCaches &caches) const;
+    void paintPart(QPainter &painter, const QRectF &slide, const QRectF &place, const QImage &image,
+                   const QRectF &part) const;
 };
 
 } // namespace quenara

@@ -93,7 +93,6 @@ void SlideImage::paintOn(QImage &image, const std::function<void(QPainter &)> &p
     QPainter painter(&image);
     painter.translate(slideRect().topLeft()
                       - QPointF(coveredPixels().topLeft()) / m_key->devicePixelRatio);
-    painter.setClipRect(QRectF(QPointF(), slideRect().size()));
     paint(painter);
 }
 

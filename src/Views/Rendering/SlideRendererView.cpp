@@ -1,6 +1,7 @@
 #include "SlideRendererView.h"
 
 #include "BoundedNumbers.h"
+#include "DevicePixels.h"
 #include "SlideBackgroundRenderView.h"
 #include "SlideDesignRenderView.h"
 
@@ -32,7 +33,7 @@ QRect SlideRendererView::hiddenRect(const QRectF &area) const
 {
     if (!slide || !SlideBackgroundRenderView{slide->design.background, 1}.isOpaque())
         return {};
-    // The slide may cover only a part of the pixels along its edges.
+    // A point along its edges may be a part of several pixels.
     return slideRect(area).toAlignedRect().adjusted(2, 2, -2, -2);
 }
 
@@ -42,11 +43,15 @@ void SlideRendererView::paint(QPainter &painter, const QRectF &area, RenderCache
     if (fitted.isEmpty())
         return;
     if (!slide) {
-        painter.fillRect(fitted, Qt::black);
+        painter.save();
+        const QRectF pixels = touchedPixels(painter, fitted);
+        useDevicePixels(painter);
+        painter.fillRect(pixels, Qt::black);
+        painter.restore();
         return;
     }
     painter.save();
-    painter.setClipRect(fitted, Qt::IntersectClip);
+    clipToPixels(painter, visiblePixels(painter, fitted));
     painter.translate(fitted.topLeft());
     SlideDesignRenderView{*slide, fitted.width() / paintedSize(slide->design.canvasSize).width,
                           showSafeArea, selectedElementID}

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QImage>
+#include <QPainter>
+#include <QRect>
+#include <QRectF>
+
+namespace quenara {
+
+/// An image under black of some opacity. What lies between two shades that can be shown is shown as
+/// a pattern of both, as in a gradient, so that a sky has no bands.
+struct DarkenedImage
+{
+    QImage image; ///< RGB32 or ARGB32 premultiplied
+    QRectF part; ///< of the image that is drawn, in its pixels
+    double dim; ///< opacity of the black over the image and what it leaves free, 0 to 1
+
+    /// Fills \a place with the part, as far as it lies within \a pixels. The painter's coordinates
+    /// must be device pixels.
+    void paint(QPainter &painter, const QRectF &place, const QRect &pixels) const;
+};
+
+} // namespace quenara
