@@ -3,13 +3,16 @@
 #include "TestMain.h"
 #include "ZelvoImageLoader.h"
 
+#include <QColorSpace>
 #include <QDir>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QUrl>
 #include <QtEndian>
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 #include <sys/stat.h>
 
 using namespace quenara;
@@ -20,6 +23,53 @@ namespace tst_image_loader {
 namespace {
 
 constexpr QSize size(640, 480);
+
+/// How colours are told apart from those of sRGB by another profile with the same white.
+struct Profile
+{
+    const char *name;
+    QColorSpace::NamedColorSpace colors;
+    double exponent; ///< of light to the number for it; 0 for the curve of sRGB
+    /// From its red, green and blue light to that of sRGB.
+    std::array<std::array<double, 3>, 3> light;
+};
+
+// From the published primaries of each, and white at D65.
+const std::array profiles{
+    Profile{"Display P3",
+            QColorSpace::DisplayP3,
+            0,
+            {{{1.22494, -0.22494, 0}, {-0.04206, 1.04206, 0}, {-0.01964, -0.07864, 1.09827}}}},
+    Profile{"Adobe RGB",
+            QColorSpace::AdobeRgb,
+            563.0 / 256,
+            {{{1.39836, -0.39836, 0}, {0, 1, 0}, {0, -0.04293, 1.04293}}}},
+};
+
+double sRgbLight(double number)
+{
+    return number <= 0.04045 ? number / 12.92 : std::pow((number + 0.055) / 1.055, 2.4);
+}
+
+double sRgbNumber(double light)
+{
+    const double clamped = std::clamp(light, 0.0, 1.0);
+    return clamped <= 0.0031308 ? 12.92 * clamped : 1.055 * std::pow(clamped, 1 / 2.4) - 0.055;
+}
+
+QRgb inSRgb(const QColor &color, const Profile &profile)
+{
+    const auto light = [&](double number) {
+        return profile.exponent > 0 ? std::pow(number, profile.exponent) : sRgbLight(number);
+    };
+    const std::array own{light(color.redF()), light(color.greenF()), light(color.blueF())};
+    const auto channel = [&](std::size_t row) {
+        const auto &parts = profile.light.at(row);
+        return qRound(
+            255 * sRgbNumber(parts.at(0) * own[0] + parts.at(1) * own[1] + parts.at(2) * own[2]));
+    };
+    return qRgb(channel(0), channel(1), channel(2));
+}
 
 SlideMedia mediaAt(const QByteArray &place)
 {
@@ -153,6 +203,75 @@ private slots:
         QCOMPARE(reduced.fullSize, size);
         QCOMPARE(reduced.image.size(), size / 4);
         QVERIFY(showsQuarters(reduced.image));
+    }
+
+    void coloursAreThoseOfTheProfileThatComesWithThem_data()
+    {
+        QTest::addColumn<Profile>("profile");
+        QTest::addColumn<QImage::Format>("stored");
+        QTest::addColumn<QByteArray>("format");
+        for (const Profile &profile : profiles) {
+            const auto add = [&](const char *kind, QImage::Format stored, const char *format) {
+                QTest::addRow("%s, %s", profile.name, kind)
+                    << profile << stored << QByteArray(format);
+            };
+            add("a PNG", QImage::Format_RGB32, "PNG");
+            add("a translucent PNG", QImage::Format_ARGB32, "PNG");
+            add("a PNG of 16 bits a channel", QImage::Format_RGBX64, "PNG");
+            add("a PNG with a palette", QImage::Format_Indexed8, "PNG");
+            add("a JPEG", QImage::Format_RGB32, "JPEG");
+        }
+    }
+
+    void coloursAreThoseOfTheProfileThatComesWithThem()
+    {
+        QFETCH(Profile, profile);
+        QFETCH(QImage::Format, stored);
+        QFETCH(QByteArray, format);
+        for (const QColor &color : {QColor(200, 120, 60), QColor(70, 140, 110)}) {
+            QImage image(size / 10, QImage::Format_RGB32);
+            image.fill(color);
+            image = image.convertToFormat(stored);
+            image.setColorSpace(QColorSpace(profile.colors));
+            const QImage read = ZelvoImageLoader::image(mediaOf(encoded(image, format)));
+            QCOMPARE(read.size(), image.size());
+            const QRgb expected = inSRgb(color, profile);
+            const QRgb found = read.pixel(5, 5);
+            const int rounding = format == "JPEG" ? 2 : 1;
+            const auto differs = [&](int a, int b) { return std::abs(a - b) > rounding; };
+            QVERIFY2(!differs(qRed(found), qRed(expected))
+                         && !differs(qGreen(found), qGreen(expected))
+                         && !differs(qBlue(found), qBlue(expected)),
+                     qPrintable(QColor(found).name() + QLatin1String(" instead of ")
+                                + QColor(expected).name()));
+        }
+    }
+
+    void coloursWithoutAProfileOrWithThatOfSlidesStayAsTheyAre_data()
+    {
+        QTest::addColumn<QColorSpace>("colors");
+        QTest::addColumn<QByteArray>("chunk");
+        QTest::newRow("no profile") << QColorSpace() << QByteArray();
+        QTest::newRow("that of slides") << QColorSpace(QColorSpace::SRgb) << QByteArray();
+        QTest::newRow("an exponent alone")
+            << QColorSpace() << QByteArray("\0\0\0\4gAMA\0\0\xb1\x8f\x0b\xfc\x61\x05", 16);
+    }
+
+    void coloursWithoutAProfileOrWithThatOfSlidesStayAsTheyAre()
+    {
+        QFETCH(QColorSpace, colors);
+        QFETCH(QByteArray, chunk);
+        constexpr int header = 33; // bytes before the first chunk that may follow
+        QImage image(256, 1, QImage::Format_RGB32);
+        for (int shade = 0; shade < image.width(); ++shade)
+            image.setPixel(shade, 0, qRgb(shade, 255 - shade, shade / 2));
+        const QImage expected = image;
+        image.setColorSpace(colors);
+        const QByteArray bytes = encoded(image, "PNG").insert(header, chunk);
+        const QImage read = ZelvoImageLoader::image(mediaOf(bytes));
+        QCOMPARE(read.size(), expected.size());
+        for (int shade = 0; shade < image.width(); ++shade)
+            QCOMPARE(read.pixel(shade, 0), expected.pixel(shade, 0));
     }
 
     void anImageIsReducedAsFarAsItKeepsWhatIsNeeded_data()

@@ -91,6 +91,8 @@ QImage SlideImage::blank() const
 void SlideImage::paintOn(QImage &image, const std::function<void(QPainter &)> &paint) const
 {
     QPainter painter(&image);
+    // Of no use but that Qt does not have its threads fill what is clipped.
+    painter.setClipRect(QRectF(QPointF(), QSizeF(image.size()) / m_key->devicePixelRatio));
     painter.translate(slideRect().topLeft()
                       - QPointF(coveredPixels().topLeft()) / m_key->devicePixelRatio);
     paint(painter);

@@ -3,10 +3,14 @@
 #include "FileReading.h"
 #include "ImageBytes.h"
 
+#include <QColorSpace>
+#include <QColorTransform>
 #include <QImageReader>
 #include <QUrl>
 
 #include <algorithm>
+#include <array>
+#include <cmath>
 #include <limits>
 #include <optional>
 
@@ -20,17 +24,50 @@ constexpr QByteArrayView dataScheme = "data:";
 /// be read at a fraction of its size is reduced to that, which no screen shows.
 constexpr int largestMegabytes = 256;
 constexpr qint64 bytesPerPixel = 4;
+constexpr int bitsPerPixel = 32;
 constexpr qint64 largestPixelCount = (qint64(largestMegabytes) << 20U) / bytesPerPixel;
 
 /// More than any camera or scanner gives. A few bytes may claim to hold more, which takes long to
 /// read even at a fraction of the size.
 constexpr qint64 mostStoredPixels = qint64(1) << 30U;
 
-/// \a image in the format that painters draw fastest.
-QImage paintable(const QImage &image)
+/// Whether the colours mean what those of a slide do, but for a rounding. That is taken to be so,
+/// too, where a program has said no more than the usual exponent.
+bool isSRgb(const QColorSpace &colors)
 {
-    return image.convertToFormat(image.hasAlphaChannel() ? QImage::Format_ARGB32_Premultiplied
-                                                         : QImage::Format_RGB32);
+    constexpr float exponent = 2.2F;
+    constexpr float nearly = 0.01F;
+    const bool isExponentAlone = colors.primaries() == QColorSpace::Primaries::SRgb
+        && colors.transferFunction() == QColorSpace::TransferFunction::Gamma
+        && std::abs(colors.gamma() - exponent) < nearly;
+    if (!colors.isValid() || isExponentAlone)
+        return true;
+    const QColorTransform transform =
+        colors.transformationToColorSpace(QColorSpace(QColorSpace::SRgb));
+    const auto stays = [&](QRgb color) {
+        const QRgb mapped = transform.map(color);
+        return std::abs(qRed(mapped) - qRed(color)) <= 1
+            && std::abs(qGreen(mapped) - qGreen(color)) <= 1
+            && std::abs(qBlue(mapped) - qBlue(color)) <= 1;
+    };
+    constexpr std::array<QRgb, 5> some{0xffc02020, 0xff20c020, 0xff2020c0, 0xff101010, 0xff808080};
+    return std::all_of(some.begin(), some.end(), stays);
+}
+
+/// \a image in the colours of slides and the format that painters draw fastest.
+QImage paintable(QImage image)
+{
+    const bool isTranslucent = image.hasAlphaChannel();
+    if (!isSRgb(image.colorSpace())) {
+        // Neither palettes nor shades of grey can be converted as they are.
+        const bool hasFineShades = image.depth() > bitsPerPixel;
+        image.convertTo(hasFineShades       ? QImage::Format_RGBA64
+                            : isTranslucent ? QImage::Format_ARGB32
+                                            : QImage::Format_RGB32);
+        image.convertToColorSpace(QColorSpace(QColorSpace::SRgb));
+    }
+    image.convertTo(isTranslucent ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
+    return image;
 }
 
 QSize reduced(const QSize &size, int reduction)

@@ -20,7 +20,8 @@ struct ZelvoImageLoader
 {
     /// The image in the media's data URL (strict base64 after the first comma; the media type is
     /// ignored), or in the file that a file URL or a plain path names. Turned upright as the
-    /// image's own orientation says. Null if there is none to be had, or only a part of one.
+    /// image's own orientation says, its colours converted to sRGB from what its profile says. Null
+    /// if there is none to be had, or only a part of one.
     [[nodiscard]] static QImage image(const SlideMedia &media);
 
     /// The same, reduced as far as it still has \a needed pixels each way.
