@@ -27,10 +27,11 @@ bool EscapeTwice::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::ShortcutOverride) {
         const auto &key = static_cast<const QKeyEvent &>(*event);
-        if (key.key() == Qt::Key_Escape)
+        if (key.key() == Qt::Key_Escape) {
             m_askedAt = key.timestamp();
-        else
+        } else {
             m_first.reset();
+        }
     }
     return QObject::eventFilter(watched, event);
 }

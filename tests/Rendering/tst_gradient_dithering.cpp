@@ -93,7 +93,8 @@ class Sums
 {
 public:
     Sums(const QImage &image, const Case &kind, GradientDirection direction)
-        : m_width(image.width() + 1), m_sums(std::size_t(m_width * (image.height() + 1)))
+        : m_width(image.width() + 1),
+          m_sums(std::size_t(m_width) * (std::size_t(image.height()) + 1))
     {
         for (int y = 0; y < image.height(); ++y) {
             const auto *row = reinterpret_cast<const QRgb *>(image.constScanLine(y));
@@ -132,7 +133,10 @@ public:
     }
 
 private:
-    Color &at(int x, int y) { return m_sums[std::size_t(y * m_width + x)]; }
+    Color &at(int x, int y)
+    {
+        return m_sums[std::size_t(y) * std::size_t(m_width) + std::size_t(x)];
+    }
 
     int m_width;
     std::vector<Color> m_sums;
@@ -174,9 +178,10 @@ private slots:
         QTest::addColumn<Case>("kind");
         QTest::addColumn<GradientDirection>("direction");
         for (const Case &kind : cases) {
-            for (const GradientDirection direction : allCases<GradientDirection>())
+            for (const GradientDirection direction : allCases<GradientDirection>()) {
                 QTest::addRow("%s, %s", kind.name, qPrintable(rawValue(direction)))
                     << kind << direction;
+            }
         }
     }
 

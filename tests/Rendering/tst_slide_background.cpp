@@ -291,7 +291,7 @@ private slots:
         for (int top = 0; top < size.height(); top += part) {
             for (int left = 0; left < size.width(); left += part) {
                 const QColor bright = colorAt(left, top);
-                const double expected = bright.green() * bright.alphaF() * (1 - dim);
+                const double expected = bright.green() * double(bright.alphaF()) * (1 - dim);
                 double sum = 0;
                 for (int i = 0; i < part * part; ++i) {
                     const int green = qGreen(shown.pixel(left + i % part, top + i / part));

@@ -7,9 +7,9 @@ namespace quenara {
 
 namespace {
 
-constexpr int side = DitherPattern::side;
-constexpr int count = DitherPattern::count;
-constexpr int beginning = count / 10; ///< dots that are laid out before all others
+constexpr int patternSide = DitherPattern::side;
+constexpr int placeCount = DitherPattern::count;
+constexpr int beginning = placeCount / 10; ///< dots that are laid out before all others
 
 /// Dots on the square and how crowded each of its places is. Whole numbers, so that the same
 /// pattern is found on every machine.
@@ -20,9 +20,9 @@ public:
     {
         constexpr double reach = 1.5; // pixels
         constexpr double unit = 1 << 20;
-        for (int i = 0; i < count; ++i) {
-            const double x = std::min(i % side, side - i % side);
-            const double y = std::min(i / side, side - i / side);
+        for (int i = 0; i < placeCount; ++i) {
+            const double x = std::min(i % patternSide, patternSide - i % patternSide);
+            const double y = std::min(i / patternSide, patternSide - i / patternSide);
             m_influence.at(std::size_t(i)) =
                 std::lround(unit * std::exp(-(x * x + y * y) / (2 * reach * reach)));
         }
@@ -31,10 +31,10 @@ public:
     void set(int place, bool isDot)
     {
         m_isDot.at(std::size_t(place)) = isDot;
-        for (int i = 0; i < count; ++i) {
-            const int x = (i % side - place % side + side) % side;
-            const int y = (i / side - place / side + side) % side;
-            const long influence = m_influence.at(std::size_t(y * side + x));
+        for (int i = 0; i < placeCount; ++i) {
+            const int x = (i % patternSide - place % patternSide + patternSide) % patternSide;
+            const int y = (i / patternSide - place / patternSide + patternSide) % patternSide;
+            const long influence = m_influence.at(std::size_t(y) * patternSide + std::size_t(x));
             m_crowding.at(std::size_t(i)) += isDot ? influence : -influence;
         }
     }
@@ -50,7 +50,7 @@ private:
     int extreme(bool ofDots) const
     {
         int found = -1;
-        for (int i = 0; i < count; ++i) {
+        for (int i = 0; i < placeCount; ++i) {
             if (isDot(i) != ofDots)
                 continue;
             const bool isFurther = found < 0
@@ -62,9 +62,9 @@ private:
 
     long crowding(int place) const { return m_crowding.at(std::size_t(place)); }
 
-    std::array<long, count> m_influence{}; ///< of a dot at the first place on each
-    std::array<long, count> m_crowding{};
-    std::array<bool, count> m_isDot{};
+    std::array<long, placeCount> m_influence{}; ///< of a dot at the first place on each
+    std::array<long, placeCount> m_crowding{};
+    std::array<bool, placeCount> m_isDot{};
 };
 
 /// A tenth of the square in dots as far from one another as they come to be when the most crowded
@@ -111,7 +111,7 @@ DitherPattern::DitherPattern()
         dots.set(place, false);
     }
     dots = first;
-    for (int value = beginning; value < count; ++value) {
+    for (int value = beginning; value < placeCount; ++value) {
         const int place = dots.emptiest();
         rank(place, value);
         dots.set(place, true);

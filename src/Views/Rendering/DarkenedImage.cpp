@@ -87,9 +87,10 @@ void DarkenedImage::paint(QPainter &painter, const QRectF &place, const QRect &p
         bandPainter.drawImage(place, image, part);
         bandPainter.end();
         const int height = std::min(bandHeight, pixels.bottom() + 1 - top);
-        for (int y = 0; y < height; ++y)
+        for (int y = 0; y < height; ++y) {
             darkening.darken(reinterpret_cast<QRgb *>(band.scanLine(y)), band.width(),
                              top - pixels.top() + y);
+        }
         painter.drawImage(QPoint(pixels.left(), top), band, QRect(0, 0, band.width(), height));
     }
 }

@@ -206,6 +206,7 @@ PaintRow roundRows(const QSize &size, double endRadius, const Shades &shades,
     };
     const int half = (size.width() + 1) / 2;
     std::vector<float> squares; // of the way from the middle to the pixels on its right
+    squares.reserve(std::size_t(half));
     for (int x = 0; x < half; ++x)
         squares.push_back(square(x + (size.width() % 2 == 0 ? 0.5 : 0)));
     std::vector<float> along(std::size_t(size.width())); // the gradient, for a row's pixels
