@@ -288,8 +288,10 @@ QList<GoldenSlide> textSlides()
     spaced.characterSpacing = 14;
     spaced.lineHeight = 1.8;
     TextElementProperties broken =
-        words(QStringLiteral("Hallelujah").repeated(6) + QStringLiteral(" amen"));
+        words(QStringLiteral("Hallelujah").repeated(10) + QStringLiteral(" amen"));
     broken.alignment = TextAlignmentValue::left;
+    TextElementProperties wholeWord =
+        words(QStringLiteral("Hallelujah").repeated(5) + QStringLiteral(" amen"));
     TextElementProperties marks = words(
         QStringLiteral("Že\u0301 n\u0303andu\u0301 — Ærø, Łódź\n“official” fjord & flüstern"));
     TextElementProperties backwards = words(QStringLiteral("\u202eEvening brings it home,\n"
@@ -306,6 +308,7 @@ QList<GoldenSlide> textSlides()
         slideOf(QStringLiteral("text-wrapped"), {textLayer(words(story().repeated(2).trimmed()))}),
         slideOf(QStringLiteral("text-shrunk"), {textLayer(words(story().repeated(6).trimmed()))}),
         slideOf(QStringLiteral("text-truncated"), {textLayer(words(story().repeated(40)))}),
+        slideOf(QStringLiteral("text-whole-word"), {textLayer(wholeWord)}),
         slideOf(QStringLiteral("text-broken-word"), {textLayer(broken)}),
         slideOf(QStringLiteral("text-blank-lines"),
                 {textLayer(words(QStringLiteral("Silence\n\n\nand song")))}),

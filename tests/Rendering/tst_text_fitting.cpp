@@ -26,7 +26,7 @@ QString longText()
 QStringList linesAtTheFloor(TextElementProperties text, double width)
 {
     text.fontSize *= TextBlock::smallestFit;
-    return TextBlock(text, {width, 1e5}).lines();
+    return TextBlock(text, {width, 1e5}, {.smallestFit = 1}).lines();
 }
 
 } // namespace
@@ -67,8 +67,12 @@ private slots:
             QTest::addRow("scripts and emoji wrapped to %d", width)
                 << mixed << 78.0 << QSizeF(width, 330'000.0 / width) << 0.0;
         }
-        QTest::newRow("a word that is broken inside")
-            << QStringLiteral("Hallelujah").repeated(8) << 100.0 << QSizeF(900, 420) << 0.0;
+        QTest::newRow("two long words") << QStringLiteral("Responsibility and Righteousness")
+                                        << 150.0 << QSizeF(700, 600) << 0.0;
+        QTest::newRow("a long word before a short one")
+            << QStringLiteral("Congratulations everyone") << 78.0 << QSizeF(300, 600) << 0.0;
+        QTest::newRow("a long word with wide spacing")
+            << QStringLiteral("Congratulations everyone") << 78.0 << QSizeF(700, 600) << 20.0;
     }
 
     void aTextIsShrunkToWithinHalfAUnitOfTheLargestSizeThatFits()
@@ -90,6 +94,76 @@ private slots:
         QCOMPARE(TextBlock(properties, box).fit(), 1.0);
         properties.fontSize += halfAUnit;
         QVERIFY(TextBlock(properties, box).fit() < 1);
+    }
+
+    void everyWordIsWholeAtTheLargestSizeAtWhichAllCanBe_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("names") << QStringLiteral("Responsibility and Righteousness");
+        QTest::newRow("a wish") << QStringLiteral("Congratulations everyone");
+        QTest::newRow("hyphens") << QStringLiteral("Well-known everlasting loving-kindness");
+        QTest::newRow("lines of their own") << QStringLiteral("Immeasurably\nmore\nunsearchable");
+        QTest::newRow("capitals with accents") << QStringLiteral("GÜTE UND BARMHERZIGKEIT FOLGEN");
+        QTest::newRow("right to left")
+            << QString::fromUtf8("\u0627\u0644\u0645\u0633\u062a\u0634\u0641\u064a\u0627\u062a "
+                                 "\u0627\u0644\u0643\u0628\u064a\u0631\u0629");
+    }
+
+    void everyWordIsWholeAtTheLargestSizeAtWhichAllCanBe()
+    {
+        QFETCH(QString, text);
+        constexpr double fontSize = 120;
+        int shrunkCount = 0;
+        for (double width = 300; width < 1200; width += 25) {
+            const TextBlock block(sized(text, fontSize), {width, 2000});
+            if (block.fit() == TextBlock::smallestFit)
+                continue;
+            shrunkCount += int(block.fit() < 1);
+            QStringList lines = block.lines();
+            lines.removeLast();
+            for (const QString &line : lines) {
+                const QChar last = line.back();
+                QVERIFY2(last == u' ' || last == u'-' || text.contains(line + u'\n'),
+                         qPrintable(line));
+            }
+            // A little larger, the widest word would be too wide: no height is lacking.
+            if (block.fit() < 1) {
+                const double larger = fontSize * block.fit() + 0.5;
+                QVERIFY(TextBlock(sized(text, larger), {width, 2000}).fit() < 1);
+            }
+        }
+        QVERIFY(shrunkCount > 3);
+    }
+
+    void onlyAtTheSmallestSizeIsAWordBroken()
+    {
+        const QString longWord = QStringLiteral("Hallelujah").repeated(8);
+        const TextBlock block(sized(longWord, 100), {900, 420});
+        QCOMPARE(block.fit(), TextBlock::smallestFit);
+        QVERIFY(!block.isCut());
+        QCOMPARE(block.lines().join(QString()), longWord);
+        QVERIFY(block.lines().size() > 1);
+    }
+
+    void languagesWithoutSpacesBreakWhereTheyMay_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::newRow("Chinese") << QString::fromUtf8("\u8036\u548c\u534e\u662f\u6211\u7684"
+                                                      "\u7267\u8005\u6211\u5fc5\u4e0d\u81f3"
+                                                      "\u7f3a\u4e4f");
+        QTest::newRow("Japanese") << QString::fromUtf8("\u4e3b\u306f\u308f\u305f\u3057\u306e"
+                                                       "\u7f8a\u98fc\u3044\u3067\u3042\u308b");
+        QTest::newRow("Thai") << QString::fromUtf8(
+            "\u0e1e\u0e23\u0e30\u0e40\u0e08\u0e49\u0e32\u0e17\u0e23\u0e07\u0e40\u0e1b\u0e47"
+            "\u0e19\u0e1c\u0e39\u0e49\u0e40\u0e25\u0e35\u0e49\u0e22\u0e07\u0e14\u0e39");
+    }
+
+    void languagesWithoutSpacesBreakWhereTheyMay()
+    {
+        QFETCH(QString, text);
+        const TextBlock block(sized(text, 100), {450, 2000});
+        QCOMPARE(block.fit(), 1.0);
+        QVERIFY(block.lines().size() > 1);
     }
 
     void aTextWithLinesOfUnequalHeightIsAsLargeAsItCanBe_data()

@@ -52,7 +52,6 @@ private slots:
             << words(8) << TextLimits{.smallestFit = 0.5, .lineMaximum = 1} << roomy;
         QTest::newRow("words whose height counts first")
             << words(36) << sevenLines << QSizeF(1000, 250);
-        QTest::newRow("an endless word") << QString(200, u'w') << sevenLines << roomy;
     }
 
     void aTextOfTooManyLinesIsShrunkToWithinHalfAUnitOfTheLargestSizeThatNeedsFewEnough()

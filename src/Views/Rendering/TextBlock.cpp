@@ -6,7 +6,6 @@
 #include "SlideFonts.h"
 
 #include <QRawFont>
-#include <QTextBoundaryFinder>
 #include <QTextLayout>
 
 #include <algorithm>
@@ -35,6 +34,20 @@ Qt::Alignment alignmentOf(TextAlignmentValue alignment)
         break;
     }
     return Qt::AlignRight | Qt::AlignAbsolute;
+}
+
+/// Whether a character is of a script without spaces of which only a dictionary tells the words.
+bool needsDictionary(QChar character)
+{
+    switch (character.script()) {
+    case QChar::Script_Thai:
+    case QChar::Script_Lao:
+    case QChar::Script_Khmer:
+    case QChar::Script_Myanmar:
+        return true;
+    default:
+        return false;
+    }
 }
 
 } // namespace
@@ -66,11 +79,12 @@ bool TextBlock::setBeginning(qsizetype length)
             return true;
     }
     layOut(m_limits.smallestFit);
-    m_isCut = !doesFit();
+    m_isCut = !isWithinBox();
     if (m_isCut) {
         truncate();
     } else if (isWhole) {
-        shrink();
+        if (m_hasWholeWords)
+            shrink();
     } else if (length < longestText) {
         return false;
     } else {
@@ -86,6 +100,7 @@ TextBlock::~TextBlock() = default;
 void TextBlock::setShown(const ShownText &shown)
 {
     m_shown = shown;
+    m_breaks.reset();
     m_layout->setText(shown.text);
     m_layout->setFormats(shown.formats);
 }
@@ -113,6 +128,7 @@ void TextBlock::layOut(double fit)
     m_layout->beginLayout();
     double y = 0;
     QRectF covered;
+    m_hasWholeWords = true;
     for (QTextLine line = m_layout->createLine(); line.isValid(); line = m_layout->createLine()) {
         line.setLeadingIncluded(true);
         line.setLineWidth(width);
@@ -120,6 +136,7 @@ void TextBlock::layOut(double fit)
         covered |= QRectF(line.naturalTextRect().left(), y, line.naturalTextWidth(),
                           line.ascent() + line.descent());
         y += line.height() + spacing;
+        m_hasWholeWords = m_hasWholeWords && mayBreak(line.textStart() + line.textLength());
         if (covered.height() * unit() > m_box.height()
             || m_layout->lineCount() > m_limits.lineMaximum)
             break; // it does not fit, whatever follows
@@ -129,7 +146,20 @@ void TextBlock::layOut(double fit)
                       covered.width() * unit(), covered.height() * unit());
 }
 
-bool TextBlock::doesFit() const
+/// Whether a line may end before the character at \a position, without breaking a word.
+bool TextBlock::mayBreak(int position)
+{
+    const QString &text = m_shown.text;
+    if (position >= text.size() || text.at(position - 1) == QChar::LineSeparator)
+        return true;
+    if (!m_breaks)
+        m_breaks = QTextBoundaryFinder(QTextBoundaryFinder::Line, text);
+    m_breaks->setPosition(position);
+    return m_breaks->isAtBoundary()
+        || (needsDictionary(text.at(position - 1)) && needsDictionary(text.at(position)));
+}
+
+bool TextBlock::isWithinBox() const
 {
     return m_bounds.height() <= m_box.height() && m_layout->lineCount() <= m_limits.lineMaximum;
 }

@@ -10,6 +10,7 @@
 #include <QRectF>
 #include <QSizeF>
 #include <QStringList>
+#include <QTextBoundaryFinder>
 
 #include <limits>
 #include <memory>
@@ -43,8 +44,9 @@ public:
     /// room for, not on its length.
     static constexpr qsizetype longestText = 32'000;
 
-    /// Wraps \a text between words, and inside a word that is too long for a line. Shrinks it,
-    /// within \a limits, until it fits into \a box. Truncates what does not fit even then.
+    /// Wraps \a text between words. Shrinks it, within \a limits, until it fits into \a box with
+    /// every word whole. A word that is too long for a line even then is broken inside, and what
+    /// does not fit is truncated.
     TextBlock(const TextElementProperties &text, const QSizeF &box, const TextLimits &limits = {});
     ~TextBlock();
     TextBlock(const TextBlock &) = delete;
@@ -93,7 +95,9 @@ private:
     bool setBeginning(qsizetype length);
     void setShown(const ShownText &shown);
     void layOut(double fit);
-    bool doesFit() const;
+    bool isWithinBox() const;
+    bool doesFit() const { return m_hasWholeWords && isWithinBox(); }
+    bool mayBreak(int position);
     double unitAt(double fit) const;
     std::optional<bool> wouldFit(double fit, const QSizeF &lines, bool isOfOneFace) const;
     void shrink();
@@ -110,6 +114,8 @@ private:
     std::unique_ptr<QTextLayout> m_layout;
     double m_fit = 1;
     bool m_isCut = false;
+    bool m_hasWholeWords = true;
+    std::optional<QTextBoundaryFinder> m_breaks; ///< where lines may end, once that is asked for
     QRectF m_bounds;
     bool m_areGathered = false;
     QList<QGlyphRun> m_letters;
