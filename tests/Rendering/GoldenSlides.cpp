@@ -288,7 +288,7 @@ QList<GoldenSlide> textSlides()
     spaced.characterSpacing = 14;
     spaced.lineHeight = 1.8;
     TextElementProperties broken =
-        words(QStringLiteral("Hallelujah").repeated(10) + QStringLiteral(" amen"));
+        words(QStringLiteral("Hallelujah").repeated(16) + QStringLiteral(" amen"));
     broken.alignment = TextAlignmentValue::left;
     TextElementProperties wholeWord =
         words(QStringLiteral("Hallelujah").repeated(5) + QStringLiteral(" amen"));
