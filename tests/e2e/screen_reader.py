@@ -17,16 +17,15 @@ except (ImportError, ValueError) as reason:
     Atspi = None
     WITHOUT_READER = f"reading the accessibility tree needs its bindings: {reason}"
 
-ANSWER_LIMIT = DEADLINE * 1000 # milliseconds
-
 
 class ScreenReader:
     """Desktop services of its own for an X server; a context manager that ends them.
 
-    A process can have one only, as the library connects once.
+    A process can have one only, as the library connects once. A program that has not answered for
+    `patience` seconds counts as gone.
     """
 
-    def __init__(self, server):
+    def __init__(self, server, patience=DEADLINE):
         if Atspi is None:
             raise Unavailable(WITHOUT_READER)
         self._resources = contextlib.ExitStack()
@@ -48,9 +47,7 @@ class ScreenReader:
                             "QT_LINUX_ACCESSIBILITY_ALWAYS_ON": "1"}
         os.environ |= {"DBUS_SESSION_BUS_ADDRESS": address, "DISPLAY": server.display}
         Atspi.init()
-        # Unless told otherwise, it gives up a program that has not answered for 0.8 s, and what was
-        # asked about counts as gone.
-        Atspi.set_timeout(ANSWER_LIMIT, ANSWER_LIMIT)
+        Atspi.set_timeout(patience * 1000, patience * 1000)
         # Only a main loop would keep a cache up to date.
         Atspi.get_desktop(0).set_cache_mask(Atspi.Cache.NONE)
 

@@ -27,6 +27,7 @@ WARM_UP = 300 # seconds, or a third of a shorter run
 SAMPLE_EVERY = 60
 MAY_GROW_BY = 1.05
 HANGS_AFTER = 30 # seconds without an answer
+PATIENCE = 1 # seconds: what opens a dialog answers once that is closed
 STEPS_REMEMBERED = 40
 
 FOLDER = Path(__file__).parent
@@ -318,7 +319,7 @@ def below(thing):
 
 def main():
     seed, seconds = int(sys.argv[1]), float(sys.argv[2])
-    with (XServer() as server, contextlib.closing(ScreenReader(server)) as reader,
+    with (XServer() as server, contextlib.closing(ScreenReader(server, PATIENCE)) as reader,
           tempfile.TemporaryDirectory(prefix="quenara-monkey-") as folder):
         monkey = Monkey(server, reader, folder, seed)
         try:
