@@ -26,6 +26,15 @@ bool isAmber(QRgb pixel)
     return pixel == qRgb(0xe0, 0xa1, 0x34);
 }
 
+SlideElement emptyImageLayer()
+{
+    SlideElement layer;
+    layer.id = QStringLiteral("image");
+    layer.kind = SlideElementKind::image;
+    layer.frame = {100, 100, 400, 400};
+    return layer;
+}
+
 } // namespace
 
 class TestSlideRenderer : public GuiTest
@@ -437,10 +446,7 @@ private slots:
 
     void anImageLayerFillsItsBoxAtItsAspectRatio()
     {
-        SlideElement layer;
-        layer.id = QStringLiteral("image");
-        layer.kind = SlideElementKind::image;
-        layer.frame = {100, 100, 400, 400};
+        SlideElement layer = emptyImageLayer();
         QImage wide(800, 200, QImage::Format_RGB32);
         wide.fill(Qt::green);
         // Only what is cut off at the sides is of another colour.
@@ -457,22 +463,14 @@ private slots:
 
     void anImageLayerWithoutAnImageShowsAPlaceholder()
     {
-        SlideElement layer;
-        layer.id = QStringLiteral("image");
-        layer.kind = SlideElementKind::image;
-        layer.frame = {100, 100, 400, 400};
-        const QImage image = rendered({.slide = slideOver(gray, {layer})}, canvas);
+        const QImage image = rendered({.slide = slideOver(gray, {emptyImageLayer()})}, canvas);
         const int dimmed = qRound(128 * (1 - 0.32));
         QVERIFY(std::abs(qRed(image.pixel(200, 200)) - dimmed) <= 1);
     }
 
     void thePlaceholdersDashesAreTwoPointsWideAndLieWithinTheLayer()
     {
-        SlideElement layer;
-        layer.id = QStringLiteral("image");
-        layer.kind = SlideElementKind::image;
-        layer.frame = {100, 100, 400, 400};
-        const QImage image = rendered({.slide = slideOver(gray, {layer})}, canvas);
+        const QImage image = rendered({.slide = slideOver(gray, {emptyImageLayer()})}, canvas);
         const int dimmed = qRound(128 * (1 - 0.32));
         const int dash = qRound(dimmed + (255 - dimmed) * 0.35);
         const auto isShade = [&](int x, int y, int shade) {

@@ -1,10 +1,11 @@
 """Screens that come, go and change under the audience display during a show."""
 
+import contextlib
 import random
 import time
 
 from processes import wait_until
-from program import DISPLAY, OPERATOR, STAGE
+from program import DISPLAY, OPERATOR, STAGE, Program
 from screen_watch import ScreenWatch
 from show_case import TwoScreenCase, run
 from xserver import FIRST_SCREEN, SCREEN_HEIGHT, SCREEN_WIDTH, SECOND_SCREEN, THIRD_SCREEN
@@ -145,21 +146,17 @@ class Screens(TwoScreenCase):
         self.see_the_operator_window(program)
 
     def test_a_display_never_goes_to_the_screen_with_the_operator_window_by_itself(self):
-        self.server.plug_third_screen()
-        self.addCleanup(self.server.unplug_third_screen)
-        program = self.start_showing()
-        program.move(OPERATOR, THIRD_SCREEN[2] + 40, 40)
-        self.server.unplug_second_screen()
-        program.wait_for_no_window(DISPLAY)
-        self.server.plug_second_screen()
-        self.see_slide(0)
-        self.assertEqual(program.area(DISPLAY), SECOND_SCREEN)
+        self.see_the_display_keep_off_the_third_screen(contextlib.nullcontext)
 
     def test_a_display_does_not_stay_where_the_operator_window_has_come_to_meanwhile(self):
+        self.see_the_display_keep_off_the_third_screen(Program.stopped)
+
+    def see_the_display_keep_off_the_third_screen(self, meanwhile):
+        """Moves the operator window to the third screen and takes the second away."""
         self.server.plug_third_screen()
         self.addCleanup(self.server.unplug_third_screen)
         program = self.start_showing()
-        with program.stopped():
+        with meanwhile(program):
             program.move(OPERATOR, THIRD_SCREEN[2] + 40, 40)
             self.server.unplug_second_screen()
         program.wait_for_no_window(DISPLAY)
