@@ -21,7 +21,7 @@ public:
     /// The number for a pixel of an area whose top left pixel is at 0, 0.
     [[nodiscard]] int at(int x, int y) const
     {
-        return m_values.at(std::size_t(y % side * side + x % side));
+        return m_values.at(std::size_t(y % side) * side + std::size_t(x % side));
     }
 
 private:
