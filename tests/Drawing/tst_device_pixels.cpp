@@ -53,6 +53,27 @@ class TestDevicePixels : public GuiTest
     Q_OBJECT
 
 private slots:
+    void anEdgeThatMissesAPixelByItsLastBitTouchesNoMore_data()
+    {
+        QTest::addColumn<QRectF>("rect");
+        QTest::addColumn<QRectF>("expected");
+        const double beyond = 200 + 1e-12;
+        QTest::newRow("whole") << QRectF(10, 20, 100, 50) << QRectF(10, 20, 100, 50);
+        QTest::newRow("a bit too large") << QRectF(10, 20, beyond, 50) << QRectF(10, 20, 200, 50);
+        QTest::newRow("a bit too far left")
+            << QRectF(10 - 1e-12, 20, 100, 50) << QRectF(10, 20, 100, 50);
+        QTest::newRow("a fraction") << QRectF(10.9, 20, 100, 50) << QRectF(10, 20, 101, 50);
+        QTest::newRow("a small fraction") << QRectF(10, 20, 100.01, 50) << QRectF(10, 20, 101, 50);
+    }
+
+    void anEdgeThatMissesAPixelByItsLastBitTouchesNoMore()
+    {
+        QFETCH(QRectF, rect);
+        QImage image(size, QImage::Format_RGB32);
+        const QPainter painter(&image);
+        QTEST(touchedPixels(painter, rect), "expected");
+    }
+
     void aSizeIsGivenInWholePixelsHoweverLargeItIs_data()
     {
         constexpr int largest = std::numeric_limits<int>::max();

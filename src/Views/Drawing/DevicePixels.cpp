@@ -10,6 +10,9 @@ namespace quenara {
 
 namespace {
 
+/// How much of a pixel is none: an edge meant for a whole number may miss it by its last bit.
+constexpr double noise = 1.0 / 1024;
+
 bool hasNumbersOnly(const QRectF &rect)
 {
     return !std::isnan(rect.left() + rect.right() + rect.top() + rect.bottom());
@@ -57,7 +60,8 @@ QRect visiblePixels(const QPainter &painter, const QRectF &bounds, int margin)
 QRectF touchedPixels(const QPainter &painter, const QRectF &rect)
 {
     const QRectF mapped = painter.deviceTransform().mapRect(rect);
-    return reachableArea.contains(mapped) ? QRectF(mapped.toAlignedRect()) : mapped;
+    const QRectF touched = mapped.adjusted(noise, noise, -noise, -noise);
+    return reachableArea.contains(mapped) ? QRectF(touched.toAlignedRect()) : mapped;
 }
 
 void useDevicePixels(QPainter &painter)

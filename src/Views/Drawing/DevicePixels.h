@@ -25,8 +25,8 @@ inline constexpr QRectF reachableArea{-20'000, -20'000, 40'000, 40'000};
 /// \a margin device pixels around it. Empty if there are none or if a coordinate is not a number.
 [[nodiscard]] QRect visiblePixels(const QPainter &painter, const QRectF &bounds, int margin = 0);
 
-/// The whole device pixels that \a rect (the painter's coordinates) touches; what it is in device
-/// pixels if it is larger than any screen or not a number.
+/// The whole device pixels that \a rect (the painter's coordinates) touches, by more than 1/1024 of
+/// one; what it is in device pixels if it is larger than any screen or not a number.
 [[nodiscard]] QRectF touchedPixels(const QPainter &painter, const QRectF &rect);
 
 /// Makes device pixels the coordinates of \a painter and keeps its clip.
