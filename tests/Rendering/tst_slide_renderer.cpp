@@ -503,24 +503,25 @@ private slots:
                  qRgb(128, 128, 128));
     }
 
-    void aLowerThirdWithoutASubtitleCentresItsTitle()
+    void ofALowerThirdWithOneLineThatIsCentred()
     {
         SlideElement layer;
         layer.id = QStringLiteral("name");
         layer.kind = SlideElementKind::lowerThird;
         layer.frame = {100, 800, 900, 160};
         const RGBAColor black{0, 0, 0, 1};
-        const auto middleOfInk = [&](const QString &subtitle) {
-            layer.lowerThird = LowerThirdProperties{QStringLiteral("H"), subtitle, black, black};
-            return inkOf(rendered({.slide = slideOver(black, {layer})}, canvas)).center().y();
+        const auto ink = [&](const QString &title, const QString &subtitle) {
+            layer.lowerThird = LowerThirdProperties{title, subtitle, black, black};
+            return inkOf(rendered({.slide = slideOver(black, {layer})}, canvas));
         };
-        QVERIFY(std::abs(middleOfInk({}) - 880) <= 2);
-        QVERIFY(std::abs(middleOfInk(QStringLiteral("  ")) - 880) <= 2);
-        const int titleAbove = [&] {
-            layer.lowerThird->subtitle = QStringLiteral("H");
-            return inkOf(rendered({.slide = slideOver(black, {layer})}, canvas)).top();
-        }();
-        QVERIFY(titleAbove < 850);
+        const auto middle = [&](const QString &title, const QString &subtitle) {
+            return ink(title, subtitle).center().y();
+        };
+        const QString letter = QStringLiteral("H");
+        QVERIFY(std::abs(middle(letter, {}) - 880) <= 2);
+        QVERIFY(std::abs(middle(letter, QStringLiteral("  ")) - 880) <= 2);
+        QVERIFY(std::abs(middle({}, letter) - 880) <= 2);
+        QVERIFY(ink(letter, letter).top() < 850);
     }
 
     void aSlideIsAsSharpAsTheScreenItIsDrawnOn()

@@ -287,6 +287,15 @@ private slots:
         }
     }
 
+    void nothingIsMissingOfABlankTextInABoxTooLowForOneLine()
+    {
+        for (const char *words : {"", "  ", "\n \n"}) {
+            const TextBlock block(plainText(QString::fromLatin1(words)), {500, 0});
+            QVERIFY(!block.isCut());
+            QCOMPARE(block.lines().join(QString()).trimmed(), QString());
+        }
+    }
+
     void whateverIsCutStaysInItsBoxAndEndsWithAnEllipsis_data()
     {
         QTest::addColumn<QString>("text");

@@ -103,7 +103,8 @@ private slots:
             slide.design.elements.first().opacity = opacity;
             return inkOf(rendered({.slide = slide}, canvas * scale));
         };
-        QCOMPARE(ink(0.9), ink(1));
+        // The faintest row of a shadow may fade to nothing.
+        QVERIFY(ink(0.9).adjusted(-1, -1, 1, 1).contains(ink(1)));
     }
 
     void aWideShadowIsOfItsColourWhereTheLettersAreWider()

@@ -62,14 +62,15 @@ void LowerThirdElementRenderView::paint(QPainter &painter, const QRectF &box,
     const TextElementProperties title = lineOf(lowerThird->title, titleSize, TextFontWeight::bold);
     const TextElementProperties subtitle =
         lineOf(lowerThird->subtitle, subtitleSize, TextFontWeight::medium);
-    const double titleHeight = titleSize * lineHeight;
-    const double subtitleHeight = subtitleSize * lineHeight;
-    const double below = subtitle.text.isEmpty() ? 0 : lineGap + subtitleHeight;
-    const double top = (height - titleHeight - below) / 2;
+    // One that is empty leaves its room to the other.
+    const double titleHeight = title.text.isEmpty() ? 0 : titleSize * lineHeight;
+    const double subtitleHeight = subtitle.text.isEmpty() ? 0 : subtitleSize * lineHeight;
+    const double gap = titleHeight > 0 && subtitleHeight > 0 ? lineGap : 0;
+    const double top = (height - titleHeight - gap - subtitleHeight) / 2;
     painter.setPen(Qt::white);
     drawLine(painter, title, {textLeft, top, textWidth, titleHeight}, caches);
     painter.setPen(QColor::fromRgbF(1, 1, 1, subtitleOpacity));
-    drawLine(painter, subtitle, {textLeft, top + titleHeight + lineGap, textWidth, subtitleHeight},
+    drawLine(painter, subtitle, {textLeft, top + titleHeight + gap, textWidth, subtitleHeight},
              caches);
     painter.restore();
 }

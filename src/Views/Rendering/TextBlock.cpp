@@ -75,7 +75,8 @@ bool TextBlock::setBeginning(qsizetype length)
     setShown(shownText(m_text, std::min(length, longestText)));
     if (isWhole) {
         layOut(1);
-        if (doesFit())
+        const bool isBlank = m_shown.text.trimmed().isEmpty(); // of which nothing can be missed
+        if (isBlank || doesFit())
             return true;
     }
     layOut(m_limits.smallestFit);
@@ -242,10 +243,15 @@ QStringList TextBlock::lines() const
     return lines;
 }
 
-QRectF TextBlock::inkBounds(RenderCaches &caches)
+QRectF TextBlock::letterBounds(RenderCaches &caches)
 {
     traceGlyphs(caches);
-    QRectF ink(m_ink.topLeft() * unit() + QPointF(0, m_bounds.top()), m_ink.size() * unit());
+    return {m_ink.topLeft() * unit() + QPointF(0, m_bounds.top()), m_ink.size() * unit()};
+}
+
+QRectF TextBlock::inkBounds(RenderCaches &caches)
+{
+    QRectF ink = letterBounds(caches);
     if (!m_emoji.isEmpty()) {
         // A font does not say what the bitmaps of its glyphs cover.
         const double overhang =
@@ -264,12 +270,13 @@ void TextBlock::draw(QPainter &painter, RenderCaches &caches, Placement placemen
     drawEmoji(painter, caches);
     const double scale = deviceScale(painter);
     if (scale * layoutPixelSize < largestCachedGlyph && placement == Placement::onWholeRows) {
-        for (QGlyphRun run : m_letters) {
+        for (const LineLetters &letters : m_letters) {
+            QGlyphRun run = letters.run;
             run.setRawFont(caches.fonts.font(run.rawFont(), scale));
             painter.drawGlyphRun({}, run);
         }
     } else {
-        drawOutlines(painter, caches);
+        drawOutlines(painter, caches, placement);
     }
     painter.restore();
 }
@@ -280,17 +287,30 @@ void TextBlock::gatherGlyphs()
     if (m_areGathered)
         return;
     m_areGathered = true;
-    int start = 0;
-    const auto gatherLetters = [&](int end) {
-        if (start < end)
-            m_letters += m_layout->glyphRuns(start, end - start);
-    };
-    for (const QTextLayout::FormatRange &emoji : m_layout->formats()) {
-        gatherLetters(emoji.start);
+    const QList<QTextLayout::FormatRange> emojis = m_layout->formats();
+    for (const QTextLayout::FormatRange &emoji : emojis)
         m_emoji += m_layout->glyphRuns(emoji.start, emoji.length);
-        start = emoji.start + emoji.length;
+    auto emoji = emojis.begin();
+    for (int i = 0; i < m_layout->lineCount(); ++i) {
+        const QTextLine line = m_layout->lineAt(i);
+        const int end = line.textStart() + line.textLength();
+        int start = line.textStart();
+        for (; emoji != emojis.end() && emoji->start < end; ++emoji) {
+            gatherLetters(line, start, emoji->start);
+            start = emoji->start + emoji->length;
+            if (start > end)
+                break; // it goes on in the next line
+        }
+        gatherLetters(line, start, end);
     }
-    gatherLetters(int(m_layout->text().size()));
+}
+
+void TextBlock::gatherLetters(const QTextLine &line, int start, int end)
+{
+    if (start >= end)
+        return;
+    for (const QGlyphRun &run : line.glyphRuns(start, end - start))
+        m_letters.append({run, line.y() + line.ascent()});
 }
 
 /// Draws each emoji that is in sight.
@@ -318,28 +338,36 @@ void TextBlock::traceGlyphs(RenderCaches &caches)
     gatherGlyphs();
     if (!m_outlines.isEmpty())
         return;
-    for (const QGlyphRun &run : m_letters) {
+    for (const auto &[run, baseline] : m_letters) {
         const QRawFont font = run.rawFont();
         const QList<quint32> glyphs = run.glyphIndexes();
         const QList<QPointF> positions = run.positions();
         for (qsizetype i = 0; i < glyphs.size(); ++i) {
-            m_outlines.append({caches.outlines.outline(font, glyphs.at(i)), positions.at(i)});
+            m_outlines.append(
+                {caches.outlines.outline(font, glyphs.at(i)), positions.at(i), baseline});
             m_ink |= m_outlines.constLast().path.controlPointRect().translated(positions.at(i));
         }
     }
 }
 
 /// Draws glyph by glyph: the rasterizer takes longer for one path of them all.
-void TextBlock::drawOutlines(QPainter &painter, RenderCaches &caches)
+void TextBlock::drawOutlines(QPainter &painter, RenderCaches &caches, Placement placement)
 {
     traceGlyphs(caches);
     painter.save();
     painter.setBrush(painter.pen().color());
     painter.setPen(Qt::NoPen);
     const QTransform origin = painter.worldTransform();
+    const QTransform toDevice = painter.deviceTransform();
+    const bool isOnRows =
+        placement == Placement::onWholeRows && toDevice.type() <= QTransform::TxScale;
+    const auto down = [&](double baseline) {
+        const double row = toDevice.map(QPointF(0, baseline)).y();
+        return isOnRows ? (std::floor(row + 0.5) - row) / toDevice.m22() : 0;
+    };
     for (const GlyphOutline &glyph : m_outlines) {
-        painter.setWorldTransform(QTransform::fromTranslate(glyph.position.x(), glyph.position.y())
-                                  * origin);
+        const QPointF place = glyph.position + QPointF(0, down(glyph.baseline));
+        painter.setWorldTransform(QTransform::fromTranslate(place.x(), place.y()) * origin);
         painter.drawPath(glyph.path);
         releaseVectorRegisters(); // for the arithmetic of the next glyph's outline
     }

@@ -75,9 +75,14 @@ public:
     QRectF bounds() const { return m_bounds; }
 
     /// What letters that are placed exactly cover, in the box's coordinates.
+    [[nodiscard]] QRectF letterBounds(RenderCaches &caches);
+
+    /// What letters and emoji cover at most.
     [[nodiscard]] QRectF inkBounds(RenderCaches &caches);
 
-    /// How letters of less than 64 device pixels are placed. Larger ones are always placed exactly.
+    /// Where lines stand: at the nearest row of device pixels, unless they are turned, or exactly.
+    /// Exact is meant for letters too small for a difference; those of less than 64 device pixels
+    /// take longer.
     enum class Placement { onWholeRows, exact };
 
     /// Draws in the painter's pen, with the box's top left at the origin of the painter's
@@ -86,10 +91,18 @@ public:
               Placement placement = Placement::onWholeRows);
 
 private:
+    /// Letters of one line, in the layout's units.
+    struct LineLetters
+    {
+        QGlyphRun run;
+        double baseline = 0;
+    };
+
     struct GlyphOutline
     {
         QPainterPath path;
         QPointF position;
+        double baseline = 0;
     };
 
     bool setBeginning(qsizetype length);
@@ -103,9 +116,10 @@ private:
     void shrink();
     void truncate();
     void gatherGlyphs();
+    void gatherLetters(const QTextLine &line, int start, int end);
     void traceGlyphs(RenderCaches &caches);
     void drawEmoji(QPainter &painter, RenderCaches &caches);
-    void drawOutlines(QPainter &painter, RenderCaches &caches);
+    void drawOutlines(QPainter &painter, RenderCaches &caches, Placement placement);
 
     TextElementProperties m_text;
     QSizeF m_box;
@@ -118,7 +132,7 @@ private:
     std::optional<QTextBoundaryFinder> m_breaks; ///< where lines may end, once that is asked for
     QRectF m_bounds;
     bool m_areGathered = false;
-    QList<QGlyphRun> m_letters;
+    QList<LineLetters> m_letters;
     QList<QGlyphRun> m_emoji; ///< in a face that has bitmaps instead of outlines
     QList<GlyphOutline> m_outlines; ///< of the letters; empty until they are needed
     QRectF m_ink; ///< what the outlines cover, in the layout's units

@@ -131,18 +131,39 @@ void TextElementRenderView::paint(QPainter &painter, const QRectF &box, RenderCa
 {
     if (scale <= 0)
         return;
+    const QSizeF size = box.size() / scale - 2 * QSizeF(text.padding, text.padding);
+    const bool isLegible = text.fontSize * scale * deviceScale(painter) >= smallestLetters;
+    std::shared_ptr<TextBlock> held;
+    if (isLegible && !laidOut) {
+        held = caches.textBlocks.block(text, size);
+        laidOut = held.get();
+    }
     painter.save();
     if (text.backgroundFill) {
-        fillRoundedRect(painter, box, fillCornerRadius * scale, text.backgroundFill->toColor());
+        const double halfPixel = 0.5 / deviceScale(painter) / scale;
+        fillRoundedRect(painter, isLegible ? heldBy(box, *laidOut, halfPixel, caches) : box,
+                        fillCornerRadius * scale, text.backgroundFill->toColor());
     }
     painter.translate(box.topLeft());
     painter.scale(scale, scale);
-    if (text.fontSize * deviceScale(painter) >= smallestLetters) {
-        const QSizeF size = box.size() / scale - 2 * QSizeF(text.padding, text.padding);
-        paintLetters(painter, text, laidOut ? *laidOut : *caches.textBlocks.block(text, size),
-                     caches);
-    }
+    if (isLegible)
+        paintLetters(painter, text, *laidOut, caches);
     painter.restore();
+}
+
+/// \a box, made higher for what reaches out of it: a single line, and the marks on its capitals.
+/// Half a pixel is so many canvas units.
+QRectF TextElementRenderView::heldBy(const QRectF &box, TextBlock &block, double halfPixel,
+                                     RenderCaches &caches) const
+{
+    QRectF letters = block.letterBounds(caches).translated(text.padding, text.padding);
+    if (letters.isEmpty())
+        return box;
+    letters.adjust(0, -halfPixel, 0, halfPixel); // as far as lines are moved to whole rows
+    QRectF result = box;
+    result.setTop(std::min(box.top(), box.top() + letters.top() * scale));
+    result.setBottom(std::max(box.bottom(), box.top() + letters.bottom() * scale));
+    return result;
 }
 
 } // namespace quenara

@@ -21,6 +21,10 @@ struct TextElementRenderView
     /// padding.
     void paint(QPainter &painter, const QRectF &box, RenderCaches &caches,
                TextBlock *laidOut = nullptr) const;
+
+private:
+    QRectF heldBy(const QRectF &box, TextBlock &block, double halfPixel,
+                  RenderCaches &caches) const;
 };
 
 } // namespace quenara
