@@ -64,4 +64,9 @@ ImageBytes::ImageBytes(const QByteArray &bytes, DrawingAllowance &allowance)
     prepare(m_reader, m_buffer);
 }
 
+bool ImageBytes::isDrawing() const
+{
+    return quenara::isDrawing(m_reader.format());
+}
+
 } // namespace quenara

@@ -16,10 +16,13 @@ class ImageBytes
 public:
     explicit ImageBytes(const QByteArray &bytes);
 
-    /// The bytes of an image in a drawing.
+    /// Takes from \a allowance what a drawing takes to paint.
     ImageBytes(const QByteArray &bytes, DrawingAllowance &allowance);
 
     QImageReader &reader() { return m_reader; }
+
+    /// Whether it is made of lines and areas, and can be read at any size.
+    bool isDrawing() const;
 
     /// What the reader reads: the bytes themselves, a rewritten drawing, or nothing.
     const QByteArray &bytes() const { return m_bytes; }

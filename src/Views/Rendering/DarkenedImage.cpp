@@ -38,7 +38,7 @@ public:
         constexpr std::size_t block = channels * DitherPattern::side;
         std::array<quint16, block> added{};
         for (std::size_t i = 0; i < block; ++i) {
-            const int threshold = DitherPattern::instance().at(int(i / channels), y);
+            const int threshold = DitherPattern::at(int(i / channels), y);
             added.at(i) = quint16(m_added.at(i % channels) + threshold);
         }
         auto *bytes = reinterpret_cast<uchar *>(pixels);
@@ -84,7 +84,7 @@ void DarkenedImage::paint(QPainter &painter, const QRectF &place, const QRect &p
         QPainter bandPainter(&band);
         bandPainter.setRenderHints(painter.renderHints());
         bandPainter.translate(-pixels.left(), -top);
-        bandPainter.drawImage(place, image, part);
+        bandPainter.drawImage(place, image);
         bandPainter.end();
         const int height = std::min(bandHeight, pixels.bottom() + 1 - top);
         for (int y = 0; y < height; ++y) {

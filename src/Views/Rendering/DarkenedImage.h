@@ -12,10 +12,9 @@ namespace quenara {
 struct DarkenedImage
 {
     QImage image; ///< RGB32 or ARGB32 premultiplied
-    QRectF part; ///< of the image that is drawn, in its pixels
     double dim; ///< opacity of the black over the image and what it leaves free, 0 to 1
 
-    /// Fills \a place with the part, as far as it lies within \a pixels. The painter's coordinates
+    /// Fills \a place with the image, as far as it lies within \a pixels. The painter's coordinates
     /// must be device pixels.
     void paint(QPainter &painter, const QRectF &place, const QRect &pixels) const;
 };

@@ -20,9 +20,9 @@ namespace {
 /// cache until the band is painted.
 constexpr int bandPixels = 16'384;
 
-/// The side of the largest slide with a gradient, in pixels. Of a larger one, a screen would show
-/// one colour.
-constexpr double largestSide = 1'000'000;
+/// The side of the largest slide with a gradient, in pixels, as long as the steps of its colours
+/// add up without an overflow. A larger one, of which no screen shows a tenth, is of one colour.
+constexpr double largestSide = 65'000;
 
 /// Paints one row of the slide.
 using PaintRow = std::function<void(int y, QRgb *row)>;
@@ -116,7 +116,7 @@ public:
             for (std::size_t channel = 0; channel < apart.size(); ++channel) {
                 const Offset offset = isOpaque ? apart.at(channel) : Offset();
                 for (int x = 0; x < DitherPattern::side; ++x) {
-                    const int value = DitherPattern::instance().at(x + offset.x, int(y) + offset.y);
+                    const int value = DitherPattern::at(x + offset.x, int(y) + offset.y);
                     m_rows.at(y).at(channel).at(std::size_t(x)) = unit * quint32(value) + unit / 2;
                 }
             }
@@ -215,7 +215,8 @@ PaintRow roundRows(const QSize &size, double endRadius, const Shades &shades,
         float *const middle = along.data() + size.width() - half;
         for (int x = 0; x < half; ++x)
             middle[x] = std::sqrt(std::min(1.0F, down + squares[std::size_t(x)]));
-        std::reverse_copy(middle, along.data() + size.width(), along.data()); // the left half
+        // The left half, without the pixel in the middle if there is one.
+        std::reverse_copy(middle + size.width() % 2, along.data() + size.width(), along.data());
         const auto &[red, green, blue, alpha] = thresholds.row(y);
         inBlocks(size.width(), [&](int first, int pixels) {
             const float *const places = along.data() + first;

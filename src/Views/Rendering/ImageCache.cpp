@@ -29,46 +29,79 @@ std::size_t hashOf(const QByteArray &dataUrl)
 
 } // namespace
 
-QImage ImageCache::image(const SlideMedia &media, const QSize &needed)
+qsizetype ImageCache::Entry::byteCount() const
+{
+    const auto *decoded = std::get_if<DecodedImage>(&held);
+    const QImage &image = decoded ? decoded->image : std::get<Filling>(held).filled.image;
+    return dataUrl.size() + image.sizeInBytes();
+}
+
+FilledImage ImageCache::filling(const SlideMedia &media, const ImageFill &fill)
 {
     const QDateTime modified = modificationTime(media);
+    const auto *known = find<Filling>(media, modified,
+                                      [&](const Filling &filling) { return filling.fill == fill; });
+    if (known)
+        return known->filled;
+    const DecodedImage image = decoded(media, modified, fill.area);
+    const FilledImage result = filled(image, fill);
+    if (image.image.isNull())
+        return result;
+    // It has served its time, unless the image is wanted at yet another size.
+    if (result.image.cacheKey() == image.image.cacheKey())
+        remove(m_entries.begin());
+    else
+        m_entries.splice(m_entries.end(), m_entries, m_entries.begin());
+    add({media.dataUrl, modified, Filling{fill, result}});
+    return result;
+}
+
+/// Leaves it at the front.
+DecodedImage ImageCache::decoded(const SlideMedia &media, const QDateTime &modified,
+                                 const QSize &needed)
+{
+    const auto *known = find<DecodedImage>(
+        media, modified, [&](const DecodedImage &image) { return image.isDecodedFor(needed); });
+    if (known)
+        return *known;
+    const DecodedImage image = ZelvoImageLoader::image(media, needed);
+    add({media.dataUrl, modified, image});
+    return image;
+}
+
+/// What is held of \a media, is of that kind and is it; null if nothing is. Brings it to the front.
+template<class Held>
+const Held *ImageCache::find(const SlideMedia &media, const QDateTime &modified,
+                             const std::function<bool(const Held &)> &isIt)
+{
     const std::size_t hash = hashOf(media.dataUrl);
-    const auto found = find(hash, media, modified, needed);
-    if (found == m_places.end())
-        return added(hash, {media.dataUrl, modified, ZelvoImageLoader::image(media, needed)});
-    m_entries.splice(m_entries.begin(), m_entries, *found);
-    return m_entries.front().decoded.image;
-}
-
-ImageCache::Places::iterator ImageCache::find(std::size_t hash, const SlideMedia &media,
-                                              const QDateTime &modified, const QSize &needed)
-{
-    auto place = m_places.find(hash);
-    while (place != m_places.end() && place.key() == hash) {
+    for (auto place = m_places.find(hash); place != m_places.end() && place.key() == hash;
+         ++place) {
         const Entry &entry = **place;
-        if (entry.decoded.reduction == ZelvoImageLoader::reduction(entry.decoded.fullSize, needed)
-            && entry.modified == modified && areEqual(entry.dataUrl, media.dataUrl))
-            return place;
-        ++place;
+        const Held *held = std::get_if<Held>(&entry.held);
+        if (held && isIt(*held) && entry.modified == modified
+            && areEqual(entry.dataUrl, media.dataUrl)) {
+            m_entries.splice(m_entries.begin(), m_entries, *place);
+            return held;
+        }
     }
-    return m_places.end();
+    return nullptr;
 }
 
-QImage ImageCache::added(std::size_t hash, Entry entry)
+void ImageCache::add(Entry entry)
 {
+    const std::size_t hash = hashOf(entry.dataUrl);
     m_byteCount += entry.byteCount();
-    m_entries.push_front(std::move(entry));
-    m_places.insert(hash, m_entries.begin());
+    m_places.insert(hash, m_entries.insert(m_entries.begin(), std::move(entry)));
     while (m_byteCount > m_byteLimit && m_entries.size() > 1)
-        removeLast();
-    return m_entries.front().decoded.image;
+        remove(std::prev(m_entries.end()));
 }
 
-void ImageCache::removeLast()
+void ImageCache::remove(Entries::iterator entry)
 {
-    m_byteCount -= m_entries.back().byteCount();
-    m_places.remove(hashOf(m_entries.back().dataUrl), std::prev(m_entries.end()));
-    m_entries.pop_back();
+    m_byteCount -= entry->byteCount();
+    m_places.remove(hashOf(entry->dataUrl), entry);
+    m_entries.erase(entry);
 }
 
 } // namespace quenara

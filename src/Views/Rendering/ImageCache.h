@@ -1,18 +1,20 @@
 #pragma once
 
-#include "ZelvoImageLoader.h"
+#include "ImageFill.h"
 
 #include <QDateTime>
 #include <QMultiHash>
 
 #include <cstddef>
+#include <functional>
 #include <list>
+#include <variant>
 
 namespace quenara {
 
-/// Decoded images, shared by all that paint slides. It gives what ZelvoImageLoader gives, and
-/// decodes an image again only after its file has changed or others have taken its room. That there
-/// is no image is remembered, too.
+/// Decoded images, shared by all that paint slides, at the sizes they were painted at. An image is
+/// decoded and resampled again only after its file has changed or others have taken its room. That
+/// there is no image is remembered, too.
 class ImageCache
 {
 public:
@@ -23,35 +25,43 @@ public:
     ImageCache(const ImageCache &) = delete;
     ImageCache &operator=(const ImageCache &) = delete;
 
-    /// The image of \a media with at least \a needed pixels each way, if it has them. Null if there
-    /// is none to be had.
-    QImage image(const SlideMedia &media, const QSize &needed);
+    /// The image of \a media as filled() makes it of what ZelvoImageLoader decodes.
+    FilledImage filling(const SlideMedia &media, const ImageFill &fill);
 
     /// The size of all images and of the media they were decoded from. Above the limit only while
     /// one image alone is.
     qsizetype byteCount() const { return m_byteCount; }
 
 private:
+    struct Filling
+    {
+        ImageFill fill;
+        FilledImage filled;
+    };
+
     struct Entry
     {
         QByteArray dataUrl;
         QDateTime modified; ///< of the file, if the media names one
-        DecodedImage decoded;
+        std::variant<DecodedImage, Filling> held;
 
-        qsizetype byteCount() const { return dataUrl.size() + decoded.image.sizeInBytes(); }
+        qsizetype byteCount() const;
     };
+    using Entries = std::list<Entry>;
 
     /// By the hashes of what they were decoded from.
-    using Places = QMultiHash<std::size_t, std::list<Entry>::iterator>;
+    using Places = QMultiHash<std::size_t, Entries::iterator>;
 
-    Places::iterator find(std::size_t hash, const SlideMedia &media, const QDateTime &modified,
-                          const QSize &needed);
-    QImage added(std::size_t hash, Entry entry);
-    void removeLast();
+    DecodedImage decoded(const SlideMedia &media, const QDateTime &modified, const QSize &needed);
+    template<class Held>
+    const Held *find(const SlideMedia &media, const QDateTime &modified,
+                     const std::function<bool(const Held &)> &isIt);
+    void add(Entry entry);
+    void remove(Entries::iterator entry);
 
     qsizetype m_byteLimit;
     qsizetype m_byteCount = 0;
-    std::list<Entry> m_entries; ///< the most recently used first
+    Entries m_entries; ///< those that go last first
     Places m_places;
 };
 

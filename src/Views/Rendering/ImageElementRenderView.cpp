@@ -5,8 +5,6 @@
 #include "Fonts.h"
 #include "RenderCaches.h"
 
-#include <algorithm>
-
 namespace quenara {
 
 namespace {
@@ -17,9 +15,11 @@ constexpr double borderWidth = 2;
 constexpr double dashLength = 8;
 constexpr double dashGap = 6;
 
-double enlargement(const QSizeF &size, const QRectF &box)
+/// Whether the sides of what \a painter paints stand along the rows and columns of its device.
+bool isUpright(const QPainter &painter)
 {
-    return std::max(box.width() / size.width(), box.height() / size.height());
+    const QTransform toDevice = painter.deviceTransform();
+    return toDevice.type() <= QTransform::TxScale && toDevice.m11() > 0 && toDevice.m22() > 0;
 }
 
 void paintPlaceholder(QPainter &painter, const QRectF &box)
@@ -43,32 +43,27 @@ void paintPlaceholder(QPainter &painter, const QRectF &box)
 
 } // namespace
 
-QRectF filledPlace(const QSizeF &size, const QRectF &box)
-{
-    QRectF place(QPointF(), size * enlargement(size, box));
-    place.moveCenter(box.center());
-    return place;
-}
-
-QRectF filledPart(const QSizeF &size, const QRectF &box, const QRectF &place)
-{
-    const double enlarged = enlargement(size, box);
-    const QPointF corner = place.topLeft() - filledPlace(size, box).topLeft();
-    return {corner.x() / enlarged, corner.y() / enlarged, place.width() / enlarged,
-            place.height() / enlarged};
-}
-
 void ImageElementRenderView::paint(QPainter &painter, const QRectF &box, RenderCaches &caches) const
 {
     if (box.isEmpty())
         return;
-    const QSize needed = wholePixels(box.size() * deviceScale(painter));
-    const QImage image = media ? caches.images.image(*media, needed) : QImage();
-    if (image.isNull()) {
-        paintPlaceholder(painter, box);
-    } else {
-        painter.drawImage(box, image, filledPart(image.size(), box, box));
+    painter.save();
+    QRectF place = box;
+    QSize area = wholePixels(box.size() * deviceScale(painter));
+    const QRectF pixels = painter.deviceTransform().mapRect(box);
+    if (isUpright(painter) && reachableArea.contains(pixels)) {
+        // Pixel by pixel, from the nearest edge of one to the next.
+        useDevicePixels(painter);
+        place = QRect(pixels.topLeft().toPoint(), pixels.bottomRight().toPoint() - QPoint(1, 1));
+        area = place.size().toSize();
     }
+    const ImageFill fill{.area = area.expandedTo({1, 1})};
+    const FilledImage filled = media ? caches.images.filling(*media, fill) : FilledImage();
+    if (!filled.image.isNull())
+        painter.drawImage(place, filled.image);
+    painter.restore();
+    if (filled.image.isNull())
+        paintPlaceholder(painter, box);
 }
 
 } // namespace quenara

@@ -19,10 +19,4 @@ struct ImageElementRenderView
     void paint(QPainter &painter, const QRectF &box, RenderCaches &caches) const;
 };
 
-/// Where the whole of an image of \a size lies that is scaled to fill \a box.
-[[nodiscard]] QRectF filledPlace(const QSizeF &size, const QRectF &box);
-
-/// The part of that image, in its pixels, that lies in \a place.
-[[nodiscard]] QRectF filledPart(const QSizeF &size, const QRectF &box, const QRectF &place);
-
 } // namespace quenara

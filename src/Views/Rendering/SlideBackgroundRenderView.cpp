@@ -5,10 +5,10 @@
 #include "Fonts.h"
 #include "GaussianBlur.h"
 #include "GradientFill.h"
-#include "ImageElementRenderView.h"
 #include "RenderCaches.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace quenara {
 
@@ -17,6 +17,11 @@ namespace {
 constexpr double radialEndRadius = 760; // canvas units
 constexpr double captionSize = 28; // canvas units
 constexpr float captionOpacity = 0.38F;
+
+// Standard deviations of a blur beyond which nothing is seen of it, and so many pixels that nothing
+// is left of an image.
+constexpr double blurReach = 3;
+constexpr double widestSigma = 1000;
 
 } // namespace
 
@@ -68,38 +73,30 @@ bool SlideBackgroundRenderView::paintImage(QPainter &painter, const QRectF &slid
                                            RenderCaches &caches) const
 {
     const BlurPlan blur(background.blurAmount * scale);
-    const QImage image =
-        caches.images.image(*background.image, wholePixels(slide.size() / blur.reduction));
-    if (image.isNull())
-        return false;
-    if (blur.isNone()) {
-        paintPart(painter, slide, slide, image, filledPart(image.size(), slide, slide));
-        return true;
-    }
+    const QSize area = wholePixels(slide.size() / blur.reduction).expandedTo({1, 1});
+    const double sigma =
+        std::min(widestSigma, blur.sigma * blur.reduction * area.width() / slide.width());
     // The blur brings in what lies beside the slide; beyond the image there is nothing.
-    const QRectF around = filledPlace(image.size(), slide)
-        & slide.adjusted(-blur.reach, -blur.reach, blur.reach, blur.reach);
-    const QRectF part(QPointF(), around.size() / blur.reduction);
-    QImage reduced(part.toAlignedRect().size(), QImage::Format_ARGB32_Premultiplied);
-    reduced.fill(Qt::transparent);
-    QPainter reducedPainter(&reduced);
-    reducedPainter.setRenderHint(QPainter::SmoothPixmapTransform);
-    reducedPainter.drawImage(part, image, filledPart(image.size(), slide, around));
-    reducedPainter.end();
-    paintPart(painter, slide, around, gaussianBlurred(reduced, blur.sigma), part);
+    const ImageFill fill{.area = area, .margin = int(std::ceil(blurReach * sigma))};
+    const FilledImage filled = caches.images.filling(*background.image, fill);
+    if (filled.image.isNull())
+        return false;
+    const QImage image = blur.isNone()
+        ? filled.image
+        : gaussianBlurred(filled.image.convertToFormat(QImage::Format_ARGB32_Premultiplied), sigma);
+    paintFilling(painter, slide, filled.placeIn(slide, fill), image);
     return true;
 }
 
-/// Has \a part of \a image fill \a place, which may reach beyond the slide.
-void SlideBackgroundRenderView::paintPart(QPainter &painter, const QRectF &slide,
-                                          const QRectF &place, const QImage &image,
-                                          const QRectF &part) const
+/// \a place may reach beyond the slide.
+void SlideBackgroundRenderView::paintFilling(QPainter &painter, const QRectF &slide,
+                                             const QRectF &place, const QImage &image) const
 {
     if (dim() > 0 && reachableArea.contains(slide)) {
-        DarkenedImage{image, part, dim()}.paint(painter, place, slide.toRect());
+        DarkenedImage{image, dim()}.paint(painter, place, slide.toRect());
     } else {
         painter.setClipRect(slide, Qt::IntersectClip);
-        painter.drawImage(place, image, part);
+        painter.drawImage(place, image);
         painter.fillRect(slide, QColor::fromRgbF(0, 0, 0, float(dim())));
     }
 }

@@ -32,8 +32,8 @@ private:
     void paintCaption(QPainter &painter, const QRectF &slide) const;
     /// Returns false, having painted nothing, if there is no image to be had.
     bool paintImage(QPainter &painter, const QRectF &slide, RenderCaches &caches) const;
-    void paintPart(QPainter &painter, const QRectF &slide, const QRectF &place, const QImage &image,
-                   const QRectF &part) const;
+    void paintFilling(QPainter &painter, const QRectF &slide, const QRectF &place,
+                      const QImage &image) const;
 };
 
 } // namespace quenara

@@ -1,5 +1,6 @@
 #include "ZelvoImageLoader.h"
 
+#include "ContainedDrawing.h"
 #include "FileReading.h"
 #include "ImageBytes.h"
 
@@ -30,6 +31,9 @@ constexpr qint64 largestPixelCount = (qint64(largestMegabytes) << 20U) / bytesPe
 /// More than any camera or scanner gives. A few bytes may claim to hold more, which takes long to
 /// read even at a fraction of the size.
 constexpr qint64 mostStoredPixels = qint64(1) << 30U;
+
+/// How long a drawing may take to paint at more than its own size.
+constexpr double mostEnlargedEffort = 0.25e9; // nanoseconds
 
 /// Whether the colours mean what those of a slide do, but for a rounding. That is taken to be so,
 /// too, where a program has said no more than the usual exponent.
@@ -87,10 +91,46 @@ DecodedImage reducedAfterwards(const QImage &image, const QSize &needed)
     return {paintable(result), image.size(), reduction};
 }
 
-DecodedImage decoded(const QByteArray &bytes, const QSize &needed)
+/// The scale at which a drawing of \a fullSize pixels covers \a needed, but not a larger one than
+/// \a largest, nor such that it has too many pixels.
+double drawnScale(const QSize &fullSize, const QSize &needed, double largest)
 {
-    ImageBytes content(bytes);
+    const QSizeF size(fullSize);
+    const double most = std::sqrt(double(largestFilledPixelCount) / size.width() / size.height());
+    const double covering =
+        std::max(needed.width() / size.width(), needed.height() / size.height());
+    return std::min({covering, largest, most});
+}
+
+QSize drawnSize(const QSize &fullSize, const QSize &needed, double largest)
+{
+    const QSizeF drawn = QSizeF(fullSize) * drawnScale(fullSize, needed, largest);
+    return {std::max(1, int(std::round(drawn.width()))),
+            std::max(1, int(std::round(drawn.height())))};
+}
+
+/// \a effort is what it takes to paint the drawing at its own size.
+DecodedImage drawn(QImageReader &reader, double effort, const QSize &needed)
+{
+    const QSize fullSize = reader.size();
+    if (fullSize.isEmpty())
+        return {};
+    const double largest = std::max(1.0, std::sqrt(mostEnlargedEffort / std::max(1.0, effort)));
+    reader.setScaledSize(drawnSize(fullSize, needed, largest));
+    return {.image = paintable(reader.read()), .fullSize = fullSize, .largestScale = largest};
+}
+
+DecodedImage decoded(const QByteArray &bytes, const std::optional<QSize> &asked)
+{
+    DrawingAllowance allowance;
+    const double mostEffort = allowance.paintingEffort;
+    ImageBytes content(bytes, allowance);
     QImageReader &reader = content.reader();
+    if (content.isDrawing()) {
+        return drawn(reader, mostEffort - allowance.paintingEffort, asked.value_or(reader.size()));
+    }
+    constexpr int all = std::numeric_limits<int>::max();
+    const QSize needed = asked.value_or(QSize(all, all));
     reader.setAutoTransform(true);
     const QSize stored = reader.size(); // before it is turned
     const bool isTurned = reader.transformation().testFlag(QImageIOHandler::TransformationRotate90);
@@ -127,18 +167,31 @@ std::optional<QByteArray> contentOf(const QString &fileName)
     return wholeFile(QUrl::fromLocalFile(fileName), qint64(largestMegabytes) << 20U);
 }
 
+std::optional<QByteArray> bytesOf(const SlideMedia &media)
+{
+    return media.dataUrl.startsWith(dataScheme) ? payload(media.dataUrl)
+                                                : contentOf(ZelvoImageLoader::fileName(media));
+}
+
 } // namespace
+
+bool DecodedImage::isDecodedFor(const QSize &needed) const
+{
+    if (image.isNull())
+        return true;
+    return largestScale > 0 ? image.size() == drawnSize(fullSize, needed, largestScale)
+                            : reduction == ZelvoImageLoader::reduction(fullSize, needed);
+}
 
 QImage ZelvoImageLoader::image(const SlideMedia &media)
 {
-    constexpr int all = std::numeric_limits<int>::max();
-    return image(media, {all, all}).image;
+    const std::optional<QByteArray> bytes = bytesOf(media);
+    return bytes ? decoded(*bytes, std::nullopt).image : QImage();
 }
 
 DecodedImage ZelvoImageLoader::image(const SlideMedia &media, const QSize &needed)
 {
-    const std::optional<QByteArray> bytes =
-        media.dataUrl.startsWith(dataScheme) ? payload(media.dataUrl) : contentOf(fileName(media));
+    const std::optional<QByteArray> bytes = bytesOf(media);
     return bytes ? decoded(*bytes, needed) : DecodedImage();
 }
 

@@ -7,12 +7,19 @@
 
 namespace quenara {
 
-/// An image as it was decoded, at its full size or smaller.
+/// No image is held with more pixels: those of the largest screen there is, of 7680 by 4320.
+inline constexpr qint64 largestFilledPixelCount = qint64(1) << 25U;
+
+/// An image as it was decoded: at its full size or smaller, or, if it is a drawing, at any size.
 struct DecodedImage
 {
     QImage image; ///< upright; null if there is no image to be had
     QSize fullSize; ///< pixels of the whole image, upright
     int reduction = 1; ///< by which both sides were divided; a power of two
+    double largestScale = 0; ///< by which both sides of a drawing may be multiplied; 0 for others
+
+    /// Whether it would be decoded as it is if \a needed were asked for.
+    [[nodiscard]] bool isDecodedFor(const QSize &needed) const;
 };
 
 /// Decodes media. Stateless.
@@ -24,7 +31,8 @@ struct ZelvoImageLoader
     /// if there is none to be had, or only a part of one.
     [[nodiscard]] static QImage image(const SlideMedia &media);
 
-    /// The same, reduced as far as it still has \a needed pixels each way.
+    /// The same, reduced as far as it still has \a needed pixels each way. A drawing is painted as
+    /// large as it has to be for that, or as it takes a quarter of a second to paint.
     [[nodiscard]] static DecodedImage image(const SlideMedia &media, const QSize &needed);
 
     /// The largest power of two by which an image of \a fullSize pixels can be divided and keep

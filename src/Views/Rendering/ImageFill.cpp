@@ -1,0 +1,49 @@
+#include "ImageFill.h"
+
+#include "ResampledImage.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace quenara {
+
+QRectF FilledImage::placeIn(const QRectF &area, const ImageFill &fill) const
+{
+    const double across = area.width() / fill.area.width();
+    const double down = area.height() / fill.area.height();
+    return {area.left() + place.left() * across, area.top() + place.top() * down,
+            place.width() * across, place.height() * down};
+}
+
+FilledImage filled(const DecodedImage &decoded, const ImageFill &fill)
+{
+    if (decoded.image.isNull() || fill.area.isEmpty())
+        return {};
+    const QSizeF asked(fill.area);
+    const double left =
+        std::min(1.0, std::sqrt(double(largestFilledPixelCount) / asked.width() / asked.height()));
+    const QSizeF area(std::max(1.0, std::round(asked.width() * left)),
+                      std::max(1.0, std::round(asked.height() * left)));
+    const QSizeF size(decoded.image.size());
+    const QSizeF whole = QSizeF(decoded.fullSize).scaled(area, Qt::KeepAspectRatioByExpanding);
+    QPointF corner((area.width() - whole.width()) / 2, (area.height() - whole.height()) / 2);
+    // What needs no resampling is moved by whole pixels, and stays as sharp as it is.
+    if (whole.toSize() == decoded.image.size())
+        corner = QPointF(corner.toPoint());
+    const double margin = fill.margin * left;
+    const QRect wanted = QRectF(QPointF(), area)
+                             .adjusted(-margin, -margin, margin, margin)
+                             .intersected(QRectF(corner, whole))
+                             .toAlignedRect()
+        | QRectF(QPointF(), area).toRect();
+    const double across = size.width() / whole.width();
+    const double down = size.height() / whole.height();
+    const QRectF part((wanted.left() - corner.x()) * across, (wanted.top() - corner.y()) * down,
+                      wanted.width() * across, wanted.height() * down);
+    const double enlarged = 1 / left;
+    return {resampled(decoded.image, part, wanted.size()),
+            {wanted.left() * enlarged, wanted.top() * enlarged, wanted.width() * enlarged,
+             wanted.height() * enlarged}};
+}
+
+} // namespace quenara

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "ZelvoImageLoader.h"
+
+#include <QImage>
+#include <QRectF>
+#include <QSize>
+
+namespace quenara {
+
+/// How an image is wanted: at its aspect ratio in the middle of an area that it fills, without what
+/// reaches beyond.
+struct ImageFill
+{
+    QSize area; ///< pixels
+    int margin =
+        0; ///< pixels around the area in which the image is wanted, too, if it reaches there
+
+    bool operator==(const ImageFill &) const = default;
+};
+
+/// An image as it is wanted.
+struct FilledImage
+{
+    QImage image; ///< null if there is none to be had
+    QRectF place; ///< of the image, from the area's top left, in the area's pixels
+
+    /// The place if the area is stretched to \a area.
+    [[nodiscard]] QRectF placeIn(const QRectF &area, const ImageFill &fill) const;
+};
+
+/// \a decoded as \a fill wants it, pixel by pixel. One of more than largestFilledPixelCount pixels
+/// has fewer, to be enlarged.
+[[nodiscard]] FilledImage filled(const DecodedImage &decoded, const ImageFill &fill);
+
+} // namespace quenara
