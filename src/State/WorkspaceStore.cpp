@@ -51,6 +51,13 @@ std::optional<Slide> WorkspaceStore::nextSlide() const
     return next ? std::optional(slideAt(m_state.project, *next)) : std::nullopt;
 }
 
+std::optional<Slide> WorkspaceStore::previousSlide() const
+{
+    const auto live = positionOf(m_state.liveSlideID);
+    const auto previous = live ? positionAt(m_state.project, live->absolute - 1) : std::nullopt;
+    return previous ? std::optional(slideAt(m_state.project, *previous)) : std::nullopt;
+}
+
 std::optional<Slide> WorkspaceStore::slideWithID(const std::optional<QString> &id) const
 {
     const auto position = positionOf(id);

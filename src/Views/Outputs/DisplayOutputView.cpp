@@ -12,13 +12,14 @@ namespace quenara {
 
 DisplayOutputView::DisplayOutputView(const WorkspaceStore &store, RenderCaches &caches,
                                      QWidget *parent)
-    : QWidget(parent), m_store(store), m_caches(caches), m_content(storeContent())
+    : QWidget(parent), m_store(store), m_caches(caches), m_content(storeContent()), m_ahead(caches)
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setCursor(Qt::BlankCursor);
     connect(&store, &WorkspaceStore::liveSlideIDChanged, this, &DisplayOutputView::showNow);
     connect(&store, &WorkspaceStore::outputModeChanged, this, &DisplayOutputView::showNow);
     connect(&store, &WorkspaceStore::projectChanged, this, &DisplayOutputView::showSoon);
+    connect(&store, &WorkspaceStore::changed, this, &DisplayOutputView::lookAhead);
 }
 
 DisplayOutputView::Content DisplayOutputView::storeContent() const
@@ -51,6 +52,35 @@ void DisplayOutputView::showSoon()
 {
     if (takeContent())
         update();
+}
+
+/// Whatever is sent next, its images are there: those of the slide after the live one, of the
+/// queued one and of the one before.
+void DisplayOutputView::lookAhead()
+{
+    if (!isVisible())
+        return;
+    QList<Slide> slides;
+    const auto add = [&](const std::optional<Slide> &slide) {
+        if (slide)
+            slides.append(*slide);
+    };
+    add(m_store.nextSlide());
+    add(m_store.slideWithID(m_store.queuedSlideID()));
+    add(m_store.previousSlide());
+    m_ahead.prepare(slides, size(), devicePixelRatioF());
+}
+
+void DisplayOutputView::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    lookAhead();
+}
+
+void DisplayOutputView::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    lookAhead();
 }
 
 void DisplayOutputView::paintEvent(QPaintEvent * /*event*/)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ImagesAhead.h"
 #include "WorkspaceState.h"
 
 #include <QWidget>
@@ -22,6 +23,8 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void showEvent(QShowEvent *event) override;
 
 private:
     /// All that is shown.
@@ -37,10 +40,12 @@ private:
     bool takeContent();
     void showNow();
     void showSoon();
+    void lookAhead();
 
     const WorkspaceStore &m_store;
     RenderCaches &m_caches;
     Content m_content;
+    ImagesAhead m_ahead;
 };
 
 } // namespace quenara

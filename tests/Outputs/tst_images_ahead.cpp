@@ -1,0 +1,163 @@
+#include "DisplayOutputView.h"
+#include "GuiTestSupport.h"
+#include "Images.h"
+#include "RenderCaches.h"
+#include "TestSupport.h"
+
+using namespace quenara;
+using namespace quenara::test;
+
+namespace tst_images_ahead {
+
+namespace {
+
+constexpr QSize screen(480, 270);
+constexpr QSize photographSize(640, 360);
+constexpr qsizetype photographBytes = qsizetype(640) * 360 * 4;
+
+SlideMedia photograph(int hue)
+{
+    QImage image(photographSize, QImage::Format_RGB32);
+    image.fill(QColor::fromHsv(hue, 200, 200));
+    return mediaOf(encoded(image, "PNG"));
+}
+
+/// Slides that differ in their photographs alone, behind everything and in a layer that is turned
+/// and fades.
+ZelvoProject photographs(int count)
+{
+    ZelvoProject project = showOf({count});
+    for (int i = 0; i < count; ++i) {
+        SlideDesign &design = project.serviceItems.first().slides[i].design;
+        design.background.kind = SlideBackgroundKind::image;
+        design.background.image = photograph(10 * i);
+        SlideElement layer = rectangleLayer(QStringLiteral("image"), {300, 200, 500, 400}, {}, 1);
+        layer.kind = SlideElementKind::image;
+        layer.image = photograph(10 * i + 5);
+        layer.rotation = 10;
+        layer.opacity = 0.5;
+        design.elements = {layer};
+    }
+    return project;
+}
+
+/// A display that stands on a screen.
+struct Display
+{
+    explicit Display(const ZelvoProject &project) : world(project)
+    {
+        view.resize(screen);
+        view.show();
+    }
+
+    /// What is held for images once nothing is left to do.
+    qsizetype heldAtRest()
+    {
+        constexpr int more = 50; // passes than there are images
+        for (int pass = 0; pass < more; ++pass)
+            QCoreApplication::processEvents();
+        return held();
+    }
+
+    /// Of all images and the media they come from, once the live slide is painted.
+    qsizetype held()
+    {
+        view.grab();
+        return caches.images.byteCount();
+    }
+
+    World world;
+    RenderCaches caches;
+    DisplayOutputView view{world.store, caches};
+};
+
+} // namespace
+
+class TestImagesAhead : public GuiTest
+{
+    Q_OBJECT
+
+private slots:
+    void theNextLiveSlidesImagesAreThereBeforeItIsSent()
+    {
+        Display display(photographs(4));
+        const qsizetype atRest = display.heldAtRest();
+        display.world.store.nextLive();
+        QCOMPARE(display.held(), atRest);
+    }
+
+    void theQueuedSlidesImagesAreThereBeforeItIsSent()
+    {
+        Display display(photographs(6));
+        display.world.store.queueSlide(slideID(display, 4));
+        const qsizetype atRest = display.heldAtRest();
+        display.world.store.goLive();
+        QCOMPARE(display.held(), atRest);
+    }
+
+    void theImagesOfTheSlideBeforeAreThereBeforeItIsSentAgain()
+    {
+        Display display(photographs(6));
+        display.world.store.queueSlide(slideID(display, 4));
+        display.world.store.goLive();
+        const qsizetype atRest = display.heldAtRest();
+        display.world.store.previousLive();
+        QCOMPARE(display.held(), atRest);
+    }
+
+    void otherSlidesImagesAreNotDecoded()
+    {
+        Display display(photographs(6));
+        const qsizetype atRest = display.heldAtRest();
+        display.world.store.queueSlide(slideID(display, 4));
+        display.world.store.goLive();
+        QVERIFY(display.held() > atRest + photographBytes);
+    }
+
+    /// Two images are missing, and the live slide is painted before the first of them is made
+    /// ready.
+    void eachImageIsMadeReadyOnceAllEventsAreHandled()
+    {
+        Display display(photographs(2));
+        qsizetype before = display.caches.images.byteCount();
+        int passesThatDecoded = 0;
+        for (int pass = 0; pass < 20; ++pass) {
+            QCoreApplication::processEvents();
+            const qsizetype now = display.caches.images.byteCount();
+            passesThatDecoded += now > before ? 1 : 0;
+            before = now;
+        }
+        QCOMPARE(passesThatDecoded, 2);
+    }
+
+    void aDisplayThatIsNotShownPreparesNothing()
+    {
+        Display display(photographs(4));
+        display.view.hide();
+        const qsizetype atRest = display.heldAtRest();
+        display.world.store.nextLive();
+        QCOMPARE(display.heldAtRest(), atRest);
+    }
+
+    void anImageIsReadyAtTheSizeThatTheDisplayHasByThen()
+    {
+        Display display(photographs(4));
+        display.heldAtRest();
+        display.view.resize(screen * 2);
+        const qsizetype atRest = display.heldAtRest();
+        display.world.store.nextLive();
+        QCOMPARE(display.held(), atRest);
+    }
+
+private:
+    static QString slideID(const Display &display, int index)
+    {
+        return display.world.store.project().serviceItems.first().slides.at(index).id;
+    }
+};
+
+QUENARA_GUI_TEST(TestImagesAhead)
+
+} // namespace tst_images_ahead
+
+#include "tst_images_ahead.moc"
