@@ -24,6 +24,7 @@ EXECUTABLE, WRITE_SHOW, FILL_ON_KEY = (Path(argument).absolute() for argument in
 FILL = "Fill"
 PRESSES = 200
 REST = 0.08  # seconds between a frame and the next press
+LONG_REST = 0.3  # the same, while which the program makes the next images ready
 LONGEST = 0.5  # seconds to wait for a frame
 IDLE_SECONDS = 20
 STARTS = 30
@@ -51,7 +52,7 @@ def strip_of(screen):
     return (48, height // 2, SCREEN_WIDTH + width // 3, height // 4)
 
 
-def latencies(watch, key, count):
+def latencies(watch, key, count, rest=REST):
     """Seconds from each press to the last frame that it brings; None for a press without one."""
     found = []
     for _ in range(count):
@@ -60,7 +61,7 @@ def latencies(watch, key, count):
         end = time.monotonic() + LONGEST
         while len(watch.frames()) == frames and time.monotonic() < end:
             time.sleep(0.005)
-        time.sleep(REST)
+        time.sleep(rest)
         new = watch.frames()[frames:]
         found.append(new[-1].time - pressed if new else None)
     return found
@@ -193,7 +194,11 @@ def measure_photographs(server, show):
     screen = (SCREEN_WIDTH, 1080)
     server.plug_second_screen(screen)
     fills = measure_fill(server, screen)
-    with showing(server, show) as program:
+    with showing(server, show):
+        report("500 slides, 50 photographs, first time, at rest before", steps(
+            server, screen, lambda watch: latencies(watch, "Right", PRESSES, LONG_REST)), 16,
+            fills)
+    with showing(server, show):
         cold = steps(server, screen, presses_right(SLIDES - 1))
         back_and_forth = steps(server, screen, lambda watch: [
             value for _ in range(10) for key in ("Left", "Right")
