@@ -25,8 +25,8 @@ signals:
 private:
     void press();
 
-    quint64 m_askedAt =
-        0; ///< when the last Escape went down, in milliseconds of the platform's clock
+    /// When the last Escape went down, in milliseconds of the platform's clock.
+    quint64 m_askedAt = 0;
     std::optional<quint64> m_first; ///< likewise of a press that waits for its second
 };
 
