@@ -55,12 +55,7 @@ void SessionRecorder::setWindows(const SessionWindows &windows)
 
 bool SessionRecorder::synchronize()
 {
-    if (!m_isOnDisk && !m_isGivenUp) {
-        m_isOnDisk = m_file.synchronize();
-        if (!m_isOnDisk)
-            giveUp();
-    }
-    return !m_isGivenUp;
+    return bringToDisk(m_isGivenUp || isRemoved());
 }
 
 void SessionRecorder::setLeavesUnsavedWork(bool leaves)
@@ -111,26 +106,30 @@ void SessionRecorder::record()
 {
     const Session session = present();
     const bool isEdit = mayDiffer(m_journal.written().project, session.project);
-    if (m_isGivenUp) {
-        if (isEdit && mayTryAgain())
-            finishEdit();
-        return;
-    }
-    const bool isOtherDocument = isEdit && !session.hasUnsavedChanges && !m_store.hasOpenGesture();
     if (!isWorthKeeping(session)) {
-        m_file.remove();
-        m_journal = SessionJournal();
-        m_isOnDisk = true; // nothing is to be brought there any more
-    } else if (!m_file.isOpen() || isOtherDocument || !m_isWhole) {
-        begin(session, !m_isWhole);
-    } else {
-        add(session);
+        forget();
+    } else if (!m_isGivenUp) {
+        const bool isOtherDocument =
+            isEdit && !session.hasUnsavedChanges && !m_store.hasOpenGesture();
+        const bool beginsAnew = !m_file.isOpen() || isOtherDocument || !m_isWhole;
+        beginsAnew ? begin(session, !m_isWhole) : add(session);
     }
     if (isEdit && m_file.isOpen())
         m_isOnDisk = false;
-    if (!m_isOnDisk && !m_isGivenUp && !m_store.hasOpenGesture())
+    const bool isDue = m_isGivenUp ? mayTryAgain() : !m_isOnDisk || isRemoved();
+    if (isDue && !m_store.hasOpenGesture())
         finishEdit();
     tellWhetherKeeping();
+}
+
+/// Nothing is to be kept, nor to be brought to the disk any more.
+void SessionRecorder::forget()
+{
+    m_file.remove();
+    m_journal = SessionJournal();
+    m_isOnDisk = true;
+    m_isGivenUp = false;
+    m_isWhole = true;
 }
 
 void SessionRecorder::add(const Session &session)
@@ -163,15 +162,30 @@ void SessionRecorder::finishEdit()
 void SessionRecorder::customEvent(QEvent * /*event*/)
 {
     m_isSynchronizationPosted = false;
-    if (m_store.hasOpenGesture())
-        return;
-    if (m_isGivenUp) {
-        m_isGivenUp = !mayTryAgain();
-        return record();
-    }
-    if (m_file.isOpen() && (hasGrownLarge() || !m_file.isInPlace()))
+    const bool hasToWait = m_store.hasOpenGesture() || (m_isGivenUp && !mayTryAgain());
+    if (!hasToWait)
+        bringToDisk(m_isGivenUp || isRemoved() || hasGrownLarge());
+}
+
+bool SessionRecorder::bringToDisk(bool beginsAnew)
+{
+    if (beginsAnew) {
+        m_isGivenUp = false;
         begin(present(), true);
-    synchronize();
+    }
+    if (m_file.isOpen() && !m_isGivenUp) {
+        m_isOnDisk = m_file.synchronize();
+        if (!m_isOnDisk)
+            giveUp();
+    }
+    tellWhetherKeeping();
+    return !m_isGivenUp;
+}
+
+/// Whether the next start would not find the journal's file any more.
+bool SessionRecorder::isRemoved() const
+{
+    return m_file.isOpen() && !m_file.isInPlace();
 }
 
 bool SessionRecorder::hasGrownLarge() const

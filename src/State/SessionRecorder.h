@@ -21,8 +21,8 @@ class WorkspaceStore;
 /// from its start. A save makes it small again. Its file goes with this object.
 ///
 /// Where it cannot be written, as on a full disk or one without locks, the show goes on without it.
-/// It is tried again with a save, with the first change after that, and with an edit some time
-/// later.
+/// It is tried again with a save, with the first change after that, with any change some time
+/// later, and whenever all is to be on the disk.
 class SessionRecorder : public QObject
 {
     Q_OBJECT
@@ -30,7 +30,7 @@ class SessionRecorder : public QObject
 public:
     static constexpr std::chrono::seconds usualPauseAfterFailure{10};
 
-    /// \a store must outlive this. \a folder is that of all journals. No edit before
+    /// \a store must outlive this. \a folder is that of all journals. No change before
     /// \a pauseAfterFailure is over has the journal tried again: that writes the whole project.
     SessionRecorder(const WorkspaceStore &store, const QString &folder,
                     std::chrono::milliseconds pauseAfterFailure = usualPauseAfterFailure);
@@ -44,10 +44,12 @@ public:
 
     void setWindows(const SessionWindows &windows);
 
-    /// Waits until everything is on the disk. False if it cannot be brought there.
+    /// Waits until everything is on the disk, where the next start looks for it. False if it cannot
+    /// be brought there.
     bool synchronize();
     /// Whether a journal with unsaved work outlasts this object, for the next start to ask about
-    /// it: the process may be ended without having asked.
+    /// it: the process may be ended without having asked. Brings it to the disk as synchronize()
+    /// does.
     void setLeavesUnsavedWork(bool leaves);
 
 signals:
@@ -63,7 +65,10 @@ private:
     void record();
     void add(const Session &session);
     void begin(const Session &session, bool isDurable);
+    void forget();
     void finishEdit();
+    bool bringToDisk(bool beginsAnew);
+    bool isRemoved() const;
     bool hasGrownLarge() const;
     bool mayTryAgain() const;
     void giveUp();

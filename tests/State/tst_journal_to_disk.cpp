@@ -128,11 +128,21 @@ private slots:
         QCOMPARE(world.during(walk), 0);
     }
 
+    void beforeTheMachineMayEndAllIsOnTheDisk_data()
+    {
+        using Change = void (*)(KeptWorld &);
+        QTest::addColumn<Change>("change");
+        QTest::newRow("an edit") << Change([](KeptWorld &world) { world.type(); });
+        QTest::newRow("a step") << Change([](KeptWorld &world) { world.store.nextLive(); });
+    }
+
     void beforeTheMachineMayEndAllIsOnTheDisk()
     {
+        using Change = void (*)(KeptWorld &);
+        QFETCH(Change, change);
         KeptWorld world;
         broughtToDiskCount = 0;
-        world.type();
+        change(world);
         world.recorder.setLeavesUnsavedWork(true);
         QCOMPARE(broughtToDiskCount, 1);
     }

@@ -1,4 +1,6 @@
+#include "Files.h"
 #include "FullDisk.h"
+#include "ProjectFileService.h"
 #include "ProjectTemplates.h"
 #include "RandomHand.h"
 #include "SessionRecorder.h"
@@ -24,9 +26,14 @@ struct RecordedWorld : World
 {
     QTemporaryDir state;
     QString journals = state.filePath(u"recovery"_s);
-    std::unique_ptr<SessionRecorder> recorder = std::make_unique<SessionRecorder>(store, journals);
+    std::unique_ptr<SessionRecorder> recorder;
 
-    using World::World;
+    explicit RecordedWorld(
+        const ZelvoProject &project = ProjectTemplates::demoProject(someTime()),
+        std::chrono::milliseconds pauseAfterFailure = SessionRecorder::usualPauseAfterFailure)
+        : World(project),
+          recorder(std::make_unique<SessionRecorder>(store, journals, pauseAfterFailure))
+    {}
 
     QStringList files() const { return QDir(journals).entryList(QDir::Files | QDir::Hidden); }
     QByteArray bytes() const
@@ -83,6 +90,23 @@ bool isUpToDate(const RecordedWorld &world)
 void editText(WorkspaceStore &store)
 {
     store.updateSelectedElement([](SlideElement &element) { element.name += u"+"_s; });
+}
+
+/// Something that is done in a world.
+using Act = void (*)(RecordedWorld &);
+
+/// Saves the document, and then changes it while the disk is full.
+void failToRecord(RecordedWorld &world, void (*change)(WorkspaceStore &),
+                  const Caller &caller = Caller::current())
+{
+    world.save();
+    QCoreApplication::sendPostedEvents();
+    QTest::ignoreMessage(QtInfoMsg, "Quenara could not write its recovery journal.");
+    const FullDisk disk;
+    change(world.store);
+    QCoreApplication::sendPostedEvents();
+    if (world.recorder->synchronize())
+        fail(u"the disk is not full"_s, caller);
 }
 
 } // namespace
@@ -376,40 +400,113 @@ private slots:
         QCOMPARE(told, (QList<QVariantList>{{false}, {true}}));
     }
 
-    void onceTheDiskHasRoomAgainItHoldsTheNextEdit()
+    void onceTheDiskHasRoomAgainAnyChangeBringsAllToIt_data()
     {
-        RecordedWorld world(showOf({2}));
-        world.recorder = std::make_unique<SessionRecorder>(world.store, world.journals, 0ms);
-        world.save();
-        editText(world.store);
-        QTest::ignoreMessage(QtInfoMsg, "Quenara could not write its recovery journal.");
-        {
-            const FullDisk disk;
-            for (int i = 0; i < 3; ++i) {
-                editText(world.store);
-                QCoreApplication::sendPostedEvents();
-                QVERIFY(!world.recorder->synchronize());
-            }
-        }
-        editText(world.store);
+        QTest::addColumn<Act>("change");
+        QTest::newRow("an edit") << Act([](RecordedWorld &world) { editText(world.store); });
+        QTest::newRow("a step") << Act([](RecordedWorld &world) { world.store.nextLive(); });
+        QTest::newRow("a window") << Act(
+            [](RecordedWorld &world) { world.recorder->setWindows({.isStageOpen = true}); });
+    }
+
+    void onceTheDiskHasRoomAgainAnyChangeBringsAllToIt()
+    {
+        QFETCH(Act, change);
+        RecordedWorld world(showOf({2}), 0ms);
+        failToRecord(world, editText);
+        change(world);
         QCoreApplication::sendPostedEvents();
-        QVERIFY(isUpToDate(world));
-        QVERIFY(world.recorder->synchronize());
+        QVERIFY(world.recorded() && world.recorded()->project == world.store.project());
         editText(world.store);
+        QVERIFY(world.recorded()->project == world.store.project());
+    }
+
+    void aDocumentThatIsOpenedAfterAFailureIsTheOneThatComesBack()
+    {
+        RecordedWorld world(showOf({3}), 0ms);
+        failToRecord(world, [](WorkspaceStore &store) { store.nextLive(); });
+        const QUrl other = world.fileUrl(u"other.quenara"_s);
+        ProjectFileService::save(showOf({2}), other, someTime());
+        world.store.openProject(other);
+        world.store.nextLive();
+        QCoreApplication::sendPostedEvents();
         QVERIFY(isUpToDate(world));
     }
 
-    void aJournalThatSomebodyRemovesIsThereAgainAfterTheNextEdit()
+    void aDocumentThatIsLeftAfterAFailureDoesNotComeBack()
     {
+        RecordedWorld world(showOf({3}), 1h);
+        failToRecord(world, [](WorkspaceStore &store) { store.nextLive(); });
+        world.store.newBlankProject();
+        QCOMPARE(world.files(), QStringList());
+        world.store.updateProjectName(u"Next"_s);
+        QVERIFY(isUpToDate(world));
+    }
+
+    void noChangeTriesAgainBeforeThePauseIsOver()
+    {
+        RecordedWorld world(showOf({2}), 1h);
+        failToRecord(world, editText);
+        const QByteArray before = world.bytes();
+        for (int i = 0; i < 3; ++i) {
+            editText(world.store);
+            world.store.nextLive();
+            QCoreApplication::sendPostedEvents();
+        }
+        QCOMPARE(world.bytes(), before);
+    }
+
+    void whatIsToBeOnTheDiskWaitsForNoPause()
+    {
+        RecordedWorld world(showOf({2}), 1h);
+        failToRecord(world, editText);
+        QVERIFY(world.recorder->synchronize());
+        QVERIFY(isUpToDate(world));
+    }
+
+    void workThatCouldNotBeWrittenIsLeftToTheNextStartOnceItCan()
+    {
+        RecordedWorld world(showOf({2}), 1h);
+        failToRecord(world, editText);
+        world.recorder->setLeavesUnsavedWork(true);
+        QVERIFY(isUpToDate(world));
+        world.recorder.reset();
+        QVERIFY(isUpToDate(world));
+    }
+
+    void aJournalThatSomebodyRemovesIsThereAgain_data()
+    {
+        QTest::addColumn<Act>("change");
+        QTest::newRow("after the next edit")
+            << Act([](RecordedWorld &world) { editText(world.store); });
+        QTest::newRow("after the next step")
+            << Act([](RecordedWorld &world) { world.store.nextLive(); });
+        QTest::newRow("once all is to be on the disk")
+            << Act([](RecordedWorld &world) { world.recorder->synchronize(); });
+    }
+
+    void aJournalThatSomebodyRemovesIsThereAgain()
+    {
+        QFETCH(Act, change);
         RecordedWorld world(showOf({2}));
         editText(world.store);
         QCoreApplication::sendPostedEvents();
         QVERIFY(QDir(world.journals).removeRecursively());
-        editText(world.store);
+        change(world);
         QCoreApplication::sendPostedEvents();
         QVERIFY(isUpToDate(world));
         editText(world.store);
         QVERIFY(isUpToDate(world));
+    }
+
+    void whereNothingCanBeWrittenAnewNothingIsSaidToBeOnTheDisk()
+    {
+        RecordedWorld world(showOf({2}));
+        editText(world.store);
+        QVERIFY(QDir(world.journals).removeRecursively());
+        writeFile(world.journals, {});
+        QTest::ignoreMessage(QtInfoMsg, "Quenara could not write its recovery journal.");
+        QVERIFY(!world.recorder->synchronize());
     }
 };
 
