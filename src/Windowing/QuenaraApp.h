@@ -48,7 +48,8 @@ public:
     /// Offers projects when it was started without a document.
     void showStartPanel() { m_store.showStartPanel(); }
 
-    /// Ends the program although nobody can be asked: unsaved work is left to the next start.
+    /// Ends the program although nobody can be asked: unsaved work is left to the next start, as
+    /// far as it can be written.
     void endWithoutAsking();
 
     AppearancePreference &appearance() { return m_appearance; }

@@ -29,14 +29,30 @@ void SessionEnd::answer(QSessionManager &manager)
 {
     endTyping();
     m_answeredFor.reset();
-    const bool hasToAsk = m_guard.asksBeforeQuitting();
-    const bool mayAsk = hasToAsk && manager.allowsInteraction(); // which waits to be allowed it
-    if (mayAsk && !m_guard.mayQuit())
+    const std::optional<Answer> given = answerTo(manager);
+    if (!given)
         return manager.cancel();
-    if (hasToAsk && !mayAsk)
-        m_recorder.synchronize(); // what follows may be the machine's end, too
-    m_answer = mayAsk ? Answer::asked : Answer::leftToTheNextStart;
+    m_answer = *given;
     m_answeredFor = m_store.state();
+}
+
+/// None if the session is not to end.
+std::optional<SessionEnd::Answer> SessionEnd::answerTo(QSessionManager &manager)
+{
+    if (!m_guard.asksBeforeQuitting())
+        return Answer::leftToTheNextStart;
+    bool mayAsk = manager.allowsInteraction(); // which waits to be allowed it
+    if (!mayAsk && isKept())
+        return Answer::leftToTheNextStart;
+    mayAsk = mayAsk || manager.allowsErrorInteraction();
+    return mayAsk && m_guard.mayQuit() ? std::optional(Answer::asked) : std::nullopt;
+}
+
+/// Whether the next start would find what is not saved; on the disk, since what follows may be the
+/// machine's end, too.
+bool SessionEnd::isKept()
+{
+    return !m_store.hasUnsavedChanges() || m_recorder.synchronize();
 }
 
 bool SessionEnd::eventFilter(QObject *object, QEvent *event)
@@ -52,7 +68,10 @@ void SessionEnd::end()
 {
     if (std::exchange(m_answeredFor, std::nullopt) != m_store.state())
         return;
-    m_recorder.setLeavesUnsavedWork(m_answer == Answer::leftToTheNextStart);
+    const bool leaves = m_answer == Answer::leftToTheNextStart;
+    if (leaves && !isKept())
+        return;
+    m_recorder.setLeavesUnsavedWork(leaves);
     m_guard.letGo();
 }
 

@@ -19,6 +19,10 @@ class WorkspaceStore;
 /// Answers the session manager when the user logs out: whether the session may end is asked as
 /// quitting asks or, where nobody may be asked, left to the next start. Either holds for the end
 /// that follows alone: a session that goes on is as if nothing had been asked.
+///
+/// Work that cannot be left, as on a full disk, is an error: it is asked about where errors may be,
+/// and else the answer is that it is not saved. A session that ends all the same finds the program
+/// asking as any quit does.
 class SessionEnd : public QObject
 {
 public:
@@ -34,6 +38,8 @@ private:
     enum class Answer : std::uint8_t { asked, leftToTheNextStart };
 
     void answer(QSessionManager &manager);
+    std::optional<Answer> answerTo(QSessionManager &manager);
+    bool isKept();
     void end();
 
     const WorkspaceStore &m_store;

@@ -1,8 +1,10 @@
+#include "Files.h"
 #include "GuiTestSupport.h"
 #include "ProgramWindows.h"
 #include "SessionEnd.h"
 #include "SessionRecorder.h"
 
+#include <QDir>
 #include <QSessionManager>
 
 #include <sys/syscall.h>
@@ -21,7 +23,8 @@ int broughtToDiskCount = 0;
 /// The program in a session of a desktop whose manager lets nobody ask anything.
 struct Program : ProgramWindows
 {
-    SessionRecorder recorder{store, folder.filePath(u"recovery"_s)};
+    QString journals = folder.filePath(u"recovery"_s);
+    SessionRecorder recorder{store, journals};
     SessionEnd sessionEnd{store, operatorWindow, guard, recorder};
 
     Program()
@@ -29,6 +32,19 @@ struct Program : ProgramWindows
         panels.answer = fileUrl(u"Sunday.quenara"_s);
         store.saveProject();
         QCoreApplication::sendPostedEvents();
+    }
+
+    /// Takes the journal away, and the place for another.
+    void letNothingBeKept() const
+    {
+        QDir(journals).removeRecursively();
+        writeFile(journals, {});
+    }
+
+    static void endSession()
+    {
+        QEvent quit(QEvent::Quit);
+        QCoreApplication::sendEvent(qApp, &quit);
     }
 
     /// Returns how often something was brought to the disk before the program has answered.
@@ -67,6 +83,30 @@ private slots:
         QCOMPARE(Program::askedToEnd(), 1);
         QVERIFY(program.recorder.synchronize());
         QCOMPARE(program.questions.asked.size(), 0);
+    }
+
+    void workThatCannotBeLeftIsAskedAboutWhenTheSessionEnds()
+    {
+        Program program;
+        program.store.updateProjectName(u"Changed"_s);
+        program.letNothingBeKept();
+        QTest::ignoreMessage(QtInfoMsg, "Quenara could not write its recovery journal.");
+        Program::askedToEnd();
+        QCOMPARE(program.questions.asked.size(), 0);
+        Program::endSession();
+        QCOMPARE(program.questions.asked.size(), 1);
+        QVERIFY(program.operatorWindow.isVisible());
+    }
+
+    void workThatIsLostAfterTheAnswerIsAskedAboutToo()
+    {
+        Program program;
+        program.store.updateProjectName(u"Changed"_s);
+        Program::askedToEnd();
+        program.letNothingBeKept();
+        QTest::ignoreMessage(QtInfoMsg, "Quenara could not write its recovery journal.");
+        Program::endSession();
+        QCOMPARE(program.questions.asked.size(), 1);
     }
 
     void whereNothingIsUnsavedNothingWaitsForTheDisk()

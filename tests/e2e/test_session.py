@@ -1,8 +1,12 @@
 """Logging out: what the session manager is answered, and what comes back after it."""
 
+import shutil
+from pathlib import Path
+
 from documents import UnsavedWork, name_in
 from program import ALERT, OPERATOR
-from session_manager import NOBODY_IS_ASKED, SAVE_BOTH, SAVE_GLOBAL, SessionManager
+from session_manager import (ANYTHING_IS_ASKED, ERRORS_ARE_ASKED, NOBODY_IS_ASKED, SAVE_BOTH,
+                             SAVE_GLOBAL, SessionManager)
 from show_case import ReadCase, run
 from xserver import Unavailable
 
@@ -33,8 +37,14 @@ class Session(UnsavedWork, ReadCase):
         self.click("Continue", "push button", window=ALERT)
         again.wait_for_window(f"{name} — Quenara")
 
-    def be_asked(self):
-        self.session.save()
+    def let_nothing_be_kept(self):
+        """Takes the journal away, and the place for another."""
+        folder = Path(self.state, "Quenara/recovery")
+        shutil.rmtree(folder)
+        folder.touch()
+
+    def be_asked(self, asking=ANYTHING_IS_ASKED):
+        self.session.save(asking=asking)
         self.session.wait_for("interact_request")
         self.session.let_interact()
 
@@ -55,6 +65,27 @@ class Session(UnsavedWork, ReadCase):
                 self.assertEqual(len(self.journals()), 1)
                 self.come_back(f"Changed {kind}")
                 self.session.wait_for_client()
+
+    def test_work_that_cannot_be_left_is_an_error_to_ask_about(self):
+        self.change_name("Changed")
+        self.let_nothing_be_kept()
+        self.be_asked(ERRORS_ARE_ASKED)
+        self.program.answer_question("Return")
+        self.session.wait_for(NOTHING_CANCELLED, SAVED)
+        self.assertEqual(name_in(self.file), "Changed")
+        self.assertEqual(self.end_session(), 0, self.program.output())
+
+    def test_work_that_cannot_be_left_is_not_told_to_be_saved(self):
+        self.change_name("Changed")
+        self.let_nothing_be_kept()
+        self.session.save(SAVE_BOTH, NOBODY_IS_ASKED)
+        self.session.wait_for(NOT_SAVED)
+        self.assertIsNone(self.program.window(ALERT))
+        # Ended all the same, the program asks before it lets the work go.
+        self.session.end_session()
+        self.program.answer_question("Return")
+        self.assertEqual(self.program.wait_for_end(), 0, self.program.output())
+        self.assertEqual(name_in(self.file), "Changed")
 
     def test_what_the_next_session_starts_again_offers_projects(self):
         self.assertEqual(self.end_session(), 0, self.program.output())
