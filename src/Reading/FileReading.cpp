@@ -57,17 +57,11 @@ QString versionOf(const QCryptographicHash &hash)
 
 QString versionByTimes(const QFileInfo &file)
 {
-#ifdef Q_OS_UNIX
+#ifdef Q_OS_LINUX
     struct stat attributes
     {};
-    if (::stat(QFile::encodeName(file.filePath()).constData(), &attributes) == 0) {
-        const auto time = [](const timespec &since) {
-            return QStringLiteral("%1.%2").arg(since.tv_sec).arg(since.tv_nsec);
-        };
-        return QStringLiteral("%1 %2 %3 %4")
-            .arg(QString::number(attributes.st_size), QString::number(attributes.st_ino),
-                 time(attributes.st_mtim), time(attributes.st_ctim));
-    }
+    if (::stat(QFile::encodeName(file.filePath()).constData(), &attributes) == 0)
+        return quenara::versionByTimes(attributes);
 #endif
     return QStringLiteral("%1 %2").arg(file.size()).arg(file.lastModified().toMSecsSinceEpoch());
 }
@@ -123,5 +117,19 @@ QString versionOf(QByteArrayView bytes)
     hash.addData(bytes);
     return versionOf(hash);
 }
+
+#ifdef Q_OS_LINUX
+
+QString versionByTimes(const struct stat &attributes)
+{
+    const auto time = [](const timespec &since) {
+        return QStringLiteral("%1.%2").arg(since.tv_sec).arg(since.tv_nsec);
+    };
+    return QStringLiteral("%1 %2 %3 %4")
+        .arg(QString::number(attributes.st_size), QString::number(attributes.st_ino),
+             time(attributes.st_mtim), time(attributes.st_ctim));
+}
+
+#endif
 
 } // namespace quenara

@@ -8,6 +8,8 @@
 #include <functional>
 #include <optional>
 
+struct stat;
+
 namespace quenara {
 
 /// The size of the largest project file in bytes: the JSON parser takes no more.
@@ -34,5 +36,9 @@ inline constexpr qint64 mostComparedBytes = qint64(32) << 20U;
 [[nodiscard]] QString fileVersion(const QUrl &url);
 /// The same of a file that holds \a bytes; empty if they are more than are compared.
 [[nodiscard]] QString versionOf(QByteArrayView bytes);
+#ifdef Q_OS_LINUX
+/// The same of a larger file with these attributes.
+[[nodiscard]] QString versionByTimes(const struct stat &attributes);
+#endif
 
 } // namespace quenara

@@ -1,5 +1,7 @@
 #include "FileReplacement.h"
 
+#include "FileReading.h"
+
 #include <QFile>
 #include <QFileInfo>
 
@@ -104,6 +106,14 @@ public:
         return ::fchmod(m_number, mode) == 0;
     }
 
+    struct stat attributes() const
+    {
+        struct stat attributes
+        {};
+        ::fstat(m_number, &attributes);
+        return attributes;
+    }
+
     bool giveName(const QString &path) const
     {
         const QByteArray self = "/proc/self/fd/" + QByteArray::number(m_number);
@@ -177,15 +187,20 @@ bool fill(const Descriptor &file, const QFileInfo &target, const QByteArray &byt
         && file.synchronize();
 }
 
-/// Moves the whole file at \a passing to its place.
-bool takePlace(const QString &passing, const QFileInfo &target)
+/// Moves the whole \a file at \a passing to its place. In \a version comes the one by its times.
+bool takePlace(const Descriptor &file, const QString &passing, const QFileInfo &target,
+               QString &version)
 {
+    struct stat attributes = file.attributes();
     if (::rename(QFile::encodeName(passing).constData(),
                  QFile::encodeName(target.filePath()).constData())
         != 0) {
         QFile::remove(passing);
         return false;
     }
+    // Other programs can write to it from here on. The renaming alone is a change of ours.
+    attributes.st_ctim = file.attributes().st_ctim;
+    version = versionByTimes(attributes);
     // The file is whole already. This keeps a loss of power from bringing the old one back.
     const Descriptor folder(target.path(), O_RDONLY | O_DIRECTORY);
     if (folder.isOpen())
@@ -196,7 +211,7 @@ bool takePlace(const QString &passing, const QFileInfo &target)
 /// Whether the file was replaced; nothing if the file system has no files without a name, or does
 /// not give them one.
 std::optional<bool> replaceByUnnamedFile(const QFileInfo &target, const QString &passing,
-                                         const QByteArray &bytes)
+                                         const QByteArray &bytes, QString &version)
 {
     const Descriptor file(target.path(), O_TMPFILE | O_WRONLY, everything);
     if (!file.isOpen())
@@ -206,10 +221,11 @@ std::optional<bool> replaceByUnnamedFile(const QFileInfo &target, const QString 
     // A new link cannot replace a file, but a renamed one can.
     if (!file.giveName(passing))
         return std::nullopt;
-    return takePlace(passing, target);
+    return takePlace(file, passing, target, version);
 }
 
-bool replaceByNamedFile(const QFileInfo &target, const QString &passing, const QByteArray &bytes)
+bool replaceByNamedFile(const QFileInfo &target, const QString &passing, const QByteArray &bytes,
+                        QString &version)
 {
     constexpr mode_t ownersAlone = 0600; // until it has the permissions of the old one
     const Descriptor file(passing, O_CREAT | O_EXCL | O_WRONLY,
@@ -217,41 +233,51 @@ bool replaceByNamedFile(const QFileInfo &target, const QString &passing, const Q
     if (!file.isOpen())
         return false;
     if (fill(file, target, bytes))
-        return takePlace(passing, target);
+        return takePlace(file, passing, target, version);
     QFile::remove(passing);
     return false;
 }
 
-bool replace(const QFileInfo &target, const QByteArray &bytes)
+bool replace(const QFileInfo &target, const QByteArray &bytes, QString &version)
 {
     removeLeftOvers(target);
     const quint64 number = QRandomGenerator::system()->generate64();
     const QString passing =
         QStringLiteral("%1/%2-%3")
             .arg(target.path(), passingName(target), QString::number(number, 16));
-    const std::optional<bool> replaced = replaceByUnnamedFile(target, passing, bytes);
-    return replaced ? *replaced : replaceByNamedFile(target, passing, bytes);
+    const std::optional<bool> replaced = replaceByUnnamedFile(target, passing, bytes, version);
+    return replaced ? *replaced : replaceByNamedFile(target, passing, bytes, version);
 }
 
 #else
 
-bool replace(const QFileInfo &target, const QByteArray &bytes)
+bool replace(const QFileInfo &target, const QByteArray &bytes, QString &version)
 {
     QSaveFile file(target.filePath());
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+        return false;
+    version = fileVersion(QUrl::fromLocalFile(target.filePath()));
+    return true;
 }
 
 #endif
 
 } // namespace
 
-bool replaceFile(const QString &path, const QByteArray &bytes)
+bool replaceFile(const QString &path, const QByteArray &bytes, QString *version)
 {
     const QFileInfo target = linkTarget(path);
     // What is no plain file is not ours to remove: a device, a pipe that another program reads.
     if (target.isSymbolicLink() || (target.exists() && (!target.isFile() || !target.isWritable())))
         return false;
-    return replace(target, bytes);
+    QString byTimes;
+    if (!replace(target, bytes, byTimes))
+        return false;
+    if (version) {
+        const QString byBytes = versionOf(bytes);
+        *version = byBytes.isEmpty() ? byTimes : byBytes;
+    }
+    return true;
 }
 
 } // namespace quenara

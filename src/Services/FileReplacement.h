@@ -15,6 +15,10 @@ namespace quenara {
 /// Where the file system can have files without a name, a killed process leaves nothing behind, or
 /// at most the complete new file, elsewhere a part of it: hidden, readable by those who may read
 /// the file, and removed by the next save of it.
-[[nodiscard]] bool replaceFile(const QString &path, const QByteArray &bytes);
+///
+/// In \a version comes the fileVersion() of the new file; on Linux of the file as it was made, so
+/// that what another program writes there, however soon, has another version.
+[[nodiscard]] bool replaceFile(const QString &path, const QByteArray &bytes,
+                               QString *version = nullptr);
 
 } // namespace quenara

@@ -33,13 +33,8 @@ ZelvoProject loaded(const QUrl &url, const QDateTime &now)
 bool write(const ZelvoProject &project, const QUrl &url, QString *version)
 {
     const QByteArray bytes = ProjectCodec::encode(project);
-    if (bytes.size() > largestFile || !url.isLocalFile() || !replaceFile(url.toLocalFile(), bytes))
-        return false;
-    if (version)
-        *version = versionOf(bytes);
-    if (version && version->isEmpty())
-        *version = fileVersion(url);
-    return true;
+    return bytes.size() <= largestFile && url.isLocalFile()
+        && replaceFile(url.toLocalFile(), bytes, version);
 }
 
 } // namespace

@@ -21,10 +21,9 @@ struct ProjectFileService
     /// current nor a legacy document.
     [[nodiscard]] static ZelvoProject load(const QUrl &url, const QDateTime &now);
 
-    /// Writes \a project, normalized and updated at \a now, as replaceFile() does. Returns the
-    /// project as the file holds it: what normalizing adds has new identifiers each time. In
-    /// \a version comes the fileVersion() of what was written, whatever another program has written
-    /// there since. Throws ProjectFileError: unableToWrite; or ProjectEncodingError.
+    /// Writes \a project, normalized and updated at \a now, as replaceFile() does, which gives
+    /// \a version. Returns the project as the file holds it: what normalizing adds has new
+    /// identifiers each time. Throws ProjectFileError: unableToWrite; or ProjectEncodingError.
     static ZelvoProject save(ZelvoProject project, const QUrl &url, const QDateTime &now,
                              QString *version = nullptr);
 };

@@ -1,3 +1,4 @@
+#include "FileReading.h"
 #include "FileReplacement.h"
 #include "JournalFile.h"
 #include "TestMain.h"
@@ -13,10 +14,12 @@
 #include <csignal>
 #include <cstdarg>
 #include <fcntl.h>
+#include <functional>
 #include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <utility>
 
 using namespace quenara;
 using namespace quenara::test;
@@ -42,6 +45,7 @@ struct System
     QString refused;
     int reason = 0;
     QString fatal = {}; ///< the call that stops the process; a signal decides how it goes on
+    std::function<void()> onceRenamed = [] {};
 
     /// Notes \a call; true if it is refused.
     bool refuses(const QString &call)
@@ -108,9 +112,11 @@ extern "C" int fdatasync(int file)
 
 extern "C" int rename(const char *from, const char *to) noexcept
 {
-    return askedSystem.refuses(renaming)
-        ? -1
-        : int(::syscall(SYS_renameat2, AT_FDCWD, from, AT_FDCWD, to, 0));
+    if (askedSystem.refuses(renaming))
+        return -1;
+    const int result = int(::syscall(SYS_renameat2, AT_FDCWD, from, AT_FDCWD, to, 0));
+    askedSystem.onceRenamed();
+    return result;
 }
 
 extern "C" int linkat(int fromFolder, const char *from, int toFolder, const char *to,
@@ -274,6 +280,45 @@ private slots:
         QVERIFY(!journal.begin({newBytes}, true));
         QCOMPARE(askedSystem.calls, QStringList{newFileToDisk});
         QVERIFY(journal.isInPlace());
+    }
+
+    void whatAnotherProgramWritesAtOnceIsOfAnotherVersion_data()
+    {
+        using Act = void (*)(const QString &path);
+        QTest::addColumn<Act>("act");
+        QTest::addColumn<bool>("isOther");
+        QTest::newRow("nothing") << Act([](const QString &) {}) << false;
+        QTest::newRow("in the file") << Act([](const QString &path) {
+            QTest::qWait(20); // longer than the steps of the clock that files have their times from
+            QFile file(path);
+            QVERIFY(file.open(QIODevice::ReadWrite));
+            QCOMPARE(file.write("x"), 1);
+        }) << true;
+        QTest::newRow("another file in its place") << Act([](const QString &path) {
+            const QString other = path + u'~';
+            QVERIFY(QFile::copy(path, other));
+            QVERIFY(QFile::remove(path) && QFile::rename(other, path));
+        }) << true;
+    }
+
+    void whatAnotherProgramWritesAtOnceIsOfAnotherVersion()
+    {
+        using Act = void (*)(const QString &path);
+        QFETCH(Act, act);
+        QFETCH(bool, isOther);
+        for (const QString &refused : {QString(), makingUnnamed}) {
+            askedSystem = {.calls = {}, .refused = refused, .reason = EOPNOTSUPP};
+            bool hasActed = false;
+            askedSystem.onceRenamed = [&] {
+                if (!std::exchange(hasActed, true))
+                    act(m_path);
+            };
+            QString version;
+            QVERIFY(replaceFile(m_path, QByteArray(mostComparedBytes + 1, ' '), &version));
+            QVERIFY(hasActed);
+            QVERIFY(!version.isEmpty());
+            QCOMPARE(fileVersion(QUrl::fromLocalFile(m_path)) != version, isOther);
+        }
     }
 
     void theOldFileStaysWhereTheSystemRefuses_data()
