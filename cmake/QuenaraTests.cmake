@@ -20,15 +20,16 @@ function(quenara_compile_together target)
 endfunction()
 
 # quenara_add_tests(<name> ROOMS <room>... [QT <module>...] [LINK <target>...] [SOURCES <file>...]
-#                   [TWO_SCREENS <test>...] [SMALL_SCREEN <test>...] [EXCEPT <test>...])
+#                   [TWO_SCREENS <test>...] [MIRRORED_SCREEN <test>...] [SMALL_SCREEN <test>...]
+#                   [EXCEPT <test>...])
 # One executable <name>Tests of every tst_*.cpp of the folder, which are compiled a few together:
 # most of what a test costs to compile is the same for all. ctest runs each by itself, offscreen (on
-# one screen of 1920 by 1080, on two side by side, or on one of 1366 by 768 beside a larger one) and
-# with a home of its own. Every warning of Qt is a failure: at once or, for tests with windows, as
-# GuiTest says.
+# one screen of 1920 by 1080, on two side by side, on two and another that shows what the first does,
+# or on one of 1366 by 768 beside a larger one) and with a home of its own. Every warning of Qt is a
+# failure: at once or, for tests with windows, as GuiTest says.
 function(quenara_add_tests name)
   cmake_parse_arguments(PARSE_ARGV 1 TEST "" ""
-    "ROOMS;QT;LINK;SOURCES;TWO_SCREENS;SMALL_SCREEN;EXCEPT")
+    "ROOMS;QT;LINK;SOURCES;TWO_SCREENS;MIRRORED_SCREEN;SMALL_SCREEN;EXCEPT")
   set(rooms ${TEST_ROOMS})
   list(TRANSFORM rooms PREPEND Quenara::)
   set(modules ${TEST_QT})
@@ -51,6 +52,8 @@ function(quenara_add_tests name)
     set(screens one-screen)
     if(test IN_LIST TEST_TWO_SCREENS)
       set(screens two-screens)
+    elseif(test IN_LIST TEST_MIRRORED_SCREEN)
+      set(screens mirrored-screen)
     elseif(test IN_LIST TEST_SMALL_SCREEN)
       set(screens small-screen)
     endif()

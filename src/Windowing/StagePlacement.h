@@ -28,6 +28,9 @@ public:
     /// Remembers where \a window is put from now on.
     void follow(QWidget &window);
 
+    /// The window is to be put anew, wherever one was before.
+    void forget() { m_place.reset(); }
+
     /// To be called when the screens have changed. Where the window manager puts the window then is
     /// not its place.
     void awaitSettling();
@@ -50,8 +53,8 @@ private:
     QPointer<QWidget> m_window;
     QTimer m_settled;
     std::optional<WindowPlace> m_place; ///< none while it is on the operator's screen
-    Qt::WindowStates
-        m_state; ///< whether it filled the screen, and how; `m_place` is then what it is else
+    /// Whether it filled the screen, and how; `m_place` is then what it is else.
+    Qt::WindowStates m_state;
 };
 
 } // namespace quenara

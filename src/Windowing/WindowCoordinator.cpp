@@ -68,6 +68,7 @@ void WindowCoordinator::close(Output &output)
 
 void WindowCoordinator::openDisplayWindow(const WorkspaceStore &store, AppAppearance appearance)
 {
+    m_hasDisplayFollowed = false; // it was sent where it lies from here on
     if (!m_display.window)
         openDisplay(store, appearance, m_placement.screenByCommand());
     bringToFront(*m_display.window);
@@ -117,6 +118,7 @@ void WindowCoordinator::openStageWindow(const WorkspaceStore &store, AppAppearan
 {
     if (!m_stage.window) {
         OutputWindow *window = makeStageWindow(store, appearance);
+        m_stagePlacement.forget();
         window->setGeometry(stageFrame);
         window->show();
         adopt(m_stage, window);
