@@ -80,7 +80,7 @@ private slots:
         showActive(claiming);
         const QPointer claim = new KeyboardClaim(claiming);
         QWidget opened(nullptr, isToolTip ? Qt::ToolTip : Qt::Window);
-        opened.setAttribute(Qt::WA_ShowWithoutActivating);
+        opened.setAttribute(Qt::WA_ShowWithoutActivating, !isToolTip);
         opened.show();
         asking.activateWindow();
         QTRY_VERIFY(!claim);
