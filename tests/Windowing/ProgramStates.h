@@ -206,6 +206,11 @@ inline void openRecovery(Program &program)
     program.operatorWindow.askAbout(*program.recovery);
 }
 
+inline void keepNothing(Program &program)
+{
+    program.operatorWindow.showWhetherKept(false);
+}
+
 inline void openSongImport(Program &program)
 {
     program.store.setSongImportPresented(true);
@@ -315,6 +320,7 @@ inline constexpr State ownStates[] = {
     {"the screen is black", blackOut},
     {"both output windows are open", openOutputs},
     {"left-over work is offered", openRecovery},
+    {"nothing would come back after a crash", keepNothing},
     {"the start panel is open", openStartPanel},
     {"the song import is open", openSongImport},
     {"a section is renamed", renameSection},
