@@ -23,6 +23,12 @@ bool isWorthKeeping(const Session &session)
         || (session.project && !session.project->serviceItems.isEmpty());
 }
 
+/// Not if a number in it is none that can be written.
+bool holds(const SessionJournal &journal, const Session &session)
+{
+    return !mayDiffer(journal.written(), session);
+}
+
 } // namespace
 
 SessionRecorder::SessionRecorder(const WorkspaceStore &store, const QString &folder,
@@ -135,14 +141,16 @@ void SessionRecorder::forget()
 void SessionRecorder::add(const Session &session)
 {
     const QByteArrayList pieces = m_journal.add(session);
-    if (!pieces.isEmpty() && !m_file.append(pieces))
+    if (!holds(m_journal, session) || (!pieces.isEmpty() && !m_file.append(pieces)))
         giveUp();
 }
 
 void SessionRecorder::begin(const Session &session, bool isDurable)
 {
-    m_journal = SessionJournal();
-    if (m_file.begin(m_journal.add(session), isDurable)) {
+    SessionJournal journal;
+    const QByteArrayList pieces = journal.add(session);
+    if (holds(journal, session) && m_file.begin(pieces, isDurable)) {
+        m_journal = std::move(journal);
         m_sizeAtBeginning = m_file.size();
         m_isWhole = true;
         m_isOnDisk = false; // its name is not there yet

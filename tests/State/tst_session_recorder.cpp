@@ -499,6 +499,23 @@ private slots:
         QVERIFY(isUpToDate(world));
     }
 
+    void aNumberThatCannotBeWrittenIsNotSaidToBeOnTheDisk()
+    {
+        RecordedWorld world(showOf({2}));
+        editText(world.store);
+        const QByteArray before = world.bytes();
+        const auto moveTo = [&world](double x) {
+            world.store.updateSelectedElement([x](SlideElement &element) { element.frame.x = x; });
+        };
+        QTest::ignoreMessage(QtInfoMsg, "Quenara could not write its recovery journal.");
+        moveTo(qInf());
+        QVERIFY(!world.recorder->synchronize());
+        QCOMPARE(world.bytes(), before);
+        moveTo(1);
+        QVERIFY(world.recorder->synchronize());
+        QVERIFY(isUpToDate(world));
+    }
+
     void whereNothingCanBeWrittenAnewNothingIsSaidToBeOnTheDisk()
     {
         RecordedWorld world(showOf({2}));
