@@ -254,17 +254,17 @@ QList<LeftOverJournal> leftOverJournals(const QString &folder, qint64 mostBytes)
     const QFileInfoList files = journalsIn(folder);
     for (const QFileInfo &info : files) {
         const std::shared_ptr<QFile> file = locked(info.filePath());
-        if (!file)
+        constexpr qint64 firstBytes = 64;
+        if (!file || !SessionJournal::isJournal(file->peek(firstBytes))
+            || (file->size() > mostBytes && !journals.isEmpty()))
             continue;
-        mostBytes -= file->size();
-        if (mostBytes < 0 && !journals.isEmpty())
-            break;
         try {
             const auto bytes = wholeFile(QUrl::fromLocalFile(info.filePath()));
-            if (!bytes || !SessionJournal::isJournal(*bytes))
+            if (!bytes)
                 continue;
             if (const std::optional<Session> session = SessionJournal::read(*bytes)) {
                 journals.append({info.filePath(), info.lastModified(), *session, file});
+                mostBytes -= file->size();
             } else {
                 QFile::remove(info.filePath());
             }

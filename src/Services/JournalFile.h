@@ -66,8 +66,8 @@ struct LeftOverJournal
 inline constexpr qint64 mostLeftOverBytes = qint64(1) << 30U;
 
 /// The journals in \a folder that no running program has, newest first; of more than \a mostBytes
-/// only the newest, and one of any size. Removes those that hold nothing to bring back, and leaves
-/// files alone that are none.
+/// those that fit when taken in this order, and one of any size. Removes those that hold nothing to
+/// bring back, and leaves files alone that are none.
 [[nodiscard]] QList<LeftOverJournal> leftOverJournals(const QString &folder,
                                                       qint64 mostBytes = mostLeftOverBytes);
 

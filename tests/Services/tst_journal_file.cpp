@@ -117,10 +117,10 @@ class TestJournalFile : public QObject
                                        QFileDevice::FileModificationTime));
         }
 
-        QStringList names() const
+        QStringList names(qint64 mostBytes = mostLeftOverBytes) const
         {
             QStringList names;
-            for (const LeftOverJournal &journal : leftOverJournals(folder))
+            for (const LeftOverJournal &journal : leftOverJournals(folder, mostBytes))
                 names.append(journal.session.projectName);
             return names;
         }
@@ -160,6 +160,34 @@ private slots:
         QCOMPARE(leftOverJournals(journals.folder, 2 * size).size(), 2);
         QCOMPARE(leftOverJournals(journals.folder, 0).first().session.projectName, u"Newest"_s);
         QCOMPARE(journals.names().size(), 3);
+    }
+
+    void whatIsNotReadTakesNoneOfTheRoom_data()
+    {
+        QTest::addColumn<QByteArray>("beginning");
+        QTest::newRow("a file of another kind") << QByteArray("notes");
+        QTest::newRow("a journal with nothing to bring back")
+            << QByteArray("Quenara recovery journal 1\nabc");
+    }
+
+    void whatIsNotReadTakesNoneOfTheRoom()
+    {
+        QFETCH(QByteArray, beginning);
+        const Journals journals;
+        journals.leaveBehind(u"Middle"_s, 200);
+        const qint64 size = QFileInfo(journals.onlyFile()).size();
+        journals.leaveBehind(u"Oldest"_s, 3000);
+        const QStringList both{u"Middle"_s, u"Oldest"_s};
+        writeFile(journals.folder + u"/newest.journal"_s, beginning + QByteArray(4 * size, ' '));
+        QCOMPARE(journals.names(2 * size), both);
+
+        writeFile(journals.folder + u"/between.journal"_s, beginning + QByteArray(4 * size, ' '));
+        QFile between(journals.folder + u"/between.journal"_s);
+        QVERIFY(between.open(QIODevice::ReadWrite));
+        QVERIFY(between.setFileTime(QDateTime::currentDateTime().addSecs(-1000),
+                                    QFileDevice::FileModificationTime));
+        between.close();
+        QCOMPARE(journals.names(2 * size), both);
     }
 
     void aJournalThatIsOpenIsNotLeftOver_data() { addFileSystems(); }
