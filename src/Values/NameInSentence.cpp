@@ -30,9 +30,10 @@ bool turnsWhatFollows(QChar character)
     }
 }
 
-bool isFromRightToLeft(QChar character)
+bool isFromRightToLeft(char32_t character)
 {
-    return character.direction() == QChar::DirR || character.direction() == QChar::DirAL;
+    const QChar::Direction direction = QChar::direction(character);
+    return direction == QChar::DirR || direction == QChar::DirAL;
 }
 
 } // namespace
@@ -47,7 +48,8 @@ QString nameInSentence(const QString &name)
             || character == QChar::ParagraphSeparator)
             character = u' ';
     }
-    const bool isTurned = std::any_of(shown.cbegin(), shown.cend(), isFromRightToLeft);
+    const QList<uint> characters = shown.toUcs4();
+    const bool isTurned = std::any_of(characters.cbegin(), characters.cend(), isFromRightToLeft);
     return isTurned ? isolate + shown + endOfIsolate : shown;
 }
 

@@ -30,6 +30,8 @@ private slots:
         QTest::newRow("the end of an isolate around it") << u"a\u2069\u2069b"_s << u"ab"_s;
         QTest::newRow("a name from right to left")
             << u"\u05d0\u05d1 1"_s << u"\u2068\u05d0\u05d1 1\u2069"_s;
+        QTest::newRow("a name from right to left beyond the first plane")
+            << u"\U0001E900\U00010D00"_s << u"\u2068\U0001E900\U00010D00\u2069"_s;
         QTest::newRow("an emoji of several")
             << u"\U0001F468\u200d\U0001F469"_s << u"\U0001F468\u200d\U0001F469"_s;
         QTest::newRow("a long one") << QString(100'000, u'x') << QString(199, u'x') + u'\u2026';
