@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <numeric>
 
 namespace quenara {
@@ -109,7 +110,7 @@ public:
     void drawPath(const QPainterPath &path) override
     {
         m_effort += ofAnElement;
-        if (m_effort > m_most)
+        if (!(m_effort <= m_most))
             return;
         if (state->brush().style() != Qt::NoBrush)
             countFill(path);
@@ -204,7 +205,8 @@ private:
         const QList<qreal> pattern = pen.dashPattern();
         const double units = std::accumulate(pattern.cbegin(), pattern.cend(), 0.0);
         const double unit = scale * (pen.widthF() > 0 ? pen.widthF() : 1); // of the pattern
-        return units > 0 ? double(pattern.size()) / 2 / (units * unit) : 0;
+        const double length = units * unit;
+        return length > 0 ? double(pattern.size()) / 2 / length : 0;
     }
 
     QRectF m_image;
@@ -274,7 +276,8 @@ double paintingEffort(const QByteArray &drawing, double most)
     painter.setRenderHint(QPainter::Antialiasing);
     renderer.render(&painter, QRectF(QPointF(), size * scale));
     painter.end();
-    return device.effort();
+    return std::isfinite(device.effort()) ? device.effort()
+                                          : std::numeric_limits<double>::infinity();
 }
 
 } // namespace quenara

@@ -10,6 +10,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include <algorithm>
 #include <sys/stat.h>
 #include <vector>
 #include <zlib.h>
@@ -160,6 +161,13 @@ QByteArray inTwoBytes(const QByteArray &text)
     return encoder.encode(QString::fromLatin1(text));
 }
 
+const CostlyKind &gradients()
+{
+    return *std::find_if(costlyKinds.cbegin(), costlyKinds.cend(), [](const CostlyKind &kind) {
+        return QByteArrayView(kind.name) == "gradients";
+    });
+}
+
 QByteArray nested(int depth)
 {
     return drawingOf(QByteArray("<g>").repeated(depth) + QByteArray("</g>").repeated(depth));
@@ -302,6 +310,10 @@ private slots:
             "\xef\xbb\xbf<?xml version=\"1.0\"?><!DOCTYPE svg [<!ENTITY e \"a\">]>"
                 + drawingOf(rect));
         row("after compression", compressed(drawingOf(rect)));
+        row("dashes that a scale hides",
+            drawingOf("<g transform='scale(0)'><path d='M1 2L3 4' stroke='red' "
+                      "stroke-dasharray='1 1'/></g>"
+                      + rect));
     }
 
     void whatIsInsideIsSeen()
@@ -384,6 +396,11 @@ private slots:
                       + QByteArray("<use xlink:href='#a'/>").repeated(10'000)));
         for (const CostlyKind &kind : costlyKinds)
             row(kind.name, kind.drawing(kind.tooMany));
+        for (const char *transform : {"scale(0)", "scale(1 0)", "scale(1e200) scale(1e200)"}) {
+            const QByteArray dashes = QByteArray("<g transform='") + transform
+                + "'><path d='M1 2L3 4' stroke='red' stroke-dasharray='1 1'/></g>";
+            row(transform, gradients().drawing(20'000).replace("<defs>", dashes + "<defs>"));
+        }
         row("a costly drawing within",
             drawingOf(imageOf(dataUrl("svg+xml", costlyKinds[2].drawing(900)))));
         row("a small file that becomes a large one",
