@@ -1,61 +1,34 @@
 #include "ContainedDrawing.h"
 
+#include "DrawingText.h"
 #include "ImageBytes.h"
+#include "PaintedParts.h"
 #include "PaintingEffort.h"
+#include "StyleRules.h"
 
-#include <QMultiHash>
 #include <QRegularExpression>
-#include <QStringDecoder>
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 
-#include <algorithm>
-#include <limits>
-#include <optional>
 #include <utility>
 #include <vector>
-#include <zlib.h>
 
 namespace quenara {
 
 namespace {
 
-constexpr qsizetype largestDrawing = qsizetype(64) << 20U; // bytes, uncompressed
-constexpr int deepestNesting = 200; // of elements, and of what refers to one another
+constexpr std::size_t deepestNesting = 200; // of elements
 
-// More than any drawing has, since each of them is compared with all others: the attributes of one
-// element, the namespaces of a drawing, the stops of a gradient, the elements times the rules.
-constexpr int mostAttributes = 1000;
-constexpr qsizetype mostNamespaces = 1000;
-constexpr std::size_t mostStops = 1000;
-constexpr double mostMatches = 5e7;
+// Nanoseconds of reading a drawing three times and painting it twice, beyond its text and its
+// pixels.
+constexpr double ofAPart = 3000;
+constexpr double ofANamespace = 2; ///< of an attribute with a namespace that may be its own
+constexpr double ofAName = 1000;
+constexpr double ofADeclaration = 1400; ///< in a style
+constexpr double ofAPixel = 20; ///< of an image
 
-bool isCompressed(const QByteArray &bytes)
-{
-    return bytes.startsWith("\x1f\x8b");
-}
-
-/// Empty if the bytes are damaged or hold more than the largest drawing.
-QByteArray uncompressed(QByteArray bytes)
-{
-    z_stream stream{};
-    constexpr int gzip = 16;
-    if (inflateInit2(&stream, MAX_WBITS + gzip) != Z_OK)
-        return {};
-    stream.next_in = reinterpret_cast<Bytef *>(bytes.data());
-    stream.avail_in = uInt(bytes.size());
-    QByteArray whole;
-    int status = Z_OK;
-    while (status == Z_OK && whole.size() <= largestDrawing) {
-        QByteArray piece(65536, Qt::Uninitialized);
-        stream.next_out = reinterpret_cast<Bytef *>(piece.data());
-        stream.avail_out = uInt(piece.size());
-        status = inflate(&stream, Z_NO_FLUSH);
-        whole.append(piece.constData(), piece.size() - qsizetype(stream.avail_out));
-    }
-    inflateEnd(&stream);
-    return status == Z_STREAM_END ? whole : QByteArray();
-}
+/// More than any gradient has, since each of its stops is compared with all others.
+constexpr int mostStops = 1000;
 
 /// Has an entity stand for its own name.
 class UnexpandedEntities : public QXmlStreamEntityResolver
@@ -64,79 +37,20 @@ public:
     QString resolveUndeclaredEntity(const QString &name) override { return name; }
 };
 
-/// Whether an element may have, or the document type declare, too many attributes: a reader knows
-/// only once it has compared them. Counted are the beginnings of values between two "<", and the
-/// words of all declarations. Some encodings have zeros between the characters.
-bool mayHaveTooManyAttributes(const QByteArray &bytes)
+bool isText(QStringView name)
 {
-    constexpr int wordsOfADeclaration = 3;
-    int values = 0;
-    int words = 0;
-    int length = 0; // since the last "<"
-    char before = 0;
-    bool isDeclaration = false;
-    bool isAfterSpace = false;
-    for (const char character : bytes) {
-        if (character == '\0')
-            continue;
-        if (QByteArrayView(" \t\r\n").contains(character)) {
-            isAfterSpace = true;
-            continue;
-        }
-        const bool isStart = character == '<';
-        const bool isQuote = character == '"' || character == '\'';
-        length = isStart ? 0 : length + 1;
-        values = isStart ? 0 : values + int(isQuote && before == '=');
-        isDeclaration =
-            !isStart && (isDeclaration || (length == 2 && before == '!' && character == 'A'));
-        words += int(isDeclaration && isAfterSpace);
-        if (values > mostAttributes || words > wordsOfADeclaration * mostAttributes)
-            return true;
-        before = character;
-        isAfterSpace = false;
-    }
-    return false;
+    return name == QLatin1String("text") || name == QLatin1String("tspan")
+        || name == QLatin1String("textArea");
 }
 
-/// The text of a document without its document type, if that declares entities or attributes;
-/// nothing if it declares neither.
-std::optional<QString> withoutDeclarations(const QByteArray &bytes)
+/// What one element by itself has painted, as many elements as take as long.
+double elementsOf(QStringView name)
 {
-    QXmlStreamReader reader(bytes);
-    qint64 before = 0;
-    while (!reader.atEnd() && !reader.isStartElement() && !reader.isDTD()) {
-        before = reader.characterOffset();
-        reader.readNext();
-    }
-    const bool declares = reader.isDTD()
-        && (!reader.entityDeclarations().isEmpty()
-            || reader.text().contains(QLatin1String("<!ATTLIST")));
-    if (!declares)
-        return std::nullopt;
-    QStringDecoder decoder(reader.documentEncoding().toLatin1().constData());
-    if (!decoder.isValid())
-        decoder = QStringDecoder(QStringDecoder::Utf8);
-    QString text = decoder.decode(bytes);
-    // The reader may have looked at the first signs of what comes next.
-    const qsizetype start =
-        text.indexOf(QLatin1String("<!DOCTYPE"), std::max<qsizetype>(0, before - 2));
-    return start < 0 ? QString() : text.remove(start, reader.characterOffset() - start);
-}
-
-/// Style rules or the value of an attribute, with every outer address made the name of a part that
-/// the drawing does not have. Nothing is left of what may hide one behind escapes.
-QString withoutAddresses(const QString &text)
-{
-    static const QRegularExpression import(QStringLiteral("@import[^;]*;?"),
-                                           QRegularExpression::CaseInsensitiveOption);
-    static const QRegularExpression address(
-        QStringLiteral(R"(((?:url|src)\(\s*+["']?+\s*+)(?!#|data:))"),
-        QRegularExpression::CaseInsensitiveOption);
-    if (!text.contains(u'(') && !text.contains(u'@'))
-        return text;
-    if (text.contains(u'\\'))
-        return {};
-    return QString(text).remove(import).replace(address, QStringLiteral("\\1#"));
+    // What others are only coloured with is not painted.
+    if (name == QLatin1String("stop") || name.endsWith(QLatin1String("Gradient")))
+        return 0;
+    constexpr double elementsOfAText = 20;
+    return isText(name) ? elementsOfAText : 1;
 }
 
 /// One drawing while it is rewritten.
@@ -148,42 +62,35 @@ public:
     QByteArray rewritten(QXmlStreamReader &reader);
 
 private:
-    /// What is painted for an element.
-    struct Cost
+    struct OpenElement
     {
-        double elements = 0;
-        double characters = 0;
-    };
-    struct Element
-    {
-        Cost own; ///< without what is in it
+        int part = 0;
         bool isText = false;
-        std::vector<int> children = {};
-        QStringList references = {}; ///< identifiers of what it has painted, too
-        std::optional<Cost> cost = std::nullopt; ///< once known
+        bool isStyle = false; ///< or in a style
+        int stops = 0; ///< in it
     };
 
     bool take(QXmlStreamReader &reader);
+    void takeText(const QString &text);
     bool start(const QXmlStreamReader &reader);
+    void open(QStringView name);
     void writeStyle();
     void writeAttribute(const QStringView &element, const QXmlStreamAttribute &attribute);
     QString reference(const QStringView &element, const QString &target);
     QString embeddedImage(const QString &dataUrl);
-    void noteReferences(const QString &value);
-    Cost cost(int index, int depth);
-    bool isAllowed(const Cost &cost) const;
-    Element &opened() { return m_elements.at(std::size_t(m_open.back())); }
+    void note(QStringView name, const QString &value);
+    bool takeNames(qsizetype count);
+    int part() const { return m_open.back().part; }
 
     DrawingAllowance &m_allowance;
     QByteArray m_result;
     QXmlStreamWriter m_writer{&m_result};
-    std::vector<Element> m_elements;
-    std::vector<int> m_open; ///< the element that is read and those that it is in
-    QMultiHash<QString, int> m_named;
-    QString m_style; ///< rules that are read and not yet written
-    qsizetype m_ruleCount = 0;
+    PaintedParts m_parts;
+    StyleRules m_rules;
+    std::vector<OpenElement> m_open; ///< the element that is read and those that it is in
+    qint64 m_elementCount = 0;
     qsizetype m_namespaceCount = 0;
-    bool m_isStyle = false;
+    QString m_style; ///< rules that are read and not yet written
 };
 
 QByteArray Rewriting::rewritten(QXmlStreamReader &reader)
@@ -191,18 +98,19 @@ QByteArray Rewriting::rewritten(QXmlStreamReader &reader)
     m_writer.writeStartDocument(); // by which Qt knows a drawing whose first element has a prefix
     while (!reader.atEnd()) {
         reader.readNext();
-        if (!take(reader))
+        if (!take(reader) || !m_allowance.spend(0))
             return {};
     }
-    const double matches = double(m_elements.size()) * double(m_ruleCount);
-    if (reader.hasError() || m_elements.empty() || matches > mostMatches)
+    if (reader.hasError() || m_elementCount == 0 || !m_allowance.spend(m_rules.effort()))
         return {};
-    const Cost painted = cost(0, 0);
-    if (!isAllowed(painted))
+    const PaintedParts::Cost most{.elements = double(m_allowance.elements),
+                                  .characters = double(m_allowance.characters)};
+    const PaintedParts::Cost painted = m_parts.painted(0, most);
+    if (painted.elements > most.elements || painted.characters > most.characters)
         return {};
     m_allowance.elements -= qint64(painted.elements);
     m_allowance.characters -= qint64(painted.characters);
-    return m_result;
+    return m_allowance.spend(ofAPart * painted.elements) ? m_result : QByteArray();
 }
 
 /// False if the drawing holds what it may not, or more than it may.
@@ -214,68 +122,75 @@ bool Rewriting::take(QXmlStreamReader &reader)
     case QXmlStreamReader::EndElement:
         writeStyle();
         m_open.pop_back();
-        m_isStyle = false;
         m_writer.writeEndElement();
         return true;
     case QXmlStreamReader::Characters:
-        if (m_isStyle) {
-            m_style += reader.text();
-        } else if (!m_open.empty()) {
-            constexpr double charactersOfPaths = 64; // that take as long as one of a text
-            if (opened().isText)
-                opened().own.characters += charactersOfPaths * double(reader.text().size());
-            m_writer.writeCharacters(reader.text().toString());
-        }
+        if (!m_open.empty())
+            takeText(reader.text().toString());
         return true;
     case QXmlStreamReader::DTD:
-        return reader.entityDeclarations().isEmpty();
+        return false;
     default:
         return true;
     }
 }
 
+void Rewriting::takeText(const QString &text)
+{
+    constexpr double charactersOfPaths = 64; // that take as long as one of a text
+    if (m_open.back().isStyle) {
+        m_style += text;
+        return;
+    }
+    if (m_open.back().isText)
+        m_parts.addTo(part(), {.characters = charactersOfPaths * double(text.size())});
+    m_writer.writeCharacters(text);
+}
+
 /// Rules may come in several pieces, none of which shows an address.
 void Rewriting::writeStyle()
 {
-    m_ruleCount += m_style.count(u'{') + m_style.count(u',');
     if (!m_style.isEmpty())
-        m_writer.writeCharacters(withoutAddresses(std::exchange(m_style, {})));
+        m_writer.writeCharacters(m_rules.add(std::exchange(m_style, {})));
 }
 
 bool Rewriting::start(const QXmlStreamReader &reader)
 {
     writeStyle();
-    const int index = int(m_elements.size());
-    if (m_open.size() >= deepestNesting || index >= m_allowance.elements)
-        return false;
     const QStringView name = reader.name();
-    const bool isStop = name == QLatin1String("stop");
-    m_namespaceCount += reader.namespaceDeclarations().size();
-    if (m_namespaceCount > mostNamespaces)
+    const QXmlStreamNamespaceDeclarations spaces = reader.namespaceDeclarations();
+    const QXmlStreamAttributes attributes = reader.attributes();
+    m_namespaceCount += spaces.size();
+    const auto lookups = double(m_namespaceCount) * double(1 + attributes.size());
+    if (m_open.size() >= deepestNesting || ++m_elementCount > m_allowance.elements
+        || !m_allowance.spend(ofANamespace * lookups))
         return false;
-    if (!m_open.empty()) {
-        opened().children.push_back(index);
-        if (isStop && opened().children.size() > mostStops)
-            return false;
-    }
-    m_open.push_back(index);
-    m_isStyle = name == QLatin1String("style");
-    // What others are only coloured with is not painted.
-    const bool isPainted = !isStop && !name.endsWith(QLatin1String("Gradient"));
-    m_elements.push_back({.own = {.elements = isPainted ? 1.0 : 0.0},
-                          .isText = name == QLatin1String("text") || name == QLatin1String("tspan")
-                              || name == QLatin1String("textArea")});
+    if (!m_open.empty() && name == QLatin1String("stop") && ++m_open.back().stops > mostStops)
+        return false;
+    open(name);
 
     m_writer.writeStartElement(reader.qualifiedName().toString());
-    for (const QXmlStreamNamespaceDeclaration &space : reader.namespaceDeclarations()) {
+    for (const QXmlStreamNamespaceDeclaration &space : spaces) {
         const QString prefix = space.prefix().toString();
         m_writer.writeAttribute(prefix.isEmpty() ? QStringLiteral("xmlns")
                                                  : QStringLiteral("xmlns:") + prefix,
                                 space.namespaceUri().toString());
     }
-    for (const QXmlStreamAttribute &attribute : reader.attributes())
+    for (const QXmlStreamAttribute &attribute : attributes)
         writeAttribute(name, attribute);
     return true;
+}
+
+void Rewriting::open(QStringView name)
+{
+    const int opened = m_parts.add({.elements = elementsOf(name)});
+    const bool isInStyle = !m_open.empty() && m_open.back().isStyle;
+    if (!m_open.empty())
+        m_parts.lead(part(), opened);
+    m_open.push_back({.part = opened,
+                      .isText = isText(name),
+                      .isStyle = isInStyle || name == QLatin1String("style")});
+    m_rules.addElement(int(m_open.size()));
 }
 
 void Rewriting::writeAttribute(const QStringView &element, const QXmlStreamAttribute &attribute)
@@ -287,19 +202,43 @@ void Rewriting::writeAttribute(const QStringView &element, const QXmlStreamAttri
         && value.contains(QLatin1String("href"), Qt::CaseInsensitive);
     if (name == QLatin1String("base") || isAnimatedReference)
         return;
-    if (name == QLatin1String("id"))
-        m_named.insert(value, m_open.back());
-    if (name == QLatin1String("d") || name == QLatin1String("points"))
-        opened().own.characters += double(value.size());
     if (name == QLatin1String("href") || name == QLatin1String("src")) {
         value = reference(element, value.trimmed());
         if (value.isEmpty())
             return;
     } else {
         value = withoutAddresses(value);
-        noteReferences(value);
+        note(name, value);
     }
     m_writer.writeAttribute(attribute.qualifiedName().toString(), value);
+}
+
+/// What the value means to others, and what it takes.
+void Rewriting::note(QStringView name, const QString &value)
+{
+    static const QRegularExpression address(QStringLiteral(R"(url\(\s*+["']?+\s*+#([^"')]*))"),
+                                            QRegularExpression::CaseInsensitiveOption);
+    if (name == QLatin1String("id") && takeNames(1)) {
+        m_parts.lead(m_parts.named(value), part());
+        m_rules.addNames(u'#', value);
+    } else if (name == QLatin1String("class") && takeNames(1 + value.count(u' '))) {
+        m_rules.addNames(u'.', value);
+    } else if (name == QLatin1String("d") || name == QLatin1String("points")) {
+        m_parts.addTo(part(), {.characters = double(value.size())});
+    } else if (name == QLatin1String("style")) {
+        m_allowance.effort -= ofADeclaration * double(value.count(u';'));
+    }
+    if (!value.contains(u'('))
+        return;
+    for (const QRegularExpressionMatch &match : address.globalMatch(value)) {
+        if (takeNames(1))
+            m_parts.lead(part(), m_parts.named(match.captured(1).trimmed()));
+    }
+}
+
+bool Rewriting::takeNames(qsizetype count)
+{
+    return m_allowance.spend(ofAName * double(count));
 }
 
 /// The reference as it may stay; empty if it may not.
@@ -307,8 +246,8 @@ QString Rewriting::reference(const QStringView &element, const QString &target)
 {
     if (target.startsWith(u'#')) {
         // A link leads there when it is clicked; nothing is painted for it.
-        if (element != QLatin1String("a"))
-            opened().references.append(target.mid(1));
+        if (element != QLatin1String("a") && takeNames(1))
+            m_parts.lead(part(), m_parts.named(target.mid(1)));
         return target;
     }
     const bool isImage = element == QLatin1String("image") && target.startsWith(u"data:");
@@ -324,20 +263,21 @@ QString Rewriting::embeddedImage(const QString &dataUrl)
         || m_allowance.imagesWithin == 0)
         return {};
     --m_allowance.imagesWithin;
-    const double effortBefore = m_allowance.paintingEffort;
+    const double effortBefore = m_allowance.effort;
     ImageBytes image(QByteArray::fromBase64(dataUrl.mid(start).toLatin1()), m_allowance);
     ++m_allowance.imagesWithin;
-    // It is painted here, where what is painted is counted, and where it is shown.
+    // It is read and painted here, where what is painted is counted, and where it is shown.
     constexpr double furtherTimes = 2;
-    m_allowance.paintingEffort -= furtherTimes * (effortBefore - m_allowance.paintingEffort);
+    const double furtherEffort = furtherTimes * (effortBefore - m_allowance.effort);
     const QSize size = image.reader().size();
     const qint64 pixels = qint64(size.width()) * size.height();
-    if (!size.isValid() || pixels > m_allowance.imagePixels)
+    if (!m_allowance.spend(furtherEffort) || !size.isValid() || pixels > m_allowance.imagePixels
+        || !m_allowance.spend(ofAPixel * double(pixels)))
         return {};
     m_allowance.imagePixels -= pixels;
     constexpr double leastElements = 10; // that take as long as an image
     constexpr double pixelsOfOne = 16384;
-    opened().own.elements += leastElements + double(pixels) / pixelsOfOne;
+    m_parts.addTo(part(), {.elements = leastElements + double(pixels) / pixelsOfOne});
     const QString format = QString::fromLatin1(image.reader().format());
     if (image.reader().read().isNull())
         return {};
@@ -345,79 +285,26 @@ QString Rewriting::embeddedImage(const QString &dataUrl)
         + QString::fromLatin1(image.bytes().toBase64());
 }
 
-void Rewriting::noteReferences(const QString &value)
-{
-    static const QRegularExpression part(QStringLiteral(R"(url\(\s*["']?\s*#([^"')]*))"),
-                                         QRegularExpression::CaseInsensitiveOption);
-    if (!value.contains(u'('))
-        return;
-    for (const QRegularExpressionMatch &match : part.globalMatch(value))
-        opened().references.append(match.captured(1).trimmed());
-}
-
-/// What is painted for the element at \a index; no end of it if it refers to what it is in, refers
-/// to others too deeply or comes to more than is allowed.
-Rewriting::Cost Rewriting::cost(int index, int depth)
-{
-    constexpr Cost endless{.elements = std::numeric_limits<double>::infinity()};
-    Element &element = m_elements.at(std::size_t(index));
-    if (element.cost)
-        return *element.cost;
-    if (depth > 2 * deepestNesting)
-        return endless;
-    element.cost = endless; // while it is counted
-    Cost sum = element.own;
-    const auto add = [&](int painted) {
-        const Cost more = cost(painted, depth + 1);
-        sum.elements += more.elements;
-        sum.characters += more.characters;
-        return isAllowed(sum);
-    };
-    if (!std::all_of(element.children.cbegin(), element.children.cend(), add))
-        return endless;
-    for (const QString &reference : std::as_const(element.references)) {
-        const auto [first, last] = std::as_const(m_named).equal_range(reference);
-        if (!std::all_of(first, last, add))
-            return endless;
-    }
-    element.cost = sum;
-    return sum;
-}
-
-bool Rewriting::isAllowed(const Cost &cost) const
-{
-    return cost.elements <= double(m_allowance.elements)
-        && cost.characters <= double(m_allowance.characters);
-}
-
-} // namespace
-
-namespace {
-
 QByteArray rewrittenDrawing(const QByteArray &bytes, DrawingAllowance &allowance)
 {
-    const QByteArray drawing = isCompressed(bytes) ? uncompressed(bytes) : bytes;
-    if (drawing.size() > largestDrawing || mayHaveTooManyAttributes(drawing))
-        return {};
-    Rewriting rewriting(allowance);
-    if (const std::optional<QString> text = withoutDeclarations(drawing)) {
-        UnexpandedEntities entities;
-        QXmlStreamReader reader(*text);
+    const QString text = drawingText(bytes, allowance);
+    const QString content = withoutDocumentType(text);
+    UnexpandedEntities entities;
+    QXmlStreamReader reader(content);
+    if (content.size() < text.size())
         reader.setEntityResolver(&entities);
-        return rewriting.rewritten(reader);
-    }
-    QXmlStreamReader reader(drawing);
-    return rewriting.rewritten(reader);
+    return Rewriting(allowance).rewritten(reader);
 }
 
 } // namespace
 
 QByteArray containedDrawing(const QByteArray &bytes, DrawingAllowance &allowance)
 {
-    QByteArray drawing = rewrittenDrawing(bytes, allowance);
-    if (!drawing.isEmpty())
-        allowance.paintingEffort -= paintingEffort(drawing, allowance.paintingEffort);
-    return allowance.paintingEffort < 0 ? QByteArray() : drawing;
+    const QByteArray drawing = rewrittenDrawing(bytes, allowance);
+    if (drawing.isEmpty())
+        return {};
+    allowance.paintingEffort = paintingEffort(drawing, allowance.effort);
+    return allowance.spend(allowance.paintingEffort) ? drawing : QByteArray();
 }
 
 } // namespace quenara

@@ -123,12 +123,10 @@ DecodedImage drawn(QImageReader &reader, double effort, const QSize &needed)
 DecodedImage decoded(const QByteArray &bytes, const std::optional<QSize> &asked)
 {
     DrawingAllowance allowance;
-    const double mostEffort = allowance.paintingEffort;
     ImageBytes content(bytes, allowance);
     QImageReader &reader = content.reader();
-    if (content.isDrawing()) {
-        return drawn(reader, mostEffort - allowance.paintingEffort, asked.value_or(reader.size()));
-    }
+    if (content.isDrawing())
+        return drawn(reader, allowance.paintingEffort, asked.value_or(reader.size()));
     constexpr int all = std::numeric_limits<int>::max();
     const QSize needed = asked.value_or(QSize(all, all));
     reader.setAutoTransform(true);
