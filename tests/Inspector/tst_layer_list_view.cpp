@@ -159,6 +159,10 @@ private slots:
         QCOMPARE(notice(), QString());
         setWords(4000);
         QCOMPARE(notice(), u"The text of \u201cVerse\u201d does not fit and is cut."_s);
+        list.store.updateSelectedElement(
+            [](SlideElement &layer) { layer.text->text = u"Holy \U0010fffd"_s; });
+        QCOMPARE(notice(), u"No font on this computer has all letters of \u201cVerse\u201d."_s);
+        setWords(4000);
         list.store.updateSelectedElement([](SlideElement &layer) { layer.visible = false; });
         QCOMPARE(notice(), QString());
         list.store.updateSelectedElement([](SlideElement &layer) { layer.visible = true; });

@@ -325,6 +325,59 @@ QList<GoldenSlide> goldenSlides()
         + textSlides();
 }
 
+/// Four lines about the morning, the river, the hills and the way home.
+struct Verse
+{
+    const char *script;
+    QString text;
+};
+
+QList<Verse> verses()
+{
+    return {
+        {"arabic",
+         QStringLiteral("النهر يحمل نور الصباح\nوكل تل يبدأ الغناء\n"
+                        "نجمع ما زرعه النهار\nوالمساء يعود به إلى البيت")},
+        {"hebrew",
+         QStringLiteral("הַנָּהָר נוֹשֵׂא אֶת אוֹר הַבֹּקֶר\nוכל גבעה מתחילה לשיר\n"
+                        "אוספים את מה שזרע היום\nוהערב מביא אותו הביתה")},
+        {"devanagari",
+         QStringLiteral("नदी सुबह का उजाला लाती है\nऔर हर पहाड़ी गाने लगती है\n"
+                        "हम दिन का बोया बटोरते हैं\nऔर साँझ उसे घर ले आती है")},
+        {"thai",
+         QStringLiteral("แม่น้ำพัดพาแสงยามเช้า\nทุกเนินเขาเริ่มร้องเพลง\n"
+                        "เรารวบรวมสิ่งที่วันได้หว่าน\nและยามเย็นนำมันกลับบ้าน")},
+        {"chinese",
+         QStringLiteral("河水带来清晨的光\n每座山丘开始歌唱\n"
+                        "我们收取白日所种\n黄昏把它带回家乡")},
+        {"japanese",
+         QStringLiteral("川は朝の光を運び\n丘という丘が歌い出す\n"
+                        "昼が蒔いたものを集め\n夕べがそれを家へ運ぶ")},
+        {"korean",
+         QStringLiteral("강물은 아침 빛을 나르고\n언덕마다 노래를 시작하네\n"
+                        "낮이 뿌린 것을 거두어\n저녁이 집으로 데려가네")},
+        {"emoji",
+         QStringLiteral("\U0001F305 The river \U0001F30A carries light\n"
+                        "\u26f0\ufe0f every hill \U0001F3B6 begins to sing\n"
+                        "\U0001F33E we gather \U0001F64C what is sown\n"
+                        "\U0001F307 and evening \U0001F3E0 brings it home")},
+    };
+}
+
+/// The verse of each script in each template.
+QList<GoldenSlide> scriptSlides()
+{
+    QList<GoldenSlide> slides;
+    for (const auto &[script, text] : verses()) {
+        for (const SlideTemplate &item : ProjectTemplates::templates()) {
+            const QString title = text.left(text.indexOf(QLatin1Char('\n')));
+            slides.append({QStringLiteral("%1-%2").arg(QLatin1String(script), item.id),
+                           {.slide = ProjectTemplates::slide(title, text, 0, item.id, text)}});
+        }
+    }
+    return slides;
+}
+
 QList<GoldenSlide> machineSlides()
 {
     TextElementProperties serif = words(verse());

@@ -24,6 +24,9 @@ QList<GoldenSlide> goldenSlides();
 /// What is drawn in the faces of the machine and can only be looked at.
 QList<GoldenSlide> machineSlides();
 
+/// Likewise: a verse in each of several scripts in each template.
+QList<GoldenSlide> scriptSlides();
+
 inline constexpr std::array goldenSizes = {QSize(480, 270), QSize(960, 540)};
 
 /// The largest difference of any channel of any pixel that is none. The faces are compiled in and

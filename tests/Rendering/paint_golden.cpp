@@ -82,5 +82,7 @@ int main(int argc, char *argv[])
     }
     if (arguments.size() == 3 && !rewrite(QDir(arguments.at(2))))
         return 1;
-    return contactSheet(goldenSlides() + machineSlides()).save(arguments.at(1)) ? 0 : 1;
+    return contactSheet(goldenSlides() + machineSlides() + scriptSlides()).save(arguments.at(1))
+        ? 0
+        : 1;
 }

@@ -82,11 +82,11 @@ private slots:
     {
         const ShownText shown =
             shownText(stored(QStringLiteral("a\u2764\uFE0F\U0001F600 b\u2614c"), false));
-        QCOMPARE(shown.formats.size(), 2);
-        QCOMPARE(shown.formats.at(0).start, 1);
-        QCOMPARE(shown.formats.at(0).length, 3);
-        QCOMPARE(shown.formats.at(1).start, 6);
-        QCOMPARE(shown.formats.at(1).length, 1);
+        QCOMPARE(shown.emoji.size(), 2);
+        QCOMPARE(shown.emoji.at(0).start, 1);
+        QCOMPARE(shown.emoji.at(0).length, 3);
+        QCOMPARE(shown.emoji.at(1).start, 6);
+        QCOMPARE(shown.emoji.at(1).length, 1);
     }
 
     void whatIsTruncatedEndsInAnEllipsis_data()
@@ -123,9 +123,9 @@ private slots:
         const QString faces = QStringLiteral("\U0001F600\U0001F600\U0001F600");
         const ShownText shown =
             truncated(shownText(stored(faces + QStringLiteral("a") + faces, false)), 4);
-        QCOMPARE(shown.formats.size(), 1);
-        QCOMPARE(shown.formats.at(0).start, 0);
-        QCOMPARE(shown.formats.at(0).length, 4);
+        QCOMPARE(shown.emoji.size(), 1);
+        QCOMPARE(shown.emoji.at(0).start, 0);
+        QCOMPARE(shown.emoji.at(0).length, 4);
     }
 };
 

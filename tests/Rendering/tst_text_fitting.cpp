@@ -65,7 +65,7 @@ private slots:
             QTest::addRow("a text wrapped to %d", width)
                 << longText() << 78.0 << QSizeF(width, 470'000.0 / width) << 0.0;
             QTest::addRow("scripts and emoji wrapped to %d", width)
-                << mixed << 78.0 << QSizeF(width, 330'000.0 / width) << 0.0;
+                << mixed << 78.0 << QSizeF(width, 420'000.0 / width) << 0.0;
         }
         QTest::newRow("two long words") << QStringLiteral("Responsibility and Righteousness")
                                         << 150.0 << QSizeF(700, 600) << 0.0;

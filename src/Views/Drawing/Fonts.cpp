@@ -20,6 +20,11 @@ bool isFamilyInstalled(const QString &family)
     return families.contains(family.toCaseFolded());
 }
 
+bool isFamilyBundled(const QString &family)
+{
+    return family == u"Inter" || family == u"Lato";
+}
+
 int loadBundledFonts()
 {
     int faces = 0;

@@ -13,6 +13,9 @@ int loadBundledFonts();
 /// what is installed are not noticed.
 [[nodiscard]] bool isFamilyInstalled(const QString &family);
 
+/// Whether \a family is compiled in, with letters of Latin, Greek and Cyrillic.
+[[nodiscard]] bool isFamilyBundled(const QString &family);
+
 /// The family of the interface, of the holding screen, and of slides whose family has no stand-in.
 [[nodiscard]] QString systemFontFamily();
 

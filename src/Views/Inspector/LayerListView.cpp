@@ -1,13 +1,13 @@
 #include "LayerListView.h"
 
 #include "AccessibleControls.h"
-#include "CutText.h"
 #include "InspectorRows.h"
 #include "LayerRow.h"
 #include "PlainToolTip.h"
 #include "RoleLabel.h"
 #include "SymbolButton.h"
 #include "SymbolLabel.h"
+#include "TextNotice.h"
 #include "WorkspaceStore.h"
 
 #include <QHBoxLayout>
@@ -61,7 +61,8 @@ QList<LayerRow::Contents> rowsOf(const QList<SlideElement> &elements)
 
 LayerListView::LayerListView(WorkspaceStore &store, RenderCaches &caches, QWidget *parent)
     : QWidget(parent), m_store(store), m_caches(caches),
-      m_warning(new SymbolLabel(QLatin1String(cutTextSymbol), warningSize, &ZelvoTheme::warning)),
+      m_warning(
+          new SymbolLabel(QLatin1String(textNoticeSymbol), warningSize, &ZelvoTheme::warning)),
       m_header(makeHeader()), m_list(new QWidget), m_rowsLayout(new QVBoxLayout(m_list)),
       m_actions(makeActions()), m_above(makeRoleLabel(QStringLiteral("note"))),
       m_below(makeRoleLabel(QStringLiteral("note")))
@@ -150,14 +151,15 @@ void LayerListView::updateLayerOf(const LayerRow &row,
     m_store.endGesture(click);
 }
 
-/// Tells which texts are cut. What is looked at is the design, so that no other change costs time.
+/// Tells which texts are not shown as they are. What is looked at is the design, so that no other
+/// change costs time.
 void LayerListView::showWarning(const std::optional<Slide> &slide)
 {
     const std::optional<SlideDesign> design = slide ? std::optional(slide->design) : std::nullopt;
     if (design == m_checkedDesign)
         return;
     m_checkedDesign = design;
-    const QString notice = design ? cutTextNotice(layersWithCutText(*design, m_caches)) : QString();
+    const QString notice = design ? textNotice(*design, m_caches) : QString();
     m_warning->setVisible(!notice.isEmpty());
     m_warning->setAccessibleName(notice);
     m_warning->setToolTip(plainToolTip(notice));

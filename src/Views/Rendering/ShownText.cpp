@@ -1,6 +1,8 @@
 #include "ShownText.h"
 
 #include "Fonts.h"
+#include "ScriptFonts.h"
+#include "SlideFonts.h"
 
 #include <algorithm>
 #include <array>
@@ -56,6 +58,9 @@ constexpr std::array continuation = {
     Range{keycap, keycap},
     Range{0xe0020, 0xe007f},
 };
+
+/// Signs between letters, or within emoji, that change their shape.
+constexpr std::array joining = {Range{0x200c, 0x200d}, Range{0xe0020, 0xe007f}};
 
 /// Characters that a colour selector or a keycap can turn into an emoji.
 constexpr std::array changeable = {
@@ -146,11 +151,105 @@ QTextCharFormat colourFormat()
 void appendColour(ShownText &shown, int count)
 {
     const int start = int(shown.text.size()) - count;
-    QList<QTextLayout::FormatRange> &formats = shown.formats;
+    QList<QTextLayout::FormatRange> &formats = shown.emoji;
     if (formats.isEmpty() || formats.constLast().start + formats.constLast().length != start)
         formats.append({start, 0, colourFormat()});
     formats.last().length += count;
 }
+
+/// Those of \a formats that begin before \a end; one that goes on there ends \a more characters
+/// after it.
+QList<QTextLayout::FormatRange> beginning(QList<QTextLayout::FormatRange> formats, qsizetype end,
+                                          int more)
+{
+    formats.removeIf([&](const auto &range) { return range.start >= end; });
+    for (QTextLayout::FormatRange &range : formats) {
+        if (range.start + range.length >= end)
+            range.length = int(end) + more - range.start;
+    }
+    return formats;
+}
+
+/// Whether a sign is not seen, and does not join its neighbours either.
+bool isInvisible(char32_t sign)
+{
+    return QChar::category(sign) == QChar::Other_Format && !isIn(joining, sign);
+}
+
+/// The script at each place of a text: of marks, spaces and signs, which have none of their own,
+/// the one before them.
+class Scripts
+{
+public:
+    Scripts(const QString &text, const QString &family)
+        : m_text(text), m_family(family), m_forms(hanForms(text)),
+          m_hasMarks(
+              std::any_of(text.begin(), text.end(), [](QChar letter) { return letter.isMark(); }))
+    {}
+
+    QList<QTextLayout::FormatRange> formats()
+    {
+        for (qsizetype i = 0; i < m_text.size(); ++i) {
+            const bool isPair = m_text.at(i).isHighSurrogate() && i + 1 < m_text.size();
+            const char32_t letter = isPair ? QChar::surrogateToUcs4(m_text.at(i), m_text.at(i + 1))
+                                           : m_text.at(i).unicode();
+            take(i, QChar::script(letter));
+            if (isInvisible(letter) && familyNow().isEmpty())
+                addInvisible(i, isPair ? 2 : 1);
+            i += isPair ? 1 : 0;
+        }
+        end(m_text.size());
+        return m_formats;
+    }
+
+private:
+    void take(qsizetype place, QChar::Script script)
+    {
+        if (script == m_script || script == QChar::Script_Common
+            || script == QChar::Script_Inherited)
+            return;
+        end(place);
+        m_script = script;
+        m_start = place;
+    }
+
+    void end(qsizetype place)
+    {
+        const QString family = familyNow();
+        if (family.isEmpty())
+            return;
+        QTextCharFormat format;
+        // A face that the document does not name may have the marks of a script without its
+        // letters.
+        format.setFontFamilies(isFamilyBundled(m_family) ? QStringList{family, m_family}
+                                                         : QStringList{m_family, family});
+        m_formats.append({int(m_start), int(place - m_start), format});
+    }
+
+    /// The family for the script that a place belongs to; empty if the text's own does.
+    QString familyNow() const
+    {
+        // Lato has letters for Hebrew, but cannot set the marks on them.
+        const bool isOwnEnough = m_script == QChar::Script_Hebrew && !m_hasMarks;
+        return isOwnEnough ? QString() : scriptFamily(m_script, m_forms);
+    }
+
+    /// A sign that is not seen is not looked for in other faces, whose lines may be higher.
+    void addInvisible(qsizetype place, int length)
+    {
+        QTextCharFormat format;
+        format.setFontStyleStrategy(QFont::NoFontMerging);
+        m_formats.append({int(place), length, format});
+    }
+
+    const QString &m_text;
+    const QString m_family;
+    const HanForms m_forms;
+    const bool m_hasMarks;
+    QChar::Script m_script = QChar::Script_Common;
+    qsizetype m_start = 0;
+    QList<QTextLayout::FormatRange> m_formats;
+};
 
 } // namespace
 
@@ -174,6 +273,7 @@ ShownText shownText(const TextElementProperties &properties, qsizetype most)
             appendColour(shown, int(piece.size()));
     }
     shown.offsets.setStoredLength(properties.text.size());
+    shown.scripts = Scripts(shown.text, slideFamily(properties.fontFamily)).formats();
     return shown;
 }
 
@@ -184,13 +284,11 @@ ShownText truncated(const ShownText &shown, qsizetype length)
     qsizetype next = length;
     while (next < shown.text.size() && isSpacing(shown.text.at(next).unicode()))
         ++next;
-    ShownText result{.text = shown.text.first(length) + ellipsis,
-                     .formats = shown.formats,
-                     .offsets = shown.offsets.truncated(length, next)};
-    result.formats.removeIf([&](const auto &range) { return range.start >= length; });
-    for (QTextLayout::FormatRange &range : result.formats)
-        range.length = std::min(range.length, int(length) - range.start);
-    return result;
+    // The ellipsis stands in the face of the letters before it.
+    return {.text = shown.text.first(length) + ellipsis,
+            .emoji = beginning(shown.emoji, length, 0),
+            .scripts = beginning(shown.scripts, length, 1),
+            .offsets = shown.offsets.truncated(length, next)};
 }
 
 } // namespace quenara

@@ -18,7 +18,8 @@ inline constexpr QChar ellipsis = u'\u2026';
 struct ShownText
 {
     QString text; ///< its lines end in U+2028
-    QList<QTextLayout::FormatRange> formats; ///< of the emoji in it
+    QList<QTextLayout::FormatRange> emoji; ///< in a face that has bitmaps instead of outlines
+    QList<QTextLayout::FormatRange> scripts; ///< whose letters stand in faces of their own
     TextOffsetMap offsets; ///< between the stored text and this one
 };
 
@@ -26,8 +27,9 @@ struct ShownText
 /// break as a line separator, without the spacing before one, and its emoji in colour where a face
 /// for that is installed. A character that is an emoji by default becomes a letter before the
 /// selector U+FE0E. One that is a letter by default (a cross, a heart, an arrow) becomes an emoji
-/// before U+FE0F. Selectors inside emoji are left out: faces know joined emoji without them. Of a
-/// text that is longer than \a most, that is its beginning.
+/// before U+FE0F. Selectors inside emoji are left out: faces know joined emoji without them. The
+/// letters of a script that the program knows a family for, and the marks on them, stand in one
+/// face. Of a text that is longer than \a most, that is its beginning.
 [[nodiscard]] ShownText shownText(const TextElementProperties &properties,
                                   qsizetype most = std::numeric_limits<qsizetype>::max());
 

@@ -37,9 +37,14 @@ QFont::Weight fontWeight(TextFontWeight weight)
     return QFont::ExtraBold;
 }
 
+QString slideFamily(const QString &family)
+{
+    return isFamilyInstalled(family) ? family : standIn(family);
+}
+
 QFont slideFont(const QString &family, TextFontWeight weight, int pixelSize)
 {
-    QFont font(isFamilyInstalled(family) ? family : standIn(family));
+    QFont font(slideFamily(family));
     font.setPixelSize(pixelSize);
     font.setWeight(fontWeight(weight));
     font.setHintingPreference(QFont::PreferNoHinting);

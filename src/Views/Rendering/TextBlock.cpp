@@ -103,7 +103,8 @@ void TextBlock::setShown(const ShownText &shown)
     m_shown = shown;
     m_breaks.reset();
     m_layout->setText(shown.text);
-    m_layout->setFormats(shown.formats);
+    // Of two that overlap, the later one counts.
+    m_layout->setFormats(shown.scripts + shown.emoji);
 }
 
 double TextBlock::unit() const
@@ -232,6 +233,15 @@ void TextBlock::truncate()
     }
 }
 
+bool TextBlock::lacksLetters()
+{
+    gatherGlyphs();
+    const auto hasBox = [](const QGlyphRun &run) { return run.glyphIndexes().contains(0); };
+    return std::any_of(m_letters.begin(), m_letters.end(),
+                       [&](const LineLetters &letters) { return hasBox(letters.run); })
+        || std::any_of(m_emoji.begin(), m_emoji.end(), hasBox);
+}
+
 QStringList TextBlock::lines() const
 {
     QStringList lines;
@@ -287,7 +297,7 @@ void TextBlock::gatherGlyphs()
     if (m_areGathered)
         return;
     m_areGathered = true;
-    const QList<QTextLayout::FormatRange> emojis = m_layout->formats();
+    const QList<QTextLayout::FormatRange> &emojis = m_shown.emoji;
     for (const QTextLayout::FormatRange &emoji : emojis)
         m_emoji += m_layout->glyphRuns(emoji.start, emoji.length);
     auto emoji = emojis.begin();

@@ -58,6 +58,9 @@ public:
     /// Whether the text does not fit even at its smallest, so that it ends in an ellipsis.
     bool isCut() const { return m_isCut; }
 
+    /// Whether a letter is shown as a box, since no face of the machine has it.
+    [[nodiscard]] bool lacksLetters();
+
     /// The shown text of each line, without what ends it.
     [[nodiscard]] QStringList lines() const;
 

@@ -1,7 +1,6 @@
 #include "RundownRowDelegate.h"
 
 #include "Badge.h"
-#include "CutText.h"
 #include "ElidedText.h"
 #include "Fonts.h"
 #include "OutputModeBadge.h"
@@ -12,6 +11,7 @@
 #include "SlideThumbnails.h"
 #include "Symbols.h"
 #include "TextField.h"
+#include "TextNotice.h"
 #include "ZelvoTheme.h"
 
 #include <QAbstractItemView>
@@ -104,7 +104,7 @@ QRectF thumbnailBox(const QRectF &row)
             size};
 }
 
-/// Draws the sign that a text is cut into the corner of a thumbnail.
+/// Draws the sign that there is a notice of a text into the corner of a thumbnail.
 void drawWarning(QPainter &painter, const QRectF &thumbnail, const ZelvoTheme &theme)
 {
     const QRectF plate(thumbnail.right() - warningPlate - 1, thumbnail.bottom() - warningPlate - 1,
@@ -112,7 +112,7 @@ void drawWarning(QPainter &painter, const QRectF &thumbnail, const ZelvoTheme &t
     fillRoundedRect(painter, plate, thumbnailRadius - 1, theme.panelBackground);
     const int margin = (warningPlate - warningSize) / 2;
     paintSymbol(painter, plate.toRect().adjusted(margin, margin, -margin, -margin),
-                QLatin1String(cutTextSymbol), theme.warning);
+                QLatin1String(textNoticeSymbol), theme.warning);
 }
 
 QPainterPath shapeOf(const QRectF &row)
@@ -220,7 +220,7 @@ void RundownRowDelegate::paintSlide(QPainter &painter, const QStyleOptionViewIte
         drawThumbnail(painter,
                       m_thumbnails.thumbnail(*slide, painter.device()->devicePixelRatioF()),
                       thumbnail, theme);
-        if (!m_thumbnails.cutLayers(*slide).isEmpty())
+        if (!m_thumbnails.notice(*slide).isEmpty())
             drawWarning(painter, thumbnail, theme);
     }
     const QRectF title = titleBox(row, index);
@@ -287,12 +287,12 @@ void RundownRowDelegate::updateEditorGeometry(QWidget *editor, const QStyleOptio
     editor->setGeometry(box.toRect());
 }
 
-/// Shows a tooltip for a title that is cut short in its row, and one for a slide whose text is.
+/// Shows a tooltip for a title that is cut short in its row, and the notice of a slide's texts.
 bool RundownRowDelegate::helpEvent(QHelpEvent *event, QAbstractItemView *view,
                                    const QStyleOptionViewItem &option, const QModelIndex &index)
 {
     const Slide *slide = slideOf(index);
-    const QString notice = slide ? cutTextNotice(m_thumbnails.cutLayers(*slide)) : QString();
+    const QString notice = slide ? m_thumbnails.notice(*slide) : QString();
     if (event->type() == QEvent::ToolTip && !notice.isEmpty()
         && thumbnailBox(rowOf(option.rect)).contains(event->pos())) {
         QToolTip::showText(event->globalPos(), plainToolTip(notice), view);

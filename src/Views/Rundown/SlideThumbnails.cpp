@@ -1,7 +1,7 @@
 #include "SlideThumbnails.h"
 
-#include "CutText.h"
 #include "SlideRendererView.h"
+#include "TextNotice.h"
 
 #include <QPainter>
 
@@ -33,14 +33,14 @@ QPixmap SlideThumbnails::thumbnail(const Slide &slide, double devicePixelRatio)
     ++m_madeCount;
     const QPixmap pixmap = made(key);
     // The texts have just been laid out for the image.
-    m_entries.insert(slide.id, new Entry{key, pixmap, layersWithCutText(key.design, m_caches)});
+    m_entries.insert(slide.id, new Entry{key, pixmap, textNotice(key.design, m_caches)});
     return pixmap;
 }
 
-QStringList SlideThumbnails::cutLayers(const Slide &slide) const
+QString SlideThumbnails::notice(const Slide &slide) const
 {
     const Entry *known = m_entries.object(slide.id);
-    return known && known->key.design == slide.design ? known->cutLayers : QStringList();
+    return known && known->key.design == slide.design ? known->notice : QString();
 }
 
 QPixmap SlideThumbnails::made(const Key &key) const

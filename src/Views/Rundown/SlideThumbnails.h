@@ -29,8 +29,8 @@ public:
     /// Null if the thumbnail is not made yet and the time is up; it is then owed.
     QPixmap thumbnail(const Slide &slide, double devicePixelRatio);
 
-    /// The names of the layers of \a slide whose text is cut, once its thumbnail is made.
-    QStringList cutLayers(const Slide &slide) const;
+    /// What textNotice() tells of \a slide, once its thumbnail is made.
+    QString notice(const Slide &slide) const;
 
     /// Whether any thumbnail was asked for and not given since startMaking().
     bool owesThumbnails() const { return m_owesThumbnails; }
@@ -52,7 +52,7 @@ private:
     {
         Key key;
         QPixmap pixmap;
-        QStringList cutLayers;
+        QString notice;
     };
 
     QPixmap made(const Key &key) const;
