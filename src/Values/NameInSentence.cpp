@@ -2,6 +2,8 @@
 
 #include "ShortenedText.h"
 
+#include <QList>
+
 #include <algorithm>
 
 namespace quenara {
