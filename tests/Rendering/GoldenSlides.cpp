@@ -4,9 +4,13 @@
 #include "Images.h"
 #include "ProjectTemplates.h"
 
+#include <QColorSpace>
 #include <QLinearGradient>
 #include <QPainter>
 #include <QPainterPath>
+#include <QtMath>
+
+#include <cmath>
 
 namespace quenara::test {
 
@@ -52,6 +56,45 @@ SlideMedia landscape()
     hills.lineTo(480, 360);
     painter.drawPath(hills);
     painter.end();
+    return mediaOf(encoded(image, "PNG"));
+}
+
+/// A sign of lines and areas, of 100 by 60 units.
+SlideMedia drawing()
+{
+    return mediaOf("<svg xmlns='http://www.w3.org/2000/svg' width='100' height='60'>"
+                   "<rect width='100' height='60' rx='8' fill='#2f6f8f'/>"
+                   "<path d='M12 48L50 10L88 48Z' fill='none' stroke='#f2e9d8' stroke-width='3'/>"
+                   "<circle cx='50' cy='38' r='7' fill='#e0a134'/></svg>");
+}
+
+/// Rings that are the finer the farther they lie from the middle.
+SlideMedia rings(int side)
+{
+    QImage image(side, side, QImage::Format_RGB32);
+    for (int y = 0; y < side; ++y) {
+        for (int x = 0; x < side; ++x) {
+            const double way = std::hypot(x + 0.5 - side / 2.0, y + 0.5 - side / 2.0);
+            const int shade = int(std::lround(127.5 + 127.5 * std::cos(M_PI * way * way / side)));
+            image.setPixel(x, y, qRgb(shade, shade, shade));
+        }
+    }
+    return mediaOf(encoded(image, "PNG"));
+}
+
+/// Four colours that look the same whichever of the spaces they are written in.
+SlideMedia colors(QColorSpace::NamedColorSpace space)
+{
+    QImage image = quarters({200, 200});
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const QColor color = image.pixelColor(x, y);
+            image.setPixelColor(
+                x, y, QColor::fromHsvF(color.hueF(), 0.6F * color.hsvSaturationF(), 0.8F));
+        }
+    }
+    image.setColorSpace(QColorSpace::SRgb);
+    image.convertToColorSpace(space);
     return mediaOf(encoded(image, "PNG"));
 }
 
@@ -202,6 +245,22 @@ QList<GoldenSlide> layerSlides()
                 {imageLayer(landscape(), left), imageLayer(landscape(), {1020, 390, 760, 200})}),
         slideOf(QStringLiteral("layer-image-missing"),
                 {imageLayer(std::nullopt, left), imageLayer(mediaOf("no image"), right)}),
+        slideOf(QStringLiteral("layer-image-drawing"),
+                {imageLayer(drawing(), {100, 240, 1000, 600}),
+                 imageLayer(drawing(), {1300, 240, 500, 120}),
+                 imageLayer(drawing(), {1300, 480, 360, 360})}),
+        slideOf(QStringLiteral("layer-image-rings"),
+                {imageLayer(rings(1100), {60, 140, 800, 800}),
+                 imageLayer(rings(1100), {900, 140, 280, 280}),
+                 imageLayer(rings(60), {1220, 240, 600, 600})}),
+        slideOf(QStringLiteral("layer-image-profile"),
+                {imageLayer(colors(QColorSpace::SRgb), {160, 290, 500, 500}),
+                 imageLayer(colors(QColorSpace::DisplayP3), {710, 290, 500, 500}),
+                 imageLayer(colors(QColorSpace::AdobeRgb), {1260, 290, 500, 500})}),
+        slideOf(
+            QStringLiteral("layer-lower-third-one-line"),
+            {lowerThirdLayer(QStringLiteral("Ana Sofía Morales"), {}, {120, 780, 900, 180}),
+             lowerThirdLayer({}, QStringLiteral("Guest of the Evening"), {120, 480, 900, 180})}),
         slideOf(QStringLiteral("layer-lower-third"),
                 {lowerThirdLayer(QStringLiteral("Ana Sofía Morales"),
                                  QStringLiteral("Guest of the Evening"), {120, 780, 900, 180}),
@@ -294,6 +353,10 @@ QList<GoldenSlide> textSlides()
         words(QStringLiteral("Hallelujah").repeated(5) + QStringLiteral(" amen"));
     TextElementProperties marks = words(
         QStringLiteral("Že\u0301 n\u0303andu\u0301 — Ærø, Łódź\n“official” fjord & flüstern"));
+    TextElementProperties held = words(QStringLiteral("Ångström à É"));
+    held.fontSize = 200;
+    held.padding = 0;
+    held.backgroundFill = rose;
     TextElementProperties backwards = words(QStringLiteral("\u202eEvening brings it home,\n"
                                                            "\u202eand all the earth is still."));
     return {
@@ -313,6 +376,7 @@ QList<GoldenSlide> textSlides()
         slideOf(QStringLiteral("text-blank-lines"),
                 {textLayer(words(QStringLiteral("Silence\n\n\nand song")))}),
         slideOf(QStringLiteral("text-marks"), {textLayer(marks)}),
+        slideOf(QStringLiteral("text-low-fill"), {textLayer(held, {300, 480, 1320, 40})}),
         slideOf(QStringLiteral("text-right-to-left"), {textLayer(backwards)}),
     };
 }

@@ -1,5 +1,6 @@
-// paint_golden SHEET [FOLDER]: lays everything that the renderer shows out on one image, to be
-// looked at. With a folder, leaves the golden images in it, and names those that it changes.
+// paint_golden SHEET DETAILS [FOLDER]: lays everything that the renderer shows out on one image, to
+// be looked at, and on another what a picky eye looks for, at the size of a screen and enlarged.
+// With a folder, leaves the golden images in it, and names those that it changes.
 
 #include "Fonts.h"
 #include "GoldenSlides.h"
@@ -8,6 +9,7 @@
 #include <QDir>
 
 #include <algorithm>
+#include <array>
 #include <cstdio>
 #include <utility>
 
@@ -36,6 +38,62 @@ QImage contactSheet(const QList<GoldenSlide> &slides)
         painter.drawImage(place, rendered(slide.view, tile));
         painter.drawText(QRect(place + QPoint(0, tile.height()), QSize(tile.width(), labelHeight)),
                          Qt::AlignLeft | Qt::AlignVCenter, slide.name);
+    }
+    return sheet;
+}
+
+/// What to look at closely, and from where on.
+struct Detail
+{
+    const char *slide;
+    QPoint corner;
+};
+
+constexpr std::array details{
+    Detail{"template-welcome", {960, 540}}, // no rings
+    Detail{"background-image-dimmed", {300, 60}}, // no bands
+    Detail{"text-whole-word", {400, 400}}, // words whole
+    Detail{"layer-image-drawing", {100, 240}}, // sharp edges
+    Detail{"layer-image-profile", {560, 400}}, // alike
+    Detail{"layer-image-rings", {600, 540}}, // no patterns where lines are too fine
+    Detail{"layer-image-rings", {1300, 300}}, // no steps
+    Detail{"background-image-blurred", {0, 0}}, // whole to the edges
+    Detail{"layer-image-missing", {100, 150}}, // dashes whole
+    Detail{"text-weights", {300, 200}}, // letters that stand on whole rows
+    Detail{"text-low-fill", {300, 400}}, // marks inside the fill
+    Detail{"layer-lower-third-one-line", {120, 760}}, // in the middle
+    Detail{"arabic-centerLyric", {720, 330}},
+    Detail{"hebrew-centerLyric", {720, 330}},
+    Detail{"devanagari-centerLyric", {720, 330}},
+    Detail{"thai-centerLyric", {720, 330}},
+    Detail{"japanese-centerLyric", {720, 330}},
+    Detail{"emoji-centerLyric", {500, 330}},
+};
+
+/// Each detail's slide as a screen shows it, and a part of it four times enlarged beside it.
+QImage detailSheet(const QList<GoldenSlide> &slides)
+{
+    constexpr QSize screen(1920, 1080);
+    constexpr int enlarged = 4;
+    constexpr int pairs = 2; // beside each other
+    constexpr QSize cell(2 * (screen.width() + gap), screen.height() + gap);
+    QImage sheet(pairs * cell.width(), (int(details.size()) + 1) / pairs * cell.height(),
+                 QImage::Format_RGB32);
+    sheet.fill(Qt::white);
+    QPainter painter(&sheet);
+    QPoint place;
+    for (const Detail &detail : details) {
+        const auto slide = std::find_if(slides.begin(), slides.end(), [&](const GoldenSlide &it) {
+            return it.name == QLatin1String(detail.slide);
+        });
+        if (slide == slides.end())
+            qFatal("no slide is called %s", detail.slide);
+        const QImage image = rendered(slide->view, screen);
+        painter.drawImage(place, image);
+        painter.drawImage(QRect(place + QPoint(screen.width() + gap, 0), screen), image,
+                          QRect(detail.corner, screen / enlarged));
+        place =
+            place.x() == 0 ? QPoint(cell.width(), place.y()) : QPoint(0, place.y() + cell.height());
     }
     return sheet;
 }
@@ -76,13 +134,14 @@ int main(int argc, char *argv[])
     const QApplication application(argc, argv);
     setUpApplication();
     const QStringList arguments = QApplication::arguments();
-    if (arguments.size() < 2 || arguments.size() > 3) {
-        std::fputs("usage: paint_golden SHEET [FOLDER]\n", stderr);
+    if (arguments.size() < 3 || arguments.size() > 4) {
+        std::fputs("usage: paint_golden SHEET DETAILS [FOLDER]\n", stderr);
         return 2;
     }
-    if (arguments.size() == 3 && !rewrite(QDir(arguments.at(2))))
+    if (arguments.size() == 4 && !rewrite(QDir(arguments.at(3))))
         return 1;
-    return contactSheet(goldenSlides() + machineSlides() + scriptSlides()).save(arguments.at(1))
-        ? 0
-        : 1;
+    const QList<GoldenSlide> slides = goldenSlides() + machineSlides() + scriptSlides();
+    const bool isSaved =
+        contactSheet(slides).save(arguments.at(1)) && detailSheet(slides).save(arguments.at(2));
+    return isSaved ? 0 : 1;
 }

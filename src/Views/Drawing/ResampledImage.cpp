@@ -133,9 +133,10 @@ private:
 void write(const Row &row, uchar *byte)
 {
     for (const Pixel &pixel : row) {
-        const float most = std::clamp(pixel[alphaChannel], 0.0F, largestShade);
+        constexpr float half = 0.5F; // of a shade, for what is cut to be rounded
+        const float most = std::clamp(pixel[alphaChannel], 0.0F, largestShade) + half;
         for (std::size_t i = 0; i < channels; ++i)
-            byte[i] = uchar(std::clamp(pixel[i], 0.0F, most) + 0.5F);
+            byte[i] = uchar(std::clamp(pixel[i] + half, half, most));
         byte += channels;
     }
 }

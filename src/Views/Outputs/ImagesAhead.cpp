@@ -51,8 +51,9 @@ void ImagesAhead::prepare(const QList<Slide> &slides, const QSize &size, double 
     m_left.clear();
     QList<Slide> stillReady;
     for (const Slide &slide : slides) {
-        for (const Slide &image : withOneImageEach(slide))
+        for (const Slide &image : withOneImageEach(slide)) {
             (m_ready.contains(image) ? stillReady : m_left).append(image);
+        }
     }
     m_ready = stillReady;
     goOn();

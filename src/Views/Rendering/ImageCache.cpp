@@ -48,10 +48,11 @@ FilledImage ImageCache::filling(const SlideMedia &media, const ImageFill &fill)
     if (image.image.isNull())
         return result;
     // It has served its time, unless the image is wanted at yet another size.
-    if (result.image.cacheKey() == image.image.cacheKey())
+    if (result.image.cacheKey() == image.image.cacheKey()) {
         remove(m_entries.begin());
-    else
+    } else {
         m_entries.splice(m_entries.end(), m_entries, m_entries.begin());
+    }
     add({media.dataUrl, modified, Filling{fill, result}});
     return result;
 }

@@ -43,7 +43,8 @@ constexpr std::array scriptNames{
     ScriptName{QChar::Script_Tibetan, u"Tibetan"},
 };
 
-constexpr std::array styles{u"Noto Sans ", u"Noto Serif "};
+/// The Naskh has the lowest lines of those for Arabic, so that its letters can be largest.
+constexpr std::array styles{u"Noto Naskh ", u"Noto Sans ", u"Noto Serif "};
 
 QString eastAsian(HanForms forms)
 {
