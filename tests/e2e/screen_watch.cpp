@@ -5,6 +5,9 @@
 // one clock. Ends with its input.
 //
 // screen_watch --once X Y WIDTH HEIGHT: writes the RGB bytes of what is shown there now.
+//
+// screen_watch --until SECONDS X Y WIDTH HEIGHT: reads the RGB bytes of an image and ends with 0
+// once that is shown there, or with 3 if it is not in time.
 
 #include <QByteArray>
 #include <QCryptographicHash>
@@ -32,6 +35,8 @@
 namespace {
 
 using Pixels = std::vector<std::uint32_t>;
+
+constexpr int notShown = 3; ///< the status if an image is not shown in time
 
 std::int64_t now()
 {
@@ -243,18 +248,49 @@ void writeOnce(Screen &screen)
         fail("the image cannot be written");
 }
 
+bool isShown(std::span<const std::uint32_t> pixels, const std::vector<unsigned char> &colors)
+{
+    const unsigned char *color = colors.data();
+    return std::all_of(pixels.begin(), pixels.end(), [&color](std::uint32_t pixel) {
+        const bool isAlike = color[0] == (pixel >> 16U & 0xffU) && color[1] == (pixel >> 8U & 0xffU)
+            && color[2] == (pixel & 0xffU);
+        color += 3;
+        return isAlike;
+    });
+}
+
+/// Waits for what the input holds. False if that is not shown in time.
+bool waitUntilShown(Screen &screen, std::chrono::seconds patience)
+{
+    std::vector<unsigned char> colors(3 * screen.pixels().size());
+    if (std::fread(colors.data(), 1, colors.size(), stdin) != colors.size())
+        fail("the input is no image of the area");
+    const auto end = std::chrono::steady_clock::now() + patience;
+    while (!screen.look() || !isShown(screen.pixels(), colors)) {
+        if (std::chrono::steady_clock::now() > end)
+            return false;
+        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    }
+    return true;
+}
+
 } // namespace
 
 int main(int argc, char *argv[])
 {
-    const std::span words(argv + 1, std::size_t(argc - 1));
+    std::span words(argv + 1, std::size_t(argc - 1));
     const bool isOnce = !words.empty() && std::strcmp(words[0], "--once") == 0;
+    const bool isUntil = words.size() > 1 && std::strcmp(words[0], "--until") == 0;
+    const std::chrono::seconds patience(isUntil ? std::atoi(words[1]) : 0);
+    words = words.subspan(isUntil ? 2 : isOnce ? 1 : 0);
     std::vector<int> area;
-    for (const char *word : words.subspan(isOnce ? 1 : 0))
+    for (const char *word : words)
         area.push_back(std::atoi(word));
     if (area.size() != 4)
-        fail("usage: screen_watch [--once] X Y WIDTH HEIGHT");
+        fail("usage: screen_watch [--once | --until SECONDS] X Y WIDTH HEIGHT");
     Screen screen(area);
+    if (isUntil)
+        return waitUntilShown(screen, patience) ? 0 : notShown;
     isOnce ? writeOnce(screen) : watch(screen);
     return 0;
 }

@@ -73,9 +73,7 @@ class ShowCase(unittest.TestCase):
 
     def see(self, expected, description, screen=SECOND_SCREEN):
         """Passes once the screen shows exactly that image."""
-        try:
-            wait_until(lambda: self.server.screenshot(screen) == expected, description, deadline=20)
-        except AssertionError:
+        if not self.server.comes_to_show(expected, screen, 20):
             screenshot = Path(f"{self.id().removeprefix('__main__.')}.png").absolute()
             self.server.save_screenshot(screen, screenshot)
             self.fail(f"the {SCREEN_NAMES.get(screen, screen)} does not show {description}: "

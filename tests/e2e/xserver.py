@@ -9,6 +9,7 @@ from pathlib import Path
 from processes import Process, wait_until
 
 SCREEN_WATCH = os.environ.get("QUENARA_SCREEN_WATCH", "")
+NOT_SHOWN = 3  # the status of screen_watch
 SCREEN_WIDTH = 1920
 SCREEN_HEIGHT = 1080
 FIRST_SCREEN = (SCREEN_WIDTH, SCREEN_HEIGHT, 0, 0)
@@ -131,6 +132,17 @@ class XServer:
         """The colours shown in a (width, height, x, y) of the root window, as RGB bytes."""
         width, height, x, y = area
         return self.run(SCREEN_WATCH, "--once", *map(str, (x, y, width, height)))
+
+    def comes_to_show(self, image, area, seconds):
+        """Whether a (width, height, x, y) of the root window shows exactly these RGB bytes before
+        the seconds are over."""
+        width, height, x, y = area
+        answer = subprocess.run(
+            [SCREEN_WATCH, "--until", str(seconds), *map(str, (x, y, width, height))],
+            env=self.environment, input=image, check=False)
+        if answer.returncode not in (0, NOT_SHOWN):
+            answer.check_returncode()
+        return answer.returncode == 0
 
     def save_screenshot(self, area, path):
         self.run("import", "-window", "root", "-crop", "%dx%d+%d+%d" % area, "+repage", str(path))
