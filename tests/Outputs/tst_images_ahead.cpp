@@ -11,6 +11,8 @@ namespace tst_images_ahead {
 
 namespace {
 
+using Send = void (WorkspaceStore::*)();
+
 constexpr QSize screen(480, 270);
 constexpr QSize photographSize(640, 360);
 constexpr qsizetype photographBytes = qsizetype(640) * 360 * 4;
@@ -78,30 +80,26 @@ class TestImagesAhead : public GuiTest
     Q_OBJECT
 
 private slots:
-    void theNextLiveSlidesImagesAreThereBeforeItIsSent()
+    void imagesAreThereBeforeTheirSlideIsSent_data()
     {
-        Display display(photographs(4));
-        const qsizetype atRest = display.heldAtRest();
-        display.world.store.nextLive();
-        QCOMPARE(display.held(), atRest);
+        QTest::addColumn<bool>("isFarAway");
+        QTest::addColumn<Send>("send");
+        QTest::newRow("the next one") << false << &WorkspaceStore::nextLive;
+        QTest::newRow("the queued one") << true << &WorkspaceStore::goLive;
+        QTest::newRow("the one before") << false << &WorkspaceStore::previousLive;
     }
 
-    void theQueuedSlidesImagesAreThereBeforeItIsSent()
+    void imagesAreThereBeforeTheirSlideIsSent()
     {
-        Display display(photographs(6));
-        display.world.store.queueSlide(slideID(display, 4));
+        QFETCH(bool, isFarAway);
+        QFETCH(Send, send);
+        Display display(photographs(7));
+        WorkspaceStore &store = display.world.store;
+        store.queueSlide(slideID(display, 2));
+        store.goLive();
+        store.queueSlide(slideID(display, isFarAway ? 5 : 2));
         const qsizetype atRest = display.heldAtRest();
-        display.world.store.goLive();
-        QCOMPARE(display.held(), atRest);
-    }
-
-    void theImagesOfTheSlideBeforeAreThereBeforeItIsSentAgain()
-    {
-        Display display(photographs(6));
-        display.world.store.queueSlide(slideID(display, 4));
-        display.world.store.goLive();
-        const qsizetype atRest = display.heldAtRest();
-        display.world.store.previousLive();
+        (store.*send)();
         QCOMPARE(display.held(), atRest);
     }
 
