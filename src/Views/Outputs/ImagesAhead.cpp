@@ -61,10 +61,11 @@ void ImagesAhead::prepare(const QList<Slide> &slides, const QSize &size, double 
 
 void ImagesAhead::goOn()
 {
-    if (m_left.isEmpty())
+    if (m_left.isEmpty()) {
         m_idle.stop();
-    else
+    } else {
         m_idle.start();
+    }
 }
 
 void ImagesAhead::prepareOne()
