@@ -243,6 +243,18 @@ private slots:
         QCOMPARE(show.store.nextSlide()->id, u"A1"_s);
     }
 
+    void thePreviousSlidePrecedesTheLiveOne()
+    {
+        Show show;
+        QVERIFY(!show.store.previousSlide());
+        goTo(show.store, u"D1"_s);
+        QCOMPARE(show.store.previousSlide()->id, u"B1"_s);
+        goTo(show.store, u"B1"_s);
+        QCOMPARE(show.store.previousSlide()->id, u"A2"_s);
+        goTo(show.store, u"nowhere"_s);
+        QVERIFY(!show.store.previousSlide());
+    }
+
     void slidesAreFoundWhereverAnEditHasMovedThem()
     {
         Show show;
