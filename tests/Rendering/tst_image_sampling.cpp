@@ -271,7 +271,7 @@ private slots:
         QTest::addColumn<QPointF>("middle");
         QTest::addColumn<double>("scale");
         QTest::newRow("larger") << QSize(1000, 600) << QPointF(500, 300) << 10.0;
-        QTest::newRow("much larger") << QSize(4000, 2400) << QPointF(2000, 1200) << 40.0;
+        QTest::newRow("much larger") << QSize(2000, 1200) << QPointF(1000, 600) << 20.0;
         QTest::newRow("smaller") << QSize(50, 30) << QPointF(25, 15) << 0.5;
         QTest::newRow("higher than the drawing") << QSize(600, 600) << QPointF(300, 300) << 10.0;
         QTest::newRow("wider than the drawing") << QSize(1500, 301) << QPointF(750, 150) << 15.0;
@@ -357,14 +357,20 @@ private slots:
         }
     }
 
-    void aroundAnAreaIsWhatTheImageHasThere()
+    void aBlurTakesInWhatTheImageHasAroundTheArea()
     {
         const QImage image = imageOf(300, [](double x, double y) { return (x + 2 * y) / 4; });
-        const FilledImage wide = filled({image, image.size()}, {.area = {100, 50}, .margin = 10});
-        QCOMPARE(wide.place, QRectF(0, -10, 100, 70)); // at the sides there is no more of it
-        const FilledImage alone = filled({image, image.size()}, {.area = {100, 50}});
-        QCOMPARE(alone.place, QRectF(0, 0, 100, 50));
-        QCOMPARE(wide.image.copy(0, 10, 100, 50), alone.image);
+        const FilledImage blurred = filled({image, image.size()}, {.area = {100, 50}, .blur = 3});
+        QCOMPARE(blurred.place, QRectF(0, -9, 100, 68)); // at the sides there is no more of it
+        const FilledImage sharp = filled({image, image.size()}, {.area = {100, 50}});
+        QCOMPARE(sharp.place, QRectF(0, 0, 100, 50));
+        // What rises evenly stays as it is, and is whole above and below.
+        for (const int y : {0, 20, 49}) {
+            const QRgb pixel = blurred.image.pixel(50, y + 9);
+            QCOMPARE(qAlpha(pixel), 255);
+            QVERIFY(std::abs(qGreen(pixel) - qGreen(sharp.image.pixel(50, y))) <= 1);
+        }
+        QVERIFY(qAlpha(blurred.image.pixel(0, 34)) < 200);
     }
 
     void anAreaOfMorePixelsThanAnyScreenHasIsFilledByFewer()

@@ -12,8 +12,6 @@ struct BlurPlan
     /// million as ten million.
     explicit BlurPlan(double standardDeviation);
 
-    [[nodiscard]] bool isNone() const { return sigma == 0; }
-
     int reduction = 1; ///< how many pixels each way one pixel of the smaller image stands for
     double sigma = 0; ///< standard deviation in pixels of the smaller image
     int reach = 0; ///< how far beyond its content the blur is seen, in whole pixels

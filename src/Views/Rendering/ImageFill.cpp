@@ -1,11 +1,18 @@
 #include "ImageFill.h"
 
+#include "GaussianBlur.h"
 #include "ResampledImage.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace quenara {
+
+namespace {
+
+constexpr double blurReach = 3; // standard deviations, beyond which nothing is seen
+
+} // namespace
 
 QRectF FilledImage::placeIn(const QRectF &area, const ImageFill &fill) const
 {
@@ -30,7 +37,8 @@ FilledImage filled(const DecodedImage &decoded, const ImageFill &fill)
     // What needs no resampling is moved by whole pixels, and stays as sharp as it is.
     if (whole.toSize() == decoded.image.size())
         corner = QPointF(corner.toPoint());
-    const double margin = fill.margin * left;
+    const double sigma = fill.blur * left;
+    const double margin = std::ceil(blurReach * sigma);
     const QRect wanted = QRectF(QPointF(), area)
                              .adjusted(-margin, -margin, margin, margin)
                              .intersected(QRectF(corner, whole))
@@ -41,7 +49,12 @@ FilledImage filled(const DecodedImage &decoded, const ImageFill &fill)
     const QRectF part((wanted.left() - corner.x()) * across, (wanted.top() - corner.y()) * down,
                       wanted.width() * across, wanted.height() * down);
     const double enlarged = 1 / left;
-    return {resampled(decoded.image, part, wanted.size()),
+    QImage image = resampled(decoded.image, part, wanted.size());
+    if (sigma > 0) {
+        image.convertTo(QImage::Format_ARGB32_Premultiplied);
+        image = gaussianBlurred(image, sigma);
+    }
+    return {image,
             {wanted.left() * enlarged, wanted.top() * enlarged, wanted.width() * enlarged,
              wanted.height() * enlarged}};
 }

@@ -13,8 +13,9 @@ namespace quenara {
 struct ImageFill
 {
     QSize area; ///< pixels
-    int margin =
-        0; ///< pixels around the area in which the image is wanted, too, if it reaches there
+    /// The standard deviation in pixels of a blur, which brings in what the image has beyond the
+    /// area. Where it has nothing, it fades.
+    double blur = 0;
 
     bool operator==(const ImageFill &) const = default;
 };
@@ -29,8 +30,8 @@ struct FilledImage
     [[nodiscard]] QRectF placeIn(const QRectF &area, const ImageFill &fill) const;
 };
 
-/// \a decoded as \a fill wants it, pixel by pixel. One of more than largestFilledPixelCount pixels
-/// has fewer, to be enlarged.
+/// \a decoded as \a fill wants it, pixel by pixel, with what its blur needs around the area. One of
+/// more than largestFilledPixelCount pixels has fewer, to be enlarged.
 [[nodiscard]] FilledImage filled(const DecodedImage &decoded, const ImageFill &fill);
 
 } // namespace quenara

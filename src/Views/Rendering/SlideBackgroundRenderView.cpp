@@ -8,7 +8,6 @@
 #include "RenderCaches.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace quenara {
 
@@ -18,10 +17,7 @@ constexpr double radialEndRadius = 760; // canvas units
 constexpr double captionSize = 28; // canvas units
 constexpr float captionOpacity = 0.38F;
 
-// Standard deviations of a blur beyond which nothing is seen of it, and so many pixels that nothing
-// is left of an image.
-constexpr double blurReach = 3;
-constexpr double widestSigma = 1000;
+constexpr double widestSigma = 1000; // pixels; nothing is left of an image that is blurred by more
 
 } // namespace
 
@@ -76,15 +72,11 @@ bool SlideBackgroundRenderView::paintImage(QPainter &painter, const QRectF &slid
     const QSize area = wholePixels(slide.size() / blur.reduction).expandedTo({1, 1});
     const double sigma =
         std::min(widestSigma, blur.sigma * blur.reduction * area.width() / slide.width());
-    // The blur brings in what lies beside the slide; beyond the image there is nothing.
-    const ImageFill fill{.area = area, .margin = int(std::ceil(blurReach * sigma))};
+    const ImageFill fill{.area = area, .blur = sigma};
     const FilledImage filled = caches.images.filling(*background.image, fill);
     if (filled.image.isNull())
         return false;
-    const QImage image = blur.isNone()
-        ? filled.image
-        : gaussianBlurred(filled.image.convertToFormat(QImage::Format_ARGB32_Premultiplied), sigma);
-    paintFilling(painter, slide, filled.placeIn(slide, fill), image);
+    paintFilling(painter, slide, filled.placeIn(slide, fill), filled.image);
     return true;
 }
 
