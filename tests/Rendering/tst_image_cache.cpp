@@ -156,6 +156,32 @@ private slots:
         QVERIFY(taken(images, green, size).cacheKey() != greenKey);
     }
 
+    void ofSizesThatAnImageHasOnlyForAMomentFewAreHeld_data()
+    {
+        QTest::addColumn<SlideMedia>("media");
+        QTest::newRow("an image of pixels") << solid(Qt::red);
+        QTest::newRow("a drawing")
+            << mediaOf("<svg xmlns='http://www.w3.org/2000/svg' width='40' height='30'>"
+                       "<rect width='20' height='20'/></svg>");
+    }
+
+    void ofSizesThatAnImageHasOnlyForAMomentFewAreHeld()
+    {
+        ImageCache images;
+        QFETCH(SlideMedia, media);
+        const SlideMedia other = solid(Qt::green);
+        const qint64 otherKey = taken(images, other, size / 2).cacheKey();
+        const qint64 wall = taken(images, media, size - QSize(1, 1)).cacheKey();
+        for (int width = 100; width < 300; ++width) {
+            taken(images, media, {width, 200});
+            QCOMPARE(taken(images, media, size - QSize(1, 1)).cacheKey(), wall);
+        }
+        QVERIFY(images.byteCount() < (ImageCache::mostSizes + 4) * (imageBytes + 2000));
+        QCOMPARE(taken(images, other, size / 2).cacheKey(), otherKey);
+        const qint64 last = taken(images, media, {299, 200}).cacheKey();
+        QCOMPARE(taken(images, media, {299, 200}).cacheKey(), last);
+    }
+
     void itsBoundIsKept()
     {
         constexpr qsizetype limit = 5 * imageBytes;

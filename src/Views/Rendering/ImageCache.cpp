@@ -1,7 +1,9 @@
 #include "ImageCache.h"
 
 #include <QFileInfo>
+#include <QList>
 
+#include <algorithm>
 #include <iterator>
 #include <utility>
 
@@ -47,13 +49,16 @@ FilledImage ImageCache::filling(const SlideMedia &media, const ImageFill &fill)
     const FilledImage result = filled(image, fill);
     if (image.image.isNull())
         return result;
-    // It has served its time, unless the image is wanted at yet another size.
-    if (result.image.cacheKey() == image.image.cacheKey()) {
+    // It has served its time, unless the image is wanted at yet another size, for which a drawing
+    // is painted anew.
+    const bool isDrawing = image.largestScale > 0;
+    if (isDrawing || result.image.cacheKey() == image.image.cacheKey()) {
         remove(m_entries.begin());
     } else {
         m_entries.splice(m_entries.end(), m_entries, m_entries.begin());
     }
     add({media.dataUrl, modified, Filling{fill, result}});
+    dropRarestSize(media);
     return result;
 }
 
@@ -78,19 +83,37 @@ const Held *ImageCache::find(const SlideMedia &media, const QDateTime &modified,
     const std::size_t hash = hashOf(media.dataUrl);
     for (auto place = m_places.find(hash); place != m_places.end() && place.key() == hash;
          ++place) {
-        const Entry &entry = **place;
+        Entry &entry = **place;
         const Held *held = std::get_if<Held>(&entry.held);
         if (held && isIt(*held) && entry.modified == modified
             && areEqual(entry.dataUrl, media.dataUrl)) {
             m_entries.splice(m_entries.begin(), m_entries, *place);
+            entry.lastUse = ++m_uses;
             return held;
         }
     }
     return nullptr;
 }
 
+void ImageCache::dropRarestSize(const SlideMedia &media)
+{
+    QList<Entries::iterator> sizes;
+    const auto [first, last] = m_places.equal_range(hashOf(media.dataUrl));
+    std::copy_if(first, last, std::back_inserter(sizes), [&](Entries::iterator entry) {
+        return std::holds_alternative<Filling>(entry->held)
+            && areEqual(entry->dataUrl, media.dataUrl);
+    });
+    if (sizes.size() > mostSizes) {
+        remove(*std::min_element(sizes.begin(), sizes.end(),
+                                 [](Entries::iterator one, Entries::iterator other) {
+                                     return one->lastUse < other->lastUse;
+                                 }));
+    }
+}
+
 void ImageCache::add(Entry entry)
 {
+    entry.lastUse = ++m_uses;
     const std::size_t hash = hashOf(entry.dataUrl);
     m_byteCount += entry.byteCount();
     m_places.insert(hash, m_entries.insert(m_entries.begin(), std::move(entry)));

@@ -20,6 +20,10 @@ class ImageCache
 public:
     static constexpr qsizetype usualByteLimit = qsizetype(256) * 1024 * 1024;
 
+    /// The sizes of one image that are held: more than there are places that show it, so that those
+    /// go which it only had while it was dragged.
+    static constexpr int mostSizes = 8;
+
     explicit ImageCache(qsizetype byteLimit = usualByteLimit) : m_byteLimit(byteLimit) {}
 
     ImageCache(const ImageCache &) = delete;
@@ -44,6 +48,7 @@ private:
         QByteArray dataUrl;
         QDateTime modified; ///< of the file, if the media names one
         std::variant<DecodedImage, Filling> held;
+        quint64 lastUse = 0; ///< the greatest is that of the last one
 
         qsizetype byteCount() const;
     };
@@ -57,10 +62,12 @@ private:
     const Held *find(const SlideMedia &media, const QDateTime &modified,
                      const std::function<bool(const Held &)> &isIt);
     void add(Entry entry);
+    void dropRarestSize(const SlideMedia &media);
     void remove(Entries::iterator entry);
 
     qsizetype m_byteLimit;
     qsizetype m_byteCount = 0;
+    quint64 m_uses = 0;
     Entries m_entries; ///< those that go last first
     Places m_places;
 };
