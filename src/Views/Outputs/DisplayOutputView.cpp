@@ -54,13 +54,13 @@ void DisplayOutputView::showSoon()
         update();
 }
 
-/// Whatever is sent next, its images are there: those of the slide after the live one, of the
-/// queued one and of the one before.
+/// What is likely to be sent next has its images ready: the slide after the live one, the queued
+/// one and the one before.
 void DisplayOutputView::lookAhead()
 {
-    if (!isVisible())
-        return;
     QList<Slide> slides;
+    if (!isVisible())
+        return m_ahead.prepare(slides, size(), devicePixelRatioF());
     const auto add = [&](const std::optional<Slide> &slide) {
         if (slide)
             slides.append(*slide);

@@ -44,18 +44,11 @@ ImagesAhead::ImagesAhead(RenderCaches &caches, QObject *parent) : QObject(parent
 
 void ImagesAhead::prepare(const QList<Slide> &slides, const QSize &size, double devicePixelRatio)
 {
-    if (m_size != size || m_devicePixelRatio != devicePixelRatio)
-        m_ready.clear();
     m_size = size;
     m_devicePixelRatio = devicePixelRatio;
     m_left.clear();
-    QList<Slide> stillReady;
-    for (const Slide &slide : slides) {
-        for (const Slide &image : withOneImageEach(slide)) {
-            (m_ready.contains(image) ? stillReady : m_left).append(image);
-        }
-    }
-    m_ready = stillReady;
+    for (const Slide &slide : slides)
+        m_left.append(withOneImageEach(slide));
     goOn();
 }
 
@@ -75,7 +68,7 @@ void ImagesAhead::prepareOne()
     pixel.setDevicePixelRatio(m_devicePixelRatio);
     QPainter painter(&pixel);
     SlideRendererView{.slide = m_left.first()}.paint(painter, QRectF(QPointF(), m_size), m_caches);
-    m_ready.append(m_left.takeFirst());
+    m_left.removeFirst();
     // A timer that is started while it runs out may run out again before any event.
     QMetaObject::invokeMethod(this, &ImagesAhead::goOn, Qt::QueuedConnection);
 }

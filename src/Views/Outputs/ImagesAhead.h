@@ -21,7 +21,7 @@ public:
     explicit ImagesAhead(RenderCaches &caches, QObject *parent = nullptr);
 
     /// From now on those of \a slides, the first first, as an area of \a size points shows them at
-    /// so many pixels a point. What is ready is not made anew.
+    /// so many pixels a point. What is ready already stays so.
     void prepare(const QList<Slide> &slides, const QSize &size, double devicePixelRatio);
 
 private:
@@ -32,7 +32,6 @@ private:
     QSize m_size;
     double m_devicePixelRatio = 1;
     QList<Slide> m_left; ///< with one image each
-    QList<Slide> m_ready; ///< of those asked for last
     QTimer m_idle; ///< runs out when there is no event left
 };
 
