@@ -96,9 +96,16 @@ private slots:
             QTEST(run.rawFont().familyName(), "family");
     }
 
-    void marksStandInTheFaceOfTheirLetters()
+    void lettersStandInTheirScriptsFaceWithAndWithoutMarks_data()
     {
-        const QString word = QStringLiteral("הַבֹּקֶר");
+        QTest::addColumn<QString>("word");
+        QTest::newRow("with marks") << QStringLiteral("הַבֹּקֶר");
+        QTest::newRow("without") << QStringLiteral("בוקר");
+    }
+
+    void lettersStandInTheirScriptsFaceWithAndWithoutMarks()
+    {
+        QFETCH(QString, word);
         const TextBlock block(plainText(QStringLiteral("Morning ") + word), {1000, 400});
         for (const QGlyphRun &run : block.layout().glyphRuns(8, int(word.size())))
             QCOMPARE(run.rawFont().familyName(), QStringLiteral("Noto Sans Hebrew"));
@@ -121,7 +128,7 @@ private slots:
 
     void aFamilyThatADocumentNamesComesFirst()
     {
-        TextElementProperties text = plainText(QStringLiteral("בוקר"));
+        TextElementProperties text = plainText(QStringLiteral("בוקר הַבֹּקֶר"));
         text.fontFamily = QStringLiteral("Noto Serif Hebrew");
         const TextBlock block(text, {1000, 400});
         for (const QGlyphRun &run : block.layout().glyphRuns())

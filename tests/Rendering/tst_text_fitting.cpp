@@ -287,6 +287,19 @@ private slots:
         }
     }
 
+    void aTextIsCutHoweverManySignsWithoutAWidthHaveToGo()
+    {
+        const QString hidden = QString(20'000, QChar(0x2060));
+        const TextBlock block(plainText(QStringLiteral("WWWWWWWWWW") + hidden
+                                        + QStringLiteral("W more words to come")),
+                              {330, 40});
+        QVERIFY(block.isCut());
+        const QString shown = block.lines().join(QString()).remove(QChar(0x2060));
+        QVERIFY(shown.startsWith(u'W'));
+        QVERIFY(shown.endsWith(ellipsis));
+        QVERIFY(shown.size() <= 11);
+    }
+
     void nothingIsMissingOfABlankTextInABoxTooLowForOneLine()
     {
         for (const char *words : {"", "  ", "\n \n"}) {

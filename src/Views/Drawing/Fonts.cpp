@@ -22,7 +22,8 @@ bool isFamilyInstalled(const QString &family)
 
 bool isFamilyBundled(const QString &family)
 {
-    return family == u"Inter" || family == u"Lato";
+    return family.compare(u"Inter", Qt::CaseInsensitive) == 0
+        || family.compare(u"Lato", Qt::CaseInsensitive) == 0;
 }
 
 int loadBundledFonts()

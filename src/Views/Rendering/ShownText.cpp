@@ -173,7 +173,8 @@ QList<QTextLayout::FormatRange> beginning(QList<QTextLayout::FormatRange> format
 /// Whether a sign is not seen, and does not join its neighbours either.
 bool isInvisible(char32_t sign)
 {
-    return QChar::category(sign) == QChar::Other_Format && !isIn(joining, sign);
+    return QChar::category(sign) == QChar::Other_Format && !isIn(joining, sign)
+        && QChar::script(sign) <= QChar::Script_Common; // others are seen, as those around numbers
 }
 
 /// The script at each place of a text: of marks, spaces and signs, which have none of their own,
@@ -182,9 +183,7 @@ class Scripts
 {
 public:
     Scripts(const QString &text, const QString &family)
-        : m_text(text), m_family(family), m_forms(hanForms(text)),
-          m_hasMarks(
-              std::any_of(text.begin(), text.end(), [](QChar letter) { return letter.isMark(); }))
+        : m_text(text), m_family(family), m_forms(hanForms(text))
     {}
 
     QList<QTextLayout::FormatRange> formats()
@@ -227,27 +226,27 @@ private:
     }
 
     /// The family for the script that a place belongs to; empty if the text's own does.
-    QString familyNow() const
-    {
-        // Lato has letters for Hebrew, but cannot set the marks on them.
-        const bool isOwnEnough = m_script == QChar::Script_Hebrew && !m_hasMarks;
-        return isOwnEnough ? QString() : scriptFamily(m_script, m_forms);
-    }
+    QString familyNow() const { return scriptFamily(m_script, m_forms); }
 
     /// A sign that is not seen is not looked for in other faces, whose lines may be higher.
     void addInvisible(qsizetype place, int length)
     {
-        QTextCharFormat format;
-        format.setFontStyleStrategy(QFont::NoFontMerging);
-        m_formats.append({int(place), length, format});
+        if (m_invisibleEnd == place) {
+            m_formats.last().length += length;
+        } else {
+            QTextCharFormat format;
+            format.setFontStyleStrategy(QFont::NoFontMerging);
+            m_formats.append({int(place), length, format});
+        }
+        m_invisibleEnd = place + length;
     }
 
     const QString &m_text;
     const QString m_family;
     const HanForms m_forms;
-    const bool m_hasMarks;
     QChar::Script m_script = QChar::Script_Common;
     qsizetype m_start = 0;
+    qsizetype m_invisibleEnd = -1; ///< of the last signs that are not seen
     QList<QTextLayout::FormatRange> m_formats;
 };
 

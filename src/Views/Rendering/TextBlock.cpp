@@ -9,6 +9,7 @@
 #include <QTextLayout>
 
 #include <algorithm>
+#include <cmath>
 
 namespace quenara {
 
@@ -221,16 +222,22 @@ void TextBlock::truncate()
     QTextBoundaryFinder characters(QTextBoundaryFinder::Grapheme,
                                    whole.first(start + last.textLength()));
     characters.toEnd();
-    for (qsizetype at = characters.position();; at = characters.toPreviousBoundary()) {
-        const qsizetype kept = std::max<qsizetype>(start, at);
-        if (kept > start && (whole.at(kept - 1).isSpace() || whole.at(kept - 1) == ellipsis))
-            continue;
+    QList<qsizetype> ends; // where the text may be cut, the last first
+    for (qsizetype at = characters.position(); at > start; at = characters.toPreviousBoundary()) {
+        if (!whole.at(at - 1).isSpace() && whole.at(at - 1) != ellipsis)
+            ends.append(at);
+    }
+    ends.append(start);
+    const auto cutAt = [&](qsizetype kept) {
         setShown(truncated(shown, kept));
         layOut(m_fit);
         const QTextLine end = m_layout->lineAt(std::min(lineCount, m_layout->lineCount()) - 1);
-        if (end.textStart() + end.textLength() == m_layout->text().size() || kept == start)
-            break;
-    }
+        return end.textStart() + end.textLength() == m_layout->text().size();
+    };
+    // Far more than fit may have to go, as signs without a width do.
+    const auto best = std::partition_point(ends.cbegin(), ends.cend() - 1,
+                                           [&](qsizetype kept) { return !cutAt(kept); });
+    cutAt(*best);
 }
 
 bool TextBlock::lacksLetters()

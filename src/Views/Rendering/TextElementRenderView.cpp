@@ -159,10 +159,15 @@ QRectF TextElementRenderView::heldBy(const QRectF &box, TextBlock &block, double
     QRectF letters = block.letterBounds(caches).translated(text.padding, text.padding);
     if (letters.isEmpty())
         return box;
-    letters.adjust(0, -halfPixel, 0, halfPixel); // as far as lines are moved to whole rows
+    letters = {box.left(), box.top() + letters.top() * scale, box.width(),
+               letters.height() * scale};
+    // As far as lines are moved to whole rows.
+    const double moved = halfPixel * scale;
     QRectF result = box;
-    result.setTop(std::min(box.top(), box.top() + letters.top() * scale));
-    result.setBottom(std::max(box.bottom(), box.top() + letters.bottom() * scale));
+    if (letters.top() < box.top())
+        result.setTop(letters.top() - moved);
+    if (letters.bottom() > box.bottom())
+        result.setBottom(letters.bottom() + moved);
     return result;
 }
 
