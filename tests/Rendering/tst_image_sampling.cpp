@@ -373,15 +373,42 @@ private slots:
         QVERIFY(qAlpha(blurred.image.pixel(0, 34)) < 200);
     }
 
-    void anAreaOfMorePixelsThanAnyScreenHasIsFilledByFewer()
+    void anAreaOfTooManyPixelsIsFilledByFewer_data()
     {
+        QTest::addColumn<QSize>("area");
+        QTest::newRow("both ways") << QSize(100'000, 50'000);
+        QTest::newRow("wide") << QSize(100'000'000, 1);
+        QTest::newRow("wide and low") << QSize(134'217'700, 7);
+        QTest::newRow("high") << QSize(3, 2'000'000'000);
+        QTest::newRow("beyond all measure") << QSize(2'147'483'647, 2'147'483'647);
+    }
+
+    void anAreaOfTooManyPixelsIsFilledByFewer()
+    {
+        QFETCH(QSize, area);
         const QImage image = imageOf(64, [](double x, double /*y*/) { return 2 * x; });
-        const QSize area(100'000, 50'000);
         const FilledImage result = filled({image, image.size()}, {.area = area});
-        QVERIFY(qint64(result.image.width()) * result.image.height()
-                <= 1.01 * largestFilledPixelCount);
-        QVERIFY(qint64(result.image.width()) * result.image.height() > largestFilledPixelCount / 2);
+        QVERIFY(!result.image.isNull());
+        QVERIFY(result.image.width() <= 32'767 && result.image.height() <= 32'767);
+        QVERIFY(qint64(result.image.width()) * result.image.height() < 1.01 * (1U << 24U));
         QCOMPARE(result.place.toRect(), QRect(QPoint(), area));
+    }
+
+    void aDrawingOfAnyShapeTakesNoMorePixelsThanAnImageMay_data()
+    {
+        QTest::addColumn<QByteArray>("size");
+        QTest::newRow("wide") << QByteArray("width='100000000' height='1'");
+        QTest::newRow("high") << QByteArray("width='1' height='100000'");
+        QTest::newRow("large") << QByteArray("width='50000' height='50000'");
+    }
+
+    void aDrawingOfAnyShapeTakesNoMorePixelsThanAnImageMay()
+    {
+        QFETCH(QByteArray, size);
+        const DecodedImage decoded = ZelvoImageLoader::image(
+            mediaOf("<svg xmlns='http://www.w3.org/2000/svg' " + size + "/>"), {1920, 1080});
+        QVERIFY(decoded.image.width() <= 32'767 && decoded.image.height() <= 32'767);
+        QVERIFY(decoded.image.sizeInBytes() < 1.01 * 4 * (1U << 24U));
     }
 };
 

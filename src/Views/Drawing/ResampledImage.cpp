@@ -86,7 +86,9 @@ class ResampledRows
 {
 public:
     ResampledRows(const QImage &image, const LineFilter &columns, int kept)
-        : m_image(image), m_columns(columns), m_old(std::size_t(image.width())),
+        : m_image(image), m_columns(columns), m_first(columns.first(0)),
+          m_old(std::size_t(columns.first(columns.size() - 1) + columns.count(columns.size() - 1)
+                            - m_first)),
           m_rows(std::size_t(kept), Row(std::size_t(columns.size())))
     {}
 
@@ -102,7 +104,7 @@ public:
 private:
     void make(int y)
     {
-        const uchar *byte = m_image.constScanLine(y);
+        const uchar *byte = m_image.constScanLine(y) + channels * std::size_t(m_first);
         for (Pixel &pixel : m_old) {
             for (std::size_t i = 0; i < channels; ++i)
                 pixel[i] = byte[i];
@@ -110,7 +112,7 @@ private:
         }
         Row &row = m_rows[std::size_t(y) % m_rows.size()];
         for (int x = 0; x < m_columns.size(); ++x) {
-            const Pixel *old = m_old.data() + m_columns.first(x);
+            const Pixel *old = m_old.data() + (m_columns.first(x) - m_first);
             const float *weights = m_columns.weights(x);
             const int count = m_columns.count(x);
             Pixel sum{};
@@ -124,7 +126,8 @@ private:
 
     const QImage &m_image;
     const LineFilter &m_columns;
-    Row m_old;
+    int m_first; ///< column of the image that is used
+    Row m_old; ///< from there to the last that is used
     std::vector<Row> m_rows;
     int m_next = 0;
 };

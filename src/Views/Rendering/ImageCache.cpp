@@ -45,34 +45,21 @@ FilledImage ImageCache::filling(const SlideMedia &media, const ImageFill &fill)
                                       [&](const Filling &filling) { return filling.fill == fill; });
     if (known)
         return known->filled;
-    const DecodedImage image = decoded(media, modified, fill.area);
+    const auto *decoded = find<DecodedImage>(
+        media, modified, [&](const DecodedImage &image) { return image.isDecodedFor(fill.area); });
+    const DecodedImage image = decoded ? *decoded : ZelvoImageLoader::image(media, fill.area);
     const FilledImage result = filled(image, fill);
-    if (image.image.isNull())
+    if (!decoded && image.image.isNull())
+        add({media.dataUrl, modified, image});
+    if (result.image.isNull())
         return result;
-    // It has served its time, unless the image is wanted at yet another size, for which a drawing
-    // is painted anew.
-    const bool isDrawing = image.largestScale > 0;
-    if (isDrawing || result.image.cacheKey() == image.image.cacheKey()) {
-        remove(m_entries.begin());
-    } else {
-        m_entries.splice(m_entries.end(), m_entries, m_entries.begin());
-    }
     add({media.dataUrl, modified, Filling{fill, result}});
     dropRarestSize(media);
+    // A drawing is painted anew for each size.
+    const bool isDrawing = image.largestScale > 0;
+    if (!decoded && !isDrawing && result.image.cacheKey() != image.image.cacheKey())
+        addLast({media.dataUrl, modified, image});
     return result;
-}
-
-/// Leaves it at the front.
-DecodedImage ImageCache::decoded(const SlideMedia &media, const QDateTime &modified,
-                                 const QSize &needed)
-{
-    const auto *known = find<DecodedImage>(
-        media, modified, [&](const DecodedImage &image) { return image.isDecodedFor(needed); });
-    if (known)
-        return *known;
-    const DecodedImage image = ZelvoImageLoader::image(media, needed);
-    add({media.dataUrl, modified, image});
-    return image;
 }
 
 /// What is held of \a media, is of that kind and is it; null if nothing is. Brings it to the front.
@@ -119,6 +106,15 @@ void ImageCache::add(Entry entry)
     m_places.insert(hash, m_entries.insert(m_entries.begin(), std::move(entry)));
     while (m_byteCount > m_byteLimit && m_entries.size() > 1)
         remove(std::prev(m_entries.end()));
+}
+
+/// If there is room without it.
+void ImageCache::addLast(Entry entry)
+{
+    if (m_byteCount + entry.byteCount() > m_byteLimit)
+        return;
+    add(std::move(entry));
+    m_entries.splice(m_entries.end(), m_entries, m_entries.begin());
 }
 
 void ImageCache::remove(Entries::iterator entry)

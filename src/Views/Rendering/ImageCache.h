@@ -20,9 +20,9 @@ class ImageCache
 public:
     static constexpr qsizetype usualByteLimit = qsizetype(256) * 1024 * 1024;
 
-    /// The sizes of one image that are held: more than there are places that show it, so that those
-    /// go which it only had while it was dragged.
-    static constexpr int mostSizes = 8;
+    /// The sizes of one image that are held: more than there are views, each of which may show it
+    /// twice, so that those go which it only had while it was dragged.
+    static constexpr int mostSizes = 16;
 
     explicit ImageCache(qsizetype byteLimit = usualByteLimit) : m_byteLimit(byteLimit) {}
 
@@ -57,11 +57,11 @@ private:
     /// By the hashes of what they were decoded from.
     using Places = QMultiHash<std::size_t, Entries::iterator>;
 
-    DecodedImage decoded(const SlideMedia &media, const QDateTime &modified, const QSize &needed);
     template<class Held>
     const Held *find(const SlideMedia &media, const QDateTime &modified,
                      const std::function<bool(const Held &)> &isIt);
     void add(Entry entry);
+    void addLast(Entry entry);
     void dropRarestSize(const SlideMedia &media);
     void remove(Entries::iterator entry);
 

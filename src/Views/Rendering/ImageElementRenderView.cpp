@@ -54,8 +54,10 @@ void ImageElementRenderView::paint(QPainter &painter, const QRectF &box, RenderC
     if (isUpright(painter) && reachableArea.contains(pixels)) {
         // Pixel by pixel, from the nearest edge of one to the next.
         useDevicePixels(painter);
-        place = QRect(pixels.topLeft().toPoint(), pixels.bottomRight().toPoint() - QPoint(1, 1));
-        area = place.size().toSize();
+        const QRect nearest(pixels.topLeft().toPoint(),
+                            pixels.bottomRight().toPoint() - QPoint(1, 1));
+        area = nearest.size().expandedTo({1, 1});
+        place = QRect(nearest.topLeft(), area);
     }
     const ImageFill fill{.area = area.expandedTo({1, 1})};
     const FilledImage filled = media ? caches.images.filling(*media, fill) : FilledImage();

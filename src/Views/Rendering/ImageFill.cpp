@@ -26,11 +26,8 @@ FilledImage filled(const DecodedImage &decoded, const ImageFill &fill)
 {
     if (decoded.image.isNull() || fill.area.isEmpty())
         return {};
-    const QSizeF asked(fill.area);
-    const double left =
-        std::min(1.0, std::sqrt(double(largestFilledPixelCount) / asked.width() / asked.height()));
-    const QSizeF area(std::max(1.0, std::round(asked.width() * left)),
-                      std::max(1.0, std::round(asked.height() * left)));
+    const double left = filledScale(fill.area);
+    const QSizeF area(atLeastAPixel(QSizeF(fill.area) * left));
     const QSizeF size(decoded.image.size());
     const QSizeF whole = QSizeF(decoded.fullSize).scaled(area, Qt::KeepAspectRatioByExpanding);
     QPointF corner((area.width() - whole.width()) / 2, (area.height() - whole.height()) / 2);
@@ -48,15 +45,16 @@ FilledImage filled(const DecodedImage &decoded, const ImageFill &fill)
     const double down = size.height() / whole.height();
     const QRectF part((wanted.left() - corner.x()) * across, (wanted.top() - corner.y()) * down,
                       wanted.width() * across, wanted.height() * down);
-    const double enlarged = 1 / left;
+    const double wider = fill.area.width() / area.width();
+    const double higher = fill.area.height() / area.height();
     QImage image = resampled(decoded.image, part, wanted.size());
     if (sigma > 0) {
         image.convertTo(QImage::Format_ARGB32_Premultiplied);
         image = gaussianBlurred(image, sigma);
     }
     return {image,
-            {wanted.left() * enlarged, wanted.top() * enlarged, wanted.width() * enlarged,
-             wanted.height() * enlarged}};
+            {wanted.left() * wider, wanted.top() * higher, wanted.width() * wider,
+             wanted.height() * higher}};
 }
 
 } // namespace quenara

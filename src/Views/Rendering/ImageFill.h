@@ -31,7 +31,7 @@ struct FilledImage
 };
 
 /// \a decoded as \a fill wants it, pixel by pixel, with what its blur needs around the area. One of
-/// more than largestFilledPixelCount pixels has fewer, to be enlarged.
+/// more pixels than filledScale() allows has fewer, to be enlarged.
 [[nodiscard]] FilledImage filled(const DecodedImage &decoded, const ImageFill &fill);
 
 } // namespace quenara

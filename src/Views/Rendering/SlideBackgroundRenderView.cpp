@@ -17,7 +17,7 @@ constexpr double radialEndRadius = 760; // canvas units
 constexpr double captionSize = 28; // canvas units
 constexpr float captionOpacity = 0.38F;
 
-constexpr double widestSigma = 1000; // pixels; nothing is left of an image that is blurred by more
+constexpr double widestSigma = 100; // pixels; nothing is left of an image that is blurred by more
 
 } // namespace
 

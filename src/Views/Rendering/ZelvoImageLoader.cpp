@@ -91,22 +91,15 @@ DecodedImage reducedAfterwards(const QImage &image, const QSize &needed)
     return {paintable(result), image.size(), reduction};
 }
 
-/// The scale at which a drawing of \a fullSize pixels covers \a needed, but not a larger one than
-/// \a largest, nor such that it has too many pixels.
-double drawnScale(const QSize &fullSize, const QSize &needed, double largest)
-{
-    const QSizeF size(fullSize);
-    const double most = std::sqrt(double(largestFilledPixelCount) / size.width() / size.height());
-    const double covering =
-        std::max(needed.width() / size.width(), needed.height() / size.height());
-    return std::min({covering, largest, most});
-}
-
+/// The size of a drawing of \a fullSize pixels that covers \a needed, but no more than \a largest
+/// times its own nor too many pixels.
 QSize drawnSize(const QSize &fullSize, const QSize &needed, double largest)
 {
-    const QSizeF drawn = QSizeF(fullSize) * drawnScale(fullSize, needed, largest);
-    return {std::max(1, int(std::round(drawn.width()))),
-            std::max(1, int(std::round(drawn.height())))};
+    const QSizeF size(fullSize);
+    const double covering =
+        std::max(needed.width() / size.width(), needed.height() / size.height());
+    const QSizeF drawn = size * std::min(covering, largest);
+    return atLeastAPixel(drawn * filledScale(drawn));
 }
 
 /// \a effort is what it takes to paint the drawing at its own size.
@@ -172,6 +165,20 @@ std::optional<QByteArray> bytesOf(const SlideMedia &media)
 }
 
 } // namespace
+
+double filledScale(const QSizeF &size)
+{
+    constexpr double mostPixels = 1U << 24U;
+    constexpr double longestSide = 32'767;
+    return std::min({1.0, std::sqrt(mostPixels / size.width() / size.height()),
+                     longestSide / std::max(size.width(), size.height())});
+}
+
+QSize atLeastAPixel(const QSizeF &size)
+{
+    return {std::max(1, int(std::round(size.width()))),
+            std::max(1, int(std::round(size.height())))};
+}
 
 bool DecodedImage::isDecodedFor(const QSize &needed) const
 {

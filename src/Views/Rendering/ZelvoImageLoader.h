@@ -7,8 +7,12 @@
 
 namespace quenara {
 
-/// No image is held with more pixels: those of the largest screen there is, of 7680 by 4320.
-inline constexpr qint64 largestFilledPixelCount = qint64(1) << 25U;
+/// By how much \a size must be multiplied, at most by one, to be that of an image as it is held to
+/// be painted: of no more than 16.7 million pixels, and no side beyond what painters can address.
+[[nodiscard]] double filledScale(const QSizeF &size);
+
+/// \a size in whole pixels, at least one each way.
+[[nodiscard]] QSize atLeastAPixel(const QSizeF &size);
 
 /// An image as it was decoded: at its full size or smaller, or, if it is a drawing, at any size.
 struct DecodedImage
