@@ -102,15 +102,13 @@ class SmallScreens(TwoScreenCase):
         program = self.start_again()
         program.resize(OPERATOR, 1300, 840)
         program.move(OPERATOR, SCREEN_WIDTH + 80, 90)
-        self.server.run("wmctrl", "-i", "-r", program.wait_for_window(OPERATOR), "-b",
-                        "add,maximized_vert,maximized_horz")
+        self.change_maximized("add")
         wait_until(lambda: program.area(OPERATOR)[0] > 1800, "the window to be maximized")
         before = self.settled_area()
         self.quit()
         program = self.start_again()
         self.assertEqual(self.settled_area(), before)
-        self.server.run("wmctrl", "-i", "-r", program.wait_for_window(OPERATOR), "-b",
-                        "remove,maximized_vert,maximized_horz")
+        self.change_maximized("remove")
         wait_until(lambda: program.area(OPERATOR)[:2] == (1300, 840), "its own size to come back")
         self.quit()
 
@@ -231,6 +229,8 @@ class SmallScreens(TwoScreenCase):
                 self.quit()
 
     def change_maximized(self, change):
+        # It remembers the place that it has been told of by then.
+        self.program.wait_until_at_rest()
         self.server.run("wmctrl", "-i", "-r", self.program.wait_for_window(OPERATOR), "-b",
                         f"{change},maximized_vert,maximized_horz")
         self.settled_area()
