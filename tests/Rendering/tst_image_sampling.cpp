@@ -1,6 +1,7 @@
 #include "GuiTestSupport.h"
 #include "ImageFill.h"
 #include "Images.h"
+#include "RenderCaches.h"
 
 #include <QtMath>
 
@@ -371,6 +372,52 @@ private slots:
             QVERIFY(std::abs(qGreen(pixel) - qGreen(sharp.image.pixel(50, y))) <= 1);
         }
         QVERIFY(qAlpha(blurred.image.pixel(0, 34)) < 200);
+    }
+
+    void aPartOfAnAreaIsFilledAsInTheWhole()
+    {
+        const QImage image = imageOf(
+            300, [](double x, double y) { return zonePlate(distanceFromMiddle(300, x, y), 900); });
+        const QSize area(700, 500);
+        const QImage whole = filled({image, image.size()}, {.area = area}).image;
+        for (const QRect part :
+             {QRect(0, 0, 50, 60), QRect(333, 217, 100, 1), QRect(690, 490, 10, 10)}) {
+            const FilledImage result = filled({image, image.size()}, {.area = area, .part = part});
+            QCOMPARE(result.place, QRectF(part));
+            QVERIFY(largestDifference(result.image, whole.copy(part)) <= 1);
+        }
+    }
+
+    void aDrawingThatDoesNotFillItsAreaExactlyIsStillCopied()
+    {
+        for (const QSize &area : {QSize(1001, 600), QSize(1000, 601), QSize(997, 333)}) {
+            const DecodedImage decoded = ZelvoImageLoader::image(
+                mediaOf("<svg xmlns='http://www.w3.org/2000/svg' width='100' height='60'>"
+                        "<path d='M0 0L100 60' stroke='red'/></svg>"),
+                area);
+            const QSize rest = decoded.image.size() - area;
+            const QPoint corner(qRound(rest.width() / 2.0), qRound(rest.height() / 2.0));
+            QCOMPARE(filled(decoded, {.area = area}).image,
+                     decoded.image.copy(QRect(corner, area)));
+        }
+    }
+
+    void ofALayerLargerThanItsSlideOnlyWhatIsSeenIsResampled()
+    {
+        const QImage image = imageOf(300, [](double x, double y) { return (x + y) / 3; });
+        SlideElement layer = rectangleLayer(QStringLiteral("image"), {}, {}, 1);
+        layer.kind = SlideElementKind::image;
+        layer.image = mediaOf(encoded(image, "PNG"));
+        SlideDesign design = designOver(solidBackground({0, 0, 0, 1}));
+        for (const CanvasFrame &frame :
+             {CanvasFrame{-3000, -2000, 9000, 6000}, CanvasFrame{-1e8, -1e8, 2.2e8, 2.2e8},
+              CanvasFrame{-1e300, 500, 1e300, 10}, CanvasFrame{5000, 5000, 1e9, 1e9}}) {
+            layer.frame = frame;
+            design.elements = {layer};
+            RenderCaches caches;
+            rendered({.slide = slideWith(design)}, {480, 270}, 1, caches);
+            QVERIFY(caches.images.byteCount() < 2 * 4 * (300 * 300 + 480 * 270));
+        }
     }
 
     void anAreaOfTooManyPixelsIsFilledByFewer_data()

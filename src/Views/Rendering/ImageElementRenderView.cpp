@@ -22,6 +22,16 @@ bool isUpright(const QPainter &painter)
     return toDevice.type() <= QTransform::TxScale && toDevice.m11() > 0 && toDevice.m22() > 0;
 }
 
+/// Where pixels are counted by whole numbers.
+constexpr QRectF numberedPixels{-1e9, -1e9, 2e9, 2e9};
+
+/// From the nearest edge of a pixel to the next, at least one each way.
+QRect nearestPixels(const QRectF &rect)
+{
+    const QRect nearest(rect.topLeft().toPoint(), rect.bottomRight().toPoint() - QPoint(1, 1));
+    return {nearest.topLeft(), nearest.size().expandedTo({1, 1})};
+}
+
 void paintPlaceholder(QPainter &painter, const QRectF &box)
 {
     // Qt makes every dash, even those out of sight.
@@ -45,27 +55,25 @@ void paintPlaceholder(QPainter &painter, const QRectF &box)
 
 void ImageElementRenderView::paint(QPainter &painter, const QRectF &box, RenderCaches &caches) const
 {
-    if (box.isEmpty())
+    const QRectF exact = painter.deviceTransform().mapRect(box);
+    const bool isPixelByPixel = isUpright(painter) && numberedPixels.contains(exact);
+    const QRect nearest = isPixelByPixel ? nearestPixels(exact) : QRect();
+    const QRect seen = slide.isNull() ? nearest : nearest & touchedPixels(painter, slide).toRect();
+    if (box.isEmpty() || (isPixelByPixel && seen.isEmpty()))
         return;
-    painter.save();
-    QRectF place = box;
-    QSize area = wholePixels(box.size() * deviceScale(painter));
-    const QRectF pixels = painter.deviceTransform().mapRect(box);
-    if (isUpright(painter) && reachableArea.contains(pixels)) {
-        // Pixel by pixel, from the nearest edge of one to the next.
-        useDevicePixels(painter);
-        const QRect nearest(pixels.topLeft().toPoint(),
-                            pixels.bottomRight().toPoint() - QPoint(1, 1));
-        area = nearest.size().expandedTo({1, 1});
-        place = QRect(nearest.topLeft(), area);
+    ImageFill fill{.area = wholePixels(box.size() * deviceScale(painter)).expandedTo({1, 1})};
+    if (isPixelByPixel) {
+        fill = {.area = nearest.size(),
+                .part = seen == nearest ? QRect() : seen.translated(-nearest.topLeft())};
     }
-    const ImageFill fill{.area = area.expandedTo({1, 1})};
     const FilledImage filled = media ? caches.images.filling(*media, fill) : FilledImage();
-    if (!filled.image.isNull())
-        painter.drawImage(place, filled.image);
-    painter.restore();
     if (filled.image.isNull())
-        paintPlaceholder(painter, box);
+        return paintPlaceholder(painter, box);
+    painter.save();
+    if (isPixelByPixel)
+        useDevicePixels(painter);
+    painter.drawImage(filled.placeIn(isPixelByPixel ? QRectF(nearest) : box, fill), filled.image);
+    painter.restore();
 }
 
 } // namespace quenara

@@ -15,6 +15,8 @@ struct RenderCaches;
 struct ImageElementRenderView
 {
     SharedOptional<SlideMedia> media;
+    QRectF slide =
+        {}; ///< beyond which nothing is seen of a layer that stands upright; all is if null
 
     void paint(QPainter &painter, const QRectF &box, RenderCaches &caches) const;
 };

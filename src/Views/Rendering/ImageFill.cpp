@@ -3,7 +3,6 @@
 #include "GaussianBlur.h"
 #include "ResampledImage.h"
 
-#include <algorithm>
 #include <cmath>
 
 namespace quenara {
@@ -26,35 +25,34 @@ FilledImage filled(const DecodedImage &decoded, const ImageFill &fill)
 {
     if (decoded.image.isNull() || fill.area.isEmpty())
         return {};
-    const double left = filledScale(fill.area);
-    const QSizeF area(atLeastAPixel(QSizeF(fill.area) * left));
     const QSizeF size(decoded.image.size());
-    const QSizeF whole = QSizeF(decoded.fullSize).scaled(area, Qt::KeepAspectRatioByExpanding);
-    QPointF corner((area.width() - whole.width()) / 2, (area.height() - whole.height()) / 2);
+    QSizeF whole = QSizeF(decoded.fullSize).scaled(fill.area, Qt::KeepAspectRatioByExpanding);
     // What needs no resampling is moved by whole pixels, and stays as sharp as it is.
-    if (whole.toSize() == decoded.image.size())
+    const bool isCopied = whole.toSize() == decoded.image.size();
+    if (isCopied)
+        whole = size;
+    QPointF corner((fill.area.width() - whole.width()) / 2,
+                   (fill.area.height() - whole.height()) / 2);
+    if (isCopied)
         corner = QPointF(corner.toPoint());
-    const double sigma = fill.blur * left;
-    const double margin = std::ceil(blurReach * sigma);
-    const QRect wanted = QRectF(QPointF(), area)
+    const QRect part = fill.part.isNull() ? QRect(QPoint(), fill.area) : fill.part;
+    const double margin = std::ceil(blurReach * fill.blur);
+    const QRect wanted = QRectF(part)
                              .adjusted(-margin, -margin, margin, margin)
                              .intersected(QRectF(corner, whole))
                              .toAlignedRect()
-        | QRectF(QPointF(), area).toRect();
+        | part;
     const double across = size.width() / whole.width();
     const double down = size.height() / whole.height();
-    const QRectF part((wanted.left() - corner.x()) * across, (wanted.top() - corner.y()) * down,
-                      wanted.width() * across, wanted.height() * down);
-    const double wider = fill.area.width() / area.width();
-    const double higher = fill.area.height() / area.height();
-    QImage image = resampled(decoded.image, part, wanted.size());
-    if (sigma > 0) {
+    const QRectF source((wanted.left() - corner.x()) * across, (wanted.top() - corner.y()) * down,
+                        wanted.width() * across, wanted.height() * down);
+    const double left = filledScale(wanted.size());
+    QImage image = resampled(decoded.image, source, atLeastAPixel(QSizeF(wanted.size()) * left));
+    if (fill.blur > 0) {
         image.convertTo(QImage::Format_ARGB32_Premultiplied);
-        image = gaussianBlurred(image, sigma);
+        image = gaussianBlurred(image, fill.blur * left);
     }
-    return {image,
-            {wanted.left() * wider, wanted.top() * higher, wanted.width() * wider,
-             wanted.height() * higher}};
+    return {image, wanted};
 }
 
 } // namespace quenara

@@ -3,6 +3,7 @@
 #include "ZelvoImageLoader.h"
 
 #include <QImage>
+#include <QRect>
 #include <QRectF>
 #include <QSize>
 
@@ -13,6 +14,7 @@ namespace quenara {
 struct ImageFill
 {
     QSize area; ///< pixels
+    QRect part = {}; ///< of the area that is wanted, all of it if null
     /// The standard deviation in pixels of a blur, which brings in what the image has beyond the
     /// area. Where it has nothing, it fades.
     double blur = 0;

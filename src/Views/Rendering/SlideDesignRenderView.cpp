@@ -130,7 +130,7 @@ void SlideDesignRenderView::paintLayers(QPainter &painter, const QList<SlideElem
         painter.translate(elementBox.center());
         painter.rotate(std::fmod(layer.rotation, 360)); // a whole turn of any number is none
         painter.translate(-elementBox.center());
-        paintContent(painter, {element, scale}, elementBox, caches);
+        paintContent(painter, {element, scale, whole()}, elementBox, caches);
         painter.restore();
         // The outline follows the slide's edges. What surrounds the layer is the editor's to draw.
         if (selectedElementID == element.id) {

@@ -40,7 +40,7 @@ void SlideElementRenderView::paint(QPainter &painter, const QRectF &box, RenderC
             TextElementRenderView{*element.text, scale}.paint(painter, box, caches);
         break;
     case SlideElementKind::image:
-        ImageElementRenderView{element.image}.paint(painter, box, caches);
+        ImageElementRenderView{element.image, slide}.paint(painter, box, caches);
         break;
     case SlideElementKind::shape:
         ShapeElementRenderView{element.shape}.paint(painter, box);

@@ -14,6 +14,7 @@ struct SlideElementRenderView
 {
     SlideElement element;
     double scale; ///< points of the target for one canvas unit
+    QRectF slide = {}; ///< beyond which nothing is seen, in points of the target; all is if null
 
     void paint(QPainter &painter, const QRectF &box, RenderCaches &caches) const;
 
