@@ -51,11 +51,15 @@ std::optional<Slide> WorkspaceStore::nextSlide() const
     return next ? std::optional(slideAt(m_state.project, *next)) : std::nullopt;
 }
 
-std::optional<Slide> WorkspaceStore::previousSlide() const
+QList<Slide> WorkspaceStore::slidesAhead() const
 {
-    const auto live = positionOf(m_state.liveSlideID);
-    const auto previous = live ? positionAt(m_state.project, live->absolute - 1) : std::nullopt;
-    return previous ? std::optional(slideAt(m_state.project, *previous)) : std::nullopt;
+    QList<Slide> slides;
+    for (const WorkspaceState &next :
+         {edits::stepLive(m_state, 1), edits::goLive(m_state), edits::stepLive(m_state, -1)}) {
+        if (const std::optional<Slide> slide = slideWithID(next.liveSlideID))
+            slides.append(*slide);
+    }
+    return slides;
 }
 
 std::optional<Slide> WorkspaceStore::slideWithID(const std::optional<QString> &id) const

@@ -73,8 +73,8 @@ public:
     [[nodiscard]] std::optional<SlideElement> selectedElement() const;
     /// The slide after the live one, none after the last; the first slide when none is live.
     [[nodiscard]] std::optional<Slide> nextSlide() const;
-    /// The slide before the live one, none before the first or when none is live.
-    [[nodiscard]] std::optional<Slide> previousSlide() const;
+    /// What nextLive(), goLive() and previousLive() would send, in that order.
+    [[nodiscard]] QList<Slide> slidesAhead() const;
     [[nodiscard]] std::optional<Slide> slideWithID(const std::optional<QString> &id) const;
     [[nodiscard]] std::optional<SlidePosition> positionOf(
         const std::optional<QString> &slideID) const;

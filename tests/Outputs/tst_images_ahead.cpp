@@ -52,12 +52,18 @@ struct Display
         view.show();
     }
 
-    /// What is held for images once nothing is left to do.
-    qsizetype heldAtRest()
+    /// Until nothing is left to do.
+    static void rest()
     {
         constexpr int more = 50; // passes than there are images
         for (int pass = 0; pass < more; ++pass)
             QCoreApplication::processEvents();
+    }
+
+    /// What is held for images then.
+    qsizetype heldAtRest()
+    {
+        rest();
         return held();
     }
 
@@ -128,13 +134,56 @@ private slots:
         QCOMPARE(passesThatDecoded, 2);
     }
 
+    void imagesThatOthersHaveTakenTheRoomOfAreMadeReadyAgain()
+    {
+        Display display(photographs(4));
+        display.heldAtRest();
+        for (int hue = 200; hue < 330; ++hue)
+            display.caches.images.filling(photograph(hue), {.area = screen * 2});
+        display.world.store.queueSlide(slideID(display, 2));
+        display.heldAtRest();
+        const auto isHeld = [&](int index) {
+            const SlideMedia &media = *display.world.store.project()
+                                           .serviceItems.first()
+                                           .slides.at(index)
+                                           .design.background.image;
+            const qsizetype before = display.caches.images.byteCount();
+            display.caches.images.filling(media, {.area = screen});
+            return display.caches.images.byteCount() == before;
+        };
+        QVERIFY(isHeld(1));
+        QVERIFY(isHeld(2));
+        QVERIFY(!isHeld(3));
+    }
+
+    void aLayerThatIsDraggedIsMadeReadyOnceItIsLetGo()
+    {
+        Display display(photographs(4));
+        WorkspaceStore &store = display.world.store;
+        store.selectSlide(slideID(display, 2), true);
+        store.selectElement(QStringLiteral("image"));
+        const qsizetype before = display.heldAtRest();
+        const GestureID drag = store.beginGesture();
+        for (int width = 600; width < 640; ++width) {
+            store.updateSelectedElement(
+                [width](SlideElement &layer) { layer.frame.width = width; });
+            QCOMPARE(display.heldAtRest(), before);
+        }
+        store.endGesture(drag);
+        const qsizetype atRest = display.heldAtRest();
+        QVERIFY(atRest > before);
+        store.goLive();
+        QCOMPARE(display.held(), atRest);
+    }
+
     void aDisplayThatIsNotShownPreparesNothing()
     {
         Display display(photographs(4));
-        display.view.hide();
         const qsizetype atRest = display.heldAtRest();
+        display.view.hide();
         display.world.store.nextLive();
-        QCOMPARE(display.heldAtRest(), atRest);
+        Display::rest();
+        QCOMPARE(display.caches.images.byteCount(), atRest);
     }
 
     void anImageIsReadyAtTheSizeThatTheDisplayHasByThen()

@@ -243,16 +243,35 @@ private slots:
         QCOMPARE(show.store.nextSlide()->id, u"A1"_s);
     }
 
-    void thePreviousSlidePrecedesTheLiveOne()
+    void theSlidesAheadAreThoseThatTheNextCommandSends_data()
     {
-        Show show;
-        QVERIFY(!show.store.previousSlide());
-        goTo(show.store, u"D1"_s);
-        QCOMPARE(show.store.previousSlide()->id, u"B1"_s);
-        goTo(show.store, u"B1"_s);
-        QCOMPARE(show.store.previousSlide()->id, u"A2"_s);
-        goTo(show.store, u"nowhere"_s);
-        QVERIFY(!show.store.previousSlide());
+        QTest::addColumn<QString>("live");
+        QTest::addColumn<QString>("queued");
+        QTest::newRow("in the midst of the show") << u"B1"_s << u"D2"_s;
+        QTest::newRow("the first slide live") << u"A1"_s << u"B1"_s;
+        QTest::newRow("the last slide live, after which the first one comes") << u"D2"_s << u"D2"_s;
+        QTest::newRow("no slide live") << u"nowhere"_s << u"D1"_s;
+    }
+
+    void theSlidesAheadAreThoseThatTheNextCommandSends()
+    {
+        QFETCH(QString, live);
+        QFETCH(QString, queued);
+        for (const auto send :
+             {&WorkspaceStore::nextLive, &WorkspaceStore::goLive, &WorkspaceStore::previousLive}) {
+            Show show;
+            goTo(show.store, live);
+            show.store.queueSlide(queued);
+            const QList<Slide> ahead = show.store.slidesAhead();
+            (show.store.*send)();
+            QVERIFY(ahead.contains(*show.store.slideWithID(show.store.liveSlideID())));
+        }
+    }
+
+    void nothingIsAheadInAnEmptyShow()
+    {
+        World world(showOf({}));
+        QVERIFY(world.store.slidesAhead().isEmpty());
     }
 
     void slidesAreFoundWhereverAnEditHasMovedThem()

@@ -20,6 +20,7 @@ DisplayOutputView::DisplayOutputView(const WorkspaceStore &store, RenderCaches &
     connect(&store, &WorkspaceStore::outputModeChanged, this, &DisplayOutputView::showNow);
     connect(&store, &WorkspaceStore::projectChanged, this, &DisplayOutputView::showSoon);
     connect(&store, &WorkspaceStore::changed, this, &DisplayOutputView::lookAhead);
+    connect(&store, &WorkspaceStore::gestureEnded, this, &DisplayOutputView::lookAhead);
 }
 
 DisplayOutputView::Content DisplayOutputView::storeContent() const
@@ -54,21 +55,12 @@ void DisplayOutputView::showSoon()
         update();
 }
 
-/// What is likely to be sent next has its images ready: the slide after the live one, the queued
-/// one and the one before.
+/// Whatever is sent next by a step or by Go Live, its images are there. A layer that is dragged is
+/// waited for: it has another size with each move.
 void DisplayOutputView::lookAhead()
 {
-    QList<Slide> slides;
-    if (!isVisible())
-        return m_ahead.prepare(slides, size(), devicePixelRatioF());
-    const auto add = [&](const std::optional<Slide> &slide) {
-        if (slide)
-            slides.append(*slide);
-    };
-    add(m_store.nextSlide());
-    add(m_store.slideWithID(m_store.queuedSlideID()));
-    add(m_store.previousSlide());
-    m_ahead.prepare(slides, size(), devicePixelRatioF());
+    const bool mayLook = isVisible() && !m_store.hasOpenGesture();
+    m_ahead.prepare(mayLook ? m_store.slidesAhead() : QList<Slide>(), size(), devicePixelRatioF());
 }
 
 void DisplayOutputView::resizeEvent(QResizeEvent *event)
@@ -80,6 +72,12 @@ void DisplayOutputView::resizeEvent(QResizeEvent *event)
 void DisplayOutputView::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);
+    lookAhead();
+}
+
+void DisplayOutputView::hideEvent(QHideEvent *event)
+{
+    QWidget::hideEvent(event);
     lookAhead();
 }
 
