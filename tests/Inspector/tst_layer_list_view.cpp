@@ -60,6 +60,16 @@ struct LayerList : InspectorWorld
         return found;
     }
 
+    /// What the operator is told of texts, empty if nothing.
+    QString notice() const
+    {
+        for (const auto *symbol : view.findChildren<SymbolLabel *>()) {
+            if (symbol->isVisible())
+                return symbol->toolTip();
+        }
+        return {};
+    }
+
     QStringList ids() const
     {
         QStringList ids;
@@ -141,13 +151,7 @@ private slots:
     void textsThatAreCutAreWarnedOf()
     {
         LayerList list(showOf({2}));
-        const auto notice = [&list] {
-            for (const auto *symbol : list.view.findChildren<SymbolLabel *>()) {
-                if (symbol->isVisible())
-                    return symbol->toolTip();
-            }
-            return QString();
-        };
+        const auto notice = [&list] { return list.notice(); };
         const auto setWords = [&list](int count) {
             list.store.updateSelectedElement([count](SlideElement &layer) {
                 layer.name = u"Verse"_s;
@@ -169,6 +173,38 @@ private slots:
         QVERIFY(!notice().isEmpty());
         list.store.queueNext();
         QCOMPARE(notice(), QString());
+    }
+
+    void linesOfALowerThirdThatAreCutAreWarnedOf_data()
+    {
+        QTest::addColumn<QString>("title");
+        QTest::addColumn<QString>("subtitle");
+        QTest::addColumn<QString>("notice");
+        const QString cut = u"The text of \u201cSpeaker\u201d does not fit and is cut."_s;
+        const QString lacking =
+            u"No font on this computer has all letters of \u201cSpeaker\u201d."_s;
+        QTest::newRow("both fit") << u"Ruth"_s << u"Elder"_s << QString();
+        QTest::newRow("the title is too wide") << u"Ruth "_s.repeated(30) << u"Elder"_s << cut;
+        QTest::newRow("the subtitle is too wide") << u"Ruth"_s << u"Elder "_s.repeated(30) << cut;
+        QTest::newRow("what fits of breaks and blanks")
+            << u"Ruth"_s + QString(200, u'\n') + u"Weaver"_s << QString() << QString();
+        QTest::newRow("a letter is missing") << u"Ruth"_s << u"\U0010fffd"_s << lacking;
+    }
+
+    void linesOfALowerThirdThatAreCutAreWarnedOf()
+    {
+        QFETCH(QString, title);
+        QFETCH(QString, subtitle);
+        ZelvoProject project = showOf({1});
+        SlideElement layer = rectangleLayer(u"speaker"_s, {100, 800, 700, 200}, {}, 1);
+        layer.name = u"Speaker"_s;
+        layer.kind = SlideElementKind::lowerThird;
+        layer.lowerThird = LowerThirdProperties();
+        layer.lowerThird->title = title;
+        layer.lowerThird->subtitle = subtitle;
+        project.serviceItems.first().slides.first().design.elements = {layer};
+        const LayerList list(project);
+        QTEST(list.notice(), "notice");
     }
 
     void layersAreListedFromTheTopmostDown()

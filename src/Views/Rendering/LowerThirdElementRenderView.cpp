@@ -13,6 +13,7 @@ namespace {
 constexpr double inset = 28;
 constexpr double barWidth = 8;
 constexpr double barGap = 18;
+constexpr double textLeft = inset + barWidth + barGap;
 constexpr double lineGap = 6;
 constexpr double titleSize = 42;
 constexpr double subtitleSize = 26;
@@ -30,18 +31,26 @@ TextElementProperties lineOf(const QString &text, double size, TextFontWeight we
     return line;
 }
 
-/// Draws one line of text in the painter's pen, truncated to fit.
-void drawLine(QPainter &painter, const TextElementProperties &text, const QRectF &line,
-              RenderCaches &caches)
-{
-    painter.save();
-    painter.translate(line.topLeft());
-    caches.textBlocks.block(text, line.size(), {.smallestFit = 1, .lineMaximum = 1})
-        ->draw(painter, caches);
-    painter.restore();
-}
-
 } // namespace
+
+std::array<LowerThirdElementRenderView::Line, 2> LowerThirdElementRenderView::lines(
+    const QSizeF &size, RenderCaches &caches) const
+{
+    const TextElementProperties title = lineOf(lowerThird->title, titleSize, TextFontWeight::bold);
+    const TextElementProperties subtitle =
+        lineOf(lowerThird->subtitle, subtitleSize, TextFontWeight::medium);
+    // One that is empty leaves its room to the other.
+    const double titleHeight = title.text.isEmpty() ? 0 : titleSize * lineHeight;
+    const double subtitleHeight = subtitle.text.isEmpty() ? 0 : subtitleSize * lineHeight;
+    const double gap = titleHeight > 0 && subtitleHeight > 0 ? lineGap : 0;
+    const double top = (size.height() - titleHeight - gap - subtitleHeight) / 2;
+    const double width = size.width() - inset - textLeft;
+    const auto truncated = [&](const TextElementProperties &text, double height) {
+        return caches.textBlocks.block(text, {width, height}, {.smallestFit = 1, .lineMaximum = 1});
+    };
+    return {{{{textLeft, top}, truncated(title, titleHeight)},
+             {{textLeft, top + titleHeight + gap}, truncated(subtitle, subtitleHeight)}}};
+}
 
 void LowerThirdElementRenderView::paint(QPainter &painter, const QRectF &box,
                                         RenderCaches &caches) const
@@ -54,24 +63,18 @@ void LowerThirdElementRenderView::paint(QPainter &painter, const QRectF &box,
     painter.setClipRect(box, Qt::IntersectClip);
     painter.translate(box.topLeft());
     painter.scale(scale, scale);
-    const double height = box.height() / scale;
-    const double textLeft = inset + barWidth + barGap;
-    const double textWidth = box.width() / scale - inset - textLeft;
-    painter.fillRect(QRectF(inset, 0, barWidth, height), lowerThird->accent.toColor());
-
-    const TextElementProperties title = lineOf(lowerThird->title, titleSize, TextFontWeight::bold);
-    const TextElementProperties subtitle =
-        lineOf(lowerThird->subtitle, subtitleSize, TextFontWeight::medium);
-    // One that is empty leaves its room to the other.
-    const double titleHeight = title.text.isEmpty() ? 0 : titleSize * lineHeight;
-    const double subtitleHeight = subtitle.text.isEmpty() ? 0 : subtitleSize * lineHeight;
-    const double gap = titleHeight > 0 && subtitleHeight > 0 ? lineGap : 0;
-    const double top = (height - titleHeight - gap - subtitleHeight) / 2;
-    painter.setPen(Qt::white);
-    drawLine(painter, title, {textLeft, top, textWidth, titleHeight}, caches);
-    painter.setPen(QColor::fromRgbF(1, 1, 1, subtitleOpacity));
-    drawLine(painter, subtitle, {textLeft, top + titleHeight + gap, textWidth, subtitleHeight},
-             caches);
+    const QSizeF size = box.size() / scale;
+    painter.fillRect(QRectF(inset, 0, barWidth, size.height()), lowerThird->accent.toColor());
+    const auto draw = [&](const Line &line, const QColor &color) {
+        painter.save();
+        painter.translate(line.position);
+        painter.setPen(color);
+        line.block->draw(painter, caches);
+        painter.restore();
+    };
+    const auto [title, subtitle] = lines(size, caches);
+    draw(title, Qt::white);
+    draw(subtitle, QColor::fromRgbF(1, 1, 1, subtitleOpacity));
     painter.restore();
 }
 

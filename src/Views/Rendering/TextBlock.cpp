@@ -242,11 +242,14 @@ void TextBlock::truncate()
 
 bool TextBlock::lacksLetters()
 {
+    if (m_lacksLetters)
+        return *m_lacksLetters;
     gatherGlyphs();
     const auto hasBox = [](const QGlyphRun &run) { return run.glyphIndexes().contains(0); };
-    return std::any_of(m_letters.begin(), m_letters.end(),
-                       [&](const LineLetters &letters) { return hasBox(letters.run); })
+    m_lacksLetters = std::any_of(m_letters.begin(), m_letters.end(),
+                                 [&](const LineLetters &letters) { return hasBox(letters.run); })
         || std::any_of(m_emoji.begin(), m_emoji.end(), hasBox);
+    return *m_lacksLetters;
 }
 
 QStringList TextBlock::lines() const

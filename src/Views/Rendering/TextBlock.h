@@ -135,6 +135,7 @@ private:
     std::optional<QTextBoundaryFinder> m_breaks; ///< where lines may end, once that is asked for
     QRectF m_bounds;
     bool m_areGathered = false;
+    std::optional<bool> m_lacksLetters; ///< once that is asked for
     QList<LineLetters> m_letters;
     QList<QGlyphRun> m_emoji; ///< in a face that has bitmaps instead of outlines
     QList<GlyphOutline> m_outlines; ///< of the letters; empty until they are needed

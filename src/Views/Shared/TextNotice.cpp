@@ -1,7 +1,6 @@
 #include "TextNotice.h"
 
-#include "DevicePixels.h"
-#include "Fonts.h"
+#include "LowerThirdElementRenderView.h"
 #include "RenderCaches.h"
 #include "ShortenedText.h"
 #include "SlideDesignModels.h"
@@ -16,53 +15,63 @@ namespace quenara {
 
 namespace {
 
-/// Null for a layer that shows no text.
-std::shared_ptr<TextBlock> shownText(const SlideElement &layer, RenderCaches &caches)
+/// The texts that \a layer shows.
+QList<std::shared_ptr<TextBlock>> shownTexts(const SlideElement &layer, RenderCaches &caches)
 {
-    if (layer.visible && layer.kind == SlideElementKind::lowerThird && layer.lowerThird) {
-        TextElementProperties words;
-        words.text = layer.lowerThird->title + QLatin1Char('\n') + layer.lowerThird->subtitle;
-        words.fontFamily = systemFontFamily();
-        words.fontSize = 1;
-        return caches.textBlocks.block(words, reachableArea.size());
+    const QSizeF size(layer.frame.width, layer.frame.height);
+    if (!layer.visible)
+        return {};
+    if (layer.kind == SlideElementKind::lowerThird && layer.lowerThird) {
+        const auto [title, subtitle] =
+            LowerThirdElementRenderView{layer.lowerThird, 1}.lines(size, caches);
+        return {title.block, subtitle.block};
     }
-    if (!layer.visible || !isText(layer.kind) || !layer.text)
-        return nullptr;
+    if (!isText(layer.kind) || !layer.text)
+        return {};
     const double padding = 2 * layer.text->padding;
-    return caches.textBlocks.block(*layer.text,
-                                   {layer.frame.width - padding, layer.frame.height - padding});
+    return {caches.textBlocks.block(*layer.text, size - QSizeF(padding, padding))};
 }
 
-/// Says \a one of a single layer, \a several of more, of which %1 are the names.
-QString sentence(const QStringList &layers, const QString &one, const QString &several)
+/// Layers of which one thing is to be said.
+struct Told
 {
-    const QString names = layers.join(QStringLiteral("\u201d, \u201c"));
-    return layers.isEmpty() ? QString() : (layers.size() == 1 ? one : several).arg(names);
-}
+    QStringList names;
+    QString one; ///< is said of a single one, %1 being its name
+    QString several; ///< is said of more
+
+    [[nodiscard]] QString sentence() const
+    {
+        return (names.size() == 1 ? one : several)
+            .arg(names.join(QStringLiteral("\u201d, \u201c")));
+    }
+};
 
 } // namespace
 
 QString textNotice(const SlideDesign &design, RenderCaches &caches)
 {
     constexpr qsizetype longestName = 200;
-    QStringList cut;
-    QStringList boxed;
+    const QString boxed =
+        QStringLiteral("No font on this computer has all letters of \u201c%1\u201d.");
+    Told cut{{},
+             QStringLiteral("The text of \u201c%1\u201d does not fit and is cut."),
+             QStringLiteral("The texts of \u201c%1\u201d do not fit and are cut.")};
+    Told lacking{{}, boxed, boxed};
     const qsizetype count = std::min(design.elements.size(), mostPaintedLayers);
     for (qsizetype i = 0; i < count; ++i) {
         const SlideElement &layer = design.elements.at(i);
-        const std::shared_ptr<TextBlock> text = shownText(layer, caches);
-        if (text && text->isCut())
-            cut.append(shortened(layer.name, longestName));
-        if (text && text->lacksLetters())
-            boxed.append(shortened(layer.name, longestName));
+        const QList<std::shared_ptr<TextBlock>> texts = shownTexts(layer, caches);
+        if (std::any_of(texts.begin(), texts.end(), [](auto &text) { return text->isCut(); }))
+            cut.names.append(shortened(layer.name, longestName));
+        if (std::any_of(texts.begin(), texts.end(),
+                        [](auto &text) { return text->lacksLetters(); }))
+            lacking.names.append(shortened(layer.name, longestName));
     }
-    QStringList sentences{
-        sentence(cut, QStringLiteral("The text of \u201c%1\u201d does not fit and is cut."),
-                 QStringLiteral("The texts of \u201c%1\u201d do not fit and are cut.")),
-        sentence(boxed,
-                 QStringLiteral("No font on this computer has all letters of \u201c%1\u201d."),
-                 QStringLiteral("No font on this computer has all letters of \u201c%1\u201d."))};
-    sentences.removeAll(QString());
+    QStringList sentences;
+    for (const Told &told : {cut, lacking}) {
+        if (!told.names.isEmpty())
+            sentences.append(told.sentence());
+    }
     return sentences.join(QLatin1Char('\n'));
 }
 
