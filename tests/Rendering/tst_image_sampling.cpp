@@ -416,7 +416,8 @@ private slots:
             design.elements = {layer};
             RenderCaches caches;
             rendered({.slide = slideWith(design)}, {480, 270}, 1, caches);
-            QVERIFY(caches.images.byteCount() < 2 * 4 * (300 * 300 + 480 * 270));
+            constexpr qsizetype imageAndScreen = 300LL * 300 + 480LL * 270;
+            QVERIFY(caches.images.byteCount() < 2 * 4 * imageAndScreen);
         }
     }
 
