@@ -4,6 +4,9 @@
 #include "RenderCaches.h"
 
 #include <QFile>
+#include <QImageReader>
+#include <QRegularExpression>
+#include <QScopeGuard>
 #include <QTemporaryDir>
 
 using namespace quenara;
@@ -224,6 +227,20 @@ private slots:
         QVERIFY(taken(images, media, size).isNull());
         QVERIFY(taken(images, media, size / 4).isNull());
         QCOMPARE(images.byteCount(), media.dataUrl.size());
+    }
+
+    void whatThereWasNoMemoryForIsReadAtAFractionOfItsSize()
+    {
+        const SlideMedia photograph = mediaOf(encoded(quarters({1600, 1200}), "JPG"));
+        ImageCache images;
+        const int limit = QImageReader::allocationLimit();
+        QImageReader::setAllocationLimit(1);
+        const auto restored = qScopeGuard([limit] { QImageReader::setAllocationLimit(limit); });
+        QTest::ignoreMessage(QtWarningMsg,
+                             QRegularExpression(QStringLiteral("exceeds the current allocation")));
+        QVERIFY(taken(images, photograph, {1600, 1200}).isNull());
+        QCOMPARE(taken(images, photograph, {200, 150}).size(), QSize(200, 150));
+        QVERIFY(taken(images, photograph, {1600, 1200}).isNull());
     }
 
     void whatIsMissingIsRememberedOnce_data()

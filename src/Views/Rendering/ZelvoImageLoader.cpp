@@ -182,7 +182,8 @@ QSize atLeastAPixel(const QSizeF &size)
 
 bool DecodedImage::isDecodedFor(const QSize &needed) const
 {
-    if (image.isNull())
+    // What is too large to be read whole may be read at a fraction of its size.
+    if (image.isNull() && (largestScale > 0 || fullSize.isEmpty()))
         return true;
     return largestScale > 0 ? image.size() == drawnSize(fullSize, needed, largestScale)
                             : reduction == ZelvoImageLoader::reduction(fullSize, needed);
