@@ -39,9 +39,24 @@ DisplayPlacement::DisplayPlacement(QObject *parent) : QObject(parent)
     connect(&m_screens, &ScreenWatch::changed, this, &DisplayPlacement::screensChanged);
 }
 
+QList<PlacedScreen> DisplayPlacement::screens() const
+{
+    QList<PlacedScreen> screens = m_screens.screens();
+    if (!m_screens.areWindowsPlaced() && m_operatorWindow) {
+        if (const auto first = m_screens.indexUnder(*m_operatorWindow))
+            screens.move(*first, 0);
+    }
+    return screens;
+}
+
+std::optional<PlacedScreen> DisplayPlacement::screenOf(const QWidget &window) const
+{
+    return screenAt(m_screens.screens(), m_screens.indexUnder(window));
+}
+
 PlacedScreen DisplayPlacement::screenByCommand() const
 {
-    const QList<PlacedScreen> screens = m_screens.screens();
+    const QList<PlacedScreen> screens = this->screens();
     const QList<QRect> frames = framesOf(screens);
     const auto main = indexOf(screens, mainScreen());
     const QRect frame = displayFrame(frames, main ? std::optional(frames.at(*main)) : std::nullopt);
@@ -51,7 +66,7 @@ PlacedScreen DisplayPlacement::screenByCommand() const
 
 std::optional<PlacedScreen> DisplayPlacement::screenToFollow(const QScreen *current) const
 {
-    const QList<PlacedScreen> screens = m_screens.screens();
+    const QList<PlacedScreen> screens = this->screens();
     const QList<QRect> frames = framesOf(screens);
     return screenAt(screens,
                     quenara::screenToFollow(frames, indexOf(screens, current), operatorScreen()));
@@ -59,7 +74,7 @@ std::optional<PlacedScreen> DisplayPlacement::screenToFollow(const QScreen *curr
 
 std::optional<PlacedScreen> DisplayPlacement::freeScreen() const
 {
-    const QList<PlacedScreen> screens = m_screens.screens();
+    const QList<PlacedScreen> screens = this->screens();
     const QList<QRect> frames = framesOf(screens);
     return screenAt(screens, quenara::freeScreen(frames, operatorScreen()));
 }
@@ -69,21 +84,25 @@ void DisplayPlacement::cover(QWidget &window, const PlacedScreen &target) const
     if (target.screen) {
         const bool isUnmanaged = goesUnmanaged(target.frame);
         window.setWindowFlag(Qt::BypassWindowManagerHint, isUnmanaged);
+        // The screen first: what the window is painted on takes its resolution.
+        window.setScreen(target.screen);
+        window.setGeometry(target.frame);
         // The full-screen state keeps panels of the desktop below, and is the only way to choose a
         // screen where windows cannot place themselves. showFullScreen() would take the keyboard.
         window.setWindowState(isUnmanaged ? Qt::WindowNoState : Qt::WindowFullScreen);
-        window.setScreen(target.screen);
+    } else {
+        window.setGeometry(target.frame);
     }
-    window.setGeometry(target.frame);
     window.show();
 }
 
 bool DisplayPlacement::move(QWidget &window, const PlacedScreen &target) const
 {
     // Window managers neither move a window that covers a screen nor let go of one in time.
-    const bool isOnScreen = window.screen() == target.screen || window.geometry() == target.frame;
+    const bool isOnScreen = window.screen() == target.screen
+        || (m_screens.areWindowsPlaced() && window.geometry() == target.frame);
     const bool isManaged = !window.windowFlags().testFlag(Qt::BypassWindowManagerHint);
-    if (!isOnScreen || (isManaged && goesUnmanaged(target.frame)))
+    if (!isOnScreen || !window.isVisible() || (isManaged && goesUnmanaged(target.frame)))
         return false;
     window.setGeometry(target.frame);
     return true;
@@ -91,14 +110,21 @@ bool DisplayPlacement::move(QWidget &window, const PlacedScreen &target) const
 
 bool DisplayPlacement::coversOperator(const QWidget &window) const
 {
-    return window.geometry().intersects(operatorScreen());
+    if (m_screens.areWindowsPlaced())
+        return window.geometry().intersects(operatorScreen());
+    const auto screen = screenOf(window);
+    return screen && screen->frame.intersects(operatorScreen());
+}
+
+bool DisplayPlacement::isAstray(const QWidget &window, const QScreen *screen) const
+{
+    return !m_screens.areWindowsPlaced() && window.screen() != screen;
 }
 
 QRect DisplayPlacement::operatorScreen() const
 {
-    const QList<PlacedScreen> screens = m_screens.screens();
-    const auto under = m_operatorWindow ? screenUnder(screens, *m_operatorWindow) : std::nullopt;
-    return under ? screens.at(*under).frame : QRect();
+    const auto screen = m_operatorWindow ? screenOf(*m_operatorWindow) : std::nullopt;
+    return screen ? screen->frame : QRect();
 }
 
 /// Whether a display over \a frame does without a window manager. When a screen goes, window
@@ -106,8 +132,7 @@ QRect DisplayPlacement::operatorScreen() const
 /// lie over what the operator sees.
 bool DisplayPlacement::goesUnmanaged(const QRect &frame) const
 {
-    const QList<PlacedScreen> screens = m_screens.screens();
-    return m_screens.isX11() && isApart(frame, framesOf(screens), operatorScreen());
+    return m_screens.canGoUnmanaged() && isApart(frame, framesOf(screens()), operatorScreen());
 }
 
 } // namespace quenara

@@ -21,9 +21,12 @@ public:
     /// The display never goes to the screen with \a operatorWindow by itself.
     void keepOff(const QWidget &operatorWindow) { m_operatorWindow = &operatorWindow; }
 
-    QList<PlacedScreen> screens() const { return m_screens.screens(); }
+    /// The primary one first; where there is none, the one with the operator's window.
+    QList<PlacedScreen> screens() const;
     /// The one with the operator's window; empty without one.
     QRect operatorScreen() const;
+    /// The one that \a window is on; none if it lies beside all of them.
+    std::optional<PlacedScreen> screenOf(const QWidget &window) const;
 
     /// The screen that a display opened by command covers. Its `screen` is null without screens.
     PlacedScreen screenByCommand() const;
@@ -35,6 +38,8 @@ public:
 
     /// Whether \a window lies on the screen with the operator's window.
     bool coversOperator(const QWidget &window) const;
+    /// Whether the desktop has put \a window, which was to cover \a screen, on another one.
+    bool isAstray(const QWidget &window, const QScreen *screen) const;
 
     /// Shows a new \a window without a frame over the whole of \a target.
     void cover(QWidget &window, const PlacedScreen &target) const;

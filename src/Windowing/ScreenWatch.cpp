@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <memory>
+#include <string_view>
 #include <utility>
 
 #if QT_CONFIG(xcb)
@@ -68,6 +69,18 @@ Monitors monitorsOf(xcb_connection_t *server)
     return monitors;
 }
 
+/// Whether the server shows its windows on a Wayland desktop. Newer ones say so themselves; of
+/// others the names of screens or the session tell.
+bool isGuestOfWayland(xcb_connection_t *server)
+{
+    constexpr std::string_view extension = "XWAYLAND";
+    const Owned<xcb_query_extension_reply_t> answer(xcb_query_extension_reply(
+        server, xcb_query_extension(server, extension.size(), extension.data()), nullptr));
+    const QStringList names = monitorsOf(server).keys();
+    return (answer && answer->present) || !names.filter(QLatin1String("XWAYLAND")).isEmpty()
+        || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+}
+
 bool isAboutScreens(xcb_connection_t *server, const void *message)
 {
     constexpr int sentByClient = 0x80;
@@ -89,6 +102,11 @@ Monitors monitorsOf(xcb_connection_t * /*server*/)
     return {};
 }
 
+bool isGuestOfWayland(xcb_connection_t * /*server*/)
+{
+    return false;
+}
+
 bool isAboutScreens(xcb_connection_t * /*server*/, const void * /*message*/)
 {
     return false;
@@ -98,15 +116,6 @@ bool isAboutScreens(xcb_connection_t * /*server*/, const void * /*message*/)
 
 } // namespace
 
-std::optional<qsizetype> screenUnder(const QList<PlacedScreen> &screens, const QWidget &window)
-{
-    const QPoint center = window.frameGeometry().center();
-    const auto found =
-        std::find_if(screens.cbegin(), screens.cend(),
-                     [&](const PlacedScreen &screen) { return screen.frame.contains(center); });
-    return found == screens.cend() ? std::nullopt : std::optional(found - screens.cbegin());
-}
-
 QList<QRect> framesOf(const QList<PlacedScreen> &screens)
 {
     QList<QRect> frames;
@@ -115,7 +124,10 @@ QList<QRect> framesOf(const QList<PlacedScreen> &screens)
     return frames;
 }
 
-ScreenWatch::ScreenWatch(QObject *parent) : QObject(parent), m_server(xServer())
+ScreenWatch::ScreenWatch(QObject *parent)
+    : QObject(parent), m_server(xServer()),
+      m_areWindowsPlaced(!QGuiApplication::platformName().startsWith(QLatin1String("wayland"))),
+      m_canGoUnmanaged(m_server && !isGuestOfWayland(m_server))
 {
     const QList<QScreen *> screens = QGuiApplication::screens();
     std::for_each(screens.cbegin(), screens.cend(), [this](QScreen *screen) { follow(screen); });
@@ -143,6 +155,17 @@ QList<PlacedScreen> ScreenWatch::screens() const
         }
     }
     return placed;
+}
+
+std::optional<qsizetype> ScreenWatch::indexUnder(const QWidget &window) const
+{
+    const QList<PlacedScreen> all = screens();
+    const QPoint center = window.frameGeometry().center();
+    const auto found = std::find_if(all.cbegin(), all.cend(), [&](const PlacedScreen &placed) {
+        return m_areWindowsPlaced ? placed.frame.contains(center)
+                                  : placed.screen == window.screen();
+    });
+    return found == all.cend() ? std::nullopt : std::optional(found - all.cbegin());
 }
 
 bool ScreenWatch::nativeEventFilter(const QByteArray & /*type*/, void *message,

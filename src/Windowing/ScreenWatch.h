@@ -25,11 +25,6 @@ struct PlacedScreen
     QRect frame;
 };
 
-/// The place in \a screens of the one that the middle of \a window lies on; none if it lies beside
-/// all of them.
-[[nodiscard]] std::optional<qsizetype> screenUnder(const QList<PlacedScreen> &screens,
-                                                   const QWidget &window);
-
 [[nodiscard]] QList<QRect> framesOf(const QList<PlacedScreen> &screens);
 
 /// Where the screens are, and when that changes. An X server is asked directly: Qt misses changes
@@ -41,12 +36,22 @@ class ScreenWatch : public QObject, private QAbstractNativeEventFilter
 public:
     explicit ScreenWatch(QObject *parent = nullptr);
 
-    /// In the platform's order, the primary one first. A screen that is gone is not in it, even if
-    /// Qt has not heard of that yet.
+    /// In the platform's order, the primary one first if it has one. A screen that is gone is not
+    /// in it, even if Qt has not heard of that yet.
     QList<PlacedScreen> screens() const;
 
-    /// Whether windows can do without a window manager.
-    bool isX11() const { return m_server; }
+    /// The place in screens() of the one that \a window is on: where its middle lies, or, where
+    /// windows do not know where they lie, the one that the desktop shows it on. None if it lies
+    /// beside all of them.
+    [[nodiscard]] std::optional<qsizetype> indexUnder(const QWidget &window) const;
+
+    /// Whether one of the screens is the primary one, and windows know and choose where they lie.
+    /// On Wayland none is, and the desktop alone places windows.
+    bool areWindowsPlaced() const { return m_areWindowsPlaced; }
+
+    /// Whether windows can do without a window manager: on an X server that is no guest of a
+    /// Wayland desktop, which gives the keyboard to none that it does not know.
+    bool canGoUnmanaged() const { return m_canGoUnmanaged; }
 
 signals:
     /// A screen came, went or changed. When one goes, this is emitted before Qt moves its windows.
@@ -58,6 +63,8 @@ private:
     void tellSoon();
 
     xcb_connection_t *m_server; ///< null on other platforms
+    bool m_areWindowsPlaced;
+    bool m_canGoUnmanaged;
     bool m_isTelling = false;
 };
 

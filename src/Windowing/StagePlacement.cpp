@@ -49,17 +49,15 @@ void StagePlacement::remember()
     if (!m_window || !m_window->isVisible() || m_window->isMinimized())
         return;
     m_place.reset();
-    const QList<PlacedScreen> screens = m_displays.screens();
-    const auto under = screenUnder(screens, *m_window);
-    if (!under || screens.at(*under).frame.intersects(m_displays.operatorScreen()))
+    const auto screen = m_displays.screenOf(*m_window);
+    if (!screen || screen->frame.intersects(m_displays.operatorScreen()))
         return;
-    const PlacedScreen &screen = screens.at(*under);
     const QMargins frame = m_window->windowHandle()->frameMargins();
     m_state = m_window->windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen);
     const QRect normal = m_state ? m_window->normalGeometry() : m_window->geometry();
-    m_place = {.screen = screen.screen->name(),
+    m_place = {.screen = screen->screen->name(),
                .corner =
-                   normal.topLeft() - QPoint(frame.left(), frame.top()) - screen.frame.topLeft(),
+                   normal.topLeft() - QPoint(frame.left(), frame.top()) - screen->frame.topLeft(),
                .size = normal.size(),
                .frame = frame};
 }

@@ -4,7 +4,10 @@
 #include "DisplayOutputView.h"
 #include "EscapeTwice.h"
 #include "StageOutputView.h"
+#include "UnaskedKeyboard.h"
 #include "WorkspaceStore.h"
+
+#include <QWindow>
 
 #include <utility>
 
@@ -14,6 +17,7 @@ namespace {
 
 constexpr QRect stageFrame(180, 160, 1180, 720);
 constexpr QSize stageMinimumSize(900, 540);
+constexpr int mostFetches = 3;
 
 } // namespace
 
@@ -69,13 +73,14 @@ void WindowCoordinator::close(Output &output)
 void WindowCoordinator::openDisplayWindow(const WorkspaceStore &store, AppAppearance appearance)
 {
     m_hasDisplayFollowed = false; // it was sent where it lies from here on
+    m_fetchesLeft = mostFetches;
     if (!m_display.window)
-        openDisplay(store, appearance, m_placement.screenByCommand());
+        openDisplay(store, appearance, m_placement.screenByCommand(), Opening::byCommand);
     bringToFront(*m_display.window);
 }
 
 void WindowCoordinator::openDisplay(const WorkspaceStore &store, AppAppearance appearance,
-                                    const PlacedScreen &screen)
+                                    const PlacedScreen &screen, Opening opening)
 {
     auto *window = new OutputWindow(new DisplayOutputView(store, m_caches),
                                     Qt::Window | Qt::FramelessWindowHint);
@@ -87,7 +92,11 @@ void WindowCoordinator::openDisplay(const WorkspaceStore &store, AppAppearance a
     window->setAttribute(Qt::WA_ShowWithoutActivating);
     connect(new EscapeTwice(*window), &EscapeTwice::pressed, this,
             &WindowCoordinator::leaveDisplay);
+    if (opening == Opening::byItself)
+        new UnaskedKeyboard(*window);
     m_placement.cover(*window, screen);
+    connect(window->windowHandle(), &QWindow::screenChanged, this,
+            &WindowCoordinator::leaveWrongScreen);
     m_displayScreen = screen.screen;
     m_displayStore = &store;
     setDisplayWaiting(false);
@@ -182,6 +191,7 @@ void WindowCoordinator::followScreens()
     if (m_placement.screens().isEmpty())
         return; // there is no screen to see them on
     m_screensSettled.start();
+    m_fetchesLeft = mostFetches;
     m_stagePlacement.awaitSettling();
     if (m_stage.window && m_stagePlacement.hasLostScreen()) {
         m_isStageWaiting = true; // before the change is told of
@@ -200,9 +210,25 @@ void WindowCoordinator::followWithDisplay()
     if (m_placement.move(*m_display.window, *screen)) {
         m_displayScreen = screen->screen;
     } else {
+        // One that the operator gave the keyboard keeps it.
+        const bool hasKeys =
+            m_display.window->isActiveWindow() && !m_display.window->findChild<UnaskedKeyboard *>();
         m_display.window->hide();
-        openDisplay(*m_displayStore, m_appearance.appearance(), *screen);
+        openDisplay(*m_displayStore, m_appearance.appearance(), *screen,
+                    hasKeys ? Opening::byCommand : Opening::byItself);
     }
+}
+
+/// A desktop that places windows itself may put the display on another screen when one changes,
+/// and says so after that. What the operator sees is free at once; the display goes back to its
+/// screen when all stay as they are.
+void WindowCoordinator::leaveWrongScreen()
+{
+    if (!m_display.window || !m_placement.isAstray(*m_display.window, m_displayScreen))
+        return;
+    if (m_placement.coversOperator(*m_display.window))
+        m_display.window->hide();
+    m_screensSettled.start();
 }
 
 void WindowCoordinator::awaitDisplayScreen()
@@ -217,8 +243,22 @@ void WindowCoordinator::reopenWaiting()
     const bool hasFollowed = std::exchange(m_hasDisplayFollowed, false);
     if (hasFollowed && m_display.window && m_placement.coversOperator(*m_display.window))
         awaitDisplayScreen();
+    fetchDisplayBack();
     reopenDisplay();
     reopenStage();
+}
+
+/// Not more than a few times: where the desktop does not heed what it is asked for, the display
+/// waits until the screens change.
+void WindowCoordinator::fetchDisplayBack()
+{
+    if (!m_display.window || !m_placement.isAstray(*m_display.window, m_displayScreen))
+        return;
+    if (m_fetchesLeft-- > 0) {
+        followWithDisplay();
+    } else {
+        awaitDisplayScreen();
+    }
 }
 
 void WindowCoordinator::reopenDisplay()
@@ -226,7 +266,7 @@ void WindowCoordinator::reopenDisplay()
     if (!m_isDisplayWaiting || !m_displayStore)
         return;
     if (const auto screen = m_placement.freeScreen())
-        openDisplay(*m_displayStore, m_appearance.appearance(), *screen);
+        openDisplay(*m_displayStore, m_appearance.appearance(), *screen, Opening::byItself);
 }
 
 void WindowCoordinator::reopenStage()
@@ -237,6 +277,7 @@ void WindowCoordinator::reopenStage()
     m_stagePlacement.restore(*window);
     // It comes by itself, while somebody may type elsewhere.
     window->setAttribute(Qt::WA_ShowWithoutActivating);
+    new UnaskedKeyboard(*window);
     window->show();
     adopt(m_stage, window);
 }

@@ -93,8 +93,10 @@ private:
         bool isOpen = false;
     };
 
+    enum class Opening { byCommand, byItself };
+
     void openDisplay(const WorkspaceStore &store, AppAppearance appearance,
-                     const PlacedScreen &screen);
+                     const PlacedScreen &screen, Opening opening);
     OutputWindow *makeStageWindow(const WorkspaceStore &store, AppAppearance appearance);
     void adopt(Output &output, OutputWindow *window);
     void release(Output &output);
@@ -102,6 +104,8 @@ private:
     void setDisplayWaiting(bool isWaiting);
     void followScreens();
     void followWithDisplay();
+    void leaveWrongScreen();
+    void fetchDisplayBack();
     void awaitDisplayScreen();
     void reopenWaiting();
     void reopenDisplay();
@@ -119,6 +123,7 @@ private:
     QPointer<const WorkspaceStore> m_stageStore; ///< likewise
     bool m_isDisplayWaiting = false;
     bool m_hasDisplayFollowed = false; ///< to another screen, since the screens last settled
+    int m_fetchesLeft = 0; ///< of the display, until it waits for the screens to change
     bool m_isStageWaiting = false; ///< whether it is closed and opens once its screen is back
     QTimer m_screensSettled;
 };
