@@ -1,8 +1,11 @@
 #include "GuiTestSupport.h"
+#include "ImageElementRenderView.h"
 #include "ImageFill.h"
 #include "Images.h"
 #include "RenderCaches.h"
 
+#include <QPainter>
+#include <QRandomGenerator>
 #include <QtMath>
 
 #include <array>
@@ -419,6 +422,58 @@ private slots:
             constexpr auto imageAndScreen = qsizetype(300) * 300 + qsizetype(480) * 270;
             QVERIFY(caches.images.byteCount() < 8 * imageAndScreen);
         }
+    }
+
+    void aLayerThatReachesBeyondItsSlideIsPaintedAsIfAllOfItWereSeen()
+    {
+        const QImage image = imageOf(
+            90, [](double x, double y) { return zonePlate(distanceFromMiddle(90, x, y), 270); });
+        const SlideMedia media = mediaOf(encoded(image, "PNG"));
+        const QRectF slide(0, 0, 64, 40);
+        QRandomGenerator random(1);
+        RenderCaches caches;
+        for (int i = 0; i < 300; ++i) {
+            const QRectF box(random.bounded(400.0) - 390, random.bounded(400.0) - 390,
+                             20 + random.bounded(800.0), 20 + random.bounded(800.0));
+            const auto painted = [&](const QRectF &seen) {
+                QImage target(slide.size().toSize(), QImage::Format_RGB32);
+                target.fill(Qt::black);
+                QPainter painter(&target);
+                ImageElementRenderView{media, seen}.paint(painter, box, caches);
+                return target;
+            };
+            QVERIFY(largestDifference(painted(slide), painted({})) <= 1);
+        }
+    }
+
+    void anImageThatIsDraggedAcrossTheEdgeIsSeldomMadeAnew_data()
+    {
+        QTest::addColumn<QSize>("size");
+        QTest::addColumn<int>("most");
+        QTest::newRow("smaller than its slide") << QSize(300, 200) << 1;
+        QTest::newRow("larger than its slide") << QSize(700, 400) << 1;
+        QTest::newRow("far larger than its slide")
+            << QSize(4000, 3000) << 9; // at the edges of tiles
+    }
+
+    void anImageThatIsDraggedAcrossTheEdgeIsSeldomMadeAnew()
+    {
+        QFETCH(QSize, size);
+        QFETCH(int, most);
+        const SlideMedia media = solidImage({40, 30}, Qt::red);
+        const QRectF slide(0, 0, 480, 270);
+        QImage target(slide.size().toSize(), QImage::Format_RGB32);
+        RenderCaches caches;
+        int made = 0;
+        for (int x = -200; x < 0; ++x) {
+            const qsizetype before = caches.images.byteCount();
+            QPainter painter(&target);
+            ImageElementRenderView{media, slide}.paint(painter, QRectF(QPoint(x, -20), size),
+                                                       caches);
+            made += caches.images.byteCount() > before ? 1 : 0;
+        }
+        QVERIFY(made >= 1);
+        QVERIFY(made <= most);
     }
 
     void anAreaOfTooManyPixelsIsFilledByFewer_data()

@@ -56,8 +56,8 @@ FilledImage ImageCache::filling(const SlideMedia &media, const ImageFill &fill)
     add({media.dataUrl, modified, Filling{fill, result}});
     dropRarestSize(media);
     // A drawing is painted anew for each size.
-    const bool isDrawing = image.largestScale > 0;
-    if (!decoded && !isDrawing && result.image.cacheKey() != image.image.cacheKey())
+    const bool isOfOneSize = image.largestScale > 0 && fill.part.isNull();
+    if (!decoded && !isOfOneSize && result.image.cacheKey() != image.image.cacheKey())
         addLast({media.dataUrl, modified, image});
     return result;
 }

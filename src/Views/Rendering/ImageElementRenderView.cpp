@@ -4,6 +4,7 @@
 #include "DevicePixels.h"
 #include "Fonts.h"
 #include "RenderCaches.h"
+#include "ZelvoImageLoader.h"
 
 namespace quenara {
 
@@ -32,6 +33,25 @@ QRect nearestPixels(const QRectF &rect)
     return {nearest.topLeft(), nearest.size().expandedTo({1, 1})};
 }
 
+/// What is made of an image that fills \a area pixels, of which \a seen are painted on a slide of
+/// \a slide pixels: all, as null, unless that is far more than the slide. Then it is tiles, so that
+/// an image that is dragged is made anew after some of them only.
+QRect partOf(const QSize &area, const QRect &seen, const QSize &slide)
+{
+    constexpr qint64 times = 4;
+    constexpr int tiles = 8; // of a slide
+    const auto pixelCount = [](const QSize &size) { return qint64(size.width()) * size.height(); };
+    if (pixelCount(area) <= times * pixelCount(slide) && filledScale(area) == 1)
+        return {};
+    const QSize tile = (slide / tiles).expandedTo({1, 1});
+    const auto tileAt = [](int pixel, int length) { return pixel / length * length; };
+    const QRect whole(
+        QPoint(tileAt(seen.left(), tile.width()), tileAt(seen.top(), tile.height())),
+        QPoint(tileAt(seen.right(), tile.width()), tileAt(seen.bottom(), tile.height()))
+            + QPoint(tile.width() - 1, tile.height() - 1));
+    return whole & QRect(QPoint(), area);
+}
+
 void paintPlaceholder(QPainter &painter, const QRectF &box)
 {
     // Qt makes every dash, even those out of sight.
@@ -57,14 +77,20 @@ void ImageElementRenderView::paint(QPainter &painter, const QRectF &box, RenderC
 {
     const QRectF exact = painter.deviceTransform().mapRect(box);
     const bool isPixelByPixel = isUpright(painter) && numberedPixels.contains(exact);
-    const QRect nearest = isPixelByPixel ? nearestPixels(exact) : QRect();
-    const QRect seen = slide.isNull() ? nearest : nearest & touchedPixels(painter, slide).toRect();
-    if (box.isEmpty() || (isPixelByPixel && seen.isEmpty()))
+    if (box.isEmpty())
         return;
     ImageFill fill{.area = wholePixels(box.size() * deviceScale(painter)).expandedTo({1, 1})};
+    QRect nearest;
     if (isPixelByPixel) {
-        fill = {.area = nearest.size(),
-                .part = seen == nearest ? QRect() : seen.translated(-nearest.topLeft())};
+        nearest = nearestPixels(exact);
+        fill.area = nearest.size();
+    }
+    if (isPixelByPixel && !slide.isNull()) {
+        const QRect slidePixels = touchedPixels(painter, slide).toRect();
+        const QRect seen = nearest & slidePixels;
+        if (seen.isEmpty())
+            return;
+        fill.part = partOf(fill.area, seen.translated(-nearest.topLeft()), slidePixels.size());
     }
     const FilledImage filled = media ? caches.images.filling(*media, fill) : FilledImage();
     if (filled.image.isNull())

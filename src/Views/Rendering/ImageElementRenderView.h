@@ -15,8 +15,7 @@ struct RenderCaches;
 struct ImageElementRenderView
 {
     SharedOptional<SlideMedia> media;
-    QRectF slide =
-        {}; ///< beyond which nothing is seen of a layer that stands upright; all is if null
+    QRectF slide = {}; ///< beyond which nothing of an upright layer is seen; all is if null
 
     void paint(QPainter &painter, const QRectF &box, RenderCaches &caches) const;
 };
