@@ -176,6 +176,30 @@ private slots:
         QCOMPARE(display.held(), atRest);
     }
 
+    void otherSlidesAreMadeReadyWhileALayerIsDragged()
+    {
+        Display display(photographs(4));
+        WorkspaceStore &store = display.world.store;
+        store.selectElement(QStringLiteral("image"));
+        const GestureID drag = store.beginGesture();
+        store.updateSelectedElement([](SlideElement &layer) { layer.frame.width = 600; });
+        store.queueSlide(slideID(display, 3));
+        QVERIFY(store.hasOpenGesture());
+        const qsizetype atRest = display.heldAtRest();
+        store.goLive();
+        QCOMPARE(display.held(), atRest);
+        store.endGesture(drag);
+    }
+
+    void aDisplayThatIsHiddenStopsPreparing()
+    {
+        Display display(photographs(4));
+        const qsizetype shown = display.held();
+        display.view.hide();
+        Display::rest();
+        QCOMPARE(display.caches.images.byteCount(), shown);
+    }
+
     void aDisplayThatIsNotShownPreparesNothing()
     {
         Display display(photographs(4));

@@ -55,12 +55,16 @@ void DisplayOutputView::showSoon()
         update();
 }
 
-/// Whatever is sent next by a step or by Go Live, its images are there. A layer that is dragged is
-/// waited for: it has another size with each move.
+/// Whatever is sent next by a step or by Go Live, its images are there. The slide that is worked on
+/// waits until that ends: a layer that is dragged has another size with each move.
 void DisplayOutputView::lookAhead()
 {
-    const bool mayLook = isVisible() && !m_store.hasOpenGesture();
-    m_ahead.prepare(mayLook ? m_store.slidesAhead() : QList<Slide>(), size(), devicePixelRatioF());
+    QList<Slide> slides = isVisible() ? m_store.slidesAhead() : QList<Slide>();
+    if (m_store.hasOpenGesture()) {
+        slides.removeIf(
+            [this](const Slide &slide) { return slide.id == m_store.selectedSlideID(); });
+    }
+    m_ahead.prepare(slides, size(), devicePixelRatioF());
 }
 
 void DisplayOutputView::resizeEvent(QResizeEvent *event)
