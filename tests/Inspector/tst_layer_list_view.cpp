@@ -179,27 +179,40 @@ private slots:
     {
         QTest::addColumn<QString>("title");
         QTest::addColumn<QString>("subtitle");
+        QTest::addColumn<double>("height");
         QTest::addColumn<QString>("notice");
         const QString cut = u"The text of \u201cSpeaker\u201d does not fit and is cut."_s;
         const QString lacking =
             u"No font on this computer has all letters of \u201cSpeaker\u201d."_s;
-        QTest::newRow("both fit") << u"Ruth"_s << u"Elder"_s << QString();
-        QTest::newRow("the title is too wide") << u"Ruth "_s.repeated(30) << u"Elder"_s << cut;
-        QTest::newRow("the subtitle is too wide") << u"Ruth"_s << u"Elder "_s.repeated(30) << cut;
+        QTest::newRow("both fit") << u"Ruth"_s << u"Elder"_s << 200.0 << QString();
+        QTest::newRow("both just fit") << u"Ruth"_s << u"Elder"_s << 85.0 << QString();
+        QTest::newRow("the layer is too low for both") << u"Ruth"_s << u"Elder"_s << 60.0 << cut;
+        QTest::newRow("the title is too wide")
+            << u"Ruth "_s.repeated(30) << u"Elder"_s << 200.0 << cut;
+        QTest::newRow("the subtitle is too wide")
+            << u"Ruth"_s << u"Elder "_s.repeated(30) << 200.0 << cut;
         QTest::newRow("what fits of breaks and blanks")
-            << u"Ruth"_s + QString(200, u'\n') + u"Weaver"_s << QString() << QString();
-        QTest::newRow("a letter is missing") << u"Ruth"_s << u"\U0010fffd"_s << lacking;
+            << u"Ruth"_s + QString(200, u'\n') + u"Weaver"_s << QString() << 200.0 << QString();
+        QTest::newRow("a letter is missing") << u"Ruth"_s << u"\U0010fffd"_s << 200.0 << lacking;
+        for (const QString &name :
+             {u"\u4f60\u597d"_s, u"\u0645\u0631\u062d\u0628\u0627"_s,
+              u"\u0e2a\u0e27\u0e31\u0e2a\u0e14\u0e35"_s, u"\u0928\u092e\u0938\u094d\u0924\u0947"_s,
+              u"\u1019\u103c\u1014\u103a\u1019\u102c"_s, u"\u0f56\u0f7c\u0f51"_s,
+              u"\u1781\u17d2\u1798\u17c2\u179a"_s, u"\u05e9\u05c1\u05b8\u05dc\u05d5\u05b9\u05dd"_s})
+            QTest::newRow(qUtf8Printable(name)) << name << name << 200.0 << QString();
     }
 
     void linesOfALowerThirdThatAreCutAreWarnedOf()
     {
         QFETCH(QString, title);
         QFETCH(QString, subtitle);
+        QFETCH(double, height);
         ZelvoProject project = showOf({1});
         SlideElement layer = rectangleLayer(u"speaker"_s, {100, 800, 700, 200}, {}, 1);
         layer.name = u"Speaker"_s;
         layer.kind = SlideElementKind::lowerThird;
         layer.lowerThird = LowerThirdProperties();
+        layer.frame.height = height;
         layer.lowerThird->title = title;
         layer.lowerThird->subtitle = subtitle;
         project.serviceItems.first().slides.first().design.elements = {layer};

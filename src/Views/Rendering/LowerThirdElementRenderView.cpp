@@ -20,6 +20,7 @@ constexpr double subtitleSize = 26;
 constexpr float subtitleOpacity = 0.78F;
 
 constexpr double lineHeight = 1.25; // of the font size: room for accents and descenders
+constexpr double tallestLine = 4; // of the one above, in faces of any script
 
 TextElementProperties lineOf(const QString &text, double size, TextFontWeight weight)
 {
@@ -45,11 +46,16 @@ std::array<LowerThirdElementRenderView::Line, 2> LowerThirdElementRenderView::li
     const double gap = titleHeight > 0 && subtitleHeight > 0 ? lineGap : 0;
     const double top = (size.height() - titleHeight - gap - subtitleHeight) / 2;
     const double width = size.width() - inset - textLeft;
-    const auto truncated = [&](const TextElementProperties &text, double height) {
-        return caches.textBlocks.block(text, {width, height}, {.smallestFit = 1, .lineMaximum = 1});
+    // Centred on its line, which faces of some scripts reach beyond, the block is cut in width
+    // alone.
+    const auto lineAt = [&](double y, const TextElementProperties &text, double height) {
+        const QSizeF room(width, tallestLine * height);
+        return Line{.position = {textLeft, y - (room.height() - height) / 2},
+                    .block =
+                        caches.textBlocks.block(text, room, {.smallestFit = 1, .lineMaximum = 1})};
     };
-    return {{{{textLeft, top}, truncated(title, titleHeight)},
-             {{textLeft, top + titleHeight + gap}, truncated(subtitle, subtitleHeight)}}};
+    return {lineAt(top, title, titleHeight),
+            lineAt(top + titleHeight + gap, subtitle, subtitleHeight)};
 }
 
 void LowerThirdElementRenderView::paint(QPainter &painter, const QRectF &box,

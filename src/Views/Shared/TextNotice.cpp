@@ -9,27 +9,49 @@
 #include <QStringList>
 
 #include <algorithm>
-#include <memory>
 
 namespace quenara {
 
 namespace {
 
-/// The texts that \a layer shows.
-QList<std::shared_ptr<TextBlock>> shownTexts(const SlideElement &layer, RenderCaches &caches)
+/// What a layer shows of its texts.
+struct Shown
+{
+    bool isCut = false;
+    bool lacksLetters = false;
+};
+
+Shown shown(TextBlock &text)
+{
+    return {text.isCut(), text.lacksLetters()};
+}
+
+/// Its letters are cut by the layer's edges, too.
+Shown shown(const LowerThirdElementRenderView &lowerThird, const QSizeF &size, RenderCaches &caches)
+{
+    Shown all;
+    for (const auto &[position, text] : lowerThird.lines(size, caches)) {
+        const Shown line = shown(*text);
+        const QRectF letters = text->letterBounds(caches).translated(position);
+        const bool isClipped =
+            !letters.isEmpty() && (letters.top() < 0 || letters.bottom() > size.height());
+        all.isCut = all.isCut || line.isCut || isClipped;
+        all.lacksLetters = all.lacksLetters || line.lacksLetters;
+    }
+    return all;
+}
+
+Shown shown(const SlideElement &layer, RenderCaches &caches)
 {
     const QSizeF size(layer.frame.width, layer.frame.height);
     if (!layer.visible)
         return {};
-    if (layer.kind == SlideElementKind::lowerThird && layer.lowerThird) {
-        const auto [title, subtitle] =
-            LowerThirdElementRenderView{layer.lowerThird, 1}.lines(size, caches);
-        return {title.block, subtitle.block};
-    }
+    if (layer.kind == SlideElementKind::lowerThird && layer.lowerThird)
+        return shown(LowerThirdElementRenderView{layer.lowerThird, 1}, size, caches);
     if (!isText(layer.kind) || !layer.text)
         return {};
     const double padding = 2 * layer.text->padding;
-    return {caches.textBlocks.block(*layer.text, size - QSizeF(padding, padding))};
+    return shown(*caches.textBlocks.block(*layer.text, size - QSizeF(padding, padding)));
 }
 
 /// Layers of which one thing is to be said.
@@ -60,11 +82,10 @@ QString textNotice(const SlideDesign &design, RenderCaches &caches)
     const qsizetype count = std::min(design.elements.size(), mostPaintedLayers);
     for (qsizetype i = 0; i < count; ++i) {
         const SlideElement &layer = design.elements.at(i);
-        const QList<std::shared_ptr<TextBlock>> texts = shownTexts(layer, caches);
-        if (std::any_of(texts.begin(), texts.end(), [](auto &text) { return text->isCut(); }))
+        const auto [isCut, lacksLetters] = shown(layer, caches);
+        if (isCut)
             cut.names.append(shortened(layer.name, longestName));
-        if (std::any_of(texts.begin(), texts.end(),
-                        [](auto &text) { return text->lacksLetters(); }))
+        if (lacksLetters)
             lacking.names.append(shortened(layer.name, longestName));
     }
     QStringList sentences;
