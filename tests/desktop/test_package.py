@@ -50,8 +50,21 @@ class Package(unittest.TestCase):
                                   packaged)
 
     def test_apt_can_install_it_here(self):
-        self.assertIn("Inst quenara", output("apt-get", "install", "--simulate",
-                                             "--no-install-recommends", str(self.package)))
+        installed = Path("/var/lib/dpkg/status").read_text(encoding="utf-8").split("\n\n")
+        without_it = Path(self.folder.name, "status")
+        without_it.write_text("\n\n".join(
+            package for package in installed if not package.startswith("Package: quenara\n")),
+            encoding="utf-8")
+        self.assertIn("Inst quenara", output(
+            "apt-get", "install", "--simulate", "--no-install-recommends",
+            "-o", f"Dir::State::status={without_it}", str(self.package)))
+
+    def test_the_licences_of_what_is_compiled_in_come_with_it(self):
+        text = (PREFIX / "share/doc/quenara/copyright").read_text(encoding="utf-8")
+        for words in ("SIL OPEN FONT LICENSE", "Reserved Font Name", "The Inter Project Authors",
+                      "The Bootstrap Authors", "Permission is hereby granted, free of charge"):
+            with self.subTest(words):
+                self.assertIn(words.lower(), " ".join(text.lower().split()))
 
     def test_it_holds_what_is_installed_without_it(self):
         listed = output("dpkg-deb", "--contents", str(self.package)).splitlines()
