@@ -5,6 +5,7 @@
 #include <QDBusAbstractInterface>
 #include <QDBusConnection>
 #include <QDBusMessage>
+#include <QDBusServiceWatcher>
 #include <QDBusVariant>
 #include <QObject>
 
@@ -43,10 +44,12 @@ signals:
 
 private:
     void readSetting();
+    void askForSetting();
     void takeAnswer(const QDBusMessage &answer);
     void takeSetting(const QString &group, const QString &key, const QDBusVariant &value);
 
     SettingsPortal m_portal;
+    QDBusServiceWatcher m_arrival; ///< of a portal, or of another in its place
     ColorScheme m_paletteScheme;
     std::optional<ColorScheme> m_portalScheme; ///< absent while the portal states no preference
 };
