@@ -4,11 +4,24 @@
 #include "SlideRendererView.h"
 #include "WorkspaceStore.h"
 
+#include <QGuiApplication>
 #include <QPainter>
 
 #include <utility>
 
 namespace quenara {
+
+namespace {
+
+/// Not on Wayland. Qt waits there, in a painting that comes before the compositor is done with the
+/// last ones, for that, and handles events meanwhile: a screen that goes then takes away the window
+/// that is being painted, and ends the program.
+bool mayPaintAtOnce()
+{
+    return !QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+}
+
+} // namespace
 
 DisplayOutputView::DisplayOutputView(const WorkspaceStore &store, RenderCaches &caches,
                                      QWidget *parent)
@@ -44,8 +57,13 @@ bool DisplayOutputView::takeContent()
 /// Paints what was sent before any other window is painted.
 void DisplayOutputView::showNow()
 {
-    if (takeContent())
+    if (!takeContent())
+        return;
+    if (mayPaintAtOnce()) {
         repaint();
+    } else {
+        update();
+    }
 }
 
 /// Paints with the next event: edits of the live slide may come faster than they can be painted.
