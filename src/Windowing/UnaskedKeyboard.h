@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QElapsedTimer>
+#include <QFocusEvent>
 #include <QObject>
 #include <QPointer>
 #include <QWidget>
@@ -27,10 +28,13 @@ public:
 
 private:
     [[nodiscard]] bool isOfWindow(const QObject &receiver) const;
+    [[nodiscard]] bool wouldEndTyping(const QObject &receiver, const QFocusEvent &event) const;
     void comeToFront();
+    void end();
 
     QWidget &m_window;
     QPointer<QWidget> m_before; ///< the window that had the keyboard; null if none of the program's
+    bool m_isAsked = false; ///< once the operator has given it the keyboard
     std::chrono::milliseconds m_settling;
     QElapsedTimer m_stands; ///< since the window is seen, or was last given the keyboard unasked
 };

@@ -1,6 +1,7 @@
 #include "GuiTestSupport.h"
 #include "UnaskedKeyboard.h"
 
+#include <QLineEdit>
 #include <QPointer>
 #include <QShortcut>
 #include <QSignalSpy>
@@ -65,6 +66,23 @@ private slots:
             QTRY_VERIFY(typing.isActiveWindow());
         }
         QVERIFY(newcomer.guard);
+    }
+
+    void aFieldThatIsTypedIntoIsNotLeft()
+    {
+        QLineEdit field;
+        showActive(field);
+        const QSignalSpy finished(&field, &QLineEdit::editingFinished);
+        Newcomer newcomer;
+        const QSignalSpy passed(qApp, &QGuiApplication::focusWindowChanged);
+        newcomer.show();
+        newcomer.activateWindow();
+        QTRY_VERIFY(passed.size() >= 2); // there and back
+        QTRY_VERIFY(field.isActiveWindow());
+        QCOMPARE(finished.size(), 0);
+        QTest::keyClick(field.windowHandle(), Qt::Key_B);
+        QCOMPARE(field.text(), QStringLiteral("b"));
+        QCOMPARE(newcomer.acted.size(), 0);
     }
 
     void aWindowThatIsClosedMeanwhileIsNotBroughtBack()
