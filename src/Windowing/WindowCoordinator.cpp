@@ -75,7 +75,7 @@ void WindowCoordinator::openDisplayWindow(const WorkspaceStore &store, AppAppear
     m_hasDisplayFollowed = false; // it was sent where it lies from here on
     m_fetchesLeft = mostFetches;
     if (!m_display.window)
-        openDisplay(store, appearance, m_placement.screenByCommand(), Opening::byCommand);
+        openDisplay(store, appearance, m_placement.screenByCommand(), Opening::asked);
     bringToFront(*m_display.window);
 }
 
@@ -92,7 +92,7 @@ void WindowCoordinator::openDisplay(const WorkspaceStore &store, AppAppearance a
     window->setAttribute(Qt::WA_ShowWithoutActivating);
     connect(new EscapeTwice(*window), &EscapeTwice::pressed, this,
             &WindowCoordinator::leaveDisplay);
-    if (opening == Opening::byItself)
+    if (opening == Opening::unasked)
         new UnaskedKeyboard(*window);
     m_placement.cover(*window, screen);
     connect(window->windowHandle(), &QWindow::screenChanged, this,
@@ -215,7 +215,7 @@ void WindowCoordinator::followWithDisplay()
             m_display.window->isActiveWindow() && !m_display.window->findChild<UnaskedKeyboard *>();
         m_display.window->hide();
         openDisplay(*m_displayStore, m_appearance.appearance(), *screen,
-                    hasKeys ? Opening::byCommand : Opening::byItself);
+                    hasKeys ? Opening::asked : Opening::unasked);
     }
 }
 
@@ -266,7 +266,7 @@ void WindowCoordinator::reopenDisplay()
     if (!m_isDisplayWaiting || !m_displayStore)
         return;
     if (const auto screen = m_placement.freeScreen())
-        openDisplay(*m_displayStore, m_appearance.appearance(), *screen, Opening::byItself);
+        openDisplay(*m_displayStore, m_appearance.appearance(), *screen, Opening::unasked);
 }
 
 void WindowCoordinator::reopenStage()

@@ -93,7 +93,8 @@ private:
         bool isOpen = false;
     };
 
-    enum class Opening { byCommand, byItself };
+    /// Whether the operator has given the window the keyboard, by opening it or before it moved.
+    enum class Opening { asked, unasked };
 
     void openDisplay(const WorkspaceStore &store, AppAppearance appearance,
                      const PlacedScreen &screen, Opening opening);
