@@ -5,13 +5,13 @@ import os
 import shutil
 import subprocess
 import sys
-import tempfile
 from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).parents[1] / "e2e"))
 
 # pylint: disable=wrong-import-position
-from processes import Process, wait_until # noqa: E402
+from processes import Process, Surroundings, wait_until # noqa: E402
+from xserver import Unavailable # noqa: E402
 
 WIDTH, HEIGHT = 1920, 1080
 # That of a session, but that the tests may speak there, too.
@@ -26,12 +26,8 @@ BUS_CONFIGURATION = """<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-Bus Bus
 NOBODY = 65534 # an ordinary user: compositors refuse root
 
 
-class Unavailable(Exception):
-    """Why a desktop cannot be had here."""
-
-
-class Desktop:
-    """Runs as an ordinary user in a folder of its own; a context manager that ends it.
+class Desktop(Surroundings):
+    """Runs as an ordinary user.
 
     What cannot be done without a monitor is not in `abilities`, of "unplug", "scale" and "primary".
     """
@@ -45,30 +41,16 @@ class Desktop:
             raise Unavailable(f"there is no {', '.join(missing)}: scripts/setup desktops")
         if os.geteuid() != 0:
             raise Unavailable("an ordinary user of its own needs root's rights")
-        self._folder = tempfile.TemporaryDirectory(prefix="quenara-desktop-")
+        super().__init__("desktop")
+
+    def begin(self):
         self.folder = Path(self._folder.name)
-        self._processes = []
         self.environment = {
             "PATH": os.environ["PATH"], "LC_ALL": "C.UTF-8", "HOME": str(self.folder),
             "XDG_RUNTIME_DIR": str(self.folder), "LIBGL_ALWAYS_SOFTWARE": "1"}
         os.chown(self.folder, NOBODY, NOBODY)
-        try:
-            self.environment["DBUS_SESSION_BUS_ADDRESS"] = self._start_bus("bus")
-            self.begin()
-        except BaseException:
-            self.close()
-            raise
-
-    def __enter__(self):
-        return self
-
-    def __exit__(self, *_):
-        self.close()
-
-    def close(self):
-        for process in reversed(self._processes):
-            process.end()
-        self._folder.cleanup()
+        self.environment["DBUS_SESSION_BUS_ADDRESS"] = self._start_bus("bus")
+        self.come_up()
 
     def spawn(self, *command, **environment):
         """A process of the desktop's user, which ends with the desktop at the latest."""
@@ -117,7 +99,7 @@ class Desktop:
 
     # What each desktop does in its own way:
 
-    def begin(self):
+    def come_up(self):
         """Starts it, and puts into the environment what a program needs to come up on it."""
         raise NotImplementedError
 

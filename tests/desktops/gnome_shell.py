@@ -21,7 +21,7 @@ class GnomeShell(Desktop):
     needs = ("gnome-shell", "pipewire", "wireplumber")
     abilities = frozenset({"unplug", "scale", "primary"})
 
-    def begin(self):
+    def come_up(self):
         # It asks the system of sessions and seats, of which there are none.
         self.environment["DBUS_SYSTEM_BUS_ADDRESS"] = self._start_bus("system-bus")
         self.spawn("pipewire")

@@ -18,7 +18,7 @@ class Sway(Desktop):
     # Its release of Debian 12 can neither turn off nor scale a screen without a monitor.
     abilities = frozenset()
 
-    def begin(self):
+    def come_up(self):
         configuration = self.folder / "sway.conf"
         configuration.write_text(CONFIGURATION)
         socket = self.folder / "sway.sock"

@@ -19,6 +19,35 @@ def wait_until(condition, description, deadline=DEADLINE):
     raise AssertionError(f"waited {deadline} s in vain for {description}")
 
 
+class Surroundings:
+    """Processes that a program runs among, with a folder of their own; a context manager that ends
+    all of them, the last first."""
+
+    def __init__(self, name):
+        self._folder = tempfile.TemporaryDirectory(prefix=f"quenara-{name}-")
+        self._processes = []
+        try:
+            self.begin()
+        except BaseException:
+            self.close()
+            raise
+
+    def __enter__(self):
+        return self
+
+    def __exit__(self, *_):
+        self.close()
+
+    def close(self):
+        for process in reversed(self._processes):
+            process.end()
+        self._folder.cleanup()
+
+    def begin(self):
+        """Starts the processes."""
+        raise NotImplementedError
+
+
 class Process:
     """A child process whose output is kept."""
 

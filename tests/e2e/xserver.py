@@ -3,10 +3,9 @@
 import os
 import shutil
 import subprocess
-import tempfile
 from pathlib import Path
 
-from processes import Process, wait_until
+from processes import Process, Surroundings, wait_until
 
 SCREEN_WATCH = os.environ.get("QUENARA_SCREEN_WATCH", "")
 NOT_SHOWN = 3  # the status of screen_watch
@@ -51,7 +50,7 @@ def can_have_two_screens():
     return os.geteuid() == 0 and shutil.which("Xorg") is not None
 
 
-class XServer:
+class XServer(Surroundings):
     """A running X server with a window manager; a context manager that ends both.
 
     With root's rights it has two screens of 1920 by 1080 side by side; without, one screen as wide
@@ -62,28 +61,14 @@ class XServer:
         self.has_two_screens = can_have_two_screens()
         if two_screens_required and not self.has_two_screens:
             raise Unavailable("two screens need Xorg, and root's rights to start it")
-        self._folder = tempfile.TemporaryDirectory(prefix="quenara-x-")
-        self._processes = []
-        try:
-            self._start_server()
-            if self.has_two_screens:
-                self._modes = set()
-                self.plug_second_screen()
-            self._start_window_manager()
-        except BaseException:
-            self.close()
-            raise
+        super().__init__("x")
 
-    def __enter__(self):
-        return self
-
-    def __exit__(self, *_):
-        self.close()
-
-    def close(self):
-        for process in reversed(self._processes):
-            process.end()
-        self._folder.cleanup()
+    def begin(self):
+        self._start_server()
+        if self.has_two_screens:
+            self._modes = set()
+            self.plug_second_screen()
+        self._start_window_manager()
 
     @property
     def environment(self):
