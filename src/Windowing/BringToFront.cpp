@@ -1,6 +1,7 @@
 #include "BringToFront.h"
 
 #include "KeyboardClaim.h"
+#include "UnaskedKeyboard.h"
 
 #include <QWidget>
 
@@ -10,6 +11,7 @@ void bringToFront(QWidget &window)
 {
     window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
     window.raise();
+    delete window.findChild<UnaskedKeyboard *>(); // it is asked for now
     if (window.windowFlags().testFlag(Qt::BypassWindowManagerHint)) {
         new KeyboardClaim(window);
     } else {

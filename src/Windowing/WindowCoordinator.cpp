@@ -252,7 +252,9 @@ void WindowCoordinator::reopenWaiting()
 /// waits until the screens change.
 void WindowCoordinator::fetchDisplayBack()
 {
-    if (!m_display.window || !m_placement.isAstray(*m_display.window, m_displayScreen))
+    const OutputWindow *display = m_display.window.get();
+    // One that has left the wrong screen may be on its own again by now, and still hidden.
+    if (!display || (display->isVisible() && !m_placement.isAstray(*display, m_displayScreen)))
         return;
     if (m_fetchesLeft-- > 0) {
         followWithDisplay();

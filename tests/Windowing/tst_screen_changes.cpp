@@ -59,6 +59,16 @@ private slots:
         QVERIFY(program.windows.isDisplayWaiting());
     }
 
+    void aDisplayThatWasTakenOffMeanwhileIsShownOnceTheScreensSettle()
+    {
+        Program program;
+        program.openDisplayThatFollows();
+        program.windows.displayWindow()->hide();
+        Program::letScreensSettle();
+        QVERIFY(program.windows.displayWindow()->isVisible());
+        QCOMPARE(program.windows.displayWindow()->geometry(), Program::freeScreen().geometry());
+    }
+
     void aDisplayOpenedByCommandStaysWhereverTheOneBeforeHasFollowed_data()
     {
         using Close = void (*)(Program &program);

@@ -1,3 +1,4 @@
+#include "BringToFront.h"
 #include "GuiTestSupport.h"
 #include "UnaskedKeyboard.h"
 
@@ -118,6 +119,18 @@ private slots:
         showActive(newcomer);
         QTest::mouseClick(&newcomer, Qt::LeftButton);
         QTRY_VERIFY(!newcomer.guard);
+        newcomer.press();
+        QCOMPARE(newcomer.acted.size(), 1);
+    }
+
+    void aCommandThatBringsItToTheFrontGivesItTheKeyboard()
+    {
+        const Typing typing;
+        Newcomer newcomer;
+        newcomer.show();
+        bringToFront(newcomer);
+        QVERIFY(!newcomer.guard);
+        QVERIFY(QTest::qWaitForWindowActive(&newcomer));
         newcomer.press();
         QCOMPARE(newcomer.acted.size(), 1);
     }
