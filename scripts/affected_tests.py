@@ -3,7 +3,8 @@ alternatives of a regular expression.
 
 A test knows the files of the folders whose sources and libraries its executable is made of. Which
 end-to-end tests know a part of the program nobody can tell, and all of them take minutes: those are
-printed whose own files, or whose helpers, are given, and all when the program's windows are.
+printed whose own files, or whose helpers, are given, and those that look at more than what is within
+one window when the program's windows are. What is installed is looked at when it, or how, changes.
 """
 
 import json
@@ -15,6 +16,7 @@ from pathlib import Path
 ALL_ROOMS = ("src/", "tests/", "share/", "ARCHITECTURE.md")
 EVERY_TEST = ("CMakeLists.txt", "CMakePresets.json", "cmake/", "resources/", "tests/data/",
               "tests/golden/")
+INSTALLED = ("share/", "tests/desktop/", "scripts/package")
 WINDOWS = ("src/Windowing/", "src/quenaraApp.cpp")
 
 
@@ -24,7 +26,7 @@ def tests_of(build):
     for test in json.loads(answer)["tests"]:
         labels = next((entry["value"] for entry in test.get("properties", [])
                        if entry["name"] == "LABELS"), [])
-        yield test["name"], test.get("command", []), "e2e" in labels
+        yield test["name"], test.get("command", []), labels
 
 
 def folders_by_executable(build):
@@ -39,8 +41,8 @@ def folders_by_executable(build):
     return found
 
 
-def knows_end_to_end(script, changed):
-    if any(name.startswith(WINDOWS) for name in changed):
+def knows_end_to_end(script, labels, changed):
+    if "within" not in labels and any(name.startswith(WINDOWS) for name in changed):
         return True
     folder = script.parent
     return any(Path(name).parent == folder and (Path(name) == script
@@ -59,19 +61,20 @@ def main():
     root = Path.cwd()
     folders = folders_by_executable(build)
 
-    def is_affected(test, command, is_end_to_end):
+    def is_affected(test, command, labels):
         if any(name.startswith(EVERY_TEST) for name in changed):
             return True
-        if is_end_to_end:
-            return knows_end_to_end(Path(command[-1]).relative_to(root), changed)
+        if "e2e" in labels:
+            return knows_end_to_end(Path(command[-1]).relative_to(root), labels, changed)
         executable = command[0].removeprefix(f"{root / build}/")
         if executable not in folders:
-            return any(name.startswith(ALL_ROOMS) for name in changed)
+            rooms = INSTALLED if test.startswith("desktop_") else ALL_ROOMS
+            return any(name.startswith(rooms) for name in changed)
         return any(knows(folders[executable], test, name) for name in changed)
 
     if changed:
-        print("|".join(re.escape(name) for name, command, is_end_to_end in tests_of(build)
-                       if is_affected(name, command, is_end_to_end)))
+        print("|".join(re.escape(name) for name, command, labels in tests_of(build)
+                       if is_affected(name, command, labels)))
 
 
 if __name__ == "__main__":

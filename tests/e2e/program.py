@@ -126,29 +126,16 @@ class Program:
 
     def windows(self):
         """The shown windows that have a title, by X window id, managed or not."""
-        # A window that was found may close before it is asked for its title.
-        titles = {window: self.server.ask("xdotool", "getwindowname", window).stdout
-                  for window in self._found(".")}
-        return {window: title.decode().strip() for window, title in titles.items() if title}
+        return self.server.windows.titles()
 
     def window(self, title):
         """The id of the shown window whose whole title matches, None when there is none."""
-        return next(iter(self._found(f"^({title})$")), None)
-
-    def _found(self, title):
-        """The ids of the shown windows with a matching part of their titles. They are the root's
-        children, or those of frames."""
-        command = ["search", "--onlyvisible", "--maxdepth", "2", "--name", title]
-        search = None
-        # A window that closes meanwhile ends a search before it has found the rest.
-        while search is None or b"BadWindow" in search.stderr:
-            search = self.server.ask("xdotool", *command)
-        return search.stdout.decode().split()
+        return next((window for window, shown in self.windows().items()
+                     if re.fullmatch(title, shown)), None)
 
     def is_managed(self, title):
         """Whether the window manager knows the shown window."""
-        managed = self.server.run("wmctrl", "-l").decode().splitlines()
-        return int(self.wait_for_window(title)) in {int(line.split()[0], 16) for line in managed}
+        return self.wait_for_window(title) in self.server.windows.managed()
 
     def wait_for_window(self, title):
         def found():
@@ -163,12 +150,11 @@ class Program:
 
     def focused_window(self):
         """Empty while the keyboard passes from one window to the next."""
-        return self.server.ask("xdotool", "getactivewindow").stdout.decode().strip()
+        return self.server.windows.active()
 
     def focused_title(self):
         """Empty while the keyboard passes from one window to the next."""
-        title = self.server.ask("xdotool", "getwindowfocus", "-f", "getwindowname").stdout
-        return title.decode().strip()
+        return self.server.windows.focused_title()
 
     def focus(self, title):
         """Puts a window in front and gives it the keyboard, even if another window that is closing
@@ -200,10 +186,8 @@ class Program:
 
     def area(self, title):
         """(width, height, x, y) of a window without frame on the whole desktop."""
-        answer = self.server.run("xdotool", "getwindowgeometry", "--shell",
-                                 self.wait_for_window(title)).decode()
-        values = dict(line.split("=") for line in answer.split())
-        return tuple(int(values[key]) for key in ("WIDTH", "HEIGHT", "X", "Y"))
+        return wait_until(lambda: self.server.windows.area(self.wait_for_window(title)),
+                          f"{title} to have a place")
 
     def press(self, *keys):
         """Presses and releases keys one after the other in the window that has the focus."""

@@ -226,6 +226,13 @@ class Thing:
         """Whether it is in a state, by the name of the accessibility services."""
         return self._accessible.get_state_set().contains(getattr(Atspi.StateType, state))
 
+    def is_control(self, title, role):
+        """Whether it is shown and can be used, and is called so; False once it has gone."""
+        with contextlib.suppress(GLib.Error):
+            return (self.has("FOCUSABLE") and self.has("SHOWING")
+                    and role in (None, self.role) and self.title == title)
+        return False
+
     def take_keyboard(self):
         Atspi.Component.grab_focus(self._accessible)
         wait_until(lambda: self.has("FOCUSED"), f"{self.title} to have the keyboard")

@@ -132,6 +132,7 @@ class ReadCase(TwoScreenCase):
         program = super().start(*arguments, **options,
                                 environment=self.reader.environment | (environment or {}))
         self.application = self.reader.application(program.pid)
+        self._found = {}
         return program
 
     def shown(self, window=OPERATOR):
@@ -143,8 +144,13 @@ class ReadCase(TwoScreenCase):
     def thing(self, name, role=None, window=OPERATOR):
         """The control of that title and role, once it is there."""
         def found():
-            return next((thing for thing in self.shown(window) if thing.has("FOCUSABLE")
-                         and role in (None, thing.role) and thing.title == name), None)
+            # Looking through all that is shown takes hundreds of questions.
+            known = self._found.get((name, role, window))
+            if not (known and known.is_control(name, role)):
+                known = next((thing for thing in self.shown(window)
+                              if thing.is_control(name, role)), None)
+                self._found[name, role, window] = known
+            return known
 
         return wait_until(found, f"{role or 'something'} named {name}")
 

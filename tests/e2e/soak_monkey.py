@@ -211,29 +211,20 @@ class Monkey:
     def point_into(self, window, windows):
         """Points to a random place of a window. Whether the program shows something there: the
         frame of another window might close it."""
-        places = {shown: self.place_of(shown) for shown in windows}
-        if not all(places.values()): # one has closed meanwhile
+        areas = {shown: self.server.windows.area(shown) for shown in windows}
+        if not all(areas.values()): # one has closed meanwhile
             return False
-        x, y, width, height = places[window]
+        width, height, x, y = areas[window]
         x, y = x + self.random.randrange(width), y + self.random.randrange(height)
         self.server.ask("xdotool", "mousemove", str(x), str(y))
-        told = self.told_of("getmouselocation")
-        if not told: # the window there has just closed
+        told = self.server.ask("xdotool", "getmouselocation", "--shell").stdout.decode()
+        under = dict(line.split("=") for line in told.split()).get("WINDOW")
+        if not under: # the window there has just closed
             return False
-        under = str(told["WINDOW"])
-        if under not in places: # a popup, or what the window manager shows
+        if under not in areas: # a popup, or what the window manager shows
             return int(under) & CLIENT == int(window) & CLIENT
-        left, top, across, down = places[under]
+        across, down, left, top = areas[under]
         return left <= x < left + across and top <= y < top + down
-
-    def place_of(self, window):
-        """(x, y, width, height), None once the window is gone."""
-        told = self.told_of("getwindowgeometry", window)
-        return tuple(told[key] for key in ("X", "Y", "WIDTH", "HEIGHT")) if told else None
-
-    def told_of(self, command, *window):
-        answer = self.server.ask("xdotool", command, "--shell", *window).stdout.decode()
-        return {key: int(value) for key, value in (line.split("=") for line in answer.split())}
 
     def menu_bar(self):
         return next((thing for window in self.application.children

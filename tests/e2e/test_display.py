@@ -2,7 +2,6 @@
 
 import time
 
-from pointer import pointer_is_visible
 from processes import wait_until
 from program import DISPLAY, OPERATOR
 from show_case import TwoScreenCase, run
@@ -119,9 +118,9 @@ class Display(TwoScreenCase):
         program.open_display()
         self.see_slide(0)
         program.point_at(OPERATOR)
-        wait_until(lambda: pointer_is_visible(self.server.display), "a pointer to be seen")
+        wait_until(lambda: self.server.windows.pointer_is_visible(), "a pointer to be seen")
         program.point_at(DISPLAY)
-        wait_until(lambda: not pointer_is_visible(self.server.display), "no pointer to be seen")
+        wait_until(lambda: not self.server.windows.pointer_is_visible(), "no pointer to be seen")
 
 
 if __name__ == "__main__":

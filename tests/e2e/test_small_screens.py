@@ -36,11 +36,7 @@ class SmallScreens(TwoScreenCase):
     def outer_area(self, title=OPERATOR):
         """(left, top, right, bottom) of a window with its frame."""
         window = self.program.wait_for_window(title)
-        # xdotool counts the frame twice where a window manager has put the window into one.
-        answer = self.server.run("xwininfo", "-id", window).decode()
-        x, y, width, height = (
-            int(re.search(rf"{name}:\s*(-?\d+)", answer).group(1))
-            for name in ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height"))
+        width, height, x, y = self.server.windows.area(window)
         answer = self.server.run("xprop", "-id", window, "_NET_FRAME_EXTENTS").decode()
         left, right, top, bottom = map(int, re.findall(r"\d+", answer))
         return (x - left, y - top, x + width + right, y + height + bottom)

@@ -6,6 +6,7 @@ import subprocess
 from pathlib import Path
 
 from processes import Process, Surroundings, wait_until
+from x_windows import XWindows
 
 SCREEN_WATCH = os.environ.get("QUENARA_SCREEN_WATCH", "")
 NOT_SHOWN = 3  # the status of screen_watch
@@ -61,14 +62,22 @@ class XServer(Surroundings):
         self.has_two_screens = can_have_two_screens()
         if two_screens_required and not self.has_two_screens:
             raise Unavailable("two screens need Xorg, and root's rights to start it")
+        self.windows = None
         super().__init__("x")
 
     def begin(self):
         self._start_server()
+        self.windows = XWindows(self.display)
         if self.has_two_screens:
             self._modes = set()
             self.plug_second_screen()
         self._start_window_manager()
+
+    def close(self):
+        if self.windows:
+            self.windows.close()
+            self.windows = None
+        super().close()
 
     @property
     def environment(self):
