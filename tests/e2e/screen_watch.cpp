@@ -1,8 +1,8 @@
-// screen_watch X Y WIDTH HEIGHT: looks at a part of the root window as often as the server allows
-// and prints "frame TIME HASH" for the first image and for every one that differs from the one
-// before; HASH is the SHA-1 of its RGB bytes. Keys are pressed for those who write "press KEYSYM",
-// KEYSYM being a hexadecimal number, to it; it prints "press TIME" then. Times are nanoseconds of
-// one clock. Ends with its input.
+// screen_watch X Y WIDTH HEIGHT: looks at a part of the root window whenever anything was drawn
+// there or beside it and prints "frame TIME HASH" for the first image and for every one that
+// differs from the one before; HASH is the SHA-1 of its RGB bytes. Keys are pressed for those who
+// write "press KEYSYM", KEYSYM being a hexadecimal number, to it; it prints "press TIME" then.
+// Times are nanoseconds of one clock. Ends with its input.
 //
 // screen_watch --once X Y WIDTH HEIGHT: writes the RGB bytes of what is shown there now.
 //
@@ -13,6 +13,7 @@
 #include <QCryptographicHash>
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <condition_variable>
 #include <cstdio>
@@ -28,7 +29,9 @@
 #include <sys/ipc.h>
 #include <sys/shm.h>
 #include <thread>
+#include <unistd.h>
 #include <vector>
+#include <xcb/damage.h>
 #include <xcb/shm.h>
 #include <xcb/xtest.h>
 
@@ -36,12 +39,23 @@ namespace {
 
 using Pixels = std::vector<std::uint32_t>;
 
+using Clock = std::chrono::steady_clock;
+
 constexpr int notShown = 3; ///< the status if an image is not shown in time
+constexpr int forEver = -1; ///< in milliseconds, as poll() has it
+/// A window is painted in parts, and what stands between them is no frame: the longest pause before
+/// the next part, in milliseconds, and how long painting takes at most.
+constexpr int betweenParts = 2;
+constexpr std::chrono::milliseconds longestPainting(10);
+/// No finger presses twice so soon. What is released and pressed in one millisecond is a key that
+/// is held down: that is how a server repeats it.
+constexpr std::chrono::milliseconds betweenPresses(5);
+/// How often an area is looked at that is no part of the root window, in milliseconds.
+constexpr int beforeItIsThere = 5;
 
 std::int64_t now()
 {
-    return std::chrono::duration_cast<std::chrono::nanoseconds>(
-               std::chrono::steady_clock::now().time_since_epoch())
+    return std::chrono::duration_cast<std::chrono::nanoseconds>(Clock::now().time_since_epoch())
         .count();
 }
 
@@ -141,6 +155,7 @@ public:
         const Owned<xcb_get_input_focus_reply_t> answer(
             xcb_get_input_focus_reply(m_server, xcb_get_input_focus(m_server), nullptr));
         shmctl(memory, IPC_RMID, nullptr);
+        tellOfDrawing();
     }
 
     ~Screen()
@@ -168,6 +183,51 @@ public:
 
     std::span<const std::uint32_t> pixels() const { return m_pixels; }
 
+    /// Whether anything was drawn since the last call, or an image before the first.
+    bool hasChanged()
+    {
+        bool hasChanged = false;
+        while (const Owned<xcb_generic_event_t> event{xcb_poll_for_event(m_server)})
+            hasChanged |= (event->response_type & 0x7fU) == m_drawing;
+        if (hasChanged)
+            xcb_damage_subtract(m_server, m_damage, XCB_NONE, XCB_NONE);
+        xcb_flush(m_server);
+        return hasChanged;
+    }
+
+    /// Waits for something to be drawn or, if that is asked for, for input.
+    void wait(int milliseconds, bool orForInput)
+    {
+        std::array<pollfd, 2> sources{{
+            {.fd = xcb_get_file_descriptor(m_server), .events = POLLIN, .revents = 0},
+            {.fd = STDIN_FILENO, .events = POLLIN, .revents = 0},
+        }};
+        poll(sources.data(), orForInput ? 2 : 1, milliseconds);
+        if (xcb_connection_has_error(m_server))
+            fail("the X server has gone");
+    }
+
+    /// Waits until a finger could press again.
+    void waitForFinger()
+    {
+        std::this_thread::sleep_until(m_pressedAt + betweenPresses);
+        m_pressedAt = Clock::now();
+    }
+
+    /// Waits until nothing more is drawn at once. When the last of it was, as far as has been told.
+    std::int64_t waitUntilPainted()
+    {
+        std::int64_t drawnAt = now();
+        const auto end = Clock::now() + longestPainting;
+        while (Clock::now() < end) {
+            wait(betweenParts, false);
+            if (!hasChanged())
+                break;
+            drawnAt = now();
+        }
+        return drawnAt;
+    }
+
     void press(xcb_keysym_t symbol)
     {
         const std::uint8_t key = keyOf(symbol);
@@ -177,6 +237,21 @@ public:
     }
 
 private:
+    /// Has the server tell of all that is drawn on the root window and within it.
+    void tellOfDrawing()
+    {
+        const xcb_query_extension_reply_t *extension =
+            xcb_get_extension_data(m_server, &xcb_damage_id);
+        if (!extension || !extension->present)
+            fail("the X server does not tell what is drawn");
+        const Owned<xcb_damage_query_version_reply_t> version(xcb_damage_query_version_reply(
+            m_server, xcb_damage_query_version(m_server, 1, 1), nullptr));
+        m_drawing = std::uint8_t(extension->first_event + XCB_DAMAGE_NOTIFY);
+        m_damage = xcb_generate_id(m_server);
+        xcb_damage_create(m_server, m_damage, m_root->root, XCB_DAMAGE_REPORT_LEVEL_NON_EMPTY);
+        xcb_flush(m_server);
+    }
+
     std::uint8_t keyOf(xcb_keysym_t symbol) const
     {
         const xcb_setup_t *setup = xcb_get_setup(m_server);
@@ -201,21 +276,23 @@ private:
     std::vector<int> m_area;
     xcb_shm_seg_t m_segment = 0;
     std::span<std::uint32_t> m_pixels;
+    xcb_damage_damage_t m_damage = 0;
+    std::uint8_t m_drawing = 0; ///< what the server calls the event
+    Clock::time_point m_pressedAt;
 };
 
 /// Does what the input asks for, without waiting for it; false at its end.
 bool obey(Screen &screen)
 {
-    pollfd input{.fd = 0, .events = POLLIN, .revents = 0};
-    while (poll(&input, 1, 0) > 0) {
+    pollfd input{.fd = STDIN_FILENO, .events = POLLIN, .revents = 0};
+    while (std::cin.rdbuf()->in_avail() > 0 || poll(&input, 1, 0) > 0) {
         std::string word;
         std::string symbol;
         if (!(std::cin >> word >> symbol))
             return false;
+        screen.waitForFinger();
         say("press " + std::to_string(now()));
         screen.press(xcb_keysym_t(std::stoul(symbol, nullptr, 16)));
-        if (std::cin.rdbuf()->in_avail() <= 0)
-            break;
     }
     return true;
 }
@@ -225,15 +302,22 @@ void watch(Screen &screen)
 {
     Frames frames;
     Pixels before;
+    bool isThere = false;
     while (obey(screen)) {
-        // A small area is looked at often enough, and the server has others to serve.
-        std::this_thread::sleep_for(std::chrono::microseconds(200));
-        if (!screen.look())
+        if (!screen.hasChanged() && isThere) {
+            screen.wait(forEver, true);
             continue;
+        }
+        const std::int64_t drawnAt = screen.waitUntilPainted();
+        isThere = screen.look();
+        if (!isThere) {
+            screen.wait(beforeItIsThere, true);
+            continue;
+        }
         const auto pixels = screen.pixels();
         if (!std::equal(pixels.begin(), pixels.end(), before.begin(), before.end())) {
             before.assign(pixels.begin(), pixels.end());
-            frames.add(now(), before);
+            frames.add(drawnAt, before);
         }
     }
 }
@@ -265,13 +349,17 @@ bool waitUntilShown(Screen &screen, std::chrono::seconds patience)
     std::vector<unsigned char> colors(3 * screen.pixels().size());
     if (std::fread(colors.data(), 1, colors.size(), stdin) != colors.size())
         fail("the input is no image of the area");
-    const auto end = std::chrono::steady_clock::now() + patience;
-    while (!screen.look() || !isShown(screen.pixels(), colors)) {
-        if (std::chrono::steady_clock::now() > end)
-            return false;
-        std::this_thread::sleep_for(std::chrono::milliseconds(20));
+    const auto end = Clock::now() + patience;
+    for (bool isThere = false; Clock::now() < end;) {
+        if (screen.hasChanged() || !isThere) {
+            isThere = screen.look();
+            if (isThere && isShown(screen.pixels(), colors))
+                return true;
+        }
+        const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now());
+        screen.wait(isThere ? std::max(0, int(left.count())) : beforeItIsThere, false);
     }
-    return true;
+    return false;
 }
 
 } // namespace

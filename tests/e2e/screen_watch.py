@@ -1,5 +1,6 @@
-"""Watching a screen without a pause, and pressing keys meanwhile."""
+"""Watching every frame of a screen, and pressing keys meanwhile."""
 
+import hashlib
 import subprocess
 import threading
 import time
@@ -10,12 +11,17 @@ from xserver import SCREEN_WATCH
 SYMBOLS = {"Left": 0xff51, "Up": 0xff52, "Right": 0xff53, "Down": 0xff54, "space": 0x20}
 
 
+def hash_of(image):
+    """The hash of a frame that shows these RGB bytes."""
+    return hashlib.sha1(image).hexdigest()
+
+
 @dataclass(frozen=True)
 class Frame:
     """What was shown from a moment on, until the next frame."""
 
     time: float  # seconds
-    hash: str  # of the RGB bytes
+    hash: str
 
 
 class ScreenWatch:

@@ -13,6 +13,7 @@ from pathlib import Path
 from processes import wait_until
 from program import OPERATOR, SANITIZER_OPTIONS, Program
 from screen_reader import ScreenReader
+from screen_watch import ScreenWatch, hash_of
 from xserver import FIRST_SCREEN, SECOND_SCREEN, Unavailable, XServer
 
 SHOW = Path(__file__).with_name("data") / "show.quenara"
@@ -24,6 +25,7 @@ NOTHING_RAN = 77
 HOLD = 1.5
 SCREEN_NAMES = {FIRST_SCREEN: "first screen", SECOND_SCREEN: "second screen"}
 BLACK = bytes(3 * SECOND_SCREEN[0] * SECOND_SCREEN[1])
+BLACK_HASH = hash_of(BLACK)
 
 
 def image_of(show, index, width=SECOND_SCREEN[0], height=SECOND_SCREEN[1]):
@@ -43,6 +45,12 @@ def image_of(show, index, width=SECOND_SCREEN[0], height=SECOND_SCREEN[1]):
 def slide_image(index, width=SECOND_SCREEN[0], height=SECOND_SCREEN[1]):
     """The image_of() a slide of the show that no test changes."""
     return image_of(SHOW, index, width, height)
+
+
+@functools.cache
+def slide_hash(index):
+    """The hash of the slide_image()."""
+    return hash_of(slide_image(index))
 
 
 class ShowCase(unittest.TestCase):
@@ -97,18 +105,12 @@ class ShowCase(unittest.TestCase):
 
         return wait_until(twice_the_same, "the screen to settle")
 
-    def screenshots_during(self, seconds):
-        """All that the second screen shows for some seconds."""
-        seen = set()
-        end = time.monotonic() + seconds
-        while time.monotonic() < end:
-            seen.add(self.server.screenshot(SECOND_SCREEN))
-        return seen
-
-    def screenshots_while_held(self, key):
-        """All that the second screen shows while a key is held, which the server repeats."""
-        with self.program.held(key):
-            return self.screenshots_during(HOLD)
+    def seen_while_held(self, key):
+        """The hashes of what the second screen shows, one after the other, while a key is held, which
+        the server repeats."""
+        with ScreenWatch(self.server, SECOND_SCREEN) as watch, self.program.held(key):
+            time.sleep(HOLD)
+        return [frame.hash for frame in watch.frames()]
 
 
 class TwoScreenCase(ShowCase):

@@ -1,12 +1,10 @@
 """Every frame that the audience sees, one after the other: none that was not sent."""
 
-import functools
-import hashlib
 import random
 
 from program import DISPLAY
-from screen_watch import ScreenWatch
-from show_case import BLACK, TwoScreenCase, run, slide_image
+from screen_watch import ScreenWatch, hash_of
+from show_case import BLACK_HASH, TwoScreenCase, run, slide_hash
 from xserver import SECOND_SCREEN
 
 SLIDES = 4
@@ -15,20 +13,11 @@ LONGEST_BURST = 5
 KEYS = ("Right", "Right", "Left", "b", "l")
 
 
-def hash_of(image):
-    return hashlib.sha1(image).hexdigest()
-
-
-@functools.cache
-def slide_hash(index):
-    return hash_of(slide_image(index))
-
-
 class Audience:
     """What is to be seen: the live slide and the mode, changed as the keys say."""
 
     def __init__(self, holding):
-        self._hashes = {"b": hash_of(BLACK), "l": holding}
+        self._hashes = {"b": BLACK_HASH, "l": holding}
         self._slide = 0
         self._mode = "live"
 
@@ -58,7 +47,7 @@ class OpeningAndClosing(TwoScreenCase):
                 program.toggle_display()
                 watch.wait_for(lambda frames: frames[-1].hash == desktop, "the desktop")
                 shown = [frame.hash for frame in watch.frames()[count:]]
-                if shown[0] == hash_of(BLACK):
+                if shown[0] == BLACK_HASH:
                     del shown[0]
                 self.assertEqual(shown, [slide_hash(0), desktop])
 
@@ -74,7 +63,7 @@ class OpeningAndClosing(TwoScreenCase):
             watch.wait_for(lambda frames: frames[-1].hash == slide_hash(0), "the slide")
             watch.settle()
             self.assertLessEqual({frame.hash for frame in watch.frames()[1:]},
-                                 {hash_of(BLACK), slide_hash(0)})
+                                 {BLACK_HASH, slide_hash(0)})
 
 
 class Frames(TwoScreenCase):
