@@ -150,11 +150,11 @@ class Program:
 
     def focused_window(self):
         """Empty while the keyboard passes from one window to the next."""
-        return self.server.windows.active()
+        return self.server.windows.focused()[0]
 
     def focused_title(self):
         """Empty while the keyboard passes from one window to the next."""
-        return self.server.windows.focused_title()
+        return self.server.windows.focused()[1]
 
     def focus(self, title):
         """Puts a window in front and gives it the keyboard, even if another window that is closing

@@ -30,6 +30,7 @@
 #include <sys/shm.h>
 #include <thread>
 #include <unistd.h>
+#include <utility>
 #include <vector>
 #include <xcb/damage.h>
 #include <xcb/shm.h>
@@ -151,9 +152,7 @@ public:
         m_pixels = {static_cast<std::uint32_t *>(shmat(memory, nullptr, 0)), size};
         m_segment = xcb_generate_id(m_server);
         xcb_shm_attach(m_server, m_segment, std::uint32_t(memory), 0);
-        // An answer to anything: the server has attached the memory by then.
-        const Owned<xcb_get_input_focus_reply_t> answer(
-            xcb_get_input_focus_reply(m_server, xcb_get_input_focus(m_server), nullptr));
+        waitForServer();
         shmctl(memory, IPC_RMID, nullptr);
         tellOfDrawing();
     }
@@ -186,18 +185,19 @@ public:
     /// Whether anything was drawn since the last call, or an image before the first.
     bool hasChanged()
     {
-        bool hasChanged = false;
-        while (const Owned<xcb_generic_event_t> event{xcb_poll_for_event(m_server)})
-            hasChanged |= (event->response_type & 0x7fU) == m_drawing;
-        if (hasChanged)
+        hear();
+        if (m_hasHeard)
             xcb_damage_subtract(m_server, m_damage, XCB_NONE, XCB_NONE);
         xcb_flush(m_server);
-        return hasChanged;
+        return std::exchange(m_hasHeard, false);
     }
 
     /// Waits for something to be drawn or, if that is asked for, for input.
     void wait(int milliseconds, bool orForInput)
     {
+        hear(); // of what has come with the answer to something else
+        if (m_hasHeard)
+            return;
         std::array<pollfd, 2> sources{{
             {.fd = xcb_get_file_descriptor(m_server), .events = POLLIN, .revents = 0},
             {.fd = STDIN_FILENO, .events = POLLIN, .revents = 0},
@@ -208,11 +208,7 @@ public:
     }
 
     /// Waits until a finger could press again.
-    void waitForFinger()
-    {
-        std::this_thread::sleep_until(m_pressedAt + betweenPresses);
-        m_pressedAt = Clock::now();
-    }
+    void waitForFinger() { std::this_thread::sleep_until(m_releasedAt + betweenPresses); }
 
     /// Waits until nothing more is drawn at once. When the last of it was, as far as has been told.
     std::int64_t waitUntilPainted()
@@ -233,10 +229,18 @@ public:
         const std::uint8_t key = keyOf(symbol);
         for (const int event : {XCB_KEY_PRESS, XCB_KEY_RELEASE})
             xcb_test_fake_input(m_server, std::uint8_t(event), key, 0, m_root->root, 0, 0, 0);
-        xcb_flush(m_server);
+        waitForServer();
+        m_releasedAt = Clock::now();
     }
 
 private:
+    /// Waits until the server has done all that it was asked for.
+    void waitForServer()
+    {
+        const Owned<xcb_get_input_focus_reply_t> answer(
+            xcb_get_input_focus_reply(m_server, xcb_get_input_focus(m_server), nullptr));
+    }
+
     /// Has the server tell of all that is drawn on the root window and within it.
     void tellOfDrawing()
     {
@@ -250,6 +254,12 @@ private:
         m_damage = xcb_generate_id(m_server);
         xcb_damage_create(m_server, m_damage, m_root->root, XCB_DAMAGE_REPORT_LEVEL_NON_EMPTY);
         xcb_flush(m_server);
+    }
+
+    void hear()
+    {
+        while (const Owned<xcb_generic_event_t> event{xcb_poll_for_event(m_server)})
+            m_hasHeard |= (event->response_type & 0x7fU) == m_drawing;
     }
 
     std::uint8_t keyOf(xcb_keysym_t symbol) const
@@ -278,7 +288,8 @@ private:
     std::span<std::uint32_t> m_pixels;
     xcb_damage_damage_t m_damage = 0;
     std::uint8_t m_drawing = 0; ///< what the server calls the event
-    Clock::time_point m_pressedAt;
+    bool m_hasHeard = false; ///< whether there was one since the last answer to hasChanged()
+    Clock::time_point m_releasedAt;
 };
 
 /// Does what the input asks for, without waiting for it; false at its end.

@@ -105,12 +105,15 @@ class ShowCase(unittest.TestCase):
 
         return wait_until(twice_the_same, "the screen to settle")
 
-    def seen_while_held(self, key):
-        """The hashes of what the second screen shows, one after the other, while a key is held, which
-        the server repeats."""
-        with ScreenWatch(self.server, SECOND_SCREEN) as watch, self.program.held(key):
-            time.sleep(HOLD)
-        return [frame.hash for frame in watch.frames()]
+    def see_while_held(self, key, *hashes):
+        """Passes if the second screen shows these frames, one after the other, and no other while a
+        key is held, which the server repeats."""
+        with ScreenWatch(self.server, SECOND_SCREEN) as watch:
+            with self.program.held(key):
+                time.sleep(HOLD)
+            watch.wait_for(lambda frames: frames[-1].hash == hashes[-1], f"what {key} leads to")
+            watch.settle()
+        self.assertEqual([frame.hash for frame in watch.frames()], list(hashes))
 
 
 class TwoScreenCase(ShowCase):

@@ -37,9 +37,7 @@ class Layouts(TwoScreenCase):
 
     def test_a_key_that_is_held_blacks_the_screen_out_once(self):
         program = self.start_with("ru")
-        seen = self.seen_while_held(B)
-        self.see_black()
-        self.assertEqual(seen, [slide_hash(0), BLACK_HASH])
+        self.see_while_held(B, slide_hash(0), BLACK_HASH)
 
     def test_in_a_text_they_are_letters_and_with_control_they_are_commands(self):
         program = self.start_with("ru")

@@ -123,24 +123,20 @@ class HeldKeys(TwoScreenCase):
     def test_the_server_repeats_a_held_letter(self):
         self.program.click_project_name()
         self.program.press("ctrl+a")
-        self.seen_while_held("x")
+        self.see_while_held("x", slide_hash(0))
         self.program.press("Return")
         self.program.wait_for_window("xx+ — Quenara")
 
     def test_a_held_arrow_is_one_step(self):
-        seen = self.seen_while_held("Right")
-        self.see_slide(1)
-        self.assertEqual(seen, [slide_hash(0), slide_hash(1)])
+        self.see_while_held("Right", slide_hash(0), slide_hash(1))
 
     def test_a_held_down_arrow_queues_one_slide_on(self):
-        self.seen_while_held("Down")
+        self.see_while_held("Down", slide_hash(0))
         self.program.press("space")
         self.see_slide(1)
 
     def test_a_held_b_blacks_out_for_good(self):
-        seen = self.seen_while_held("b")
-        self.see_black()
-        self.assertEqual(seen, [slide_hash(0), BLACK_HASH])
+        self.see_while_held("b", slide_hash(0), BLACK_HASH)
         self.program.press("b")
         self.see_slide(0)
 

@@ -27,15 +27,11 @@ class XWindows:
             self._add_title(window, titles)
         return titles
 
-    def active(self):
-        """The window that the window manager calls active; empty while there is none."""
-        active = self._property(self._root, "_NET_ACTIVE_WINDOW")
-        return str(active[0]) if active and active[0] else ""
-
-    def focused_title(self):
-        """The title of what has the keyboard; empty when nothing has, or it has none."""
+    def focused(self):
+        """What has the keyboard, and its title; both are empty while nothing has it."""
         window = self._display.get_input_focus().focus
-        return self._title(window) if window not in (X.NONE, X.PointerRoot) else ""
+        return ("", "") if window in (X.NONE, X.PointerRoot) else (str(window.id),
+                                                                   self._title(window))
 
     def managed(self):
         """The windows that the window manager knows, the oldest first."""
