@@ -3,8 +3,8 @@ alternatives of a regular expression.
 
 A test knows the files of the folders whose sources and libraries its executable is made of. Which
 end-to-end tests know a part of the program nobody can tell, and all of them take minutes: those are
-printed whose own files, or whose helpers, are given, and those that look at more than what is within
-one window when the program's windows are. What is installed is looked at when it, or how, changes.
+printed whose own files, or whose helpers, are given, and, when the program's windows are, those that
+look at more than what is within one of them. What is installed is looked at when it or how changes.
 """
 
 import json
@@ -16,7 +16,10 @@ from pathlib import Path
 ALL_ROOMS = ("src/", "tests/", "share/", "ARCHITECTURE.md")
 EVERY_TEST = ("CMakeLists.txt", "CMakePresets.json", "cmake/", "resources/", "tests/data/",
               "tests/golden/")
-INSTALLED = ("share/", "tests/desktop/", "scripts/package")
+INSTALLED = ("share/", "tests/desktop/", "scripts/package", "NOTICE")
+KEYS_AND_PANELS = tuple(f"src/Windowing/{name}" for name in (
+    "ActivationGuard", "DialogInFront", "FileDialogRunner", "KeyboardClaim", "LatinKeys",
+    "ShortcutGuard"))
 WINDOWS = ("src/Windowing/", "src/quenaraApp.cpp")
 
 
@@ -42,7 +45,8 @@ def folders_by_executable(build):
 
 
 def knows_end_to_end(script, labels, changed):
-    if "within" not in labels and any(name.startswith(WINDOWS) for name in changed):
+    places = KEYS_AND_PANELS if "within" in labels else WINDOWS
+    if any(name.startswith(places) for name in changed):
         return True
     folder = script.parent
     return any(Path(name).parent == folder and (Path(name) == script
@@ -69,7 +73,8 @@ def main():
         executable = command[0].removeprefix(f"{root / build}/")
         if executable not in folders:
             rooms = INSTALLED if test.startswith("desktop_") else ALL_ROOMS
-            return any(name.startswith(rooms) for name in changed)
+            return any(name.startswith(rooms) or name.endswith("/CMakeLists.txt")
+                       for name in changed)
         return any(knows(folders[executable], test, name) for name in changed)
 
     if changed:

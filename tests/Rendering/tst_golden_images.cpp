@@ -1,7 +1,9 @@
+#include "Fonts.h"
 #include "GoldenSlides.h"
 #include "GuiTestSupport.h"
 
 #include <QDir>
+#include <QFontDatabase>
 
 using namespace quenara;
 using namespace quenara::test;
@@ -23,6 +25,19 @@ class TestGoldenImages : public GuiTest
     Q_OBJECT
 
 private slots:
+    /// Where a test says which faces are installed, that they are, or that they are not.
+    void facesAreInstalledAsTheTestSays()
+    {
+        if (!qEnvironmentVariableIsSet("QUENARA_INSTALLED_FACES"))
+            return;
+        const QString faces = qEnvironmentVariable("QUENARA_INSTALLED_FACES");
+        for (const QString &family : {QStringLiteral("Lato"), QStringLiteral("Inter")}) {
+            QCOMPARE(isFamilyInstalled(family), faces == u"another");
+            if (isFamilyInstalled(family))
+                QCOMPARE(QFontDatabase::styles(family), QStringList(QStringLiteral("Regular")));
+        }
+    }
+
     void slidesLookAsTheyDid_data()
     {
         QTest::addColumn<GoldenSlide>("slide");

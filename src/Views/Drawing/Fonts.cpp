@@ -8,6 +8,14 @@
 
 namespace quenara {
 
+namespace {
+
+// As resources/fonts.list has them.
+const auto slideFamily = QStringLiteral("Quenara Slide");
+const auto interfaceFamily = QStringLiteral("Quenara Interface");
+
+} // namespace
+
 bool isFamilyInstalled(const QString &family)
 {
     // Asked for a single family, the platform takes long and answers with one that is merely alike.
@@ -22,8 +30,8 @@ bool isFamilyInstalled(const QString &family)
 
 bool isFamilyBundled(const QString &family)
 {
-    return family.compare(u"Inter", Qt::CaseInsensitive) == 0
-        || family.compare(u"Lato", Qt::CaseInsensitive) == 0;
+    return family.compare(slideFamily, Qt::CaseInsensitive) == 0
+        || family.compare(interfaceFamily, Qt::CaseInsensitive) == 0;
 }
 
 int loadBundledFonts()
@@ -37,7 +45,12 @@ int loadBundledFonts()
 
 QString systemFontFamily()
 {
-    return QStringLiteral("Inter");
+    return interfaceFamily;
+}
+
+QString slideFontFamily()
+{
+    return slideFamily;
 }
 
 QString emojiFontFamily()

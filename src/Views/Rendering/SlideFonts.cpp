@@ -10,7 +10,7 @@ namespace {
 QString standIn(const QString &family)
 {
     if (family == u"Avenir Next")
-        return QStringLiteral("Lato");
+        return slideFontFamily();
     if (family == u"Georgia")
         return QStringLiteral("serif");
     if (family == u"Menlo")
@@ -39,6 +39,11 @@ QFont::Weight fontWeight(TextFontWeight weight)
 
 QString slideFamily(const QString &family)
 {
+    // An installed face of that name may be another release.
+    if (family.compare(u"Lato", Qt::CaseInsensitive) == 0)
+        return slideFontFamily();
+    if (family.compare(u"Inter", Qt::CaseInsensitive) == 0)
+        return systemFontFamily();
     return isFamilyInstalled(family) ? family : standIn(family);
 }
 
