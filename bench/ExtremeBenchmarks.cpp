@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QJsonDocument>
 #include <QTemporaryDir>
+#include <QTimeZone>
 
 #include <optional>
 
@@ -38,7 +39,8 @@ QString words(qsizetype size)
 
 ZelvoProject startingProject()
 {
-    return ProjectTemplates::demoProject({QDate(2026, 3, 1), QTime(9, 30), Qt::UTC});
+    return ProjectTemplates::demoProject(
+        QDateTime(QDate(2026, 3, 1), QTime(9, 30), QTimeZone::utc()).toUTC());
 }
 
 SlideElement layer(SlideElementKind kind, std::int64_t zIndex)

@@ -13,6 +13,7 @@
 #include <QJsonObject>
 #include <QProcess>
 #include <QTemporaryDir>
+#include <QTimeZone>
 #include <QUrl>
 
 #include <cstdio>
@@ -28,7 +29,7 @@ constexpr ProjectSize manyImages{.slideCount = 400, .itemCount = 10, .imageCount
 
 QDateTime now()
 {
-    return {QDate(2026, 3, 1), QTime(9, 30), Qt::UTC};
+    return QDateTime(QDate(2026, 3, 1), QTime(9, 30), QTimeZone::utc()).toUTC();
 }
 
 double timeOf(const std::function<qsizetype()> &operation)

@@ -5,6 +5,7 @@
 
 #include <QRandomGenerator>
 #include <QStringList>
+#include <QTimeZone>
 
 #include <array>
 
@@ -55,7 +56,7 @@ ZelvoProject generateProject(const ProjectSize &size, quint32 seed)
     project.id = newIdentifier();
     project.name = QStringLiteral("Generated");
     project.kind = ProjectKind::custom;
-    project.updatedAt = QDateTime(QDate(2026, 3, 1), QTime(9, 30), Qt::UTC);
+    project.updatedAt = QDateTime(QDate(2026, 3, 1), QTime(9, 30), QTimeZone::utc()).toUTC();
     project.serviceItems.reserve(size.itemCount);
     for (int i = 0; i < size.itemCount; ++i) {
         ServiceItem item;

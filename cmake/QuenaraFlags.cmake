@@ -3,6 +3,8 @@ add_library(quenara_flags INTERFACE)
 target_compile_options(quenara_flags INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
   -Wimplicit-fallthrough
+  # gcc 14 takes an optional that is moved for one that has a value.
+  $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>
   $<$<BOOL:${QUENARA_WARNINGS_AS_ERRORS}>:-Werror>)
 if(CMAKE_CXX_COMPILER_ID STREQUAL Clang)
   # Else a precompiled header from ccache is refused when a checkout has touched what it is made of.

@@ -1,5 +1,7 @@
 #include "JsonDates.h"
 
+#include <QTimeZone>
+
 #include <algorithm>
 #include <cstdint>
 
@@ -34,7 +36,9 @@ std::optional<QDateTime> dateFromInternetText(std::string_view text)
     const QTime time(number(11, 2), number(14, 2), number(17, 2));
     if (!date.isValid() || !time.isValid())
         return std::nullopt;
-    return QDateTime(date, time, Qt::UTC);
+    // Before 6.5, Qt took that for a time zone like any other; what it has since deprecates the
+    // rest.
+    return QDateTime(date, time, QTimeZone::utc()).toUTC();
 }
 
 std::string internetText(const QDateTime &date)

@@ -70,10 +70,15 @@ simdjson::simdjson_result<json::Element> parse(simdjson::dom::parser &parser, QB
 std::optional<json::Element> parsed(simdjson::dom::parser &parser, QByteArray bytes)
 {
     simdjson::simdjson_result<json::Element> root = parse(parser, bytes);
-    if (root.error() == simdjson::NUMBER_ERROR) {
-        // Other programs write large reals as integers, which the parser refuses beyond 64 bits.
-        bytes = withLongIntegersAsReals({bytes.constData(), std::size_t(bytes.size())});
-        root = parse(parser, bytes);
+    if (root.error() != simdjson::SUCCESS && root.error() != simdjson::MEMALLOC) {
+        // Other programs write large reals as integers. Beyond 64 bits the parser refuses those,
+        // and its releases differ in what they call that.
+        const QByteArray mended =
+            withLongIntegersAsReals({bytes.constData(), std::size_t(bytes.size())});
+        if (mended != bytes) {
+            bytes = mended;
+            root = parse(parser, bytes);
+        }
     }
     if (root.error() == simdjson::MEMALLOC)
         throw std::bad_alloc();

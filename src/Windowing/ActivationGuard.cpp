@@ -1,5 +1,7 @@
 #include "ActivationGuard.h"
 
+#include "QtWorkarounds.h"
+
 #include <QApplication>
 #include <QEvent>
 #include <QWidget>
@@ -42,7 +44,7 @@ void settleKeyboard()
         return front->activateWindow();
     QWidget *widget = widgetWithKeyboard();
     if (widget && widget != QApplication::activeWindow() && !QApplication::activePopupWidget())
-        QApplication::setActiveWindow(widget);
+        makeActive(*widget);
 }
 
 } // namespace

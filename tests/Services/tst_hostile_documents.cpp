@@ -5,6 +5,7 @@
 
 #include <QJsonDocument>
 #include <QTest>
+#include <QTimeZone>
 
 #include <limits>
 
@@ -203,7 +204,8 @@ private slots:
         const auto project =
             currentProject(replaced(dataBytes(u"current.quenara"_s), "2026-03-01T", "2024-02-29T"));
         QVERIFY(project);
-        QCOMPARE(project->updatedAt, QDateTime(QDate(2024, 2, 29), QTime(9, 30), Qt::UTC));
+        QCOMPARE(project->updatedAt,
+                 QDateTime(QDate(2024, 2, 29), QTime(9, 30), QTimeZone::utc()).toUTC());
     }
 
     void whatIsNoDocumentAtAllGivesNothing_data()

@@ -2,6 +2,7 @@
 #include "TestMain.h"
 
 #include <QTest>
+#include <QTimeZone>
 
 using namespace quenara::json;
 using namespace Qt::StringLiterals;
@@ -61,10 +62,14 @@ private slots:
 
     void referenceSecondsCountFromTheBeginningOf2001()
     {
-        QCOMPARE(referenceSeconds(QDateTime(QDate(2001, 1, 1), QTime(0, 0), Qt::UTC)), 0.0);
-        QCOMPARE(referenceSeconds(QDateTime(QDate(2000, 12, 31), QTime(23, 59, 58), Qt::UTC)),
-                 -2.0);
-        QCOMPARE(referenceSeconds(QDateTime(QDate(2001, 1, 1), QTime(0, 0, 0, 1), Qt::UTC)), 0.001);
+        QCOMPARE(referenceSeconds(QDateTime(QDate(2001, 1, 1), QTime(0, 0), QTimeZone::utc())),
+                 0.0);
+        QCOMPARE(
+            referenceSeconds(QDateTime(QDate(2000, 12, 31), QTime(23, 59, 58), QTimeZone::utc())),
+            -2.0);
+        QCOMPARE(
+            referenceSeconds(QDateTime(QDate(2001, 1, 1), QTime(0, 0, 0, 1), QTimeZone::utc())),
+            0.001);
     }
 };
 

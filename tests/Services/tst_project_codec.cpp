@@ -7,6 +7,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QTest>
+#include <QTimeZone>
 
 #include <limits>
 
@@ -185,7 +186,7 @@ private slots:
         LegacyQuenaraDocument expected;
         expected.id = u"OLD-1"_s;
         expected.title = u"Harvest Festival"_s;
-        expected.updatedAt = QDateTime(QDate(2019, 10, 6), QTime(8, 0), Qt::UTC);
+        expected.updatedAt = QDateTime(QDate(2019, 10, 6), QTime(8, 0), QTimeZone::utc()).toUTC();
         LegacySlide first;
         first.id = u"S1"_s;
         first.title = u"Opening"_s;

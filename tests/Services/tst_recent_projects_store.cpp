@@ -8,6 +8,7 @@
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimeZone>
 
 using namespace quenara;
 using namespace Qt::StringLiterals;
@@ -17,7 +18,7 @@ namespace tst_recent_projects_store {
 namespace {
 
 const QString key = u"QuenaraRecentProjects"_s;
-const QDateTime start(QDate(2026, 3, 1), QTime(9, 30), Qt::UTC);
+const QDateTime start = QDateTime(QDate(2026, 3, 1), QTime(9, 30), QTimeZone::utc()).toUTC();
 
 QUrl fileUrl(const QString &path)
 {
@@ -122,7 +123,8 @@ private slots:
 
     void theListIsStoredCompactWithSecondsSince2001()
     {
-        const QDateTime now(QDate(2001, 1, 2), QTime(0, 0, 0, 500), Qt::UTC);
+        const QDateTime now =
+            QDateTime(QDate(2001, 1, 2), QTime(0, 0, 0, 500), QTimeZone::utc()).toUTC();
         RecentProjectsStore::add(m_preferences, fileUrl(u"/a, b/\u00fc\".quenara"_s), u"Name"_s,
                                  now);
         const QString expected =

@@ -1,6 +1,7 @@
 #include "RandomProject.h"
 
 #include <QStringDecoder>
+#include <QTimeZone>
 
 #include <array>
 #include <bit>
@@ -134,8 +135,9 @@ private:
 
     void fill(QDateTime &value)
     {
-        const QDateTime first(QDate(1, 1, 1), QTime(0, 0), Qt::UTC);
-        const QDateTime last(QDate(9999, 12, 31), QTime(23, 59, 59), Qt::UTC);
+        const QDateTime first = QDateTime(QDate(1, 1, 1), QTime(0, 0), QTimeZone::utc()).toUTC();
+        const QDateTime last =
+            QDateTime(QDate(9999, 12, 31), QTime(23, 59, 59), QTimeZone::utc()).toUTC();
         value = first.addSecs(qint64(below(std::size_t(first.secsTo(last)) + 1)));
     }
 

@@ -7,6 +7,7 @@
 #include <QDateTime>
 #include <QList>
 #include <QString>
+#include <QTimeZone>
 #include <QUrl>
 
 #include <cstdint>
@@ -27,8 +28,9 @@ struct Values
 
     static QDateTime altered(const QDateTime &value)
     {
-        return value.isValid() ? value.addSecs(1)
-                               : QDateTime(QDate(2026, 3, 1), QTime(9, 30), Qt::UTC);
+        return value.isValid()
+            ? value.addSecs(1)
+            : QDateTime(QDate(2026, 3, 1), QTime(9, 30), QTimeZone::utc()).toUTC();
     }
 
     template<RawEnum E>

@@ -6,6 +6,7 @@
 #include "ProjectTemplates.h"
 
 #include <QFile>
+#include <QTimeZone>
 
 #include <algorithm>
 
@@ -20,7 +21,7 @@ std::optional<QUrl> PreparedPanels::run(const FilePanel &panel)
 
 QDateTime someTime()
 {
-    return {QDate(2026, 3, 1), QTime(9, 30), Qt::UTC};
+    return QDateTime(QDate(2026, 3, 1), QTime(9, 30), QTimeZone::utc()).toUTC();
 }
 
 namespace {

@@ -4,13 +4,15 @@
 #include "ProjectCodec.h"
 #include "ProjectNormalizer.h"
 
+#include <QTimeZone>
+
 using namespace quenara;
 
 namespace {
 
 ZelvoProject normalized(const DecodedDocument &document)
 {
-    const QDateTime now(QDate(2026, 3, 1), QTime(9, 30), Qt::UTC);
+    const QDateTime now = QDateTime(QDate(2026, 3, 1), QTime(9, 30), QTimeZone::utc()).toUTC();
     if (const auto *legacy = std::get_if<LegacyQuenaraDocument>(&document))
         return ProjectNormalizer::project(*legacy, now);
     return ProjectNormalizer::normalized(std::get<ZelvoProject>(document));

@@ -11,6 +11,10 @@ namespace quenara {
 /// it by an event of its own, and what a change moves is first painted at places in between.
 void layOutNow();
 
+/// Has Qt take \a window for the one with the keyboard where the desktop has said so and Qt has not
+/// noticed. What does that is deprecated since 6.5, and nothing has taken its place.
+void makeActive(QWidget &window);
+
 /// Whether \a widget is typed into. Item views ask for an input method, too, on behalf of their
 /// editors, which have the focus themselves.
 [[nodiscard]] bool wantsInputMethod(const QWidget &widget);
