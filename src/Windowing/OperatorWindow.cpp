@@ -57,7 +57,7 @@ OperatorWindow::OperatorWindow(WorkspaceStore &store, WindowCoordinator &windows
     setCentralWidget(m_content);
     m_content->setFocus();
     followScreen();
-    resize(sizeWithin(screen()->availableSize(), defaultSize, usualFrame));
+    resize(sizeWithin(room().size(), defaultSize, usualFrame));
 
     connect(&store, &WorkspaceStore::projectChanged, this, &OperatorWindow::showTitle);
     connect(&store, &WorkspaceStore::isStartPanelPresentedChanged, this,
@@ -96,22 +96,19 @@ void OperatorWindow::followScreen()
 QRect OperatorWindow::room() const
 {
     const QList<PlacedScreen> screens = m_screens.screens();
-    const auto found = [&screens](const auto &isIt) {
-        return std::find_if(screens.cbegin(), screens.cend(), isIt);
-    };
     // A screen that has moved away took the window along for Qt, but not where it lies.
-    auto placed = found([this](const PlacedScreen &candidate) {
-        return isVisible() && candidate.frame.contains(geometry().center());
-    });
-    if (placed == screens.cend()) {
-        placed =
-            found([this](const PlacedScreen &candidate) { return candidate.screen == screen(); });
-    }
-    if (placed == screens.cend())
-        return screens.isEmpty() ? screen()->availableGeometry() : screens.constFirst().frame;
-    // Qt may not know yet that the screen has become smaller.
-    const QRect available = placed->screen->availableGeometry() & placed->frame;
-    return available.isEmpty() ? placed->frame : available;
+    const auto index = isVisible() ? m_screens.indexUnder(*this) : std::nullopt;
+    if (index)
+        return screens.at(*index).room();
+    const bool isThere =
+        std::any_of(screens.cbegin(), screens.cend(),
+                    [this](const PlacedScreen &candidate) { return candidate.screen == screen(); });
+    return (isThere || screens.isEmpty()) ? roomOn(*screen()) : screens.constFirst().frame;
+}
+
+QRect OperatorWindow::roomOn(const QScreen &screen) const
+{
+    return m_screens.roomOn(screen);
 }
 
 /// Called once the screens have changed and the window manager has put the window wherever it
@@ -119,6 +116,8 @@ QRect OperatorWindow::room() const
 void OperatorWindow::comeWithinScreen()
 {
     followScreen();
+    if (!m_screens.areWindowsPlaced())
+        return fillScreenForRoom();
     const QRect frame = frameGeometry();
     if (isMaximized() || isFullScreen() || room().contains(frame))
         return placeSheets();
@@ -130,6 +129,24 @@ void OperatorWindow::comeWithinScreen()
                        .frame = windowHandle() ? windowHandle()->frameMargins() : usualFrame});
     resize(fitting.size);
     move(fitting.corner);
+}
+
+/// A window that neither knows nor chooses where it lies may reach over the audience's screen once
+/// its own has become too small for it. The desktop puts a maximized one on its own screen alone.
+/// It gets its size back when there is room for that.
+void OperatorWindow::fillScreenForRoom()
+{
+    const QSize wanted = m_sizeWithRoom.value_or(size());
+    const QMargins frame = windowHandle() ? windowHandle()->frameMargins() : usualFrame;
+    const bool fits = sizeWithin(room().size(), wanted, frame) == wanted;
+    if (!fits && !isMaximized() && !isFullScreen()) {
+        setWindowState(windowState() | Qt::WindowMaximized);
+        m_sizeWithRoom = wanted;
+    } else if (fits && m_sizeWithRoom) {
+        setWindowState(windowState() & ~Qt::WindowMaximized);
+        resize(wanted);
+    }
+    placeSheets();
 }
 
 /// Before the style sheet was there, the window's parts asked for more room than they need. Where
@@ -145,6 +162,9 @@ bool OperatorWindow::event(QEvent *event)
 {
     if (event->type() == QEvent::ScreenChangeInternal)
         followScreen();
+    // From here on it is as large as somebody wants it.
+    if (event->type() == QEvent::WindowStateChange && !isMaximized())
+        m_sizeWithRoom.reset();
     if (event->type() == QEvent::Paint && !std::exchange(m_hasBeenPainted, true))
         QMetaObject::invokeMethod(this, &OperatorWindow::showSheets, Qt::QueuedConnection);
     return QMainWindow::event(event);
@@ -181,11 +201,7 @@ void OperatorWindow::placeSheets() const
 {
     if (!m_hasBeenPainted)
         return;
-    // A window that moves belongs to the screen that it comes from until it has moved.
-    const QScreen *below = QGuiApplication::screenAt(geometry().center());
-    const QRect room = (below ? below : screen())
-                           ->availableGeometry()
-                           .marginsRemoved(windowHandle()->frameMargins());
+    const QRect room = this->room().marginsRemoved(windowHandle()->frameMargins());
     for (QDialog *sheet : findChildren<QDialog *>(QString(), Qt::FindDirectChildrenOnly)) {
         if (!sheet->isVisible() || !sheet->isModal())
             continue;

@@ -8,6 +8,7 @@
 #include <QTimer>
 
 #include <functional>
+#include <optional>
 
 namespace quenara {
 
@@ -50,6 +51,12 @@ public:
     /// Has the content keep its minimum size where the window's screen has room for that.
     void followScreen();
 
+    /// What windows may cover of \a screen.
+    QRect roomOn(const QScreen &screen) const;
+
+    /// The size that it is to have again, while it is maximized for want of room alone.
+    std::optional<QSize> sizeWithRoom() const { return m_sizeWithRoom; }
+
 signals:
     void painted(); ///< for the first time
 
@@ -62,6 +69,7 @@ protected:
 private:
     QRect room() const;
     void comeWithinScreen();
+    void fillScreenForRoom();
     void becomeNoLargerThanScreen();
     void placeSheets() const;
     void showSheets();
@@ -82,6 +90,7 @@ private:
     OperatorView *m_content;
     ScreenWatch m_screens;
     QTimer m_screensSettled;
+    std::optional<QSize> m_sizeWithRoom;
     bool m_hasBeenPainted = false;
     SongImportDraft m_songImportDraft;
     QPointer<Recovery> m_recovery;

@@ -1,5 +1,7 @@
 #include "ScreenWatch.h"
 
+#include "XServer.h"
+
 #include <QGuiApplication>
 #include <QHash>
 #include <QScreen>
@@ -31,12 +33,6 @@ struct Free
 };
 template<typename Answer>
 using Owned = std::unique_ptr<Answer, Free>;
-
-xcb_connection_t *xServer()
-{
-    const auto *x11 = qApp->nativeInterface<QNativeInterface::QX11Application>();
-    return x11 ? x11->connection() : nullptr;
-}
 
 QString nameOf(xcb_connection_t *server, xcb_atom_t atom)
 {
@@ -92,11 +88,6 @@ bool isAboutScreens(xcb_connection_t *server, const void *message)
 
 #else
 
-xcb_connection_t *xServer()
-{
-    return nullptr;
-}
-
 Monitors monitorsOf(xcb_connection_t * /*server*/)
 {
     return {};
@@ -115,6 +106,13 @@ bool isAboutScreens(xcb_connection_t * /*server*/, const void * /*message*/)
 #endif
 
 } // namespace
+
+QRect PlacedScreen::room() const
+{
+    // Qt may not know yet that the screen has become smaller.
+    const QRect available = screen->availableGeometry() & frame;
+    return available.isEmpty() ? frame : available;
+}
 
 QList<QRect> framesOf(const QList<PlacedScreen> &screens)
 {
@@ -138,6 +136,10 @@ ScreenWatch::ScreenWatch(QObject *parent)
     connect(qApp, &QGuiApplication::screenRemoved, this, &ScreenWatch::changed);
     if (m_server)
         qApp->installNativeEventFilter(this);
+    if (!m_areWindowsPlaced) {
+        m_mutter.emplace(QDBusConnection::sessionBus());
+        connect(&*m_mutter, &MutterLayout::changed, this, &ScreenWatch::changed);
+    }
 }
 
 QList<PlacedScreen> ScreenWatch::screens() const
@@ -151,7 +153,10 @@ QList<PlacedScreen> ScreenWatch::screens() const
             const QSize size = monitor->size() / screen->devicePixelRatio();
             placed.append({screen, QRect(monitor->topLeft(), size)});
         } else if (monitors.isEmpty()) {
-            placed.append({screen, screen->geometry()});
+            QRect frame = screen->geometry();
+            if (m_mutter && m_mutter->isInPixels())
+                frame.setSize(frame.size() / screen->devicePixelRatio());
+            placed.append({screen, frame});
         }
     }
     return placed;
@@ -166,6 +171,15 @@ std::optional<qsizetype> ScreenWatch::indexUnder(const QWidget &window) const
                                   : placed.screen == window.screen();
     });
     return found == all.cend() ? std::nullopt : std::optional(found - all.cbegin());
+}
+
+QRect ScreenWatch::roomOn(const QScreen &screen) const
+{
+    const QList<PlacedScreen> all = screens();
+    const auto found = std::find_if(all.cbegin(), all.cend(), [&screen](const auto &placed) {
+        return placed.screen == &screen;
+    });
+    return found == all.cend() ? screen.availableGeometry() : found->room();
 }
 
 bool ScreenWatch::nativeEventFilter(const QByteArray & /*type*/, void *message,

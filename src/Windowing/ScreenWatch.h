@@ -1,5 +1,7 @@
 #pragma once
 
+#include "MutterLayout.h"
+
 #include <QAbstractNativeEventFilter>
 #include <QList>
 #include <QObject>
@@ -23,6 +25,9 @@ struct PlacedScreen
 {
     QScreen *screen = nullptr;
     QRect frame;
+
+    /// What windows may cover of it: not the desktop's panels, as far as it tells of them.
+    [[nodiscard]] QRect room() const;
 };
 
 [[nodiscard]] QList<QRect> framesOf(const QList<PlacedScreen> &screens);
@@ -45,6 +50,9 @@ public:
     /// beside all of them.
     [[nodiscard]] std::optional<qsizetype> indexUnder(const QWidget &window) const;
 
+    /// What windows may cover of \a screen.
+    [[nodiscard]] QRect roomOn(const QScreen &screen) const;
+
     /// Whether one of the screens is the primary one, and windows know and choose where they lie.
     /// On Wayland none is, and the desktop alone places windows.
     bool areWindowsPlaced() const { return m_areWindowsPlaced; }
@@ -64,6 +72,7 @@ private:
 
     xcb_connection_t *m_server; ///< null on other platforms
     bool m_areWindowsPlaced;
+    std::optional<MutterLayout> m_mutter; ///< on Wayland
     bool m_canGoUnmanaged;
     bool m_isTelling = false;
 };

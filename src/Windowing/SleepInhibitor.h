@@ -2,28 +2,33 @@
 
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QDBusPendingReply>
 #include <QDBusServiceWatcher>
 #include <QObject>
 #include <QString>
+#include <QVariant>
 
-#include <optional>
+#include <memory>
+#include <vector>
 
 namespace quenara {
 
-/// Asks one of the desktop's services not to let the screens go dark. A service that comes up later
+/// Asks one of the session's services not to let the screens go dark. A service that comes up later
 /// or restarts is asked then.
 class InhibitLock : public QObject
 {
     Q_OBJECT
 
 public:
-    /// A freedesktop service with Inhibit(application, reason) and UnInhibit(cookie).
+    /// A service with a method Inhibit. What that answers names the inhibition.
     struct Service
     {
         QString name;
         QString path;
         QString interface;
+        QVariantList arguments; ///< of Inhibit
+        /// The method that ends the named inhibition; none where the name is that of an object,
+        /// which has a method of its own for that.
+        QString release;
     };
 
     InhibitLock(const QDBusConnection &bus, Service service, QObject *parent = nullptr);
@@ -34,30 +39,35 @@ public:
 
 private:
     void update();
-    void takeAnswer(const QDBusPendingReply<unsigned> &answer);
+    void takeAnswer(const QDBusMessage &answer);
     void followService(const QString &service, const QString &oldOwner, const QString &newOwner);
-    QDBusMessage call(const QString &method) const;
+    [[nodiscard]] QDBusMessage inhibition() const;
+    [[nodiscard]] QDBusMessage releaseOf(const QVariant &name) const;
 
     QDBusConnection m_bus;
     Service m_service;
     QDBusServiceWatcher m_watcher;
     bool m_isWanted = false;
     bool m_isAsking = false;
-    std::optional<unsigned> m_cookie; ///< names the inhibition that the service holds for us
+    QVariant m_name; ///< of the inhibition that the service holds for us
 };
 
-/// Keeps the screens from going dark while the audience watches one, through the desktop's screen
-/// saver and its power management, whichever there are.
+/// Keeps the screens from going dark while the audience watches one: through the services of the
+/// session, whichever there are, and through the X server, which needs none.
 class SleepInhibitor
 {
 public:
     explicit SleepInhibitor(const QDBusConnection &bus);
+    ~SleepInhibitor();
+
+    SleepInhibitor(const SleepInhibitor &) = delete;
+    SleepInhibitor &operator=(const SleepInhibitor &) = delete;
 
     void setActive(bool active);
 
 private:
-    InhibitLock m_screenSaver;
-    InhibitLock m_powerManagement;
+    std::vector<std::unique_ptr<InhibitLock>> m_locks;
+    bool m_isActive = false;
 };
 
 } // namespace quenara

@@ -58,7 +58,7 @@ void WindowMemory::restore()
     if (!screen)
         return;
     const QPoint origin = screen->geometry().topLeft();
-    WindowPlace fitting = broughtWithin(screen->availableGeometry().translated(-origin), *place);
+    WindowPlace fitting = broughtWithin(m_window.roomOn(*screen).translated(-origin), *place);
     fitting.screen = screen->name();
     m_window.setScreen(screen);
     m_window.followScreen();
@@ -82,9 +82,9 @@ WindowPlace WindowMemory::place() const
         normal.topLeft() - (isFramed ? QPoint(frame.left(), frame.top()) : QPoint());
     return {.screen = m_window.screen()->name(),
             .corner = corner - m_window.screen()->geometry().topLeft(),
-            .size = normal.size(),
+            .size = m_window.sizeWithRoom().value_or(normal.size()),
             .frame = frame,
-            .isMaximized = isMaximized};
+            .isMaximized = isMaximized && !m_window.sizeWithRoom()};
 }
 
 void WindowMemory::store() const

@@ -3,12 +3,18 @@
 #include "SessionBus.h"
 
 #include <QAbstractEventDispatcher>
+#include <QDBusConnection>
 #include <QDBusMessage>
+#include <QDBusObjectPath>
 #include <QMutex>
 #include <QMutexLocker>
 #include <QObject>
 #include <QSet>
 #include <QString>
+#include <QVariantMap>
+
+#include <memory>
+#include <vector>
 
 namespace quenara::test {
 
@@ -55,6 +61,9 @@ private:
     unsigned m_lastCookie = 0;
 };
 
+inline const auto screenSaverService = QStringLiteral("org.freedesktop.ScreenSaver");
+inline const auto portalService = QStringLiteral("org.freedesktop.portal.Desktop");
+
 // NOLINTBEGIN(readability-identifier-naming): D-Bus calls them so
 
 class ScreenSaver : public QObject, public Requests
@@ -83,9 +92,63 @@ public slots:
     void UnInhibit(unsigned cookie) { release(cookie); }
 };
 
-// NOLINTEND(readability-identifier-naming)
+class SessionManager : public QObject, public Requests
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.gnome.SessionManager")
 
-inline const auto screenSaverService = QStringLiteral("org.freedesktop.ScreenSaver");
+public slots:
+    unsigned Inhibit(const QString &application, unsigned /*window*/, const QString & /*reason*/,
+                     unsigned what)
+    {
+        constexpr unsigned suspendingAndGoingIdle = 12;
+        return what == suspendingAndGoingIdle ? inhibit(application) : 0;
+    }
+    void Uninhibit(unsigned cookie) { release(cookie); }
+};
+
+/// What the portal's answer names.
+class PortalRequest : public QObject
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Request")
+
+public:
+    PortalRequest(Requests &requests, unsigned cookie) : m_requests(requests), m_cookie(cookie) {}
+
+public slots:
+    void Close() { m_requests.release(m_cookie); }
+
+private:
+    Requests &m_requests;
+    unsigned m_cookie;
+};
+
+class Portal : public QObject, public Requests
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Inhibit")
+
+public slots:
+    QDBusObjectPath Inhibit(const QString & /*window*/, unsigned what, const QVariantMap &options)
+    {
+        constexpr unsigned suspendingAndGoingIdle = 12;
+        if (what != suspendingAndGoingIdle)
+            return {};
+        const unsigned cookie = inhibit(options.value(QStringLiteral("reason")).toString());
+        const QString path = QStringLiteral("/org/freedesktop/portal/request/%1").arg(cookie);
+        m_made.push_back(std::make_unique<PortalRequest>(*this, cookie));
+        // The connection has the service's name.
+        QDBusConnection(portalService)
+            .registerObject(path, m_made.back().get(), QDBusConnection::ExportAllSlots);
+        return QDBusObjectPath(path);
+    }
+
+private:
+    std::vector<std::unique_ptr<PortalRequest>> m_made;
+};
+
+// NOLINTEND(readability-identifier-naming)
 
 inline void offer(SessionBus &bus, ScreenSaver &service)
 {

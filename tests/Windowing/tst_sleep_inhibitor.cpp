@@ -4,6 +4,8 @@
 
 #include <QTest>
 
+#include <array>
+
 using namespace quenara;
 using namespace quenara::test;
 using namespace Qt::StringLiterals;
@@ -19,21 +21,31 @@ private slots:
     {
         ScreenSaver screenSaver;
         PowerManagement powerManagement;
+        SessionManager sessionManager;
+        Portal portal;
         SessionBus bus;
         offer(bus, screenSaver);
         bus.offer(QStringLiteral("org.freedesktop.PowerManagement"),
                   QStringLiteral("/org/freedesktop/PowerManagement/Inhibit"), powerManagement);
+        bus.offer(QStringLiteral("org.gnome.SessionManager"),
+                  QStringLiteral("/org/gnome/SessionManager"), sessionManager);
+        bus.offer(portalService, QStringLiteral("/org/freedesktop/portal/desktop"), portal);
+        const std::array<const Requests *, 4> services{&screenSaver, &powerManagement,
+                                                       &sessionManager, &portal};
         SleepInhibitor inhibitor(bus.connection(QStringLiteral("program")));
         for (unsigned time = 1; time <= 3; ++time) {
             inhibitor.setActive(true);
-            QTRY_COMPARE(screenSaver.held(), 1);
-            QTRY_COMPARE(powerManagement.held(), 1);
-            QCOMPARE(screenSaver.made(), time);
+            for (const Requests *service : services) {
+                QTRY_COMPARE(service->held(), 1);
+                QCOMPARE(service->made(), time);
+            }
             inhibitor.setActive(false);
-            QTRY_COMPARE(screenSaver.held(), 0);
-            QTRY_COMPARE(powerManagement.held(), 0);
+            for (const Requests *service : services)
+                QTRY_COMPARE(service->held(), 0);
         }
         QCOMPARE(screenSaver.application(), QStringLiteral("Quenara"));
+        QCOMPARE(sessionManager.application(), QStringLiteral("Quenara"));
+        QCOMPARE(portal.application(), QStringLiteral("The audience display is open"));
     }
 
     void askedTwiceTheDesktopHoldsOnce()
