@@ -13,8 +13,8 @@ namespace quenara {
 /// Keeps keys from a window that came by itself, to which a desktop may give the keyboard all the
 /// same: what somebody types elsewhere must not act on the show. The keyboard goes back to the
 /// window that had it, as far as the desktop lets it. Ends once the operator gives it to the
-/// window: by a click, or by changing to it when it has been seen for a second. A command for the
-/// window deletes this.
+/// window: by a click, or by changing to it when it has been seen for a second. bringToFront()
+/// deletes it.
 class UnaskedKeyboard : public QObject
 {
     Q_OBJECT

@@ -74,7 +74,8 @@ void WindowCoordinator::openDisplayWindow(const WorkspaceStore &store, AppAppear
 {
     m_hasDisplayFollowed = false; // it was sent where it lies from here on
     m_fetchesLeft = mostFetches;
-    if (!m_display.window)
+    // One that has left the wrong screen is hidden until the screens settle.
+    if (!m_display.window || !m_display.window->isVisible())
         openDisplay(store, appearance, m_placement.screenByCommand(), Opening::asked);
     bringToFront(*m_display.window);
 }

@@ -1,5 +1,6 @@
 #include "GuiTestSupport.h"
 #include "ProgramWindows.h"
+#include "UnaskedKeyboard.h"
 
 #include <QScreen>
 
@@ -67,6 +68,16 @@ private slots:
         Program::letScreensSettle();
         QVERIFY(program.windows.displayWindow()->isVisible());
         QCOMPARE(program.windows.displayWindow()->geometry(), Program::freeScreen().geometry());
+    }
+
+    void aDisplayThatWasTakenOffIsShownAtOnceByTheCommandForIt()
+    {
+        Program program;
+        program.openDisplayThatFollows();
+        program.windows.displayWindow()->hide();
+        program.windows.openDisplayWindow(program.store, AppAppearance::dark);
+        QVERIFY(program.windows.displayWindow()->isVisible());
+        QVERIFY(!program.windows.displayWindow()->findChild<UnaskedKeyboard *>());
     }
 
     void aDisplayOpenedByCommandStaysWhereverTheOneBeforeHasFollowed_data()
