@@ -18,6 +18,10 @@ except (ImportError, ValueError) as reason:
     WITHOUT_READER = f"reading the accessibility tree needs its bindings: {reason}"
 
 
+# What newer releases of the services call otherwise.
+EARLIER_NAMES = {"button": "push button"}
+
+
 class ScreenReader:
     """Desktop services of its own for an X server; a context manager that ends them.
 
@@ -78,7 +82,7 @@ class ScreenReader:
         def hear(event):
             # What has gone since has neither role nor name.
             with contextlib.suppress(GLib.Error):
-                if role in (None, event.source.get_role_name()):
+                if role in (None, Thing(event.source).role):
                     told.append(event.source.get_name())
 
         def names():
@@ -185,7 +189,8 @@ class Thing:
 
     @property
     def role(self):
-        return self._accessible.get_role_name()
+        name = self._accessible.get_role_name()
+        return EARLIER_NAMES.get(name, name)
 
     @property
     def value(self):

@@ -182,7 +182,7 @@ public:
 
     std::span<const std::uint32_t> pixels() const { return m_pixels; }
 
-    /// Whether anything was drawn since the last call, or an image before the first.
+    /// Whether anything was drawn since the last call.
     bool hasChanged()
     {
         hear();
@@ -292,11 +292,11 @@ private:
     Clock::time_point m_releasedAt;
 };
 
-/// Does what the input asks for, without waiting for it; false at its end.
+/// Does what the input asks for, which is one thing at a time; false at its end.
 bool obey(Screen &screen)
 {
     pollfd input{.fd = STDIN_FILENO, .events = POLLIN, .revents = 0};
-    while (std::cin.rdbuf()->in_avail() > 0 || poll(&input, 1, 0) > 0) {
+    while (poll(&input, 1, 0) > 0) {
         std::string word;
         std::string symbol;
         if (!(std::cin >> word >> symbol))
@@ -308,7 +308,8 @@ bool obey(Screen &screen)
     return true;
 }
 
-/// Tells of every frame until the input ends.
+/// Tells of every frame until the input ends, but of those that the next one follows at once, which
+/// no screen shows.
 void watch(Screen &screen)
 {
     Frames frames;

@@ -1,5 +1,5 @@
-"""The windows and the pointer of an X server, asked over one connection: a process for each question
-takes longer than its answer, and tests ask thousands of times."""
+"""The windows and the pointer of an X server, asked over one connection: a process for each
+question takes longer than its answer, and tests ask thousands of times."""
 
 from Xlib import X, error
 from Xlib.display import Display
@@ -28,10 +28,11 @@ class XWindows:
         return titles
 
     def focused(self):
-        """What has the keyboard, and its title; both are empty while nothing has it."""
+        """What has the keyboard, and its title; both are empty while no program has it."""
         window = self._display.get_input_focus().focus
-        return ("", "") if window in (X.NONE, X.PointerRoot) else (str(window.id),
-                                                                   self._title(window))
+        if window in (X.NONE, X.PointerRoot) or not self._property(window, "WM_CLASS"):
+            return "", ""
+        return str(window.id), self._title(window)
 
     def managed(self):
         """The windows that the window manager knows, the oldest first."""

@@ -74,10 +74,12 @@ class XServer(Surroundings):
         self._start_window_manager()
 
     def close(self):
-        if self.windows:
-            self.windows.close()
+        try:
+            if self.windows:
+                self.windows.close()
+        finally:
             self.windows = None
-        super().close()
+            super().close()
 
     @property
     def environment(self):
