@@ -1,5 +1,5 @@
-"""own_face.py SOURCE FAMILY TARGET: a font file under another family name, so that no installed face
-takes its place, and with one statement of how high its lines are.
+"""own_face.py SOURCE FAMILY TARGET: a font file under another family name, so that no installed
+face takes its place, and with one statement of how high its lines are.
 
 These are the typographic metrics of its OS/2 table, whether or not the source's flags ask for them:
 different releases of a face set different flags.
@@ -15,12 +15,13 @@ USE_TYPO_METRICS = 1 << 7
 FAMILY, STYLE, UNIQUE_NAME, FULL_NAME, POSTSCRIPT_NAME = 1, 2, 3, 4, 6
 OWN_FAMILY, OWN_STYLE = 16, 17 # of families with more than four styles
 RENAMED = (FAMILY, STYLE, UNIQUE_NAME, FULL_NAME, POSTSCRIPT_NAME, OWN_FAMILY, OWN_STYLE)
+FURTHER_NAMES = (21, 22, 25) # of the family and its styles for still other purposes
 
 
 def rename(face, family):
     names = face["name"]
     style = names.getDebugName(OWN_STYLE) or names.getDebugName(STYLE)
-    names.names = [record for record in names.names if record.nameID not in RENAMED]
+    names.names = [record for record in names.names if record.nameID not in RENAMED + FURTHER_NAMES]
     full_name = f"{family} {style}"
     words = {FAMILY: full_name, STYLE: "Regular", UNIQUE_NAME: full_name, FULL_NAME: full_name,
              POSTSCRIPT_NAME: f"{family}-{style}".replace(" ", ""), OWN_FAMILY: family,
