@@ -4,7 +4,7 @@ target_compile_options(quenara_flags INTERFACE
   -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align
   -Wimplicit-fallthrough
   # gcc 14 takes an optional that is moved for one that has a value.
-  $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>
+  $<$<AND:$<CXX_COMPILER_ID:GNU>,$<VERSION_GREATER_EQUAL:$<CXX_COMPILER_VERSION>,14>>:-Wno-maybe-uninitialized>
   $<$<BOOL:${QUENARA_WARNINGS_AS_ERRORS}>:-Werror>)
 if(CMAKE_CXX_COMPILER_ID STREQUAL Clang)
   # Else a precompiled header from ccache is refused when a checkout has touched what it is made of.
