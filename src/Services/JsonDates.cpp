@@ -36,8 +36,7 @@ std::optional<QDateTime> dateFromInternetText(std::string_view text)
     const QTime time(number(11, 2), number(14, 2), number(17, 2));
     if (!date.isValid() || !time.isValid())
         return std::nullopt;
-    // Before 6.5, Qt took that for a time zone like any other; what it has since deprecates the
-    // rest.
+    // Before Qt 6.5 the result still has that time zone, which is not the same as being in UTC.
     return QDateTime(date, time, QTimeZone::utc()).toUTC();
 }
 

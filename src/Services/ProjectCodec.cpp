@@ -65,20 +65,25 @@ simdjson::simdjson_result<json::Element> parse(simdjson::dom::parser &parser, QB
     return parser.parse(bytes.constData() + start, std::size_t(bytes.size() - start), copies);
 }
 
+/// Newer releases of the parser have a word of their own for an integer beyond 64 bits.
+template<class Error>
+bool isBadNumber(Error error)
+{
+    bool isTooLong = false;
+    if constexpr (requires { Error::BIGINT_ERROR; })
+        isTooLong = error == Error::BIGINT_ERROR;
+    return isTooLong || error == Error::NUMBER_ERROR;
+}
+
 /// The root of the JSON text, which lives in the parser; nothing if it is not JSON. Throws
 /// std::bad_alloc.
 std::optional<json::Element> parsed(simdjson::dom::parser &parser, QByteArray bytes)
 {
     simdjson::simdjson_result<json::Element> root = parse(parser, bytes);
-    if (root.error() != simdjson::SUCCESS && root.error() != simdjson::MEMALLOC) {
-        // Other programs write large reals as integers. Beyond 64 bits the parser refuses those,
-        // and its releases differ in what they call that.
-        const QByteArray mended =
-            withLongIntegersAsReals({bytes.constData(), std::size_t(bytes.size())});
-        if (mended != bytes) {
-            bytes = mended;
-            root = parse(parser, bytes);
-        }
+    if (isBadNumber(root.error())) {
+        // Other programs write large reals as integers, which the parser refuses beyond 64 bits.
+        bytes = withLongIntegersAsReals({bytes.constData(), std::size_t(bytes.size())});
+        root = parse(parser, bytes);
     }
     if (root.error() == simdjson::MEMALLOC)
         throw std::bad_alloc();
