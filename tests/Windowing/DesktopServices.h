@@ -22,10 +22,10 @@ namespace quenara::test {
 class Requests
 {
 public:
-    unsigned inhibit(const QString &application)
+    unsigned inhibit(const QString &told)
     {
         const QMutexLocker lock(&m_mutex);
-        m_application = application;
+        m_told = told;
         m_held.insert(++m_lastCookie);
         return m_lastCookie;
     }
@@ -48,21 +48,26 @@ public:
         return m_lastCookie;
     }
 
-    QString application() const
+    /// Who asked or, where that is not said, why.
+    QString told() const
     {
         const QMutexLocker lock(&m_mutex);
-        return m_application;
+        return m_told;
     }
 
 private:
     mutable QMutex m_mutex;
-    QString m_application;
+    QString m_told;
     QSet<unsigned> m_held;
     unsigned m_lastCookie = 0;
 };
 
 inline const auto screenSaverService = QStringLiteral("org.freedesktop.ScreenSaver");
 inline const auto portalService = QStringLiteral("org.freedesktop.portal.Desktop");
+inline const auto portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
+
+/// What GNOME's service and the portal are asked to hold off.
+constexpr unsigned suspendingAndGoingIdle = 12;
 
 // NOLINTBEGIN(readability-identifier-naming): D-Bus calls them so
 
@@ -101,7 +106,6 @@ public slots:
     unsigned Inhibit(const QString &application, unsigned /*window*/, const QString & /*reason*/,
                      unsigned what)
     {
-        constexpr unsigned suspendingAndGoingIdle = 12;
         return what == suspendingAndGoingIdle ? inhibit(application) : 0;
     }
     void Uninhibit(unsigned cookie) { release(cookie); }
@@ -132,7 +136,6 @@ class Portal : public QObject, public Requests
 public slots:
     QDBusObjectPath Inhibit(const QString & /*window*/, unsigned what, const QVariantMap &options)
     {
-        constexpr unsigned suspendingAndGoingIdle = 12;
         if (what != suspendingAndGoingIdle)
             return {};
         const unsigned cookie = inhibit(options.value(QStringLiteral("reason")).toString());

@@ -29,7 +29,7 @@ private slots:
                   QStringLiteral("/org/freedesktop/PowerManagement/Inhibit"), powerManagement);
         bus.offer(QStringLiteral("org.gnome.SessionManager"),
                   QStringLiteral("/org/gnome/SessionManager"), sessionManager);
-        bus.offer(portalService, QStringLiteral("/org/freedesktop/portal/desktop"), portal);
+        bus.offer(portalService, portalPath, portal);
         const std::array<const Requests *, 4> services{&screenSaver, &powerManagement,
                                                        &sessionManager, &portal};
         SleepInhibitor inhibitor(bus.connection(QStringLiteral("program")));
@@ -43,9 +43,9 @@ private slots:
             for (const Requests *service : services)
                 QTRY_COMPARE(service->held(), 0);
         }
-        QCOMPARE(screenSaver.application(), QStringLiteral("Quenara"));
-        QCOMPARE(sessionManager.application(), QStringLiteral("Quenara"));
-        QCOMPARE(portal.application(), QStringLiteral("The audience display is open"));
+        QCOMPARE(screenSaver.told(), QStringLiteral("Quenara"));
+        QCOMPARE(sessionManager.told(), QStringLiteral("Quenara"));
+        QCOMPARE(portal.told(), QStringLiteral("The audience display is open"));
     }
 
     void askedTwiceTheDesktopHoldsOnce()

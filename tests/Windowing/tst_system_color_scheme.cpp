@@ -1,3 +1,4 @@
+#include "DesktopServices.h"
 #include "GuiTestSupport.h"
 #include "SessionBus.h"
 #include "SystemColorScheme.h"
@@ -16,8 +17,6 @@ namespace {
 constexpr unsigned noPreference = 0;
 constexpr unsigned prefersDark = 1;
 constexpr unsigned prefersLight = 2;
-const auto portalService = QStringLiteral("org.freedesktop.portal.Desktop");
-const auto portalPath = QStringLiteral("/org/freedesktop/portal/desktop");
 
 /// The settings of a desktop portal.
 class Portal : public QObject
