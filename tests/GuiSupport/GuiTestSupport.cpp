@@ -12,6 +12,20 @@
 
 namespace quenara::test {
 
+std::unique_ptr<RenderCaches> GuiTest::s_caches;
+
+GuiTest::~GuiTest()
+{
+    s_caches.reset();
+}
+
+RenderCaches &GuiTest::caches()
+{
+    if (!s_caches)
+        s_caches = std::make_unique<RenderCaches>();
+    return *s_caches;
+}
+
 void GuiTest::init()
 {
     QTest::failOnWarning(QRegularExpression(

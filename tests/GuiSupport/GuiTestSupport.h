@@ -9,6 +9,8 @@
 #include <QImage>
 #include <QTest>
 
+#include <memory>
+
 namespace quenara::test {
 
 /// A test that fails at every warning, except for those that the offscreen platform gives for each
@@ -17,8 +19,18 @@ class GuiTest : public QObject
 {
     Q_OBJECT
 
+public:
+    ~GuiTest() override;
+
+    /// The caches of the windows that are tested: one value until all tests have run, as in the
+    /// program, which makes the second window of a test paint as fast as the program's does.
+    static RenderCaches &caches();
+
 private slots:
     void init();
+
+private:
+    static std::unique_ptr<RenderCaches> s_caches; ///< made when they are first used
 };
 
 /// Sets the application up as the program does.

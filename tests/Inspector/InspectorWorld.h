@@ -12,7 +12,7 @@ namespace quenara::test {
 /// An inspector on a world of its own, shown as high as all of its rows.
 struct InspectorWorld : World
 {
-    RenderCaches caches;
+    RenderCaches &caches = GuiTest::caches();
     InspectorView view{store, caches};
 
     explicit InspectorWorld(const ZelvoProject &project, const Caller &caller = Caller::current())

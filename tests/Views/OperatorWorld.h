@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CommandWorld.h"
+#include "GuiTestSupport.h"
 #include "OperatorView.h"
 #include "RenderCaches.h"
 #include "RundownList.h"
@@ -13,7 +14,7 @@ namespace quenara::test {
 struct OperatorWorld
 {
     CommandWorld world;
-    RenderCaches caches;
+    RenderCaches &caches = GuiTest::caches();
     OperatorView view{world.store, world.commands, caches};
     WorkspaceStore &store = world.store;
     RundownList *list = view.findChild<RundownList *>();

@@ -35,7 +35,12 @@ struct Program : ProgramWindows
     /// something returns only once that is answered.
     using Arrange = void (*)(Program &program);
 
-    Program() { store.nextLive(); }
+    Program()
+    {
+        // No test of these states looks at the window, and painting it is half of what they cost.
+        operatorWindow.setUpdatesEnabled(false);
+        store.nextLive();
+    }
     explicit Program(Arrange arrange) : Program()
     {
         arrange(*this);

@@ -3,6 +3,7 @@
 #include "AppearancePreference.h"
 #include "CommandActions.h"
 #include "DocumentGuard.h"
+#include "GuiTestSupport.h"
 #include "OperatorWindow.h"
 #include "OutputWindowController.h"
 #include "RenderCaches.h"
@@ -37,7 +38,7 @@ public:
 struct WindowingWorld : World
 {
     SystemColorScheme systemScheme{QDBusConnection(QStringLiteral("none")), QPalette(Qt::white)};
-    RenderCaches caches;
+    RenderCaches &caches = GuiTest::caches();
     WindowCoordinator windows{systemScheme, caches};
     AppearancePreference appearance{preferences};
     OutputWindowController outputs{store, windows, appearance};
