@@ -31,25 +31,42 @@ QRect inkOfBitmap(const QImage &image)
     return ink;
 }
 
+/// The smallest rectangle of whole cells of \a step pixels around \a area.
+QRect wholeCells(const QRect &area, int step)
+{
+    const auto down = [=](int at) { return int(std::floor(double(at) / step)) * step; };
+    const auto up = [=](int at) { return int(std::ceil(double(at) / step)) * step; };
+    const QPoint first(down(area.left()), down(area.top()));
+    return {first, QPoint(up(area.right() + 1) - 1, up(area.bottom() + 1) - 1)};
+}
+
+/// The glyph is painted at a size that faces hold, or larger, and averaged: Qt would round what is
+/// smaller to whole pixels. It is not the painter that is scaled, under which newer releases of Qt
+/// cut a bitmap off or leave it out.
 EmojiImage painted(const QRawFont &font, quint32 glyph, double scale)
 {
-    const QRectF reach = EmojiImage::reach(font);
-    const QRect covered = QRectF(reach.topLeft() * scale, reach.size() * scale).toAlignedRect();
+    const int step =
+        std::max(1, int(std::ceil(EmojiImage::usualSize / (font.pixelSize() * scale))));
+    QRawFont sized = withOwnBitmaps(font);
+    sized.setPixelSize(sized.pixelSize() * scale * step);
+    const QRect covered = wholeCells(EmojiImage::reach(sized).toAlignedRect(), step);
     QImage whole(covered.size(), QImage::Format_ARGB32_Premultiplied);
     whole.fill(Qt::transparent);
     QGlyphRun run;
-    run.setRawFont(withOwnBitmaps(font));
+    run.setRawFont(sized);
     run.setGlyphIndexes({glyph});
     run.setPositions({QPointF()});
     QPainter painter(&whole);
     painter.translate(-covered.topLeft());
-    painter.scale(scale, scale);
     painter.drawGlyphRun({}, run);
     painter.end();
     const QRect ink = inkOfBitmap(whole);
     if (ink.isEmpty())
         return {};
-    return {whole.copy(ink), covered.topLeft() + ink.topLeft(), scale};
+    const QRect seen = wholeCells(ink, step);
+    const QImage image = whole.copy(seen).scaled(seen.size() / step, Qt::IgnoreAspectRatio,
+                                                 Qt::SmoothTransformation);
+    return {image, (covered.topLeft() + seen.topLeft()) / step, scale};
 }
 
 } // namespace

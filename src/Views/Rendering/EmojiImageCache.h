@@ -18,6 +18,9 @@ struct EmojiImage
     QPoint origin; ///< of the image, in its pixels from the glyph's origin on the baseline
     double scale = 1; ///< its pixels for each unit of the font's size
 
+    /// Pixels of the font's size at which faces hold their bitmaps, or a little more.
+    static constexpr double usualSize = 128;
+
     /// Draws the glyph with its origin at \a position in the painter's coordinates, in which its
     /// font has its size. It stands on whole device pixels unless it is enlarged or turned.
     void draw(QPainter &painter, const QPointF &position) const;
@@ -32,9 +35,8 @@ struct EmojiImage
 class EmojiImageCache
 {
 public:
-    /// Device pixels of the font's size. Faces hold bitmaps of about a hundred, so that a larger
-    /// one shows no more.
-    static constexpr double largestSize = 512;
+    /// Device pixels of the font's size. A larger image shows no more.
+    static constexpr double largestSize = 4 * EmojiImage::usualSize;
 
     static constexpr qsizetype usualByteLimit = qsizetype(32) * 1024 * 1024;
 
