@@ -6,9 +6,12 @@ different releases of a face set different flags.
 https://learn.microsoft.com/typography/opentype/spec/os2#fsselection
 """
 
+import logging
 import sys
 
 from fontTools.ttLib import TTFont
+
+logging.getLogger("fontTools").setLevel(logging.ERROR) # not every face says when it was made
 
 USE_TYPO_METRICS = 1 << 7
 # Of the name table.
