@@ -4,6 +4,7 @@
 #include "EveryEdit.h"
 #include "ProjectGenerator.h"
 #include "Show.h"
+#include "SlideSearch.h"
 
 #include <cstring>
 #include <vector>
@@ -17,6 +18,7 @@ constexpr ProjectSize someSlides{.slideCount = 1'000, .itemCount = 20};
 constexpr double editLimit = 4e6; ///< nanoseconds, with many slides
 constexpr int editCount = 60;
 constexpr qsizetype stride = 166; ///< spreads the edited slides over the whole show
+constexpr double frame = 1e9 / 60; ///< nanoseconds
 constexpr double heapLimit = 8.0 * 1024 * 1024;
 
 /// A store on a generated project.
@@ -181,6 +183,28 @@ Figure dragAmongImages()
             .limit = editLimit};
 }
 
+/// Each letter that is typed to find a slide, the slowest of the first letters and of a few words.
+Figure letterOfASearch(const WorkspaceStore &store)
+{
+    const SlideSearch search(store.flattenedSlides());
+    Worst letter;
+    for (const char *words : {"a", "e", "s", "t", "verse", "the morning light"}) {
+        const QString typed = QString::fromLatin1(words);
+        Times times;
+        for (int i = 0; i < 5; ++i) {
+            times.measure(
+                [&] { benchmark::DoNotOptimize(search.likeliest(search.find(typed), typed, 0)); });
+        }
+        letter.take(words, times.best());
+    }
+    return {.name = QStringLiteral("a letter in the search for a slide: %1")
+                        .arg(QString::fromLatin1(letter.name)),
+            .value = letter.value,
+            .yardstickName = QStringLiteral("memcpy of the slide records"),
+            .yardstick = copyOfTheSlides(store.project()),
+            .limit = frame};
+}
+
 } // namespace
 
 QList<Figure> editingFigures()
@@ -207,6 +231,10 @@ QList<Figure> editingFigures()
         nanosecondsOf([&] { store.nextLive(); }, [&] { store.previousLive(); }));
     const auto readShow = [&] { benchmark::DoNotOptimize(store.flattenedSlides().size()); };
     add("the flattened show after an edit", nanosecondsOf(readShow, drag));
+    figures.append(letterOfASearch(store));
+    add("the search made of a show",
+        nanosecondsOf([&] { benchmark::DoNotOptimize(SlideSearch(store.flattenedSlides())); },
+                      [] {}));
     add("the flattened show again", nanosecondsOf(readShow, [] {}));
     figures.append(dragAmongImages());
     return figures;

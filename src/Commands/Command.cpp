@@ -48,6 +48,11 @@ bool hasSelectedSlide(const WorkspaceStore &store)
     return store.slideWithID(store.selectedSlideID()).has_value();
 }
 
+bool hasSlides(const WorkspaceStore &store)
+{
+    return firstSlideID(store.project()).has_value();
+}
+
 template<OutputMode mode>
 bool isMode(const WorkspaceStore &store, const OutputWindows & /*outputs*/)
 {
@@ -180,6 +185,12 @@ constexpr auto commands = std::to_array<CommandDescription>({
      .symbol = "arrow.up",
      .keys = {"Up"},
      .run = onStore<&WorkspaceStore::queuePrevious>},
+    {.command = Command::goToSlide,
+     .title = "Go to Slide...",
+     .keys = {"Ctrl+F"},
+     .worksOnDocument = true,
+     .isEnabled = hasSlides,
+     .run = request<&CommandActions::goToSlideRequested>},
     {.command = Command::toggleBlackout,
      .title = "Toggle Blackout",
      .buttonTitle = "Blackout",

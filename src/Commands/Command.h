@@ -31,6 +31,7 @@ enum class Command : std::uint8_t {
     previousLive,
     queueNext,
     queuePrevious,
+    goToSlide,
     toggleBlackout,
     toggleLogo,
     toggleDisplayWindow,

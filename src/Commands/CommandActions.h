@@ -61,6 +61,7 @@ signals:
     // Requests to the program's windows.
     void quitRequested();
     void settingsRequested();
+    void goToSlideRequested();
     void aboutRequested();
 
 private:

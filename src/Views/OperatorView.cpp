@@ -19,14 +19,15 @@ namespace quenara {
 
 OperatorView::OperatorView(WorkspaceStore &store, const CommandActions &commands,
                            RenderCaches &caches, QWidget *parent)
-    : QWidget(parent), m_projectBar(new ProjectBar(store, commands))
+    : QWidget(parent), m_projectBar(new ProjectBar(store, commands)),
+      m_rundown(new RundownView(store, commands, caches))
 {
     setAccessibleRole(*this, QAccessible::Pane);
     setAccessibleName(QStringLiteral("Operator"));
     setFocusPolicy(Qt::ClickFocus);
     auto *workArea = new QHBoxLayout;
     workArea->setSpacing(0);
-    workArea->addWidget(new RundownView(store, commands, caches));
+    workArea->addWidget(m_rundown);
     workArea->addWidget(makeSeparator(Qt::Vertical));
     // Where room is scarce, the canvas gives way, and at last the inspector.
     workArea->addWidget(new DesignCanvasView(store, commands, caches), 1);
@@ -45,6 +46,11 @@ OperatorView::OperatorView(WorkspaceStore &store, const CommandActions &commands
 void OperatorView::showWhetherKept(bool isKept)
 {
     m_projectBar->showWhetherKept(isKept);
+}
+
+int OperatorView::rundownWidth() const
+{
+    return m_rundown->width();
 }
 
 bool OperatorView::eventFilter(QObject *watched, QEvent *event)

@@ -7,6 +7,7 @@ namespace quenara {
 class CommandActions;
 class ProjectBar;
 struct RenderCaches;
+class RundownView;
 class WorkspaceStore;
 
 /// The content of the operator window: the project bar, the rundown, the slide that is being worked
@@ -23,11 +24,15 @@ public:
     /// Tells, beside the project's name, whether unsaved changes come back after a crash.
     void showWhetherKept(bool isKept);
 
+    /// In points; the rundown is at the left.
+    int rundownWidth() const;
+
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     ProjectBar *m_projectBar;
+    RundownView *m_rundown;
 };
 
 } // namespace quenara

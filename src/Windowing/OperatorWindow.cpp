@@ -3,6 +3,7 @@
 #include "AlertBox.h"
 #include "CommandActions.h"
 #include "DocumentGuard.h"
+#include "GoToSlideSheet.h"
 #include "OperatorView.h"
 #include "Recovery.h"
 #include "RecoverySheet.h"
@@ -66,6 +67,7 @@ OperatorWindow::OperatorWindow(WorkspaceStore &store, WindowCoordinator &windows
             &OperatorWindow::showSongImport);
     connect(&store, &WorkspaceStore::errorMessageChanged, this, &OperatorWindow::showError);
     connect(&commands, &CommandActions::quitRequested, this, &QWidget::close);
+    connect(&commands, &CommandActions::goToSlideRequested, this, &OperatorWindow::showGoToSlide);
     connect(&commands, &CommandActions::aboutRequested, this, &OperatorWindow::showAbout);
     m_screensSettled.setSingleShot(true);
     m_screensSettled.setInterval(screensSettleIn);
@@ -193,7 +195,8 @@ void OperatorWindow::resizeEvent(QResizeEvent *event)
     placeSheets();
 }
 
-/// Puts the open sheets in the middle of the window, and wholly on its screen, since nothing goes
+/// Puts the open sheets in the middle of the window, what finds slides in that of the rundown, and
+/// wholly on its screen, since nothing goes
 /// on before they are answered: where it lacks the room, they are smaller than they are meant to
 /// be. Their frames are not known before they are shown: they are taken to be like the window's
 /// own.
@@ -206,7 +209,10 @@ void OperatorWindow::placeSheets() const
         if (!sheet->isVisible() || !sheet->isModal())
             continue;
         sheet->setMinimumSize(sheet->minimumSize().boundedTo(room.size()));
-        sheet->setGeometry(centered(sheet->geometry(), geometry(), room));
+        QRect around = geometry();
+        if (sheet == m_goToSlide)
+            around.setWidth(m_content->rundownWidth());
+        sheet->setGeometry(centered(sheet->geometry(), around, room));
     }
 }
 
@@ -308,6 +314,12 @@ void OperatorWindow::showSongImport()
         m_store.isSongImportPresented(), m_songImport,
         [this] { return new SongImportSheet(m_store, m_songImportDraft, this); },
         [this] { m_store.setSongImportPresented(false); });
+}
+
+void OperatorWindow::showGoToSlide()
+{
+    showSheet<GoToSlideSheet>(
+        true, m_goToSlide, [this] { return new GoToSlideSheet(m_store, this); }, [] {});
 }
 
 void OperatorWindow::showError()

@@ -15,6 +15,7 @@ namespace quenara {
 class AlertBox;
 class CommandActions;
 class DocumentGuard;
+class GoToSlideSheet;
 class OperatorView;
 class Recovery;
 class RecoverySheet;
@@ -24,9 +25,9 @@ class WindowCoordinator;
 class WorkspaceStore;
 class ZelvoCommands;
 
-/// The main window: menus, the operator view; recovery, start panel and song import as its sheets,
-/// errors as alerts. When its screen becomes smaller or goes, it comes within what is left.
-/// Closing it ends the program, the output windows with it, once the guard agrees.
+/// The main window: menus, the operator view; recovery, start panel, song import and Go to Slide as
+/// its sheets, errors as alerts. When its screen becomes smaller or goes, it comes within what is
+/// left. Closing it ends the program, the output windows with it, once the guard agrees.
 class OperatorWindow : public QMainWindow
 {
     Q_OBJECT
@@ -80,6 +81,7 @@ private:
     void showRecovery();
     void showStartPanel();
     void showSongImport();
+    void showGoToSlide();
     void showError();
     void showAbout();
 
@@ -97,6 +99,7 @@ private:
     QPointer<RecoverySheet> m_recoverySheet;
     QPointer<StartPanelView> m_startPanel;
     QPointer<SongImportSheet> m_songImport;
+    QPointer<GoToSlideSheet> m_goToSlide;
     QPointer<AlertBox> m_alert;
 };
 

@@ -32,6 +32,7 @@ constexpr auto settingsItems = std::to_array({Command::settings});
 constexpr auto goLiveItems = std::to_array({Command::goLive, Command::goLiveByReturn});
 constexpr auto stepItems = std::to_array(
     {Command::nextLive, Command::previousLive, Command::queueNext, Command::queuePrevious});
+constexpr auto goToItems = std::to_array({Command::goToSlide});
 constexpr auto modeItems = std::to_array({Command::toggleBlackout, Command::toggleLogo});
 constexpr auto windowItems =
     std::to_array({Command::toggleDisplayWindow, Command::toggleStageWindow});
@@ -39,7 +40,8 @@ constexpr auto aboutItems = std::to_array({Command::about});
 
 constexpr auto fileGroups = std::to_array<Group>({newItems, fileItems, quitItems});
 constexpr auto editGroups = std::to_array<Group>({historyItems, settingsItems});
-constexpr auto transportGroups = std::to_array<Group>({goLiveItems, stepItems, modeItems});
+constexpr auto transportGroups =
+    std::to_array<Group>({goLiveItems, stepItems, goToItems, modeItems});
 constexpr auto outputGroups = std::to_array<Group>({windowItems});
 constexpr auto helpGroups = std::to_array<Group>({aboutItems});
 

@@ -125,7 +125,7 @@ private slots:
         QCOMPARE(disabled(), Commands{Command::undo});
         world.store.newBlankProject();
         QCOMPARE(disabled(),
-                 (Commands{Command::undo, Command::redo, Command::addTextLayer,
+                 (Commands{Command::undo, Command::redo, Command::goToSlide, Command::addTextLayer,
                            Command::addLyricLayer, Command::addImageLayer}));
     }
 

@@ -221,6 +221,11 @@ inline void openSongImport(Program &program)
     program.store.setSongImportPresented(true);
 }
 
+inline void openGoToSlide(Program &program)
+{
+    program.commands.perform(Command::goToSlide);
+}
+
 inline void renameSection(Program &program)
 {
     auto *list = program.operatorWindow.findChild<RundownList *>();
@@ -328,6 +333,7 @@ inline constexpr State ownStates[] = {
     {"nothing would come back after a crash", keepNothing},
     {"the start panel is open", openStartPanel},
     {"the song import is open", openSongImport},
+    {"a slide is looked for", openGoToSlide},
     {"a section is renamed", renameSection},
     {"the settings are open", openSettings},
     {"an alert is open", openAlert},

@@ -183,6 +183,7 @@ void addRowsForDialogs()
     for (const State &state : {State{"the start panel", openStartPanel},
                                {"the recovery", openRecovery},
                                {"the song import", openSongImport},
+                               {"the search for a slide", openGoToSlide},
                                {"an alert", openAlert},
                                {"a colour dialog", openColorDialog},
                                {"a file panel", openSavePanel},

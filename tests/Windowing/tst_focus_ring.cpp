@@ -49,6 +49,12 @@ QWidget *openSongImport(ProgramWindows &program)
     return QApplication::activeModalWidget();
 }
 
+QWidget *openGoToSlide(ProgramWindows &program)
+{
+    program.commands.perform(Command::goToSlide);
+    return QApplication::activeModalWidget();
+}
+
 QWidget *openSettings(ProgramWindows &program)
 {
     program.settings.present();
@@ -74,6 +80,7 @@ constexpr std::pair<const char *, Open> windows[] = {
     {"the operator window without a slide", openOperatorOnNothing},
     {"the start panel", openStartPanel},
     {"the song import", openSongImport},
+    {"the search for a slide", openGoToSlide},
     {"the settings", openSettings},
     {"an alert", openAlert},
     {"a colour dialog", openColourDialog},

@@ -1,3 +1,4 @@
+#include "GoToSlideSheet.h"
 #include "GuiTestSupport.h"
 #include "StartPanelView.h"
 #include "WindowingWorld.h"
@@ -24,6 +25,8 @@ struct Window : WindowingWorld
     QMessageBox *alert() const { return visibleChild<QMessageBox>(); }
     StartPanelView *startPanel() const { return visibleChild<StartPanelView>(); }
     SongImportSheet *songImport() const { return visibleChild<SongImportSheet>(); }
+
+    GoToSlideSheet *goToSlide() const { return visibleChild<GoToSlideSheet>(); }
 
     QString songTitle() const { return songImport()->findChild<QLineEdit *>()->text(); }
     void typeSongTitle(const QString &title) const
@@ -196,6 +199,37 @@ private slots:
         QVERIFY(w.songImport());
         w.store.setSongImportPresented(false);
         QVERIFY(!w.songImport());
+    }
+
+    void theSearchForASlideStandsOverTheRundownAndOpensOnce()
+    {
+        Window w;
+        QAction *goToSlide = w.commands.action(Command::goToSlide);
+        goToSlide->trigger();
+        const QPointer<GoToSlideSheet> sheet = w.goToSlide();
+        QVERIFY(sheet);
+        QCOMPARE(sheet->windowModality(), Qt::WindowModal);
+        const QWidget &rundown = named(w.window, QStringLiteral("Rundown"));
+        QVERIFY(sheet->geometry().intersects(
+            {rundown.mapToGlobal(QPoint()), rundown.mapToGlobal(rundown.rect().bottomRight())}));
+        QVERIFY(sheet->geometry().center().x() < w.window.geometry().center().x());
+        w.commands.perform(Command::goToSlide);
+        QCOMPARE(w.goToSlide(), sheet.data());
+        QTest::keyClick(sheet, Qt::Key_Escape);
+        QVERIFY(!w.goToSlide());
+        goToSlide->trigger();
+        QVERIFY(w.goToSlide());
+    }
+
+    void thereIsNothingToLookForInAnEmptyShow()
+    {
+        Window w;
+        w.store.newBlankProject();
+        QCOMPARE(w.commands.action(Command::goToSlide)->isEnabled(),
+                 !w.store.flattenedSlides().isEmpty());
+        while (!w.store.flattenedSlides().isEmpty())
+            w.store.deleteSelectedSlide();
+        QVERIFY(!w.commands.action(Command::goToSlide)->isEnabled());
     }
 
     void theSongImportKeepsItsTextsUntilTheyAreImported()

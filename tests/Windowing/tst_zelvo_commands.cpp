@@ -54,6 +54,7 @@ private slots:
                  QStringLiteral("Go Live|Space\nGo Live|Return Enter\n-\n"
                                 "Next Live Slide|Right PgDown\nPrevious Live Slide|Left PgUp\n"
                                 "Queue Next|Down\nQueue Previous|Up\n-\n"
+                                "Go to Slide...|Ctrl+F\n-\n"
                                 "Toggle Blackout|B\nToggle Logo|L"));
         QCOMPARE(menuText(*menus.at(3)->menu()),
                  QStringLiteral("Open Display Window|\nOpen Monitor Window|"));
@@ -116,6 +117,7 @@ private slots:
             for (const QAction *item : menu->menu()->actions()) {
                 const bool needsSomething = item == program.commands.action(Command::undo)
                     || item == program.commands.action(Command::redo)
+                    || item == program.commands.action(Command::goToSlide)
                     || item->text() == QStringLiteral("Open Recent");
                 QCOMPARE(item->isEnabled(), !needsSomething);
             }

@@ -1,5 +1,7 @@
 #include "ElidedText.h"
 
+#include <QPainter>
+
 #include <algorithm>
 
 namespace quenara {
@@ -25,6 +27,15 @@ QString elidedText(const QString &text, const QFontMetricsF &metrics, Qt::TextEl
     // A letter is at least a point wide, so that no more than these are seen at either end.
     line = withoutMiddle(line, qsizetype(std::clamp(width, 0.0, widest)) + 1);
     return metrics.elidedText(line, mode, width);
+}
+
+void drawElidedText(QPainter &painter, const QString &text, const QFont &font, const QColor &color,
+                    const QRectF &box, Qt::Alignment alignment)
+{
+    painter.setFont(font);
+    painter.setPen(color);
+    painter.drawText(box, int(alignment | Qt::AlignVCenter) | Qt::TextSingleLine,
+                     elidedText(text, QFontMetricsF(font), Qt::ElideRight, box.width()));
 }
 
 } // namespace quenara

@@ -1,7 +1,6 @@
 #include "RundownList.h"
 
 #include "FocusRing.h"
-#include "RundownAccessible.h"
 #include "RundownModel.h"
 #include "RundownRowDelegate.h"
 #include "SectionMenu.h"
@@ -31,11 +30,10 @@ constexpr int rowsAhead = 2; ///< in sight beyond the live row, in the direction
 
 RundownList::RundownList(WorkspaceStore &store, const CommandActions &commands,
                          RenderCaches &caches, QWidget *parent)
-    : QListView(parent), m_store(store), m_commands(commands), m_thumbnails(caches),
+    : PressableList(parent), m_store(store), m_commands(commands), m_thumbnails(caches),
       m_model(new RundownModel(store, this))
 {
     setObjectName(QStringLiteral("rundownList"));
-    makeRundownAccessible();
     setAccessibleName(QStringLiteral("Rundown"));
     setFocusPolicy(Qt::StrongFocus);
     setModel(m_model);
@@ -63,6 +61,11 @@ void RundownList::choose(const QModelIndex &index)
     } else {
         m_store.selectSlide(id, true);
     }
+}
+
+bool RundownList::isChosen(const QModelIndex &index) const
+{
+    return index.data(RundownModel::isSelectedRole).toBool();
 }
 
 QModelIndex RundownList::affectedRow() const

@@ -1,8 +1,7 @@
 #pragma once
 
+#include "PressableList.h"
 #include "SlideThumbnails.h"
-
-#include <QListView>
 
 #include <functional>
 #include <optional>
@@ -18,7 +17,7 @@ class WorkspaceStore;
 /// list has the keyboard, Home and End to the first and the last, Ctrl+Space chooses the same
 /// again, and F2 renames the row, as a double click on a section's title does. While a title is
 /// typed, the keys are the field's.
-class RundownList : public QListView
+class RundownList : public PressableList
 {
     Q_OBJECT
 
@@ -31,8 +30,8 @@ public:
     /// The rows that lie at least in part on an \a area of the viewport, from the top down.
     QModelIndexList rowsIn(const QRect &area) const;
 
-    /// Does what a click on a row does.
-    void choose(const QModelIndex &index);
+    void choose(const QModelIndex &index) override;
+    bool isChosen(const QModelIndex &index) const override;
 
     /// Does \a move, which moves the section with that id, and scrolls along with it: its row stays
     /// where it is in the viewport, beyond the ends of the list if need be. endHold() comes back

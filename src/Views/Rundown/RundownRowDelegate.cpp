@@ -46,16 +46,6 @@ constexpr double pointerSize = 7;
 constexpr int warningSize = 12;
 constexpr int warningPlate = 16; ///< that the warning lies on, in the thumbnail's corner
 
-/// Draws \a text in one line, with an ellipsis where it does not fit.
-void drawText(QPainter &painter, const QString &text, const QFont &font, const QColor &color,
-              const QRectF &box, Qt::Alignment alignment)
-{
-    painter.setFont(font);
-    painter.setPen(color);
-    painter.drawText(box, int(alignment | Qt::AlignVCenter) | Qt::TextSingleLine,
-                     elidedText(text, QFontMetricsF(font), Qt::ElideRight, box.width()));
-}
-
 QFont titleFont()
 {
     return systemFont(textSize, QFont::Medium);
@@ -192,9 +182,8 @@ void RundownRowDelegate::paintItem(QPainter &painter, const QStyleOptionViewItem
     const QRect symbol(int(row.left() + itemSymbolLeft), int(row.center().y()) - symbolSize / 2,
                        symbolSize, symbolSize);
     paintSymbol(painter, symbol, index.data(RundownModel::symbolRole).toString(), theme.accent);
-    drawText(painter, index.data(Qt::DisplayRole).toString(), itemFont(),
-             isSelected ? theme.primaryText : theme.secondaryText, titleBox(row, index),
-             Qt::AlignLeft);
+    drawElidedText(painter, index.data(Qt::DisplayRole).toString(), itemFont(),
+                   isSelected ? theme.primaryText : theme.secondaryText, titleBox(row, index));
 }
 
 void RundownRowDelegate::paintSlide(QPainter &painter, const QStyleOptionViewItem &option,
@@ -212,9 +201,9 @@ void RundownRowDelegate::paintSlide(QPainter &painter, const QStyleOptionViewIte
     }
 
     const int number = index.data(RundownModel::numberRole).toInt();
-    drawText(painter, QString::number(number), numberFont(number), theme.secondaryText,
-             {row.left() + numberLeft, row.top(), numberRight - numberLeft, row.height()},
-             Qt::AlignRight);
+    drawElidedText(painter, QString::number(number), numberFont(number), theme.secondaryText,
+                   {row.left() + numberLeft, row.top(), numberRight - numberLeft, row.height()},
+                   Qt::AlignRight);
     if (const Slide *slide = slideOf(index)) {
         const QRectF thumbnail = thumbnailBox(row);
         drawThumbnail(painter,
@@ -229,8 +218,8 @@ void RundownRowDelegate::paintSlide(QPainter &painter, const QStyleOptionViewIte
         const Badge badge{.text = QStringLiteral("LIVE"), .color = colorOf(mode, theme)};
         badge.paint(painter, {title.right() + gap, row.center().y() - badge.size().height() / 2});
     }
-    drawText(painter, index.data(Qt::DisplayRole).toString(), titleFont(), theme.primaryText, title,
-             Qt::AlignLeft);
+    drawElidedText(painter, index.data(Qt::DisplayRole).toString(), titleFont(), theme.primaryText,
+                   title);
 }
 
 QSize RundownRowDelegate::sizeHint(const QStyleOptionViewItem &option,

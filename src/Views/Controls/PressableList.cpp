@@ -1,9 +1,7 @@
-#include "RundownAccessible.h"
+#include "PressableList.h"
 
 #include "AccessibleControls.h"
 #include "AccessibleItem.h"
-#include "RundownList.h"
-#include "RundownModel.h"
 
 #include <QAccessibleWidget>
 #include <QHash>
@@ -14,11 +12,11 @@ namespace quenara {
 
 namespace {
 
-/// A row of the rundown. It stays the same interface wherever its row moves.
+/// A row. It stays the same interface wherever its row moves.
 class RowInterface : public AccessibleItem
 {
 public:
-    RowInterface(RundownList &list, const QModelIndex &index)
+    RowInterface(PressableList &list, const QModelIndex &index)
         : AccessibleItem(list), m_list(&list), m_index(index)
     {}
 
@@ -51,7 +49,7 @@ public:
         }
         state.selectable = true;
         state.focusable = true;
-        state.selected = m_index.data(RundownModel::isSelectedRole).toBool();
+        state.selected = m_list->isChosen(m_index);
         state.focused = m_list->hasFocus() && m_index == m_list->currentIndex();
         state.invisible = !m_list->isVisible();
         state.offscreen = !m_list->viewport()->rect().intersects(m_list->visualRect(m_index));
@@ -76,15 +74,15 @@ protected:
     }
 
 private:
-    QPointer<RundownList> m_list;
+    QPointer<PressableList> m_list;
     QPersistentModelIndex m_index;
 };
 
 /// The list. It is a table of one column, too: that is how Qt lets assistive technologies select.
-class RundownInterface : public QAccessibleWidget, public QAccessibleTableInterface
+class ListInterface : public QAccessibleWidget, public QAccessibleTableInterface
 {
 public:
-    explicit RundownInterface(RundownList &list)
+    explicit ListInterface(PressableList &list)
         : QAccessibleWidget(&list, QAccessible::List), m_list(list)
     {}
 
@@ -119,10 +117,11 @@ public:
 
     QAccessibleInterface *childAt(int x, int y) const override
     {
+        const QPoint place = m_list.viewport()->mapFromGlobal(QPoint(x, y));
+        if (!m_list.viewport()->rect().contains(place))
+            return nullptr; // where a row would go on if it were in sight
         QAccessibleInterface *field = titleField();
-        return field && field->rect().contains(x, y)
-            ? field
-            : child(m_list.indexAt(m_list.viewport()->mapFromGlobal(QPoint(x, y))).row());
+        return field && field->rect().contains(x, y) ? field : child(m_list.indexAt(place).row());
     }
 
     QAccessibleInterface *focusChild() const override
@@ -143,7 +142,7 @@ public:
 
     bool isRowSelected(int row) const override
     {
-        return m_list.model()->index(row, 0).data(RundownModel::isSelectedRole).toBool();
+        return m_list.isChosen(m_list.model()->index(row, 0));
     }
     QList<int> selectedRows() const override
     {
@@ -190,7 +189,7 @@ public:
     }
 
 protected:
-    ~RundownInterface() override
+    ~ListInterface() override
     {
         for (const QAccessible::Id id : std::as_const(m_rows))
             QAccessible::deleteAccessibleInterface(id);
@@ -203,21 +202,21 @@ private:
         return QAccessible::queryAccessibleInterface(m_list.viewport()->findChild<QLineEdit *>());
     }
 
-    RundownList &m_list;
+    PressableList &m_list;
     mutable QHash<QPersistentModelIndex, QAccessible::Id> m_rows; ///< those that were asked for
 };
 
-QAccessibleInterface *accessibleRundown(const QString & /*className*/, QObject *object)
+QAccessibleInterface *accessibleList(const QString & /*className*/, QObject *object)
 {
-    auto *list = qobject_cast<RundownList *>(object);
-    return list ? new RundownInterface(*list) : nullptr;
+    auto *list = qobject_cast<PressableList *>(object);
+    return list ? new ListInterface(*list) : nullptr;
 }
 
 } // namespace
 
-void makeRundownAccessible()
+PressableList::PressableList(QWidget *parent) : QListView(parent)
 {
-    QAccessible::installFactory(accessibleRundown); // Qt keeps it once, however often it is called
+    QAccessible::installFactory(accessibleList); // Qt keeps it once, however often it is called
 }
 
 } // namespace quenara
