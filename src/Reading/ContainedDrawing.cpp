@@ -17,6 +17,7 @@ namespace quenara {
 
 namespace {
 
+constexpr auto drawingNamespace = "http://www.w3.org/2000/svg";
 constexpr std::size_t deepestNesting = 200; // of elements
 
 // Nanoseconds of reading a drawing three times and painting it twice, beyond its text and its
@@ -169,9 +170,16 @@ bool Rewriting::start(const QXmlStreamReader &reader)
         return false;
     open(name);
 
-    m_writer.writeStartElement(reader.qualifiedName().toString());
+    // Newer releases of Qt take for a drawing only what begins with the bare name.
+    const bool losesPrefix =
+        !reader.prefix().isEmpty() && reader.namespaceUri() == QLatin1String(drawingNamespace);
+    m_writer.writeStartElement((losesPrefix ? name : reader.qualifiedName()).toString());
+    if (losesPrefix)
+        m_writer.writeAttribute(QStringLiteral("xmlns"), QString::fromLatin1(drawingNamespace));
     for (const QXmlStreamNamespaceDeclaration &space : spaces) {
         const QString prefix = space.prefix().toString();
+        if (losesPrefix && prefix.isEmpty())
+            continue;
         m_writer.writeAttribute(prefix.isEmpty() ? QStringLiteral("xmlns")
                                                  : QStringLiteral("xmlns:") + prefix,
                                 space.namespaceUri().toString());

@@ -36,6 +36,14 @@ QString roleColor(const ZelvoTheme &theme, const QString &name)
     return styleSheetColor(theme.*(role->second));
 }
 
+/// Newer releases of Qt have a role of its own for this colour.
+template<class Palette>
+void setAccent(Palette &palette, const QColor &color)
+{
+    if constexpr (requires { Palette::Accent; })
+        palette.setColor(Palette::Accent, color);
+}
+
 } // namespace
 
 void setUpInterface()
@@ -75,6 +83,7 @@ QPalette interfacePalette(const ZelvoTheme &theme)
     palette.setColor(QPalette::ToolTipText, theme.primaryText);
     palette.setColor(QPalette::Highlight, theme.accent);
     palette.setColor(QPalette::HighlightedText, theme.appBackground);
+    setAccent(palette, theme.accent);
     palette.setColor(QPalette::Link, theme.accent);
     palette.setColor(QPalette::LinkVisited, theme.accentHover);
     palette.setColor(QPalette::Light, theme.border);

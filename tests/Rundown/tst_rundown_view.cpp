@@ -105,6 +105,7 @@ void choose(QMenu &menu, const QString &title, const Caller &caller = Caller::cu
 {
     for (QAction *action : menu.actions()) {
         if (action->text() == title) {
+            menu.setActiveAction(action); // as the pointer does on its way there
             return QTest::mouseClick(&menu, Qt::LeftButton, Qt::NoModifier,
                                      menu.actionGeometry(action).center());
         }

@@ -79,7 +79,7 @@ bool fits(const QJsonValue &value)
     } else if constexpr (std::is_same_v<T, QString> || std::is_same_v<T, QByteArray>) {
         return value.isString();
     } else if constexpr (isList<T>) {
-        return value == QJsonArray();
+        return value.isArray() && value.toArray().isEmpty();
     } else {
         return false;
     }

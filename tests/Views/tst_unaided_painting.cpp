@@ -5,9 +5,11 @@
 #include "ProjectTemplates.h"
 #include "StageOutputView.h"
 
+#include <QLibraryInfo>
 #include <QPainter>
 #include <QSemaphore>
 #include <QThreadPool>
+#include <QVersionNumber>
 
 #include <thread>
 
@@ -79,8 +81,9 @@ class TestUnaidedPainting : public GuiTest
     Q_OBJECT
 
 private slots:
-    /// When this fails, paintInBands() can go, and the other test says nothing.
-    void qtWaitsForItsThreads()
+    /// Where Qt does not wait, the other test says nothing. Once no release does that the program
+    /// is built with, paintInBands() can go.
+    void olderReleasesOfQtWaitForTheirThreads()
     {
         QImage image(1000, 1000, QImage::Format_RGB32);
         BusyThreads threads(200);
@@ -89,7 +92,7 @@ private slots:
         painter.setBrush(QColor(255, 0, 0, 128));
         painter.drawEllipse(image.rect());
         painter.end();
-        QVERIFY(threads.wereWaitedFor());
+        QCOMPARE(threads.wereWaitedFor(), QLibraryInfo::version() < QVersionNumber(6, 8));
     }
 
     void noStepOfTheShowWaitsForTheThreadsOfQt()

@@ -59,8 +59,8 @@ void ProjectFileType::aProjectFileIsOfTheTypeThatTheProgramNames()
 
 void ProjectFileType::aNewFileOfTheTypeGetsTheProgramsExtension()
 {
-    QCOMPARE(typeOfTheProgram().suffixes(),
-             QStringList(QLatin1String(ProjectFileService::fileExtension)));
+    QCOMPARE(typeOfTheProgram().preferredSuffix(),
+             QLatin1String(ProjectFileService::fileExtension));
 }
 
 void ProjectFileType::theTypeHasANameForPeopleAndAnIcon()

@@ -351,6 +351,9 @@ void makeControlsAccessible()
 void setAccessibleRole(QWidget &widget, QAccessible::Role role)
 {
     widget.setProperty(roleProperty, int(role));
+    // Newer releases of Qt have met some parts of its dialogs while these were made.
+    QAccessibleInterface *met = QAccessible::queryAccessibleInterface(&widget);
+    QAccessible::deleteAccessibleInterface(QAccessible::uniqueId(met));
 }
 
 void closePopups()

@@ -66,7 +66,8 @@ QString clockText(const QTime &time, const QLocale &locale)
                       (separator.size() == 1 ? separator : QStringLiteral(":"))
                           + QStringLiteral("ss"));
     }
-    return locale.toString(time, format);
+    // Newer data of the locales have a narrow space, which cannot be broken, before AM and PM.
+    return locale.toString(time, format).replace(QChar(0x202f), QLatin1Char(' '));
 }
 
 ClockView::ClockView(Now now, QWidget *parent) : QWidget(parent), m_now(std::move(now))
