@@ -13,16 +13,6 @@ namespace quenara::edits {
 
 namespace {
 
-constexpr qsizetype notFound = -1;
-
-qsizetype indexOfItem(const ZelvoProject &project, const std::optional<QString> &id)
-{
-    const QList<ServiceItem> &items = project.serviceItems;
-    const auto found = std::find_if(items.cbegin(), items.cend(),
-                                    [&](const ServiceItem &item) { return item.id == id; });
-    return found == items.cend() ? notFound : found - items.cbegin();
-}
-
 /// True if \a delta, however large, leads from one index below \a count to another.
 bool isStepWithin(qsizetype count, qsizetype from, qsizetype delta)
 {
@@ -100,9 +90,8 @@ Edited importSong(WorkspaceState state, const QString &title, const QString &lyr
 Edited updateServiceItem(WorkspaceState state, const QString &id,
                          const std::function<void(ServiceItem &)> &update)
 {
-    const qsizetype index = indexOfItem(state.project, id);
-    if (index != notFound)
-        update(state.project.serviceItems[index]);
+    if (const auto index = itemIndex(state.project, id))
+        update(state.project.serviceItems[*index]);
     return state;
 }
 
@@ -123,21 +112,32 @@ Edited deleteSelectedServiceItem(WorkspaceState state)
 
 Edited moveSelectedServiceItem(WorkspaceState state, qsizetype delta)
 {
-    const qsizetype from = indexOfItem(state.project, state.selectedServiceItemID);
-    if (from == notFound || !isStepWithin(state.project.serviceItems.size(), from, delta))
+    const auto from = itemIndex(state.project, state.selectedServiceItemID);
+    if (!from || !isStepWithin(state.project.serviceItems.size(), *from, delta))
         return std::nullopt;
-    state.project.serviceItems.swapItemsAt(from, from + delta);
+    state.project.serviceItems.swapItemsAt(*from, *from + delta);
+    return state;
+}
+
+Edited moveServiceItem(WorkspaceState state, const QString &id, qsizetype toPosition)
+{
+    const auto from = itemIndex(state.project, id);
+    if (!from || *from == toPosition || toPosition < 0
+        || toPosition >= state.project.serviceItems.size())
+        return std::nullopt;
+    const ServiceItem item = state.project.serviceItems.takeAt(*from);
+    state.project.serviceItems.insert(toPosition, item);
     return state;
 }
 
 Edited addSlide(WorkspaceState state)
 {
-    const qsizetype index = state.selectedServiceItemID || state.project.serviceItems.isEmpty()
-        ? indexOfItem(state.project, state.selectedServiceItemID)
+    const auto index = state.selectedServiceItemID || state.project.serviceItems.isEmpty()
+        ? itemIndex(state.project, state.selectedServiceItemID)
         : 0;
-    if (index == notFound)
+    if (!index)
         return addServiceItem(std::move(state), ServiceItemType::custom);
-    ServiceItem &item = state.project.serviceItems[index];
+    ServiceItem &item = state.project.serviceItems[*index];
     const Slide slide = newSlide(item.type, item.slides.size());
     item.slides.append(slide);
     state.selectedServiceItemID = item.id;
@@ -186,6 +186,45 @@ Edited moveSelectedSlide(WorkspaceState state, qsizetype delta)
             slidesForWriting(state, *position).swapItemsAt(from, from + delta);
     }
     return state;
+}
+
+Edited moveSlide(WorkspaceState state, const QString &id, const QString &toServiceItemID,
+                 qsizetype toPosition)
+{
+    const auto from = positionOf(state.project, id);
+    const auto to = itemIndex(state.project, toServiceItemID);
+    if (!from || !to)
+        return std::nullopt;
+    const bool isSameItem = *to == from->item;
+    const qsizetype others =
+        state.project.serviceItems.at(*to).slides.size() - (isSameItem ? 1 : 0);
+    if (toPosition < 0 || toPosition > others || (isSameItem && toPosition == from->slide))
+        return std::nullopt;
+    const Slide slide = slidesForWriting(state, *from).takeAt(from->slide);
+    state.project.serviceItems[*to].slides.insert(toPosition, slide);
+    return state;
+}
+
+bool canStepSlide(const ZelvoProject &project, const SlidePosition &position, int step)
+{
+    const qsizetype item = position.item + step;
+    return isStepWithin(project.serviceItems.at(position.item).slides.size(), position.slide, step)
+        || (item >= 0 && item < project.serviceItems.size());
+}
+
+Edited stepSelectedSlide(WorkspaceState state, int step)
+{
+    const auto position = positionOf(state.project, state.selectedSlideID);
+    if (!position || !canStepSlide(state.project, *position, step))
+        return std::nullopt;
+    const QList<ServiceItem> &items = std::as_const(state.project).serviceItems;
+    const QString id = *state.selectedSlideID;
+    if (isStepWithin(items.at(position->item).slides.size(), position->slide, step)) {
+        const QString own = items.at(position->item).id;
+        return moveSlide(std::move(state), id, own, position->slide + step);
+    }
+    const ServiceItem neighbor = items.at(position->item + step);
+    return moveSlide(std::move(state), id, neighbor.id, step < 0 ? neighbor.slides.size() : 0);
 }
 
 Edited updateSelectedSlide(WorkspaceState state, const std::function<void(Slide &)> &update)

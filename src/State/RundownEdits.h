@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Show.h"
 #include "WorkspaceState.h"
 
 #include <QString>
@@ -34,6 +35,10 @@ using Edited = std::optional<WorkspaceState>;
 /// Swaps the selected item with the one \a delta places away; nothing if there is none.
 [[nodiscard]] Edited moveSelectedServiceItem(WorkspaceState state, qsizetype delta);
 
+/// Moves the item with that id and its slides to where \a toPosition other items stand before it.
+/// Nothing for an unknown id, a place outside the rundown and the place that it has.
+[[nodiscard]] Edited moveServiceItem(WorkspaceState state, const QString &id, qsizetype toPosition);
+
 /// Appends a slide to the selected item (else to the first); without such an item, a custom item
 /// with its slide.
 [[nodiscard]] Edited addSlide(WorkspaceState state);
@@ -49,6 +54,21 @@ using Edited = std::optional<WorkspaceState>;
 /// Swaps the selected slide with the one \a delta places away in its item. Where there is none,
 /// this is an edit without a change.
 [[nodiscard]] Edited moveSelectedSlide(WorkspaceState state, qsizetype delta);
+
+/// Moves the slide with that id to where \a toPosition other slides stand before it in that item,
+/// its own or another one. Nothing for unknown ids, a place outside the item and the place that the
+/// slide has.
+[[nodiscard]] Edited moveSlide(WorkspaceState state, const QString &id,
+                               const QString &toServiceItemID, qsizetype toPosition);
+
+/// Moves the selected slide one place up (-1) or down (+1): past the first place of its item to the
+/// end of the item before, past the last to the beginning of the next. Nothing at the ends of the
+/// rundown.
+[[nodiscard]] Edited stepSelectedSlide(WorkspaceState state, int step);
+
+/// Whether stepSelectedSlide() moves a slide that stands there.
+[[nodiscard]] bool canStepSlide(const ZelvoProject &project, const SlidePosition &position,
+                                int step);
 
 /// Applies \a update to the selected slide and brings its body in step with its design.
 [[nodiscard]] Edited updateSelectedSlide(WorkspaceState state,

@@ -90,6 +90,15 @@ std::optional<QString> firstSlideID(const ZelvoProject &project)
     return first ? std::optional(slideAt(project, *first).id) : std::nullopt;
 }
 
+std::optional<qsizetype> itemIndex(const ZelvoProject &project,
+                                   const std::optional<QString> &itemID)
+{
+    const QList<ServiceItem> &items = project.serviceItems;
+    const auto found = std::find_if(items.cbegin(), items.cend(),
+                                    [&](const ServiceItem &item) { return item.id == itemID; });
+    return found == items.cend() ? std::nullopt : std::optional(found - items.cbegin());
+}
+
 std::optional<qsizetype> elementIndex(const Slide &slide, const std::optional<QString> &elementID)
 {
     const QList<SlideElement> &elements = slide.design.elements;

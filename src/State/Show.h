@@ -44,6 +44,10 @@ struct SlidePosition
 
 [[nodiscard]] std::optional<QString> firstSlideID(const ZelvoProject &project);
 
+/// The index of the first item with this id; nothing for an absent or unknown one.
+[[nodiscard]] std::optional<qsizetype> itemIndex(const ZelvoProject &project,
+                                                 const std::optional<QString> &itemID);
+
 /// The index of the slide's first layer with this id; nothing for an absent or unknown one.
 [[nodiscard]] std::optional<qsizetype> elementIndex(const Slide &slide,
                                                     const std::optional<QString> &elementID);

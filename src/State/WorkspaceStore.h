@@ -89,6 +89,9 @@ public:
     void selectElement(const std::optional<QString> &id);
     /// The selected slide stays, whichever item it is in.
     void selectServiceItem(const QString &id);
+    /// Does \a edit, which selects nothing anew: an item that was selected while the selected slide
+    /// is in another one stays so, where an edit alone would leave that slide's selected.
+    void keepServiceItem(const std::function<void()> &edit);
     void goLive();
     void nextLive();
     void previousLive();
@@ -126,10 +129,13 @@ public slots:
     void updateServiceItem(const QString &id, const std::function<void(ServiceItem &)> &update);
     void deleteSelectedServiceItem();
     void moveSelectedServiceItem(qsizetype delta);
+    void moveServiceItem(const QString &id, qsizetype toPosition);
     void addSlide();
     void duplicateSelectedSlide();
     void deleteSelectedSlide();
     void moveSelectedSlide(qsizetype delta);
+    void moveSlide(const QString &id, const QString &toServiceItemID, qsizetype toPosition);
+    void stepSelectedSlide(int step);
     void updateSelectedSlide(const std::function<void(Slide &)> &update);
     void applyTemplateToSelectedSlide(const QString &templateID);
     void importSong(const QString &title, const QString &lyrics);

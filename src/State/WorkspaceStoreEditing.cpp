@@ -127,6 +127,12 @@ void WorkspaceStore::moveSelectedServiceItem(qsizetype delta)
         [&](const WorkspaceState &state) { return edits::moveSelectedServiceItem(state, delta); });
 }
 
+void WorkspaceStore::moveServiceItem(const QString &id, qsizetype toPosition)
+{
+    editProject(
+        [&](const WorkspaceState &state) { return edits::moveServiceItem(state, id, toPosition); });
+}
+
 void WorkspaceStore::addSlide()
 {
     editProject(edits::addSlide);
@@ -146,6 +152,19 @@ void WorkspaceStore::moveSelectedSlide(qsizetype delta)
 {
     editProject(
         [&](const WorkspaceState &state) { return edits::moveSelectedSlide(state, delta); });
+}
+
+void WorkspaceStore::moveSlide(const QString &id, const QString &toServiceItemID,
+                               qsizetype toPosition)
+{
+    editProject([&](const WorkspaceState &state) {
+        return edits::moveSlide(state, id, toServiceItemID, toPosition);
+    });
+}
+
+void WorkspaceStore::stepSelectedSlide(int step)
+{
+    editProject([&](const WorkspaceState &state) { return edits::stepSelectedSlide(state, step); });
 }
 
 void WorkspaceStore::updateSelectedSlide(const std::function<void(Slide &)> &update)

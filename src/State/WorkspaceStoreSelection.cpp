@@ -29,6 +29,16 @@ void WorkspaceStore::selectServiceItem(const QString &id)
     publish(std::move(next));
 }
 
+void WorkspaceStore::keepServiceItem(const std::function<void()> &edit)
+{
+    const std::optional<QString> id = selectedServiceItemID();
+    const std::optional<SlidePosition> slide = positionOf(selectedSlideID());
+    const bool isOfSlide = slide && project().serviceItems.at(slide->item).id == id;
+    edit();
+    if (!isOfSlide && itemIndex(project(), id))
+        selectServiceItem(*id);
+}
+
 void WorkspaceStore::goLive()
 {
     publish(edits::goLive(m_state));

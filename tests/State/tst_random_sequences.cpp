@@ -298,6 +298,40 @@ const QList<Edit> &edits()
              run.store().moveSelectedServiceItem(delta);
              return from >= 0 && from + delta >= 0 && from + delta < run.model.items.size();
          }},
+        {"moveServiceItem",
+         [](Run &run) {
+             if (run.model.items.isEmpty())
+                 return false;
+             const int count = int(run.model.items.size());
+             const int from = run.random.bounded(count);
+             const int to = run.random.bounded(-1, count + 1);
+             run.store().moveServiceItem(run.model.items.at(from), to);
+             return to >= 0 && to < count && to != from;
+         }},
+        {"moveSlide",
+         [](Run &run) {
+             const ZelvoProject before = run.store().project();
+             if (run.model.show.isEmpty())
+                 return false;
+             const auto &slide = run.model.show.at(run.random.bounded(int(run.model.show.size())));
+             const QString id = slide.slide;
+             const QString item =
+                 run.model.items.at(run.random.bounded(int(run.model.items.size())));
+             run.store().moveSlide(id, item, run.random.bounded(-1, 4));
+             return run.store().project() != before;
+         }},
+        {"stepSelectedSlide",
+         [](Run &run) {
+             const int step = run.random.bounded(2) * 2 - 1;
+             const qsizetype from = run.model.indexOf(run.model.at.slide);
+             const QString item = run.model.itemOf(run.model.at.slide).value_or(QString());
+             run.store().stepSelectedSlide(step);
+             if (from < 0)
+                 return false;
+             const qsizetype end = step < 0 ? 0 : run.model.show.size() - 1;
+             return from != end
+                 || item != (step < 0 ? run.model.items.first() : run.model.items.last());
+         }},
         {"duplicateSelectedSlide",
          [](Run &run) {
              run.store().duplicateSelectedSlide();

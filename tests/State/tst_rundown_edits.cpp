@@ -38,6 +38,21 @@ Edit moveItem(qsizetype delta)
     return [delta](WorkspaceStore &store) { store.moveSelectedServiceItem(delta); };
 }
 
+Edit moveSlideTo(const QString &id, const QString &item, qsizetype position)
+{
+    return [=](WorkspaceStore &store) { store.moveSlide(id, item, position); };
+}
+
+Edit moveItemTo(const QString &id, qsizetype position)
+{
+    return [=](WorkspaceStore &store) { store.moveServiceItem(id, position); };
+}
+
+Edit stepSlide(int step)
+{
+    return [step](WorkspaceStore &store) { store.stepSelectedSlide(step); };
+}
+
 Edit rewriteText(const QString &text)
 {
     return [text](WorkspaceStore &store) {
@@ -168,6 +183,24 @@ private slots:
             u"C2", u"A1");
         row("an item changes places with a farther one", u"A1", u"B1", moveItem(2),
             u"C: C1 C2 | B: B1 | A: A1 A2 A3", u"A1", u"B1");
+        row("a slide is moved within its item", u"A1", u"A1", moveSlideTo(u"A1"_s, u"A"_s, 2),
+            u"A: A2 A3 A1 | B: B1 | C: C1 C2", u"A1", u"A1");
+        row("a slide is moved to another item", u"A2", u"A2", moveSlideTo(u"A2"_s, u"C"_s, 1),
+            u"A: A1 A3 | B: B1 | C: C1 A2 C2", u"A2", u"A2");
+        row("a slide is moved to an item's end", u"C2", u"A1", moveSlideTo(u"A3"_s, u"B"_s, 1),
+            u"A: A1 A2 | B: B1 A3 | C: C1 C2", u"C2", u"A1");
+        row("the only slide leaves its item", u"A1", u"B1", moveSlideTo(u"B1"_s, u"A"_s, 0),
+            u"A: B1 A1 A2 A3 | B: | C: C1 C2", u"A1", u"B1");
+        row("a slide steps down in its item", u"A1", u"A2", stepSlide(1),
+            u"A: A2 A1 A3 | B: B1 | C: C1 C2", u"A1", u"A2");
+        row("a slide steps down to the next item's beginning", u"A3", u"A3", stepSlide(1),
+            u"A: A1 A2 | B: A3 B1 | C: C1 C2", u"A3", u"A3");
+        row("a slide steps up to the end of the item before", u"C1", u"A1", stepSlide(-1),
+            u"A: A1 A2 A3 | B: B1 C1 | C: C2", u"C1", u"A1");
+        row("an item is moved to the end", u"A2", u"C1", moveItemTo(u"A"_s, 2),
+            u"B: B1 | C: C1 C2 | A: A1 A2 A3", u"A2", u"C1");
+        row("another item is moved than the selected one", u"A2", u"C1", moveItemTo(u"C"_s, 0),
+            u"C: C1 C2 | A: A1 A2 A3 | B: B1", u"A2", u"C1");
         row("a text is rewritten", u"A2", u"A2", rewriteText(u"new"_s),
             u"A: A1 A2 A3 | B: B1 | C: C1 C2", u"A2", u"A2");
         row("a template is applied", u"A2", u"C1", applyClosing, u"A: A1 A2 A3 | B: B1 | C: C1 C2",
@@ -240,6 +273,77 @@ private slots:
         edit(world.store);
         QCOMPARE(world.store.state(), before);
         QVERIFY(!world.store.canUndo());
+    }
+
+    void aMoveToNowhereOrToTheOwnPlaceTakesNoStep_data()
+    {
+        QTest::addColumn<QString>("selected");
+        QTest::addColumn<Edit>("edit");
+        const auto row = [](const char *name, const Edit &edit, const QString &selected = u"B1"_s) {
+            QTest::newRow(name) << selected << edit;
+        };
+        row("a slide to its own place", moveSlideTo(u"A2"_s, u"A"_s, 1));
+        row("a slide beyond its item", moveSlideTo(u"A2"_s, u"A"_s, 3));
+        row("a slide beyond another item", moveSlideTo(u"A2"_s, u"B"_s, 2));
+        row("a slide before an item", moveSlideTo(u"A2"_s, u"B"_s, -1));
+        row("a slide to an unknown item", moveSlideTo(u"A2"_s, u"nowhere"_s, 0));
+        row("an unknown slide", moveSlideTo(u"nowhere"_s, u"A"_s, 0));
+        row("an item to its own place", moveItemTo(u"B"_s, 1));
+        row("an item before the rundown", moveItemTo(u"B"_s, -1));
+        row("an item beyond the rundown", moveItemTo(u"B"_s, 3));
+        row("an unknown item", moveItemTo(u"nowhere"_s, 0));
+        row("the first slide a step up", stepSlide(-1), u"A1"_s);
+        row("the last slide a step down", stepSlide(1), u"C2"_s);
+        row("no selected slide a step down", stepSlide(1), u"nowhere"_s);
+    }
+
+    void aMoveToNowhereOrToTheOwnPlaceTakesNoStep()
+    {
+        QFETCH(QString, selected);
+        QFETCH(Edit, edit);
+        World world(showOf({3, 1, 2}));
+        world.store.selectSlide(selected, true);
+        const WorkspaceState before = world.store.state();
+        edit(world.store);
+        QCOMPARE(world.store.state(), before);
+        QVERIFY(!world.store.canUndo());
+    }
+
+    void aSlideStepsIntoAnEmptyItemAndOutOfIt()
+    {
+        World world(showOf({1, 0, 1}));
+        world.store.stepSelectedSlide(1);
+        QCOMPARE(rundownOf(world.store.project()), u"A: | B: A1 | C: C1"_s);
+        world.store.stepSelectedSlide(1);
+        QCOMPARE(rundownOf(world.store.project()), u"A: | B: | C: A1 C1"_s);
+        world.store.stepSelectedSlide(-1);
+        QCOMPARE(rundownOf(world.store.project()), u"A: | B: A1 | C: C1"_s);
+    }
+
+    void theNextSlideIsTheOneAfterTheMovedLiveOne()
+    {
+        World world(showOf({3, 1}));
+        world.store.moveSlide(u"A1"_s, u"A"_s, 1);
+        QCOMPARE(world.store.liveSlideID(), u"A1"_s);
+        QCOMPARE(world.store.nextSlide()->id, u"A3"_s);
+    }
+
+    void anItemBesideTheSelectedSlideStaysSelectedWhereThatIsAskedFor()
+    {
+        World world(showOf({1, 1, 1}));
+        const auto move = [&world] { world.store.moveServiceItem(u"B"_s, 0); };
+        world.store.selectServiceItem(u"B"_s);
+        world.store.keepServiceItem(move);
+        QCOMPARE(world.store.selectedServiceItemID(), u"B"_s);
+        QCOMPARE(world.store.selectedSlideID(), u"A1"_s);
+        // A slide takes the selection of its item along.
+        world.store.selectSlide(u"A1"_s, true);
+        world.store.keepServiceItem([&world] { world.store.moveSlide(u"A1"_s, u"C"_s, 0); });
+        QCOMPARE(world.store.selectedServiceItemID(), u"C"_s);
+        // What the edit removes is not selected.
+        world.store.selectServiceItem(u"B"_s);
+        world.store.keepServiceItem([&world] { world.store.deleteSelectedServiceItem(); });
+        QVERIFY(world.store.selectedServiceItemID() != u"B"_s);
     }
 
     void movingASlideNeedsASelectedOne()

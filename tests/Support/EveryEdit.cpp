@@ -91,12 +91,27 @@ const QList<NamedEdit> &everyEdit()
         {"move an item down", "moveSelectedServiceItem", Needs::item, false, moveItem(1)},
         {"move an item up", "moveSelectedServiceItem", Needs::item, false, moveItem(-1)},
         {"move an item two down", "moveSelectedServiceItem", Needs::item, false, moveItem(2)},
+        {"move an item to the end", "moveServiceItem", Needs::item, false,
+         [](Store &s) {
+             s.moveServiceItem(s.selectedServiceItemID().value_or(QString()),
+                               s.project().serviceItems.size() - 1);
+         }},
         plain("add a slide", "addSlide", Needs::nothing, &Store::addSlide),
         plain("duplicate a slide", "duplicateSelectedSlide", Needs::slide,
               &Store::duplicateSelectedSlide),
         plain("delete a slide", "deleteSelectedSlide", Needs::slide, &Store::deleteSelectedSlide),
         {"move a slide down", "moveSelectedSlide", Needs::slide, false, moveSlide(1)},
         {"move a slide up", "moveSelectedSlide", Needs::slide, false, moveSlide(-1)},
+        {"move a slide to the last item", "moveSlide", Needs::slide, false,
+         [](Store &s) {
+             const QList<ServiceItem> items = s.project().serviceItems;
+             if (!items.isEmpty())
+                 s.moveSlide(s.selectedSlideID().value_or(QString()), items.constLast().id, 0);
+         }},
+        {"step a slide down", "stepSelectedSlide", Needs::slide, false,
+         [](Store &s) { s.stepSelectedSlide(1); }},
+        {"step a slide up", "stepSelectedSlide", Needs::slide, false,
+         [](Store &s) { s.stepSelectedSlide(-1); }},
         {"apply a template", "applyTemplateToSelectedSlide", Needs::slide, false,
          [](Store &s) { s.applyTemplateToSelectedSlide(QStringLiteral("announcement")); }},
         {"add a text", "addTextLayer", Needs::slide, false, addText(SlideElementKind::text)},
