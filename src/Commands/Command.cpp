@@ -3,6 +3,8 @@
 #include "CommandActions.h"
 #include "OutputWindows.h"
 #include "RawEnum.h"
+#include "RundownEdits.h"
+#include "Show.h"
 #include "WorkspaceStore.h"
 
 #include <algorithm>
@@ -51,6 +53,28 @@ bool hasSelectedSlide(const WorkspaceStore &store)
 bool hasSlides(const WorkspaceStore &store)
 {
     return firstSlideID(store.project()).has_value();
+}
+
+template<int step>
+bool canStepSlide(const WorkspaceStore &store)
+{
+    const auto position = store.positionOf(store.selectedSlideID());
+    return position && edits::canStepSlide(store.project(), *position, step);
+}
+
+template<int step>
+bool canStepSection(const WorkspaceStore &store)
+{
+    const auto index = itemIndex(store.project(), store.selectedServiceItemID());
+    return index && *index + step >= 0 && *index + step < store.project().serviceItems.size();
+}
+
+/// Moves the selected section, which need not be the one that the selected slide is in.
+template<int step>
+void stepSection(CommandActions &actions)
+{
+    WorkspaceStore &store = actions.store();
+    store.keepServiceItem([&store] { store.moveSelectedServiceItem(step); });
 }
 
 template<OutputMode mode>
@@ -273,6 +297,31 @@ constexpr auto commands = std::to_array<CommandDescription>({
      .symbol = "chevron.down",
      .worksOnDocument = true,
      .run = onStore<&WorkspaceStore::moveSelectedServiceItem, +1>},
+    // Unlike the buttons, these go from section to section, and end where the rundown does.
+    {.command = Command::stepSlideUp,
+     .title = "Move Slide Up",
+     .keys = {"Alt+Up"},
+     .worksOnDocument = true,
+     .isEnabled = canStepSlide<-1>,
+     .run = onStore<&WorkspaceStore::stepSelectedSlide, -1>},
+    {.command = Command::stepSlideDown,
+     .title = "Move Slide Down",
+     .keys = {"Alt+Down"},
+     .worksOnDocument = true,
+     .isEnabled = canStepSlide<+1>,
+     .run = onStore<&WorkspaceStore::stepSelectedSlide, +1>},
+    {.command = Command::stepSectionUp,
+     .title = "Move Section Up",
+     .keys = {"Alt+Shift+Up"},
+     .worksOnDocument = true,
+     .isEnabled = canStepSection<-1>,
+     .run = stepSection<-1>},
+    {.command = Command::stepSectionDown,
+     .title = "Move Section Down",
+     .keys = {"Alt+Shift+Down"},
+     .worksOnDocument = true,
+     .isEnabled = canStepSection<+1>,
+     .run = stepSection<+1>},
     {.command = Command::deleteSection,
      .title = "Delete selected section",
      .symbol = "folder.badge.minus",

@@ -28,6 +28,8 @@ constexpr auto newItems =
 constexpr auto fileItems = std::to_array({Command::open, Command::save, Command::saveAs});
 constexpr auto quitItems = std::to_array({Command::quit});
 constexpr auto historyItems = std::to_array({Command::undo, Command::redo});
+constexpr auto moveItems = std::to_array({Command::stepSlideUp, Command::stepSlideDown,
+                                          Command::stepSectionUp, Command::stepSectionDown});
 constexpr auto settingsItems = std::to_array({Command::settings});
 constexpr auto goLiveItems = std::to_array({Command::goLive, Command::goLiveByReturn});
 constexpr auto stepItems = std::to_array(
@@ -39,7 +41,7 @@ constexpr auto windowItems =
 constexpr auto aboutItems = std::to_array({Command::about});
 
 constexpr auto fileGroups = std::to_array<Group>({newItems, fileItems, quitItems});
-constexpr auto editGroups = std::to_array<Group>({historyItems, settingsItems});
+constexpr auto editGroups = std::to_array<Group>({historyItems, moveItems, settingsItems});
 constexpr auto transportGroups =
     std::to_array<Group>({goLiveItems, stepItems, goToItems, modeItems});
 constexpr auto outputGroups = std::to_array<Group>({windowItems});

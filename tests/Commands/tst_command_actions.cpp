@@ -107,9 +107,10 @@ private slots:
         }
     }
 
-    void undoAndRedoAreEnabledWhileThereIsSomethingToUndoOrRedoAndLayersAddedToASlideOnly()
+    void whatHasNothingToWorkOnIsDisabled()
     {
-        CommandWorld world;
+        CommandWorld world(showOf({1, 2, 1}));
+        world.store.selectSlide(u"B1"_s, true);
         const auto disabled = [&] {
             Commands found;
             for (const CommandDescription &description : commandDescriptions()) {
@@ -122,11 +123,54 @@ private slots:
         world.store.addSlide();
         QCOMPARE(disabled(), Commands{Command::redo});
         world.store.undo();
+        world.store.selectSlide(u"B1"_s, true);
         QCOMPARE(disabled(), Commands{Command::undo});
         world.store.newBlankProject();
         QCOMPARE(disabled(),
-                 (Commands{Command::undo, Command::redo, Command::goToSlide, Command::addTextLayer,
-                           Command::addLyricLayer, Command::addImageLayer}));
+                 (Commands{Command::undo, Command::redo, Command::goToSlide, Command::stepSlideUp,
+                           Command::stepSlideDown, Command::stepSectionUp, Command::stepSectionDown,
+                           Command::addTextLayer, Command::addLyricLayer, Command::addImageLayer}));
+    }
+
+    void whatMovesASlideOrASectionIsDisabledAtTheEndsOfTheRundown_data()
+    {
+        QTest::addColumn<QString>("selected");
+        QTest::addColumn<Commands>("possible");
+        using enum Command;
+        QTest::newRow("the first slide") << u"A1"_s << Commands{stepSlideDown, stepSectionDown};
+        QTest::newRow("the last slide of the first section")
+            << u"A2"_s << Commands{stepSlideUp, stepSlideDown, stepSectionDown};
+        QTest::newRow("a section between others")
+            << u"B1"_s << Commands{stepSlideUp, stepSlideDown, stepSectionUp, stepSectionDown};
+        QTest::newRow("the first slide of the last section")
+            << u"C1"_s << Commands{stepSlideUp, stepSlideDown, stepSectionUp};
+        QTest::newRow("the last slide") << u"C2"_s << Commands{stepSlideUp, stepSectionUp};
+    }
+
+    void whatMovesASlideOrASectionIsDisabledAtTheEndsOfTheRundown()
+    {
+        QFETCH(QString, selected);
+        CommandWorld world(showOf({2, 1, 2}));
+        world.store.selectSlide(selected, true);
+        Commands possible;
+        for (const Command command : {Command::stepSlideUp, Command::stepSlideDown,
+                                      Command::stepSectionUp, Command::stepSectionDown}) {
+            if (world.commands.action(command)->isEnabled())
+                possible.append(command);
+        }
+        QTEST(possible, "possible");
+    }
+
+    void aSectionThatIsMovedStaysSelectedBesideTheSlideOfAnother()
+    {
+        CommandWorld world(showOf({1, 1, 1, 1}));
+        world.store.selectServiceItem(u"B"_s);
+        for (int i = 0; i < 2; ++i)
+            world.commands.action(Command::stepSectionDown)->trigger();
+        QCOMPARE(world.store.project().serviceItems.constLast().id, u"B"_s);
+        QCOMPARE(world.store.selectedServiceItemID(), u"B"_s);
+        QCOMPARE(world.store.selectedSlideID(), u"A1"_s);
+        QVERIFY(!world.commands.action(Command::stepSectionDown)->isEnabled());
     }
 
     void whatIsSwitchedOnIsToldAndTitlesFollow()
@@ -287,6 +331,8 @@ private slots:
         row(Command::deleteSlide, &Store::deleteSelectedSlide);
         row(Command::moveSlideUp, [](Store &store) { store.moveSelectedSlide(-1); });
         row(Command::moveSlideDown, [](Store &store) { store.moveSelectedSlide(1); });
+        row(Command::stepSlideUp, [](Store &store) { store.stepSelectedSlide(-1); });
+        row(Command::stepSlideDown, [](Store &store) { store.stepSelectedSlide(1); });
         row(Command::moveSectionUp, [](Store &store) { store.moveSelectedServiceItem(-1); });
         row(Command::moveSectionDown, [](Store &store) { store.moveSelectedServiceItem(1); });
         row(Command::deleteSection, &Store::deleteSelectedServiceItem);

@@ -1,5 +1,6 @@
 #include "CanvasTextLayerEditor.h"
 #include "GuiTestSupport.h"
+#include "Picker.h"
 #include "ProgramWindows.h"
 #include "SlideCanvas.h"
 #include "SymbolPicker.h"
@@ -36,6 +37,19 @@ struct Canvas : ProgramWindows
 
     CanvasFrame frame() const { return store.selectedElement()->frame; }
 };
+
+/// The identifiers of the slides, item by item.
+QStringList slidesOf(const WorkspaceStore &store)
+{
+    QStringList items;
+    for (const ServiceItem &item : store.project().serviceItems) {
+        QStringList slides;
+        for (const Slide &slide : item.slides)
+            slides.append(slide.id);
+        items.append(slides.join(QLatin1Char(' ')));
+    }
+    return items;
+}
 
 constexpr auto control = Qt::KeyboardModifiers(Qt::ControlModifier);
 
@@ -187,6 +201,45 @@ private slots:
         c.press(Qt::Key_Space);
         QCOMPARE(c.store.outputMode(), OutputMode::live);
         QCOMPARE(c.store.project(), before);
+    }
+
+    void altAndAnArrowMoveTheSelectedSlideThroughTheSectionsAndWithShiftItsSection()
+    {
+        ProgramWindows program;
+        const auto press = [&program](Qt::Key key, Qt::KeyboardModifiers modifiers) {
+            ProgramWindows::press(program.operatorWindow, key, modifiers);
+        };
+        const QStringList before = slidesOf(program.store);
+        const WorkspaceState state = program.store.state();
+        const auto slide = program.store.selectedSlideID();
+        const auto section = program.store.selectedServiceItemID();
+        const qsizetype own = program.store.project().serviceItems.constFirst().slides.size();
+        for (qsizetype i = 0; i < own; ++i)
+            press(Qt::Key_Down, Qt::AltModifier);
+        QCOMPARE(program.store.project().serviceItems.at(1).slides.constFirst().id, slide);
+        press(Qt::Key_Up, Qt::AltModifier);
+        QCOMPARE(program.store.project().serviceItems.at(0).slides.constLast().id, slide);
+        for (qsizetype i = 1; i < own; ++i)
+            press(Qt::Key_Up, Qt::AltModifier);
+        QCOMPARE(slidesOf(program.store), before);
+        press(Qt::Key_Down, Qt::AltModifier | Qt::ShiftModifier);
+        QCOMPARE(program.store.project().serviceItems.at(1).id, section);
+        press(Qt::Key_Z, control);
+        QCOMPARE(slidesOf(program.store), before);
+        QCOMPARE(program.store.selectedSlideID(), slide);
+        QCOMPARE(program.store.liveSlideID(), state.liveSlideID);
+        QCOMPARE(program.store.queuedSlideID(), state.queuedSlideID);
+    }
+
+    void altAndDownOpensThePickerThatHasTheKeyboardAndMovesNothing()
+    {
+        ProgramWindows program;
+        const ZelvoProject before = program.store.project();
+        auto *picker = program.operatorWindow.findChild<Picker *>();
+        picker->setFocus(Qt::TabFocusReason);
+        ProgramWindows::press(program.operatorWindow, Qt::Key_Down, Qt::AltModifier);
+        QVERIFY(QApplication::activePopupWidget());
+        QCOMPARE(program.store.project(), before);
     }
 
     void controlAndAnArrowChooseAmongTheSymbolsOfAPicker()

@@ -49,7 +49,10 @@ private slots:
                            "Open...|Ctrl+O\nOpen Recent|\nSave|Ctrl+S\nSave As...|Ctrl+Shift+S\n-\n"
                            "Quit|Ctrl+Q"));
         QCOMPARE(menuText(*menus.at(1)->menu()),
-                 QStringLiteral("Undo|Ctrl+Z\nRedo|Ctrl+Shift+Z\n-\nSettings...|Ctrl+,"));
+                 QStringLiteral("Undo|Ctrl+Z\nRedo|Ctrl+Shift+Z\n-\n"
+                                "Move Slide Up|Alt+Up\nMove Slide Down|Alt+Down\n"
+                                "Move Section Up|Alt+Shift+Up\nMove Section Down|Alt+Shift+Down\n"
+                                "-\nSettings...|Ctrl+,"));
         QCOMPARE(menuText(*menus.at(2)->menu()),
                  QStringLiteral("Go Live|Space\nGo Live|Return Enter\n-\n"
                                 "Next Live Slide|Right PgDown\nPrevious Live Slide|Left PgUp\n"
@@ -118,6 +121,7 @@ private slots:
                 const bool needsSomething = item == program.commands.action(Command::undo)
                     || item == program.commands.action(Command::redo)
                     || item == program.commands.action(Command::goToSlide)
+                    || item->text().startsWith(QStringLiteral("Move "))
                     || item->text() == QStringLiteral("Open Recent");
                 QCOMPARE(item->isEnabled(), !needsSomething);
             }

@@ -18,6 +18,13 @@ namespace {
 constexpr int chevronSize = 12;
 constexpr int chevronMargin = 8;
 
+bool opensTheList(const QKeyEvent &press)
+{
+    return press.key() == Qt::Key_F4
+        || (press.key() == Qt::Key_Down
+            && (press.modifiers() & ~Qt::KeypadModifier) == Qt::AltModifier);
+}
+
 } // namespace
 
 Picker::Picker(const QString &title, QWidget *parent) : QComboBox(parent)
@@ -43,12 +50,21 @@ void Picker::paintEvent(QPaintEvent * /*event*/)
                 isEnabled() ? theme.secondaryText : theme.mutedText);
 }
 
+bool Picker::event(QEvent *event)
+{
+    // What opens the list of the picker that has the keyboard is no shortcut of its window.
+    if (event->type() == QEvent::ShortcutOverride
+        && opensTheList(*static_cast<const QKeyEvent *>(event))) {
+        event->accept();
+        return true;
+    }
+    return QComboBox::event(event);
+}
+
 void Picker::keyPressEvent(QKeyEvent *event)
 {
     // Qt would have the other keys choose without showing the list.
-    const bool opensTheList = event->key() == Qt::Key_F4
-        || (event->key() == Qt::Key_Down && event->modifiers().testFlag(Qt::AltModifier));
-    if (opensTheList) {
+    if (opensTheList(*event)) {
         QComboBox::keyPressEvent(event);
     } else {
         event->ignore();
