@@ -41,7 +41,7 @@ MENUS = {
     "Edit": ["Undo", "Redo", "Move Slide Up", "Move Slide Down", "Move Section Up",
              "Move Section Down", "Settings..."],
     "Transport": ["Go Live", "Go Live", "Next Live Slide", "Previous Live Slide", "Queue Next",
-                  "Queue Previous", "Toggle Blackout", "Toggle Logo"],
+                  "Queue Previous", "Go to Slide...", "Toggle Blackout", "Toggle Logo"],
     "Output": ["Open Display Window", "Open Monitor Window"],
     "Help": ["About Quenara"],
 }

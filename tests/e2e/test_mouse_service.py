@@ -97,6 +97,10 @@ class MouseService(ReadCase):
         self.wait_for_row("Chorus", "Slide 2 of Morning Hymn, queued, selected")
         self.click("Move slide up")
         self.wait_for_rows("Opening", "Good morning", "Morning Hymn", "Chorus", "Verse 1")
+        self.drag_row("Good morning", "Verse 1")
+        self.wait_for_rows("Opening", "Morning Hymn", "Chorus", "Verse 1", "Good morning")
+        self.drag_row("Good morning", "Opening")
+        self.wait_for_rows("Opening", "Good morning", "Morning Hymn", "Chorus", "Verse 1")
         self.click_middle(self.row("Verse 1"), button=3)
         self.choose_beside_the_pointer("Duplicate")
         self.wait_for_rows("Opening", "Good morning", "Morning Hymn", "Chorus", "Verse 1",
@@ -168,6 +172,11 @@ class MouseService(ReadCase):
         move = ["mousemove_relative", "--sync", "--", *(str(length // 2) for length in way)]
         self.server.run("xdotool", "mousemove", *map(str, start), "mousedown", "1", *move, *move,
                         "mouseup", "1")
+
+    def drag_row(self, name, other):
+        """Drags a row of the rundown to below the middle of another one."""
+        start, end = (self.middle_of(self.row(row)) for row in (name, other))
+        self.drag(start, (0, int(end[1] - start[1]) + 10))
 
     def enter(self, field, text, window=OPERATOR, times=3):
         """Types into a field. Three clicks select the whole of it."""

@@ -1,6 +1,7 @@
 #include "RundownList.h"
 
 #include "FocusRing.h"
+#include "RundownDrag.h"
 #include "RundownModel.h"
 #include "RundownRowDelegate.h"
 #include "SectionMenu.h"
@@ -31,7 +32,7 @@ constexpr int rowsAhead = 2; ///< in sight beyond the live row, in the direction
 RundownList::RundownList(WorkspaceStore &store, const CommandActions &commands,
                          RenderCaches &caches, QWidget *parent)
     : PressableList(parent), m_store(store), m_commands(commands), m_thumbnails(caches),
-      m_model(new RundownModel(store, this))
+      m_model(new RundownModel(store, this)), m_drag(new RundownDrag(*m_model, *this))
 {
     setObjectName(QStringLiteral("rundownList"));
     setAccessibleName(QStringLiteral("Rundown"));
@@ -46,6 +47,13 @@ RundownList::RundownList(WorkspaceStore &store, const CommandActions &commands,
     setVerticalScrollMode(ScrollPerPixel);
     connect(this, &QListView::clicked, this, &RundownList::choose);
     connect(this, &RundownList::rowsPlaced, this, &RundownList::showFocus);
+    connect(this, &RundownList::rowsPlaced, m_drag, &RundownDrag::follow);
+    connect(m_drag, &RundownDrag::began, this, [this] {
+        endHold();
+        goTo(m_rowBeforePress.isValid() ? QModelIndex(m_rowBeforePress) : affectedRow());
+        emit rowsPlaced();
+    });
+    connect(m_drag, &RundownDrag::ended, this, &RundownList::rowsPlaced);
     connect(&store, &WorkspaceStore::changed, this, &RundownList::followStore);
     viewport()->setAttribute(Qt::WA_OpaquePaintEvent); // so that scrolling moves what is painted
     followStore();
@@ -96,8 +104,8 @@ void RundownList::followSelection()
     m_followed = row;
     m_followedRow = row.row();
     if (!isSame)
-        selectionModel()->setCurrentIndex(row, QItemSelectionModel::NoUpdate);
-    if (isSame || m_isHolding)
+        goTo(row);
+    if (isSame || m_isHolding || isDragging())
         return;
     endHold();
     // A section that comes with its slides, as an imported song does, is shown as far as it fits.
@@ -114,7 +122,7 @@ void RundownList::followLive()
     const std::optional<QString> id = m_store.liveSlideID();
     const QModelIndex live = m_model->indexOfSlide(id);
     const QModelIndex before = m_model->indexOfSlide(std::exchange(m_liveID, id));
-    if (live == before || !live.isValid() || m_isHolding)
+    if (live == before || !live.isValid() || m_isHolding || isDragging())
         return;
     const QModelIndex last = comesNextAfter(live);
     if (before.isValid() && live.row() > before.row())
@@ -252,7 +260,7 @@ void RundownList::keyPressEvent(QKeyEvent *event)
     const QModelIndex index = m_model->index(std::clamp(*row, 0, m_model->rowCount() - 1));
     if (index.isValid()) {
         choose(index);
-        selectionModel()->setCurrentIndex(index, QItemSelectionModel::NoUpdate);
+        goTo(index);
         scrollTo(index);
         showFocus();
     }
@@ -288,6 +296,72 @@ void RundownList::rename(const QModelIndex &index)
     edit(index);
 }
 
+bool RundownList::isDragging() const
+{
+    return m_drag->isDragging();
+}
+
+/// Has the keyboard be at \a row, which selects nothing.
+void RundownList::goTo(const QModelIndex &row)
+{
+    selectionModel()->setCurrentIndex(row, QItemSelectionModel::NoUpdate);
+}
+
+void RundownList::mousePressEvent(QMouseEvent *event)
+{
+    if (m_drag->isPressed() && event->button() != Qt::LeftButton)
+        return m_drag->cancel();
+    m_rowBeforePress = currentIndex();
+    QListView::mousePressEvent(event);
+    if (event->button() == Qt::LeftButton)
+        m_drag->press(event->pos());
+}
+
+/// Qt would have the pointer select the rows that it goes over while the button is down.
+void RundownList::mouseMoveEvent(QMouseEvent *event)
+{
+    if (event->buttons().testFlag(Qt::LeftButton))
+        return m_drag->moveTo(event->pos());
+    m_drag->end(); // nobody has told of the release
+    QListView::mouseMoveEvent(event);
+}
+
+/// A row that has been dragged was not clicked.
+void RundownList::mouseReleaseEvent(QMouseEvent *event)
+{
+    if (event->button() != Qt::LeftButton)
+        return QListView::mouseReleaseEvent(event);
+    const bool isClick = !isDragging() && !m_drag->isCancelled();
+    if (isDragging()) {
+        drop();
+    } else {
+        m_drag->end();
+    }
+    if (isClick)
+        QListView::mouseReleaseEvent(event);
+}
+
+/// Moves what is dragged, which selects nothing. What has come to lie there stays in sight.
+void RundownList::drop()
+{
+    const auto idOf = [](const QModelIndex &row) {
+        return std::optional(row.data(RundownModel::idRole).toString());
+    };
+    const auto rowWith = [this](const std::optional<QString> &id, bool isSection) {
+        return isSection ? m_model->indexOfServiceItem(id) : m_model->indexOfSlide(id);
+    };
+    const std::optional<QString> id = idOf(currentIndex());
+    const bool isSection = m_model->serviceItemAt(currentIndex());
+    const int place = verticalScrollBar()->value();
+    m_isHolding = true;
+    const QModelIndex moved = m_drag->drop();
+    m_isHolding = false;
+    verticalScrollBar()->setValue(place);
+    showRows(moved, moved, Qt::TopEdge);
+    goTo(rowWith(id, isSection));
+    showFocus();
+}
+
 void RundownList::mouseDoubleClickEvent(QMouseEvent *event)
 {
     QListView::mouseDoubleClickEvent(event);
@@ -307,6 +381,8 @@ void RundownList::closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHin
 
 void RundownList::contextMenuEvent(QContextMenuEvent *event)
 {
+    if (m_drag->isPressed())
+        return;
     const bool isByKeyboard = event->reason() == QContextMenuEvent::Keyboard;
     const QModelIndex index = isByKeyboard ? currentIndex() : indexAt(event->pos());
     if (!index.isValid())
@@ -335,6 +411,11 @@ void RundownList::paintEvent(QPaintEvent *event)
     for (const QRect &some : rows) {
         QPaintEvent ofRows(some);
         QListView::paintEvent(&ofRows);
+    }
+    if (isDragging()) {
+        QPainter painter(viewport());
+        painter.setClipRegion(event->region());
+        m_drag->paint(painter);
     }
     if (m_thumbnails.owesThumbnails())
         viewport()->update(event->rect());

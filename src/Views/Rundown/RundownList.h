@@ -9,6 +9,7 @@
 namespace quenara {
 
 class CommandActions;
+class RundownDrag;
 class RundownModel;
 class WorkspaceStore;
 
@@ -16,7 +17,8 @@ class WorkspaceStore;
 /// Keys are left to the transport, except that Ctrl with an arrow moves to another row while the
 /// list has the keyboard, Home and End to the first and the last, Ctrl+Space chooses the same
 /// again, and F2 renames the row, as a double click on a section's title does. While a title is
-/// typed, the keys are the field's.
+/// typed, the keys are the field's. A row that is dragged moves within the list; what other
+/// programs drag is not taken.
 class RundownList : public PressableList
 {
     Q_OBJECT
@@ -29,6 +31,9 @@ public:
 
     /// The rows that lie at least in part on an \a area of the viewport, from the top down.
     QModelIndexList rowsIn(const QRect &area) const;
+
+    /// Whether a row is being dragged.
+    [[nodiscard]] bool isDragging() const;
 
     void choose(const QModelIndex &index) override;
     bool isChosen(const QModelIndex &index) const override;
@@ -52,6 +57,9 @@ protected:
     void focusInEvent(QFocusEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void contextMenuEvent(QContextMenuEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseMoveEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint) override;
     void paintEvent(QPaintEvent *event) override;
@@ -62,6 +70,8 @@ protected:
 
 private:
     void rename(const QModelIndex &index);
+    void drop();
+    void goTo(const QModelIndex &row);
     QModelIndex affectedRow() const;
     std::optional<int> rowFor(const QKeyEvent &event) const;
     void tellOf(int row);
@@ -78,6 +88,8 @@ private:
     const CommandActions &m_commands;
     SlideThumbnails m_thumbnails;
     RundownModel *m_model;
+    RundownDrag *m_drag;
+    QPersistentModelIndex m_rowBeforePress; ///< that the keyboard was at
     QString m_projectID; ///< of the project whose slides have thumbnails
     QPersistentModelIndex m_followed; ///< the row last scrolled to
     int m_followedRow = -1;

@@ -222,15 +222,59 @@ bool RundownModel::setData(const QModelIndex &index, const QVariant &value, int 
     change(after);
     if (after == before)
         return false;
-    const bool wasSelected = before.id == m_store.selectedServiceItemID();
-    // A gesture of its own, so that no open one takes it in.
-    const GestureID gesture = m_store.beginGesture();
-    m_store.updateServiceItem(before.id, change);
-    m_store.endGesture(gesture);
-    // An edit leaves the section with the selected slide selected.
-    if (wasSelected)
-        m_store.selectServiceItem(before.id);
+    m_store.keepServiceItem([&] {
+        // A gesture of its own, so that no open one takes it in.
+        const GestureID gesture = m_store.beginGesture();
+        m_store.updateServiceItem(before.id, change);
+        m_store.endGesture(gesture);
+    });
     return true;
+}
+
+/// Where a row comes to stand when it is moved to before row \a gap; nothing if it may not, or
+/// stands there. A section goes with its slides, and to no place within another one.
+std::optional<RundownModel::Row> RundownModel::placeOf(const Row &row, int gap) const
+{
+    if (gap < 0 || gap > m_rows.size())
+        return std::nullopt;
+    if (row.slide < 0) {
+        if (gap < m_rows.size() && m_rows.at(gap).slide >= 0)
+            return std::nullopt;
+        const int before =
+            gap < m_rows.size() ? m_rows.at(gap).item : int(m_project.serviceItems.size());
+        const int item = before > row.item ? before - 1 : before;
+        return item == row.item ? std::nullopt : std::optional(Row{item, -1});
+    }
+    if (gap == 0)
+        return std::nullopt;
+    const Row &above = m_rows.at(gap - 1);
+    const bool isBelowItself = above.item == row.item && above.slide >= row.slide;
+    const Row place{above.item, isBelowItself ? above.slide : above.slide + 1};
+    const bool isSame = place.item == row.item && place.slide == row.slide;
+    return isSame ? std::nullopt : std::optional(place);
+}
+
+bool RundownModel::canMove(const QModelIndex &index, int gap) const
+{
+    return index.isValid() && index.row() < m_rows.size()
+        && placeOf(m_rows.at(index.row()), gap).has_value();
+}
+
+void RundownModel::move(const QModelIndex &index, int gap)
+{
+    if (!canMove(index, gap))
+        return;
+    const Row row = m_rows.at(index.row());
+    const Row place = *placeOf(row, gap);
+    const QString id = idOf(m_project, row);
+    const QString toServiceItemID = m_project.serviceItems.at(place.item).id;
+    m_store.keepServiceItem([&] {
+        if (row.slide < 0) {
+            m_store.moveServiceItem(id, place.item);
+        } else {
+            m_store.moveSlide(id, toServiceItemID, place.slide);
+        }
+    });
 }
 
 QVariant RundownModel::sectionData(const ServiceItem &item, int role) const

@@ -11,8 +11,8 @@ namespace quenara {
 class WorkspaceStore;
 
 /// The rundown as rows of a list: each service item followed by its slides. The model announces
-/// which rows came, went and changed, so that views draw no others again. Rows can be renamed, and
-/// service items given another type.
+/// which rows came, went and changed, so that views draw no others again. Rows can be renamed and
+/// moved, and service items given another type.
 class RundownModel : public QAbstractListModel
 {
     Q_OBJECT
@@ -39,6 +39,12 @@ public:
     /// as one undo step. Returns false and changes nothing for a blank title and for what the row
     /// has already.
     bool setData(const QModelIndex &index, const QVariant &value, int role) override;
+
+    /// Moves a slide, or a service item with its slides, to before the row \a gap (rowCount(): to
+    /// the end), as one undo step that changes no selection. Nothing where canMove() is false:
+    /// where it stands, and for an item within another one.
+    void move(const QModelIndex &index, int gap);
+    [[nodiscard]] bool canMove(const QModelIndex &index, int gap) const;
 
     /// Null for a service item's row.
     const Slide *slideAt(const QModelIndex &index) const;
@@ -79,6 +85,7 @@ private:
     QModelIndex firstWith(const std::optional<QString> &id, bool isServiceItem) const;
     const ServiceItem &itemOf(const Row &row) const;
     const Slide &slideOf(const Row &row) const;
+    std::optional<Row> placeOf(const Row &row, int gap) const;
     QVariant sectionData(const ServiceItem &item, int role) const;
     QVariant slideData(const Row &row, int role) const;
     QString stateOf(const Slide &slide) const;

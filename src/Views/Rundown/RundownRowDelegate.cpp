@@ -12,6 +12,7 @@
 #include "Symbols.h"
 #include "TextField.h"
 #include "TextNotice.h"
+#include "ThemeColors.h"
 #include "ZelvoTheme.h"
 
 #include <QAbstractItemView>
@@ -43,6 +44,7 @@ constexpr double itemTitleLeft = 32;
 constexpr int symbolSize = 16;
 constexpr double textSize = 12;
 constexpr double pointerSize = 7;
+constexpr int cardOffset = 3; ///< of the card below that of a row that is dragged
 constexpr int warningSize = 12;
 constexpr int warningPlate = 16; ///< that the warning lies on, in the thumbnail's corner
 
@@ -85,6 +87,14 @@ const Slide *slideOf(const QModelIndex &index)
 {
     const auto *model = qobject_cast<const RundownModel *>(index.model());
     return model ? model->slideAt(index) : nullptr;
+}
+
+/// The number of slides in the service item that a row is of; 0 for a slide's row.
+qsizetype slidesBelow(const QModelIndex &index)
+{
+    const auto *model = qobject_cast<const RundownModel *>(index.model());
+    const ServiceItem *item = model ? model->serviceItemAt(index) : nullptr;
+    return item ? item->slides.size() : 0;
 }
 
 QRectF thumbnailBox(const QRectF &row)
@@ -220,6 +230,39 @@ void RundownRowDelegate::paintSlide(QPainter &painter, const QStyleOptionViewIte
     }
     drawElidedText(painter, index.data(Qt::DisplayRole).toString(), titleFont(), theme.primaryText,
                    title);
+}
+
+QPixmap RundownRowDelegate::pictureOf(const QModelIndex &index, const QWidget &viewport,
+                                      const QSize &size) const
+{
+    const ZelvoTheme &theme = themeOf(viewport);
+    const qsizetype slides = slidesBelow(index);
+    const double dpr = viewport.devicePixelRatioF();
+    QPixmap picture(((size + QSize(0, slides > 0 ? cardOffset : 0)) * dpr));
+    picture.setDevicePixelRatio(dpr);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    QStyleOptionViewItem option;
+    option.initFrom(&viewport);
+    option.state &= ~QStyle::State_MouseOver;
+    option.rect = QRect(QPoint(), size);
+    const QRectF row = rowOf(option.rect);
+    const auto paintCard = [&](const QRectF &card) {
+        painter.fillPath(shapeOf(card), theme.controlBackground);
+        painter.strokePath(shapeOf(card), QPen(theme.mutedText, 1));
+    };
+    if (slides > 0)
+        paintCard(row.adjusted(cardOffset, cardOffset, -cardOffset, cardOffset));
+    paintCard(row);
+    paint(&painter, option, index);
+    if (index.data(RundownModel::isServiceItemRole).toBool()) {
+        drawText(painter,
+                 slides == 1 ? QStringLiteral("1 slide") : QStringLiteral("%1 slides").arg(slides),
+                 titleFont(), theme.secondaryText,
+                 row.adjusted(row.width() - itemButtonsWidth, 0, -gap, 0), Qt::AlignRight);
+    }
+    return picture;
 }
 
 QSize RundownRowDelegate::sizeHint(const QStyleOptionViewItem &option,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPixmap>
 #include <QStyledItemDelegate>
 
 namespace quenara {
@@ -20,6 +21,11 @@ public:
     [[nodiscard]] static QRect frameOf(const QRect &rect);
 
     RundownRowDelegate(SlideThumbnails &thumbnails, QObject *parent);
+
+    /// A row of \a size points as it is dragged over \a viewport: on a card, that of a service item
+    /// with the number of its slides, on a second card if it has some.
+    [[nodiscard]] QPixmap pictureOf(const QModelIndex &index, const QWidget &viewport,
+                                    const QSize &size) const;
 
     void paint(QPainter *painter, const QStyleOptionViewItem &option,
                const QModelIndex &index) const override;

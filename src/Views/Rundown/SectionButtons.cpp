@@ -94,6 +94,8 @@ void SectionButtons::uncover()
 
 void SectionButtons::place()
 {
+    if (m_list.isDragging())
+        return uncover(); // what is dragged is painted by the list
     const QWidget &viewport = *m_list.viewport();
     qsizetype used = 0;
     QRegion covered;
