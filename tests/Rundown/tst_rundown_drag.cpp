@@ -323,6 +323,20 @@ private slots:
         QCOMPARE(op.store.liveSlideID(), u"A2"_s);
     }
 
+    void whileARowIsDraggedTheListsOwnKeysDoNothing()
+    {
+        Dragging op(showOf({3, 1}));
+        const QPoint to = op.belowMiddle(u"B1"_s);
+        op.press(u"A1"_s);
+        op.moveTo(to);
+        QTest::keyClick(op.list, Qt::Key_F2);
+        QVERIFY(!op.titleField());
+        QTest::keyClick(op.list, Qt::Key_End, Qt::ControlModifier);
+        QCOMPARE(op.store.selectedSlideID(), u"A1"_s);
+        op.release(to);
+        QCOMPARE(op.rundown(), u"A: A2 A3 | B: B1 A1"_s);
+    }
+
     void aRowThatIsGoneIsNotDraggedAnyMore()
     {
         Dragging op(showOf({3, 1}));

@@ -94,7 +94,7 @@ private slots:
             const QList<FlattenedSlide> show = store.flattenedSlides();
             if (!show.isEmpty())
                 store.selectSlide(show.at(random.bounded(int(show.size()))).id(), true);
-            switch (random.bounded(9)) {
+            switch (random.bounded(10)) {
             case 0:
                 store.addSlide();
                 break;
@@ -118,6 +118,10 @@ private slots:
                 break;
             case 7:
                 store.undo();
+                break;
+            case 8:
+                model.move(model.index(random.bounded(model.rowCount() + 1)),
+                           random.bounded(-1, model.rowCount() + 2));
                 break;
             default:
                 store.redo();

@@ -250,8 +250,9 @@ void RundownList::tellOf(int row)
 
 void RundownList::keyPressEvent(QKeyEvent *event)
 {
-    if (state() == EditingState)
-        return event->ignore(); // what the field does not take
+    // What the field of a title does not take, and what would change what is being dragged.
+    if (state() == EditingState || isDragging())
+        return event->ignore();
     if (event->key() == Qt::Key_F2 && event->modifiers() == Qt::NoModifier)
         return rename(currentIndex());
     const std::optional<int> row = rowFor(*event);

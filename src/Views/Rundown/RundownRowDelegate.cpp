@@ -257,10 +257,11 @@ QPixmap RundownRowDelegate::pictureOf(const QModelIndex &index, const QWidget &v
     paintCard(row);
     paint(&painter, option, index);
     if (index.data(RundownModel::isServiceItemRole).toBool()) {
-        drawText(painter,
-                 slides == 1 ? QStringLiteral("1 slide") : QStringLiteral("%1 slides").arg(slides),
-                 titleFont(), theme.secondaryText,
-                 row.adjusted(row.width() - itemButtonsWidth, 0, -gap, 0), Qt::AlignRight);
+        drawElidedText(painter,
+                       slides == 1 ? QStringLiteral("1 slide")
+                                   : QStringLiteral("%1 slides").arg(slides),
+                       titleFont(), theme.secondaryText,
+                       row.adjusted(row.width() - itemButtonsWidth, 0, -gap, 0), Qt::AlignRight);
     }
     return picture;
 }
