@@ -3,6 +3,7 @@
 #include "ProjectModels.h"
 #include "RawEnum.h"
 #include "RecentProject.h"
+#include "SongText.h"
 
 #include <QList>
 #include <QString>
@@ -22,6 +23,16 @@ inline constexpr auto rawCases<OutputMode> = std::to_array<RawCase<OutputMode>>(
 });
 static_assert(casesStandAtTheirValues<OutputMode>);
 
+/// What of the rundown or of a slide was selected last, by whatever way.
+enum class SelectionKind { section, slide, layer };
+template<>
+inline constexpr auto rawCases<SelectionKind> = std::to_array<RawCase<SelectionKind>>({
+    {SelectionKind::section, "section"},
+    {SelectionKind::slide, "slide"},
+    {SelectionKind::layer, "layer"},
+});
+static_assert(casesStandAtTheirValues<SelectionKind>);
+
 // What the workspace publishes: FIELD(type, name, initial value) for each field, in the order in
 // which changes are announced. The members of WorkspaceState and the properties, getters and
 // signals of WorkspaceStore are all made of this one list.
@@ -36,6 +47,8 @@ static_assert(casesStandAtTheirValues<OutputMode>);
     FIELD(std::optional<QString>, liveSlideID, {})                                                 \
     /* The layer selected on the canvas. */                                                        \
     FIELD(std::optional<QString>, selectedElementID, {})                                           \
+    /* What copying, cutting, duplicating and deleting work on. */                                 \
+    FIELD(SelectionKind, lastSelected, SelectionKind::slide)                                       \
     FIELD(OutputMode, outputMode, OutputMode::live)                                                \
     /* Where the project was opened from or saved to. */                                           \
     FIELD(std::optional<QUrl>, currentFileURL, {})                                                 \
@@ -44,6 +57,8 @@ static_assert(casesStandAtTheirValues<OutputMode>);
     FIELD(QList<RecentProject>, recentProjects, {})                                                \
     FIELD(bool, isStartPanelPresented, false)                                                      \
     FIELD(bool, isSongImportPresented, false)                                                      \
+    /* What the sheet shows instead of what was typed into it before. */                           \
+    FIELD(std::optional<SongText>, offeredSong, {})                                                \
     /* Shown as an alert while present. */                                                         \
     FIELD(std::optional<QString>, errorMessage, {})                                                \
     /* What the history allows. */                                                                 \

@@ -42,14 +42,13 @@ QString imageType(const QByteArray &bytes)
     return format == "svg" ? QStringLiteral("image/svg+xml") : QString();
 }
 
-std::optional<SlideMedia> embedded(const QUrl &url)
+std::optional<SlideMedia> embedded(const QByteArray &bytes, const QString &name)
 {
-    const std::optional<QByteArray> bytes = wholeFile(url, largestImage);
-    const QString type = bytes ? imageType(*bytes) : QString();
+    const QString type = bytes.size() <= largestImage ? imageType(bytes) : QString();
     if (type.isEmpty())
         return std::nullopt;
-    return SlideMedia{.dataUrl = "data:" + type.toLatin1() + ";base64," + bytes->toBase64(),
-                      .name = url.fileName(),
+    return SlideMedia{.dataUrl = "data:" + type.toLatin1() + ";base64," + bytes.toBase64(),
+                      .name = name,
                       .mimeType = type};
 }
 
@@ -58,7 +57,17 @@ std::optional<SlideMedia> embedded(const QUrl &url)
 std::optional<SlideMedia> imageFromFile(const QUrl &url)
 {
     try {
-        return embedded(url);
+        const std::optional<QByteArray> bytes = wholeFile(url, largestImage);
+        return bytes ? embedded(*bytes, url.fileName()) : std::nullopt;
+    } catch (const std::bad_alloc &) {
+        return std::nullopt;
+    }
+}
+
+std::optional<SlideMedia> imageFromBytes(const QByteArray &bytes, const QString &name)
+{
+    try {
+        return embedded(bytes, name);
     } catch (const std::bad_alloc &) {
         return std::nullopt;
     }

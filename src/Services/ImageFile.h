@@ -14,4 +14,8 @@ namespace quenara {
 /// QGuiApplication.
 [[nodiscard]] std::optional<SlideMedia> imageFromFile(const QUrl &url);
 
+/// The same for the bytes of such a file, to be called \a name.
+[[nodiscard]] std::optional<SlideMedia> imageFromBytes(const QByteArray &bytes,
+                                                       const QString &name);
+
 } // namespace quenara

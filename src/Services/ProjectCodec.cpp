@@ -20,6 +20,8 @@ using DocumentWriter =
 using PreferencesWriter =
     json::Writer<rapidjson::Writer<json::ByteSink>, json::KeyOrder::declaration>;
 
+using ClipWriter = json::Writer<rapidjson::Writer<json::ByteSink>, json::KeyOrder::sorted>;
+
 constexpr QByteArrayView byteOrderMark = "\xEF\xBB\xBF";
 
 bool isBeyond64Bits(std::string_view number)
@@ -91,6 +93,27 @@ std::optional<json::Element> parsed(simdjson::dom::parser &parser, QByteArray by
     return root.get(element) == simdjson::SUCCESS ? std::optional(element) : std::nullopt;
 }
 
+template<Record T>
+QByteArray encodedClip(const T &clip)
+{
+    ClipWriter writer;
+    writer.write(clip);
+    if (writer.hasFailed())
+        throw ProjectEncodingError();
+    return writer.take();
+}
+
+template<Record T>
+std::optional<T> decodedClip(QByteArray bytes)
+{
+    if (bytes.isEmpty() || bytes.size() > ProjectCodec::largestClip)
+        return std::nullopt;
+    simdjson::dom::parser parser;
+    const std::optional<json::Element> root = parsed(parser, std::move(bytes));
+    T clip = json::unread<T>();
+    return root && json::Reader().read(*root, clip) ? std::optional(std::move(clip)) : std::nullopt;
+}
+
 } // namespace
 
 std::optional<DecodedDocument> ProjectCodec::decode(QByteArrayView bytes)
@@ -124,6 +147,26 @@ QByteArray ProjectCodec::encode(const ZelvoProject &project)
     if (writer.hasFailed())
         throw ProjectEncodingError();
     return writer.take();
+}
+
+QByteArray ProjectCodec::encode(const SlideClip &clip)
+{
+    return encodedClip(clip);
+}
+
+QByteArray ProjectCodec::encode(const LayerClip &clip)
+{
+    return encodedClip(clip);
+}
+
+std::optional<SlideClip> ProjectCodec::decodeSlideClip(QByteArray bytes)
+{
+    return decodedClip<SlideClip>(std::move(bytes));
+}
+
+std::optional<LayerClip> ProjectCodec::decodeLayerClip(QByteArray bytes)
+{
+    return decodedClip<LayerClip>(std::move(bytes));
 }
 
 QByteArray ProjectCodec::encode(const QList<RecentProject> &recentProjects)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Clips.h"
 #include "DetachedMedia.h"
 #include "LegacyDocument.h"
 #include "ProjectFileError.h"
@@ -29,6 +30,18 @@ struct ProjectCodec
     /// Pretty-printed with sorted keys: the same project always gives the same bytes. Throws
     /// ProjectEncodingError if a number in it is not finite.
     [[nodiscard]] static QByteArray encode(const ZelvoProject &project);
+
+    /// A clip as the clipboard carries it: compact, keys sorted. Throws ProjectEncodingError if a
+    /// number in it is not finite.
+    [[nodiscard]] static QByteArray encode(const SlideClip &clip);
+    [[nodiscard]] static QByteArray encode(const LayerClip &clip);
+
+    /// The size of the largest clip in bytes.
+    static constexpr qsizetype largestClip = qsizetype(256) << 20U;
+    /// Any program may have put \a bytes on the clipboard: nothing if they are no such clip, or too
+    /// many. Throws std::bad_alloc.
+    [[nodiscard]] static std::optional<SlideClip> decodeSlideClip(QByteArray bytes);
+    [[nodiscard]] static std::optional<LayerClip> decodeLayerClip(QByteArray bytes);
 
     /// The list as the preferences keep it: compact, keys in declaration order, dates as seconds
     /// since 2001-01-01 UTC.

@@ -94,6 +94,13 @@ QList<SongSection> SongImportService::parseSections(const QString &text)
     return sections;
 }
 
+bool SongImportService::hasHeadings(const QString &text)
+{
+    const QStringList lines = linesOf(text);
+    return std::any_of(lines.cbegin(), lines.cend(),
+                       [](const QString &line) { return headingTitle(line).has_value(); });
+}
+
 ServiceItem SongImportService::serviceItem(const QString &title, const QString &lyrics,
                                            std::int64_t orderIndex)
 {

@@ -35,6 +35,10 @@ struct SongImportService
     /// carriage return and line feed. A byte-order mark at the beginning is ignored.
     [[nodiscard]] static QList<SongSection> parseSections(const QString &text);
 
+    /// Whether a heading stands anywhere in \a text, which is how written songs differ from other
+    /// texts.
+    [[nodiscard]] static bool hasHeadings(const QString &text);
+
     /// A song with a slide for each section. Those that are like a chorus stand in the lower third
     /// of the screen, the others in its middle. "Imported Song" if the title is empty.
     [[nodiscard]] static ServiceItem serviceItem(const QString &title, const QString &lyrics,

@@ -1,6 +1,7 @@
 #include "LayerEdits.h"
 
 #include "Identifier.h"
+#include "SharedParts.h"
 #include "Show.h"
 
 #include <algorithm>
@@ -39,8 +40,10 @@ void appendOnTop(Elements &elements, SlideElement layer)
 
 Edited selecting(Edited edited, const std::optional<QString> &elementID)
 {
-    if (edited)
+    if (edited) {
         edited->selectedElementID = elementID;
+        edited->lastSelected = SelectionKind::layer;
+    }
     return edited;
 }
 
@@ -98,14 +101,47 @@ TextLayerWords textLayerWords(SlideElementKind kind)
     return {QStringLiteral("Text"), QStringLiteral("New text")};
 }
 
+SlideElement textLayer(SlideElementKind kind, const QString &text)
+{
+    SlideElement layer = newLayer(textLayerWords(kind).name, kind, {360, 370, 1200, 240});
+    layer.text = TextElementProperties::lyric(text);
+    return layer;
+}
+
+SlideElement imageLayer(const SlideMedia &media, const CanvasFrame &frame)
+{
+    SlideElement layer = newLayer(QStringLiteral("Image"), SlideElementKind::image, frame);
+    layer.image = media;
+    return layer;
+}
+
+/// Moves a copy off what it was copied from.
+void shift(SlideElement &copy)
+{
+    constexpr double offset = 42;
+    copy.frame.x += offset;
+    copy.frame.y += offset;
+}
+
+/// Whether nobody would see that \a layer is there: another one lies in its very place which, on
+/// another slide than the one it was copied from, looks the same, too.
+bool isHidden(const SlideElement &layer, const Elements &others, bool isSameSlide)
+{
+    return std::any_of(others.cbegin(), others.cend(), [&](const SlideElement &other) {
+        if (other.frame != layer.frame)
+            return false;
+        SlideElement alike = layer;
+        alike.id = other.id;
+        alike.zIndex = other.zIndex;
+        return isSameSlide || alike == other;
+    });
+}
+
 } // namespace
 
 Edited addTextLayer(WorkspaceState state, SlideElementKind kind)
 {
-    const TextLayerWords words = textLayerWords(kind);
-    SlideElement layer = newLayer(words.name, kind, {360, 370, 1200, 240});
-    layer.text = TextElementProperties::lyric(words.text);
-    return addLayer(std::move(state), layer);
+    return addLayer(std::move(state), textLayer(kind, textLayerWords(kind).text));
 }
 
 Edited addShapeLayer(WorkspaceState state)
@@ -123,9 +159,45 @@ Edited addShapeLayer(WorkspaceState state)
 
 Edited addImageLayer(WorkspaceState state, const SlideMedia &media)
 {
-    SlideElement layer =
-        newLayer(QStringLiteral("Image"), SlideElementKind::image, {480, 270, 960, 540});
-    layer.image = media;
+    return addLayer(std::move(state), imageLayer(media, {480, 270, 960, 540}));
+}
+
+Edited placeImageLayer(WorkspaceState state, const SlideMedia &media, const QPointF &middle)
+{
+    constexpr double width = 960;
+    constexpr double height = 540;
+    const auto position = positionOf(state.project, state.selectedSlideID);
+    if (!position)
+        return std::nullopt;
+    const CanvasSize canvas = slideAt(state.project, *position).design.canvasSize;
+    const auto start = [](double along, double length, double room) {
+        return std::max(0.0, std::min(along - length / 2, room - length));
+    };
+    return addLayer(std::move(state),
+                    imageLayer(media,
+                               {start(middle.x(), width, canvas.width),
+                                start(middle.y(), height, canvas.height), width, height}));
+}
+
+Edited pasteText(WorkspaceState state, const QString &text)
+{
+    return addLayer(std::move(state), textLayer(SlideElementKind::text, text));
+}
+
+Edited pasteLayer(WorkspaceState state, const LayerClip &clip)
+{
+    const auto position = positionOf(state.project, state.selectedSlideID);
+    if (!position)
+        return std::nullopt;
+    const Slide &slide = slideAt(state.project, *position);
+    SlideElement layer = clip.layer;
+    if (const auto original = elementIndex(slide, layer.id))
+        sharePartsWith(layer, slide.design.elements.at(*original));
+    layer.id = newIdentifier();
+    const bool isSameSlide = slide.id == clip.slideID;
+    const Elements &others = slide.design.elements;
+    for (qsizetype i = 0; i < others.size() && isHidden(layer, others, isSameSlide); ++i)
+        shift(layer);
     return addLayer(std::move(state), layer);
 }
 
@@ -146,15 +218,13 @@ Edited updateSelectedElement(WorkspaceState state,
 
 Edited duplicateSelectedElement(WorkspaceState state)
 {
-    constexpr double offset = 42;
     const QString id = newIdentifier();
     Edited edited =
         changeSelectedElement(std::move(state), [&](Elements &elements, qsizetype index) {
             SlideElement copy = elements.at(index);
             copy.id = id;
             copy.name += QStringLiteral(" Copy");
-            copy.frame.x += offset;
-            copy.frame.y += offset;
+            shift(copy);
             appendOnTop(elements, std::move(copy));
         });
     return selecting(std::move(edited), id);

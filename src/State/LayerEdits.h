@@ -2,6 +2,8 @@
 
 #include "RundownEdits.h"
 
+#include <QPointF>
+
 #include <functional>
 
 /// Edits of the selected slide's layers and background, as those of RundownEdits.h. Each brings the
@@ -18,6 +20,17 @@ namespace quenara::edits {
 
 /// Adds \a media as a layer of half the canvas each way in its middle, on top, selected.
 [[nodiscard]] Edited addImageLayer(WorkspaceState state, const SlideMedia &media);
+
+/// The same around \a middle, in canvas units, and within the canvas as far as that has room.
+[[nodiscard]] Edited placeImageLayer(WorkspaceState state, const SlideMedia &media,
+                                     const QPointF &middle);
+
+/// Adds a plain text layer that says \a text, as addTextLayer() does.
+[[nodiscard]] Edited pasteText(WorkspaceState state, const QString &text);
+
+/// A copied layer, under a new id, where it was copied from, on top, selected. On that slide it
+/// lies a little to the right and below of what is there already, and on another one of its like.
+[[nodiscard]] Edited pasteLayer(WorkspaceState state, const LayerClip &clip);
 
 /// What else the background holds stays, for when its kind changes back.
 [[nodiscard]] Edited setBackgroundImage(WorkspaceState state, const SlideMedia &media);

@@ -3,6 +3,7 @@
 #include "Identifier.h"
 #include "ProjectNormalizer.h"
 #include "ProjectTemplates.h"
+#include "SharedParts.h"
 #include "Show.h"
 #include "SongImportService.h"
 
@@ -25,6 +26,27 @@ Slide newSlide(ServiceItemType type, std::int64_t orderIndex)
                                    ProjectTemplates::defaultTemplate(type));
 }
 
+/// Its place is that which the store gives it.
+ServiceItem newSection(ServiceItemType type, const Slide &slide)
+{
+    return {.id = newIdentifier(),
+            .title = type == ServiceItemType::custom ? QStringLiteral("New Section") : title(type),
+            .type = type,
+            .orderIndex = 0,
+            .subtitle = std::nullopt,
+            .slides = {slide}};
+}
+
+/// The slide as one of its own, layers included. What it says elsewhere follows its design.
+Slide withNewIdentifiers(Slide slide)
+{
+    slide.id = newIdentifier();
+    for (SlideElement &layer : slide.design.elements)
+        layer.id = newIdentifier();
+    slide.body = ProjectNormalizer::compatibilityBody(slide);
+    return slide;
+}
+
 std::optional<QString> firstSlideID(const ServiceItem &item)
 {
     return item.slides.isEmpty() ? std::nullopt : std::optional(item.slides.first().id);
@@ -34,6 +56,7 @@ void selectAndQueue(WorkspaceState &state, const std::optional<QString> &slideID
 {
     state.selectedSlideID = slideID;
     state.queuedSlideID = slideID;
+    state.lastSelected = SelectionKind::slide;
 }
 
 QList<Slide> &slidesForWriting(WorkspaceState &state, const SlidePosition &position)
@@ -69,15 +92,7 @@ Edited renameProject(WorkspaceState state, const QString &name)
 
 Edited addServiceItem(WorkspaceState state, ServiceItemType type)
 {
-    const ServiceItem item{
-        .id = newIdentifier(),
-        .title = type == ServiceItemType::custom ? QStringLiteral("New Section") : title(type),
-        .type = type,
-        .orderIndex = state.project.serviceItems.size(),
-        .subtitle = std::nullopt,
-        .slides = {newSlide(type, 0)},
-    };
-    return appended(std::move(state), item);
+    return appended(std::move(state), newSection(type, newSlide(type, 0)));
 }
 
 Edited importSong(WorkspaceState state, const QString &title, const QString &lyrics)
@@ -141,6 +156,29 @@ Edited addSlide(WorkspaceState state)
     const Slide slide = newSlide(item.type, item.slides.size());
     item.slides.append(slide);
     state.selectedServiceItemID = item.id;
+    selectAndQueue(state, slide.id);
+    return state;
+}
+
+Edited pasteSlide(WorkspaceState state, const SlideClip &clip)
+{
+    Slide slide = clip.slide;
+    if (const auto original = positionOf(state.project, slide.id))
+        sharePartsWith(slide, slideAt(state.project, *original));
+    slide = withNewIdentifiers(std::move(slide));
+    const auto selected = positionOf(state.project, state.selectedSlideID);
+    const qsizetype section = state.selectedServiceItemID
+        ? indexOfItem(state.project, state.selectedServiceItemID)
+        : notFound;
+    if (selected && (section == notFound || section == selected->item)) {
+        slidesForWriting(state, *selected).insert(selected->slide + 1, slide);
+    } else if (section != notFound || !state.project.serviceItems.isEmpty()) {
+        ServiceItem &item = state.project.serviceItems[std::max<qsizetype>(section, 0)];
+        item.slides.append(slide);
+        state.selectedServiceItemID = item.id;
+    } else {
+        return appended(std::move(state), newSection(ServiceItemType::custom, slide));
+    }
     selectAndQueue(state, slide.id);
     return state;
 }

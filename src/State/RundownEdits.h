@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Clips.h"
 #include "Show.h"
 #include "WorkspaceState.h"
 
@@ -42,6 +43,11 @@ using Edited = std::optional<WorkspaceState>;
 /// Appends a slide to the selected item (else to the first); without such an item, a custom item
 /// with its slide.
 [[nodiscard]] Edited addSlide(WorkspaceState state);
+
+/// A copied slide, under new ids, right after the selected one; selected and queued. Where another
+/// item is selected, at the end of that; without a slide, of the first item; without an item, in a
+/// custom one.
+[[nodiscard]] Edited pasteSlide(WorkspaceState state, const SlideClip &clip);
 
 /// A copy under a new id, right after the selected slide; selected and queued. Layers keep their
 /// ids.

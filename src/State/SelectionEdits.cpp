@@ -43,6 +43,7 @@ WorkspaceState selectSlide(WorkspaceState state, const QString &id, bool queue)
     state.selectedSlideID = id;
     state.selectedElementID.reset();
     state.selectedServiceItemID = itemIDOf(state.project, id);
+    state.lastSelected = SelectionKind::slide;
     if (queue)
         state.queuedSlideID = id;
     return state;
@@ -55,6 +56,7 @@ WorkspaceState selectFirstSlide(WorkspaceState state)
     state.selectedServiceItemID = itemIDOf(state.project, state.selectedSlideID);
     state.selectedElementID =
         first ? slideAt(state.project, *first).design.firstTextElementID() : std::nullopt;
+    state.lastSelected = SelectionKind::slide;
     return state;
 }
 
@@ -83,6 +85,7 @@ WorkspaceState continueShow(WorkspaceState state, const Session &session,
     state.queuedSlideID = found(session.queuedSlideID, &FilePlaces::queued);
     state.liveSlideID = found(session.liveSlideID, &FilePlaces::live);
     state.selectedElementID = session.selectedElementID;
+    state.lastSelected = SelectionKind::slide;
     state.outputMode = session.outputMode;
     const auto isGone = [&state](const std::optional<QString> &id) {
         return id && !positionOf(state.project, id);
@@ -115,6 +118,7 @@ WorkspaceState stepLive(WorkspaceState state, qsizetype offset)
     if (!target)
         return state;
     state.selectedSlideID = target;
+    state.lastSelected = SelectionKind::slide;
     state.queuedSlideID = target;
     state.liveSlideID = target;
     state.outputMode = OutputMode::live;
@@ -149,6 +153,7 @@ WorkspaceState repairSelection(WorkspaceState state)
     if (state.selectedSlideID && !selected) {
         selected = positionAt(project, 0);
         state.selectedSlideID = firstSlideID(project);
+        state.lastSelected = SelectionKind::slide;
     }
     const auto isUnknown = [&](const std::optional<QString> &id) {
         return id && id != state.selectedSlideID && !positionOf(project, id);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "Clips.h"
 #include "FilePanels.h"
 #include "Session.h"
 #include "Show.h"
@@ -10,6 +11,7 @@
 #include <QHash>
 #include <QList>
 #include <QObject>
+#include <QPointF>
 #include <QString>
 #include <QUrl>
 
@@ -131,6 +133,7 @@ public slots:
     void moveSelectedServiceItem(qsizetype delta);
     void moveServiceItem(const QString &id, qsizetype toPosition);
     void addSlide();
+    void pasteSlide(const SlideClip &clip);
     void duplicateSelectedSlide();
     void deleteSelectedSlide();
     void moveSelectedSlide(qsizetype delta);
@@ -144,6 +147,11 @@ public slots:
 
     void addTextLayer(SlideElementKind kind);
     void addShapeLayer();
+    void pasteLayer(const LayerClip &clip);
+    void pasteText(const QString &text);
+    void addImageLayer(const SlideMedia &media);
+    void placeImageLayer(const SlideMedia &media, const QPointF &middle);
+    void setBackgroundImage(const SlideMedia &media);
     /// Asks for an image; nothing happens without a selected slide or without an image.
     void addImageLayerWithPanel();
     void setBackgroundImageWithPanel();
@@ -174,6 +182,8 @@ public:
     void showStartPanel();
     void setStartPanelPresented(bool presented);
     void setSongImportPresented(bool presented);
+    /// Presents the song import with \a song in it.
+    void offerSong(const SongText &song);
     void dismissError();
 
 signals:

@@ -167,6 +167,16 @@ void WorkspaceStore::setSongImportPresented(bool presented)
 {
     WorkspaceState next = m_state;
     next.isSongImportPresented = presented;
+    if (!presented)
+        next.offeredSong.reset();
+    publish(std::move(next));
+}
+
+void WorkspaceStore::offerSong(const SongText &song)
+{
+    WorkspaceState next = m_state;
+    next.isSongImportPresented = true;
+    next.offeredSong = song;
     publish(std::move(next));
 }
 

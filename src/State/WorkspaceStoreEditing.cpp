@@ -138,6 +138,11 @@ void WorkspaceStore::addSlide()
     editProject(edits::addSlide);
 }
 
+void WorkspaceStore::pasteSlide(const SlideClip &clip)
+{
+    editProject([&](const WorkspaceState &state) { return edits::pasteSlide(state, clip); });
+}
+
 void WorkspaceStore::duplicateSelectedSlide()
 {
     editProject(edits::duplicateSelectedSlide);

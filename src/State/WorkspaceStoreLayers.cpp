@@ -16,18 +16,41 @@ void WorkspaceStore::addShapeLayer()
 
 void WorkspaceStore::addImageLayerWithPanel()
 {
-    if (const std::optional<SlideMedia> image = imageFromPanel()) {
-        editProject(
-            [&](const WorkspaceState &state) { return edits::addImageLayer(state, *image); });
-    }
+    if (const std::optional<SlideMedia> image = imageFromPanel())
+        addImageLayer(*image);
 }
 
 void WorkspaceStore::setBackgroundImageWithPanel()
 {
-    if (const std::optional<SlideMedia> image = imageFromPanel()) {
-        editProject(
-            [&](const WorkspaceState &state) { return edits::setBackgroundImage(state, *image); });
-    }
+    if (const std::optional<SlideMedia> image = imageFromPanel())
+        setBackgroundImage(*image);
+}
+
+void WorkspaceStore::pasteLayer(const LayerClip &clip)
+{
+    editProject([&](const WorkspaceState &state) { return edits::pasteLayer(state, clip); });
+}
+
+void WorkspaceStore::pasteText(const QString &text)
+{
+    editProject([&](const WorkspaceState &state) { return edits::pasteText(state, text); });
+}
+
+void WorkspaceStore::addImageLayer(const SlideMedia &media)
+{
+    editProject([&](const WorkspaceState &state) { return edits::addImageLayer(state, media); });
+}
+
+void WorkspaceStore::placeImageLayer(const SlideMedia &media, const QPointF &middle)
+{
+    editProject(
+        [&](const WorkspaceState &state) { return edits::placeImageLayer(state, media, middle); });
+}
+
+void WorkspaceStore::setBackgroundImage(const SlideMedia &media)
+{
+    editProject(
+        [&](const WorkspaceState &state) { return edits::setBackgroundImage(state, media); });
 }
 
 /// Asks only if there is a slide to put an image on. Returns nothing if another slide is selected

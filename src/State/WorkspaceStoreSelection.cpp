@@ -19,6 +19,7 @@ void WorkspaceStore::selectElement(const std::optional<QString> &id)
 {
     WorkspaceState next = m_state;
     next.selectedElementID = id;
+    next.lastSelected = id ? SelectionKind::layer : SelectionKind::slide;
     publish(std::move(next));
 }
 
@@ -26,6 +27,7 @@ void WorkspaceStore::selectServiceItem(const QString &id)
 {
     WorkspaceState next = m_state;
     next.selectedServiceItemID = id;
+    next.lastSelected = SelectionKind::section;
     publish(std::move(next));
 }
 

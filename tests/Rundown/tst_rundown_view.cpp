@@ -157,6 +157,7 @@ private slots:
         Rundown op(showOf({2, 3}));
         WorkspaceState expected = op.store.state();
         expected.selectedServiceItemID = QStringLiteral("B");
+        expected.lastSelected = SelectionKind::section;
         op.click(op.model->indexOfServiceItem(QStringLiteral("B")));
         QCOMPARE(op.store.state(), expected);
     }

@@ -174,6 +174,7 @@ private slots:
                 rename(world, u"Undone"_s);
                 world.store.undo();
             }
+            world.store.selectElement(u"A1.lyric"_s);
             const Snapshot before = snapshotOf(world.store);
             QCOMPARE(before.state.hasUnsavedChanges, !isSaved);
             QVERIFY(world.store.canRedo());

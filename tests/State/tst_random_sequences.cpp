@@ -332,6 +332,12 @@ const QList<Edit> &edits()
              return from != end
                  || item != (step < 0 ? run.model.items.first() : run.model.items.last());
          }},
+        {"pasteSlide",
+         [](Run &run) {
+             const QList<FlattenedSlide> slides = run.store().flattenedSlides();
+             run.store().pasteSlide({slides.isEmpty() ? Slide() : slides.constLast().slide});
+             return true;
+         }},
         {"duplicateSelectedSlide",
          [](Run &run) {
              run.store().duplicateSelectedSlide();
@@ -388,6 +394,33 @@ const QList<Edit> &edits()
                      element.id = u"layer %1"_s.arg(number);
              });
              return isLayerSelected(run);
+         }},
+        {"pasteLayer",
+         [](Run &run) {
+             const LayerClip clip{run.model.at.slide.value_or(QString()),
+                                  run.store().selectedElement().value_or(SlideElement())};
+             run.store().pasteLayer(clip);
+             return isSlideSelected(run);
+         }},
+        {"pasteText",
+         [](Run &run) {
+             run.store().pasteText(u"words"_s);
+             return isSlideSelected(run);
+         }},
+        {"addImageLayer",
+         [](Run &run) {
+             run.store().addImageLayer({});
+             return isSlideSelected(run);
+         }},
+        {"placeImageLayer",
+         [](Run &run) {
+             run.store().placeImageLayer({}, QPointF(run.random.bounded(2000), 0));
+             return isSlideSelected(run);
+         }},
+        {"setBackgroundImage",
+         [](Run &run) {
+             run.store().setBackgroundImage({});
+             return isSlideSelected(run);
          }},
         {"addImageLayerWithPanel",
          [](Run &run) {

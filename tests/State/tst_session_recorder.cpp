@@ -297,6 +297,7 @@ private slots:
         QVERIFY(after.store.continueSession(*before.recorded()));
         WorkspaceState expected = before.store.state();
         expected.canUndo = false;
+        expected.lastSelected = SelectionKind::slide;
         expected.recentProjects = after.store.recentProjects();
         QVERIFY(after.store.state() == expected);
         QCOMPARE(after.recorded(), before.recorded());

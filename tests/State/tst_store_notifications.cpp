@@ -200,7 +200,10 @@ private:
             "queuedSlideID");
         row(
             "a layer selected", nothing, [](World &w) { w.store.selectElement(u"A1.line"_s); },
-            "selectedElementID");
+            "selectedElementID lastSelected");
+        row(
+            "a section selected", nothing, [](World &w) { w.store.selectServiceItem(u"A"_s); },
+            "lastSelected");
         row("the queued slide sent live", select, call(&WorkspaceStore::goLive), "liveSlideID");
         row("the live slide sent live", nothing, call(&WorkspaceStore::goLive), "");
         row("the next slide live", nothing, next, "selectedSlideID queuedSlideID liveSlideID");
@@ -246,7 +249,7 @@ private:
             "project selectedServiceItemID selectedSlideID queuedSlideID selectedElementID "
             "hasUnsavedChanges canUndo");
         row("a layer added", nothing, call(&WorkspaceStore::addShapeLayer),
-            "project selectedElementID hasUnsavedChanges canUndo");
+            "project selectedElementID lastSelected hasUnsavedChanges canUndo");
         row("a layer raised", nothing, call(&WorkspaceStore::bringSelectedElementForward),
             "project hasUnsavedChanges canUndo");
         row("an image that is not chosen", nothing, call(&WorkspaceStore::addImageLayerWithPanel),
@@ -260,6 +263,10 @@ private:
         row(
             "the song import shown", nothing,
             [](World &w) { w.store.setSongImportPresented(true); }, "isSongImportPresented");
+        row(
+            "a song offered", nothing,
+            [](World &w) { w.store.offerSong({.title = u"Song"_s, .lyrics = {}}); },
+            "isSongImportPresented offeredSong");
         row(
             "a save after an edit",
             [saveTo, rename](World &w) {

@@ -97,6 +97,8 @@ const QList<NamedEdit> &everyEdit()
                                s.project().serviceItems.size() - 1);
          }},
         plain("add a slide", "addSlide", Needs::nothing, &Store::addSlide),
+        {"paste a slide", "pasteSlide", Needs::nothing, false,
+         [](Store &s) { s.pasteSlide({Slide()}); }},
         plain("duplicate a slide", "duplicateSelectedSlide", Needs::slide,
               &Store::duplicateSelectedSlide),
         plain("delete a slide", "deleteSelectedSlide", Needs::slide, &Store::deleteSelectedSlide),
@@ -120,6 +122,17 @@ const QList<NamedEdit> &everyEdit()
         {"add a lyric", "addTextLayer", Needs::slide, false,
          addText(SlideElementKind::songLyricText)},
         plain("add a shape", "addShapeLayer", Needs::slide, &Store::addShapeLayer),
+        {"paste a layer", "pasteLayer", Needs::slide, false, [](Store &s) { s.pasteLayer({}); }},
+        {"paste a text", "pasteText", Needs::slide, false,
+         [](Store &s) { s.pasteText(QStringLiteral("words")); }},
+        {"paste an image", "addImageLayer", Needs::slide, false,
+         [](Store &s) { s.addImageLayer({}); }},
+        {"drop an image", "placeImageLayer", Needs::slide, false,
+         [](Store &s) {
+             s.placeImageLayer({}, {100, 200});
+         }},
+        {"drop the background's image", "setBackgroundImage", Needs::slide, false,
+         [](Store &s) { s.setBackgroundImage({}); }},
         plain("add an image", "addImageLayerWithPanel", Needs::slide,
               &Store::addImageLayerWithPanel),
         plain("set the background's image", "setBackgroundImageWithPanel", Needs::slide,
