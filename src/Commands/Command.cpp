@@ -1,6 +1,7 @@
 #include "Command.h"
 
 #include "CommandActions.h"
+#include "Copying.h"
 #include "OutputWindows.h"
 #include "RawEnum.h"
 #include "RundownEdits.h"
@@ -75,6 +76,47 @@ void stepSection(CommandActions &actions)
 {
     WorkspaceStore &store = actions.store();
     store.keepServiceItem([&store] { store.moveSelectedServiceItem(step); });
+}
+
+bool hasCopyable(const WorkspaceStore &store)
+{
+    switch (store.lastSelected()) {
+    case SelectionKind::section:
+        return false;
+    case SelectionKind::slide:
+        return hasSelectedSlide(store);
+    case SelectionKind::layer:
+        return store.selectedElement().has_value();
+    }
+    return false;
+}
+
+/// Calls the operation for what was selected last.
+template<auto onSlide, auto onLayer>
+void onSelected(CommandActions &actions)
+{
+    const bool isLayer = actions.store().lastSelected() == SelectionKind::layer;
+    std::invoke(isLayer ? onLayer : onSlide, actions.store());
+}
+
+void copySelected(CommandActions &actions)
+{
+    copyToClipboard(actions.store());
+}
+
+constexpr auto deleteLastSelected =
+    onSelected<&WorkspaceStore::deleteSelectedSlide, &WorkspaceStore::deleteSelectedElement>;
+
+/// Only what has been copied is deleted.
+void cutSelected(CommandActions &actions)
+{
+    if (copyToClipboard(actions.store()))
+        deleteLastSelected(actions);
+}
+
+void pasteIntoDocument(CommandActions &actions)
+{
+    pasteFromClipboard(actions.store());
 }
 
 template<OutputMode mode>
@@ -164,6 +206,46 @@ constexpr auto commands = std::to_array<CommandDescription>({
      .repeats = true,
      .isEnabled = canRedo,
      .run = onStore<&WorkspaceStore::redo>},
+    {.command = Command::cut,
+     .title = "Cut Slide",
+     .titleForLayer = "Cut Layer",
+     .keys = {"Ctrl+X"},
+     .worksOnDocument = true,
+     .worksOnSelection = true,
+     .isEnabled = hasCopyable,
+     .run = cutSelected},
+    {.command = Command::copy,
+     .title = "Copy Slide",
+     .titleForLayer = "Copy Layer",
+     .keys = {"Ctrl+C"},
+     .worksOnDocument = true,
+     .worksOnSelection = true,
+     .isEnabled = hasCopyable,
+     .run = copySelected},
+    // Always enabled: to ask what is on the clipboard may take as long as its owner does.
+    {.command = Command::paste,
+     .title = "Paste",
+     .keys = {"Ctrl+V"},
+     .worksOnDocument = true,
+     .worksOnSelection = true,
+     .run = pasteIntoDocument},
+    {.command = Command::duplicate,
+     .title = "Duplicate Slide",
+     .titleForLayer = "Duplicate Layer",
+     .keys = {"Ctrl+D"},
+     .worksOnDocument = true,
+     .worksOnSelection = true,
+     .isEnabled = hasCopyable,
+     .run = onSelected<&WorkspaceStore::duplicateSelectedSlide,
+                       &WorkspaceStore::duplicateSelectedElement>},
+    {.command = Command::deleteSelected,
+     .title = "Delete Slide",
+     .titleForLayer = "Delete Layer",
+     .keys = {"Delete"},
+     .worksOnDocument = true,
+     .worksOnSelection = true,
+     .isEnabled = hasCopyable,
+     .run = deleteLastSelected},
     {.command = Command::settings,
      .title = "Settings...",
      .keys = {"Ctrl+,"},
@@ -373,12 +455,21 @@ const CommandDescription &descriptionOf(Command command)
     return commands.at(std::size_t(command));
 }
 
+QList<QKeySequence> keysOf(const CommandDescription &description)
+{
+    QList<QKeySequence> keys;
+    for (const char *key : description.keys) {
+        if (key)
+            keys.append(QKeySequence(QString::fromUtf8(key), QKeySequence::PortableText));
+    }
+    return keys;
+}
+
 bool hasBareKey(const CommandDescription &description)
 {
-    return std::any_of(description.keys.begin(), description.keys.end(), [](const char *key) {
-        const QKeySequence keys(QString::fromUtf8(key), QKeySequence::PortableText);
-        return !keys.isEmpty()
-            && !(keys[0].keyboardModifiers()
+    const QList<QKeySequence> keys = keysOf(description);
+    return std::any_of(keys.cbegin(), keys.cend(), [](const QKeySequence &key) {
+        return !(key[0].keyboardModifiers()
                  & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
     });
 }

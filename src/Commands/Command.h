@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QAction>
+#include <QKeySequence>
+#include <QList>
 
 #include <array>
 #include <cstdint>
@@ -24,6 +26,11 @@ enum class Command : std::uint8_t {
     quit,
     undo,
     redo,
+    cut,
+    copy,
+    paste,
+    duplicate,
+    deleteSelected,
     settings,
     goLive,
     goLiveByReturn,
@@ -62,6 +69,8 @@ struct CommandDescription
     Command command{};
     const char *title = ""; ///< of its menu item
     const char *titleWhileOn = nullptr; ///< of its menu item while `isOn`; null: `title`
+    const char *titleForLayer =
+        nullptr; ///< the same while a layer was selected last; null: `title`
     const char *buttonTitle = nullptr; ///< its button's text, or name and tooltip; null: `title`
     const char *toolTip = nullptr; ///< of its button, before its first key; null: the button's text
     const char *symbol = ""; ///< of its button: a name in `resources/icons.list`, or empty
@@ -69,6 +78,9 @@ struct CommandDescription
     QAction::MenuRole role = QAction::NoRole; ///< the place that some platforms have for it
     bool worksOnDocument = false; ///< not done while a dialog is open
     bool dropsDocument = false; ///< needs the operator's consent if there are unsaved changes
+    /// Its keys work where the selection is seen, in the operator's window; a text that has the
+    /// keyboard keeps them.
+    bool worksOnSelection = false;
     bool continuesTyping = false; ///< the field that is typed into keeps the keyboard
     bool repeats = false; ///< done again and again while its key is held down
     bool (*isEnabled)(const WorkspaceStore &store) = nullptr; ///< null: always
@@ -81,7 +93,11 @@ struct CommandDescription
 [[nodiscard]] std::span<const CommandDescription> commandDescriptions();
 [[nodiscard]] const CommandDescription &descriptionOf(Command command);
 
-/// Whether some key does the command without Ctrl, Alt or Meta. Only the show has such keys.
+/// The keys of the command, the one that menus show first.
+[[nodiscard]] QList<QKeySequence> keysOf(const CommandDescription &description);
+
+/// Whether some key does the command without Ctrl, Alt or Meta. Only the show has such keys, and
+/// Delete.
 [[nodiscard]] bool hasBareKey(const CommandDescription &description);
 
 } // namespace quenara

@@ -73,12 +73,7 @@ QAction *CommandActions::makeAction(const CommandDescription &description)
     action->setIconText(
         QString::fromUtf8(description.buttonTitle ? description.buttonTitle : description.title));
     action->setData(QString::fromUtf8(description.symbol));
-    QList<QKeySequence> shortcuts;
-    for (const char *key : description.keys) {
-        if (key)
-            shortcuts.append(QKeySequence(QString::fromUtf8(key), QKeySequence::PortableText));
-    }
-    action->setShortcuts(shortcuts);
+    action->setShortcuts(keysOf(description));
     action->setToolTip(toolTipOf(description, *action));
     // Window shortcuts, not the application's: a dialog must neither run commands by its keys nor
     // keep the keys of the other windows from doing so.
@@ -161,16 +156,23 @@ void CommandActions::replaceDocument(const std::function<void()> &replace)
     replace();
 }
 
+QString CommandActions::title(const CommandDescription &description) const
+{
+    const bool isOfLayer = store().lastSelected() == SelectionKind::layer;
+    if (description.titleForLayer && isOfLayer)
+        return QString::fromUtf8(description.titleForLayer);
+    if (description.titleWhileOn && isOn(description.command))
+        return QString::fromUtf8(description.titleWhileOn);
+    return QString::fromUtf8(description.title);
+}
+
 void CommandActions::showState()
 {
     for (const CommandDescription &description : commandDescriptions()) {
         QAction &action = *this->action(description.command);
         if (description.isEnabled)
             action.setEnabled(description.isEnabled(store()));
-        if (description.titleWhileOn) {
-            action.setText(QString::fromUtf8(isOn(description.command) ? description.titleWhileOn
-                                                                       : description.title));
-        }
+        action.setText(title(description));
     }
     emit switched();
 }

@@ -66,6 +66,7 @@ signals:
 
 private:
     QAction *makeAction(const CommandDescription &description);
+    QString title(const CommandDescription &description) const;
     static bool isInReach(const QAction &action, bool isKey);
     static bool isRefused(Command command, const QWidget *sheet);
     void replaceDocument(const std::function<void()> &replace);

@@ -1,6 +1,7 @@
 #include "LatinKeys.h"
 
 #include "CommandActions.h"
+#include "Typing.h"
 
 #include <QApplication>
 #include <QChar>
@@ -97,7 +98,9 @@ bool LatinKeys::runs(const QWidget &window, const QKeyEvent &press)
         return false;
     for (const CommandDescription &description : commandDescriptions()) {
         QAction *action = m_commands.action(description.command);
-        if (action->isEnabled() && action->shortcuts().contains(*keys)
+        const bool isOfText =
+            description.worksOnSelection && takesText(QApplication::focusWidget());
+        if (!isOfText && action->isEnabled() && action->shortcuts().contains(*keys)
             && window.actions().contains(action)) {
             m_commands.perform(description.command);
             return true;

@@ -312,7 +312,15 @@ void OperatorWindow::showSongImport()
 {
     showSheet<SongImportSheet>(
         m_store.isSongImportPresented(), m_songImport,
-        [this] { return new SongImportSheet(m_store, m_songImportDraft, this); },
+        [this] {
+            // What was typed before stays for the next time.
+            SongImportDraft *draft = &m_songImportDraft;
+            if (const std::optional<SongText> song = m_store.offeredSong()) {
+                m_offeredDraft = {.songTitle = song->title, .pastedLyrics = song->lyrics};
+                draft = &m_offeredDraft;
+            }
+            return new SongImportSheet(m_store, *draft, this);
+        },
         [this] { m_store.setSongImportPresented(false); });
 }
 

@@ -95,6 +95,7 @@ private:
     std::optional<QSize> m_sizeWithRoom;
     bool m_hasBeenPainted = false;
     SongImportDraft m_songImportDraft;
+    SongImportDraft m_offeredDraft; ///< of a song that was pasted or dropped
     QPointer<Recovery> m_recovery;
     QPointer<RecoverySheet> m_recoverySheet;
     QPointer<StartPanelView> m_startPanel;

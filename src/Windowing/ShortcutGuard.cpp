@@ -1,5 +1,6 @@
 #include "ShortcutGuard.h"
 
+#include "Command.h"
 #include "Typing.h"
 
 #include <QAbstractButton>
@@ -9,6 +10,7 @@
 #include <QScopedValueRollback>
 
 #include <algorithm>
+#include <span>
 #include <utility>
 
 #if QT_CONFIG(xcb)
@@ -32,6 +34,17 @@ bool isUndoOrRedo(const QKeyEvent &event)
 {
     return event.key() == Qt::Key_Z
         && (event.modifiers() & ~Qt::ShiftModifier) == Qt::ControlModifier;
+}
+
+/// Whether the press would copy, paste or delete something, which is a text's own while that has
+/// the keyboard.
+bool worksOnSelection(const QKeyEvent &press)
+{
+    const QKeySequence keys(press.keyCombination());
+    const std::span<const CommandDescription> all = commandDescriptions();
+    return std::any_of(all.begin(), all.end(), [&keys](const CommandDescription &description) {
+        return description.worksOnSelection && keysOf(description).contains(keys);
+    });
 }
 
 } // namespace
@@ -88,8 +101,9 @@ bool ShortcutGuard::claims(QObject &receiver, QKeyEvent &press)
         press.ignore();
         return true;
     }
-    const bool isKeyOfReceiver =
-        isWritten(press) && (takesText(&receiver) || qobject_cast<const QMenuBar *>(&receiver));
+    const bool isKeyOfReceiver = takesText(&receiver)
+        ? isWritten(press) || worksOnSelection(press)
+        : isWritten(press) && qobject_cast<const QMenuBar *>(&receiver);
     if (isRepeated || isKeyOfReceiver)
         press.accept();
     return isRepeated || isKeyOfReceiver;

@@ -5,6 +5,7 @@
 #include "WindowCoordinator.h"
 
 #include <QDialog>
+#include <QMainWindow>
 #include <QMenuBar>
 
 #include <array>
@@ -28,6 +29,8 @@ constexpr auto newItems =
 constexpr auto fileItems = std::to_array({Command::open, Command::save, Command::saveAs});
 constexpr auto quitItems = std::to_array({Command::quit});
 constexpr auto historyItems = std::to_array({Command::undo, Command::redo});
+constexpr auto selectionItems = std::to_array(
+    {Command::cut, Command::copy, Command::paste, Command::duplicate, Command::deleteSelected});
 constexpr auto moveItems = std::to_array({Command::stepSlideUp, Command::stepSlideDown,
                                           Command::stepSectionUp, Command::stepSectionDown});
 constexpr auto settingsItems = std::to_array({Command::settings});
@@ -41,7 +44,8 @@ constexpr auto windowItems =
 constexpr auto aboutItems = std::to_array({Command::about});
 
 constexpr auto fileGroups = std::to_array<Group>({newItems, fileItems, quitItems});
-constexpr auto editGroups = std::to_array<Group>({historyItems, moveItems, settingsItems});
+constexpr auto editGroups =
+    std::to_array<Group>({historyItems, selectionItems, moveItems, settingsItems});
 constexpr auto transportGroups =
     std::to_array<Group>({goLiveItems, stepItems, goToItems, modeItems});
 constexpr auto outputGroups = std::to_array<Group>({windowItems});
@@ -87,8 +91,11 @@ void ZelvoCommands::fill(QMenuBar &menuBar) const
 void ZelvoCommands::addTo(QWidget &window) const
 {
     const bool isDialog = qobject_cast<const QDialog *>(&window);
+    const bool showsSelection = qobject_cast<const QMainWindow *>(&window);
     for (const CommandDescription &description : commandDescriptions()) {
-        if (!isDialog || !hasBareKey(description))
+        const bool isUsable =
+            description.worksOnSelection ? showsSelection : !isDialog || !hasBareKey(description);
+        if (isUsable)
             window.addAction(m_commands.action(description.command));
     }
 }

@@ -126,10 +126,12 @@ private slots:
         world.store.selectSlide(u"B1"_s, true);
         QCOMPARE(disabled(), Commands{Command::undo});
         world.store.newBlankProject();
-        QCOMPARE(disabled(),
-                 (Commands{Command::undo, Command::redo, Command::goToSlide, Command::stepSlideUp,
-                           Command::stepSlideDown, Command::stepSectionUp, Command::stepSectionDown,
-                           Command::addTextLayer, Command::addLyricLayer, Command::addImageLayer}));
+        QCOMPARE(
+            disabled(),
+            (Commands{Command::undo, Command::redo, Command::cut, Command::copy, Command::duplicate,
+                      Command::deleteSelected, Command::goToSlide, Command::stepSlideUp,
+                      Command::stepSlideDown, Command::stepSectionUp, Command::stepSectionDown,
+                      Command::addTextLayer, Command::addLyricLayer, Command::addImageLayer}));
     }
 
     void whatMovesASlideOrASectionIsDisabledAtTheEndsOfTheRundown_data()
@@ -171,6 +173,32 @@ private slots:
         QCOMPARE(world.store.selectedServiceItemID(), u"B"_s);
         QCOMPARE(world.store.selectedSlideID(), u"A1"_s);
         QVERIFY(!world.commands.action(Command::stepSectionDown)->isEnabled());
+    }
+
+    void copyingNamesWhatWasSelectedLastAndNeedsIt()
+    {
+        CommandWorld world(showOf({2, 1}));
+        const auto titles = [&] {
+            QStringList found;
+            for (const Command command :
+                 {Command::cut, Command::copy, Command::duplicate, Command::deleteSelected}) {
+                const QAction *action = world.commands.action(command);
+                found.append(action->isEnabled() ? action->text() : QString());
+            }
+            return found.join(u", "_s);
+        };
+        QCOMPARE(titles(), u"Cut Slide, Copy Slide, Duplicate Slide, Delete Slide"_s);
+        world.store.selectElement(u"A1.line"_s);
+        QCOMPARE(titles(), u"Cut Layer, Copy Layer, Duplicate Layer, Delete Layer"_s);
+        world.store.nextLive();
+        QCOMPARE(titles(), u"Cut Slide, Copy Slide, Duplicate Slide, Delete Slide"_s);
+        world.store.selectServiceItem(u"B"_s);
+        QCOMPARE(titles(), u", , , "_s);
+        world.store.selectElement(u"A2.line"_s);
+        world.store.deleteSelectedElement();
+        world.store.deleteSelectedElement();
+        QVERIFY(world.store.slideWithID(u"A2"_s)->design.elements.isEmpty());
+        QCOMPARE(titles(), u", , , "_s);
     }
 
     void whatIsSwitchedOnIsToldAndTitlesFollow()
@@ -329,6 +357,8 @@ private slots:
         row(Command::toggleLogo, &Store::toggleLogo);
         row(Command::pasteSongLyrics, [](Store &store) { store.setSongImportPresented(true); });
         row(Command::deleteSlide, &Store::deleteSelectedSlide);
+        row(Command::deleteSelected, &Store::deleteSelectedSlide);
+        row(Command::cut, &Store::deleteSelectedSlide);
         row(Command::moveSlideUp, [](Store &store) { store.moveSelectedSlide(-1); });
         row(Command::moveSlideDown, [](Store &store) { store.moveSelectedSlide(1); });
         row(Command::stepSlideUp, [](Store &store) { store.stepSelectedSlide(-1); });

@@ -50,6 +50,8 @@ private slots:
                            "Quit|Ctrl+Q"));
         QCOMPARE(menuText(*menus.at(1)->menu()),
                  QStringLiteral("Undo|Ctrl+Z\nRedo|Ctrl+Shift+Z\n-\n"
+                                "Cut Slide|Ctrl+X\nCopy Slide|Ctrl+C\nPaste|Ctrl+V\n"
+                                "Duplicate Slide|Ctrl+D\nDelete Slide|Del\n-\n"
                                 "Move Slide Up|Alt+Up\nMove Slide Down|Alt+Down\n"
                                 "Move Section Up|Alt+Shift+Up\nMove Section Down|Alt+Shift+Down\n"
                                 "-\nSettings...|Ctrl+,"));
@@ -118,11 +120,13 @@ private slots:
         program.store.newBlankProject();
         for (const QAction *menu : program.operatorWindow.menuBar()->actions()) {
             for (const QAction *item : menu->menu()->actions()) {
-                const bool needsSomething = item == program.commands.action(Command::undo)
-                    || item == program.commands.action(Command::redo)
-                    || item == program.commands.action(Command::goToSlide)
-                    || item->text().startsWith(QStringLiteral("Move "))
-                    || item->text() == QStringLiteral("Open Recent");
+                bool needsSomething = item->text() == QStringLiteral("Open Recent");
+                for (const Command command :
+                     {Command::undo, Command::redo, Command::cut, Command::copy, Command::duplicate,
+                      Command::deleteSelected, Command::goToSlide, Command::stepSlideUp,
+                      Command::stepSlideDown, Command::stepSectionUp, Command::stepSectionDown}) {
+                    needsSomething = needsSomething || item == program.commands.action(command);
+                }
                 QCOMPARE(item->isEnabled(), !needsSomething);
             }
         }

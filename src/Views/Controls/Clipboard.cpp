@@ -5,6 +5,19 @@
 
 namespace quenara {
 
+const QMimeData *clipboardContents(QClipboard::Mode mode)
+{
+    const QMimeData *contents = QGuiApplication::clipboard()->mimeData(mode);
+    return contents && !contents->formats().isEmpty() ? contents : nullptr;
+}
+
+QList<QUrl> filesIn(const QMimeData &source)
+{
+    QList<QUrl> files = source.urls();
+    files.removeIf([](const QUrl &url) { return !url.isLocalFile(); });
+    return files;
+}
+
 QString pastedText(const QMimeData *source)
 {
     QString text = source ? source->text() : QString();
@@ -15,7 +28,7 @@ QString pastedText(const QMimeData *source)
 
 QString pastedText(QClipboard::Mode mode)
 {
-    return pastedText(QGuiApplication::clipboard()->mimeData(mode));
+    return pastedText(clipboardContents(mode));
 }
 
 } // namespace quenara

@@ -2,6 +2,7 @@
 
 #include "CommandActions.h"
 #include "CommandButton.h"
+#include "Copying.h"
 #include "Panels.h"
 #include "RoleLabel.h"
 #include "RundownList.h"
@@ -61,6 +62,7 @@ RundownView::RundownView(WorkspaceStore &store, const CommandActions &commands,
     : QWidget(parent)
 {
     setFixedWidth(panelWidth);
+    takeSongs(*this);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
