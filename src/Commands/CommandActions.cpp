@@ -145,6 +145,7 @@ void CommandActions::openProject(const QUrl &url, const QWidget *sheet)
     if (isRefused(Command::open, sheet))
         return;
     closePopups();
+    endTyping(); // what was typed counts as unsaved, too
     replaceDocument([&] { store().openProject(url); });
 }
 

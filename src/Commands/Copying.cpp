@@ -1,18 +1,15 @@
 #include "Copying.h"
 
 #include "Clipboard.h"
-#include "ImageFile.h"
 #include "ProjectCodec.h"
 #include "SongImportService.h"
+#include "TransferredData.h"
 #include "WorkspaceStore.h"
 
 #include <QApplication>
-#include <QBuffer>
-#include <QImage>
 #include <QMimeData>
 #include <QWidget>
 
-#include <array>
 #include <memory>
 #include <new>
 #include <utility>
@@ -72,43 +69,6 @@ bool takeClip(const QMimeData &contents, const char *type,
     return true;
 }
 
-/// Adds the first image among the files that were copied. False if none were copied.
-bool takeFile(const QMimeData &contents, WorkspaceStore &store)
-{
-    const QList<QUrl> files = filesIn(contents);
-    for (const QUrl &file : files) {
-        if (const std::optional<SlideMedia> image = imageFromFile(file)) {
-            store.addImageLayer(*image);
-            break;
-        }
-    }
-    return !files.isEmpty();
-}
-
-QByteArray asPng(const QImage &image)
-{
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
-    image.save(&buffer, "PNG");
-    return bytes;
-}
-
-/// The image as its program offers it, which keeps a photograph as small as it was.
-std::optional<SlideMedia> imageIn(const QMimeData &contents)
-{
-    const QString name = QStringLiteral("Pasted image");
-    for (const char *type :
-         {"image/svg+xml", "image/jpeg", "image/png", "image/webp", "image/gif", "image/bmp"}) {
-        const QString format = QString::fromLatin1(type);
-        if (!contents.hasFormat(format))
-            continue;
-        if (const std::optional<SlideMedia> image = imageFromBytes(contents.data(format), name))
-            return image;
-    }
-    const auto image = contents.hasImage() ? qvariant_cast<QImage>(contents.imageData()) : QImage();
-    return image.isNull() ? std::nullopt : imageFromBytes(asPng(image), name);
-}
-
 bool isWhereSongsBelong(const QWidget *widget)
 {
     while (widget && !widget->property(takesSongsProperty).toBool())
@@ -149,12 +109,13 @@ void pasteFromClipboard(WorkspaceStore &store)
         || takeClip(*contents, slideClipType, ProjectCodec::decodeSlideClip, store,
                     &WorkspaceStore::pasteSlide)
         || takeClip(*contents, layerClipType, ProjectCodec::decodeLayerClip, store,
-                    &WorkspaceStore::pasteLayer)
-        || takeFile(*contents, store)) {
+                    &WorkspaceStore::pasteLayer)) {
         return;
     }
-    // Programs for texts and tables offer a picture of what was copied, too.
-    const QString text = contents->hasText() ? pastedText(contents) : QString();
+    // Programs for texts and tables offer a picture of what was copied, too; those for files offer
+    // their names.
+    const bool hasFiles = !filesIn(*contents).isEmpty();
+    const QString text = contents->hasText() && !hasFiles ? pastedText(contents) : QString();
     if (!text.trimmed().isEmpty()) {
         takeText(text, store);
     } else if (const std::optional<SlideMedia> image = imageIn(*contents)) {

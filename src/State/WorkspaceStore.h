@@ -184,6 +184,9 @@ public:
     void setSongImportPresented(bool presented);
     /// Presents the song import with \a song in it.
     void offerSong(const SongText &song);
+    /// The same with the words in a text file, in UTF-8 and of bounded size, titled as the file is.
+    /// A failure leaves everything as it is but for errorMessage.
+    void offerSongFile(const QUrl &url);
     void dismissError();
 
 signals:

@@ -6,6 +6,9 @@
 #include "SelectionEdits.h"
 #include "WorkspaceStore.h"
 
+#include <QFileInfo>
+#include <QStringDecoder>
+
 #include <utility>
 
 namespace quenara {
@@ -178,6 +181,19 @@ void WorkspaceStore::offerSong(const SongText &song)
     next.isSongImportPresented = true;
     next.offeredSong = song;
     publish(std::move(next));
+}
+
+void WorkspaceStore::offerSongFile(const QUrl &url)
+{
+    constexpr qint64 longestSong = qint64(1) << 20U;
+    const std::optional<QByteArray> bytes = wholeFile(url, longestSong);
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    const QString lyrics = decoder(bytes.value_or(QByteArray()));
+    if (!bytes)
+        return fail(QStringLiteral("That file cannot be read, or is too long for a song."));
+    if (decoder.hasError() || lyrics.contains(QChar::Null))
+        return fail(QStringLiteral("That file is not a text in UTF-8."));
+    offerSong({.title = QFileInfo(url.toLocalFile()).completeBaseName(), .lyrics = lyrics});
 }
 
 void WorkspaceStore::dismissError()

@@ -3,12 +3,14 @@
 #include "AlertBox.h"
 #include "CommandActions.h"
 #include "DocumentGuard.h"
+#include "DropTarget.h"
 #include "GoToSlideSheet.h"
 #include "OperatorView.h"
 #include "Recovery.h"
 #include "RecoverySheet.h"
 #include "ShortenedText.h"
 #include "StartPanelView.h"
+#include "TransferredData.h"
 #include "WindowCoordinator.h"
 #include "WindowPlace.h"
 #include "WorkspaceStore.h"
@@ -73,6 +75,7 @@ OperatorWindow::OperatorWindow(WorkspaceStore &store, WindowCoordinator &windows
     m_screensSettled.setInterval(screensSettleIn);
     connect(&m_screens, &ScreenWatch::changed, &m_screensSettled, qOverload<>(&QTimer::start));
     connect(&m_screensSettled, &QTimer::timeout, this, &OperatorWindow::comeWithinScreen);
+    takeProjects(*this, nullptr);
     showTitle();
 }
 
@@ -269,6 +272,25 @@ void OperatorWindow::showSheet(bool isPresented, QPointer<Sheet> &sheet,
     placeSheets();
 }
 
+/// Has projects that are dropped anywhere on \a widget open. \a sheet is the dialog that it is.
+void OperatorWindow::takeProjects(QWidget &widget, const QWidget *sheet)
+{
+    new DropTarget(
+        widget,
+        {.accepts = [](const QMimeData &dragged) { return projectFileIn(dragged).has_value(); },
+         .take =
+             [this, sheet = QPointer(sheet)](const QMimeData &dragged, const QPointF & /*point*/) {
+                 // After the drop is over, for which the other program waits.
+                 QMetaObject::invokeMethod(
+                     this,
+                     [this, sheet, file = projectFileIn(dragged)] {
+                         m_commands.openProject(*file, sheet);
+                     },
+                     Qt::QueuedConnection);
+             }},
+        DropTarget::Reach::everythingWithin);
+}
+
 void OperatorWindow::showWhetherKept(bool isKept)
 {
     m_content->showWhetherKept(isKept);
@@ -304,7 +326,11 @@ void OperatorWindow::showStartPanel()
 {
     showSheet<StartPanelView>(
         m_store.isStartPanelPresented(), m_startPanel,
-        [this] { return new StartPanelView(m_store, m_commands, this); },
+        [this] {
+            auto *panel = new StartPanelView(m_store, m_commands, this);
+            takeProjects(*panel, panel);
+            return panel;
+        },
         [this] { m_store.setStartPanelPresented(false); });
 }
 

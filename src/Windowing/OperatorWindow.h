@@ -77,6 +77,7 @@ private:
     template<class Sheet>
     void showSheet(bool isPresented, QPointer<Sheet> &sheet, const std::function<Sheet *()> &made,
                    const std::function<void()> &dismissed);
+    void takeProjects(QWidget &widget, const QWidget *sheet);
     void showTitle();
     void showRecovery();
     void showStartPanel();

@@ -38,7 +38,8 @@ EVERYWHERE = (PROJECT_BAR | RUNDOWN | CANVAS_HEADER | TRANSPORT | SLIDE_AND_LAYE
 MENUS = {
     "File": ["New Project...", "New Blank Project", "New Sunday Service", "Open...",
              "Open Recent", "Save", "Save As...", "Quit"],
-    "Edit": ["Undo", "Redo", "Move Slide Up", "Move Slide Down", "Move Section Up",
+    "Edit": ["Undo", "Redo", "Cut Slide", "Copy Slide", "Paste", "Duplicate Slide",
+             "Delete Slide", "Move Slide Up", "Move Slide Down", "Move Section Up",
              "Move Section Down", "Settings..."],
     "Transport": ["Go Live", "Go Live", "Next Live Slide", "Previous Live Slide", "Queue Next",
                   "Queue Previous", "Go to Slide...", "Toggle Blackout", "Toggle Logo"],
@@ -79,11 +80,13 @@ class Accessibility(Documents, ReadCase):
     def test_the_menus_tell_their_items_and_which_of_them_can_be_chosen(self):
         told = {menu: [item.name for item in items] for menu, items in self.menus().items()}
         self.assertEqual(told, MENUS)
-        down = ["Move Slide Down", "Move Section Down", "Settings..."]
-        self.assertEqual(self.enabled_in_edit_menu(), down)
+        first = [item for item in MENUS["Edit"][2:] if not item.endswith(" Up")]
+        self.assertEqual(self.enabled_in_edit_menu(), first)
         self.click("Duplicate selected slide")
-        wait_until(lambda: self.enabled_in_edit_menu() == ["Undo", "Move Slide Up", *down],
-                   "Undo, and a slide to move up")
+        after = ["Undo", *(item for item in MENUS["Edit"][2:] if item != "Move Section Up")]
+        wait_until(lambda: self.enabled_in_edit_menu() == after, "Undo, and a slide to move up")
+        self.click("Band", ROW)
+        wait_until(lambda: "Delete Layer" in self.enabled_in_edit_menu(), "the layer's items")
 
     def enabled_in_edit_menu(self):
         return [item.name for item in self.menus()["Edit"] if item.has("ENABLED")]

@@ -2,7 +2,7 @@
 
 from processes import wait_until
 from program import OPERATOR, PASTE_SONG, SAVE_PANEL, SLIDE_TITLE, SONG_IMPORT
-from show_case import ReadCase, run
+from show_case import SHOW_TITLE, ReadCase, run
 
 KEYS = ("ctrl+v", "shift+Insert", "ctrl+shift+Insert")
 COLOR = "Text Color"
@@ -39,6 +39,12 @@ class EmptyClipboard(ReadCase):
                 self.program.press("Escape")
                 self.program.wait_for_no_window(SONG_IMPORT)
                 self.assertIsNone(self.program.status(), self.program.output())
+
+    def test_the_operator_window_itself(self):
+        self.program.focus(OPERATOR)
+        self.program.press("ctrl+v")
+        self.program.wait_for_window(SHOW_TITLE)
+        self.assertIsNone(self.program.status(), self.program.output())
 
     def test_the_text_on_the_canvas_and_a_field(self):
         self.program.click(*LAYER, times=2)

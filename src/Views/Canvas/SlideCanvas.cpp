@@ -6,11 +6,13 @@
 #include "CanvasKeys.h"
 #include "CanvasTextLayerEditor.h"
 #include "DevicePixels.h"
+#include "DropTarget.h"
 #include "FocusRing.h"
 #include "LiveSlideMark.h"
 #include "SelectionMarks.h"
 #include "Show.h"
 #include "ThemeColors.h"
+#include "TransferredData.h"
 
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -32,6 +34,15 @@ SlideCanvas::SlideCanvas(WorkspaceStore &store, RenderCaches &caches, QWidget *p
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
+    new DropTarget(
+        *this,
+        {.accepts = [this](const QMimeData &dragged) { return m_slide && mayHoldImage(dragged); },
+         .take =
+             [this](const QMimeData &dragged, const QPointF &point) {
+                 const std::optional<SlideMedia> image = imageIn(dragged);
+                 if (image && !slideRect().isEmpty())
+                     m_store.placeImageLayer(*image, toCanvas(point));
+             }});
     connect(&store, &WorkspaceStore::changed, this, &SlideCanvas::showStore);
     connect(m_editor, &CanvasTextLayerEditor::left, this, &SlideCanvas::endEditing);
     showStore();

@@ -11,13 +11,6 @@ const QMimeData *clipboardContents(QClipboard::Mode mode)
     return contents && !contents->formats().isEmpty() ? contents : nullptr;
 }
 
-QList<QUrl> filesIn(const QMimeData &source)
-{
-    QList<QUrl> files = source.urls();
-    files.removeIf([](const QUrl &url) { return !url.isLocalFile(); });
-    return files;
-}
-
 QString pastedText(const QMimeData *source)
 {
     QString text = source ? source->text() : QString();

@@ -1,9 +1,7 @@
 #pragma once
 
 #include <QClipboard>
-#include <QList>
 #include <QString>
-#include <QUrl>
 
 class QMimeData;
 
@@ -11,9 +9,6 @@ namespace quenara {
 
 /// What is on the clipboard; null where there is nothing, as on X11 after a login.
 [[nodiscard]] const QMimeData *clipboardContents(QClipboard::Mode mode = QClipboard::Clipboard);
-
-/// The files of this computer that \a source names.
-[[nodiscard]] QList<QUrl> filesIn(const QMimeData &source);
 
 /// The text that a paste of \a source writes, its lines ended by line feeds. Empty where there is
 /// none, and for null.

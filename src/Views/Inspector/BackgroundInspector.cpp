@@ -1,11 +1,13 @@
 #include "BackgroundInspector.h"
 
 #include "ColorWell.h"
+#include "DropTarget.h"
 #include "EnumPicker.h"
 #include "InspectorRows.h"
 #include "SelectionBindings.h"
 #include "Slider.h"
 #include "SymbolButton.h"
+#include "TransferredData.h"
 
 namespace quenara {
 
@@ -58,6 +60,16 @@ QWidget *makeBackgroundInspector(SelectionBindings &selection)
     rows->addSmall(QStringLiteral("Image"), {image});
     rows->add(selection.bound(new Slider(QStringLiteral("Dim"), 0, mostDimming),
                               ofBackground(&SlideBackground::dimAmount)));
+    new DropTarget(*rows,
+                   {.accepts =
+                        [&selection](const QMimeData &data) {
+                            return selection.slide().has_value() && mayHoldImage(data);
+                        },
+                    .take =
+                        [&selection](const QMimeData &data, const QPointF & /*point*/) {
+                            if (const std::optional<SlideMedia> dropped = imageIn(data))
+                                selection.store().setBackgroundImage(*dropped);
+                        }});
     return rows;
 }
 

@@ -3,10 +3,13 @@
 #include "CommandActions.h"
 #include "CommandButton.h"
 #include "Copying.h"
+#include "DropTarget.h"
 #include "Panels.h"
 #include "RoleLabel.h"
 #include "RundownList.h"
 #include "SectionButtons.h"
+#include "TransferredData.h"
+#include "WorkspaceStore.h"
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>
@@ -63,6 +66,16 @@ RundownView::RundownView(WorkspaceStore &store, const CommandActions &commands,
 {
     setFixedWidth(panelWidth);
     takeSongs(*this);
+    new DropTarget(
+        *this,
+        {.accepts = [](const QMimeData &dragged) { return textFileIn(dragged).has_value(); },
+         .take =
+             [&store](const QMimeData &dragged, const QPointF & /*point*/) {
+                 // After the drop is over, for which the other program waits.
+                 QMetaObject::invokeMethod(
+                     &store, [&store, file = textFileIn(dragged)] { store.offerSongFile(*file); },
+                     Qt::QueuedConnection);
+             }});
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
