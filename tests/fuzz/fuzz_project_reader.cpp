@@ -1,4 +1,5 @@
-// Whatever bytes the reader accepts must become a project that a save and a load give back whole.
+// Whatever bytes the reader accepts must become a project that a save and a load give back whole,
+// and the same of what is pasted.
 
 #include "Demand.h"
 #include "ProjectCodec.h"
@@ -18,6 +19,13 @@ ZelvoProject normalized(const DecodedDocument &document)
     return ProjectNormalizer::normalized(std::get<ZelvoProject>(document));
 }
 
+template<class Clip>
+void demandWhole(const std::optional<Clip> &clip, std::optional<Clip> (*decode)(QByteArray bytes))
+{
+    demand(!clip || decode(ProjectCodec::encode(*clip)) == clip,
+           "a clip that was written reads back the same");
+}
+
 } // namespace
 
 // libFuzzer calls it by this name.
@@ -25,6 +33,8 @@ ZelvoProject normalized(const DecodedDocument &document)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     const QByteArrayView bytes(data, qsizetype(size));
+    demandWhole(ProjectCodec::decodeSlideClip(bytes.toByteArray()), ProjectCodec::decodeSlideClip);
+    demandWhole(ProjectCodec::decodeLayerClip(bytes.toByteArray()), ProjectCodec::decodeLayerClip);
     const std::optional<DecodedDocument> document = ProjectCodec::decode(bytes);
     constexpr qsizetype leastSize = 8;
     json::MediaDetacher detacher(leastSize);
