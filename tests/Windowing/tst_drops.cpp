@@ -68,7 +68,9 @@ private slots:
         drag.data.setUrls({program.picture});
         const qsizetype count = program.slide().design.elements.size();
         QVERIFY(drag.over(program.background));
+        QVERIFY(program.operatorWindow.findChild<QWidget *>(u"dropMark"_s));
         drag.drop();
+        QVERIFY(!program.operatorWindow.findChild<QWidget *>(u"dropMark"_s));
         QCOMPARE(program.slide().design.background.kind, SlideBackgroundKind::image);
         QCOMPARE(program.slide().design.background.image->name, u"sea.png"_s);
         QCOMPARE(program.slide().design.elements.size(), count);

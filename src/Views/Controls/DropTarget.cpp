@@ -13,15 +13,16 @@ namespace quenara {
 
 namespace {
 
-/// A frame in the accent colour, within the edges of what it lies on.
+/// A frame in the accent colour, within the edges of what it lies on unless it reaches beyond.
 class DropMark : public QWidget
 {
 public:
-    explicit DropMark(QWidget &marked) : QWidget(&marked)
+    DropMark(QWidget &marked, int outset)
+        : QWidget(outset > 0 ? marked.parentWidget() : &marked), m_inset(outset > 0 ? 1 : 3)
     {
         setObjectName(QStringLiteral("dropMark"));
         setAttribute(Qt::WA_TransparentForMouseEvents);
-        setGeometry(marked.rect());
+        setGeometry(outset > 0 ? marked.geometry().adjusted(-outset, 0, outset, 0) : marked.rect());
         raise();
         show();
     }
@@ -31,13 +32,15 @@ protected:
     {
         constexpr double width = 2;
         constexpr double radius = 8;
-        constexpr double inset = 2 + width / 2;
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(QPen(themeOf(*this).accent, width));
-        painter.drawRoundedRect(QRectF(rect()).adjusted(inset, inset, -inset, -inset), radius,
-                                radius);
+        painter.drawRoundedRect(QRectF(rect()).adjusted(m_inset, m_inset, -m_inset, -m_inset),
+                                radius, radius);
     }
+
+private:
+    double m_inset; ///< of the frame's middle, in points
 };
 
 } // namespace
@@ -71,7 +74,7 @@ void DropTarget::setAccepting(bool isAccepting)
     m_isAccepting = isAccepting;
     delete m_mark;
     if (isAccepting)
-        m_mark = new DropMark(m_widget);
+        m_mark = new DropMark(m_widget, m_use.markOutset);
 }
 
 bool DropTarget::eventFilter(QObject *watched, QEvent *event)

@@ -27,6 +27,8 @@ public:
         std::function<bool(const QMimeData &data)> accepts;
         /// Takes it at a point of the widget.
         std::function<void(const QMimeData &data, const QPointF &point)> take;
+        /// How far the mark reaches beyond the widget, on what is around it, in points.
+        int markOutset = 0;
     };
 
     /// With everything within the widget, its text fields, too, leave to it what it accepts.

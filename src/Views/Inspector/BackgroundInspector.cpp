@@ -60,17 +60,23 @@ QWidget *makeBackgroundInspector(SelectionBindings &selection)
     rows->addSmall(QStringLiteral("Image"), {image});
     rows->add(selection.bound(new Slider(QStringLiteral("Dim"), 0, mostDimming),
                               ofBackground(&SlideBackground::dimAmount)));
-    new DropTarget(*rows,
+    return rows;
+}
+
+void takeBackgroundImages(QWidget &section, SelectionBindings &selection)
+{
+    constexpr int markOutset = 4; // the rows begin at the section's very edge
+    new DropTarget(section,
                    {.accepts =
                         [&selection](const QMimeData &data) {
                             return selection.slide().has_value() && mayHoldImage(data);
                         },
                     .take =
                         [&selection](const QMimeData &data, const QPointF & /*point*/) {
-                            if (const std::optional<SlideMedia> dropped = imageIn(data))
-                                selection.store().setBackgroundImage(*dropped);
-                        }});
-    return rows;
+                            if (const std::optional<SlideMedia> image = imageIn(data))
+                                selection.store().setBackgroundImage(*image);
+                        },
+                    .markOutset = markOutset});
 }
 
 } // namespace quenara

@@ -100,7 +100,9 @@ QWidget *InspectorView::makeColumn(RenderCaches &caches)
     layout->addWidget(makeSeparator(Qt::Horizontal));
     layout->addWidget(makeSection({}, new LayerListView(m_selection.store(), caches)));
     layout->addWidget(makeSeparator(Qt::Horizontal));
-    layout->addWidget(makeSection(QStringLiteral("Background"), background));
+    QWidget *backgroundSection = makeSection(QStringLiteral("Background"), background);
+    takeBackgroundImages(*backgroundSection, m_selection);
+    layout->addWidget(backgroundSection);
     layout->addWidget(makeSeparator(Qt::Horizontal));
     layout->addWidget(
         makeSection(QStringLiteral("Selected Layer"), new LayerInspector(m_selection)));
