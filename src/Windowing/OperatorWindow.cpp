@@ -339,11 +339,12 @@ void OperatorWindow::showSongImport()
     showSheet<SongImportSheet>(
         m_store.isSongImportPresented(), m_songImport,
         [this] {
-            // What was typed before stays for the next time.
             SongImportDraft *draft = &m_songImportDraft;
             if (const std::optional<SongText> song = m_store.offeredSong()) {
-                m_offeredDraft = {.songTitle = song->title, .pastedLyrics = song->lyrics};
-                draft = &m_offeredDraft;
+                // What was typed before stays for the next time.
+                if (!draft->isUntouched())
+                    draft = &m_offeredDraft;
+                *draft = {.songTitle = song->title, .pastedLyrics = song->lyrics};
             }
             return new SongImportSheet(m_store, *draft, this);
         },

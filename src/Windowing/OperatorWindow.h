@@ -96,7 +96,7 @@ private:
     std::optional<QSize> m_sizeWithRoom;
     bool m_hasBeenPainted = false;
     SongImportDraft m_songImportDraft;
-    SongImportDraft m_offeredDraft; ///< of a song that was pasted or dropped
+    SongImportDraft m_offeredDraft; ///< of a song that comes while the other holds one
     QPointer<Recovery> m_recovery;
     QPointer<RecoverySheet> m_recoverySheet;
     QPointer<StartPanelView> m_startPanel;

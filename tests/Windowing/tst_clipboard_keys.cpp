@@ -30,6 +30,18 @@ constexpr auto selectionKeys = std::to_array<Key>({{Qt::Key_X, control},
                                                    {Qt::Key_D, control},
                                                    {Qt::Key_Delete, Qt::NoModifier}});
 
+/// The lyrics of the open sheet.
+QPlainTextEdit &lyricsOf(const ProgramWindows &program)
+{
+    return named<QPlainTextEdit>(program.operatorWindow, u"Lyrics"_s);
+}
+
+void closeSheet(ProgramWindows &program)
+{
+    program.store.setSongImportPresented(false);
+    QTRY_VERIFY(program.operatorWindow.findChildren<SongImportSheet *>().isEmpty());
+}
+
 } // namespace
 
 class TestClipboardKeys : public GuiTest
@@ -124,17 +136,23 @@ private slots:
         QApplication::clipboard()->setText(song);
         program.operatorWindow.findChild<RundownList *>()->setFocus();
         ProgramWindows::press(program.operatorWindow, Qt::Key_V, control);
-        const auto sheets = program.operatorWindow.findChildren<SongImportSheet *>();
-        QCOMPARE(sheets.size(), 1);
-        auto *lyrics = sheets.constFirst()->findChild<QPlainTextEdit *>();
-        QCOMPARE(lyrics->toPlainText(), song);
-        program.store.setSongImportPresented(false);
-        QTRY_VERIFY(program.operatorWindow.findChildren<SongImportSheet *>().isEmpty());
-
+        QCOMPARE(lyricsOf(program).toPlainText(), song);
+        closeSheet(program);
         program.store.setSongImportPresented(true);
-        lyrics =
-            program.operatorWindow.findChild<SongImportSheet *>()->findChild<QPlainTextEdit *>();
-        QVERIFY(lyrics->toPlainText() != song);
+        QCOMPARE(lyricsOf(program).toPlainText(), song);
+    }
+
+    void aSongThatIsOfferedLeavesTheOneThatWasTypedForTheNextTime()
+    {
+        ProgramWindows program;
+        program.store.setSongImportPresented(true);
+        lyricsOf(program).setPlainText(u"typed"_s);
+        closeSheet(program);
+        program.store.offerSong({.title = u"Title"_s, .lyrics = u"pasted"_s});
+        QCOMPARE(lyricsOf(program).toPlainText(), u"pasted"_s);
+        closeSheet(program);
+        program.store.setSongImportPresented(true);
+        QCOMPARE(lyricsOf(program).toPlainText(), u"typed"_s);
     }
 };
 

@@ -23,6 +23,7 @@ struct CyrillicKey
 
 constexpr CyrillicKey keyOfB{u'И', 56};
 constexpr CyrillicKey keyOfL{u'Д', 46};
+constexpr CyrillicKey keyOfD{u'В', 40};
 constexpr CyrillicKey keyOfZ{u'Я', 52};
 constexpr CyrillicKey keyOfN{u'Т', 57};
 
@@ -107,6 +108,19 @@ private slots:
         QCOMPARE(p.store.project().name, QStringLiteral("Another"));
         pressKey(keyOfN, Qt::ControlModifier);
         QVERIFY(p.store.isStartPanelPresented());
+    }
+
+    void whatWorksOnTheSelectionDoesNotInAText()
+    {
+        CyrillicProgram p;
+        p.store.addSlide();
+        const qsizetype count = p.store.flattenedSlides().size();
+        p.operatorWindow.findChild<QLineEdit *>(QStringLiteral("projectName"))->setFocus();
+        pressKey(keyOfD, Qt::ControlModifier);
+        QCOMPARE(p.store.flattenedSlides().size(), count);
+        p.operatorWindow.centralWidget()->setFocus();
+        pressKey(keyOfD, Qt::ControlModifier);
+        QCOMPARE(p.store.flattenedSlides().size(), count + 1);
     }
 
     void inATextItIsTyped()

@@ -22,6 +22,12 @@ constexpr int buttonSpacing = 8;
 
 } // namespace
 
+bool SongImportDraft::isUntouched() const
+{
+    return songTitle.isEmpty()
+        && (pastedLyrics.trimmed().isEmpty() || pastedLyrics == SongImportDraft().pastedLyrics);
+}
+
 SongImportSheet::SongImportSheet(WorkspaceStore &store, SongImportDraft &draft, QWidget *parent)
     : QDialog(parent), m_store(store), m_draft(draft)
 {

@@ -17,6 +17,9 @@ struct SongImportDraft
     QString songTitle;
     QString pastedLyrics =
         QStringLiteral("[Verse 1]\nLine one\nLine two\n\n[Chorus]\nLine one\nLine two");
+
+    /// Whether nobody has typed anything that is still there.
+    [[nodiscard]] bool isUntouched() const;
 };
 
 /// The sheet that makes a song of pasted lyrics. Importing empties the draft.
