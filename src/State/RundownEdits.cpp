@@ -167,13 +167,11 @@ Edited pasteSlide(WorkspaceState state, const SlideClip &clip)
         sharePartsWith(slide, slideAt(state.project, *original));
     slide = withNewIdentifiers(std::move(slide));
     const auto selected = positionOf(state.project, state.selectedSlideID);
-    const qsizetype section = state.selectedServiceItemID
-        ? indexOfItem(state.project, state.selectedServiceItemID)
-        : notFound;
-    if (selected && (section == notFound || section == selected->item)) {
+    const auto section = itemIndex(state.project, state.selectedServiceItemID);
+    if (selected && (!section || *section == selected->item)) {
         slidesForWriting(state, *selected).insert(selected->slide + 1, slide);
-    } else if (section != notFound || !state.project.serviceItems.isEmpty()) {
-        ServiceItem &item = state.project.serviceItems[std::max<qsizetype>(section, 0)];
+    } else if (!state.project.serviceItems.isEmpty()) {
+        ServiceItem &item = state.project.serviceItems[section.value_or(0)];
         item.slides.append(slide);
         state.selectedServiceItemID = item.id;
     } else {
