@@ -42,6 +42,26 @@ QRect placeOf(const QWidget &part, const QWidget &view)
     return {part.mapTo(&view, QPoint()), part.size()};
 }
 
+/// Whether each part of a monitor of that size lies in it, and over no other part.
+void checkParts(const ZelvoProject &project, const QSize &size, bool isMagnified)
+{
+    StageMonitor stage(project);
+    stage.view.setMagnified(isMagnified);
+    stage.view.resize(size);
+    stage.layOut();
+    QCOMPARE(stage.view.size(), size);
+    const QList<QWidget *> parts = shownParts(stage.view);
+    QCOMPARE(parts.size(), 11);
+    for (const QWidget *part : parts) {
+        const QRect place = placeOf(*part, stage.view);
+        QVERIFY2(stage.view.rect().contains(place), qPrintable(part->objectName()));
+        for (const QWidget *other : parts) {
+            QVERIFY2(part == other || !place.intersects(placeOf(*other, stage.view)),
+                     qPrintable(part->objectName() + u'/' + other->objectName()));
+        }
+    }
+}
+
 } // namespace
 
 class TestStageLayout : public GuiTest
@@ -80,25 +100,94 @@ private slots:
     {
         QFETCH(ZelvoProject, project);
         QFETCH(QSize, size);
-        StageMonitor stage(project);
-        stage.view.resize(size);
-        stage.layOut();
-        QCOMPARE(stage.view.size(), size);
-        const QList<QWidget *> parts = shownParts(stage.view);
-        QCOMPARE(parts.size(), 11);
-        for (const QWidget *part : parts) {
-            const QRect place = placeOf(*part, stage.view);
-            QVERIFY2(stage.view.rect().contains(place), qPrintable(part->objectName()));
-            for (const QWidget *other : parts) {
-                QVERIFY2(part == other || !place.intersects(placeOf(*other, stage.view)),
-                         qPrintable(part->objectName() + u'/' + other->objectName()));
-            }
+        checkParts(project, size, false);
+    }
+
+    void everyPartLiesOnAScreenOfAnyShapeAndOverNoOther_data()
+    {
+        QTest::addColumn<ZelvoProject>("project");
+        QTest::addColumn<QSize>("size");
+        const QString lyric = QStringLiteral("Great is the morning\n").repeated(9);
+        for (const QSize &size : {QSize(800, 600), QSize(1366, 768), QSize(1920, 1080),
+                                  QSize(1080, 1920), QSize(3440, 1440), QSize(3840, 2160)}) {
+            QTest::addRow("%d x %d", size.width(), size.height())
+                << projectWith(lyric, endlessTitle) << size;
         }
+    }
+
+    void everyPartLiesOnAScreenOfAnyShapeAndOverNoOther()
+    {
+        QFETCH(ZelvoProject, project);
+        QFETCH(QSize, size);
+        checkParts(project, size, true);
     }
 
     void whatIsNotElidedOrShrunkHasAllTheRoomItNeeds_data()
     {
         everyPartLiesInTheWindowAndOverNoOther_data();
+    }
+
+    void aMagnifiedMonitorIsTheUsualOneAtTheSizeOfItsScreen_data()
+    {
+        QTest::addColumn<QSize>("size");
+        QTest::addColumn<double>("scale");
+        QTest::newRow("as wide and high as usual") << QSize(1180, 720) << 1.0;
+        QTest::newRow("wider") << QSize(1920, 1080) << 1.5;
+        QTest::newRow("higher") << QSize(1770, 1440) << 1.5;
+        QTest::newRow("three times as large") << QSize(3540, 2160) << 3.0;
+        QTest::newRow("smaller") << QSize(590, 400) << 0.5;
+    }
+
+    void aMagnifiedMonitorIsTheUsualOneAtTheSizeOfItsScreen()
+    {
+        QFETCH(QSize, size);
+        QFETCH(double, scale);
+        StageMonitor stage(projectWith(QStringLiteral("Amen"), QStringLiteral("Verse 1")));
+        stage.view.setMagnified(true);
+        stage.view.resize(size);
+        stage.layOut();
+        const auto pixelSize = [&](const char *name) {
+            return stage.part<QWidget>(name)->font().pixelSize();
+        };
+        QCOMPARE(pixelSize("currentSection"), qRound(22 * scale));
+        QCOMPARE(pixelSize("slideCount"), qRound(20 * scale));
+        QCOMPARE(pixelSize("stageClock"), qRound(34 * scale));
+        QCOMPARE(pixelSize("queuedTitle"), qRound(16 * scale));
+        const auto *slide = stage.view.findChild<SlideView *>();
+        QCOMPARE(slide->height(), qRound(230 * scale));
+        QCOMPARE(slide->mapTo(&stage.view, QPoint()).x(), qRound(18 * scale));
+        QCOMPARE(stage.part<QWidget>("nextPanel")->width(), qRound(390 * scale));
+    }
+
+    void theWordsGrowWithTheMonitorAndAreAsBeforeInAWindow()
+    {
+        StageMonitor stage(projectWith(QStringLiteral("HHH"), QStringLiteral("Verse 1")));
+        const auto inkOfWords = [&](const QSize &size) {
+            stage.view.resize(size);
+            stage.layOut();
+            return inkOf(stage.image().copy(placeOf(*stage.part("currentText"), stage.view)))
+                .size();
+        };
+        const QSize usual = inkOfWords({1180, 720});
+        stage.view.setMagnified(true);
+        const QSize magnified = inkOfWords({1920, 1080});
+        QVERIFY(std::abs(magnified.height() - 1.5 * usual.height()) <= 2);
+        QVERIFY(std::abs(magnified.width() - 1.5 * usual.width()) <= 2);
+        stage.view.setMagnified(false);
+        QCOMPARE(inkOfWords({1920, 1080}), usual);
+    }
+
+    void aMonitorThatWasMagnifiedLooksAsBeforeInItsWindow()
+    {
+        StageMonitor stage(projectWith(QStringLiteral("Amen"), QStringLiteral("Verse 1")));
+        const QImage before = stage.image();
+        stage.view.setMagnified(true);
+        stage.view.resize(1920, 1080);
+        stage.layOut();
+        stage.view.setMagnified(false);
+        stage.view.resize(1180, 720);
+        stage.layOut();
+        QCOMPARE(stage.image(), before);
     }
 
     void whatIsNotElidedOrShrunkHasAllTheRoomItNeeds()

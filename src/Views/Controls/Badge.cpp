@@ -9,12 +9,6 @@
 
 namespace quenara {
 
-namespace {
-
-constexpr double cornerRadius = 5;
-
-} // namespace
-
 QSizeF Badge::size() const
 {
     const QFontMetricsF metrics(systemFont(pixelSize, QFont::ExtraBold));

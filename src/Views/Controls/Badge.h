@@ -16,6 +16,7 @@ struct Badge
     bool isFilled = true;
     double horizontalPadding = 8;
     double verticalPadding = 2.5; ///< above and below the line
+    double cornerRadius = 5;
 
     /// Whole points.
     [[nodiscard]] QSizeF size() const;

@@ -12,6 +12,7 @@ namespace quenara {
 
 namespace {
 
+constexpr int usualHeadroom = 4;
 constexpr double roundingRoom = 2; // points that letters may be moved to stand on whole rows
 constexpr double spareRoom = 1.5; // factor for faces whose lines are higher than the system font's
 
@@ -22,10 +23,22 @@ FittedText::FittedText(const Setting &setting, RenderCaches &caches, QWidget *pa
 {
     setTextFormat(Qt::PlainText);
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Ignored);
+    setScale(1);
+}
+
+void FittedText::setScale(double scale)
+{
+    m_scale = scale;
     // No higher than the most lines need, so that less has to be repainted.
-    const QFontMetricsF metrics(systemFont(setting.size, fontWeight(setting.weight)));
-    setMaximumHeight(headroom
-                     + qCeil(setting.limits.lineMaximum * metrics.lineSpacing() * spareRoom));
+    const QFontMetricsF metrics(systemFont(m_setting.size * scale, fontWeight(m_setting.weight)));
+    setMaximumHeight(headroom()
+                     + qCeil(m_setting.limits.lineMaximum * metrics.lineSpacing() * spareRoom));
+    update();
+}
+
+int FittedText::headroom() const
+{
+    return qRound(usualHeadroom * m_scale);
 }
 
 std::shared_ptr<TextBlock> FittedText::block() const
@@ -33,21 +46,21 @@ std::shared_ptr<TextBlock> FittedText::block() const
     const TextElementProperties properties{
         .text = text(),
         .fontFamily = systemFontFamily(),
-        .fontSize = m_setting.size,
+        .fontSize = m_setting.size * m_scale,
         .weight = m_setting.weight,
         .textColor = {},
         .alignment = text().isRightToLeft() ? TextAlignmentValue::right : TextAlignmentValue::left,
         .shadow = {},
         .outline = {},
         .backgroundFill = {}};
-    return m_caches.textBlocks.block(properties, size() - QSize(0, headroom), m_setting.limits);
+    return m_caches.textBlocks.block(properties, size() - QSize(0, headroom()), m_setting.limits);
 }
 
 QRect FittedText::inkRect() const
 {
     const std::shared_ptr<TextBlock> text = block();
     return text->inkBounds(m_caches)
-        .translated(0, headroom - text->bounds().top())
+        .translated(0, headroom() - text->bounds().top())
         .marginsAdded({roundingRoom, roundingRoom, roundingRoom, roundingRoom})
         .toAlignedRect();
 }
@@ -68,8 +81,9 @@ void FittedText::paintEvent(QPaintEvent * /*event*/)
 {
     const std::shared_ptr<TextBlock> text = block();
     QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing); // Qt fills the outlines of large letters
     painter.setPen(palette().color(foregroundRole()));
-    painter.translate(0, headroom - text->bounds().top());
+    painter.translate(0, headroom() - text->bounds().top());
     text->draw(painter, m_caches);
 }
 

@@ -25,10 +25,13 @@ public:
         TextLimits limits;
     };
 
-    /// The points that are left free above the first line, for accents that reach beyond it.
-    static constexpr int headroom = 4;
-
     FittedText(const Setting &setting, RenderCaches &caches, QWidget *parent = nullptr);
+
+    /// Has the text be that many times as large as its setting says.
+    void setScale(double scale);
+
+    /// The points that are left free above the first line, for accents that reach beyond it.
+    int headroom() const;
 
     /// Repaints only where the letters were and will be.
     void setText(const QString &text);
@@ -44,6 +47,7 @@ private:
     QRect inkRect() const;
 
     Setting m_setting;
+    double m_scale = 1;
     RenderCaches &m_caches;
 };
 

@@ -26,6 +26,13 @@ OutputModeBadge::OutputModeBadge(const BadgeLook &look, QWidget *parent)
     setAccessibleName(badge().text);
 }
 
+void OutputModeBadge::setLook(const BadgeLook &look)
+{
+    m_look = look;
+    updateGeometry();
+    update();
+}
+
 void OutputModeBadge::setMode(OutputMode mode)
 {
     if (mode == m_mode)
@@ -42,7 +49,8 @@ Badge OutputModeBadge::badge() const
             .color = colorOf(m_mode, themeOf(*this)),
             .pixelSize = m_look.pixelSize,
             .horizontalPadding = m_look.horizontalPadding,
-            .verticalPadding = m_look.verticalPadding};
+            .verticalPadding = m_look.verticalPadding,
+            .cornerRadius = m_look.cornerRadius};
 }
 
 QSize OutputModeBadge::sizeHint() const

@@ -17,6 +17,7 @@ struct BadgeLook
     double pixelSize;
     double horizontalPadding;
     double verticalPadding;
+    double cornerRadius = 5;
 };
 
 /// Shows the output mode in capitals on the theme's colour for it.
@@ -27,6 +28,7 @@ class OutputModeBadge : public QWidget
 public:
     explicit OutputModeBadge(const BadgeLook &look, QWidget *parent = nullptr);
 
+    void setLook(const BadgeLook &look);
     void setMode(OutputMode mode);
 
     QSize sizeHint() const override;

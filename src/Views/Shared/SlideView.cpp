@@ -11,12 +11,6 @@
 
 namespace quenara {
 
-namespace {
-
-constexpr double lineWidth = 1;
-
-} // namespace
-
 SlideView::SlideView(RenderCaches &caches, QWidget *parent) : QWidget(parent), m_caches(caches) {}
 
 void SlideView::setSlide(const std::optional<Slide> &slide)
@@ -37,6 +31,12 @@ void SlideView::setAlignment(Qt::Alignment alignment)
 void SlideView::setCornerRadius(double radius)
 {
     m_cornerRadius = radius;
+    update();
+}
+
+void SlideView::setLineWidth(double width)
+{
+    m_lineWidth = width;
     update();
 }
 
@@ -74,7 +74,7 @@ void SlideView::paintEvent(QPaintEvent * /*event*/)
     m_frame.apply(slide.image,
                   {.rect = painter.deviceTransform().mapRect(area).translated(-slide.origin),
                    .radius = m_cornerRadius * scale,
-                   .lineWidth = lineWidth * scale},
+                   .lineWidth = m_lineWidth * scale},
                   line);
     slide.draw(painter, 1);
 }

@@ -29,6 +29,9 @@ public:
     /// The radius of the slide's continuous corners, in points; 0 unless set.
     void setCornerRadius(double radius);
 
+    /// The width of the line around the slide, in points; 1 unless set.
+    void setLineWidth(double width);
+
     /// The theme's colour of the line around the slide, at an opacity of 0 to 1; its colour of
     /// borders, opaque, unless set.
     void setOutline(QColor ZelvoTheme::*color, double opacity);
@@ -44,6 +47,7 @@ private:
     std::optional<Slide> m_slide;
     Qt::Alignment m_alignment = Qt::AlignCenter;
     double m_cornerRadius = 0;
+    double m_lineWidth = 1;
     QColor ZelvoTheme::*m_outlineColor = &ZelvoTheme::border;
     double m_outlineOpacity = 1;
     RoundedFrame m_frame;
