@@ -13,8 +13,11 @@ public:
     bool isDisplayWindowOpen() const override { return true; }
     bool isDisplayWaiting() const override { return false; }
     bool isStageWindowOpen() const override { return true; }
+    bool isStageFullScreen() const override { return false; }
+    bool canToggleStageFullScreen() const override { return true; }
     void toggleDisplayWindow() override {}
     void toggleStageWindow() override {}
+    void toggleStageFullScreen() override {}
 };
 
 /// A store with its commands.

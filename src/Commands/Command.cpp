@@ -135,6 +135,16 @@ bool isStageOpen(const WorkspaceStore & /*store*/, const OutputWindows &outputs)
     return outputs.isStageWindowOpen();
 }
 
+bool isStageFullScreen(const WorkspaceStore & /*store*/, const OutputWindows &outputs)
+{
+    return outputs.isStageFullScreen();
+}
+
+bool canToggleStageFullScreen(const OutputWindows &outputs)
+{
+    return outputs.canToggleStageFullScreen();
+}
+
 constexpr auto commands = std::to_array<CommandDescription>({
     {.command = Command::newProject,
      .title = "New Project...",
@@ -328,6 +338,14 @@ constexpr auto commands = std::to_array<CommandDescription>({
      .symbol = "rectangle.inset.filled.and.person.filled",
      .isOn = isStageOpen,
      .run = onOutputs<&OutputWindows::toggleStageWindow>},
+    {.command = Command::toggleStageFullScreen,
+     .title = "Fill Screen with Monitor",
+     .titleWhileOn = "Show Monitor in a Window",
+     .keys = {"F11"},
+     .continuesTyping = true,
+     .isPossible = canToggleStageFullScreen,
+     .isOn = isStageFullScreen,
+     .run = onOutputs<&OutputWindows::toggleStageFullScreen>},
     {.command = Command::about,
      .title = "About Quenara",
      .role = QAction::AboutRole,

@@ -43,6 +43,7 @@ enum class Command : std::uint8_t {
     toggleLogo,
     toggleDisplayWindow,
     toggleStageWindow,
+    toggleStageFullScreen,
     about,
     addSection,
     pasteSongLyrics,
@@ -84,6 +85,7 @@ struct CommandDescription
     bool continuesTyping = false; ///< the field that is typed into keeps the keyboard
     bool repeats = false; ///< done again and again while its key is held down
     bool (*isEnabled)(const WorkspaceStore &store) = nullptr; ///< null: always
+    bool (*isPossible)(const OutputWindows &outputs) = nullptr; ///< as isEnabled, of the windows
     /// For a command that switches something on and off; null for all others.
     bool (*isOn)(const WorkspaceStore &store, const OutputWindows &outputs) = nullptr;
     void (*run)(CommandActions &actions) = nullptr;

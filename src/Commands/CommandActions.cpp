@@ -171,8 +171,8 @@ void CommandActions::showState()
 {
     for (const CommandDescription &description : commandDescriptions()) {
         QAction &action = *this->action(description.command);
-        if (description.isEnabled)
-            action.setEnabled(description.isEnabled(store()));
+        action.setEnabled((!description.isEnabled || description.isEnabled(store()))
+                          && (!description.isPossible || description.isPossible(outputs())));
         action.setText(title(description));
     }
     emit switched();

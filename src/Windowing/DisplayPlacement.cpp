@@ -110,10 +110,22 @@ bool DisplayPlacement::move(QWidget &window, const PlacedScreen &target) const
 
 bool DisplayPlacement::coversOperator(const QWidget &window) const
 {
+    return liesOn(window, operatorScreen());
+}
+
+bool DisplayPlacement::sharesScreen(const QWidget &window, const QWidget &other) const
+{
+    const auto screen = screenOf(other);
+    return screen && liesOn(window, screen->frame);
+}
+
+/// Whether \a window lies on the screen with that frame.
+bool DisplayPlacement::liesOn(const QWidget &window, const QRect &frame) const
+{
     if (m_screens.areWindowsPlaced())
-        return window.geometry().intersects(operatorScreen());
+        return window.geometry().intersects(frame);
     const auto screen = screenOf(window);
-    return screen && screen->frame.intersects(operatorScreen());
+    return screen && screen->frame.intersects(frame);
 }
 
 bool DisplayPlacement::isAstray(const QWidget &window, const QScreen *screen) const

@@ -38,6 +38,8 @@ public:
 
     /// Whether \a window lies on the screen with the operator's window.
     bool coversOperator(const QWidget &window) const;
+    /// Whether \a window lies on the screen that \a other is on.
+    bool sharesScreen(const QWidget &window, const QWidget &other) const;
     /// Whether the desktop has put \a window, which was to cover \a screen, on another one.
     bool isAstray(const QWidget &window, const QScreen *screen) const;
 
@@ -50,6 +52,7 @@ signals:
     void screensChanged();
 
 private:
+    bool liesOn(const QWidget &window, const QRect &frame) const;
     bool goesUnmanaged(const QRect &frame) const;
 
     ScreenWatch m_screens;

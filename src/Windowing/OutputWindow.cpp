@@ -2,6 +2,8 @@
 
 #include "InterfaceStyle.h"
 
+#include <QEvent>
+#include <QMouseEvent>
 #include <QVBoxLayout>
 
 namespace quenara {
@@ -31,6 +33,20 @@ void OutputWindow::setAppearance(AppAppearance appearance)
 void OutputWindow::mousePressEvent(QMouseEvent * /*event*/)
 {
     activateWindow();
+}
+
+void OutputWindow::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    mousePressEvent(event);
+    if (event->button() == Qt::LeftButton)
+        emit doubleClicked();
+}
+
+void OutputWindow::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::WindowStateChange)
+        emit windowStateChanged();
 }
 
 void OutputWindow::applyPalette()

@@ -25,8 +25,16 @@ public:
     void setAppearance(AppAppearance appearance);
     AppAppearance appearance() const { return m_appearance; }
 
+signals:
+    /// By the pointer's main button, anywhere on the content.
+    void doubleClicked();
+    /// Also when the desktop has changed the state.
+    void windowStateChanged();
+
 protected:
+    void changeEvent(QEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
 
 private:
     void applyPalette();

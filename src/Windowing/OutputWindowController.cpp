@@ -15,6 +15,7 @@ OutputWindowController::OutputWindowController(const WorkspaceStore &store,
             &OutputWindows::changed);
     connect(&windows, &WindowCoordinator::isDisplayWaitingChanged, this, &OutputWindows::changed);
     connect(&windows, &WindowCoordinator::isStageWindowOpenChanged, this, &OutputWindows::changed);
+    connect(&windows, &WindowCoordinator::isStageFullScreenChanged, this, &OutputWindows::changed);
 }
 
 bool OutputWindowController::isDisplayWindowOpen() const
@@ -30,6 +31,16 @@ bool OutputWindowController::isDisplayWaiting() const
 bool OutputWindowController::isStageWindowOpen() const
 {
     return m_windows.isStageWindowOpen();
+}
+
+bool OutputWindowController::isStageFullScreen() const
+{
+    return m_windows.isStageFullScreen();
+}
+
+bool OutputWindowController::canToggleStageFullScreen() const
+{
+    return m_windows.canToggleStageFullScreen();
 }
 
 void OutputWindowController::toggleDisplayWindow()
@@ -48,6 +59,11 @@ void OutputWindowController::toggleStageWindow()
     } else {
         m_windows.openStageWindow(m_store, m_appearance.appearance());
     }
+}
+
+void OutputWindowController::toggleStageFullScreen()
+{
+    m_windows.toggleStageFullScreen();
 }
 
 void OutputWindowController::reopen(const SessionWindows &windows)

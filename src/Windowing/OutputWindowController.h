@@ -21,8 +21,11 @@ public:
     bool isDisplayWindowOpen() const override;
     bool isDisplayWaiting() const override;
     bool isStageWindowOpen() const override;
+    bool isStageFullScreen() const override;
+    bool canToggleStageFullScreen() const override;
     void toggleDisplayWindow() override;
     void toggleStageWindow() override;
+    void toggleStageFullScreen() override;
     /// Opens them as they were at an unexpected end.
     void reopen(const SessionWindows &windows);
 

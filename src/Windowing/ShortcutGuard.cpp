@@ -21,10 +21,12 @@ namespace quenara {
 
 namespace {
 
-/// Whether a press would write something into a text. AltGr writes further characters on many
-/// keyboards, and leaves Space a space.
+/// Whether a press would write something into a text, or move about in it. AltGr writes further
+/// characters on many keyboards, and leaves Space a space.
 bool isWritten(const QKeyEvent &event)
 {
+    if (event.key() >= Qt::Key_F1 && event.key() <= Qt::Key_F35)
+        return false;
     constexpr Qt::KeyboardModifiers levels =
         Qt::ShiftModifier | Qt::KeypadModifier | Qt::GroupSwitchModifier;
     return (event.modifiers() & ~levels) == Qt::NoModifier;

@@ -52,14 +52,15 @@ void StagePlacement::remember()
     const auto screen = m_displays.screenOf(*m_window);
     if (!screen || screen->frame.intersects(m_displays.operatorScreen()))
         return;
-    const QMargins frame = m_window->windowHandle()->frameMargins();
     m_state = m_window->windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen);
+    if (!m_state)
+        m_frame = m_window->windowHandle()->frameMargins();
     const QRect normal = m_state ? m_window->normalGeometry() : m_window->geometry();
     m_place = {.screen = screen->screen->name(),
-               .corner =
-                   normal.topLeft() - QPoint(frame.left(), frame.top()) - screen->frame.topLeft(),
+               .corner = normal.topLeft() - QPoint(m_frame.left(), m_frame.top())
+                   - screen->frame.topLeft(),
                .size = normal.size(),
-               .frame = frame};
+               .frame = m_frame};
 }
 
 /// The place of the window's own screen among those that there are.

@@ -55,6 +55,7 @@ private:
     std::optional<WindowPlace> m_place; ///< none while it is on the operator's screen
     /// Whether it filled the screen, and how; `m_place` is then what it is else.
     Qt::WindowStates m_state;
+    QMargins m_frame = usualFrame; ///< what the desktop adds to it while it does not fill a screen
 };
 
 } // namespace quenara

@@ -7,6 +7,7 @@
 #include "UnaskedKeyboard.h"
 #include "WorkspaceStore.h"
 
+#include <QShortcut>
 #include <QWindow>
 
 #include <utility>
@@ -15,7 +16,7 @@ namespace quenara {
 
 namespace {
 
-constexpr QRect stageFrame(180, 160, 1180, 720);
+constexpr QRect stageFrame({180, 160}, StageOutputView::usualSize);
 constexpr QSize stageMinimumSize(900, 540);
 constexpr int mostFetches = 3;
 
@@ -102,6 +103,7 @@ void WindowCoordinator::openDisplay(const WorkspaceStore &store, AppAppearance a
     m_displayStore = &store;
     setDisplayWaiting(false);
     adopt(m_display, window);
+    keepStageOffDisplay();
 }
 
 void WindowCoordinator::closeDisplayWindow()
@@ -130,8 +132,7 @@ void WindowCoordinator::openStageWindow(const WorkspaceStore &store, AppAppearan
         OutputWindow *window = makeStageWindow(store, appearance);
         m_stagePlacement.forget();
         window->setGeometry(stageFrame);
-        window->show();
-        adopt(m_stage, window);
+        showStage(window);
     }
     bringToFront(*m_stage.window);
 }
@@ -140,11 +141,22 @@ void WindowCoordinator::openStageWindow(const WorkspaceStore &store, AppAppearan
 OutputWindow *WindowCoordinator::makeStageWindow(const WorkspaceStore &store,
                                                  AppAppearance appearance)
 {
-    auto *window = new OutputWindow(new StageOutputView(store, m_caches), Qt::Window);
+    auto *view = new StageOutputView(store, m_caches);
+    auto *window = new OutputWindow(view, Qt::Window);
     window->setObjectName(QStringLiteral("stageWindow"));
     window->setWindowTitle(QStringLiteral("Quenara Stage"));
     window->setMinimumSize(stageMinimumSize);
     window->setAppearance(appearance);
+    auto *escape = new QShortcut(Qt::Key_Escape, window);
+    escape->setAutoRepeat(false);
+    escape->setEnabled(false);
+    connect(escape, &QShortcut::activated, this, &WindowCoordinator::leaveStageFullScreen);
+    connect(window, &OutputWindow::doubleClicked, this, &WindowCoordinator::toggleStageFullScreen);
+    connect(window, &OutputWindow::windowStateChanged, this, [this, window, view, escape] {
+        view->setMagnified(window->isFullScreen());
+        escape->setEnabled(window->isFullScreen());
+        emit isStageFullScreenChanged();
+    });
     m_stagePlacement.follow(*window);
     m_stageStore = &store;
     m_isStageWaiting = false;
@@ -155,6 +167,40 @@ void WindowCoordinator::closeStageWindow()
 {
     m_isStageWaiting = false;
     close(m_stage);
+}
+
+bool WindowCoordinator::canToggleStageFullScreen() const
+{
+    if (!m_stage.window || isStageFullScreen())
+        return m_stage.window != nullptr;
+    return !m_display.window || !m_placement.sharesScreen(*m_display.window, *m_stage.window);
+}
+
+void WindowCoordinator::toggleStageFullScreen()
+{
+    if (isStageFullScreen())
+        return leaveStageFullScreen();
+    if (!canToggleStageFullScreen())
+        return;
+    OutputWindow &stage = *m_stage.window;
+    stage.setWindowState((stage.windowState() & ~Qt::WindowMinimized) | Qt::WindowFullScreen);
+    // Over what the operator sees, Escape must reach it.
+    if (m_placement.coversOperator(stage))
+        bringToFront(stage);
+}
+
+void WindowCoordinator::leaveStageFullScreen()
+{
+    if (m_stage.window)
+        m_stage.window->setWindowState(m_stage.window->windowState() & ~Qt::WindowFullScreen);
+}
+
+/// Of the two, it is the display that fills a screen.
+void WindowCoordinator::keepStageOffDisplay()
+{
+    if (isStageFullScreen() && m_placement.sharesScreen(*m_display.window, *m_stage.window))
+        leaveStageFullScreen();
+    emit isStageFullScreenChanged();
 }
 
 SessionWindows WindowCoordinator::sessionWindows() const
@@ -210,6 +256,7 @@ void WindowCoordinator::followWithDisplay()
     m_hasDisplayFollowed = m_hasDisplayFollowed || screen->screen != m_displayScreen;
     if (m_placement.move(*m_display.window, *screen)) {
         m_displayScreen = screen->screen;
+        keepStageOffDisplay();
     } else {
         // One that the operator gave the keyboard keeps it.
         const bool hasKeys =
@@ -281,7 +328,14 @@ void WindowCoordinator::reopenStage()
     // It comes by itself, while somebody may type elsewhere.
     window->setAttribute(Qt::WA_ShowWithoutActivating);
     new UnaskedKeyboard(*window);
+    showStage(window);
+}
+
+void WindowCoordinator::showStage(OutputWindow *window)
+{
     window->show();
+    connect(window->windowHandle(), &QWindow::screenChanged, this,
+            &WindowCoordinator::isStageFullScreenChanged);
     adopt(m_stage, window);
 }
 

@@ -30,6 +30,9 @@ class WorkspaceStore;
 /// closing it by command ends the waiting. So does the stage monitor once it was put on a screen of
 /// its own, except that it waits for that one screen. A display that covers the operator's window
 /// is left by Escape, pressed there twice within a second.
+///
+/// The stage monitor fills the screen that it is on, all of it larger, when it is double-clicked or
+/// by command, and is a window again likewise or by Escape. It never does where the display is.
 class WindowCoordinator : public QObject
 {
     Q_OBJECT
@@ -50,6 +53,8 @@ public:
     void openStageWindow(const WorkspaceStore &store, AppAppearance appearance);
     void closeStageWindow();
 
+    void toggleStageFullScreen();
+
     /// What a later start is to reopen().
     SessionWindows sessionWindows() const;
     /// Opens windows as they were at an unexpected end. A display that lay beside the operator
@@ -63,6 +68,9 @@ public:
 
     bool isDisplayWindowOpen() const { return m_display.isOpen; }
     bool isStageWindowOpen() const { return m_stage.isOpen; }
+    bool isStageFullScreen() const { return m_stage.window && m_stage.window->isFullScreen(); }
+    /// Whether toggleStageFullScreen() would do something.
+    bool canToggleStageFullScreen() const;
     /// Whether the display, which is closed, opens by itself once it has a screen.
     bool isDisplayWaiting() const { return m_isDisplayWaiting; }
 
@@ -75,6 +83,8 @@ signals:
     void windowMade(OutputWindow *window);
     void isDisplayWindowOpenChanged();
     void isStageWindowOpenChanged();
+    /// The stage monitor fills its screen or is a window again, or is on another screen.
+    void isStageFullScreenChanged();
     void isDisplayWaitingChanged();
 
 private:
@@ -99,6 +109,7 @@ private:
     void openDisplay(const WorkspaceStore &store, AppAppearance appearance,
                      const PlacedScreen &screen, Opening opening);
     OutputWindow *makeStageWindow(const WorkspaceStore &store, AppAppearance appearance);
+    void showStage(OutputWindow *window);
     void adopt(Output &output, OutputWindow *window);
     void release(Output &output);
     void close(Output &output);
@@ -112,6 +123,8 @@ private:
     void reopenDisplay();
     void reopenStage();
     void leaveDisplay();
+    void leaveStageFullScreen();
+    void keepStageOffDisplay();
 
     RenderCaches &m_caches;
     ApplicationAppearance m_appearance;

@@ -41,6 +41,7 @@ constexpr auto goToItems = std::to_array({Command::goToSlide});
 constexpr auto modeItems = std::to_array({Command::toggleBlackout, Command::toggleLogo});
 constexpr auto windowItems =
     std::to_array({Command::toggleDisplayWindow, Command::toggleStageWindow});
+constexpr auto fullScreenItems = std::to_array({Command::toggleStageFullScreen});
 constexpr auto aboutItems = std::to_array({Command::about});
 
 constexpr auto fileGroups = std::to_array<Group>({newItems, fileItems, quitItems});
@@ -48,7 +49,7 @@ constexpr auto editGroups =
     std::to_array<Group>({historyItems, selectionItems, moveItems, settingsItems});
 constexpr auto transportGroups =
     std::to_array<Group>({goLiveItems, stepItems, goToItems, modeItems});
-constexpr auto outputGroups = std::to_array<Group>({windowItems});
+constexpr auto outputGroups = std::to_array<Group>({windowItems, fullScreenItems});
 constexpr auto helpGroups = std::to_array<Group>({aboutItems});
 
 constexpr auto menus = std::to_array<MenuDescription>({

@@ -21,6 +21,8 @@ public:
     bool isDisplayWindowOpen() const override { return m_isDisplayWindowOpen; }
     bool isDisplayWaiting() const override { return m_isDisplayWaiting; }
     bool isStageWindowOpen() const override { return m_isStageWindowOpen; }
+    bool isStageFullScreen() const override { return m_isStageFullScreen; }
+    bool canToggleStageFullScreen() const override { return m_isStageWindowOpen; }
 
     void toggleDisplayWindow() override
     {
@@ -35,10 +37,17 @@ public:
         emit changed();
     }
 
+    void toggleStageFullScreen() override
+    {
+        m_isStageFullScreen = !m_isStageFullScreen;
+        emit changed();
+    }
+
 private:
     bool m_isDisplayWindowOpen = false;
     bool m_isDisplayWaiting = false;
     bool m_isStageWindowOpen = false;
+    bool m_isStageFullScreen = false;
 };
 
 /// A world with commands around its store.

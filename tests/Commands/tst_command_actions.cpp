@@ -111,6 +111,10 @@ private slots:
     {
         CommandWorld world(showOf({1, 2, 1}));
         world.store.selectSlide(u"B1"_s, true);
+        const QAction *fullScreen = world.commands.action(Command::toggleStageFullScreen);
+        QVERIFY(!fullScreen->isEnabled());
+        world.outputs.toggleStageWindow();
+        QVERIFY(fullScreen->isEnabled());
         const auto disabled = [&] {
             Commands found;
             for (const CommandDescription &description : commandDescriptions()) {
@@ -320,10 +324,11 @@ private slots:
         QCOMPARE(world.store.project().name, u"Sunday Service"_s);
     }
 
-    void theFieldKeepsTheKeyboardThroughSavingUndoAndRedoAlone()
+    void theFieldKeepsTheKeyboardThroughSavingUndoRedoAndTheMonitorAlone()
     {
         QCOMPARE(commandsThat(&CommandDescription::continuesTyping),
-                 (Commands{Command::save, Command::undo, Command::redo}));
+                 (Commands{Command::save, Command::undo, Command::redo,
+                           Command::toggleStageFullScreen}));
         CommandWorld world(showOf({2}));
         QWidget window;
         window.setFocusPolicy(Qt::ClickFocus);

@@ -118,6 +118,29 @@ private slots:
         Program::changeScreens();
         QVERIFY(program.windows.isStageWindowOpen());
     }
+
+    void aStageMonitorThatFilledItsScreenDoesSoWhenThatIsBackAndKeepsItsOwnPlace()
+    {
+        Program program;
+        const QRect operatorPlace = program.operatorWindow.geometry();
+        program.openStage();
+        Program::moveToFreeScreen(*program.windows.stageWindow());
+        Program::letScreensSettle();
+        const QRect ownPlace = program.windows.stageWindow()->geometry();
+        program.outputs.toggleStageFullScreen();
+        QTRY_COMPARE(program.windows.stageWindow()->geometry(), Program::freeScreen().geometry());
+        Program::letScreensSettle();
+        Program::moveToFreeScreen(program.operatorWindow);
+        Program::changeScreens();
+        QVERIFY(!program.windows.isStageWindowOpen());
+        program.operatorWindow.setGeometry(operatorPlace);
+        Program::changeScreens();
+        QTRY_VERIFY(program.windows.isStageWindowOpen());
+        QVERIFY(program.windows.isStageFullScreen());
+        QTRY_COMPARE(program.windows.stageWindow()->geometry(), Program::freeScreen().geometry());
+        program.outputs.toggleStageFullScreen();
+        QTRY_COMPARE(program.windows.stageWindow()->geometry(), ownPlace);
+    }
 };
 
 QUENARA_GUI_TEST(TestScreenChanges)

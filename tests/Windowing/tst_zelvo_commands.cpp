@@ -62,7 +62,8 @@ private slots:
                                 "Go to Slide...|Ctrl+F\n-\n"
                                 "Toggle Blackout|B\nToggle Logo|L"));
         QCOMPARE(menuText(*menus.at(3)->menu()),
-                 QStringLiteral("Open Display Window|\nOpen Monitor Window|"));
+                 QStringLiteral("Open Display Window|\nOpen Monitor Window|\n-\n"
+                                "Fill Screen with Monitor|F11"));
         QCOMPARE(menuText(*menus.at(4)->menu()), QStringLiteral("About Quenara|"));
     }
 
@@ -124,7 +125,8 @@ private slots:
                 for (const Command command :
                      {Command::undo, Command::redo, Command::cut, Command::copy, Command::duplicate,
                       Command::deleteSelected, Command::goToSlide, Command::stepSlideUp,
-                      Command::stepSlideDown, Command::stepSectionUp, Command::stepSectionDown}) {
+                      Command::stepSlideDown, Command::stepSectionUp, Command::stepSectionDown,
+                      Command::toggleStageFullScreen}) {
                     needsSomething = needsSomething || item == program.commands.action(command);
                 }
                 QCOMPARE(item->isEnabled(), !needsSomething);
