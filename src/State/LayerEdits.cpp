@@ -54,9 +54,9 @@ Edited addLayer(WorkspaceState state, const SlideElement &layer)
     return selecting(std::move(edited), layer.id);
 }
 
-/// Lets \a change work on the layers of the selected slide and the index of the selected one.
+/// Lets \a change work on the design of the selected slide and the index of the selected layer.
 Edited changeSelectedElement(WorkspaceState state,
-                             const std::function<void(Elements &, qsizetype)> &change)
+                             const std::function<void(SlideDesign &, qsizetype)> &change)
 {
     const auto position = positionOf(state.project, state.selectedSlideID);
     if (!position)
@@ -65,7 +65,17 @@ Edited changeSelectedElement(WorkspaceState state,
     if (!index)
         return std::nullopt;
     return updateSelectedSlide(std::move(state),
-                               [&](Slide &slide) { change(slide.design.elements, *index); });
+                               [&](Slide &slide) { change(slide.design, *index); });
+}
+
+/// Gives the selected layer the frame that \a centered makes of its own.
+Edited centerSelectedElement(WorkspaceState state,
+                             CanvasFrame (*centered)(const CanvasFrame &, const CanvasSize &))
+{
+    return changeSelectedElement(std::move(state), [&](SlideDesign &design, qsizetype index) {
+        CanvasFrame &frame = design.elements[index].frame;
+        frame = centered(frame, design.canvasSize);
+    });
 }
 
 SlideElement newLayer(const QString &name, SlideElementKind kind, const CanvasFrame &frame)
@@ -212,20 +222,21 @@ Edited setBackgroundImage(WorkspaceState state, const SlideMedia &media)
 Edited updateSelectedElement(WorkspaceState state,
                              const std::function<void(SlideElement &)> &update)
 {
-    return changeSelectedElement(
-        std::move(state), [&](Elements &elements, qsizetype index) { update(elements[index]); });
+    return changeSelectedElement(std::move(state), [&](SlideDesign &design, qsizetype index) {
+        update(design.elements[index]);
+    });
 }
 
 Edited duplicateSelectedElement(WorkspaceState state)
 {
     const QString id = newIdentifier();
     Edited edited =
-        changeSelectedElement(std::move(state), [&](Elements &elements, qsizetype index) {
-            SlideElement copy = elements.at(index);
+        changeSelectedElement(std::move(state), [&](SlideDesign &design, qsizetype index) {
+            SlideElement copy = design.elements.at(index);
             copy.id = id;
             copy.name += QStringLiteral(" Copy");
             shift(copy);
-            appendOnTop(elements, std::move(copy));
+            appendOnTop(design.elements, std::move(copy));
         });
     return selecting(std::move(edited), id);
 }
@@ -234,13 +245,34 @@ Edited deleteSelectedElement(WorkspaceState state)
 {
     std::optional<QString> lowest;
     Edited edited =
-        changeSelectedElement(std::move(state), [&](Elements &elements, qsizetype index) {
+        changeSelectedElement(std::move(state), [&](SlideDesign &design, qsizetype index) {
+            Elements &elements = design.elements;
             elements.removeAt(index);
             std::stable_sort(elements.begin(), elements.end(), isBelow);
             if (!elements.isEmpty())
                 lowest = elements.first().id;
         });
     return selecting(std::move(edited), lowest);
+}
+
+CanvasFrame centeredHorizontally(const CanvasFrame &frame, const CanvasSize &canvas)
+{
+    return {canvas.width / 2 - frame.width / 2, frame.y, frame.width, frame.height};
+}
+
+CanvasFrame centeredVertically(const CanvasFrame &frame, const CanvasSize &canvas)
+{
+    return {frame.x, canvas.height / 2 - frame.height / 2, frame.width, frame.height};
+}
+
+Edited centerSelectedElementHorizontally(WorkspaceState state)
+{
+    return centerSelectedElement(std::move(state), centeredHorizontally);
+}
+
+Edited centerSelectedElementVertically(WorkspaceState state)
+{
+    return centerSelectedElement(std::move(state), centeredVertically);
 }
 
 Edited bringSelectedElementForward(WorkspaceState state)

@@ -44,6 +44,15 @@ namespace quenara::edits {
 /// Puts the remaining layers in the order of their zIndex; the lowest is selected.
 [[nodiscard]] Edited deleteSelectedElement(WorkspaceState state);
 
+/// \a frame with its middle on that of \a canvas, from left to right or from top to bottom. A layer
+/// is turned about the middle of its frame, which is therefore that of what is seen, too.
+[[nodiscard]] CanvasFrame centeredHorizontally(const CanvasFrame &frame, const CanvasSize &canvas);
+[[nodiscard]] CanvasFrame centeredVertically(const CanvasFrame &frame, const CanvasSize &canvas);
+
+/// Centres it so on the slide's canvas. A layer that stands there stays: an edit without a change.
+[[nodiscard]] Edited centerSelectedElementHorizontally(WorkspaceState state);
+[[nodiscard]] Edited centerSelectedElementVertically(WorkspaceState state);
+
 /// Raises the zIndex by one, whatever that of the other layers is.
 [[nodiscard]] Edited bringSelectedElementForward(WorkspaceState state);
 [[nodiscard]] Edited sendSelectedElementBackward(WorkspaceState state);

@@ -158,6 +158,8 @@ public slots:
     void updateSelectedElement(const std::function<void(SlideElement &)> &update);
     void duplicateSelectedElement();
     void deleteSelectedElement();
+    void centerSelectedElementHorizontally();
+    void centerSelectedElementVertically();
     void bringSelectedElementForward();
     void sendSelectedElementBackward();
 

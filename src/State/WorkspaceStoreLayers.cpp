@@ -82,6 +82,16 @@ void WorkspaceStore::deleteSelectedElement()
     editProject(edits::deleteSelectedElement);
 }
 
+void WorkspaceStore::centerSelectedElementHorizontally()
+{
+    editProject(edits::centerSelectedElementHorizontally);
+}
+
+void WorkspaceStore::centerSelectedElementVertically()
+{
+    editProject(edits::centerSelectedElementVertically);
+}
+
 void WorkspaceStore::bringSelectedElementForward()
 {
     editProject(edits::bringSelectedElementForward);

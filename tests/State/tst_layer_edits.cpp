@@ -213,6 +213,60 @@ private slots:
         QVERIFY(!store.canRedo());
     }
 
+    void aLayerIsCentredInOneDirectionAlone_data()
+    {
+        QTest::addColumn<CanvasFrame>("frame");
+        QTest::addColumn<CanvasFrame>("horizontally");
+        QTest::addColumn<CanvasFrame>("vertically");
+        QTest::newRow("on the canvas")
+            << CanvasFrame{100, 50, 400, 200} << CanvasFrame{760, 50, 400, 200}
+            << CanvasFrame{100, 440, 400, 200};
+        QTest::newRow("beside the canvas")
+            << CanvasFrame{-4000, 9000, 100, 100} << CanvasFrame{910, 9000, 100, 100}
+            << CanvasFrame{-4000, 490, 100, 100};
+        QTest::newRow("larger than the canvas")
+            << CanvasFrame{0, 0, 3000, 2000} << CanvasFrame{-540, 0, 3000, 2000}
+            << CanvasFrame{0, -460, 3000, 2000};
+        QTest::newRow("in the middle")
+            << CanvasFrame{860, 490, 200, 100} << CanvasFrame{860, 490, 200, 100}
+            << CanvasFrame{860, 490, 200, 100};
+    }
+
+    void aLayerIsCentredInOneDirectionAlone()
+    {
+        QFETCH(CanvasFrame, frame);
+        LayerWorld world(u"a3 b7"_s, u"a"_s);
+        WorkspaceStore &store = world.store;
+        store.updateSelectedElement([&](SlideElement &layer) {
+            layer.frame = frame;
+            layer.rotation = 30;
+            layer.locked = true;
+        });
+        SlideElement expected = *store.selectedElement();
+        store.centerSelectedElementHorizontally();
+        QTEST(store.selectedElement()->frame, "horizontally");
+        store.undo();
+        QCOMPARE(*store.selectedElement(), expected);
+        store.centerSelectedElementVertically();
+        QTEST(store.selectedElement()->frame, "vertically");
+        expected.frame = store.selectedElement()->frame;
+        QCOMPARE(*store.selectedElement(), expected);
+    }
+
+    void aLayerIsCentredOnTheCanvasOfItsSlide()
+    {
+        LayerWorld world(u"a3"_s, u"a"_s);
+        world.store.updateSelectedSlide([](Slide &slide) {
+            slide.design.canvasSize = {1000, 400};
+        });
+        world.store.updateSelectedElement([](SlideElement &layer) {
+            layer.frame = {0, 0, 100, 100};
+        });
+        world.store.centerSelectedElementHorizontally();
+        world.store.centerSelectedElementVertically();
+        QCOMPARE(world.store.selectedElement()->frame, (CanvasFrame{450, 150, 100, 100}));
+    }
+
     void anEditOfNoLayerTakesNoStep_data()
     {
         QTest::addColumn<Operation>("operation");
@@ -220,6 +274,8 @@ private slots:
         QTest::newRow("delete") << &WorkspaceStore::deleteSelectedElement;
         QTest::newRow("forward") << &WorkspaceStore::bringSelectedElementForward;
         QTest::newRow("backward") << &WorkspaceStore::sendSelectedElementBackward;
+        QTest::newRow("centre horizontally") << &WorkspaceStore::centerSelectedElementHorizontally;
+        QTest::newRow("centre vertically") << &WorkspaceStore::centerSelectedElementVertically;
     }
 
     void anEditOfNoLayerTakesNoStep()
@@ -249,6 +305,10 @@ private slots:
             << edit(&WorkspaceStore::bringSelectedElementForward);
         QTest::newRow("send a layer backward")
             << edit(&WorkspaceStore::sendSelectedElementBackward);
+        QTest::newRow("centre a layer horizontally")
+            << edit(&WorkspaceStore::centerSelectedElementHorizontally);
+        QTest::newRow("centre a layer vertically")
+            << edit(&WorkspaceStore::centerSelectedElementVertically);
     }
 
     void anEditOfNoSlideTakesNoStep()

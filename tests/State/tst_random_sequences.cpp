@@ -444,6 +444,16 @@ const QList<Edit> &edits()
              run.store().deleteSelectedElement();
              return isLayerSelected(run);
          }},
+        {"centerSelectedElementHorizontally",
+         [](Run &run) {
+             run.store().centerSelectedElementHorizontally();
+             return isLayerSelected(run);
+         }},
+        {"centerSelectedElementVertically",
+         [](Run &run) {
+             run.store().centerSelectedElementVertically();
+             return isLayerSelected(run);
+         }},
         {"bringSelectedElementForward",
          [](Run &run) {
              run.store().bringSelectedElementForward();
