@@ -53,6 +53,7 @@ QuenaraApp::QuenaraApp(const QPalette &platformPalette)
 {
     qApp->installEventFilter(&m_latinKeys);
     qApp->installEventFilter(&m_shortcutGuard);
+    qApp->installEventFilter(&m_contextMenuKey);
     qApp->installNativeEventFilter(&m_shortcutGuard);
     qApp->installEventFilter(&m_activationGuard);
     qApp->installEventFilter(&m_focusRing);

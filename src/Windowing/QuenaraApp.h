@@ -4,6 +4,7 @@
 #include "AppearancePreference.h"
 #include "AudienceAnnouncer.h"
 #include "CommandActions.h"
+#include "ContextMenuKey.h"
 #include "DeferredPreferences.h"
 #include "DocumentGuard.h"
 #include "FileDialogRunner.h"
@@ -72,6 +73,7 @@ private:
     SessionRecorder m_recorder; // gone before the windows are, which it would record
     AudienceAnnouncer m_announcer;
     ShortcutGuard m_shortcutGuard;
+    ContextMenuKey m_contextMenuKey;
     ActivationGuard m_activationGuard;
     FocusRing m_focusRing;
     DocumentGuard m_guard;

@@ -6,6 +6,8 @@
 #include "SymbolLabel.h"
 #include "ZelvoTheme.h"
 
+#include <QContextMenuEvent>
+#include <QMenu>
 #include <QPaintEvent>
 #include <QWindow>
 
@@ -359,6 +361,30 @@ private slots:
             [](SlideElement &layer) { layer.kind = SlideElementKind::image; });
         const QPoint symbol(15, row.height() / 2);
         QTRY_VERIFY(repainted.region.contains(symbol));
+    }
+
+    void aRowsContextMenuSelectsItsLayerAndWorksOnIt_data()
+    {
+        QTest::addColumn<QContextMenuEvent::Reason>("reason");
+        QTest::newRow("by the pointer") << QContextMenuEvent::Mouse;
+        QTest::newRow("by a key") << QContextMenuEvent::Keyboard;
+    }
+
+    void aRowsContextMenuSelectsItsLayerAndWorksOnIt()
+    {
+        QFETCH(QContextMenuEvent::Reason, reason);
+        const LayerList list;
+        LayerRow &row = list.row(u"middle"_s);
+        QContextMenuEvent event(reason, row.rect().center(), row.mapToGlobal(row.rect().center()));
+        QApplication::sendEvent(&row, &event);
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        QVERIFY(menu);
+        QCOMPARE(list.store.selectedElementID(), u"middle"_s);
+        QTest::keyClick(menu, Qt::Key_Down);
+        QTest::keyClick(menu, Qt::Key_Down);
+        QCOMPARE(menu->activeAction()->text(), u"Delete"_s);
+        QTest::keyClick(menu, Qt::Key_Return);
+        QCOMPARE(list.ids(), (QStringList{u"high"_s, u"low"_s}));
     }
 
     void whatIsChangedAfterAClickOnARowsButtonIsAStepOfItsOwn()

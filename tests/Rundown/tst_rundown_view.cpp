@@ -568,6 +568,48 @@ private slots:
         QCOMPARE(op.store.project().serviceItems.at(1), before);
     }
 
+    void aSectionsMenuHasItsItemsAndThoseThatCannotActAreDisabled()
+    {
+        Rundown op(showOf({1, 1, 1}));
+        const auto itemsOf = [&](const QString &section) {
+            QMenu &menu = openMenu(op, rowOfItem(op, section));
+            QStringList items;
+            for (const QAction *item : menu.actions()) {
+                if (!item->isSeparator())
+                    items.append((item->isEnabled() ? QString() : u"not "_s) + item->text());
+            }
+            menu.close();
+            return items.join(u", "_s);
+        };
+        QCOMPARE(itemsOf(u"A"_s), u"Rename, Type, Add Slide, not Move Up, Move Down, Delete"_s);
+        QCOMPARE(itemsOf(u"B"_s), u"Rename, Type, Add Slide, Move Up, Move Down, Delete"_s);
+        QCOMPARE(itemsOf(u"C"_s), u"Rename, Type, Add Slide, Move Up, not Move Down, Delete"_s);
+    }
+
+    void aSectionIsAddedToMovedAndDeletedByItsMenu_data()
+    {
+        QTest::addColumn<QString>("item");
+        QTest::addColumn<QString>("sections");
+        QTest::newRow("add") << u"Add Slide"_s << u"A1 B2 C1"_s;
+        QTest::newRow("up") << u"Move Up"_s << u"B1 A1 C1"_s;
+        QTest::newRow("down") << u"Move Down"_s << u"A1 C1 B1"_s;
+        QTest::newRow("delete") << u"Delete"_s << u"A1 C1"_s;
+    }
+
+    void aSectionIsAddedToMovedAndDeletedByItsMenu()
+    {
+        QFETCH(QString, item);
+        Rundown op(showOf({1, 1, 1}));
+        const std::optional<QString> live = op.store.liveSlideID();
+        choose(openMenu(op, rowOfItem(op, u"B"_s)), item);
+        QStringList sections;
+        for (const ServiceItem &section : op.store.project().serviceItems)
+            sections.append(section.id + QString::number(section.slides.size()));
+        QTEST(sections.join(u' '), "sections");
+        QCOMPARE(op.undoSteps(), 1);
+        QCOMPARE(op.store.liveSlideID(), live);
+    }
+
     void choosingTheTypeThatASectionHasIsNoStep()
     {
         Rundown op(showOf({2}));

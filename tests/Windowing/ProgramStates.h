@@ -261,6 +261,12 @@ inline void openSectionMenu(Program &program)
     QApplication::sendEvent(list->viewport(), &event);
 }
 
+inline void openLayerMenu(Program &program)
+{
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
+    QApplication::sendEvent(program.operatorWindow.findChild<SlideCanvas *>(), &event);
+}
+
 inline void openList(Program &program)
 {
     const auto pickers = program.operatorWindow.findChildren<QComboBox *>();
@@ -342,6 +348,7 @@ inline constexpr State ownStates[] = {
 inline constexpr State opened[] = {
     {"a menu is open", openMenu},
     {"the menu of a section is open", openSectionMenu},
+    {"the menu of a layer is open", openLayerMenu},
     {"the list of a picker is open", openList},
     {"a colour is chosen", openColorDialog},
     {"a project to open is chosen", openOpenPanel},

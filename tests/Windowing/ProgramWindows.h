@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ContextMenuKey.h"
 #include "FocusRing.h"
 #include "SettingsWindow.h"
 #include "ShortcutGuard.h"
@@ -12,6 +13,7 @@ namespace quenara::test {
 struct ProgramWindows : WindowingWorld
 {
     ShortcutGuard shortcutGuard;
+    ContextMenuKey contextMenuKey;
     FocusRing focusRing;
     OperatorWindow operatorWindow{store, windows, guard, commands, menus, caches};
     SettingsWindow settings{appearance, menus, &operatorWindow};
@@ -19,6 +21,7 @@ struct ProgramWindows : WindowingWorld
     ProgramWindows()
     {
         qApp->installEventFilter(&shortcutGuard);
+        qApp->installEventFilter(&contextMenuKey);
         qApp->installEventFilter(&focusRing);
         showActive(operatorWindow);
     }

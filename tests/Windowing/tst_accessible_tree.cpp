@@ -289,6 +289,7 @@ private slots:
     {
         QTest::addColumn<Program::Arrange>("open");
         QTest::newRow("the menu of a section") << Program::Arrange(openSectionMenu);
+        QTest::newRow("the menu of a layer") << Program::Arrange(openLayerMenu);
         QTest::newRow("the list of a picker") << Program::Arrange(openList);
     }
 

@@ -60,11 +60,18 @@ public:
         clickSoon(*m_canvas, [canvas = m_canvas, id = m_id] { canvas->chooseLayer(id); });
     }
 
+    bool hasMenu() const override { return true; }
+
 protected:
     void takeFocus() const override
     {
         m_canvas->setFocus(Qt::OtherFocusReason);
         m_canvas->focusLayer(m_id);
+    }
+
+    void showMenu() const override
+    {
+        clickSoon(*m_canvas, [canvas = m_canvas, id = m_id] { canvas->openMenu(id); });
     }
 
 private:

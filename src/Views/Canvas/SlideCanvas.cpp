@@ -8,13 +8,16 @@
 #include "DevicePixels.h"
 #include "DropTarget.h"
 #include "FocusRing.h"
+#include "LayerMenu.h"
 #include "LiveSlideMark.h"
 #include "SelectionMarks.h"
 #include "Show.h"
 #include "ThemeColors.h"
 #include "TransferredData.h"
 
+#include <QContextMenuEvent>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -239,6 +242,32 @@ void SlideCanvas::mouseReleaseEvent(QMouseEvent *event)
         return;
     drag([this] { m_drag.end(); });
     showCursor(event->position());
+}
+
+/// The pointer's menu is that of the layer under it, the keyboard's that of the layer that keys
+/// work on.
+void SlideCanvas::contextMenuEvent(QContextMenuEvent *event)
+{
+    const bool isByKeyboard = event->reason() == QContextMenuEvent::Keyboard;
+    const SlideElement *layer = isByKeyboard ? keyLayer() : layerUnder(event->pos());
+    if (!layer || m_drag.isPressed())
+        return;
+    const QString id = layer->id;
+    if (isByKeyboard)
+        return openMenu(id);
+    focusLayer(std::nullopt);
+    m_store.selectElement(id);
+    makeLayerMenu(m_store, *this->layer(id), this)->popup(event->globalPos());
+}
+
+void SlideCanvas::openMenu(const QString &id)
+{
+    if (!layer(id))
+        return;
+    m_store.selectElement(id);
+    const QRectF inSight = boxOf(*layer(id)).normalized() & QRectF(rect());
+    const QPointF place = inSight.isEmpty() ? QRectF(rect()).center() : inSight.center();
+    makeLayerMenu(m_store, *layer(id), this)->popup(mapToGlobal(place.toPoint()));
 }
 
 /// Has \a change done to the drag, and the guides painted that come or go with it.

@@ -47,6 +47,8 @@ public:
 
     /// Does what a click on the layer does.
     void chooseLayer(const QString &id);
+    /// Selects the layer and opens its context menu on it. Nothing happens for an unknown id.
+    void openMenu(const QString &id);
     /// Does what Tab does when it reaches the layer; with none, when it reaches the canvas.
     void focusLayer(const std::optional<QString> &id);
 
@@ -58,6 +60,7 @@ protected:
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void keyReleaseEvent(QKeyEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;

@@ -2,6 +2,7 @@
 
 #include "AccessibleItem.h"
 #include "AccessibleText.h"
+#include "ContextMenu.h"
 #include "Typing.h"
 
 #include <QAbstractButton>
@@ -101,6 +102,8 @@ public:
         QStringList names = QAccessibleWidget::actionNames();
         if (m_button.isEnabled())
             names.prepend(clickAction());
+        if (m_button.isEnabled() && offersContextMenu(m_button))
+            names.append(showMenuAction());
         return names;
     }
 
@@ -108,6 +111,8 @@ public:
     {
         if (action == clickAction()) {
             clickSoon(m_button, [button = &m_button] { button->click(); });
+        } else if (action == showMenuAction() && offersContextMenu(m_button)) {
+            clickSoon(m_button, [button = &m_button] { openContextMenu(*button); });
         } else {
             QAccessibleWidget::doAction(action);
         }

@@ -32,7 +32,13 @@ public:
             : nullptr;
     }
 
-    QStringList actionNames() const override { return {pressAction(), setFocusAction()}; }
+    QStringList actionNames() const override
+    {
+        QStringList names{pressAction(), setFocusAction()};
+        if (hasMenu())
+            names.append(showMenuAction());
+        return names;
+    }
     QStringList keyBindingsForAction(const QString & /*action*/) const override { return {}; }
     void doAction(const QString &action) override
     {
@@ -40,15 +46,21 @@ public:
             press();
         } else if (isValid() && action == setFocusAction()) {
             takeFocus();
+        } else if (isValid() && action == showMenuAction()) {
+            showMenu();
         }
     }
 
     /// Does what a click on the item does. To be called while the item is valid, as takeFocus() is.
     virtual void press() const = 0;
 
+    virtual bool hasMenu() const { return false; }
+
 protected:
     /// Gives the item the keyboard, as far as it can have it.
     virtual void takeFocus() const = 0;
+    /// Opens the item's context menu, if it has one.
+    virtual void showMenu() const {}
 
 private:
     QPointer<QWidget> m_around;

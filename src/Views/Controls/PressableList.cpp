@@ -64,9 +64,16 @@ public:
         });
     }
 
+    bool hasMenu() const override { return m_list && m_list->hasMenus(); }
+
     const QPersistentModelIndex &index() const { return m_index; }
 
 protected:
+    void showMenu() const override
+    {
+        clickSoon(*m_list, [list = m_list, index = m_index] { list->openMenu(index); });
+    }
+
     void takeFocus() const override
     {
         m_list->setFocus(Qt::OtherFocusReason);

@@ -18,6 +18,11 @@ public:
     virtual void choose(const QModelIndex &index) = 0;
 
     [[nodiscard]] virtual bool isChosen(const QModelIndex &index) const = 0;
+
+    /// Whether rows have a context menu.
+    [[nodiscard]] virtual bool hasMenus() const { return false; }
+    /// Brings a row into sight and opens its context menu on it, if rows have one.
+    virtual void openMenu(const QModelIndex & /*index*/) {}
 };
 
 } // namespace quenara

@@ -2,6 +2,7 @@
 
 #include "AccessibleControls.h"
 #include "InspectorRows.h"
+#include "LayerMenu.h"
 #include "LayerRow.h"
 #include "PlainToolTip.h"
 #include "RoleLabel.h"
@@ -11,6 +12,7 @@
 #include "WorkspaceStore.h"
 
 #include <QHBoxLayout>
+#include <QMenu>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -132,23 +134,23 @@ LayerRow *LayerListView::makeRow()
         row->setChecked(m_store.selectedElementID() == row->contents().id);
     });
     connect(row, &LayerRow::visibilityClicked, this, [this, row] {
-        updateLayerOf(*row, [](SlideElement &layer) { layer.visible = !layer.visible; });
+        changeLayer(m_store, row->contents().id,
+                    [](SlideElement &layer) { layer.visible = !layer.visible; });
     });
     connect(row, &LayerRow::lockClicked, this, [this, row] {
-        updateLayerOf(*row, [](SlideElement &layer) { layer.locked = !layer.locked; });
+        changeLayer(m_store, row->contents().id,
+                    [](SlideElement &layer) { layer.locked = !layer.locked; });
     });
+    connect(row, &LayerRow::menuRequested, this,
+            [this, row](const QPoint &place) { openMenu(row->contents().id, place); });
     return row;
 }
 
-/// Selects the layer first, since the store updates no other. The update is an undo step of its
-/// own, even while a gesture is open elsewhere.
-void LayerListView::updateLayerOf(const LayerRow &row,
-                                  const std::function<void(SlideElement &)> &update)
+void LayerListView::openMenu(const QString &layerID, const QPoint &place)
 {
-    m_store.selectElement(row.contents().id);
-    const GestureID click = m_store.beginGesture();
-    m_store.updateSelectedElement(update);
-    m_store.endGesture(click);
+    m_store.selectElement(layerID);
+    if (const std::optional<SlideElement> layer = m_store.selectedElement())
+        makeLayerMenu(m_store, *layer, this)->popup(place);
 }
 
 /// Tells which texts are not shown as they are. What is looked at is the design, so that no other

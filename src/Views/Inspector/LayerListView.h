@@ -6,7 +6,6 @@
 #include <QList>
 #include <QWidget>
 
-#include <functional>
 #include <optional>
 
 class QLabel;
@@ -30,7 +29,7 @@ private:
     QWidget *makeHeader();
     QWidget *makeActions();
     LayerRow *makeRow();
-    void updateLayerOf(const LayerRow &row, const std::function<void(SlideElement &)> &update);
+    void openMenu(const QString &layerID, const QPoint &place);
     void showStore();
     QList<LayerRow::Contents> chosenRows(const QList<LayerRow::Contents> &all);
     void showWarning(const std::optional<Slide> &slide);

@@ -1,11 +1,13 @@
 #include "LayerRow.h"
 
 #include "AccessibleControls.h"
+#include "ContextMenu.h"
 #include "ElidedLabel.h"
 #include "SymbolButton.h"
 #include "Symbols.h"
 #include "ThemeColors.h"
 
+#include <QContextMenuEvent>
 #include <QHBoxLayout>
 #include <QPainter>
 
@@ -47,6 +49,7 @@ LayerRow::LayerRow(QWidget *parent)
       m_lock(new SymbolButton({}, {}, SymbolButton::Look::icon))
 {
     setAccessibleRole(*this, QAccessible::ListItem);
+    offerContextMenu(*this);
     setCheckable(true);
     setFocusPolicy(Qt::TabFocus);
     setAttribute(Qt::WA_Hover);
@@ -102,6 +105,12 @@ void LayerRow::showContents()
 QSize LayerRow::sizeHint() const
 {
     return {layout()->sizeHint().width(), layerRowHeight};
+}
+
+void LayerRow::contextMenuEvent(QContextMenuEvent *event)
+{
+    const bool isByKeyboard = event->reason() == QContextMenuEvent::Keyboard;
+    emit menuRequested(isByKeyboard ? mapToGlobal(rect().center()) : event->globalPos());
 }
 
 void LayerRow::paintEvent(QPaintEvent * /*event*/)

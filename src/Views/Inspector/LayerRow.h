@@ -41,8 +41,11 @@ public:
 signals:
     void visibilityClicked();
     void lockClicked();
+    /// The context menu is to be opened there on the screen.
+    void menuRequested(const QPoint &place);
 
 protected:
+    void contextMenuEvent(QContextMenuEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:

@@ -384,19 +384,30 @@ void RundownList::contextMenuEvent(QContextMenuEvent *event)
 {
     if (m_drag->isPressed())
         return;
-    const bool isByKeyboard = event->reason() == QContextMenuEvent::Keyboard;
-    const QModelIndex index = isByKeyboard ? currentIndex() : indexAt(event->pos());
+    if (event->reason() == QContextMenuEvent::Keyboard)
+        return openMenu(currentIndex());
+    const QModelIndex index = indexAt(event->pos());
+    if (index.isValid())
+        makeMenu(index)->popup(event->globalPos());
+}
+
+void RundownList::openMenu(const QModelIndex &index)
+{
     if (!index.isValid())
         return;
+    scrollTo(index);
+    makeMenu(index)->popup(viewport()->mapToGlobal(visualRect(index).center()));
+}
+
+QMenu *RundownList::makeMenu(const QModelIndex &index)
+{
+    if (!m_model->serviceItemAt(index))
+        return makeSlideMenu(m_store, m_commands, index.data(RundownModel::idRole).toString(),
+                             this);
     const QPersistentModelIndex row(index);
-    QMenu *menu = m_model->serviceItemAt(index)
-        ? makeSectionMenu(
-            *m_model, index, [this, row] { rename(row); }, this)
-        : makeSlideMenu(m_store, m_commands, index.data(RundownModel::idRole).toString(), this);
-    if (isByKeyboard)
-        scrollTo(index);
-    menu->popup(isByKeyboard ? viewport()->mapToGlobal(visualRect(index).center())
-                             : event->globalPos());
+    return makeSectionMenu(
+        {.store = m_store, .commands = m_commands, .model = *m_model}, index,
+        [this, row] { rename(row); }, this);
 }
 
 /// Paints row by row: QListView would paint all rows that lie between two that changed.

@@ -6,6 +6,8 @@
 #include <functional>
 #include <optional>
 
+class QMenu;
+
 namespace quenara {
 
 class CommandActions;
@@ -37,6 +39,8 @@ public:
 
     void choose(const QModelIndex &index) override;
     bool isChosen(const QModelIndex &index) const override;
+    bool hasMenus() const override { return true; }
+    void openMenu(const QModelIndex &index) override;
 
     /// Does \a move, which moves the section with that id, and scrolls along with it: its row stays
     /// where it is in the viewport, beyond the ends of the list if need be. endHold() comes back
@@ -69,6 +73,7 @@ protected:
     void updateGeometries() override;
 
 private:
+    QMenu *makeMenu(const QModelIndex &index);
     void rename(const QModelIndex &index);
     void drop();
     void goTo(const QModelIndex &row);

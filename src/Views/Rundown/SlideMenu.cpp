@@ -1,6 +1,7 @@
 #include "SlideMenu.h"
 
 #include "CommandActions.h"
+#include "ContextMenu.h"
 #include "WorkspaceStore.h"
 
 #include <QMenu>
@@ -10,8 +11,7 @@ namespace quenara {
 QMenu *makeSlideMenu(WorkspaceStore &store, const CommandActions &commands, const QString &slideID,
                      QWidget *parent)
 {
-    auto *menu = new QMenu(parent);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
+    QMenu *menu = makeContextMenu(parent);
     const auto add = [&](Command command, const auto &select) {
         menu->addAction(commands.action(command)->text(), &commands, [&commands, select, command] {
             commands.selectAndPerform(select, command);
