@@ -135,6 +135,13 @@ void chooseByKeyboard(QMenu &menu, QAction &choice)
     QTest::keyClick(&menu, Qt::Key_Return);
 }
 
+QAction &anyChoice(Program &program, const QMenu &menu)
+{
+    QList<QAction *> choices = menu.actions();
+    choices.removeIf([](const QAction *item) { return item->isSeparator() || !item->isEnabled(); });
+    return *program.anyOf(choices);
+}
+
 void useARowsMenu(Program &program)
 {
     const QModelIndex row = program.anyRow();
@@ -146,12 +153,12 @@ void useARowsMenu(Program &program)
     QApplication::sendEvent(program.list().viewport(), &event);
     auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
     QVERIFY(menu);
-    QAction *choice = program.anyOf(menu->actions());
+    QAction *choice = &anyChoice(program, *menu);
     if (QMenu *types = choice->menu()) {
         chooseByKeyboard(*menu, *choice);
         QTRY_VERIFY(types->isVisible());
         menu = types;
-        choice = program.anyOf(menu->actions());
+        choice = &anyChoice(program, *menu);
     }
     program.lastAction += u' ' + choice->text();
     chooseByKeyboard(*menu, *choice);
@@ -216,6 +223,20 @@ void useTheCanvas(Program &program)
     QTest::mouseRelease(canvas, Qt::LeftButton, Qt::NoModifier, anyPoint());
 }
 
+void useALayersMenu(Program &program)
+{
+    auto *canvas = program.operatorWindow.findChild<SlideCanvas *>();
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
+    QApplication::sendEvent(canvas, &event);
+    auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+    if (!menu)
+        return; // there is no layer
+    QAction &choice = anyChoice(program, *menu);
+    program.lastAction += u' ' + choice.text();
+    chooseByKeyboard(*menu, choice);
+    program.turnToOperator();
+}
+
 void importASong(Program &program)
 {
     press(program.operatorWindow, u"Paste song lyrics"_s);
@@ -243,6 +264,7 @@ constexpr auto actions = std::to_array<Action>({
     {"undo or redo", 8, undoOrRedo},
     {"a list", 4, chooseFromAList},
     {"the canvas", 6, useTheCanvas},
+    {"a layer's menu", 4, useALayersMenu},
     {"a song", 3, importASong},
     {"another document", 1, startAnew},
 });
