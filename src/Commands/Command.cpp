@@ -341,6 +341,8 @@ constexpr auto commands = std::to_array<CommandDescription>({
     {.command = Command::toggleStageFullScreen,
      .title = "Fill Screen with Monitor",
      .titleWhileOn = "Show Monitor in a Window",
+     .toolTip = "Have the stage monitor fill the screen that it is on, or be a window again, as a "
+                "double click on it does",
      .keys = {"F11"},
      .continuesTyping = true,
      .isPossible = canToggleStageFullScreen,

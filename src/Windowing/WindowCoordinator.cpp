@@ -155,7 +155,7 @@ OutputWindow *WindowCoordinator::makeStageWindow(const WorkspaceStore &store,
     connect(window, &OutputWindow::windowStateChanged, this, [this, window, view, escape] {
         view->setMagnified(window->isFullScreen());
         escape->setEnabled(window->isFullScreen());
-        emit isStageFullScreenChanged();
+        keepStageOffDisplay();
     });
     m_stagePlacement.follow(*window);
     m_stageStore = &store;
@@ -195,10 +195,11 @@ void WindowCoordinator::leaveStageFullScreen()
         m_stage.window->setWindowState(m_stage.window->windowState() & ~Qt::WindowFullScreen);
 }
 
-/// Of the two, it is the display that fills a screen.
+/// Of the two, it is the display that fills a screen, whatever the desktop has made of them.
 void WindowCoordinator::keepStageOffDisplay()
 {
-    if (isStageFullScreen() && m_placement.sharesScreen(*m_display.window, *m_stage.window))
+    if (isStageFullScreen() && m_display.window
+        && m_placement.sharesScreen(*m_display.window, *m_stage.window))
         leaveStageFullScreen();
     emit isStageFullScreenChanged();
 }
@@ -335,7 +336,7 @@ void WindowCoordinator::showStage(OutputWindow *window)
 {
     window->show();
     connect(window->windowHandle(), &QWindow::screenChanged, this,
-            &WindowCoordinator::isStageFullScreenChanged);
+            &WindowCoordinator::keepStageOffDisplay);
     adopt(m_stage, window);
 }
 

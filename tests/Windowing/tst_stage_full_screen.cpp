@@ -65,6 +65,12 @@ void pressF11WhileATextIsTyped(Program &program)
     QVERIFY(name->hasFocus() || program.stage().isActiveWindow());
 }
 
+/// As a window manager does by a key of its own.
+void haveTheDesktopFillTheScreen(Program &program)
+{
+    program.stage().setWindowState(program.stage().windowState() ^ Qt::WindowFullScreen);
+}
+
 void chooseTheMenuItem(Program &program)
 {
     program.command().trigger();
@@ -84,6 +90,7 @@ void addWays()
     QTest::newRow("F11 in the operator's window") << Way(pressF11InTheOperatorWindow);
     QTest::newRow("F11 while a text is typed") << Way(pressF11WhileATextIsTyped);
     QTest::newRow("the menu item") << Way(chooseTheMenuItem);
+    QTest::newRow("the desktop") << Way(haveTheDesktopFillTheScreen);
 }
 
 } // namespace
@@ -189,6 +196,7 @@ private slots:
         QTest::newRow("a double click") << Way(doubleClickOnTheWords);
         QTest::newRow("F11") << Way(pressF11There);
         QTest::newRow("the menu item") << Way(chooseTheMenuItem);
+        QTest::newRow("the desktop") << Way(haveTheDesktopFillTheScreen);
     }
 
     void itNeverFillsTheScreenOfTheDisplay()
