@@ -43,7 +43,7 @@ MENUS = {
              "Move Section Down", "Settings..."],
     "Transport": ["Go Live", "Go Live", "Next Live Slide", "Previous Live Slide", "Queue Next",
                   "Queue Previous", "Go to Slide...", "Toggle Blackout", "Toggle Logo"],
-    "Output": ["Open Display Window", "Open Monitor Window"],
+    "Output": ["Open Display Window", "Open Monitor Window", "Fill Screen with Monitor"],
     "Help": ["About Quenara"],
 }
 
