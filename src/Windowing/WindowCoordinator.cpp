@@ -151,7 +151,8 @@ OutputWindow *WindowCoordinator::makeStageWindow(const WorkspaceStore &store,
     escape->setAutoRepeat(false);
     escape->setEnabled(false);
     connect(escape, &QShortcut::activated, this, &WindowCoordinator::leaveStageFullScreen);
-    connect(window, &OutputWindow::doubleClicked, this, &WindowCoordinator::toggleStageFullScreen);
+    connect(window, &OutputWindow::doubleClicked, this,
+            [this] { toggleStageFullScreen(Opening::asked); });
     connect(window, &OutputWindow::windowStateChanged, this, [this, window, view, escape] {
         view->setMagnified(window->isFullScreen());
         escape->setEnabled(window->isFullScreen());
@@ -178,14 +179,24 @@ bool WindowCoordinator::canToggleStageFullScreen() const
 
 void WindowCoordinator::toggleStageFullScreen()
 {
+    const bool hasKeys = m_stage.window && m_stage.window->isActiveWindow();
+    toggleStageFullScreen(hasKeys ? Opening::asked : Opening::unasked);
+}
+
+void WindowCoordinator::toggleStageFullScreen(Opening opening)
+{
     if (isStageFullScreen())
         return leaveStageFullScreen();
     if (!canToggleStageFullScreen())
         return;
     OutputWindow &stage = *m_stage.window;
+    const bool coversOperator = m_placement.coversOperator(stage);
+    // Window managers give the keyboard to what fills a screen.
+    if (opening == Opening::unasked && !coversOperator && !stage.findChild<UnaskedKeyboard *>())
+        new UnaskedKeyboard(stage);
     stage.setWindowState((stage.windowState() & ~Qt::WindowMinimized) | Qt::WindowFullScreen);
     // Over what the operator sees, Escape must reach it.
-    if (m_placement.coversOperator(stage))
+    if (coversOperator)
         bringToFront(stage);
 }
 

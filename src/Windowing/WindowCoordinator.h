@@ -123,6 +123,7 @@ private:
     void reopenDisplay();
     void reopenStage();
     void leaveDisplay();
+    void toggleStageFullScreen(Opening opening);
     void leaveStageFullScreen();
     void keepStageOffDisplay();
 

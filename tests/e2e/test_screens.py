@@ -196,6 +196,27 @@ class Screens(TwoScreenCase):
         self.assertIn("Evening Show", program.focused_title())
         self.assertEqual(program.area(DISPLAY), SECOND_SCREEN)
 
+    def test_a_stage_monitor_that_filled_its_screen_fills_it_again_and_keeps_its_window(self):
+        program = self.start_showing()
+        place = self.put_stage_on_third_screen(program)
+
+        def see_stage_at(area):
+            wait_until(lambda: program.area(STAGE) == area, f"{area} to be the stage monitor's")
+
+        program.press("F11")
+        see_stage_at(THIRD_SCREEN)
+        wait_until(lambda: "Evening Show" in program.focused_title(), "the operator window")
+        program.wait_until_at_rest()
+        self.server.unplug_third_screen()
+        program.wait_for_no_window(STAGE)
+        self.server.plug_third_screen()
+        program.wait_for_window(STAGE)
+        see_stage_at(THIRD_SCREEN)
+        wait_until(lambda: "Evening Show" in program.focused_title(), "the operator window")
+        self.assertEqual(program.area(DISPLAY), SECOND_SCREEN)
+        program.press("F11")
+        see_stage_at(place)
+
     def test_a_stage_monitor_waits_for_its_own_screen(self):
         program = self.start_showing()
         self.put_stage_on_third_screen(program)
