@@ -75,4 +75,31 @@ FilePanel zelvoProjectSavePanel(const QString &defaultName)
             .defaultSuffix = QLatin1String(ProjectFileService::fileExtension)};
 }
 
+FilePanel exportedPagesPanel(const QString &defaultName)
+{
+    const QString suffix = QStringLiteral("pdf");
+    return {.kind = FilePanel::Kind::save,
+            .content = FilePanel::Content::exported,
+            .title = QStringLiteral("Export as PDF"),
+            .filters = {{QStringLiteral("PDF documents"), {QStringLiteral("*.") + suffix}}},
+            .fileName = QStringLiteral("%1.%2").arg(defaultName, suffix),
+            .defaultSuffix = suffix};
+}
+
+FilePanel exportedPicturesPanel()
+{
+    return {.kind = FilePanel::Kind::folder,
+            .content = FilePanel::Content::exported,
+            .title = QStringLiteral("Choose Where the Folder of Pictures Goes"),
+            .filters = {},
+            .fileName = {},
+            .defaultSuffix = {}};
+}
+
+QString proposedName(const QString &projectName)
+{
+    constexpr qsizetype longestName = 200; // that file systems have room for in all writings
+    return projectName.isEmpty() ? QStringLiteral("Quenara") : projectName.left(longestName);
+}
+
 } // namespace quenara

@@ -12,8 +12,8 @@ namespace quenara {
 /// A file panel as a value: what to ask for, not how it is shown.
 struct FilePanel
 {
-    enum class Kind { open, save };
-    enum class Content { project, image };
+    enum class Kind { open, save, folder };
+    enum class Content { project, image, exported };
 
     struct Filter
     {
@@ -26,7 +26,7 @@ struct FilePanel
     Kind kind = Kind::open;
     Content content = Content::project;
     QString title;
-    QList<Filter> filters; ///< the first one is chosen at first
+    QList<Filter> filters; ///< the first one is chosen at first; of a folder there are none
     QString fileName; ///< what the name field of a save panel starts with
     QString defaultSuffix; ///< added to a saved name that lacks it; empty for none
 
@@ -40,13 +40,22 @@ struct FilePanel
 /// The name field starts with \a defaultName, with ".quenara" added unless it ends so already.
 [[nodiscard]] FilePanel zelvoProjectSavePanel(const QString &defaultName);
 
+/// The name field starts with \a defaultName and ".pdf".
+[[nodiscard]] FilePanel exportedPagesPanel(const QString &defaultName);
+/// Asks for a folder.
+[[nodiscard]] FilePanel exportedPicturesPanel();
+
+/// What a file of the project of that name is to be called, without a suffix.
+[[nodiscard]] QString proposedName(const QString &projectName);
+
 /// Shows file panels to the operator.
 class FilePanelRunner
 {
 public:
     virtual ~FilePanelRunner() = default;
 
-    /// Runs the panel modally. Returns the chosen file, or nothing if the operator cancels.
+    /// Runs the panel modally. Returns the chosen file or folder, or nothing if the operator
+    /// cancels.
     virtual std::optional<QUrl> run(const FilePanel &panel) = 0;
 };
 

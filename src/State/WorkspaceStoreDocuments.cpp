@@ -146,10 +146,7 @@ void WorkspaceStore::save(const QUrl &url)
 
 void WorkspaceStore::saveProjectAs()
 {
-    constexpr qsizetype longestName = 200; // that file systems have room for in all writings
-    const QString name = m_state.project.name.left(longestName);
-    const FilePanel panel =
-        zelvoProjectSavePanel(name.isEmpty() ? QStringLiteral("Quenara") : name);
+    const FilePanel panel = zelvoProjectSavePanel(proposedName(m_state.project.name));
     if (const std::optional<QUrl> url = m_environment.panels.run(panel))
         save(*url);
 }

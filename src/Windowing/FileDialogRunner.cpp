@@ -2,6 +2,7 @@
 
 #include "AlertBox.h"
 #include "DialogParts.h"
+#include "FileNames.h"
 #include "NameInSentence.h"
 #include "WindowPlace.h"
 
@@ -9,13 +10,11 @@
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QRegularExpression>
 #include <QScopedValueRollback>
 #include <QScreen>
 #include <QSplitter>
 #include <QStandardPaths>
 
-#include <algorithm>
 #include <utility>
 
 namespace quenara {
@@ -33,6 +32,19 @@ QStringList nameFilters(const FilePanel &panel)
             QStringLiteral("%1 (%2)").arg(filter.title, filter.patterns.join(QLatin1Char(' '))));
     }
     return filters;
+}
+
+QFileDialog::FileMode fileModeOf(FilePanel::Kind kind)
+{
+    switch (kind) {
+    case FilePanel::Kind::open:
+        return QFileDialog::ExistingFile;
+    case FilePanel::Kind::save:
+        return QFileDialog::AnyFile;
+    case FilePanel::Kind::folder:
+        break;
+    }
+    return QFileDialog::Directory;
 }
 
 /// The field for the name in Qt's own dialog; null in a platform's dialog.
@@ -64,7 +76,7 @@ QDir userFolder(QStandardPaths::StandardLocation kind)
 
 FileDialogRunner::FileDialogRunner(DialogOwner owner)
     : m_owner(std::move(owner)), m_projects(userFolder(QStandardPaths::DocumentsLocation)),
-      m_images(userFolder(QStandardPaths::PicturesLocation))
+      m_images(userFolder(QStandardPaths::PicturesLocation)), m_exports(m_projects)
 {}
 
 std::optional<QUrl> FileDialogRunner::run(const FilePanel &panel)
@@ -91,12 +103,21 @@ void FileDialogRunner::startBeside(const QUrl &project)
 
 QDir &FileDialogRunner::folderOf(const FilePanel &panel)
 {
-    return panel.content == FilePanel::Content::image ? m_images : m_projects;
+    switch (panel.content) {
+    case FilePanel::Content::project:
+        return m_projects;
+    case FilePanel::Content::image:
+        return m_images;
+    case FilePanel::Content::exported:
+        break;
+    }
+    return m_exports;
 }
 
 std::optional<QString> FileDialogRunner::chosenPath(const FilePanel &panel)
 {
     const bool saves = panel.kind == FilePanel::Kind::save;
+    const bool isFolder = panel.kind == FilePanel::Kind::folder;
     QFileDialog dialog(m_owner(), panel.title, folderOf(panel).path());
     dialog.resize(sizeWithin(m_owner()->screen()->availableSize(), dialogSize, usualFrame));
     // Qt's own dialog has a splitter, and leaves the list of places hardly any room in it.
@@ -104,8 +125,10 @@ std::optional<QString> FileDialogRunner::chosenPath(const FilePanel &panel)
         splitter->setSizes({placesWidth, dialogSize.width() - placesWidth});
     dialog.setWindowModality(Qt::WindowModal); // the audience window keeps its keys
     dialog.setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
-    dialog.setFileMode(saves ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
-    dialog.setNameFilters(nameFilters(panel));
+    dialog.setFileMode(fileModeOf(panel.kind));
+    dialog.setOption(QFileDialog::ShowDirsOnly, isFolder);
+    if (!isFolder)
+        dialog.setNameFilters(nameFilters(panel));
     dialog.setSupportedSchemes({QStringLiteral("file")});
     // The dialog would ask about the name before the suffix is added to it.
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
@@ -117,7 +140,7 @@ std::optional<QString> FileDialogRunner::chosenPath(const FilePanel &panel)
     if (runInFront(dialog) != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return std::nullopt;
     const QString path = chosenFile(dialog);
-    folderOf(panel) = QFileInfo(path).dir();
+    folderOf(panel) = isFolder ? QDir(path) : QFileInfo(path).dir();
     return saves ? savedPath(panel, path) : path;
 }
 
@@ -134,21 +157,6 @@ bool FileDialogRunner::mayReplace(const QString &path)
     box.setEscapeButton(AlertBox::Cancel);
     runInFront(box);
     return box.clickedButton() == replace;
-}
-
-QString fileNameFrom(const QString &name)
-{
-    constexpr qsizetype longest = 255; // bytes, on every file system that is in use
-    static const QRegularExpression unfit(QStringLiteral(R"([/\\"\x{00}-\x{1f}\x{7f}]+)"));
-    static const QRegularExpression hiding(QStringLiteral(R"(^[\s.]+)"));
-    QString fit = name;
-    fit.replace(unfit, QStringLiteral("-")).remove(hiding);
-    const qsizetype dot = std::max<qsizetype>(0, fit.lastIndexOf(QLatin1Char('.')));
-    const QString suffix = fit.mid(dot);
-    QString stem = fit.first(dot).trimmed();
-    while (!stem.isEmpty() && QFile::encodeName(stem + suffix).size() > longest)
-        stem.chop(stem.back().isLowSurrogate() ? 2 : 1);
-    return stem + suffix;
 }
 
 QString savedPath(const FilePanel &panel, const QString &path)

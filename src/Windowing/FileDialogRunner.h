@@ -8,8 +8,8 @@
 namespace quenara {
 
 /// Runs file panels as the platform's own file dialogs, one at a time; a second request while one
-/// is open counts as cancelled. Panels for projects start in the documents folder and those for
-/// images in the pictures folder, then each where the last file of its kind was.
+/// is open counts as cancelled. Panels for images start in the pictures folder and all others in
+/// the documents folder, then each where the last file of its kind was.
 class FileDialogRunner : public FilePanelRunner
 {
 public:
@@ -32,12 +32,9 @@ private:
     DialogOwner m_owner;
     QDir m_projects;
     QDir m_images;
+    QDir m_exports;
     bool m_isRunning = false;
 };
-
-/// \a name, which has a suffix, as the name of a file that is not hidden in a folder: without
-/// separators, quotes and control characters, and no longer than file systems take.
-[[nodiscard]] QString fileNameFrom(const QString &name);
 
 /// \a path as \a panel saves it: with the panel's suffix unless it ends so already.
 [[nodiscard]] QString savedPath(const FilePanel &panel, const QString &path);

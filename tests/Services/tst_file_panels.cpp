@@ -87,6 +87,28 @@ private slots:
         QFETCH(QString, defaultName);
         QTEST(zelvoProjectSavePanel(defaultName).fileName, "expected");
     }
+
+    void aDocumentOfPagesIsSavedAsOne()
+    {
+        const FilePanel panel = exportedPagesPanel(u"Sunday"_s);
+        QCOMPARE(panel.kind, FilePanel::Kind::save);
+        QCOMPARE(panel.fileName, u"Sunday.pdf"_s);
+        QCOMPARE(panel.defaultSuffix, u"pdf"_s);
+        QCOMPARE(panel.filters.constFirst().patterns, QStringList{u"*.pdf"_s});
+    }
+
+    void picturesAreGivenAFolder()
+    {
+        QCOMPARE(exportedPicturesPanel().kind, FilePanel::Kind::folder);
+        QVERIFY(exportedPicturesPanel().fileName.isEmpty());
+    }
+
+    void aFileIsCalledAsItsProject()
+    {
+        QCOMPARE(proposedName(u"Sunday"_s), u"Sunday"_s);
+        QCOMPARE(proposedName({}), u"Quenara"_s);
+        QCOMPARE(proposedName(QString(1000, u'a')).size(), 200);
+    }
 };
 
 QUENARA_TEST(TestFilePanels)

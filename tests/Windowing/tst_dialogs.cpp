@@ -13,6 +13,7 @@
 #include <QMessageBox>
 #include <QPointer>
 #include <QPushButton>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QWindow>
@@ -175,6 +176,21 @@ private slots:
         QFETCH(LeaveAnswer, expected);
         const Operator person({step});
         QCOMPARE(LeaveQuestionBox(m_owner).ask(question), expected);
+    }
+
+    void aFolderIsChosenByItsNameOrAsTheOneThatIsShown()
+    {
+        const QTemporaryDir folder;
+        const auto choose = [&](const Operator::Step &step) {
+            FileDialogRunner runner(m_owner);
+            const Operator person({step});
+            return runner.run(exportedPicturesPanel());
+        };
+        QCOMPARE(choose(typeName(folder.path())), QUrl::fromLocalFile(folder.path()));
+        QCOMPARE(
+            choose(press(u"Choose"_s)),
+            QUrl::fromLocalFile(QStandardPaths::writableLocation(QStandardPaths::HomeLocation)));
+        QCOMPARE(choose(pressEscape), std::optional<QUrl>());
     }
 
     void theQuestionShowsItsTextsAndStandsOnTheOperatorsWindow()
