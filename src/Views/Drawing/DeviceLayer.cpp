@@ -35,7 +35,12 @@ void DeviceLayer::draw(QPainter &painter, double opacity) const
     useDevicePixels(painter);
     painter.setOpacity(painter.opacity() * opacity);
     painter.setRenderHint(QPainter::SmoothPixmapTransform, reduction > 1);
-    if (reduction == 1) {
+    if (isOnPage(painter)) {
+        // Who shows the page may enlarge an image without smoothing it.
+        painter.drawImage(origin,
+                          image.scaled(image.size() * reduction, Qt::IgnoreAspectRatio,
+                                       Qt::SmoothTransformation));
+    } else if (reduction == 1) {
         painter.drawImage(origin, image);
     } else {
         const QRectF enlarged(origin, image.size() * reduction);

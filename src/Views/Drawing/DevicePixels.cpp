@@ -1,6 +1,7 @@
 #include "DevicePixels.h"
 
 #include <QPaintDevice>
+#include <QPaintEngine>
 
 #include <algorithm>
 #include <cmath>
@@ -77,6 +78,11 @@ void clipToPixels(QPainter &painter, const QRect &pixels)
     useDevicePixels(painter);
     painter.setClipRect(pixels, Qt::IntersectClip);
     painter.setWorldTransform(transform);
+}
+
+bool isOnPage(const QPainter &painter)
+{
+    return painter.paintEngine()->type() == QPaintEngine::Pdf;
 }
 
 double deviceScale(const QPainter &painter)

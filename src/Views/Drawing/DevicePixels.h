@@ -35,6 +35,10 @@ void useDevicePixels(QPainter &painter);
 /// Adds \a pixels of the device to what \a painter is clipped to.
 void clipToPixels(QPainter &painter, const QRect &pixels);
 
+/// Whether what is painted becomes the shapes, letters and images of a page of a document rather
+/// than pixels.
+[[nodiscard]] bool isOnPage(const QPainter &painter);
+
 /// How many device pixels one unit of the painter's coordinates is long. The geometric mean of both
 /// directions if the painter scales them differently.
 [[nodiscard]] double deviceScale(const QPainter &painter);

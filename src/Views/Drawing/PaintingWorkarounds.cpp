@@ -51,7 +51,7 @@ void paintInBands(QPainter &painter, const QRectF &bounds, int runs,
     const QRect covered = visiblePixels(painter, bounds);
     if (covered.isEmpty())
         return;
-    if (covered.height() <= height) {
+    if (covered.height() <= height || isOnPage(painter)) {
         paint();
         return;
     }

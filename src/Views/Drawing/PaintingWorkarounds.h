@@ -25,7 +25,8 @@ void releaseVectorRegisters();
 /// them (Qt 6.4.2). For a window's worth of pixels the wait takes longer than the filling, and on a
 /// busy machine it has no bound. This has \a paint called for one band of \a bounds (the painter's
 /// coordinates) after another, from top to bottom, each low enough to be filled without threads.
-/// \a runs is the most runs of pixels that \a paint fills in one row.
+/// \a runs is the most runs of pixels that \a paint fills in one row. On a page, where nothing
+/// waits and the seams would show, it is called once.
 void paintInBands(QPainter &painter, const QRectF &bounds, int runs,
                   const std::function<void()> &paint);
 

@@ -245,6 +245,29 @@ bool GradientFill::isOpaque() const
     return start.alphaF() >= 1 && end.alphaF() >= 1;
 }
 
+/// The same for a page, on which who shows it computes each shade.
+QGradient GradientFill::shading(const QRectF &slide) const
+{
+    QGradient gradient;
+    switch (direction) {
+    case GradientDirection::vertical:
+        gradient = QLinearGradient(slide.topLeft(), slide.bottomLeft());
+        break;
+    case GradientDirection::horizontal:
+        gradient = QLinearGradient(slide.topLeft(), slide.topRight());
+        break;
+    case GradientDirection::diagonal:
+        gradient = QLinearGradient(slide.topLeft(), slide.bottomRight());
+        break;
+    case GradientDirection::radialHint:
+        gradient = QRadialGradient(slide.center(), endRadius);
+        break;
+    }
+    gradient.setColorAt(0, start);
+    gradient.setColorAt(1, end);
+    return gradient;
+}
+
 void GradientFill::paint(QPainter &painter, const QRectF &slide) const
 {
     const QRect visible = visiblePixels(painter, slide);
@@ -260,6 +283,8 @@ void GradientFill::paint(QPainter &painter, const QRectF &slide) const
         painter.restore();
         return;
     }
+    if (isOnPage(painter))
+        return painter.fillRect(slide, shading(slide));
     const QRect area = whole.toAlignedRect();
     const PaintRow paintRow = rowsOf(*this, area.size(), deviceScale(painter));
     const int bandHeight = std::clamp(bandPixels / area.width(), 1, visible.height());

@@ -2,6 +2,7 @@
 
 #include "SlideDesignModels.h"
 
+#include <QBrush>
 #include <QColor>
 #include <QPainter>
 #include <QRectF>
@@ -23,6 +24,9 @@ struct GradientFill
     void paint(QPainter &painter, const QRectF &slide) const;
 
     [[nodiscard]] bool isOpaque() const;
+
+private:
+    QGradient shading(const QRectF &slide) const;
 };
 
 } // namespace quenara

@@ -84,7 +84,7 @@ bool SlideBackgroundRenderView::paintImage(QPainter &painter, const QRectF &slid
 void SlideBackgroundRenderView::paintFilling(QPainter &painter, const QRectF &slide,
                                              const QRectF &place, const QImage &image) const
 {
-    if (dim() > 0 && reachableArea.contains(slide)) {
+    if (dim() > 0 && reachableArea.contains(slide) && !isOnPage(painter)) {
         DarkenedImage{image, dim()}.paint(painter, place, slide.toRect());
     } else {
         painter.setClipRect(slide, Qt::IntersectClip);

@@ -32,8 +32,8 @@ struct SlideRendererView
     /// at the origin if the container is empty.
     [[nodiscard]] static QRectF fittedRect(const QSizeF &container, double aspectRatio);
 
-private:
-    QRectF slideRect(const QRectF &area) const;
+    /// The part of \a area that the slide covers. Empty if it covers none.
+    [[nodiscard]] QRectF slideRect(const QRectF &area) const;
 };
 
 } // namespace quenara

@@ -51,6 +51,15 @@ bool needsDictionary(QChar character)
     }
 }
 
+/// How far down a line at \a baseline is moved to stand on a whole row of device pixels.
+double toWholeRow(const QTransform &toDevice, double baseline)
+{
+    if (toDevice.type() > QTransform::TxScale)
+        return 0;
+    const double row = toDevice.map(QPointF(0, baseline)).y();
+    return (std::floor(row + 0.5) - row) / toDevice.m22();
+}
+
 } // namespace
 
 TextBlock::TextBlock(const TextElementProperties &text, const QSizeF &box, const TextLimits &limits)
@@ -289,7 +298,10 @@ void TextBlock::draw(QPainter &painter, RenderCaches &caches, Placement placemen
     painter.scale(unit(), unit());
     drawEmoji(painter, caches);
     const double scale = deviceScale(painter);
-    if (scale * layoutPixelSize < largestCachedGlyph && placement == Placement::onWholeRows) {
+    if (isOnPage(painter)) {
+        drawOnPage(painter);
+    } else if (scale * layoutPixelSize < largestCachedGlyph
+               && placement == Placement::onWholeRows) {
         for (const LineLetters &letters : m_letters) {
             QGlyphRun run = letters.run;
             run.setRawFont(caches.fonts.font(run.rawFont(), scale));
@@ -351,6 +363,15 @@ void TextBlock::drawEmoji(QPainter &painter, RenderCaches &caches)
     }
 }
 
+/// Draws what stays text on the page, where the faces are made a part of the document.
+void TextBlock::drawOnPage(QPainter &painter)
+{
+    for (const LineLetters &letters : m_letters) {
+        const QPointF down(0, toWholeRow(painter.deviceTransform(), letters.baseline));
+        painter.drawGlyphRun(down, letters.run);
+    }
+}
+
 /// Collects the outlines once. Qt asks the font for those of large glyphs each time that they are
 /// drawn.
 void TextBlock::traceGlyphs(RenderCaches &caches)
@@ -379,14 +400,10 @@ void TextBlock::drawOutlines(QPainter &painter, RenderCaches &caches, Placement 
     painter.setPen(Qt::NoPen);
     const QTransform origin = painter.worldTransform();
     const QTransform toDevice = painter.deviceTransform();
-    const bool isOnRows =
-        placement == Placement::onWholeRows && toDevice.type() <= QTransform::TxScale;
-    const auto down = [&](double baseline) {
-        const double row = toDevice.map(QPointF(0, baseline)).y();
-        return isOnRows ? (std::floor(row + 0.5) - row) / toDevice.m22() : 0;
-    };
     for (const GlyphOutline &glyph : m_outlines) {
-        const QPointF place = glyph.position + QPointF(0, down(glyph.baseline));
+        const QPointF down(
+            0, placement == Placement::onWholeRows ? toWholeRow(toDevice, glyph.baseline) : 0);
+        const QPointF place = glyph.position + down;
         painter.setWorldTransform(QTransform::fromTranslate(place.x(), place.y()) * origin);
         painter.drawPath(glyph.path);
         releaseVectorRegisters(); // for the arithmetic of the next glyph's outline

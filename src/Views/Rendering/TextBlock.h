@@ -122,6 +122,7 @@ private:
     void gatherLetters(const QTextLine &line, int start, int end);
     void traceGlyphs(RenderCaches &caches);
     void drawEmoji(QPainter &painter, RenderCaches &caches);
+    void drawOnPage(QPainter &painter);
     void drawOutlines(QPainter &painter, RenderCaches &caches, Placement placement);
 
     TextElementProperties m_text;

@@ -94,13 +94,18 @@ void paintGlow(QPainter &painter, TextBlock &block, const Glow &glow, RenderCach
 /// seams must show.
 void paintText(QPainter &painter, TextBlock &block, QColor color, RenderCaches &caches)
 {
+    const QColor faded = color;
     const double opacity = color.alphaF();
     color.setAlphaF(1);
     const auto paint = [&](QPainter &target) {
         target.setPen(color);
         block.draw(target, caches);
     };
-    if (opacity < 1) {
+    // On a page, letters of one text do not show through one another.
+    if (isOnPage(painter)) {
+        painter.setPen(faded);
+        block.draw(painter, caches);
+    } else if (opacity < 1) {
         DeviceLayer::painted(painter, block.inkBounds(caches), roundingRoom, paint)
             .draw(painter, opacity);
     } else {
