@@ -1,5 +1,6 @@
 #include "CanvasBenchmarks.h"
 #include "EditingBenchmarks.h"
+#include "ExportBenchmarks.h"
 #include "ExtremeBenchmarks.h"
 #include "FileBenchmarks.h"
 #include "InterfaceStyle.h"
@@ -27,7 +28,7 @@ struct Group
 constexpr Group groups[] = {
     {"editing", editingFigures},   {"files", fileFigures},       {"rendering", renderingFigures},
     {"stage", stageFigures},       {"canvas", canvasFigures},    {"workplace", workplaceFigures},
-    {"recovery", recoveryFigures}, {"extremes", extremeFigures},
+    {"recovery", recoveryFigures}, {"extremes", extremeFigures}, {"export", exportFigures},
 };
 
 } // namespace

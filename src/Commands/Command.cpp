@@ -46,6 +46,11 @@ bool canRedo(const WorkspaceStore &store)
     return store.canRedo();
 }
 
+bool hasSlides(const WorkspaceStore &store)
+{
+    return slideCount(store.project()) > 0;
+}
+
 bool hasSelectedSlide(const WorkspaceStore &store)
 {
     return store.slideWithID(store.selectedSlideID()).has_value();
@@ -194,6 +199,12 @@ constexpr auto commands = std::to_array<CommandDescription>({
      .keys = {"Ctrl+Shift+S"},
      .worksOnDocument = true,
      .run = onStore<&WorkspaceStore::saveProjectAs>},
+    {.command = Command::exportShow,
+     .title = "Export...",
+     .keys = {"Ctrl+Shift+E"},
+     .worksOnDocument = true,
+     .isEnabled = hasSlides,
+     .run = request<&CommandActions::exportRequested>},
     {.command = Command::quit,
      .title = "Quit",
      .keys = {"Ctrl+Q"},

@@ -23,6 +23,7 @@ enum class Command : std::uint8_t {
     open,
     save,
     saveAs,
+    exportShow,
     quit,
     undo,
     redo,

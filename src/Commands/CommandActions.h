@@ -62,6 +62,7 @@ signals:
     void quitRequested();
     void settingsRequested();
     void goToSlideRequested();
+    void exportRequested();
     void aboutRequested();
 
 private:

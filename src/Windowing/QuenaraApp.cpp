@@ -48,6 +48,7 @@ QuenaraApp::QuenaraApp(const QPalette &platformPalette)
       m_operatorWindow(m_store, m_windows, m_guard, m_commands, m_menus, m_caches),
       m_windowMemory(m_operatorWindow, WindowMemory::standardFile()),
       m_settingsWindow(m_appearance, m_menus, &m_operatorWindow),
+      m_exportWindow(m_store, m_panels, m_menus, &m_operatorWindow),
       m_deferredPreferences(m_preferences, m_operatorWindow),
       m_sessionEnd(m_store, m_operatorWindow, m_guard, m_recorder)
 {
@@ -69,6 +70,8 @@ QuenaraApp::QuenaraApp(const QPalette &platformPalette)
     });
     QObject::connect(&m_commands, &CommandActions::settingsRequested, &m_settingsWindow,
                      &SettingsWindow::present);
+    QObject::connect(&m_commands, &CommandActions::exportRequested, &m_exportWindow,
+                     &ExportWindow::present);
     const auto recordWindows = [this] { m_recorder.setWindows(m_windows.sessionWindows()); };
     QObject::connect(&m_outputs, &OutputWindows::changed, &m_recorder, recordWindows);
     QObject::connect(&m_windows, &WindowCoordinator::windowMade, &m_recorder, recordWindows);

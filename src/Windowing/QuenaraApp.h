@@ -7,6 +7,7 @@
 #include "ContextMenuKey.h"
 #include "DeferredPreferences.h"
 #include "DocumentGuard.h"
+#include "ExportWindow.h"
 #include "FileDialogRunner.h"
 #include "FocusRing.h"
 #include "LatinKeys.h"
@@ -83,6 +84,7 @@ private:
     OperatorWindow m_operatorWindow;
     WindowMemory m_windowMemory;
     SettingsWindow m_settingsWindow;
+    ExportWindow m_exportWindow;
     DeferredPreferences m_deferredPreferences;
     SessionEnd m_sessionEnd;
     std::unique_ptr<Recovery> m_recovery;

@@ -27,6 +27,7 @@ struct MenuDescription
 constexpr auto newItems =
     std::to_array({Command::newProject, Command::newBlankProject, Command::newSundayService});
 constexpr auto fileItems = std::to_array({Command::open, Command::save, Command::saveAs});
+constexpr auto exportItems = std::to_array({Command::exportShow});
 constexpr auto quitItems = std::to_array({Command::quit});
 constexpr auto historyItems = std::to_array({Command::undo, Command::redo});
 constexpr auto selectionItems = std::to_array(
@@ -44,7 +45,7 @@ constexpr auto windowItems =
 constexpr auto fullScreenItems = std::to_array({Command::toggleStageFullScreen});
 constexpr auto aboutItems = std::to_array({Command::about});
 
-constexpr auto fileGroups = std::to_array<Group>({newItems, fileItems, quitItems});
+constexpr auto fileGroups = std::to_array<Group>({newItems, fileItems, exportItems, quitItems});
 constexpr auto editGroups =
     std::to_array<Group>({historyItems, selectionItems, moveItems, settingsItems});
 constexpr auto transportGroups =

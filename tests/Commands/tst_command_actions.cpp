@@ -130,12 +130,12 @@ private slots:
         world.store.selectSlide(u"B1"_s, true);
         QCOMPARE(disabled(), Commands{Command::undo});
         world.store.newBlankProject();
-        QCOMPARE(
-            disabled(),
-            (Commands{Command::undo, Command::redo, Command::cut, Command::copy, Command::duplicate,
-                      Command::deleteSelected, Command::goToSlide, Command::stepSlideUp,
-                      Command::stepSlideDown, Command::stepSectionUp, Command::stepSectionDown,
-                      Command::addTextLayer, Command::addLyricLayer, Command::addImageLayer}));
+        QCOMPARE(disabled(),
+                 (Commands{Command::exportShow, Command::undo, Command::redo, Command::cut,
+                           Command::copy, Command::duplicate, Command::deleteSelected,
+                           Command::goToSlide, Command::stepSlideUp, Command::stepSlideDown,
+                           Command::stepSectionUp, Command::stepSectionDown, Command::addTextLayer,
+                           Command::addLyricLayer, Command::addImageLayer}));
     }
 
     void whatMovesASlideOrASectionIsDisabledAtTheEndsOfTheRundown_data()
@@ -439,13 +439,16 @@ private slots:
         CommandWorld world;
         const QSignalSpy quit(&world.commands, &CommandActions::quitRequested);
         const QSignalSpy settings(&world.commands, &CommandActions::settingsRequested);
+        const QSignalSpy exports(&world.commands, &CommandActions::exportRequested);
         const QSignalSpy about(&world.commands, &CommandActions::aboutRequested);
         world.commands.perform(Command::quit);
         world.commands.perform(Command::settings);
+        world.commands.perform(Command::exportShow);
         world.commands.perform(Command::about);
         world.commands.perform(Command::toggleStageWindow);
         QCOMPARE(quit.size(), 1);
         QCOMPARE(settings.size(), 1);
+        QCOMPARE(exports.size(), 1);
         QCOMPARE(about.size(), 1);
         QVERIFY(world.outputs.isStageWindowOpen());
     }

@@ -238,6 +238,11 @@ inline void openSettings(Program &program)
     program.settings.present();
 }
 
+inline void openExport(Program &program)
+{
+    program.exports.present();
+}
+
 inline void openAlert(Program &program)
 {
     program.store.openProject(QUrl::fromLocalFile(QStringLiteral("/nowhere.quenara")));
@@ -342,6 +347,7 @@ inline constexpr State ownStates[] = {
     {"a slide is looked for", openGoToSlide},
     {"a section is renamed", renameSection},
     {"the settings are open", openSettings},
+    {"the export is open", openExport},
     {"an alert is open", openAlert},
     {"the program tells about itself", openAbout},
 };

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ContextMenuKey.h"
+#include "ExportWindow.h"
 #include "FocusRing.h"
 #include "SettingsWindow.h"
 #include "ShortcutGuard.h"
@@ -17,6 +18,7 @@ struct ProgramWindows : WindowingWorld
     FocusRing focusRing;
     OperatorWindow operatorWindow{store, windows, guard, commands, menus, caches};
     SettingsWindow settings{appearance, menus, &operatorWindow};
+    ExportWindow exports{store, panels, menus, &operatorWindow};
 
     ProgramWindows()
     {

@@ -43,6 +43,8 @@ struct AskingProgram : Program
         };
         QObject::connect(&commands, &CommandActions::settingsRequested, &settings,
                          &SettingsWindow::present);
+        QObject::connect(&commands, &CommandActions::exportRequested, &exports,
+                         &ExportWindow::present);
         operatorWindow.resize(largeEnough);
         arrange(*this);
         settle();

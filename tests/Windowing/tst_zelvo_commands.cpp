@@ -47,7 +47,7 @@ private slots:
             menuText(*menus.at(0)->menu()),
             QStringLiteral("New Project...|Ctrl+N\nNew Blank Project|\nNew Sunday Service|\n-\n"
                            "Open...|Ctrl+O\nOpen Recent|\nSave|Ctrl+S\nSave As...|Ctrl+Shift+S\n-\n"
-                           "Quit|Ctrl+Q"));
+                           "Export...|Ctrl+Shift+E\n-\nQuit|Ctrl+Q"));
         QCOMPARE(menuText(*menus.at(1)->menu()),
                  QStringLiteral("Undo|Ctrl+Z\nRedo|Ctrl+Shift+Z\n-\n"
                                 "Cut Slide|Ctrl+X\nCopy Slide|Ctrl+C\nPaste|Ctrl+V\n"
@@ -126,7 +126,7 @@ private slots:
                      {Command::undo, Command::redo, Command::cut, Command::copy, Command::duplicate,
                       Command::deleteSelected, Command::goToSlide, Command::stepSlideUp,
                       Command::stepSlideDown, Command::stepSectionUp, Command::stepSectionDown,
-                      Command::toggleStageFullScreen}) {
+                      Command::toggleStageFullScreen, Command::exportShow}) {
                     needsSomething = needsSomething || item == program.commands.action(command);
                 }
                 QCOMPARE(item->isEnabled(), !needsSomething);

@@ -37,7 +37,7 @@ EVERYWHERE = (PROJECT_BAR | RUNDOWN | CANVAS_HEADER | TRANSPORT | SLIDE_AND_LAYE
 
 MENUS = {
     "File": ["New Project...", "New Blank Project", "New Sunday Service", "Open...",
-             "Open Recent", "Save", "Save As...", "Quit"],
+             "Open Recent", "Save", "Save As...", "Export...", "Quit"],
     "Edit": ["Undo", "Redo", "Cut Slide", "Copy Slide", "Paste", "Duplicate Slide",
              "Delete Slide", "Move Slide Up", "Move Slide Down", "Move Section Up",
              "Move Section Down", "Settings..."],
