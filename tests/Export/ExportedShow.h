@@ -23,7 +23,9 @@ inline void exportTo(SlideSink &sink, const QList<FlattenedSlide> &slides,
         if (!isGoingOn)
             break;
         sink.paint(slide, caches);
-        isGoingOn = sink.write();
+        do {
+            isGoingOn = sink.write();
+        } while (isGoingOn && sink.hasMore());
     }
     if (!isGoingOn || !sink.finish())
         fail(sink.fault(), caller);

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "PngFile.h"
 #include "SlideSink.h"
 
 #include <QImage>
+
+#include <memory>
 
 namespace quenara {
 
@@ -19,6 +22,7 @@ public:
     bool open() override;
     void paint(const FlattenedSlide &slide, RenderCaches &caches) override;
     bool write() override;
+    bool hasMore() const override { return m_file != nullptr; }
     bool finish() override;
     QString fault() const override { return m_fault; }
     QString path() const override { return m_path; }
@@ -32,6 +36,8 @@ private:
     QString m_fault;
     QString m_pictureName; ///< of the picture painted last
     QImage m_picture;
+    std::unique_ptr<PngFile> m_file; ///< null unless a part of the picture is written
+    int m_row = 0; ///< the first that is not written
 };
 
 /// The name of the picture of a slide: its place in the show, the first being 1, with as many zeros

@@ -42,6 +42,8 @@ void ShowExport::writeOne()
 {
     if (!m_sink->write())
         return fail();
+    if (m_sink->hasMore())
+        return goOn(&ShowExport::writeOne);
     ++m_written;
     emit progressed(m_written);
     goOn(m_written < m_slides.size() ? &ShowExport::paintOne : &ShowExport::finish);

@@ -21,8 +21,10 @@ public:
 
     [[nodiscard]] virtual bool open() = 0;
     virtual void paint(const FlattenedSlide &slide, RenderCaches &caches) = 0;
-    /// Writes the slide that was painted last.
+    /// Writes the slide that was painted last, or as much of it as takes no longer than painting.
     [[nodiscard]] virtual bool write() = 0;
+    /// Whether a part of that slide is still to be written.
+    [[nodiscard]] virtual bool hasMore() const { return false; }
     [[nodiscard]] virtual bool finish() = 0;
 
     /// The system's words.
