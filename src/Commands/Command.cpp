@@ -46,11 +46,6 @@ bool canRedo(const WorkspaceStore &store)
     return store.canRedo();
 }
 
-bool hasSlides(const WorkspaceStore &store)
-{
-    return slideCount(store.project()) > 0;
-}
-
 bool hasSelectedSlide(const WorkspaceStore &store)
 {
     return store.slideWithID(store.selectedSlideID()).has_value();
