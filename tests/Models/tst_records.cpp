@@ -162,8 +162,8 @@ private:
         add<WorkspaceState>(
             "workspace",
             "project selectedServiceItemID selectedSlideID queuedSlideID liveSlideID "
-            "selectedElementID outputMode currentFileURL hasUnsavedChanges "
-            "recentProjects isStartPanelPresented isSongImportPresented errorMessage "
+            "selectedElementID lastSelected outputMode currentFileURL hasUnsavedChanges "
+            "recentProjects isStartPanelPresented isSongImportPresented offeredSong errorMessage "
             "canUndo canRedo");
     }
 
