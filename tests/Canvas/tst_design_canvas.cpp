@@ -1,5 +1,6 @@
 #include "DesignCanvas.h"
 #include "LiveSlideMark.h"
+#include "SymbolLabel.h"
 
 #include <QLabel>
 #include <QScreen>
@@ -147,6 +148,9 @@ private slots:
         QVERIFY(shows(QStringLiteral("Blank project")));
         QVERIFY(shows(QStringLiteral("Add a slide from the rundown to begin.")));
         QVERIFY(!c.canvas->isVisible());
+        const auto *symbol = c.view.findChild<SymbolLabel *>();
+        QVERIFY(symbol->isVisible());
+        QCOMPARE(symbol->width(), symbol->height());
     }
 
     void theLiveSlideIsMarkedAsSuchWhileItIsEdited()

@@ -140,12 +140,13 @@ QWidget *DesignCanvasView::makeEmptyState()
     auto *layout = new QVBoxLayout(area);
     layout->setSpacing(emptySpacing);
     layout->addStretch();
-    for (QWidget *row : std::initializer_list<QWidget *>{
-             new SymbolLabel(QStringLiteral("rectangle.on.rectangle.slash"), emptySymbolSize,
-                             &ZelvoTheme::secondaryText),
-             makeRoleLabel(QStringLiteral("emptyTitle"), QStringLiteral("Blank project")),
-             makeRoleLabel(QStringLiteral("hint"),
-                           QStringLiteral("Add a slide from the rundown to begin."))}) {
+    layout->addWidget(new SymbolLabel(QStringLiteral("rectangle.on.rectangle.slash"),
+                                      emptySymbolSize, &ZelvoTheme::secondaryText),
+                      0, Qt::AlignHCenter);
+    for (QWidget *row :
+         {makeRoleLabel(QStringLiteral("emptyTitle"), QStringLiteral("Blank project")),
+          makeRoleLabel(QStringLiteral("hint"),
+                        QStringLiteral("Add a slide from the rundown to begin."))}) {
         row->setMinimumWidth(1); // where room is scarce, it is the buttons that need it
         layout->addWidget(row, 0, Qt::AlignHCenter);
     }
