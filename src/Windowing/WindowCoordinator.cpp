@@ -200,7 +200,7 @@ void WindowCoordinator::toggleStageFullScreen(Opening opening)
         bringToFront(stage);
 }
 
-void WindowCoordinator::leaveStageFullScreen()
+void WindowCoordinator::leaveStageFullScreen() const
 {
     if (m_stage.window)
         m_stage.window->setWindowState(m_stage.window->windowState() & ~Qt::WindowFullScreen);

@@ -124,7 +124,7 @@ private:
     void reopenStage();
     void leaveDisplay();
     void toggleStageFullScreen(Opening opening);
-    void leaveStageFullScreen();
+    void leaveStageFullScreen() const;
     void keepStageOffDisplay();
 
     RenderCaches &m_caches;

@@ -37,9 +37,10 @@ inline QString printedBy(const QString &program, const QStringList &arguments,
 {
     QProcess process;
     process.start(program, arguments);
-    if (!process.waitForFinished(-1) || process.exitCode() != 0)
+    if (!process.waitForFinished(-1) || process.exitCode() != 0) {
         fail(program + QStringLiteral(": ") + QString::fromUtf8(process.readAllStandardError()),
              caller);
+    }
     return QString::fromUtf8(process.readAllStandardOutput());
 }
 

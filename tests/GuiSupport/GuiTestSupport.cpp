@@ -12,18 +12,18 @@
 
 namespace quenara::test {
 
-std::unique_ptr<RenderCaches> GuiTest::s_caches;
+std::unique_ptr<RenderCaches> GuiTest::keptCaches;
 
 GuiTest::~GuiTest()
 {
-    s_caches.reset();
+    keptCaches.reset();
 }
 
 RenderCaches &GuiTest::caches()
 {
-    if (!s_caches)
-        s_caches = std::make_unique<RenderCaches>();
-    return *s_caches;
+    if (!keptCaches)
+        keptCaches = std::make_unique<RenderCaches>();
+    return *keptCaches;
 }
 
 void GuiTest::init()

@@ -30,7 +30,7 @@ private slots:
     void init();
 
 private:
-    static std::unique_ptr<RenderCaches> s_caches; ///< made when they are first used
+    static std::unique_ptr<RenderCaches> keptCaches; ///< made when they are first used
 };
 
 /// Sets the application up as the program does.

@@ -34,7 +34,7 @@ QPageSize paperOf(const QLocale &locale)
 {
     const bool usesLetter =
         std::find(lettersLands.begin(), lettersLands.end(), locale.country()) != lettersLands.end();
-    return QPageSize(usesLetter ? QPageSize::Letter : QPageSize::A4);
+    return {usesLetter ? QPageSize::Letter : QPageSize::A4};
 }
 
 } // namespace quenara

@@ -32,9 +32,9 @@ constexpr int spacing = 12;
 constexpr int buttonSpacing = 8;
 
 constexpr int rowHeight = 44;
-constexpr double sideMargin = 4;
+constexpr double resultMargin = 4;
 constexpr double textMargin = 10;
-constexpr double cornerRadius = 6;
+constexpr double resultRadius = 6;
 constexpr double titleSize = 13;
 constexpr double placeSize = 11;
 
@@ -118,13 +118,13 @@ void RowDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
                         const QModelIndex &index) const
 {
     const ZelvoTheme &theme = ZelvoTheme::current(colorSchemeOf(option.palette));
-    const QRectF row = QRectF(option.rect).adjusted(sideMargin, 1, -sideMargin, -1);
+    const QRectF row = QRectF(option.rect).adjusted(resultMargin, 1, -resultMargin, -1);
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     if (index == m_list.currentIndex()) {
-        fillRoundedRect(*painter, row, cornerRadius, theme.selection);
+        fillRoundedRect(*painter, row, resultRadius, theme.selection);
     } else if (option.state & QStyle::State_MouseOver) {
-        fillRoundedRect(*painter, row, cornerRadius, theme.panelSecondaryBackground);
+        fillRoundedRect(*painter, row, resultRadius, theme.panelSecondaryBackground);
     }
     const QRectF text = row.adjusted(textMargin, 3, -textMargin, -3);
     const QSizeF line(text.width(), text.height() / 2);

@@ -401,9 +401,10 @@ void RundownList::openMenu(const QModelIndex &index)
 
 QMenu *RundownList::makeMenu(const QModelIndex &index)
 {
-    if (!m_model->serviceItemAt(index))
+    if (!m_model->serviceItemAt(index)) {
         return makeSlideMenu(m_store, m_commands, index.data(RundownModel::idRole).toString(),
                              this);
+    }
     const QPersistentModelIndex row(index);
     return makeSectionMenu(
         {.store = m_store, .commands = m_commands, .model = *m_model}, index,
